@@ -1,0 +1,225 @@
+// The file system of the machine: POSIX calls where the standard library has none (owner, mode, flush,
+// lock), the portable ones elsewhere.
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "base/Errors.h"
+#include "base/Files.h"
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace tml {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(const std::string& path) { return fs::path(std::u8string(path.begin(), path.end())); }
+
+std::string FromPath(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+struct TRemedy {
+    int Error;
+    const char* Text;
+};
+constexpr TRemedy kRemedies[] = {
+    {EACCES, "Check the permissions of the file and its folder"},
+    {EPERM, "Check the permissions of the file and its folder"},
+    {EROFS, "The disk is read-only; work on a copy"},
+    {ENOSPC, "Free some space on the disk and try again"},
+    {EDQUOT, "Free some space on the disk and try again"},
+    {ENOENT, "Check the name"},
+};
+
+[[noreturn]] void Fail(const std::string& path, const std::string& action, int error) {
+    const auto* known = std::find_if(std::begin(kRemedies), std::end(kRemedies),
+                                     [&](const TRemedy& row) { return row.Error == error; });
+    throw EFileError(path, 0, action + ": " + std::strerror(error), known == std::end(kRemedies) ? "" : known->Text);
+}
+
+#ifndef _WIN32
+class TDescriptor {
+  public:
+    TDescriptor(const std::string& path, int flags, const std::string& action, mode_t mode = 0666)
+        : path_(path), action_(action), handle_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
+        if (handle_ < 0) Fail(path_, action_, errno);
+    }
+    ~TDescriptor() {
+        if (handle_ >= 0) ::close(handle_);
+    }
+    TDescriptor(const TDescriptor&) = delete;
+    TDescriptor& operator=(const TDescriptor&) = delete;
+
+    int Handle() const { return handle_; }
+
+    void Write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(handle_, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) Fail(path_, action_, errno);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+    void Flush() {
+        if (::fsync(handle_) != 0 && errno != EINVAL && errno != ENOTSUP) Fail(path_, action_, errno);
+    }
+    void Close() {
+        const int handle = std::exchange(handle_, -1);
+        if (::close(handle) != 0) Fail(path_, action_, errno);
+    }
+
+  private:
+    std::string path_;
+    std::string action_;
+    int handle_;
+};
+
+/// Mode must be kept; the owner only where the user may give files away.
+void CopyModeAndOwner(const TDescriptor& to, const std::string& modelPath, const std::string& path) {
+    struct stat model {};
+    if (::stat(modelPath.c_str(), &model) != 0) return;
+    if (::fchown(to.Handle(), model.st_uid, model.st_gid) != 0 && errno != EPERM)
+        Fail(path, "the owner cannot be kept", errno);
+    if (::fchmod(to.Handle(), model.st_mode & 07777U) != 0) Fail(path, "the mode cannot be kept", errno);
+}
+
+class TFileLock : public IFileLock {
+  public:
+    explicit TFileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "cannot be locked") {
+        while (::flock(file_.Handle(), LOCK_EX) != 0)
+            if (errno != EINTR) Fail(path, "cannot be locked", errno);
+    }
+
+  private:
+    TDescriptor file_;
+};
+
+void WriteNew(const std::string& path, std::string_view bytes, const std::string& modelPath) {
+    TDescriptor file(path, O_WRONLY | O_CREAT | O_TRUNC, "cannot be written");
+    CopyModeAndOwner(file, modelPath, path);
+    file.Write(bytes);
+    file.Flush();
+    file.Close();
+}
+
+void FlushFolder(const std::string& folder) {
+    TDescriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY, "cannot be flushed").Flush();
+}
+
+bool MayWrite(const std::string& path, fs::perms mode) {
+    const auto anybody = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    return (mode & anybody) != fs::perms::none && ::access(path.c_str(), W_OK) == 0;
+}
+#else
+class TFileLock : public IFileLock {
+  public:
+    explicit TFileLock(const std::string& path) : file_(ToPath(path), std::ios::app) {
+        if (!file_) Fail(path, "cannot be locked", errno);
+    }
+
+  private:
+    std::ofstream file_;
+};
+
+void WriteNew(const std::string& path, std::string_view bytes, const std::string&) {
+    std::ofstream file(ToPath(path), std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file.flush()) Fail(path, "cannot be written", errno);
+}
+
+void FlushFolder(const std::string&) {}  // the system orders renames itself
+
+bool MayWrite(const std::string&, fs::perms mode) { return (mode & fs::perms::owner_write) != fs::perms::none; }
+#endif
+
+class TDiskFileSystem : public IFileSystem {
+  public:
+    std::optional<TFileInfo> Stat(const std::string& path) override {
+        std::error_code error;
+        const fs::file_status status = fs::status(ToPath(path), error);
+        if (!fs::exists(status)) return std::nullopt;
+        TFileInfo info;
+        info.IsFolder = fs::is_directory(status);
+        info.ReadOnly = !MayWrite(path, status.permissions());
+        if (!info.IsFolder) info.Size = fs::file_size(ToPath(path), error);
+        info.Modified = fs::last_write_time(ToPath(path), error).time_since_epoch().count();
+        return info;
+    }
+
+    std::string Read(const std::string& path) override {
+        const auto info = Stat(path);
+        if (!info) Fail(path, "cannot be read", ENOENT);
+        if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
+        std::ifstream file(ToPath(path), std::ios::binary);
+        if (!file) Fail(path, "cannot be read", errno);
+        std::string bytes(static_cast<std::size_t>(info->Size), '\0');
+        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (file.bad()) Fail(path, "cannot be read", errno);
+        bytes.resize(static_cast<std::size_t>(file.gcount()));
+        return bytes;
+    }
+
+    std::string Resolve(const std::string& path) override {
+        std::error_code error;
+        const fs::path resolved = fs::weakly_canonical(fs::absolute(ToPath(path), error), error);
+        return error ? path : FromPath(resolved);
+    }
+
+    std::vector<std::string> List(const std::string& folder) override {
+        std::error_code error;
+        std::vector<std::string> names;
+        for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end; entry.increment(error))
+            names.push_back(FromPath(entry->path().filename()));
+        if (error) Fail(folder, "cannot be listed", error.value());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    void MakeFolder(const std::string& folder) override {
+        std::error_code error;
+        fs::create_directories(ToPath(folder), error);
+        if (error) Fail(folder, "cannot be created", error.value());
+    }
+
+    void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) override {
+        try {
+            WriteNew(path, bytes, modelPath);
+        } catch (const EFileError&) {
+            std::error_code ignored;
+            fs::remove(ToPath(path), ignored);
+            throw;
+        }
+    }
+
+    void Rename(const std::string& from, const std::string& to) override {
+        std::error_code error;
+        fs::rename(ToPath(from), ToPath(to), error);
+        if (error) Fail(to, "cannot be replaced", error.value());
+        FlushFolder(FolderOf(to));
+    }
+
+    void Remove(const std::string& path) override {
+        std::error_code error;
+        fs::remove(ToPath(path), error);
+        if (error) Fail(path, "cannot be removed", error.value());
+    }
+
+    std::unique_ptr<IFileLock> Lock(const std::string& path) override { return std::make_unique<TFileLock>(path); }
+};
+
+}  // namespace
+
+std::unique_ptr<IFileSystem> MakeDiskFileSystem() { return std::make_unique<TDiskFileSystem>(); }
+
+}  // namespace tml

@@ -1,0 +1,41 @@
+#include "base/Edits.h"
+
+#include <stdexcept>
+
+namespace tml {
+
+bool AreValid(const TEdits& edits, std::size_t textSize) {
+    std::size_t last = 0;
+    for (const TEdit& edit : edits) {
+        if (edit.Begin < last || edit.End < edit.Begin || edit.End > textSize) return false;
+        last = edit.End;
+    }
+    return true;
+}
+
+std::string ApplyEdits(std::string_view text, const TEdits& edits) {
+    if (!AreValid(edits, text.size())) throw std::logic_error("edits do not fit the text");
+    std::string result;
+    std::size_t done = 0;
+    for (const TEdit& edit : edits) {
+        result.append(text, done, edit.Begin - done);
+        result += edit.Text;
+        done = edit.End;
+    }
+    return result.append(text, done);
+}
+
+TEdits InverseEdits(std::string_view text, const TEdits& edits) {
+    TEdits result;
+    std::size_t grown = 0;
+    std::size_t removed = 0;
+    for (const TEdit& edit : edits) {
+        const std::size_t begin = edit.Begin + grown - removed;
+        result.push_back({begin, begin + edit.Text.size(), std::string(text.substr(edit.Begin, edit.End - edit.Begin))});
+        grown += edit.Text.size();
+        removed += edit.End - edit.Begin;
+    }
+    return result;
+}
+
+}  // namespace tml

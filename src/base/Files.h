@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tml {
+
+/// What the file system tells of a path.
+struct TFileInfo {
+    bool IsFolder = false;
+    bool ReadOnly = false;  ///< nobody may write it, or this user may not
+    std::uint64_t Size = 0;
+    std::int64_t Modified = 0;  ///< nanoseconds since the epoch
+
+    bool operator==(const TFileInfo&) const = default;
+};
+
+/// Keeps a lock until it is destroyed.
+class IFileLock {
+  public:
+    virtual ~IFileLock() = default;
+};
+
+/// The few calls through which everything reaches the disk. Paths are UTF-8 with the host's separator.
+/// Every failure is an EFileError that names the path and the reason.
+class IFileSystem {
+  public:
+    virtual ~IFileSystem() = default;
+
+    /// None when the path does not exist.
+    virtual std::optional<TFileInfo> Stat(const std::string& path) = 0;
+    virtual std::string Read(const std::string& path) = 0;
+    /// The path behind symbolic links, absolute; the path itself when it does not exist.
+    virtual std::string Resolve(const std::string& path) = 0;
+    /// Names (without folder) in a folder, sorted.
+    virtual std::vector<std::string> List(const std::string& folder) = 0;
+    virtual void MakeFolder(const std::string& folder) = 0;
+    /// Writes a new file with the bytes and brings it to the disk; takes mode and owner of modelPath
+    /// where that exists. A failure leaves no file behind.
+    virtual void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) = 0;
+    /// Puts the file in the other's place in one step and brings the folder to the disk.
+    virtual void Rename(const std::string& from, const std::string& to) = 0;
+    virtual void Remove(const std::string& path) = 0;
+    /// Waits for the lock file and holds it, so that only one process at a time changes what it guards.
+    virtual std::unique_ptr<IFileLock> Lock(const std::string& path) = 0;
+};
+
+/// The file system of the machine.
+std::unique_ptr<IFileSystem> MakeDiskFileSystem();
+
+/// Path helpers; both "/" and "\" separate when reading.
+std::string FolderOf(std::string_view path);     ///< without the last separator, "" when there is none
+std::string FileNameOf(std::string_view path);   ///< the last part
+std::string ExtensionOf(std::string_view path);  ///< with its dot, "" when there is none
+std::string WithExtension(std::string_view path, std::string_view extension);
+std::string JoinPath(std::string_view folder, std::string_view name);  ///< name alone when it is absolute
+bool IsAbsolutePath(std::string_view path);
+
+/// Finds a path as a project names it: separators of either kind, "." and "..", letter case as on disk
+/// preferred, else the only entry that differs in case. None when nothing is there.
+std::optional<std::string> FindFile(IFileSystem& files, const std::string& folder, std::string_view name);
+
+/// Writes one file so that it is at every moment the old or the new one.
+void WriteFileSafely(IFileSystem& files, const std::string& path, std::string_view bytes);
+
+}  // namespace tml

@@ -1,0 +1,180 @@
+#include "base/Utf8.h"
+
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "base/Errors.h"
+
+namespace tml {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// Length of the sequence that the lead byte announces, 0 when it can be none.
+int SequenceLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if (lead >= 0xC2 && lead <= 0xDF) return 2;
+    if (lead >= 0xE0 && lead <= 0xEF) return 3;
+    if (lead >= 0xF0 && lead <= 0xF4) return 4;
+    return 0;
+}
+
+/// Decodes a sequence of 2 to 4 bytes at pos; false when it is not well formed.
+bool DecodeSequence(std::string_view text, std::size_t pos, int length, char32_t& codePoint) {
+    static constexpr std::array<char32_t, 5> kLowest = {0, 0, 0x80, 0x800, 0x10000};
+    if (length < 2 || pos + static_cast<std::size_t>(length) > text.size()) return false;
+    codePoint = static_cast<unsigned char>(text[pos]) & (0xFFU >> (length + 1));
+    for (int i = 1; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(text[pos + static_cast<std::size_t>(i)]);
+        if ((byte & 0xC0U) != 0x80) return false;
+        codePoint = (codePoint << 6U) | (byte & 0x3FU);
+    }
+    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    return codePoint >= kLowest[static_cast<std::size_t>(length)] && codePoint <= 0x10FFFF && !surrogate;
+}
+
+int Utf8Length(char32_t codePoint) {
+    if (codePoint < 0x80) return 1;
+    if (codePoint < 0x800) return 2;
+    return codePoint < 0x10000 ? 3 : 4;
+}
+
+char32_t MapKeepingLength(char32_t codePoint, UChar32 (*map)(UChar32)) {
+    const auto mapped = static_cast<char32_t>(map(static_cast<UChar32>(codePoint)));
+    return Utf8Length(mapped) == Utf8Length(codePoint) ? mapped : codePoint;
+}
+
+template <typename AsciiMap>
+std::string MapCase(std::string_view text, AsciiMap ascii, UChar32 (*map)(UChar32)) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t pos = 0; pos < text.size();) {
+        const char c = text[pos];
+        if (static_cast<unsigned char>(c) < 0x80) {
+            result += ascii(c);
+            ++pos;
+            continue;
+        }
+        const std::size_t begin = pos;
+        const char32_t codePoint = DecodeCodePoint(text, pos);
+        if (codePoint == kReplacement)
+            result.append(text, begin, pos - begin);
+        else
+            AppendCodePoint(result, MapKeepingLength(codePoint, map));
+    }
+    return result;
+}
+
+char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+char32_t DecodeCodePoint(std::string_view text, std::size_t& pos) {
+    const auto lead = static_cast<unsigned char>(text[pos]);
+    if (lead < 0x80) {
+        ++pos;
+        return lead;
+    }
+    char32_t codePoint = 0;
+    const int length = SequenceLength(lead);
+    if (!DecodeSequence(text, pos, length, codePoint)) {
+        ++pos;
+        return kReplacement;
+    }
+    pos += static_cast<std::size_t>(length);
+    return codePoint;
+}
+
+void AppendCodePoint(std::string& text, char32_t codePoint) {
+    if (codePoint < 0x80) {
+        text += static_cast<char>(codePoint);
+        return;
+    }
+    const int length = Utf8Length(codePoint);
+    static constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
+    for (int shift = 6 * (length - 1), first = 1; shift >= 0; shift -= 6, first = 0) {
+        const unsigned bits = first != 0 ? (codePoint >> static_cast<unsigned>(shift)) | kLead[static_cast<std::size_t>(length)]
+                                         : ((codePoint >> static_cast<unsigned>(shift)) & 0x3FU) | 0x80U;
+        text += static_cast<char>(bits);
+    }
+}
+
+bool IsValidUtf8(std::string_view text) {
+    for (std::size_t pos = 0; pos < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[pos]);
+        if (lead < 0x80) {
+            ++pos;
+            continue;
+        }
+        char32_t codePoint = 0;
+        const int length = SequenceLength(lead);
+        if (!DecodeSequence(text, pos, length, codePoint)) return false;
+        pos += static_cast<std::size_t>(length);
+    }
+    return true;
+}
+
+std::size_t CountCodePoints(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t pos = 0; pos < text.size(); ++count)
+        DecodeCodePoint(text, pos);
+    return count;
+}
+
+std::string_view LeftCodePoints(std::string_view text, std::size_t count) {
+    std::size_t pos = 0;
+    for (; pos < text.size() && count > 0; --count)
+        DecodeCodePoint(text, pos);
+    return text.substr(0, pos);
+}
+
+std::string UpperCase(std::string_view text) { return MapCase(text, AsciiUpper, u_toupper); }
+
+std::string LowerCase(std::string_view text) { return MapCase(text, AsciiLower, u_tolower); }
+
+int CompareText(std::string_view left, std::string_view right) {
+    if (IsAscii(left) && IsAscii(right)) {
+        const std::size_t common = std::min(left.size(), right.size());
+        for (std::size_t i = 0; i < common; ++i) {
+            const int difference = AsciiUpper(left[i]) - AsciiUpper(right[i]);
+            if (difference != 0) return difference;
+        }
+        return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+    }
+    return UpperCase(left).compare(UpperCase(right));
+}
+
+bool SameText(std::string_view left, std::string_view right) { return CompareText(left, right) == 0; }
+
+std::string_view Trim(std::string_view text) {
+    const auto blank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
+    while (!text.empty() && blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && blank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+    return !part.empty() && text.find(part) != std::string_view::npos;
+}
+
+int ToInteger(std::string_view text) {
+    std::string_view digits = text;
+    if (digits.size() > 1 && digits.front() == '+' && digits[1] != '-') digits.remove_prefix(1);
+    int value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc{} || end != digits.data() + digits.size())
+        throw EConvertError("'" + std::string(text) + "' is not a valid integer value");
+    return value;
+}
+
+}  // namespace tml
