@@ -43,10 +43,10 @@ class TCodedText {
 
   private:
     struct TLine {
-        std::size_t Begin = 0;       ///< offset in text_
-        std::int64_t Origin = -1;    ///< offset in original_ of the line's bytes, -1 for a touched line
+        std::size_t Begin = 0;     ///< offset in text_
+        std::int64_t Origin = -1;  ///< offset in original_ of the line's bytes, -1 for a touched line
         std::uint32_t OriginSize = 0;
-        std::uint8_t EndKind = 0;    ///< how the line ends in the file: 0 not at all, 1 LF, 2 CR LF
+        std::uint8_t EndKind = 0;  ///< how the line ends in the file: 0 not at all, 1 LF, 2 CR LF
         bool Decoded = true;
     };
 

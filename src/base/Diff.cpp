@@ -40,7 +40,8 @@ class TComparison {
     TComparison(const TLines& oldLines, const TLines& newLines) : old_(oldLines), new_(newLines) {}
 
     std::vector<THunk> Run() {
-        std::vector<THunk> waiting = {{{0, static_cast<int>(old_.size())}, {0, static_cast<int>(new_.size())}}};
+        std::vector<THunk> waiting = {
+            {{0, static_cast<int>(old_.size())}, {0, static_cast<int>(new_.size())}}};
         while (!waiting.empty()) {
             THunk part = waiting.back();
             waiting.pop_back();
@@ -57,11 +58,13 @@ class TComparison {
 
   private:
     void TrimEqualEnds(THunk& part) const {
-        while (part.Old.Size() > 0 && part.New.Size() > 0 && At(old_, part.Old.Begin) == At(new_, part.New.Begin)) {
+        while (part.Old.Size() > 0 && part.New.Size() > 0 &&
+               At(old_, part.Old.Begin) == At(new_, part.New.Begin)) {
             ++part.Old.Begin;
             ++part.New.Begin;
         }
-        while (part.Old.Size() > 0 && part.New.Size() > 0 && At(old_, part.Old.End - 1) == At(new_, part.New.End - 1)) {
+        while (part.Old.Size() > 0 && part.New.Size() > 0 &&
+               At(old_, part.Old.End - 1) == At(new_, part.New.End - 1)) {
             --part.Old.End;
             --part.New.End;
         }
@@ -124,7 +127,9 @@ class TComparison {
         waiting.push_back(rest);
     }
 
-    static std::string_view At(const TLines& lines, int index) { return lines[static_cast<std::size_t>(index)]; }
+    static std::string_view At(const TLines& lines, int index) {
+        return lines[static_cast<std::size_t>(index)];
+    }
 
     const TLines& old_;
     const TLines& new_;

@@ -22,7 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path ToPath(const std::string& path) { return fs::path(std::u8string(path.begin(), path.end())); }
+fs::path ToPath(const std::string& path) {
+    return fs::path(std::u8string(path.begin(), path.end()));
+}
 
 std::string FromPath(const fs::path& path) {
     const std::u8string text = path.u8string();
@@ -45,7 +47,8 @@ constexpr TRemedy kRemedies[] = {
 [[noreturn]] void Fail(const std::string& path, const std::string& action, int error) {
     const auto* known = std::find_if(std::begin(kRemedies), std::end(kRemedies),
                                      [&](const TRemedy& row) { return row.Error == error; });
-    throw EFileError(path, 0, action + ": " + std::strerror(error), known == std::end(kRemedies) ? "" : known->Text);
+    throw EFileError(path, 0, action + ": " + std::strerror(error),
+                     known == std::end(kRemedies) ? "" : known->Text);
 }
 
 #ifndef _WIN32
@@ -140,7 +143,9 @@ void WriteNew(const std::string& path, std::string_view bytes, const std::string
 
 void FlushFolder(const std::string&) {}  // the system orders renames itself
 
-bool MayWrite(const std::string&, fs::perms mode) { return (mode & fs::perms::owner_write) != fs::perms::none; }
+bool MayWrite(const std::string&, fs::perms mode) {
+    return (mode & fs::perms::owner_write) != fs::perms::none;
+}
 #endif
 
 class TDiskFileSystem : public IFileSystem {
@@ -179,7 +184,8 @@ class TDiskFileSystem : public IFileSystem {
     std::vector<std::string> List(const std::string& folder) override {
         std::error_code error;
         std::vector<std::string> names;
-        for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end; entry.increment(error))
+        for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
+             entry.increment(error))
             names.push_back(FromPath(entry->path().filename()));
         if (error) Fail(folder, "cannot be listed", error.value());
         std::sort(names.begin(), names.end());
@@ -215,11 +221,15 @@ class TDiskFileSystem : public IFileSystem {
         if (error) Fail(path, "cannot be removed", error.value());
     }
 
-    std::unique_ptr<IFileLock> Lock(const std::string& path) override { return std::make_unique<TFileLock>(path); }
+    std::unique_ptr<IFileLock> Lock(const std::string& path) override {
+        return std::make_unique<TFileLock>(path);
+    }
 };
 
 }  // namespace
 
-std::unique_ptr<IFileSystem> MakeDiskFileSystem() { return std::make_unique<TDiskFileSystem>(); }
+std::unique_ptr<IFileSystem> MakeDiskFileSystem() {
+    return std::make_unique<TDiskFileSystem>();
+}
 
 }  // namespace tml

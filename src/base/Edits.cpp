@@ -31,7 +31,8 @@ TEdits InverseEdits(std::string_view text, const TEdits& edits) {
     std::size_t removed = 0;
     for (const TEdit& edit : edits) {
         const std::size_t begin = edit.Begin + grown - removed;
-        result.push_back({begin, begin + edit.Text.size(), std::string(text.substr(edit.Begin, edit.End - edit.Begin))});
+        result.push_back(
+            {begin, begin + edit.Text.size(), std::string(text.substr(edit.Begin, edit.End - edit.Begin))});
         grown += edit.Text.size();
         removed += edit.End - edit.Begin;
     }

@@ -3,7 +3,8 @@
 namespace tml {
 namespace {
 
-std::string Message(const std::string& file, int line, const std::string& problem, const std::string& remedy) {
+std::string Message(const std::string& file, int line, const std::string& problem,
+                    const std::string& remedy) {
     std::string result = file;
     if (line > 0) result += ":" + std::to_string(line);
     if (!result.empty()) result += ": ";

@@ -20,7 +20,9 @@ std::vector<std::string> PathParts(std::string_view path) {
     return parts;
 }
 
-bool HasDrive(std::string_view path) { return path.size() > 1 && path[1] == ':'; }
+bool HasDrive(std::string_view path) {
+    return path.size() > 1 && path[1] == ':';
+}
 
 /// The entry of the folder with this name: as written where it exists, else the only one that differs in
 /// letter case alone.

@@ -11,7 +11,9 @@ namespace tml {
 /// std::logic_error when the numbers of places and arguments differ.
 std::string FormatList(std::string_view format, const std::vector<std::string>& arguments);
 
-inline std::string FormatArgument(std::string_view text) { return std::string(text); }
+inline std::string FormatArgument(std::string_view text) {
+    return std::string(text);
+}
 template <typename Number, typename = std::enable_if_t<std::is_integral_v<Number>>>
 std::string FormatArgument(Number number) {
     return std::to_string(number);

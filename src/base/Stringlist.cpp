@@ -39,8 +39,8 @@ void TStringList::Sort() {
 }
 
 int TStringList::IndexOf(std::string_view text) const {
-    const auto found =
-        std::find_if(items_.begin(), items_.end(), [&](const std::string& item) { return SameText(item, text); });
+    const auto found = std::find_if(items_.begin(), items_.end(),
+                                    [&](const std::string& item) { return SameText(item, text); });
     return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
 }
 

@@ -1,10 +1,9 @@
 #include "base/Utf8.h"
 
-#include <unicode/uchar.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <unicode/uchar.h>
 
 #include "base/Errors.h"
 
@@ -72,8 +71,12 @@ std::string MapCase(std::string_view text, AsciiMap ascii, UChar32 (*map)(UChar3
     return result;
 }
 
-char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char AsciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 }  // namespace
 
@@ -101,8 +104,9 @@ void AppendCodePoint(std::string& text, char32_t codePoint) {
     const int length = Utf8Length(codePoint);
     static constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
     for (int shift = 6 * (length - 1), first = 1; shift >= 0; shift -= 6, first = 0) {
-        const unsigned bits = first != 0 ? (codePoint >> static_cast<unsigned>(shift)) | kLead[static_cast<std::size_t>(length)]
-                                         : ((codePoint >> static_cast<unsigned>(shift)) & 0x3FU) | 0x80U;
+        const unsigned bits =
+            first != 0 ? (codePoint >> static_cast<unsigned>(shift)) | kLead[static_cast<std::size_t>(length)]
+                       : ((codePoint >> static_cast<unsigned>(shift)) & 0x3FU) | 0x80U;
         text += static_cast<char>(bits);
     }
 }
@@ -136,9 +140,13 @@ std::string_view LeftCodePoints(std::string_view text, std::size_t count) {
     return text.substr(0, pos);
 }
 
-std::string UpperCase(std::string_view text) { return MapCase(text, AsciiUpper, u_toupper); }
+std::string UpperCase(std::string_view text) {
+    return MapCase(text, AsciiUpper, u_toupper);
+}
 
-std::string LowerCase(std::string_view text) { return MapCase(text, AsciiLower, u_tolower); }
+std::string LowerCase(std::string_view text) {
+    return MapCase(text, AsciiLower, u_tolower);
+}
 
 int CompareText(std::string_view left, std::string_view right) {
     if (IsAscii(left) && IsAscii(right)) {
@@ -152,7 +160,9 @@ int CompareText(std::string_view left, std::string_view right) {
     return UpperCase(left).compare(UpperCase(right));
 }
 
-bool SameText(std::string_view left, std::string_view right) { return CompareText(left, right) == 0; }
+bool SameText(std::string_view left, std::string_view right) {
+    return CompareText(left, right) == 0;
+}
 
 std::string_view Trim(std::string_view text) {
     const auto blank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };

@@ -9,7 +9,16 @@
 namespace tml {
 
 /// What a property of a form holds, free of how a file writes it.
-enum class TFormValueKind : std::uint8_t { Integer, Float, String, Identifier, Set, List, Collection, Binary };
+enum class TFormValueKind : std::uint8_t {
+    Integer,
+    Float,
+    String,
+    Identifier,
+    Set,
+    List,
+    Collection,
+    Binary
+};
 
 struct TFormProperty;
 

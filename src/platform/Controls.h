@@ -1,0 +1,126 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tml {
+
+/// What a modal window or a message box was closed with; the numbers are the platform's.
+enum TModalResult : int {
+    mrNone = 0,
+    mrOk = 1,
+    mrCancel = 2,
+    mrAbort = 3,
+    mrRetry = 4,
+    mrIgnore = 5,
+    mrYes = 6,
+    mrNo = 7,
+    mrClose = 8,
+    mrHelp = 9,
+    mrTryAgain = 10,
+    mrContinue = 11,
+    mrAll = 12,
+    mrNoToAll = 13,
+    mrYesToAll = 14,
+};
+
+/// A key with its modifiers; 0 is no shortcut. The low byte is the key, the bits above are the platform's.
+using TShortCut = std::uint16_t;
+
+/// An entry of a menu with its sub-menu.
+class TMenuItem {
+  public:
+    std::string Name;     ///< component name
+    std::string Caption;  ///< "&" marks the accelerator, "-" is a separator
+    std::string Hint;
+    TShortCut ShortCut = 0;
+    int Tag = 0;
+    bool Enabled = true;
+    bool Visible = true;
+    bool Checked = false;
+    std::function<void()> OnClick;
+    std::vector<std::shared_ptr<TMenuItem>> Items;
+
+    /// Inserts at a 0-based index; an index behind the end appends.
+    void Insert(std::size_t index, std::shared_ptr<TMenuItem> item);
+    /// Removes a direct sub-item; nothing when it is not there.
+    void Remove(const TMenuItem* item);
+    /// Runs OnClick where the item has one and is enabled.
+    void Click();
+};
+
+/// A window without widgets: public members are what the controls hold, methods are the handlers. A view
+/// shows it and follows OnChange.
+class TForm {
+  public:
+    virtual ~TForm() = default;
+
+    std::string Name;
+    std::string Caption;
+    bool Visible = false;
+    TModalResult ModalResult = mrNone;
+    std::function<void()> OnChange;
+
+    virtual void FormShow() {}
+    /// False keeps the window open.
+    virtual bool FormCloseQuery() { return true; }
+    virtual void FormClose() {}
+
+    /// Tells the view that something it shows has changed.
+    void Changed() const;
+};
+
+/// One row of a list.
+class TListItem {
+  public:
+    std::string Caption;
+    std::vector<std::string> SubItems;
+    int StateIndex = 0;
+    bool Selected = false;
+    bool Focused = false;
+    std::shared_ptr<void> Data;
+
+    /// Known for the life of the list, never used again.
+    int Id() const { return id_; }
+
+  private:
+    friend class TListView;
+    int id_ = 0;
+};
+
+struct TListColumn {
+    std::string Caption;
+    int Width = 0;
+};
+
+/// A report list. Whoever changes it from outside its methods calls Touch.
+class TListView {
+  public:
+    std::vector<TListColumn> Columns;
+
+    const std::vector<std::unique_ptr<TListItem>>& Items() const { return items_; }
+    int Count() const { return static_cast<int>(items_.size()); }
+    TListItem& Add();
+    void Clear();
+    /// Sorts with less(a, b); bears comparisons that are not a strict order.
+    void Sort(const std::function<int(const TListItem&, const TListItem&)>& compare);
+    TListItem* Find(int id) const;
+    TListItem* FirstSelected() const;
+    /// The next selected row behind item, nullptr when there is none.
+    TListItem* NextSelected(const TListItem& item) const;
+    int SelectedCount() const;
+
+    /// Grows with every change.
+    unsigned Revision() const { return revision_; }
+    void Touch() { ++revision_; }
+
+  private:
+    std::vector<std::unique_ptr<TListItem>> items_;
+    unsigned revision_ = 0;
+    int nextId_ = 1;
+};
+
+}  // namespace tml

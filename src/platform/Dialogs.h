@@ -1,0 +1,36 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "platform/Controls.h"
+
+namespace tml {
+
+enum class TMsgDlgType { mtWarning, mtError, mtInformation, mtConfirmation };
+
+/// The buttons of a message box, named by the result each gives.
+using TMsgDlgButtons = std::vector<TModalResult>;
+
+/// The person on the other side. Only commands talk to it, never a notification or a destructor.
+class IDialogs {
+  public:
+    virtual ~IDialogs() = default;
+
+    virtual TModalResult MessageDlg(const std::string& text, TMsgDlgType type,
+                                    const TMsgDlgButtons& buttons) = 0;
+    /// Asks for a text; value holds the proposal, then the answer. False on cancel.
+    virtual bool InputQuery(const std::string& caption, const std::string& prompt, std::string& value) = 0;
+    /// Shows a window until it is closed; gives its ModalResult.
+    virtual TModalResult ShowModal(TForm& form) = 0;
+    /// Shows a window that stays open, or brings it to the front.
+    virtual void Show(TForm& form) = 0;
+
+    /// The modal progress text of a long operation, with a bar where maximum is above 0. False when the
+    /// person wants to stop.
+    virtual bool ShowProgress(const std::string& text, int position = 0, int maximum = 0) = 0;
+    virtual void HideProgress() = 0;
+};
+
+}  // namespace tml

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// The suite's run-time library: the localization components as the system sees them.
+
+/// The tables of a localization component.
+enum class TStringsType {
+    stCaptions,
+    stHints,
+    stDisplayLabels,
+    stFonts,
+    stMultiLines,
+    stDlgsCaptions,
+    stStrings,
+    stOtherStrings,
+    stLocales,
+    stCollections,
+    stCharSets,
+    stListView_TreeView_Items,
+};
+
+/// An entry of the string table: the ID and the text in the base language.
+struct TmlString {
+    std::string ID;
+    std::string Text;
+
+    bool operator==(const TmlString&) const = default;
+};
+
+/// What a dispatcher and a localization component have in common. Language indexes are 1-based.
+class ILanguages {
+  public:
+    virtual ~ILanguages() = default;
+    virtual TStringList GetLangNames() = 0;
+    virtual void SetLangNames(const TStringList& names) = 0;
+    virtual int GetActiveLanguage() = 0;
+    virtual std::string GetLanguage() = 0;
+    /// A name that is not among the names leaves the language as it is.
+    virtual void SetLanguage(const std::string& name) = 0;
+};
+
+class TmlLangDispatcher : public ILanguages {
+  public:
+    virtual int GetNumOfLanguages() = 0;
+    virtual void SetNumOfLanguages(int count) = 0;
+    virtual std::shared_ptr<IOTAComponent> GetComponent() = 0;
+};
+
+/// A localization component, as a view on the component of the form.
+class TmlCustomLang : public ILanguages {
+  public:
+    virtual std::shared_ptr<IOTAComponent> GetComponent() = 0;
+    virtual std::string GetName() = 0;
+    virtual std::string GetClassName() = 0;
+    virtual int GetNumLang() = 0;
+    virtual void SetNumLang(int count) = 0;
+    /// The dispatcher that it is linked to, nullptr when it is not.
+    virtual std::shared_ptr<TmlLangDispatcher> GetDispatcher() = 0;
+
+    /// The character between the fields of a table line.
+    virtual std::string GetDelimiter() = 0;
+    /// The raw lines of a table: identifier and one value a language.
+    virtual TStringList GetTable(TStringsType type) = 0;
+    virtual void SetTable(TStringsType type, const TStringList& lines) = 0;
+    /// The entries of the string table in order, with the text in the base language.
+    virtual std::vector<TmlString> GetStrings() = 0;
+    /// The changes that add entries to the string table (every language gets the text).
+    virtual std::vector<TPropertyChange> PlanAddStrings(const std::vector<TmlString>& entries) = 0;
+    /// Lets the stored translations follow a component that was renamed.
+    virtual void ComponentRenamed(const std::string& oldName, const std::string& newName) = 0;
+};
+
+/// Options of the project as the run-time translation editor shares them.
+class ImlLangProjectSettings;
+
+class IMlRuntime {
+  public:
+    virtual ~IMlRuntime() = default;
+
+    /// Class names of the localization components.
+    virtual const std::vector<std::string>& NamesArray() const = 0;
+    /// The call texts by which source fetches a string.
+    virtual const std::vector<std::string>& GetTextMethods() const = 0;
+    /// True for a class of the suite that can be put on a form.
+    virtual bool IsRegistered(const std::string& className) const = 0;
+    /// True when the class is the ancestor or derives from it ("TmlCustomLang").
+    virtual bool InheritsFrom(const std::string& className, const std::string& ancestor) const = 0;
+    /// Views on a component; nullptr when its class is not of the kind.
+    virtual std::shared_ptr<TmlCustomLang> AsCustomLang(const std::shared_ptr<IOTAComponent>& component) = 0;
+    virtual std::shared_ptr<TmlLangDispatcher> AsDispatcher(
+        const std::shared_ptr<IOTAComponent>& component) = 0;
+
+    /// Callbacks of the translation editor.
+    std::function<void(const std::string& formName, const std::string& id)> NavigateToSource;
+    std::function<void()> ShowAboutBox;
+    /// The settings of the open project; empty between projects.
+    std::shared_ptr<ImlLangProjectSettings> mlLangProjectSettings;
+};
+
+}  // namespace tml

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tml {
+
+/// The per-user store of settings: keys (paths with "\"), below them named values with a type. A write is
+/// kept at once. Failures are EFileError.
+class IRegistry {
+  public:
+    virtual ~IRegistry() = default;
+
+    /// None when the key or the value does not exist. A value of another type is given as the same text
+    /// that a person would write for it ("1" for true).
+    virtual std::optional<std::string> ReadString(const std::string& key, const std::string& name) = 0;
+    virtual std::optional<int> ReadInteger(const std::string& key, const std::string& name) = 0;
+    virtual std::optional<bool> ReadBool(const std::string& key, const std::string& name) = 0;
+
+    virtual void WriteString(const std::string& key, const std::string& name, const std::string& value) = 0;
+    virtual void WriteInteger(const std::string& key, const std::string& name, int value) = 0;
+    virtual void WriteBool(const std::string& key, const std::string& name, bool value) = 0;
+};
+
+}  // namespace tml
