@@ -24,9 +24,14 @@ std::string Quoted(std::string_view entry) {
 std::string ParseQuoted(std::string_view text, std::size_t& pos) {
     std::string entry;
     for (++pos; pos < text.size(); ++pos) {
-        if (text[pos] == '"' && ++pos >= text.size()) break;
-        if (text[pos - 1] == '"' && text[pos] != '"') break;
+        const bool quote = text[pos] == '"';
+        const bool doubled = quote && pos + 1 < text.size() && text[pos + 1] == '"';
+        if (quote && !doubled) {
+            ++pos;
+            break;
+        }
         entry += text[pos];
+        if (doubled) ++pos;
     }
     return entry;
 }
