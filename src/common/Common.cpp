@@ -45,7 +45,7 @@ TML_ENTRY void InitInternalPasSource(const char* text) noexcept {
         classified.Source.reset();
         classified.Text = text == nullptr ? "" : text;
     } catch (...) {
-        // Out of memory: the old text has no reading any more, every position is outside a comment.
+        // Out of memory: the positions stay those of the text before.
     }
 }
 

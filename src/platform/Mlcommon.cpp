@@ -41,23 +41,17 @@ constexpr std::uintptr_t kFirstHandle = 33;
 
 class TCommonLibrary : public ICommonLibrary {
   public:
-    explicit TCommonLibrary(const std::string& path) : handle_(OpenLibrary(path)) {
-        if (reinterpret_cast<std::uintptr_t>(handle_) < kFirstHandle) {
-            handle_ = nullptr;
-            return;
-        }
+    explicit TCommonLibrary(void* handle) : handle_(handle) {
         Bind(initSource_, "InitInternalPasSource");
         Bind(isCommentAt_, "IsCommentAt");
         Bind(stringMatches_, "mlREStringMatches");
     }
-    ~TCommonLibrary() override {
-        if (handle_ != nullptr) CloseLibrary(handle_);
-    }
+    ~TCommonLibrary() override { CloseLibrary(handle_); }
     TCommonLibrary(const TCommonLibrary&) = delete;
     TCommonLibrary& operator=(const TCommonLibrary&) = delete;
 
-    bool ClassifiesComments() const override { return isCommentAt_ != nullptr; }
-    bool MatchesPatterns() const override { return stringMatches_ != nullptr; }
+    bool HasClassifier() const override { return isCommentAt_ != nullptr; }
+    bool HasMatcher() const override { return stringMatches_ != nullptr; }
 
     void InitInternalPasSource(const std::string& text) override {
         if (initSource_ != nullptr) initSource_(text.c_str());
@@ -65,7 +59,7 @@ class TCommonLibrary : public ICommonLibrary {
     bool IsCommentAt(int line, int offset, bool isCpp) override {
         return isCommentAt_ != nullptr && isCommentAt_(line, offset, isCpp) != 0;
     }
-    bool StringMatches(const std::string& text, const std::string& pattern) override {
+    bool mlREStringMatches(const std::string& text, const std::string& pattern) override {
         return stringMatches_ != nullptr && stringMatches_(text.c_str(), pattern.c_str()) != 0;
     }
 
@@ -81,10 +75,29 @@ class TCommonLibrary : public ICommonLibrary {
     unsigned char (*stringMatches_)(const char*, const char*) = nullptr;
 };
 
+class TCommonLibraryLoader : public ICommonLibraryLoader {
+  public:
+    explicit TCommonLibraryLoader(std::string path) : path_(std::move(path)) {}
+
+    ICommonLibrary* Load() override {
+        if (library_ == nullptr) {
+            void* handle = OpenLibrary(path_);
+            const bool loaded = reinterpret_cast<std::uintptr_t>(handle) >= kFirstHandle;
+            if (loaded) library_ = std::make_unique<TCommonLibrary>(handle);
+        }
+        return library_.get();
+    }
+    void Unload() override { library_.reset(); }
+
+  private:
+    std::string path_;
+    std::unique_ptr<ICommonLibrary> library_;
+};
+
 }  // namespace
 
-std::unique_ptr<ICommonLibrary> LoadCommonLibrary(const std::string& path) {
-    return std::make_unique<TCommonLibrary>(path);
+std::unique_ptr<ICommonLibraryLoader> MakeCommonLibraryLoader(const std::string& path) {
+    return std::make_unique<TCommonLibraryLoader>(path);
 }
 
 }  // namespace tml
