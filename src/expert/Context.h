@@ -13,9 +13,9 @@ namespace tml {
 
 /// What the expert knows of the open project; emptied when the list is rebuilt or the project closes.
 struct TProjectData {
-    TStringList ProjectFiles;        ///< every file of the project
-    TStringList UnitFiles;           ///< units without a form
-    TStringList TranslatableUnits;   ///< the same units, for choosers that change their list
+    TStringList ProjectFiles;       ///< every file of the project
+    TStringList UnitFiles;          ///< units without a form
+    TStringList TranslatableUnits;  ///< the same units, for choosers that change their list
 };
 
 /// All that a command works with. It belongs to the expert and outlives every window.

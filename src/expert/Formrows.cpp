@@ -65,9 +65,8 @@ void ClearRows(TListView& list) {
 void SortRows(TContext& context, int column, int order) {
     context.Settings.SetSortOrder(order);
     context.Settings.SetSortedColumn(column);
-    context.Rows.FormNames.Sort([&](const TListItem& a, const TListItem& b) {
-        return CompareRows(a, b, column) * order;
-    });
+    context.Rows.FormNames.Sort(
+        [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });
 }
 
 }  // namespace tml

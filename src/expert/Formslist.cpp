@@ -1,6 +1,7 @@
 #include "expert/Formslist.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/Errors.h"
 #include "base/Format.h"
@@ -22,8 +23,8 @@ std::optional<int> ParseNumber(std::string_view text) {
 }
 
 TListItem* FindRow(TListView& list, const std::function<bool(const TListItem&)>& fits) {
-    const auto found = std::find_if(list.Items().begin(), list.Items().end(),
-                                    [&](const auto& item) { return fits(*item); });
+    const auto found =
+        std::find_if(list.Items().begin(), list.Items().end(), [&](const auto& item) { return fits(*item); });
     return found == list.Items().end() ? nullptr : found->get();
 }
 

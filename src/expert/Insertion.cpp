@@ -20,7 +20,8 @@ std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& ed
     const auto root = editor.GetRootComponent();
     for (int i = 0; i < root->GetComponentCount(); ++i) {
         auto component = root->GetComponent(i);
-        if (!context.Host.Runtime->InheritsFrom(component->GetComponentType(), setUp.ComponentClass)) continue;
+        if (!context.Host.Runtime->InheritsFrom(component->GetComponentType(), setUp.ComponentClass))
+            continue;
         if (setUp.ComponentName.empty() || SameText(component->GetName(), setUp.ComponentName))
             return component;
     }
@@ -72,8 +73,8 @@ TStringList DefaultNames(const TSettingValues& settings) {
 std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context, TmlCustomLang* lang) {
     auto dispatcher = lang == nullptr ? nullptr : lang->GetDispatcher();
     if (dispatcher == nullptr) return nullptr;
-    const TModalResult answer = context.Dialogs().MessageDlg(
-        std::string(kEditDispatcher), TMsgDlgType::mtConfirmation, {mrYes, mrNo});
+    const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
+                                                             TMsgDlgType::mtConfirmation, {mrYes, mrNo});
     return answer == mrYes ? dispatcher : nullptr;
 }
 

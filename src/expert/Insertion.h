@@ -22,7 +22,7 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
 /// How a component is to be configured.
 struct TLangSetUp {
     int NumLang = 0;
-    std::string ComponentName;               ///< "" for the first of the class
+    std::string ComponentName;                     ///< "" for the first of the class
     std::string ComponentClass = "TmlCustomLang";  ///< this class or one that derives from it
     bool InsertIfMissing = false;
     std::string LangNamesText;  ///< see SplitLangNames; "" keeps the names

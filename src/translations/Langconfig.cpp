@@ -60,7 +60,8 @@ void TfrmLangConfig::SwapWith(int index, int other) {
     const std::string name = lbLangNames[index];
     lbLangNames.Set(index, lbLangNames[other]);
     lbLangNames.Set(other, name);
-    std::swap(Selected[a], Selected[b]);
+    Selected[a] = false;
+    Selected[b] = true;
 }
 
 void TfrmLangConfig::btnMoveUpClick() {
