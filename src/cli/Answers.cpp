@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "expert/Mlmainform.h"
 #include "scan/Found.h"
 
 namespace tml {
@@ -41,7 +40,6 @@ TModalResult TAnswers::ShowModal(TForm& form) {
 }
 
 void TAnswers::Show(TForm& form) {
-    if (auto* window = dynamic_cast<TfrmmlLang*>(&form)) window_ = window;
     if (form.Visible) return;
     form.Visible = true;
     form.FormShow();

@@ -10,7 +10,6 @@
 namespace tml {
 
 class TfrmFound;
-class TfrmmlLang;
 
 /// Answers the system's questions from the command's options. Naming the command is consent to what it
 /// does; a warning (overwriting, deleting) is answered with Yes only on --yes.
@@ -26,9 +25,6 @@ class TAnswers : public IDialogs {
     std::vector<std::string> Information;
     void ClearMessages();
 
-    /// The expert's main window, once it was shown.
-    TfrmmlLang* Window() const { return window_; }
-
     TModalResult MessageDlg(const std::string& text, TMsgDlgType type,
                             const TMsgDlgButtons& buttons) override;
     bool InputQuery(const std::string& caption, const std::string& prompt, std::string& value) override;
@@ -39,7 +35,6 @@ class TAnswers : public IDialogs {
 
   private:
     bool yes_;
-    TfrmmlLang* window_ = nullptr;
     TProgressLine progress_;
 };
 

@@ -6,22 +6,24 @@
 #include "expert/Mllangexp.h"
 
 namespace tml {
-namespace {
-
-constexpr const char* kPackage = "TmlLangExpert";
-
-}  // namespace
-
 TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
-    Ide().LoadPackage(ExpertPackage(workplace_.Host(), kPackage));
+    TPackage package = MakePackage(workplace_.Host());
+    package_ = package.Name;
+    package.Register = [this](IRegistration& registration) {
+        expert_ = &ExpRegister(workplace_.Host(), registration);
+    };
+    Ide().LoadPackage(package);
     workplace_.OpenProject(project);
-    OpenMainWindow();
-    if (Answers().Window() == nullptr) throw EBadInput(project, 0, "the project cannot be shown", "");
+    expert_->RunItemClick();
 }
 
 TSession::~TSession() {
     Ide().CloseProject();
-    Ide().UnloadPackage(kPackage);
+    Ide().UnloadPackage(package_);
+}
+
+TfrmmlLang& TSession::Window() {
+    return *expert_->Window();
 }
 
 std::vector<TListItem*> TSession::Rows(const std::vector<std::string>& formNames) {

@@ -9,6 +9,8 @@
 
 namespace tml {
 
+class TmlLangExpert;
+
 /// A project with the expert at work: its package loaded, its main window open.
 class TSession {
   public:
@@ -19,7 +21,7 @@ class TSession {
 
     THeadlessIde& Ide() { return workplace_.Ide(); }
     TAnswers& Answers() { return workplace_.Answers(); }
-    TfrmmlLang& Window() { return *Answers().Window(); }
+    TfrmmlLang& Window();
     TContext& Context() { return Window().Context; }
     IOTAModuleServices& Modules() { return workplace_.Modules(); }
 
@@ -38,6 +40,8 @@ class TSession {
     bool PrintErrors(const std::string& subject);
 
     TWorkplace workplace_;
+    std::string package_;
+    TmlLangExpert* expert_ = nullptr;
     int rows_ = 0;
     int failures_ = 0;
 };
