@@ -23,25 +23,16 @@ CLI::App* AddFormsArguments(CLI::App* command, TInsertOptions& options) {
     return command;
 }
 
-/// The class for this run alone: the user's default stays as it is.
-class TDefaultClass {
-  public:
-    TDefaultClass(TSession& session, const std::string& className) : session_(session) {
-        if (className.empty()) return;
-        if (!session.Context().Host.Runtime->InheritsFrom(className, "TmlCustomLang"))
-            throw EBadInput(
-                "", 0, className + " is no class of localization components",
-                "Take one of " + TStringList(session.Context().Host.Runtime->NamesArray()).CommaText());
-        session_.Context().Settings.OverrideDefaultComp(className);
-    }
-
-  private:
-    TSession& session_;
-};
+void CheckClass(IMlRuntime& runtime, const std::string& className) {
+    if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
+    throw EBadInput("", 0, className + " is no class of localization components",
+                    "Take one of " + TStringList(runtime.NamesArray()).CommaText());
+}
 
 int RunInsert(TProgram& program, const TInsertOptions& options) {
+    program.ComponentClass = options.Class;
     TSession session(program, options.Project);
-    const TDefaultClass chosen(session, options.Class);
+    CheckClass(*session.Context().Host.Runtime, options.Class);
     session.ForEach(session.Rows(options.Forms), [&](TListItem& row) {
         const bool had = row.SubItems[fcLanguages] != "0";
         if (!had) InsertTmlLang(session.Context(), row);
@@ -84,7 +75,6 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
     session.ForEach(rows, [&](TListItem& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
-        session.PrintErrors(row.Caption);
         PrintLanguages(program, session, row);
     });
     session.Ide().SaveAll();

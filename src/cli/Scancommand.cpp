@@ -5,6 +5,7 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
+#include "ide/Projectfiles.h"
 
 namespace tml {
 namespace {
@@ -66,7 +67,7 @@ class TScanRun {
 
   private:
     std::vector<TScanTarget> Targets() {
-        const bool project = options_.Paths.size() == 1 && IsProjectFile(options_.Paths.front());
+        const bool project = options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
         if (!project) {
             if (!options_.Forms.empty() || !options_.Units.empty())
                 throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",
