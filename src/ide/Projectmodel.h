@@ -11,7 +11,11 @@ struct TProjectUnit {
     std::string FileName;     ///< full path as on disk, or as the project names it where it is missing
     std::string FormName;     ///< "" without a form
     std::string DesignClass;  ///< base of a form that is no plain form ("TFrame", "TDataModule"), else ""
-    bool Missing = false;     ///< the file is not on the disk
+    std::string FormFile;     ///< full path of the form file beside the unit, "" when there is none
+    std::string HeaderFile;   ///< full path of a C++ unit's header, "" when there is none
+    bool Missing = false;     ///< the unit's file is not on the disk
+    std::string NamedBy;      ///< full path of the file that names the unit
+    int Line = 0;             ///< 1-based line there, 0 when unknown
 };
 
 /// Something that is wrong with a project or with one of its files and does not keep it from opening.

@@ -66,10 +66,4 @@ void VerifyAgainstExisting(TmlFoundSourceStrings& found, const std::vector<TExis
 /// A row whose text equals that of an earlier row takes that row's ID and replacement.
 void MergeDuplicates(TmlFoundSourceStrings& found);
 
-/// The 1-based line of a 1-based byte offset: the CR LF pairs in front of it, plus one.
-int GetLineByPos(std::string_view text, std::size_t pos);
-
-/// For a declaration in a const section, given from its first delimiter on: whether it ends on this line.
-bool IsStringTerminated(std::string_view line, const TLanguage& language);
-
 }  // namespace tml

@@ -80,6 +80,9 @@ class TTagState {
     bool translateNext_ = false;
 };
 
+/// True when the line, blanks around it aside, is one of the five tags.
+bool IsTagLine(std::string_view line, const TLanguage& language);
+
 /// True when a line of the text can change a TTagState, so that its lines have to be followed.
 bool HasTagLines(std::string_view text, const TLanguage& language);
 
@@ -95,6 +98,9 @@ class TSkipRules {
     /// with the position (see SkipString).
     bool FindValidDelimitor(std::string_view line, bool constSection, std::int32_t position,
                             TmlSkippedStrings& skipped) const;
+
+    /// Why a line is refused whatever literals it holds: ssByIgnoreTag, ssrByLine, or ssrNone.
+    TStringSkipReason RefusalOf(std::string_view line) const;
 
     /// The tests on one literal's decoded text; position and line are 0-based, line -1 in the ordinary scan.
     TStringSkipReason IsExcludeString(const std::string& text, std::int32_t position,

@@ -31,7 +31,6 @@ struct TLiteral {
     bool InDirective = false;  ///< inside a Pascal directive or on a C++ preprocessor line
     bool CodeBefore = false;   ///< a character code (#13, ^M) touches it in front
     bool CodeAfter = false;    ///< a character code touches it behind
-    bool Joined = false;       ///< of several pieces
 
     std::size_t RawLength() const { return BodyEnd - BodyBegin; }
 };
