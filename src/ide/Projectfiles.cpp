@@ -16,8 +16,17 @@ struct TProjectFormat {
 };
 constexpr TProjectFormat kFormats[] = {
     {".dpr", ParseDpr},
+    {".dpk", ParseDpr},
+    {".lpr", ParseDpr},
     {".dproj", ParseDproj},
     {".groupproj", ParseGroupproj},
+    {".bdsproj", ParseBdsproj},
+    {".bdsgroup", ParseBdsgroup},
+    {".bpg", ParseBpg},
+    {".bpr", ParseBpr},
+    {".cbproj", ParseCbproj},
+    {".lpi", ParseLpi},
+    {".lpg", ParseLpg},
 };
 
 }  // namespace
@@ -30,6 +39,10 @@ TProjectParser FindProjectParser(const std::string& fileName) {
     return found == std::end(kFormats) ? nullptr : found->Parse;
 }
 
+TProjectParser FindMainSourceParser(const std::string& fileName) {
+    return SameText(ExtensionOf(fileName), ".cpp") ? ParseCppProgram : FindProjectParser(fileName);
+}
+
 std::string KnownProjectFiles() {
     std::string names;
     for (const TProjectFormat& format : kFormats)
@@ -39,6 +52,14 @@ std::string KnownProjectFiles() {
 
 std::string LastNamePart(const std::string& unitName) {
     return unitName.substr(unitName.rfind('.') + 1);
+}
+
+std::string UnitNameOf(const std::string& path) {
+    const std::string file = FileNameOf(path);
+    const std::string extension = ExtensionOf(file);
+    const bool isUnit = SameText(extension, ".pas") || SameText(extension, ".pp") ||
+                        SameText(extension, ".cpp") || SameText(extension, ".c");
+    return isUnit ? LastNamePart(WithExtension(file, "")) : file;
 }
 
 std::string ParseOptionsCodePage(const std::string& text) {
