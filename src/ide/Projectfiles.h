@@ -48,7 +48,7 @@ TParsedProject ParseCppProgram(const std::string& bytes, const std::string& file
 
 /// The parser for a file by its extension (any letter case); nullptr when the file is no project.
 TProjectParser FindProjectParser(const std::string& fileName);
-/// The parser for the main source that a project names: that of a program, in C++ too.
+/// The parser for the main source that a project names; nullptr when it names no units.
 TProjectParser FindMainSourceParser(const std::string& fileName);
 /// "*.dpr, *.dproj ..." for messages.
 std::string KnownProjectFiles();
