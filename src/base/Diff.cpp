@@ -88,10 +88,9 @@ class TComparison {
             found->second.New = i;
         }
         std::vector<std::pair<int, int>> pairs;
-        for (int i = part.Old.Begin; i < part.Old.End; ++i) {
-            const TPlaces& place = places.at(At(old_, i));
-            if (place.OldCount == 1 && place.NewCount == 1) pairs.emplace_back(i, place.New);
-        }
+        for (const auto& [line, place] : places)
+            if (place.OldCount == 1 && place.NewCount == 1) pairs.emplace_back(place.Old, place.New);
+        std::sort(pairs.begin(), pairs.end());
         return LongestAscending(pairs);
     }
 

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kUtf8 = "UTF-8";
 constexpr const char* kFallback = "windows-1252";
 /// What the detector reads at most; more does not make it surer, only slower.
-constexpr std::size_t kDetectorBytes = 64 * 1024;
+constexpr std::size_t kDetectorBytes = 65536;
 /// Below this confidence (of 100) the detector is guessing.
 constexpr int kSure = 50;
 

@@ -29,4 +29,7 @@ class ICommonLibraryLoader {
     virtual void Unload() = 0;
 };
 
+/// Loads from a path, or by name from where the system looks for libraries.
+std::unique_ptr<ICommonLibraryLoader> MakeCommonLibraryLoader(const std::string& path);
+
 }  // namespace tml

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "source/Sourcetext.h"
+
+namespace tml {
+
+// The reasons why a call cannot stand where a literal stands: enumerator, short word, text for the person.
+#define TML_ADVICES(X)                                                                                      \
+    X(None, "", "")                                                                                         \
+    X(Const, "const", "A constant's value cannot be a call.")                                               \
+    X(ResourceString, "resourcestring", "A resource string's value cannot be a call.")                      \
+    X(CaseLabel, "case-label", "A case label cannot be a call.")                                            \
+    X(DefaultParameter, "default-parameter", "A parameter's default value cannot be a call.")               \
+    X(Attribute, "attribute", "An attribute's argument cannot be a call.")                                  \
+    X(Directive, "directive", "The compiler reads this text, the program does not.")                        \
+    X(Include, "include", "This is the name of a file to include.")                                         \
+    X(External, "external", "This name is for the linker or for messages.")                                 \
+    X(Initialiser, "initialiser", "A variable's initial value cannot be a call.")                           \
+    X(ArrayInitialiser, "array-initialiser", "The initial value of an array or record cannot hold a call.") \
+    X(Guid, "guid", "This is an interface's identification.")                                               \
+    X(Range, "range", "The bound of a range cannot be a call.")                                             \
+    X(Set, "set", "An element of a set of characters cannot be a call.")                                    \
+    X(OutsideMethod, "outside-method", "The component is not known outside the form's own methods.")        \
+    X(Declaration, "declaration", "A declaration cannot hold a call here.")                                 \
+    X(UsesClause, "uses", "This is the name of a unit's file.")                                             \
+    X(Assembler, "asm", "Assembler code cannot hold a call.")                                               \
+    X(Comment, "comment", "The text stands in a comment.")                                                  \
+    X(InnerComment, "inner-comment", "A comment between the parts of the text would be lost.")              \
+    X(Macro, "macro", "The text is joined with a macro or another text at compile time.")                   \
+    X(LinkageName, "linkage", "This is the name of a linkage.")
+
+enum class TAdvice : std::uint8_t {
+#define TML_ADVICE(name, word, text) name,
+    TML_ADVICES(TML_ADVICE)
+#undef TML_ADVICE
+};
+
+/// The short word for an advice, "" for None.
+std::string_view AdviceWord(TAdvice advice);
+/// The reason in words, "" for None.
+std::string_view AdviceText(TAdvice advice);
+
+/// Where the component can be reached.
+struct TReach {
+    std::string_view FormClass;  ///< the form's class; its methods reach the component
+    bool Everywhere = false;     ///< the reference names the form, so that any code reaches it
+};
+
+/// The advice for each literal of the source, in the order of Literals().
+std::vector<TAdvice> Advise(const TSourceText& source, const TReach& reach);
+
+}  // namespace tml

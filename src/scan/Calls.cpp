@@ -1,0 +1,192 @@
+#include "scan/Calls.h"
+
+#include <algorithm>
+
+#include "base/Utf8.h"
+#include "source/Charclass.h"
+
+namespace tml {
+namespace {
+
+/// The places with the methods' common start in any case. The texts are large and the word is rare, so
+/// its rarest letter is looked for.
+std::vector<std::size_t> FindMethods(std::string_view text) {
+    constexpr std::string_view kCommonStart = "GETTEXT";
+    constexpr std::size_t kRare = kCommonStart.find('X');
+    std::vector<std::size_t> places;
+    for (const char rare : {'x', 'X'})
+        for (std::size_t pos = kRare; (pos = text.find(rare, pos)) != std::string_view::npos; ++pos)
+            if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
+                places.push_back(pos - kRare);
+    std::sort(places.begin(), places.end());
+    return places;
+}
+
+/// Reads references like Form1.mlLang1.GetText( backwards from the method's name.
+class TReferenceReader {
+  public:
+    TReferenceReader(std::string_view text, const TComponentReference& component)
+        : text_(text), component_(component) {}
+
+    /// The start of the reference to the component in front of the method at method, npos when there is none.
+    std::size_t BeginOf(std::size_t method) const {
+        const std::size_t component = QualifierBefore(method, {component_.ComponentName});
+        if (component == std::string_view::npos) return component;
+        if (!IsQualified(component)) return component;
+        return QualifierBefore(component, {component_.FormName, "Self", "this"});
+    }
+
+  private:
+    bool IsQualified(std::size_t name) const { return PointBefore(SkipBlanksBack(text_, name)) != 0; }
+
+    /// Length of the member access sign that ends at end, 0 when there is none.
+    std::size_t PointBefore(std::size_t end) const {
+        if (end >= 1 && text_[end - 1] == '.') return 1;
+        return end >= 2 && text_.substr(end - 2, 2) == "->" ? 2 : 0;
+    }
+
+    /// The start of the name in front of the member access sign in front of place, when it is one of names.
+    std::size_t QualifierBefore(std::size_t place, std::initializer_list<std::string_view> names) const {
+        const std::size_t pointEnd = SkipBlanksBack(text_, place);
+        const std::size_t point = PointBefore(pointEnd);
+        if (point == 0) return std::string_view::npos;
+        const std::size_t end = SkipBlanksBack(text_, pointEnd - point);
+        const std::size_t begin = WordBegin(text_, end);
+        const std::string_view name = text_.substr(begin, end - begin);
+        const bool known = std::any_of(names.begin(), names.end(), [&](std::string_view wanted) {
+            return !wanted.empty() && SameText(wanted, name);
+        });
+        return known ? begin : std::string_view::npos;
+    }
+
+    std::string_view text_;
+    const TComponentReference& component_;
+};
+
+/// The parenthesis of the accessor whose name begins at method, npos when it is another name.
+std::size_t OpenOf(std::string_view text, std::size_t method) {
+    std::size_t end = method;
+    while (end < text.size() && IsNameChar(text[end]))
+        ++end;
+    const std::string_view name = text.substr(method, end - method);
+    const bool known = std::any_of(kAccessorMethods.begin(), kAccessorMethods.end(), [&](std::string_view m) {
+        return SameText(m.substr(0, m.size() - 1), name);
+    });
+    const std::size_t open = SkipBlanks(text, end);
+    return known && open < text.size() && text[open] == '(' ? open : std::string_view::npos;
+}
+
+/// Finds the closing parentheses of all calls in one walk over the text between two offsets.
+class TCloser {
+  public:
+    TCloser(const TSourceText& source, std::vector<TAccessorCall>& calls) : source_(source), calls_(calls) {}
+
+    void Run() {
+        const std::string_view text = source_.Text();
+        static constexpr TByteSet kParens("()");
+        for (std::size_t pos = calls_.empty() ? text.size() : calls_.front().Open;;) {
+            const std::size_t paren = FindByte(text, pos, kParens);
+            if (const std::size_t behind = LeaveLiteral(paren); behind != 0) {
+                pos = behind;
+                continue;
+            }
+            LeaveComments(paren);
+            if (paren >= text.size()) break;
+            EnterComment(paren);
+            if (!IsCharacter(paren)) Take(paren, text[paren]);
+            pos = paren + 1;
+        }
+        for (const std::size_t call : open_)
+            CloseAtLineEnd(call);
+    }
+
+  private:
+    static constexpr std::size_t kOther = std::string_view::npos;
+
+    /// The end of the literal around the place, 0 when there is none.
+    std::size_t LeaveLiteral(std::size_t place) {
+        const auto& literals = source_.Literals();
+        while (literal_ < literals.size() && literals[literal_].End <= place)
+            ++literal_;
+        if (literal_ == literals.size()) return 0;
+        // A macro's parentheses around the literal pair up like all others.
+        const TLiteral& literal = literals[literal_];
+        return place > literal.Open && place < literal.BodyEnd ? literal.BodyEnd : 0;
+    }
+
+    /// The C++ constants '(' and ')'.
+    bool IsCharacter(std::size_t place) const {
+        return place > 0 && source_.Text()[place - 1] == '\'' && source_.Text().substr(place + 1, 1) == "'";
+    }
+
+    void EnterComment(std::size_t place) {
+        const auto& comments = source_.Comments();
+        while (comment_ < comments.size() && comments[comment_].End <= place)
+            ++comment_;
+        if (commentEnd_ != 0 || comment_ == comments.size() || comments[comment_].Begin > place) return;
+        commentEnd_ = comments[comment_].End;
+        openOutside_ = open_.size();
+    }
+
+    /// What was opened in a comment ends with it.
+    void LeaveComments(std::size_t place) {
+        if (commentEnd_ == 0 || place < commentEnd_) return;
+        for (; open_.size() > openOutside_; open_.pop_back())
+            CloseAtLineEnd(open_.back());
+        commentEnd_ = 0;
+        openOutside_ = 0;
+    }
+
+    void Take(std::size_t place, char paren) {
+        if (paren == '(') {
+            while (next_ < calls_.size() && calls_[next_].Open < place)
+                ++next_;
+            const bool isCall = next_ < calls_.size() && calls_[next_].Open == place;
+            open_.push_back(isCall ? next_ : kOther);
+        } else if (open_.size() > openOutside_) {
+            if (open_.back() != kOther) calls_[open_.back()].End = place + 1;
+            open_.pop_back();
+        }
+    }
+
+    void CloseAtLineEnd(std::size_t call) {
+        if (call != kOther) calls_[call].End = LineEnd(source_.Text(), calls_[call].Open);
+    }
+
+    const TSourceText& source_;
+    std::vector<TAccessorCall>& calls_;
+    std::vector<std::size_t> open_;  ///< for each open parenthesis the index of its call, or kOther
+    std::size_t next_ = 0;
+    std::size_t literal_ = 0;
+    std::size_t comment_ = 0;
+    std::size_t commentEnd_ = 0;   ///< of the comment that the walk is in, 0 outside
+    std::size_t openOutside_ = 0;  ///< size of open_ when it entered that comment
+};
+
+}  // namespace
+
+std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component) {
+    std::vector<TAccessorCall> calls;
+    if (component.ComponentName.empty()) return calls;
+    const std::string_view text = source.Text();
+    const TReferenceReader references(text, component);
+    for (const std::size_t method : FindMethods(text)) {
+        const std::size_t open = OpenOf(text, method);
+        const std::size_t begin = open == std::string_view::npos ? open : references.BeginOf(method);
+        if (begin != std::string_view::npos) calls.push_back({begin, open, LineEnd(text, open)});
+    }
+    TCloser(source, calls).Run();
+    return calls;
+}
+
+std::string CalledID(const TSourceText& source, const TAccessorCall& call) {
+    const std::size_t argument = SkipBlanks(source.Text(), call.Open + 1);
+    const auto& literals = source.Literals();
+    const auto first =
+        std::lower_bound(literals.begin(), literals.end(), argument,
+                         [](const TLiteral& literal, std::size_t at) { return literal.Begin < at; });
+    return first != literals.end() && first->Begin == argument ? DecodeLiteral(source, *first)
+                                                               : std::string();
+}
+
+}  // namespace tml

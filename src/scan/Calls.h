@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scan/Replacement.h"
+#include "source/Sourcetext.h"
+
+namespace tml {
+
+/// The methods by which source fetches a string by its ID, as they are written in a call.
+inline constexpr std::array<std::string_view, 6> kAccessorMethods = {
+    "GetText(", "GetTextC(", "GetTextOrDefault(", "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
+
+/// A call of an accessor on the component, as Scan writes it or as a person may have written it. Byte
+/// offsets, 0-based.
+struct TAccessorCall {
+    std::size_t Begin = 0;  ///< of the reference, its qualifier included
+    std::size_t Open = 0;   ///< the parenthesis
+    std::size_t End = 0;    ///< behind the closing parenthesis, or the line's end where there is none
+};
+
+/// The calls on the component, bare or qualified by the form or Self (this), in any case; in the order
+/// of their parentheses, calls in comments among them. None when the reference names no component.
+std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component);
+
+/// The ID (decoded) that a call begins with, "" when it begins with something else.
+std::string CalledID(const TSourceText& source, const TAccessorCall& call);
+
+}  // namespace tml

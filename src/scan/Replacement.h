@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "source/Language.h"
+
+namespace tml {
+
+/// The component that receives the strings, as the scanned unit names it.
+struct TComponentReference {
+    std::string FormName;
+    std::string ComponentName;
+    bool WithForm = false;  ///< AddFormName is on, or a unit other than the form's own is scanned
+    std::string FormClass;  ///< "T" and the form's name when empty
+
+    /// "mlLang1", "Form1.mlLang1" or "Form1->mlLang1".
+    std::string Text(const TLanguage& language) const;
+    std::string ClassName() const { return FormClass.empty() ? "T" + FormName : FormClass; }
+};
+
+/// How a call is written.
+struct TCallStyle {
+    const TLanguage* Language = &kPascal;
+    std::string Reference;  ///< TComponentReference::Text
+    std::string ReplaceMethod = "GetTextOrDefault(";
+    int CommentsLength = 0;  ///< in characters; 0 writes the whole text
+    bool NoCommentsInSources = false;
+    bool CommentsNest = false;  ///< a comment opener in the text would open one
+};
+
+/// The call that fetches the text by its ID, with ";" behind it when it ends a statement.
+std::string ReplacementText(const TCallStyle& style, std::string_view id, std::string_view text,
+                            bool endStatement = false);
+
+}  // namespace tml

@@ -1,0 +1,226 @@
+#include "scan/Rewrite.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "scan/Calls.h"
+#include "source/Charclass.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+std::size_t BehindLine(std::string_view text, std::size_t pos) {
+    const std::size_t end = text.find('\n', pos);
+    return end == std::string_view::npos ? text.size() : end + 1;
+}
+
+/// Finds the whole lines that tags may enclose: no tag line may come to stand in the middle of a
+/// comment, a literal or a continued line.
+class TLines {
+  public:
+    explicit TLines(const TSourceText& source) : source_(source) {}
+
+    TTextRange Around(std::size_t begin, std::size_t end) const {
+        TTextRange lines{begin, end};
+        for (TTextRange last; last.Begin != lines.Begin || last.End != lines.End;) {
+            last = lines;
+            Cover(lines, source_.Comments());
+            Cover(lines, source_.Literals());
+            lines.Begin = LineStart(source_.Text(), lines.Begin);
+            while (ContinuesBefore(lines.Begin))
+                lines.Begin = LineStart(source_.Text(), lines.Begin - 1);
+            if (lines.End == lines.Begin || source_.Text()[lines.End - 1] != '\n')
+                lines.End = BehindLine(source_.Text(), lines.End);
+            while (ContinuesBefore(lines.End) && lines.End < source_.Text().size())
+                lines.End = BehindLine(source_.Text(), lines.End);
+        }
+        return lines;
+    }
+
+  private:
+    /// Widens the range by the items that lie across its ends.
+    template <typename Item>
+    static void Cover(TTextRange& range, const std::vector<Item>& items) {
+        for (const std::size_t place : {range.Begin, range.End}) {
+            auto item = std::upper_bound(items.begin(), items.end(), place,
+                                         [](std::size_t at, const Item& i) { return at < i.Begin; });
+            if (item == items.begin() || (--item)->End <= place || item->Begin == place) continue;
+            range.Begin = std::min(range.Begin, item->Begin);
+            range.End = std::max(range.End, item->End);
+        }
+    }
+
+    bool ContinuesBefore(std::size_t line) const {
+        if (!source_.Language().IsCPPSource || line == 0) return false;
+        const std::string_view before = source_.Text().substr(0, line);
+        return before.ends_with("\\\n") || before.ends_with("\\\r\n");
+    }
+
+    const TSourceText& source_;
+};
+
+TEdits CallEdits(const TmlFoundSourceStrings& rows) {
+    TEdits edits;
+    for (const TmlFoundSourceString& row : rows) {
+        if (row.MarkedToIgnore) continue;
+        edits.push_back({static_cast<std::size_t>(row.SpanBegin - 1),
+                         static_cast<std::size_t>(row.SpanEnd - 1), WrittenText(row)});
+    }
+    return edits;
+}
+
+/// The lines of the marked rows, those that touch taken together.
+std::vector<TTextRange> IgnoredLines(const TmlFoundSourceStrings& rows, const TSourceText& source) {
+    std::vector<TTextRange> ranges;
+    const TLines lines(source);
+    for (const TmlFoundSourceString& row : rows) {
+        if (!row.MarkedToIgnore) continue;
+        const TTextRange range = lines.Around(static_cast<std::size_t>(row.SpanBegin - 1),
+                                              static_cast<std::size_t>(row.SpanEnd - 1));
+        if (!ranges.empty() && range.Begin <= ranges.back().End)
+            ranges.back().End = std::max(ranges.back().End, range.End);
+        else
+            ranges.push_back(range);
+    }
+    return ranges;
+}
+
+TEdits TagEdits(const TmlFoundSourceStrings& rows, const TSourceText& source) {
+    TEdits edits;
+    for (const TTextRange& range : IgnoredLines(rows, source)) {
+        const bool lastLineEnds = source.Text()[range.End - 1] == '\n';
+        edits.push_back(
+            {range.Begin, range.Begin, std::string(source.Language().STARTIGNORE).append(kLineBreak)});
+        std::string stop(lastLineEnds ? "" : kLineBreak);
+        stop.append(source.Language().STOPIGNORE).append(kLineBreak);
+        edits.push_back({range.End, range.End, stop});
+    }
+    return edits;
+}
+
+/// Checks a rewrite against the text that it leads to.
+class TProof {
+  public:
+    TProof(const TmlFoundSourceStrings& kept, const TScanInput& input, const TEdits& edits)
+        : kept_(kept), input_(input), edits_(edits), newText_(ApplyEdits(input.Text, edits)) {}
+
+    void Run() {
+        CheckRest();
+        CheckCalls();
+        CheckSecondScan();
+    }
+
+  private:
+    [[noreturn]] void Fail(std::size_t oldOffset, const std::string& problem) const {
+        const std::string_view before = std::string_view(input_.Text).substr(0, oldOffset);
+        const int line = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
+        throw EBadInput(input_.FileName, line, problem, "Nothing was changed; leave this string out.");
+    }
+
+    /// Compares what lies between the edits in both texts.
+    void CheckRest() const {
+        const std::string_view oldText = input_.Text;
+        const std::string_view newText = newText_;
+        std::size_t oldPos = 0;
+        std::size_t newPos = 0;
+        for (const TEdit& edit : edits_) {
+            const std::size_t length = edit.Begin - oldPos;
+            if (oldText.substr(oldPos, length) != newText.substr(newPos, length))
+                Fail(oldPos, "the rewrite would change text outside the strings");
+            oldPos = edit.End;
+            newPos += length + edit.Text.size();
+        }
+        if (oldText.substr(oldPos) != newText.substr(newPos))
+            Fail(oldPos, "the rewrite would change text outside the strings");
+    }
+
+    /// Every kept row must have become a call with its ID, at its place.
+    void CheckCalls() {
+        const TSourceText source(std::string_view(newText_), LanguageOf(input_.FileName));
+        const std::vector<TAccessorCall> calls = FindCalls(source, input_.Component);
+        const std::vector<const TmlFoundSourceString*> rows = Rewritten();
+        std::size_t call = 0;
+        std::ptrdiff_t shift = 0;
+        for (const TEdit& edit : edits_) {
+            const auto begin = static_cast<std::size_t>(static_cast<std::ptrdiff_t>(edit.Begin) + shift);
+            shift += static_cast<std::ptrdiff_t>(edit.Text.size()) -
+                     static_cast<std::ptrdiff_t>(edit.End - edit.Begin);
+            if (calls_.size() == rows.size() || !IsEditOf(edit, *rows[calls_.size()])) continue;
+            const TmlFoundSourceString& row = *rows[calls_.size()];
+            calls_.push_back({begin, begin + edit.Text.size()});
+            while (call < calls.size() && calls[call].Begin < begin)
+                ++call;
+            const bool found = call < calls.size() && calls[call].End <= calls_.back().End &&
+                               CalledID(source, calls[call]) == row.StrID;
+            if (!found) Fail(edit.Begin, "the string '" + row.StrID + "' would not be found as a call");
+        }
+        if (calls_.size() < rows.size())
+            Fail(static_cast<std::size_t>(rows[calls_.size()]->SpanBegin - 1),
+                 "a string would not be rewritten");
+    }
+
+    static bool IsEditOf(const TEdit& edit, const TmlFoundSourceString& row) {
+        return edit.Begin + 1 == static_cast<std::size_t>(row.SpanBegin) &&
+               edit.End + 1 == static_cast<std::size_t>(row.SpanEnd);
+    }
+
+    std::vector<const TmlFoundSourceString*> Rewritten() const {
+        std::vector<const TmlFoundSourceString*> rows;
+        for (const TmlFoundSourceString& row : kept_)
+            if (!row.MarkedToIgnore) rows.push_back(&row);
+        return rows;
+    }
+
+    /// The next scan must pass over every call.
+    void CheckSecondScan() const {
+        TScanInput input = input_;
+        input.Text = newText_;
+        input.Selection.reset();
+        input.WithAdvice = false;
+        input.Progress = nullptr;
+        const TScanResult second = Scan(input);
+        const std::vector<const TmlFoundSourceString*> rows = Rewritten();
+        std::size_t call = 0;
+        for (const TmlFoundSourceString& row : second.Found) {
+            const auto place = static_cast<std::size_t>(row.Position - 1);
+            while (call < calls_.size() && calls_[call].End <= place)
+                ++call;
+            if (call < calls_.size() && calls_[call].Begin <= place)
+                Fail(static_cast<std::size_t>(rows[call]->SpanBegin - 1),
+                     "a string inside the call '" + rows[call]->StrID + "' would be found again");
+        }
+    }
+
+    const TmlFoundSourceStrings& kept_;
+    const TScanInput& input_;
+    const TEdits& edits_;
+    std::string newText_;
+    std::vector<TTextRange> calls_;  ///< the rewritten rows in the new text
+};
+
+}  // namespace
+
+TEdits Rewrite(const TmlFoundSourceStrings& kept, const TScanInput& input) {
+    TmlFoundSourceStrings rows = kept;
+    rows.Sort();
+    const TSourceText source(std::string_view(input.Text), LanguageOf(input.FileName), input.FileName);
+    const TEdits calls = CallEdits(rows);
+    const TEdits tags = TagEdits(rows, source);
+    TEdits edits;
+    // At one place a tag line comes in front of a call.
+    std::merge(tags.begin(), tags.end(), calls.begin(), calls.end(), std::back_inserter(edits),
+               [](const TEdit& left, const TEdit& right) { return left.Begin < right.Begin; });
+    return edits;
+}
+
+void ProveRewrite(const TmlFoundSourceStrings& kept, const TScanInput& input, const TEdits& edits) {
+    TmlFoundSourceStrings rows = kept;
+    rows.Sort();
+    TProof(rows, input, edits).Run();
+}
+
+}  // namespace tml

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Mlcommon.h"
+#include "scan/Foundstring.h"
+#include "scan/Replacement.h"
+#include "scan/Skiprules.h"
+
+namespace tml {
+
+/// A string that the component holds already.
+struct TExistingString {
+    std::string ID;
+    std::string Text;
+};
+
+/// Part of a text, byte offsets, 0-based, End exclusive.
+struct TTextRange {
+    std::size_t Begin = 0;
+    std::size_t End = 0;
+};
+
+/// All that a scan of one unit depends on.
+struct TScanInput {
+    std::string Text;      ///< the whole unit, UTF-8, lines end with CR LF
+    std::string FileName;  ///< its extension chooses the language
+    TComponentReference Component;
+    std::vector<TExistingString> Existing;  ///< in the component's order
+    TSkipSettings Skip;
+    std::string HCPrefix = "IDS_";
+    std::string ReplaceMethod = "GetTextOrDefault(";
+    int CommentsLength = 0;
+    bool NoCommentsInSources = false;
+    std::optional<TTextRange> Selection;  ///< only this part is scanned; positions stay those of the unit
+    ICommonLibrary* Common = nullptr;     ///< nullptr is a library without entry points
+    bool WithAdvice = true;               ///< off, every Advice is None and the scan is quicker
+    /// Told the number of strings found so far after each; false ends the scan by EmlLangSilent.
+    std::function<bool(int)> Progress;
+};
+
+struct TScanResult {
+    TmlFoundSourceStrings Found;  ///< in the order of the text, each with an ID of its own
+    TmlSkippedStrings Skipped;
+};
+
+/// How calls are written for this input; Scan, the review and VerifyAgainstExisting share it.
+TCallStyle CallStyleOf(const TScanInput& input);
+
+/// The literals to offer and those passed over; nothing is changed.
+TScanResult Scan(const TScanInput& input);
+
+/// The number of literals that Scan would offer.
+int CountStrings(const TScanInput& input);
+
+/// For each string of the component, in its order: the first row with the same text (with case) takes
+/// its ID, and its replacement is written anew.
+void VerifyAgainstExisting(TmlFoundSourceStrings& found, const std::vector<TExistingString>& existing,
+                           const TCallStyle& style);
+
+/// A row whose text equals that of an earlier row takes that row's ID and replacement.
+void MergeDuplicates(TmlFoundSourceStrings& found);
+
+}  // namespace tml

@@ -1,0 +1,195 @@
+// The text of a literal, and a literal for a text.
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "base/Utf8.h"
+#include "source/Charclass.h"
+#include "source/Skim.h"
+#include "source/Sourcetext.h"
+
+namespace tml {
+namespace {
+
+struct TEscape {
+    char Letter;
+    char Value;
+};
+constexpr std::array<TEscape, 12> kEscapes = {{{'n', '\n'},
+                                               {'r', '\r'},
+                                               {'t', '\t'},
+                                               {'a', '\a'},
+                                               {'b', '\b'},
+                                               {'f', '\f'},
+                                               {'v', '\v'},
+                                               {'e', '\x1B'},
+                                               {'\\', '\\'},
+                                               {'"', '"'},
+                                               {'\'', '\''},
+                                               {'?', '?'}}};
+
+std::string DecodePascalQuotes(std::string_view body) {
+    std::string text;
+    text.reserve(body.size());
+    for (std::size_t pos = 0; pos < body.size(); ++pos) {
+        text += body[pos];
+        if (body[pos] == '\'') ++pos;
+    }
+    return text;
+}
+
+/// The lines of a ''' text without the indent of its last line and without its first and last line end.
+std::string DecodePascalLongText(std::string_view body) {
+    const std::size_t indent = body.size() - LineStart(body, body.size());
+    std::string text;
+    std::size_t line = body.find('\n') + 1;
+    for (std::size_t next = 0; (next = body.find('\n', line)) != std::string_view::npos; line = next + 1) {
+        const std::size_t first = std::min({body.find_first_not_of(" \t", line), line + indent, next});
+        text += body.substr(first, next + 1 - first);
+    }
+    while (!text.empty() && IsLineEnd(text.back())) {
+        const bool wasLf = text.back() == '\n';
+        text.pop_back();
+        if (!wasLf || text.empty() || text.back() != '\r') break;
+    }
+    return text;
+}
+
+/// Decodes the pieces of a C++ literal one after the other. Numeric escapes of narrow strings are bytes
+/// where the whole then is UTF-8, otherwise, and in wide strings, they are code units.
+class TCppDecoder {
+  public:
+    explicit TCppDecoder(bool bytes) : bytes_(bytes) {}
+
+    void Add(std::string_view body, bool wide) {
+        for (std::size_t pos = 0; pos < body.size();) {
+            if (body[pos] == '\\' && pos + 1 < body.size()) {
+                pos = AddEscape(body, pos + 1, wide);
+            } else {
+                high_ = 0;
+                text_ += body[pos++];
+            }
+        }
+    }
+    void AddRaw(std::string_view body) { text_ += body; }
+    const std::string& Text() const { return text_; }
+
+  private:
+    std::size_t AddEscape(std::string_view body, std::size_t pos, bool wide) {
+        const char letter = body[pos];
+        if (letter == '\n') return pos + 1;
+        if (letter == '\r') return pos + (body.substr(pos, 2) == "\r\n" ? 2 : 1);
+        if (letter == 'x') return AddNumber(body, pos + 1, 16, 8, wide);
+        if (letter == 'u') return AddNumber(body, pos + 1, 16, 4, true);
+        if (letter == 'U') return AddNumber(body, pos + 1, 16, 8, true);
+        if (letter >= '0' && letter <= '7') return AddNumber(body, pos, 8, 3, wide);
+        const auto known = std::find_if(kEscapes.begin(), kEscapes.end(),
+                                        [&](const TEscape& escape) { return escape.Letter == letter; });
+        high_ = 0;
+        text_ += known == kEscapes.end() ? letter : known->Value;
+        return pos + 1;
+    }
+
+    std::size_t AddNumber(std::string_view body, std::size_t pos, unsigned base, int digits, bool wide) {
+        std::uint32_t value = 0;
+        for (; digits > 0 && pos < body.size() && IsHexDigit(body[pos]); --digits, ++pos) {
+            const auto c = static_cast<unsigned char>(body[pos]);
+            const unsigned digit = IsDigit(body[pos]) ? c - '0' : (c | 0x20U) - 'a' + 10;
+            if (digit >= base) break;
+            value = value * base + digit;
+        }
+        if (bytes_ && !wide && value <= 0xFF)
+            text_ += static_cast<char>(value);
+        else
+            AddUnit(value);
+        return pos;
+    }
+
+    /// A code unit; two halves of a surrogate pair become one character.
+    void AddUnit(std::uint32_t unit) {
+        const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
+        const bool isHigh = unit >= 0xD800 && unit <= 0xDBFF;
+        if (isLow && high_ != 0)
+            AppendCodePoint(text_, 0x10000 + ((high_ - 0xD800) << 10U) + (unit - 0xDC00));
+        else if (!isHigh)
+            AppendCodePoint(text_, isLow || unit > 0x10FFFF ? 0xFFFD : unit);
+        high_ = isHigh ? unit : 0;
+    }
+
+    bool bytes_;
+    std::uint32_t high_ = 0;
+    std::string text_;
+};
+
+std::string DecodeCpp(std::string_view text, const TLiteral& literal, bool bytes) {
+    TCppDecoder decoder(bytes);
+    for (std::size_t pos = literal.Open; pos < literal.End;) {
+        if (text[pos] == '/') {
+            pos = CppCommentEnd(text, pos);
+        } else if (text[pos] != '"') {
+            ++pos;
+        } else {
+            const std::string_view prefix = PrefixBefore(text, pos);
+            const TQuoted raw = IsRawPrefix(prefix) ? ReadRawString(text, pos) : TQuoted{};
+            const TQuoted quoted = raw.Closed ? raw : ReadCppQuotes(text, pos);
+            const std::string_view body = text.substr(quoted.BodyBegin, quoted.BodyEnd - quoted.BodyBegin);
+            if (raw.Closed)
+                decoder.AddRaw(body);
+            else
+                decoder.Add(body, !prefix.empty() && prefix != "u8");
+            pos = quoted.End;
+        }
+    }
+    return decoder.Text();
+}
+
+std::string EncodePascal(std::string_view text) {
+    std::string body;
+    bool inCodes = false;
+    for (const char c : text) {
+        const bool isCode = static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+        if (isCode != inCodes) body += '\'';
+        inCodes = isCode;
+        if (isCode)
+            body += '#' + std::to_string(static_cast<unsigned char>(c));
+        else
+            body.append(c == '\'' ? 2 : 1, c);
+    }
+    return inCodes ? body + '\'' : body;
+}
+
+std::string EncodeCpp(std::string_view text) {
+    std::string body;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        const auto known = std::find_if(kEscapes.begin(), kEscapes.end(), [&](const TEscape& escape) {
+            return escape.Value == c && c != '\'' && c != '?' && escape.Letter != 'e';
+        });
+        if (known != kEscapes.end())
+            body.append(1, '\\').append(1, known->Letter);
+        else if (byte < ' ' || byte == 0x7F)
+            body += {'\\', static_cast<char>('0' + byte / 64), static_cast<char>('0' + byte / 8 % 8),
+                     static_cast<char>('0' + byte % 8)};
+        else
+            body += c;
+    }
+    return body;
+}
+
+}  // namespace
+
+std::string DecodeLiteral(const TSourceText& source, const TLiteral& literal) {
+    const std::string_view body = source.Text().substr(literal.BodyBegin, literal.RawLength());
+    if (!source.Language().IsCPPSource) {
+        const bool isLong = literal.BodyBegin > literal.Open + 1;
+        return isLong ? DecodePascalLongText(body) : DecodePascalQuotes(body);
+    }
+    std::string text = DecodeCpp(source.Text(), literal, true);
+    return IsValidUtf8(text) ? text : DecodeCpp(source.Text(), literal, false);
+}
+
+std::string EncodeLiteralBody(std::string_view text, const TLanguage& language) {
+    return language.IsCPPSource ? EncodeCpp(text) : EncodePascal(text);
+}
+
+}  // namespace tml

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "base/Edits.h"
+#include "source/Sourcetext.h"
+
+namespace tml {
+
+/// The edits by which the designer keeps a unit in step with its form. Each leaves every other line as
+/// it is and follows the style of what stands there. All names are compared without regard to case in
+/// Pascal and with it in C++. EBadInput with file and line where the class, member or clause that must
+/// be changed is missing. For a C++ form the text is that of its header.
+
+/// A component's field in the form's class, behind the last field of the first section. No edits when
+/// the field is there already.
+TEdits AddField(const TSourceText& source, const std::string& formClass, const std::string& name,
+                const std::string& className);
+/// The declared name alone is replaced; uses of the field in code are left to the person.
+TEdits RenameField(const TSourceText& source, const std::string& formClass, const std::string& oldName,
+                   const std::string& newName);
+/// Takes the field's line away, or the name alone where several share a declaration.
+TEdits RemoveField(const TSourceText& source, const std::string& formClass, const std::string& name);
+
+/// Appends the unit to the uses clause of the interface (of a program: to its only one) unless it is
+/// used there already.
+TEdits AddUsedUnit(const TSourceText& source, const std::string& unitName);
+/// Appends the unit to the uses clause of the implementation, which is made where there is none, unless
+/// the unit is used in either part.
+TEdits AddImplementationUnit(const TSourceText& source, const std::string& unitName);
+/// #include "header" behind the last include of the text, unless it is there already.
+TEdits AddInclude(const TSourceText& source, const std::string& header);
+
+/// True when a uses clause of the interface or the implementation names the unit.
+bool UsesUnit(const TSourceText& source, const std::string& unitName);
+
+}  // namespace tml
