@@ -43,7 +43,6 @@ std::string Declaration(const TSourceText& source, const TField* model, const st
         const bool isPointer = kept.find_first_not_of(" \t*") == std::string_view::npos &&
                                kept.find('*') != std::string_view::npos;
         return className + std::string(isPointer ? kept : " *") + name + ";";
-        ";";
     }
     const bool isPlain = model != nullptr && model->Next == 0;
     const std::string_view between =

@@ -80,11 +80,12 @@ end.
 )";
 
 TEST(Advice, ForAWholeUnit) {
-    EXPECT_EQ(Words(kUnit, kPascal),
-              "uses const array-initialiser array-initialiser resourcestring guid default-parameter attribute "
-              "external declaration const range range initialiser external external directive default-parameter "
-              "outside-method const - case-label case-label - case-label - - - - set set range range - set - asm - "
-              "comment outside-method default-parameter outside-method outside-method");
+    EXPECT_EQ(
+        Words(kUnit, kPascal),
+        "uses const array-initialiser array-initialiser resourcestring guid default-parameter attribute "
+        "external declaration const range range initialiser external external directive default-parameter "
+        "outside-method const - case-label case-label - case-label - - - - set set range range - set - asm - "
+        "comment outside-method default-parameter outside-method outside-method");
     EXPECT_EQ(Words("unit U; implementation procedure F; begin s := 'a'; end; const c = 'b';", kPascal, true),
               "- const");
 }
@@ -99,7 +100,8 @@ TEST(Advice, SurvivesConditionsAndGaps) {
          "- outside-method"},
         {"implementation\nprocedure TForm1.M;\nbegin\n begin begin\nend;\nprocedure F;\nbegin s := 'a'; end;",
          "outside-method"},
-        {"implementation\nprocedure F; forward;\nprocedure TForm1.M;\nbegin r.end_ := x.&end; s := 'a'; end;", "-"},
+        {"implementation\nprocedure F; forward;\nprocedure TForm1.M;\nbegin r.end_ := x.&end; s := 'a'; end;",
+         "-"},
         {"type T<A: class, constructor> = class procedure X; end;\nimplementation\n"
          "procedure T<A>.X;\nbegin s := 'a'; end;\nfunction TForm1.G<B>(b: B): string;\nbegin s := 'b'; end;",
          "outside-method -"},
@@ -111,13 +113,15 @@ TEST(Advice, SurvivesConditionsAndGaps) {
 TEST(Advice, ForCpp) {
     const TCase cases[] = {
         {"#include \"a.h\"\n#define A \"b\"\nextern \"C\" { void f(); }\n", "include directive linkage"},
-        {"const char* a = \"b\";\nString c = \"d\";\nstatic String e[] = { \"f\", \"g\" };", 
+        {"const char* a = \"b\";\nString c = \"d\";\nstatic String e[] = { \"f\", \"g\" };",
          "const initialiser array-initialiser array-initialiser"},
-        {"void f(String s = \"a\");\nvoid __fastcall TForm1::M(TObject *Sender)\n{\n f(\"b\");\n if (x) { g(\"c\"); }\n}\n",
+        {"void f(String s = \"a\");\nvoid __fastcall TForm1::M(TObject *Sender)\n{\n f(\"b\");\n if (x) { "
+         "g(\"c\"); }\n}\n",
          "default-parameter - -"},
         {"void g() { f(\"a\"); }\nnamespace n { class TForm1 : public TForm { void m() { f(\"b\"); } }; }",
          "outside-method -"},
-        {"void TForm1::M() { f(\"a\" PRIu64); f(\"b\" /* x */ \"c\"); f(X \"d\"); return \"e\"; static_assert(x, \"f\"); }",
+        {"void TForm1::M() { f(\"a\" PRIu64); f(\"b\" /* x */ \"c\"); f(X \"d\"); return \"e\"; "
+         "static_assert(x, \"f\"); }",
          "macro inner-comment macro - declaration"},
         {"[[deprecated(\"a\")]] void f();\nTForm1::~TForm1() { f(\"b\"); String a[] = {\"c\"}; /* \"d\" */ }",
          "attribute - array-initialiser comment"},

@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 
 #include "base/Errors.h"
@@ -31,7 +30,8 @@ TEST(Rewrite, PutsCallsInPlace) {
          "s := mlLang1.GetText('IDS_0') + #13#10 + mlLang1.GetText('IDS_1') + ^M;\r\n"},
         {"a.pas", "s := 'it''s';\r\n", "s := mlLang1.GetText('IDS_0');\r\n"},
         {"a.pas", "s := '''\r\n  ab\r\n  ''';\r\n", "s := mlLang1.GetText('IDS_0');\r\n"},
-        {"a.cpp", "f(L\"ab\" L\"cd\",\r\n  _T(\"ef\"));\r\n", "f(mlLang1->GetText(\"IDS_0\"),\r\n  mlLang1->GetText(\"IDS_1\"));\r\n"},
+        {"a.cpp", "f(L\"ab\" L\"cd\",\r\n  _T(\"ef\"));\r\n",
+         "f(mlLang1->GetText(\"IDS_0\"),\r\n  mlLang1->GetText(\"IDS_1\"));\r\n"},
     };
     for (const TCase& row : cases) {
         TScanInput input = InputFor(row.FileName, row.Text);
@@ -42,25 +42,29 @@ TEST(Rewrite, PutsCallsInPlace) {
 }
 
 TEST(Rewrite, TakesWhatTheReviewMadeOfTheRows) {
-    TScanInput input = InputFor("a.pas", "begin\r\n  s := 'ab'#13;\r\n  t := 'cd';\r\n  u := 'ef';\r\nend.\r\n");
+    TScanInput input =
+        InputFor("a.pas", "begin\r\n  s := 'ab'#13;\r\n  t := 'cd';\r\n  u := 'ef';\r\nend.\r\n");
     TmlFoundSourceStrings rows = Scan(input).Found;
     rows[0].Replacement = "PChar(mlLang1.GetTextC('OWN'))";
     rows[0].StrID = "OWN";
     rows[1].MarkedToIgnore = true;
     rows[2].MarkedToIgnore = true;
     const std::string text = Rewritten(input, rows);
-    EXPECT_EQ(text, "begin\r\n  s := PChar(mlLang1.GetTextC('OWN')) + #13;\r\n{TML:IGNORE ON}\r\n  t := 'cd';\r\n"
-                    "  u := 'ef';\r\n{TML:IGNORE OFF}\r\nend.\r\n");
+    EXPECT_EQ(text,
+              "begin\r\n  s := PChar(mlLang1.GetTextC('OWN')) + #13;\r\n{TML:IGNORE ON}\r\n  t := 'cd';\r\n"
+              "  u := 'ef';\r\n{TML:IGNORE OFF}\r\nend.\r\n");
     input.Text = text;
     EXPECT_EQ(Dump(Scan(input)), "|");
 }
 
 TEST(Rewrite, KeepsTagLinesOutOfCommentsAndContinuedLines) {
     const TCase cases[] = {
-        {"a.pas", "{ one\r\n 'ab'\r\n}\r\nx;\r\n", "{TML:IGNORE ON}\r\n{ one\r\n 'ab'\r\n}\r\n{TML:IGNORE OFF}\r\nx;\r\n"},
+        {"a.pas", "{ one\r\n 'ab'\r\n}\r\nx;\r\n",
+         "{TML:IGNORE ON}\r\n{ one\r\n 'ab'\r\n}\r\n{TML:IGNORE OFF}\r\nx;\r\n"},
         {"a.cpp", "#define A \\\r\n  \"ab\" \\\r\n  x\r\ny;\r\n",
          "/*TML:IGNORE ON*/\r\n#define A \\\r\n  \"ab\" \\\r\n  x\r\n/*TML:IGNORE OFF*/\r\ny;\r\n"},
-        {"a.cpp", "f(\"ab\"\r\n  \"cd\");\r\n", "/*TML:IGNORE ON*/\r\nf(\"ab\"\r\n  \"cd\");\r\n/*TML:IGNORE OFF*/\r\n"},
+        {"a.cpp", "f(\"ab\"\r\n  \"cd\");\r\n",
+         "/*TML:IGNORE ON*/\r\nf(\"ab\"\r\n  \"cd\");\r\n/*TML:IGNORE OFF*/\r\n"},
     };
     for (const TCase& row : cases) {
         TScanInput input = InputFor(row.FileName, row.Text);
@@ -114,7 +118,6 @@ TEST(Rewrite, SecondScanOfRealUnitsFindsNothing) {
         if (!IsValidUtf8(text)) continue;
         TScanInput input = InputFor(entry.path().string(), text);
         input.WithAdvice = false;
-        input.Common = units % 40 == 0 ? nullptr : input.Common;
         TmlFoundSourceStrings rows = Scan(input).Found;
         MergeDuplicates(rows);
         strings += rows.Count();

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 
 #include "base/Errors.h"
 #include "source/Sourceedits.h"
@@ -37,14 +36,18 @@ const TEditor kRemove = [](const TSourceText& s) { return RemoveField(s, "TForm1
 TEST(Fields, AreAddedInPascal) {
     ExpectEdits(
         kPascal, kAdd,
-        {{"type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    procedure X;\n  private\n    C: TC;\n  end;\n",
-          "type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    mlLang1 : TmlLang;\n    procedure X;\n"
+        {{"type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    procedure X;\n  private\n    C: "
+          "TC;\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    mlLang1 : TmlLang;\n    "
+          "procedure X;\n"
           "  private\n    C: TC;\n  end;\n"},
          {"type\n  TForm1 = class;\n  TForm1 = class(TForm)\n  private\n    { Private }\n  public\n  end;\n",
-          "type\n  TForm1 = class;\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n  private\n    { Private }\n"
+          "type\n  TForm1 = class;\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n  private\n    { Private "
+          "}\n"
           "  public\n  end;\n"},
          {"type\n  TForm1 = class(TForm)\n  published\n    A, B: record X: Integer; end;\n  end;\n",
-          "type\n  TForm1 = class(TForm)\n  published\n    A, B: record X: Integer; end;\n    mlLang1: TmlLang;\n  end;\n"},
+          "type\n  TForm1 = class(TForm)\n  published\n    A, B: record X: Integer; end;\n    mlLang1: "
+          "TmlLang;\n  end;\n"},
          {"type\n  TForm1 = class(TForm)\n    procedure X;\n  end;\n",
           "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n    procedure X;\n  end;\n"},
          {"type\n  TForm1 = class(TForm) end;\n",
@@ -56,15 +59,18 @@ TEST(Fields, AreAddedInPascal) {
 TEST(Fields, AreRenamedAndRemoved) {
     const char* several = "type TForm1 = class\n    A, B, C: TA;\n  end;\n";
     ExpectEdits(kPascal, kRename, {{several, "type TForm1 = class\n    A, NewName, C: TA;\n  end;\n"}});
-    ExpectEdits(kPascal, kRemove,
-                {{several, "type TForm1 = class\n    A, C: TA;\n  end;\n"},
-                 {"type TForm1 = class\n    B, C: TA;\n  end;\n", "type TForm1 = class\n    C: TA;\n  end;\n"},
-                 {"type TForm1 = class\n    A, B: TA;\n  end;\n", "type TForm1 = class\n    A: TA;\n  end;\n"},
-                 {"type TForm1 = class\n    A: TA;\n    b: TB; // x\n  end;\n", "type TForm1 = class\n    A: TA;\n  end;\n"},
-                 {"type TForm1 = class\n    procedure X(B: TB);\n    A: TA; B: TB;\n  end;\n",
-                  "type TForm1 = class\n    procedure X(B: TB);\n    A: TA; \n  end;\n"}});
+    ExpectEdits(
+        kPascal, kRemove,
+        {{several, "type TForm1 = class\n    A, C: TA;\n  end;\n"},
+         {"type TForm1 = class\n    B, C: TA;\n  end;\n", "type TForm1 = class\n    C: TA;\n  end;\n"},
+         {"type TForm1 = class\n    A, B: TA;\n  end;\n", "type TForm1 = class\n    A: TA;\n  end;\n"},
+         {"type TForm1 = class\n    A: TA;\n    b: TB; // x\n  end;\n",
+          "type TForm1 = class\n    A: TA;\n  end;\n"},
+         {"type TForm1 = class\n    procedure X(B: TB);\n    A: TA; B: TB;\n  end;\n",
+          "type TForm1 = class\n    procedure X(B: TB);\n    A: TA; \n  end;\n"}});
     ExpectEdits(kCpp, kRemove,
-                {{"class TForm1 : public TForm\n{\n\tTA *A;\n\tTB *B;\n};\n", "class TForm1 : public TForm\n{\n\tTA *A;\n};\n"},
+                {{"class TForm1 : public TForm\n{\n\tTA *A;\n\tTB *B;\n};\n",
+                  "class TForm1 : public TForm\n{\n\tTA *A;\n};\n"},
                  {"class TForm1 {\n TA *B, *C;\n};\n", "class TForm1 {\n TA *C;\n};\n"}});
 }
 
@@ -75,7 +81,8 @@ TEST(Fields, AreAddedInCpp) {
                   "class TForm1 : public TForm\n{\n__published:\t// IDE\n\tTA* A;\n\tTmlLang* mlLang1;\n"
                   "\tvoid __fastcall X();\nprivate:\n\tTB *B;\npublic:\n};\n"},
                  {"class TForm1;\nclass PACKAGE TForm1 : public TForm\n{\n__published:\nprivate:\n};\n",
-                  "class TForm1;\nclass PACKAGE TForm1 : public TForm\n{\n__published:\n\tTmlLang *mlLang1;\nprivate:\n};\n"}});
+                  "class TForm1;\nclass PACKAGE TForm1 : public TForm\n{\n__published:\n\tTmlLang "
+                  "*mlLang1;\nprivate:\n};\n"}});
 }
 
 TEST(Fields, MissingOnesAreNamedWithTheirLine) {
@@ -91,38 +98,49 @@ TEST(Fields, MissingOnesAreNamedWithTheirLine) {
     };
     EXPECT_EQ(lineOf([&] { AddField(source, "TForm1", "x", "TX"); }), 5);
     EXPECT_EQ(lineOf([&] { RemoveField(source, "TForm2", "x"); }), 2);
-    EXPECT_EQ(lineOf([&] { AddImplementationUnit(TSourceText(std::string_view("begin\nend."), kPascal, "Unit1.pas"), "X"); }), 2);
+    EXPECT_EQ(lineOf([&] {
+                  AddImplementationUnit(TSourceText(std::string_view("begin\nend."), kPascal, "Unit1.pas"),
+                                        "X");
+              }),
+              2);
 }
 
 TEST(Units, AreAddedToUsesClauses) {
     const TEditor add = [](const TSourceText& s) { return AddUsedUnit(s, "mlLang"); };
-    ExpectEdits(kPascal, add,
-                {{"unit U;\ninterface\nuses\n  A, B.C;\nimplementation\nuses D;\n",
-                  "unit U;\ninterface\nuses\n  A, B.C, mlLang;\nimplementation\nuses D;\n"},
-                 {"interface\nuses\n  A,\n  B { x };\n", "interface\nuses\n  A,\n  B { x },\n  mlLang;\n"},
-                 {"interface\nuses A, MLLANG;\n", "interface\nuses A, MLLANG;\n"},
-                 {"interface\nuses A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n", "interface\nuses mlLang, A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n"},
-                 {"interface\nuses A{$IFDEF X}, B{$ENDIF};\n", "interface\nuses A{$IFDEF X}, B{$ENDIF}, mlLang;\n"},
-                 {"interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb;\n",
-                  "interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb,\n  mlLang;\n"},
-                 {"unit U;\ninterface\ntype\n", "unit U;\ninterface\n\nuses\n  mlLang;\ntype\n"},
-                 {"program P;\nuses A in 'a.pas' {Form1};\nbegin\nend.\n",
-                  "program P;\nuses A in 'a.pas' {Form1}, mlLang;\nbegin\nend.\n"}});
+    ExpectEdits(
+        kPascal, add,
+        {{"unit U;\ninterface\nuses\n  A, B.C;\nimplementation\nuses D;\n",
+          "unit U;\ninterface\nuses\n  A, B.C, mlLang;\nimplementation\nuses D;\n"},
+         {"interface\nuses\n  A,\n  B { x };\n", "interface\nuses\n  A,\n  B { x },\n  mlLang;\n"},
+         {"interface\nuses A, MLLANG;\n", "interface\nuses A, MLLANG;\n"},
+         {"interface\nuses A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n",
+          "interface\nuses mlLang, A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n"},
+         {"interface\nuses A{$IFDEF X}, B{$ENDIF};\n", "interface\nuses A{$IFDEF X}, B{$ENDIF}, mlLang;\n"},
+         {"interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb;\n",
+          "interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb,\n  "
+          "mlLang;\n"},
+         {"unit U;\ninterface\ntype\n", "unit U;\ninterface\n\nuses\n  mlLang;\ntype\n"},
+         {"program P;\nuses A in 'a.pas' {Form1};\nbegin\nend.\n",
+          "program P;\nuses A in 'a.pas' {Form1}, mlLang;\nbegin\nend.\n"}});
     const TEditor addBelow = [](const TSourceText& s) { return AddImplementationUnit(s, "Unit2"); };
     ExpectEdits(kPascal, addBelow,
-                {{"interface\nuses A;\nimplementation\n{$R *.dfm}\n", "interface\nuses A;\nimplementation\n\nuses\n  Unit2;\n{$R *.dfm}\n"},
-                 {"interface\nuses A;\nimplementation\nuses B;\n", "interface\nuses A;\nimplementation\nuses B, Unit2;\n"},
+                {{"interface\nuses A;\nimplementation\n{$R *.dfm}\n",
+                  "interface\nuses A;\nimplementation\n\nuses\n  Unit2;\n{$R *.dfm}\n"},
+                 {"interface\nuses A;\nimplementation\nuses B;\n",
+                  "interface\nuses A;\nimplementation\nuses B, Unit2;\n"},
                  {"interface\nuses unit2;\nimplementation\n", "interface\nuses unit2;\nimplementation\n"}});
 }
 
 TEST(Units, AreIncludedInHeaders) {
     const TEditor add = [](const TSourceText& s) { return AddInclude(s, "mlLang.hpp"); };
-    ExpectEdits(kCpp, add,
-                {{"#ifndef UH\n#define UH\n#include <A.hpp>\n#ifdef X\n#include \"B.h\"\n#endif\nclass C;\n#endif\n",
-                  "#ifndef UH\n#define UH\n#include <A.hpp>\n#include \"mlLang.hpp\"\n#ifdef X\n#include \"B.h\"\n#endif\nclass C;\n#endif\n"},
-                 {"#pragma once\nclass C;\n", "#pragma once\n#include \"mlLang.hpp\"\nclass C;\n"},
-                 {"#include <MLLANG.hpp>\n", "#include <MLLANG.hpp>\n"},
-                 {"class C;\n", "#include \"mlLang.hpp\"\nclass C;\n"}});
+    ExpectEdits(
+        kCpp, add,
+        {{"#ifndef UH\n#define UH\n#include <A.hpp>\n#ifdef X\n#include \"B.h\"\n#endif\nclass C;\n#endif\n",
+          "#ifndef UH\n#define UH\n#include <A.hpp>\n#include \"mlLang.hpp\"\n#ifdef X\n#include "
+          "\"B.h\"\n#endif\nclass C;\n#endif\n"},
+         {"#pragma once\nclass C;\n", "#pragma once\n#include \"mlLang.hpp\"\nclass C;\n"},
+         {"#include <MLLANG.hpp>\n", "#include <MLLANG.hpp>\n"},
+         {"class C;\n", "#include \"mlLang.hpp\"\nclass C;\n"}});
 }
 
 }  // namespace
