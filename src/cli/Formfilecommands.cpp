@@ -20,7 +20,8 @@ void AddConversion(CLI::App* command, TProgram& program, TConversion conversion)
     command->add_option("--code-page", options->CodePage, "Windows code page of its strings, such as 1251");
     command->callback([&program, options, conversion] {
         program.Run = [options, conversion](TProgram& shared) {
-            const auto tree = TFormTree::Parse(shared.Files->Read(options->File), options->File, options->CodePage);
+            const auto tree =
+                TFormTree::Parse(shared.Files->Read(options->File), options->File, options->CodePage);
             const std::string bytes = (tree.get()->*conversion)();
             std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
             return static_cast<int>(kDone);

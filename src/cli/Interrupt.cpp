@@ -14,8 +14,12 @@ void OnInterrupt(int signal) {
 
 }  // namespace
 
-void WatchInterrupts() { std::signal(SIGINT, OnInterrupt); }
+void WatchInterrupts() {
+    std::signal(SIGINT, OnInterrupt);
+}
 
-bool Interrupted() { return interrupted != 0; }
+bool Interrupted() {
+    return interrupted != 0;
+}
 
 }  // namespace tml

@@ -42,7 +42,8 @@ int RunChosen(TProgram& program) {
     try {
         const int code = program.Run(program);
         std::cout.flush();
-        if (!std::cout) throw EFileError("standard output", 0, "cannot be written", "Check the disk or the pipe");
+        if (!std::cout)
+            throw EFileError("standard output", 0, "cannot be written", "Check the disk or the pipe");
         return code;
     } catch (const EmlLangSilent&) {
         return kBadInput;
@@ -56,15 +57,17 @@ int RunProgram(int argc, char** argv) {
     TProgram program;
     program.Files = files.get();
     program.ConfigFolder = UserConfigFolder();
-    CLI::App app("Localizes projects of forms and units: finds hard-coded strings and moves them into the "
-                 "forms' localization components.",
-                 "tmllang");
+    CLI::App app(
+        "Localizes projects of forms and units: finds hard-coded strings and moves them into the "
+        "forms' localization components.",
+        "tmllang");
     app.require_subcommand(1);
     app.fallthrough();
     app.set_version_flag("--version", std::string("tmllang ") + TML_VERSION);
     app.add_flag("--json", program.Json, "Print one JSON object a line");
     app.add_flag("--yes", program.Yes, "Answer warnings (overwriting, deleting) with Yes");
-    app.add_option("--config", program.ConfigFolder, "Folder of the settings instead of the user's")->type_name("DIR");
+    app.add_option("--config", program.ConfigFolder, "Folder of the settings instead of the user's")
+        ->type_name("DIR");
     app.footer(kFooter);
     for (const TAddCommand add : kCommands)
         add(app, program);

@@ -70,6 +70,8 @@ class IOTAComponent {
     virtual TComponentHandle GetComponentHandle() = 0;
     virtual std::string GetComponentType() = 0;  ///< class name
     virtual std::string GetName() = 0;
+    /// The form or frame that owns it, nullptr for the form itself.
+    virtual std::shared_ptr<IOTAComponent> GetOwner() = 0;
     /// Renames the component; its field in the form's class follows and the form's notifiers are told.
     virtual void SetName(const std::string& name) = 0;
     /// The components that this one owns, in form file order (those inside a frame belong to the frame).
@@ -77,6 +79,9 @@ class IOTAComponent {
     virtual std::shared_ptr<IOTAComponent> GetComponent(int index) = 0;
     /// None when the form does not hold the property (it has its default then).
     virtual std::optional<TFormValue> GetPropValue(const std::string& name) = 0;
+    /// The component that a reference names, on the same form or ("Form1.Name") on another form of the
+    /// project; nullptr when it names none.
+    virtual std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) = 0;
     virtual void SetPropValue(const std::string& name, const TFormValue& value) = 0;
     virtual void RemoveProp(const std::string& name) = 0;
     /// Deletes the component and its field.

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Files.h"
+#include "ide/Projectmodel.h"
+#include "platform/Mlruntime.h"
+#include "platform/Registration.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+class TIdeState;
+
+/// An IDE without windows over the files of a project: modules with buffers and designers, one journal of
+/// undo over all of them, safe saving, menus and packages.
+class THeadlessIde : public IBorlandIDEServices {
+  public:
+    /// With dockableForms the project manager's window has the ancestry of a dockable one. files and
+    /// runtime must outlive the IDE.
+    THeadlessIde(IFileSystem& files, IMlRuntime& runtime, bool dockableForms = true);
+    /// Unloads the packages in reverse order; closes everything without saving.
+    ~THeadlessIde() override;
+
+    IOTAServices* GetServices() override;
+    INTAServices* GetNTAServices() override;
+    IOTAModuleServices* GetModuleServices() override;
+
+    /// Completes what a crash left of an earlier save, then opens a project or a group of projects (the
+    /// first is the active one), closing an open one. EBadInput for a file that is no project; missing or
+    /// unreadable units only add to Problems.
+    void OpenProject(const std::string& path);
+    /// Closes all modules without saving, then the project; nothing when none is open.
+    void CloseProject();
+    /// What was found wrong while the project was opened.
+    const std::vector<TProjectProblem>& Problems() const;
+
+    /// The open modules in the order of their opening.
+    std::vector<std::shared_ptr<IOTAModule>> Modules() const;
+    /// The code editor that has the focus becomes that of this module (nullptr: none).
+    void SetCurrentModule(const std::shared_ptr<IOTAModule>& module);
+    /// Saves every modified file in one step: all of them or none.
+    void SaveAll();
+
+    /// Takes back the topmost step of the file ("": of all files) in all of its documents and gives its
+    /// title; "" when there is nothing to take back. EBadInput names the document that stands in the way.
+    std::string Undo(const std::string& fileName = {});
+    std::string Redo(const std::string& fileName = {});
+
+    /// Calls a package's registration; its wizards are released, then its finalization is called, when the
+    /// package is unloaded. An error of the registration releases what was registered and passes on.
+    void LoadPackage(const TPackage& package);
+    void UnloadPackage(const std::string& name);
+
+  private:
+    std::unique_ptr<TIdeState> state_;
+};
+
+}  // namespace tml

@@ -1,0 +1,82 @@
+#include "ide/Sourcebuffer.h"
+
+#include <algorithm>
+
+#include "base/Errors.h"
+#include "base/Files.h"
+#include "ide/Journal.h"
+
+namespace tml {
+namespace {
+
+/// Every line end as CR LF.
+std::string WithLineEnds(const std::string& text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' && text[i] != '\n') {
+            result += text[i];
+            continue;
+        }
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+        result += "\r\n";
+    }
+    return result;
+}
+
+TEdits Normalised(const TEdits& edits) {
+    TEdits result = edits;
+    for (TEdit& edit : result)
+        if (edit.Text.find_first_of("\r\n") != std::string::npos) edit.Text = WithLineEnds(edit.Text);
+    return result;
+}
+
+}  // namespace
+
+class TSourceBuffer::TStep : public TUndoStep {
+  public:
+    TStep(std::shared_ptr<TDocument> document, TSourceBuffer& buffer, TCodedText::TUndo undo)
+        : TUndoStep(std::move(document)), buffer_(buffer), undo_(std::move(undo)) {}
+
+  protected:
+    void ToggleContent() override { undo_ = buffer_.coded_.Apply(undo_); }
+
+  private:
+    TSourceBuffer& buffer_;
+    TCodedText::TUndo undo_;
+};
+
+void TSourceBuffer::Check(const TEdits& edits) const {
+    if (!AreValid(edits, Text()->size()))
+        throw EBadInput(FileName(), 0, "the change does not fit the text", "Repeat the command");
+    coded_.Check(edits);
+}
+
+void TSourceBuffer::Apply(const TEdits& edits, const std::string& title) {
+    if (HasWriter) throw EBadInput(FileName(), 0, "the text is being written to", "Try again later");
+    const TEdits normalised = Normalised(edits);
+    Check(normalised);
+    if (ApplyEdits(*Text(), normalised) == *Text()) return;
+    const auto command = Journal().BeginUnlessRunning(title);
+    Journal().Add(std::make_unique<TStep>(shared_from_this(), *this, coded_.Apply(normalised)));
+    NewVersion();
+    if (command) command->Commit();
+}
+
+TOTACharPos TSourceBuffer::CharPosOf(int offset) const {
+    const std::size_t place = std::min(static_cast<std::size_t>(std::max(offset, 0)), Text()->size());
+    const std::size_t line = coded_.LineAt(place);
+    return {static_cast<int>(line) + 1, static_cast<int>(place - coded_.LineBegin(line))};
+}
+
+int TSourceBuffer::OffsetOf(const TOTACharPos& pos) const {
+    if (pos.Line < 1) return 0;
+    const std::size_t line = std::min(static_cast<std::size_t>(pos.Line) - 1, coded_.LineCount());
+    const std::size_t begin = coded_.LineBegin(line);
+    std::size_t end = coded_.LineBegin(std::min(line + 1, coded_.LineCount()));
+    if (end > begin && (*Text())[end - 1] == '\n') end -= 2;
+    const auto column = static_cast<std::size_t>(std::max(pos.CharIndex, 0));
+    return static_cast<int>(std::min(begin + column, std::max(begin, end)));
+}
+
+}  // namespace tml

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/Codedtext.h"
+#include "ide/Document.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// A source file in the IDE: its text, and the cursor and block of its one view.
+class TSourceBuffer : public TDocument {
+  public:
+    TSourceBuffer(TJournal& journal, const std::string& fileName, const std::string& bytes,
+                  std::string onDisk, std::string_view codePage)
+        : TDocument(journal, fileName, std::move(onDisk)), coded_(bytes, fileName, codePage) {}
+
+    std::string Bytes() const override { return coded_.Bytes(); }
+    std::shared_ptr<const std::string> Text() const { return coded_.SharedText(); }
+
+    /// EBadInput when the edits do not fit the text, or touch a line that cannot be written back.
+    void Check(const TEdits& edits) const;
+    /// Checks and makes the edits as one step; new lines get CR LF.
+    void Apply(const TEdits& edits, const std::string& title);
+
+    /// 1-based line, 0-based byte column; both ways clamped to the text.
+    TOTACharPos CharPosOf(int offset) const;
+    int OffsetOf(const TOTACharPos& pos) const;
+
+    TOTACharPos Cursor{1, 0};
+    TOTACharPos BlockStart{1, 0};
+    TOTACharPos BlockAfter{1, 0};
+    TOTABlockType BlockType = TOTABlockType::btNonInclusive;
+    /// A writer is at work; other changes are refused until it is done.
+    bool HasWriter = false;
+
+  private:
+    class TStep;
+
+    TCodedText coded_;
+};
+
+}  // namespace tml

@@ -1,0 +1,62 @@
+#include "runtime/Classes.h"
+
+#include <algorithm>
+
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr TRuntimeClass kClasses[] = {
+    {"TmlCustomLang", "TComponent", "Mllang", false},
+    {"TmlLang", "TmlCustomLang", "Mllang", true},
+    {"TmlLangRTSE", "TmlCustomLang", "Mllangrtse", true},
+    {"TmlLangRT", "TmlCustomLang", "Mllangrt", true},
+    {"TmlLangLinked", "TmlCustomLang", "Mllanglinked", true},
+    {"TmlLangTLV", "TmlCustomLang", "Mllangtlv", true},
+    {"TmlLangDispatcher", "TComponent", "Mllangdispatcher", true},
+    {"TmlLabel", "TLabel", "Mllabel", true},
+    {"TmlFormStorage", "TComponent", "Mlformstorage", true},
+    {"TmlLangCombo", "TComboBox", "Mllangcombo", true},
+    {"TmlOpenDialog", "TOpenDialog", "Mldialogs", true},
+    {"TmlSaveDialog", "TSaveDialog", "Mldialogs", true},
+    {"TmlOpenPictureDialog", "TOpenPictureDialog", "Mldialogs", true},
+    {"TmlSavePictureDialog", "TSavePictureDialog", "Mldialogs", true},
+    {"TmlFontDialog", "TFontDialog", "Mldialogs", true},
+    {"TmlColorDialog", "TColorDialog", "Mldialogs", true},
+    {"TmlPrintDialog", "TPrintDialog", "Mldialogs", true},
+    {"TmlPrinterSetupDialog", "TPrinterSetupDialog", "Mldialogs", true},
+    {"TmlFindDialog", "TFindDialog", "Mldialogs", true},
+    {"TmlReplaceDialog", "TReplaceDialog", "Mldialogs", true},
+    {"TmlBrowseForFolder", "TComponent", "Mldialogs", true},
+    {"TmlTaskDialog", "TComponent", "Mldialogs", true},
+};
+
+}  // namespace
+
+const TRuntimeClass* FindRuntimeClass(std::string_view name) {
+    const auto* found = std::find_if(std::begin(kClasses), std::end(kClasses),
+                                     [&](const TRuntimeClass& row) { return SameText(row.Name, name); });
+    return found == std::end(kClasses) ? nullptr : found;
+}
+
+bool ClassInheritsFrom(std::string_view name, std::string_view ancestor) {
+    for (const TRuntimeClass* row = FindRuntimeClass(name); row != nullptr;
+         row = FindRuntimeClass(row->Ancestor))
+        if (SameText(row->Name, ancestor) || SameText(row->Ancestor, ancestor)) return true;
+    return false;
+}
+
+const std::vector<std::string>& LangClassNames() {
+    static const std::vector<std::string> names = {"TmlLang", "TmlLangRTSE", "TmlLangRT", "TmlLangLinked",
+                                                   "TmlLangTLV"};
+    return names;
+}
+
+const std::vector<std::string>& GetTextMethodNames() {
+    static const std::vector<std::string> names = {"GetText(",           "GetTextC(", "GetTextOrDefault(",
+                                                   "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
+    return names;
+}
+
+}  // namespace tml
