@@ -81,7 +81,7 @@ class TProjectReader {
             else
                 set_.Projects.push_back(ReadProject(*found, std::move(parsed)));
         } catch (const EBadInput& error) {
-            AddProblem({error.File(), error.Line(), error.Problem(), "Open the project's own file"});
+            AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
     }
 
@@ -112,7 +112,7 @@ class TProjectReader {
         try {
             AddUnits(model, parse(files_.Read(*found), *found, model.CodePage), *found);
         } catch (const EBadInput& error) {
-            AddProblem({error.File(), error.Line(), error.Problem(), "Repair the program's source"});
+            AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
     }
 
@@ -128,9 +128,8 @@ class TProjectReader {
             if (isNew) {
                 LookBeside(unit);
                 model.Units.push_back(std::move(unit));
-            } else if (model.Units[place->second].FormName.empty()) {
-                model.Units[place->second].FormName = unit.FormName;
-                model.Units[place->second].DesignClass = unit.DesignClass;
+            } else {
+                Complete(model.Units[place->second], unit);
             }
         }
     }
@@ -141,6 +140,14 @@ class TProjectReader {
         for (const char* extension : {".cpp", ".c", ".pas"})
             if (auto found = index_.Find(folder, WithExtension(path, extension))) return found;
         return std::nullopt;
+    }
+
+    /// The program spells a unit's name as the compiler knows it; a project file only has a file's name.
+    static void Complete(TProjectUnit& known, const TProjectUnit& again) {
+        if (SameText(known.Name, again.Name)) known.Name = again.Name;
+        if (!known.FormName.empty()) return;
+        known.FormName = again.FormName;
+        known.DesignClass = again.DesignClass;
     }
 
     void LookBeside(TProjectUnit& unit) {
