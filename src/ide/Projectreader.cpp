@@ -134,20 +134,20 @@ class TProjectReader {
         }
     }
 
-    /// An object file stands for the source that it is compiled from.
-    std::optional<std::string> FindUnit(const std::string& folder, const std::string& path) {
-        if (!SameText(ExtensionOf(path), ".obj")) return index_.Find(folder, path);
-        for (const char* extension : {".cpp", ".c", ".pas"})
-            if (auto found = index_.Find(folder, WithExtension(path, extension))) return found;
-        return std::nullopt;
-    }
-
     /// The program spells a unit's name as the compiler knows it; a project file only has a file's name.
     static void Complete(TProjectUnit& known, const TProjectUnit& again) {
         if (SameText(known.Name, again.Name)) known.Name = again.Name;
         if (!known.FormName.empty()) return;
         known.FormName = again.FormName;
         known.DesignClass = again.DesignClass;
+    }
+
+    /// An object file stands for the source that it is compiled from.
+    std::optional<std::string> FindUnit(const std::string& folder, const std::string& path) {
+        if (!SameText(ExtensionOf(path), ".obj")) return index_.Find(folder, path);
+        for (const char* extension : {".cpp", ".c", ".pas"})
+            if (auto found = index_.Find(folder, WithExtension(path, extension))) return found;
+        return std::nullopt;
     }
 
     void LookBeside(TProjectUnit& unit) {
