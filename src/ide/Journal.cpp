@@ -138,6 +138,7 @@ std::unique_ptr<ICommandScope> TJournal::BeginUnlessRunning(const std::string& t
 void TJournal::Add(std::unique_ptr<TUndoStep> step) {
     if (scopes_.empty()) throw std::logic_error("a change outside of every command");
     if (step->Aspect() == TUndoStep::TAspect::Content) changed_.insert(step->Document().get());
+    if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].push_back(step.get());
     running_.Steps.push_back(std::move(step));
 }
 
@@ -146,10 +147,8 @@ bool TJournal::ChangedInScope(const TDocument& document) const {
 }
 
 const TUndoStep* TJournal::PendingSave(const std::string& fileName) const {
-    for (auto step = running_.Steps.rbegin(); step != running_.Steps.rend(); ++step)
-        if ((*step)->BytesToWrite() != nullptr && (*step)->Document()->FileName() == fileName)
-            return step->get();
-    return nullptr;
+    const auto found = saves_.find(fileName);
+    return found == saves_.end() || found->second.empty() ? nullptr : found->second.back();
 }
 
 void TJournal::ToggleBack(TSteps& steps, std::size_t downTo) {
@@ -172,6 +171,8 @@ void TJournal::RollBack(std::size_t downTo) {
     TSteps dropped(std::make_move_iterator(running_.Steps.begin() + static_cast<std::ptrdiff_t>(downTo)),
                    std::make_move_iterator(running_.Steps.end()));
     running_.Steps.resize(downTo);
+    for (const auto& step : dropped)
+        if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].pop_back();
     TellRestored(dropped, 0);
 }
 
@@ -179,6 +180,7 @@ void TJournal::Commit() {
     WriteSaved();
     TEntry entry = std::move(running_);
     running_ = TEntry();
+    saves_.clear();
     std::erase_if(entry.Steps, [](const auto& step) { return step->Aspect() == TUndoStep::TAspect::Saving; });
     if (entry.Steps.empty()) return;
     DropRedoOf(entry);

@@ -50,13 +50,17 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     void ForgetProjects();
 
   private:
-    TModuleFiles ReadFiles(const TProjectUnit& unit);
-    TProjectUnit FindUnit(const std::string& fileName);
-    std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName);
-    std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName);
+    /// A unit and the code page of the project that names it.
+    struct TFoundUnit {
+        TProjectUnit Unit;
+        std::string CodePage;
+    };
+    TFoundUnit FindUnit(const std::string& fileName);
+    TModuleFiles ReadFiles(const TFoundUnit& found);
+    std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName, const std::string& codePage);
+    std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName, const std::string& codePage);
     /// What the disk holds, and what the running command has made of it.
     std::pair<std::string, std::string> ReadBytes(const std::string& fileName);
-    std::string CodePage();
     void AttachDesigner(const std::shared_ptr<TModule>& module);
     void Register(const std::shared_ptr<TModule>& module);
     void Unregister(const std::shared_ptr<TModule>& module);

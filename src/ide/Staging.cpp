@@ -204,7 +204,7 @@ bool HasLeftOvers(IFileSystem& files, const std::string& recordPath,
 }  // namespace
 
 std::string CommitRecordPath(const std::string& projectFile) {
-    return JoinPath(FolderOf(projectFile), "." + FileNameOf(projectFile) + ".tml-commit");
+    return JoinPath(FolderOf(projectFile), "." + WithExtension(FileNameOf(projectFile), "") + ".tml-commit");
 }
 
 void WriteTogether(IFileSystem& files, const std::string& recordPath,
