@@ -7,9 +7,9 @@
 
 namespace tml {
 
-/// The sub-items of a row of the forms list. The last one is in no column: the class of the component
-/// whose name the row shows.
-enum TFormsListCell { fcUnitName, fcFileName, fcLanguages, fcComponent, fcClass, fcCount };
+/// The sub-items of a row of the forms list. The last two are in no column: the class of the component
+/// whose name the row shows, and the file name in upper case, by which rows are found.
+enum TFormsListCell { fcUnitName, fcFileName, fcLanguages, fcComponent, fcClass, fcFileKey, fcCount };
 
 /// The pages of the main window.
 enum class TFormsPage { ProjectForms, ExternalFiles };
@@ -38,6 +38,10 @@ void SetColumnWidths(TListView& list, std::string_view text);
 /// component.
 void UpdateItem(TListItem* item, const std::string& componentName, int numLang,
                 const std::string& className = {});
+
+/// Adds a row without a component.
+TListItem& AddRow(TListView& list, const std::string& formName, const std::string& unitName,
+                  const std::string& fileName);
 
 /// The row whose unit is this file (without regard to case), nullptr when there is none.
 TListItem* FindRowOfFile(TListView& list, const std::string& fileName);

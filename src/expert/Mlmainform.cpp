@@ -50,7 +50,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
     Context.Rows = TFormsList();
     BuildMenus();
     Menu = MainMenu;
-    FormShow();
+    TfrmmlLang::FormShow();
     CheckEnableActions();
 }
 
