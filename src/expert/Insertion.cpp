@@ -1,7 +1,6 @@
 #include "expert/Insertion.h"
 
 #include "base/Errors.h"
-#include "base/Format.h"
 #include "base/Utf8.h"
 #include "expert/Modules.h"
 #include "translations/Langconfig.h"
@@ -142,10 +141,6 @@ void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp) {
         item = context.Rows.Active().NextSelected(*item);
     }
     context.Rows.Active().Touch();
-}
-
-std::string GeneratedLangName(int position) {
-    return Format("Language N%d", position);
 }
 
 void sbLanguagesClick(TContext& context) {
