@@ -26,6 +26,8 @@ class TBinaryTreeReader {
         : file_(file), bytes_(bytes), habits_(habits), values_(bytes, nullptr, nullptr, &habits) {}
 
     std::unique_ptr<TFormNode> ReadNode(TFormNode* parent, int depth);
+    /// Whether a name needs a code page.
+    bool HasHighNames() const { return hasHighNames_; }
 
   private:
     void ReadHead(TFormNodeData& data);
@@ -36,6 +38,7 @@ class TBinaryTreeReader {
     TFormBytes& bytes_;
     TFormStringHabits& habits_;
     TBinaryValueReader values_;
+    bool hasHighNames_ = false;
 };
 
 std::unique_ptr<TFormNode> TBinaryTreeReader::ReadNode(TFormNode* parent, int depth) {
@@ -74,7 +77,10 @@ void TBinaryTreeReader::ReadHead(TFormNodeData& data) {
 TFormSpan TBinaryTreeReader::ReadName() {
     const std::size_t begin = bytes_.Offset();
     const std::string_view name = bytes_.ShortString();
-    if (!IsAscii(name)) habits_.AnsiSample.append(name).push_back('\n');
+    if (!IsAscii(name)) {
+        habits_.AnsiSample.append(name).push_back('\n');
+        hasHighNames_ = true;
+    }
     return {Narrow(begin), Narrow(bytes_.Offset())};
 }
 
@@ -117,8 +123,9 @@ std::unique_ptr<TFormNode> TBinaryFormFile::Parse() {
     TFormBytes bytes(Bytes(), 0, FileName());
     if (Bytes().starts_with(kResourceSignature)) sizeOffset_ = ReadResourceHeader(bytes);
     if (bytes.Take(kFormSignature.size()) != kFormSignature) bytes.Fail("expected the signature TPF0");
-    std::unique_ptr<TFormNode> root = TBinaryTreeReader(*this, bytes, habits_).ReadNode(nullptr, 1);
-    if (!habits_.AnsiSample.empty()) DecodeNames(*root);
+    TBinaryTreeReader reader(*this, bytes, habits_);
+    std::unique_ptr<TFormNode> root = reader.ReadNode(nullptr, 1);
+    if (reader.HasHighNames()) DecodeNames(*root);
     return root;
 }
 
@@ -132,7 +139,8 @@ std::string_view TBinaryFormFile::Name(TFormSpan name) const {
 }
 
 TEncoding TBinaryFormFile::FindEncoding() const {
-    return DetectEncoding(habits_.AnsiSample, CodePage());
+    // The line break keeps the first string from being taken for a byte order mark.
+    return DetectEncoding('\n' + habits_.AnsiSample, CodePage());
 }
 
 }  // namespace tml

@@ -177,14 +177,12 @@ void TFormBinaryWriter::BeginItem(std::optional<int> position) {
     out_ += MarkByte(TFormMark::List);
 }
 
-std::string WrapResource(std::string_view className, std::string_view form) {
-    std::string resource(kResourceSignature);
+std::string ResourceHeader(std::string_view className) {
+    std::string header(kResourceSignature);
     for (const char c : className)
-        resource += c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-    resource += kResourceFlags;
-    resource += SizeBytes(form.size());
-    resource += form;
-    return resource;
+        header += c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+    header += kResourceFlags;
+    return header + SizeBytes(0);
 }
 
 }  // namespace tml

@@ -46,8 +46,9 @@ class TFormBinaryWriter : public TFormSink {
     std::string& out_;
 };
 
-/// The form as binary resource: header, size and form. className is that of the root, in bytes.
-std::string WrapResource(std::string_view className, std::string_view form);
+/// The header of a binary resource; className is that of the root, in bytes. The last four bytes, the size
+/// of the form, are left at 0.
+std::string ResourceHeader(std::string_view className);
 
 /// A 32-bit size as it stands in a binary.
 std::string SizeBytes(std::size_t size);

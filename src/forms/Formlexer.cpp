@@ -1,5 +1,9 @@
 #include "forms/Formlexer.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
 #include "base/Errors.h"
 #include "forms/Formchars.h"
 
@@ -9,20 +13,32 @@ namespace {
 
 constexpr char32_t kMaxCode = 0x10FFFF;
 
+constexpr std::array<std::int8_t, 256> kHexValues = [] {
+    std::array<std::int8_t, 256> values{};
+    for (int c = 0; c < 256; ++c) {
+        const int lower = c | 0x20;
+        int value = -1;
+        if (c >= '0' && c <= '9') value = c - '0';
+        if (lower >= 'a' && lower <= 'f') value = lower - 'a' + 10;
+        values[static_cast<std::size_t>(c)] = static_cast<std::int8_t>(value);
+    }
+    return values;
+}();
+
 int HexValue(char c) {
-    if (c <= '9') return c - '0';
-    return (c | 0x20) - 'a' + 10;
+    return kHexValues[static_cast<unsigned char>(c)];
 }
 
 }  // namespace
 
-TFormLexer::TFormLexer(const std::string& text, std::size_t offset, int line, const std::string& fileName)
-    : text_(text), fileName_(fileName), begin_(offset), end_(offset), line_(line) {}
+TFormLexer::TFormLexer(const std::string& text, std::size_t begin, std::size_t end, int line,
+                       const std::string& fileName)
+    : text_(text), fileName_(fileName), limit_(end), begin_(begin), end_(begin), line_(line) {}
 
 void TFormLexer::Next() {
-    SkipBlanks();
+    if (end_ < limit_) SkipBlanks();
     begin_ = end_;
-    if (begin_ >= text_.size()) {
+    if (begin_ >= limit_) {
         kind_ = TFormToken::End;
         return;
     }
@@ -42,7 +58,10 @@ bool TFormLexer::IsWord(std::string_view lowerCase) const {
 void TFormLexer::SkipBlanks() {
     const int line = line_;
     const char* p = text_.data() + end_;
-    for (; IsFormChar(*p, kBlank); ++p) {
+    for (;; ++p) {
+        while (*p == ' ')
+            ++p;
+        if (!IsFormChar(*p, kBlank)) break;
         if (*p == '\n' || (*p == '\r' && p[1] != '\n')) ++line_;
     }
     end_ = static_cast<std::size_t>(p - text_.data());
@@ -140,22 +159,26 @@ void TFormLexer::ReadCode() {
 
 void TFormLexer::ReadBlock(std::string* bytes) {
     const int line = line_;
+    if (bytes != nullptr) bytes->reserve((std::min(text_.find('}', end_), limit_) - end_) / 2);
     for (;;) {
         SkipBlanks();
+        ReadHexDigits(bytes);
         if (text_[end_] == '}') break;
-        if (!IsFormChar(text_[end_], kHexDigit) || !IsFormChar(text_[end_ + 1], kHexDigit)) {
-            if (end_ >= text_.size()) {
-                line_ = line;
-                Fail("the block that begins here has no '}'");
-            }
-            Fail("expected two hexadecimal digits or '}'");
-        }
-        if (bytes != nullptr) {
-            bytes->push_back(static_cast<char>(HexValue(text_[end_]) * 16 + HexValue(text_[end_ + 1])));
-        }
-        end_ += 2;
+        if (end_ >= text_.size()) FailAt(line, "the block that begins here has no '}'");
+        if (!IsFormChar(text_[end_], kBlank)) Fail("expected two hexadecimal digits or '}'");
     }
     ++end_;
+}
+
+void TFormLexer::ReadHexDigits(std::string* bytes) {
+    const char* p = text_.data() + end_;
+    for (;; p += 2) {
+        const int high = HexValue(p[0]);
+        const int low = high < 0 ? -1 : HexValue(p[1]);
+        if (low < 0) break;
+        if (bytes != nullptr) bytes->push_back(static_cast<char>(high * 16 + low));
+    }
+    end_ = static_cast<std::size_t>(p - text_.data());
 }
 
 void TFormLexer::FailAt(int line, const std::string& problem) const {

@@ -11,8 +11,10 @@ enum class TFormToken : unsigned char { End, Name, Integer, Float, String, Symbo
 /// one run of quoted pieces and character codes; what joins runs (" +") is the parser's business.
 class TFormLexer {
   public:
-    /// Starts at a byte offset of text; both strings must outlive the lexer. line is that of the offset.
-    TFormLexer(const std::string& text, std::size_t offset, int line, const std::string& fileName);
+    /// Reads from byte offset begin of text up to end; both strings must outlive the lexer. line is that of
+    /// the first byte read.
+    TFormLexer(const std::string& text, std::size_t begin, std::size_t end, int line,
+               const std::string& fileName);
 
     /// Reads the next token; throws EBadInput where none can be read.
     void Next();
@@ -45,10 +47,12 @@ class TFormLexer {
     void ReadString();
     void ReadQuoted();
     void ReadCode();
+    void ReadHexDigits(std::string* bytes);
     void SkipWhile(int classes);
 
     const std::string& text_;
     const std::string& fileName_;
+    const std::size_t limit_;
     std::size_t begin_;
     std::size_t end_;
     int line_;

@@ -30,8 +30,8 @@ class TTextTreeReader {
   public:
     explicit TTextTreeReader(const TFormFile& file)
         : file_(file),
-          lexer_(file.Bytes(), file.Bytes().starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0, 1,
-                 file.FileName()),
+          lexer_(file.Bytes(), file.Bytes().starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0,
+                 file.Bytes().size(), 1, file.FileName()),
           values_(file, lexer_, nullptr, nullptr) {}
 
     std::unique_ptr<TFormNode> Read() {
@@ -140,7 +140,7 @@ std::unique_ptr<TFormNode> TTextFormFile::Parse() {
 }
 
 void TTextFormFile::Read(TFormSpan value, TFormSink& sink, IFormPlaces* places) const {
-    TFormLexer lexer(Bytes(), value.Begin, 0, FileName());
+    TFormLexer lexer(Bytes(), value.Begin, value.End, 0, FileName());
     lexer.Next();
     TTextValueReader(*this, lexer, &sink, places).Read(0);
 }

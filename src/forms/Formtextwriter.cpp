@@ -141,10 +141,13 @@ void TFormTextWriter::Binary(std::string_view bytes) {
 
 void TFormTextWriter::WriteHexLine(std::string_view bytes) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
+    const std::size_t begin = out_.size();
+    out_.resize(begin + 2 * bytes.size());
+    char* digit = out_.data() + begin;
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        out_ += kDigits[byte >> 4];
-        out_ += kDigits[byte & 0xF];
+        *digit++ = kDigits[byte >> 4];
+        *digit++ = kDigits[byte & 0xF];
     }
 }
 

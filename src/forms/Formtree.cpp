@@ -130,11 +130,15 @@ std::string TFormTree::Text() const {
 std::string TFormTree::Binary() const {
     if (IsBinary()) return Bytes();
     if (editor_) return Reread()->Binary();
-    std::string form(kFormSignature);
-    form.reserve(file_->Bytes().size());
-    TFormBinaryWriter writer(*file_, TFormStringKind::Wide, form);
+    std::string resource = ResourceHeader(file_->Name(root_->Data().ClassSpan));
+    const std::size_t begin = resource.size();
+    resource.reserve(file_->Bytes().size());
+    resource += kFormSignature;
+    TFormBinaryWriter writer(*file_, TFormStringKind::Wide, resource);
     WriteNode(*root_, writer);
-    return WrapResource(file_->Name(root_->Data().ClassSpan), form);
+    const std::string size = SizeBytes(resource.size() - begin);
+    resource.replace(begin - size.size(), size.size(), size);
+    return resource;
 }
 
 }  // namespace tml
