@@ -69,6 +69,12 @@ TListItem& AddRow(TListView& list, const std::string& formName, const std::strin
     return item;
 }
 
+TRowGuard::~TRowGuard() {
+    if (kept_) return;
+    item_.SubItems = cells_;
+    item_.StateIndex = stateIndex_;
+}
+
 TListItem* FindRowOfFile(TListView& list, const std::string& fileName) {
     return FindRow(
         list, [key = UpperCase(fileName)](const TListItem& item) { return item.SubItems[fcFileKey] == key; });

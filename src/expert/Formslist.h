@@ -2,6 +2,8 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/Controls.h"
 
@@ -42,6 +44,22 @@ void UpdateItem(TListItem* item, const std::string& componentName, int numLang,
 /// Adds a row without a component.
 TListItem& AddRow(TListView& list, const std::string& formName, const std::string& unitName,
                   const std::string& fileName);
+
+/// Gives a row its cells back when it goes, unless they are kept: for a command that may be taken back.
+class TRowGuard {
+  public:
+    explicit TRowGuard(TListItem& item) : item_(item), cells_(item.SubItems), stateIndex_(item.StateIndex) {}
+    ~TRowGuard();
+    TRowGuard(const TRowGuard&) = delete;
+    TRowGuard& operator=(const TRowGuard&) = delete;
+    void Keep() { kept_ = true; }
+
+  private:
+    TListItem& item_;
+    std::vector<std::string> cells_;
+    int stateIndex_;
+    bool kept_ = false;
+};
 
 /// The row whose unit is this file (without regard to case), nullptr when there is none.
 TListItem* FindRowOfFile(TListView& list, const std::string& fileName);

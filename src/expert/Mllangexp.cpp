@@ -76,7 +76,16 @@ std::string TmlLangExpert::GetAuthor() {
 void TmlLangExpert::Configure() {
     INTAServices* nta = host_.Services == nullptr ? nullptr : host_.Services->GetNTAServices();
     if (nta == nullptr) return;
-    const auto& sections = nta->GetMainMenu().Items;
+    try {
+        CreateMenuItem(nta->GetMainMenu());
+    } catch (const std::exception&) {
+        // The IDE's menu does not take the item: the expert runs without one.
+        menuItem_.reset();
+    }
+}
+
+void TmlLangExpert::CreateMenuItem(TMenuItem& mainMenu) {
+    const auto& sections = mainMenu.Items;
     const auto section = std::find_if(sections.begin(), sections.end(), [this](const auto& item) {
         return item->Name == settings_.Get().MenuSection;
     });

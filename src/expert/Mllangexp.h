@@ -59,6 +59,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     TfrmmlLang* Window();
 
   private:
+    void CreateMenuItem(TMenuItem& mainMenu);
     void RebuildMenus();
     void FreeMenuItem();
     void CreateMainWindow();

@@ -48,6 +48,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
     ClientWidth = 700;
     ClientHeight = 400;
     Context.Rows = TFormsList();
+    Context.OnRowsChanged = [this] { Changed(); };
     BuildMenus();
     Menu = MainMenu;
     TfrmmlLang::FormShow();
@@ -56,6 +57,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
 
 TfrmmlLang::~TfrmmlLang() {
     ClearRows(lvFormNames);
+    Context.OnRowsChanged = nullptr;
     *isAlive_ = false;
 }
 
