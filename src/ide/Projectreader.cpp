@@ -60,7 +60,9 @@ class TProjectReader {
     /// The first one on top.
     void AddMembers(const std::string& groupFile, const TParsedProject& group) {
         std::transform(group.Projects.rbegin(), group.Projects.rend(), std::back_inserter(members_),
-                       [&](const std::string& name) { return TMember{groupFile, name}; });
+                       [&](const std::string& name) {
+                           return TMember{groupFile, name};
+                       });
     }
 
     /// A group among them gives its members their place in the order.
