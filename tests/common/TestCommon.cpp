@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <string>
 
 #include "platform/Mlcommon.h"
@@ -7,7 +6,9 @@
 namespace tml {
 namespace {
 
-std::unique_ptr<ICommonLibraryLoader> Loader() { return MakeCommonLibraryLoader(TML_BIN "/TmlLang_Common.so"); }
+std::unique_ptr<ICommonLibraryLoader> Loader() {
+    return MakeCommonLibraryLoader(TML_BIN "/TmlLang_Common.so");
+}
 
 std::string InComments(ICommonLibrary& library, const std::string& text, bool isCpp) {
     library.InitInternalPasSource(text);
@@ -39,13 +40,23 @@ TEST(Common, MatchesWholeTexts) {
         bool Matches;
     };
     const TCase cases[] = {
-        {"abc", "a.c", true},     {"abc", "b", false},        {"abc", "a|abc", true},  {"ab\nc", "ab", false},
-        {"äöü", "...", true},     {"x", "(", false},          {"", "", true},          {"\xFF", ".*", false},
-        {"abc", "ABC", false},    {"abc", "(?i)ABC", true},   {"ÄÄ", "\\w+", true},    {"a1", "(a)(1)", true},
+        {"abc", "a.c", true},
+        {"abc", "b", false},
+        {"abc", "a|abc", true},
+        {"ab\nc", "ab", false},
+        {"äöü", "...", true},
+        {"x", "(", false},
+        {"", "", true},
+        {"\xFF", ".*", false},
+        {"abc", "ABC", false},
+        {"abc", "(?i)ABC", true},
+        {"ÄÄ", "\\w+", true},
+        {"a1", "(a)(1)", true},
         {"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab", "(a+)+$", false},
     };
     for (const TCase& row : cases)
-        EXPECT_EQ(library->mlREStringMatches(row.Text, row.Pattern), row.Matches) << row.Text << " " << row.Pattern;
+        EXPECT_EQ(library->mlREStringMatches(row.Text, row.Pattern), row.Matches)
+            << row.Text << " " << row.Pattern;
 }
 
 TEST(Common, MissingLibraryIsNoError) {

@@ -42,19 +42,19 @@ TEST(Scan, WithoutLibraryOffersComments) {
 }
 
 TEST(Scan, ObeysTags) {
-    ExpectScans(
-        "a.pas",
-        {{"  {tml:ignore on} \r\ns := 'ab';\r\n{TML:IGNORE OFF}\r\ns := 'cd';\r\n", "IDS_0=cd |"},
-         {"x := 1; {TML:IGNORE ON}\r\ns := 'ab';\r\n", "IDS_0=ab |"},
-         {"s := 'ab'; {tml:Ignore}\r\n", "| ssByIgnoreTag:s := 'ab'; {tml:Ignore}"},
-         {"{TML:IGNORE ON} s := 'ab';\r\n", "| ssByIgnoreTag:{TML:IGNORE ON} s := 'ab';"},
-         {"{tml:ignore on} s := 'ab';\r\n", "IDS_0=ab |"},
-         {"{TML:IGNORE NEXT}\r\ns := 'ab';\r\ns := 'cd';\r\n", "IDS_0=cd |"},
-         {"{TML:IGNORE ON}\r\n{TML:TRANSLATE NEXT}\r\ns := 'ab';\r\ns := 'cd';\r\n", "IDS_0=ab |"},
-         {"{TML:IGNORE NEXT}\r\n{TML:IGNORE ON}\r\ns := 'ab';\r\n", "IDS_0=ab |"}});
-    ExpectScans("a.h", {{"/*TML:IGNORE ON*/\r\ns = \"ab\";\r\n/*TML:IGNORE OFF*/\r\ns = \"cd\";\r\n", "IDS_0=cd |"},
-                        {"/*TML:IGNORE NEXT*/\r\ns = \"ab\";\r\ns = \"cd\"; /*TML:IGNORE*/\r\n",
-                         "| ssByIgnoreTag:s = \"cd\"; /*TML:IGNORE*/"}});
+    ExpectScans("a.pas",
+                {{"  {tml:ignore on} \r\ns := 'ab';\r\n{TML:IGNORE OFF}\r\ns := 'cd';\r\n", "IDS_0=cd |"},
+                 {"x := 1; {TML:IGNORE ON}\r\ns := 'ab';\r\n", "IDS_0=ab |"},
+                 {"s := 'ab'; {tml:Ignore}\r\n", "| ssByIgnoreTag:s := 'ab'; {tml:Ignore}"},
+                 {"{TML:IGNORE ON} s := 'ab';\r\n", "| ssByIgnoreTag:{TML:IGNORE ON} s := 'ab';"},
+                 {"{tml:ignore on} s := 'ab';\r\n", "IDS_0=ab |"},
+                 {"{TML:IGNORE NEXT}\r\ns := 'ab';\r\ns := 'cd';\r\n", "IDS_0=cd |"},
+                 {"{TML:IGNORE ON}\r\n{TML:TRANSLATE NEXT}\r\ns := 'ab';\r\ns := 'cd';\r\n", "IDS_0=ab |"},
+                 {"{TML:IGNORE NEXT}\r\n{TML:IGNORE ON}\r\ns := 'ab';\r\n", "IDS_0=ab |"}});
+    ExpectScans("a.h",
+                {{"/*TML:IGNORE ON*/\r\ns = \"ab\";\r\n/*TML:IGNORE OFF*/\r\ns = \"cd\";\r\n", "IDS_0=cd |"},
+                 {"/*TML:IGNORE NEXT*/\r\ns = \"ab\";\r\ns = \"cd\"; /*TML:IGNORE*/\r\n",
+                  "| ssByIgnoreTag:s = \"cd\"; /*TML:IGNORE*/"}});
 }
 
 TEST(Scan, LiteralsOverSeveralLinesStandOrFallAsOne) {
@@ -71,11 +71,13 @@ TEST(Scan, AppliesTheSettingsInOrder) {
     input.Skip.SkipWords = TStringList({"OK", "[a-z]1", "("});
     input.Skip.SkipLines = TStringList({"", "log("});
     input.Skip.UseRegExpForSkip = true;
-    EXPECT_EQ(Dump(Scan(input)),
-              "IDS_0=ab | ssrByPhrase:ok ssrByPhrasesRE:a1 ssrByPhrase:OK ssrComments:x1 ssrByLine:Log('cd');");
+    EXPECT_EQ(
+        Dump(Scan(input)),
+        "IDS_0=ab | ssrByPhrase:ok ssrByPhrasesRE:a1 ssrByPhrase:OK ssrComments:x1 ssrByLine:Log('cd');");
     EXPECT_EQ(SkipReasonText(ssrComments), "The string is found in source comments.");
     input.Common = nullptr;
-    EXPECT_EQ(Dump(Scan(input)), "IDS_0=a1 IDS_1=ab IDS_2=x1 | ssrByPhrase:ok ssrByPhrase:OK ssrByLine:Log('cd');");
+    EXPECT_EQ(Dump(Scan(input)),
+              "IDS_0=a1 IDS_1=ab IDS_2=x1 | ssrByPhrase:ok ssrByPhrase:OK ssrByLine:Log('cd');");
     input.Skip.IgnorableLength = 2;
     EXPECT_EQ(Dump(Scan(input)), "| ssrByLine:Log('cd');");
     input = InputFor("a.pas", "s := '' + 'x' + '–';\r\n");
@@ -115,7 +117,8 @@ TEST(Scan, DescribesWhatItFinds) {
 }
 
 TEST(Scan, CoversTheSelectionOnly) {
-    const std::string text = "{TML:IGNORE ON}\r\na := 'ab';\r\n{TML:IGNORE OFF}\r\nb := 'cd'; c := 'ef';\r\nd := 'gh';\r\n";
+    const std::string text =
+        "{TML:IGNORE ON}\r\na := 'ab';\r\n{TML:IGNORE OFF}\r\nb := 'cd'; c := 'ef';\r\nd := 'gh';\r\n";
     TScanInput input = InputFor("a.pas", text);
     const auto scan = [&](const char* from, const char* to) {
         input.Selection = TTextRange{text.find(from), text.find(to)};
