@@ -66,7 +66,7 @@ class TReplaceRun {
         if (program_.Json)
             PrintJson(file);
         else
-            PrintText(form, file);
+            PrintText(form, RelativeTo(folder_, file));
     }
 
     void PrintJson(const std::string& file) const {
@@ -113,6 +113,7 @@ class TReplaceRun {
     TProgram& program_;
     const TReplaceOptions& options_;
     TSession session_;
+    std::string folder_ = FolderOf(program_.Files->Resolve(options_.Project));
     TDecision decision_;
 };
 
