@@ -6,6 +6,7 @@
 #include "base/Utf8.h"
 #include "source/Charclass.h"
 #include "source/Outline.h"
+#include "source/Pascalwords.h"
 #include "source/Sourceedits.h"
 #include "source/Tokens.h"
 
@@ -81,13 +82,6 @@ class TUsesReader {
         else if (clause.Units.back().Name.back() == '.')
             clause.Units.back().Name += text;
         return false;
-    }
-
-    static int ConditionStep(std::string_view directive) {
-        const std::string upper = UpperCase(directive.substr(0, 8));
-        const std::string_view name = std::string_view(upper).substr(upper.find('$') + 1);
-        if (name.starts_with("ENDIF") || name.starts_with("IFEND")) return -1;
-        return name.starts_with("IF") ? 1 : 0;
     }
 
     const TSourceText& source_;
