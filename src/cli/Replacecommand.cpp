@@ -14,6 +14,7 @@ namespace {
 struct TReplaceOptions {
     std::string Project;
     std::vector<std::string> Forms;
+    bool Const = false;
     bool All = false;
     bool DryRun = false;
     bool Patch = false;
@@ -64,7 +65,7 @@ class TReplaceRun {
         const std::string file = row.SubItems[fcFileName];
         const std::string form = row.Caption;
         session_.Select(row);
-        session_.Window().Run("SourceWithForm");
+        session_.Window().Run(options_.Const ? "ConstWithForm" : "SourceWithForm");
         if (!session_.Answers().Errors.empty()) return;
         if (program_.Json)
             PrintJson(file);
@@ -132,6 +133,7 @@ void AddReplaceCommand(CLI::App& app, TProgram& program) {
     const auto options = std::make_shared<TReplaceOptions>();
     command->add_option("PROJECT", options->Project, "A project file")->required();
     command->add_option("--form", options->Forms, "Only the unit of this form; may be repeated");
+    command->add_flag("--const", options->Const, "The string constants of the const sections instead");
     command->add_flag("--all", options->All, "Also strings that carry an advice against it");
     command->add_flag("--dry-run", options->DryRun, "List what would be replaced; write nothing");
     command->add_flag("--patch", options->Patch, "Print the change as a unified diff; write nothing");

@@ -1,5 +1,6 @@
 #include "scan/Scanreplace.h"
 
+#include <optional>
 #include <set>
 
 #include "base/Errors.h"
@@ -7,18 +8,23 @@
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Constreplace.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
 
 namespace tml {
 namespace {
 
+constexpr std::string_view kReplaced =
+    "Source file translated. All string constants added to \"Strings\" property.";
+
 /// One run over one unit. Hides the progress text however it ends.
 class TRun {
   public:
-    TRun(TContext& context, TListItem& item, const std::string& unitFile)
+    TRun(TContext& context, TListItem& item, const std::string& unitFile, bool constSection)
         : context_(context),
           item_(item),
+          constSection_(constSection),
           formUnit_(item.SubItems[fcFileName]),
           unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
     ~TRun() { context_.Dialogs().HideProgress(); }
@@ -53,12 +59,14 @@ class TRun {
 
     TContext& context_;
     TListItem& item_;
+    bool constSection_;
     std::string formUnit_;
     std::string unitFile_;
     std::shared_ptr<TmlCustomLang> lang_;
     std::shared_ptr<const std::string> text_;
     TScanInput input_;
-    TmlFoundSourceStrings strings_;  ///< found, then kept
+    std::optional<TConstRun> consts_;  ///< what a run over const sections does its own way
+    TmlFoundSourceStrings strings_;    ///< found, then kept
 };
 
 void TRun::Open() {
@@ -67,6 +75,7 @@ void TRun::Open() {
     if (lang_ == nullptr) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
+    if (constSection_) consts_.emplace(context_, input_, item_.Caption, formUnit_);
 }
 
 TScanInput TRun::MakeInput() {
@@ -99,11 +108,12 @@ TScanInput TRun::MakeInput() {
 
 bool TRun::FindStrings() {
     Progress("Scanning...");
-    TScanResult result = Scan(input_);
+    TScanResult result = consts_ ? consts_->Scan() : Scan(input_);
     context_.Skipped = std::move(result.Skipped);
     strings_ = std::move(result.Found);
     if (!strings_.Empty()) return true;
-    Message(Format("No strings found in the \"%s\" source!", FileNameOf(unitFile_)));
+    Message(consts_ ? NoConstsMessage(unitFile_)
+                    : Format("No strings found in the \"%s\" source!", FileNameOf(unitFile_)));
     return false;
 }
 
@@ -114,6 +124,7 @@ bool TRun::Review() {
     VerifyAgainstExisting(strings_, input_.Existing, style);
     Progress("Checking duplicates...", 0, strings_.Count());
     MergeDuplicates(strings_);
+    if (consts_) consts_->FetchAnew(strings_);
     context_.Dialogs().HideProgress();
     TfrmFound window(context_, {unitFile_, text_, style, input_.Existing, std::move(strings_)});
     if (context_.Dialogs().ShowModal(window) != mrOk) return false;
@@ -136,8 +147,12 @@ void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
     changes.Title = "Replace strings of " + FileNameOf(unitFile_);
-    changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
-    ProveRewrite(strings_, input_, changes.Sources.front().Edits);
+    if (consts_) {
+        consts_->Plan(strings_, text_, changes);
+    } else {
+        changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
+        ProveRewrite(strings_, input_, changes.Sources.front().Edits);
+    }
     changes.Properties = lang_->PlanAddStrings(NewStrings());
     if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
     GetModuleServices(context_)->ApplyChangeSet(changes);
@@ -146,23 +161,26 @@ void TRun::Modify() {
 
 }  // namespace
 
-bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile) {
+bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile, bool constSection) {
     IOTAModuleServices* services = GetModuleServices(context);
     if (services == nullptr) return false;
     TRowGuard row(item);
     // Without Commit the scope takes everything back, the inserted component too.
     const auto scope = services->BeginCommand("Replace hard-coded strings");
-    if (!TRun(context, item, unitFile).Execute()) return false;
+    if (!TRun(context, item, unitFile, constSection).Execute()) return false;
     scope->Commit();
     row.Keep();
-    context.Dialogs().MessageDlg(
-        "Source file translated. All string constants added to \"Strings\" property.",
-        TMsgDlgType::mtInformation, {mrOk});
+    context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
+                                 TMsgDlgType::mtInformation, {mrOk});
     return true;
 }
 
 void SourceWithForm(TContext& context) {
     if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item);
+}
+
+void ConstWithForm(TContext& context) {
+    if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item, {}, true);
 }
 
 }  // namespace tml
