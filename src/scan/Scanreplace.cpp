@@ -147,13 +147,13 @@ void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
     changes.Title = "Replace strings of " + FileNameOf(unitFile_);
+    changes.Properties = lang_->PlanAddStrings(NewStrings());
     if (consts_) {
         consts_->Plan(strings_, text_, changes);
     } else {
         changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
         ProveRewrite(strings_, input_, changes.Sources.front().Edits);
     }
-    changes.Properties = lang_->PlanAddStrings(NewStrings());
     if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
     GetModuleServices(context_)->ApplyChangeSet(changes);
     MarkModifiedForm(context_, item_.Caption);
