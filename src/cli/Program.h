@@ -16,6 +16,8 @@ struct TProgram {
     bool Json = false;
     bool Yes = false;
     std::string ConfigFolder;  ///< of the settings; the user's unless --config names another
+    /// Class of inserted components in this run, the user's default when empty.
+    std::string ComponentClass;
     IFileSystem* Files = nullptr;
     /// Set by the command that the arguments name; gives the exit code.
     std::function<int(TProgram&)> Run;

@@ -14,7 +14,9 @@ void TMenuItem::Remove(const TMenuItem* item) {
 }
 
 void TMenuItem::Click() {
-    if (Enabled && OnClick) OnClick();
+    // A copy: the handler may close the window that the item belongs to.
+    const auto handler = OnClick;
+    if (Enabled && handler) handler();
 }
 
 void TForm::Changed() const {

@@ -64,6 +64,14 @@ class TForm {
     TModalResult ModalResult = mrNone;
     std::function<void()> OnChange;
 
+    /// The menu bar, nullptr for none.
+    std::shared_ptr<TMenuItem> Menu;
+    /// The window whose whole client area this one fills without a border; nullptr for a window of its own.
+    TForm* Parent = nullptr;
+    int ClientWidth = 0;
+    int ClientHeight = 0;
+    bool Centered = false;  ///< shown in the middle of the screen
+
     virtual void FormShow() {}
     /// False keeps the window open.
     virtual bool FormCloseQuery() { return true; }

@@ -1,0 +1,85 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+#include "base/Utf8.h"
+#include "cli/Jsonlines.h"
+#include "cli/Session.h"
+
+namespace tml {
+namespace {
+
+void PrintJson(TContext& context) {
+    for (const auto& row : context.Rows.FormNames.Items()) {
+        TJsonLine(std::cout)
+            .Text("form", row->Caption)
+            .Text("unit", row->SubItems[fcUnitName])
+            .Text("file", row->SubItems[fcFileName])
+            .Number("languages", ToInteger(row->SubItems[fcLanguages]))
+            .Text("component", row->SubItems[fcComponent])
+            .Text("class", row->SubItems[fcClass]);
+    }
+    TJsonLine(std::cout).Texts("units", context.Project.UnitFiles);
+    const auto& panels = context.Rows.StatusPanels;
+    TJsonLine(std::cout).Texts("status", std::vector<std::string>(panels.begin(), panels.begin() + 3));
+}
+
+using TCells = std::vector<std::string>;
+
+/// Columns as wide as their widest cell; the last one is not filled up.
+void PrintTable(const std::vector<TCells>& rows) {
+    std::vector<std::size_t> widths(rows.front().size());
+    for (const TCells& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], CountCodePoints(row[i]));
+    for (const TCells& row : rows) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size(); ++i)
+            line += row[i] + std::string(widths[i] - CountCodePoints(row[i]) + 2, ' ');
+        line.erase(line.find_last_not_of(' ') + 1);
+        std::cout << line << "\n";
+    }
+}
+
+std::string RelativeTo(const std::string& folder, const std::string& file) {
+    const bool inside = !folder.empty() && file.compare(0, folder.size() + 1, folder + "/") == 0;
+    return inside ? file.substr(folder.size() + 1) : file;
+}
+
+void PrintText(TContext& context, const std::string& folder) {
+    std::vector<TCells> table = {{"Form Name", "Unit Name", "File Name", "Languages", "TmlLang", "Class"}};
+    for (const auto& row : context.Rows.FormNames.Items())
+        table.push_back({row->Caption, row->SubItems[fcUnitName],
+                         RelativeTo(folder, row->SubItems[fcFileName]), row->SubItems[fcLanguages],
+                         row->SubItems[fcComponent], row->SubItems[fcClass]});
+    PrintTable(table);
+    for (const std::string& unit : context.Project.UnitFiles)
+        std::cout << "unit without a form: " << RelativeTo(folder, unit) << "\n";
+    const auto& panels = context.Rows.StatusPanels;
+    std::cout << panels[0] << "  " << panels[1] << "  " << panels[2] << "\n";
+}
+
+int RunForms(TProgram& program, const std::string& project) {
+    TSession session(program, project);
+    if (program.Json)
+        PrintJson(session.Context());
+    else
+        PrintText(session.Context(), FolderOf(program.Files->Resolve(project)));
+    return session.ExitCode();
+}
+
+}  // namespace
+
+void AddFormsCommand(CLI::App& app, TProgram& program) {
+    CLI::App* command =
+        AddCommand(app, "forms", "List the forms of a project with their components and languages",
+                   "  tmllang forms Orchard.dproj\n"
+                   "  tmllang forms Orchard.dpr --json");
+    const auto project = std::make_shared<std::string>();
+    command->add_option("PROJECT", *project, "A project file")->required();
+    command->callback([&program, project] {
+        program.Run = [project](TProgram& shared) { return RunForms(shared, *project); };
+    });
+}
+
+}  // namespace tml

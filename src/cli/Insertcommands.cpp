@@ -1,0 +1,113 @@
+#include <iostream>
+#include <memory>
+
+#include "base/Errors.h"
+#include "cli/Jsonlines.h"
+#include "cli/Session.h"
+#include "expert/Insertion.h"
+#include "expert/Modules.h"
+
+namespace tml {
+namespace {
+
+struct TInsertOptions {
+    std::string Project;
+    std::vector<std::string> Forms;
+    std::string Class;
+    std::string Languages;
+};
+
+CLI::App* AddFormsArguments(CLI::App* command, TInsertOptions& options) {
+    command->add_option("PROJECT", options.Project, "A project file")->required();
+    command->add_option("--form", options.Forms, "Only this form; may be repeated");
+    return command;
+}
+
+void CheckClass(IMlRuntime& runtime, const std::string& className) {
+    if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
+    throw EBadInput("", 0, className + " is no class of localization components",
+                    "Take one of " + TStringList(runtime.NamesArray()).CommaText());
+}
+
+int RunInsert(TProgram& program, const TInsertOptions& options) {
+    program.ComponentClass = options.Class;
+    TSession session(program, options.Project);
+    CheckClass(*session.Context().Host.Runtime, options.Class);
+    session.ForEach(session.Rows(options.Forms), [&](TListItem& row) {
+        const bool had = row.SubItems[fcLanguages] != "0";
+        if (!had) InsertTmlLang(session.Context(), row);
+        const auto component = GetmlLang(session.Context(), row.Caption);
+        const std::string name = component != nullptr ? component->GetName() : row.SubItems[fcComponent];
+        if (program.Json)
+            TJsonLine(std::cout)
+                .Text("form", row.Caption)
+                .Text("component", name)
+                .Text("done", had ? "kept" : "inserted");
+        else
+            std::cout << row.Caption << ": " << name << (had ? " is there already" : " inserted") << "\n";
+    });
+    session.Ide().SaveAll();
+    return session.ExitCode();
+}
+
+void PrintLanguages(TProgram& program, TSession& session, TListItem& row) {
+    const TModuleLease lease(session.Context(), row.SubItems[fcFileName]);
+    const auto component = GetmlLang(session.Context(), row.Caption);
+    const TStringList names = component != nullptr ? component->GetLangNames() : TStringList();
+    if (program.Json)
+        TJsonLine(std::cout)
+            .Text("form", row.Caption)
+            .Texts("languages", names)
+            .Text("active", component != nullptr ? component->GetLanguage() : "");
+    else
+        std::cout << row.Caption << ": " << (component != nullptr ? names.CommaText() : "no component")
+                  << "\n";
+}
+
+int RunLanguages(TProgram& program, const TInsertOptions& options) {
+    TSession session(program, options.Project);
+    const std::vector<TListItem*> rows = session.Rows(options.Forms);
+    if (options.Languages.empty()) {
+        session.ForEach(rows, [&](TListItem& row) { PrintLanguages(program, session, row); });
+        return session.ExitCode();
+    }
+    const TStringList names = TStringList::FromCommaText(options.Languages);
+    const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
+    session.ForEach(rows, [&](TListItem& row) {
+        ConfigureLangComponent(session.Context(), &row, setUp);
+        PrintLanguages(program, session, row);
+    });
+    session.Ide().SaveAll();
+    return session.ExitCode();
+}
+
+}  // namespace
+
+void AddInsertCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TInsertOptions>();
+    CLI::App* command =
+        AddFormsArguments(AddCommand(app, "insert", "Put a localization component on forms",
+                                     "  tmllang insert Orchard.dproj --form MainForm --form OrderDialog\n"
+                                     "  tmllang insert Orchard.dproj --class TmlLangRT"),
+                          *options);
+    command->add_option("--class", options->Class, "Class of the component instead of the default one");
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunInsert(shared, *options); };
+    });
+}
+
+void AddLanguagesCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TInsertOptions>();
+    CLI::App* command = AddFormsArguments(
+        AddCommand(app, "languages", "List or set the languages of forms",
+                   "  tmllang languages Orchard.dproj\n"
+                   "  tmllang languages Orchard.dproj --form MainForm --set English,German"),
+        *options);
+    command->add_option("--set", options->Languages,
+                        "The languages in order, separated by commas; a form without a component gets one");
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunLanguages(shared, *options); };
+    });
+}
+
+}  // namespace tml

@@ -1,0 +1,195 @@
+#include <iostream>
+#include <memory>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "cli/Jsonlines.h"
+#include "cli/Scantargets.h"
+#include "ide/Projectfiles.h"
+
+namespace tml {
+namespace {
+
+struct TScanOptions {
+    std::vector<std::string> Paths;
+    std::vector<std::string> Forms;
+    std::vector<std::string> Units;
+    bool Skipped = false;
+    bool Count = false;
+    bool Fail = false;
+};
+
+/// Turns ascending offsets of a text into lines and columns in one pass.
+class TLineCounter {
+  public:
+    explicit TLineCounter(std::string_view text) : text_(text) {}
+
+    /// 1-based offset in; 1-based line out, the column likewise (in bytes).
+    int LineOf(std::size_t offset) {
+        if (offset < begin_) begin_ = 0, line_ = 1;
+        for (std::size_t end = 0; (end = text_.find('\n', begin_)) < offset - 1; begin_ = end + 1)
+            ++line_;
+        return line_;
+    }
+    int ColumnOf(std::size_t offset) const { return static_cast<int>(offset - begin_); }
+
+  private:
+    std::string_view text_;
+    std::size_t begin_ = 0;
+    int line_ = 1;
+};
+
+class TScanRun {
+  public:
+    TScanRun(TProgram& program, const TScanOptions& options)
+        : program_(program),
+          options_(options),
+          workplace_(program),
+          settings_(*workplace_.Host().Registry, workplace_.Host().Runtime->NamesArray()) {
+        settings_.ReadSettings();
+        common_ = workplace_.Host().CommonLibrary->Load();
+    }
+
+    int Run() {
+        const std::vector<TScanTarget> targets = Targets();
+        int done = 0;
+        for (const TScanTarget& target : targets) {
+            if (!progress_.Show("Scanning...", ++done, static_cast<int>(targets.size())))
+                throw EBadInput("", 0, "stopped", "Nothing was written");
+            ScanOne(target);
+        }
+        progress_.Hide();
+        if (options_.Count) PrintCount();
+        if (failures_ > 0 && failures_ == static_cast<int>(targets.size())) return kBadInput;
+        if (failures_ > 0 || workplace_.HasProblems()) return kDoneInPart;
+        return options_.Fail && found_ > 0 ? kFindings : kDone;
+    }
+
+  private:
+    std::vector<TScanTarget> Targets() {
+        const bool project = options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
+        if (!project) {
+            if (!options_.Forms.empty() || !options_.Units.empty())
+                throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",
+                                "Name a project file");
+            return TargetsOfPaths(*program_.Files, options_.Paths);
+        }
+        workplace_.OpenProject(options_.Paths.front());
+        return TargetsOfProject(*workplace_.Modules().GetActiveProject(), options_.Forms, options_.Units);
+    }
+
+    void ScanOne(const TScanTarget& target) {
+        try {
+            TScanInput input = ScanInputOf(settings_.Get(), common_);
+            ReadTarget(workplace_, target, settings_.Get().DefaultComp, input);
+            if (options_.Count && !options_.Skipped)
+                found_ += CountStrings(input);
+            else
+                Print(input);
+        } catch (const EBadInput& error) {
+            progress_.Hide();
+            PrintMessage(error.what());
+            ++failures_;
+        }
+    }
+
+    void Print(const TScanInput& input) {
+        TScanResult result = Scan(input);
+        VerifyAgainstExisting(result.Found, input.Existing, CallStyleOf(input));
+        MergeDuplicates(result.Found);
+        found_ += result.Found.Count();
+        skipped_ += static_cast<std::int64_t>(result.Skipped.size());
+        if (options_.Count) return;
+        TLineCounter lines(input.Text);
+        for (const TmlFoundSourceString& found : result.Found)
+            PrintFound(input.FileName, found, lines);
+        if (!options_.Skipped) return;
+        TLineCounter skippedLines(input.Text);
+        for (const TmlSkippedString& skipped : result.Skipped)
+            PrintSkipped(input.FileName, skipped, skippedLines);
+    }
+
+    void PrintFound(const std::string& file, const TmlFoundSourceString& found, TLineCounter& lines) const {
+        const auto offset = static_cast<std::size_t>(found.Position);
+        const int line = lines.LineOf(offset);
+        const std::string_view advice = AdviceWord(found.Advice);
+        if (!program_.Json) {
+            std::cout << file << ":" << line << ":" << lines.ColumnOf(offset) << ": " << found.StrID << " '"
+                      << found.StrContent << "'" << (advice.empty() ? "" : " [" + std::string(advice) + "]")
+                      << "\n";
+            return;
+        }
+        TJsonLine row(std::cout);
+        row.Text("kind", "found")
+            .Text("file", file)
+            .Number("line", line)
+            .Number("column", lines.ColumnOf(offset));
+        row.Number("offset", found.Position).Text("text", found.StrContent).Text("id", found.StrID);
+        row.Text("replacement", WrittenText(found));
+        if (advice.empty())
+            row.Null("advice");
+        else
+            row.Text("advice", advice);
+    }
+
+    void PrintSkipped(const std::string& file, const TmlSkippedString& skipped, TLineCounter& lines) const {
+        const int line = lines.LineOf(static_cast<std::size_t>(skipped.Position));
+        const std::string_view reason = SkipReasonName(skipped.Reason);
+        if (!program_.Json) {
+            std::cout << file << ":" << line << ": skipped '" << Trim(skipped.Text) << "' " << reason << "\n";
+            return;
+        }
+        TJsonLine(std::cout)
+            .Text("kind", "skipped")
+            .Text("file", file)
+            .Number("line", line)
+            .Number("offset", skipped.Position)
+            .Text("text", skipped.Text)
+            .Text("reason", reason);
+    }
+
+    void PrintCount() const {
+        if (program_.Json) {
+            TJsonLine row(std::cout);
+            row.Text("kind", "count").Number("found", found_);
+            if (options_.Skipped) row.Number("skipped", skipped_);
+            return;
+        }
+        std::cout << found_ << (options_.Skipped ? " found, " + std::to_string(skipped_) + " skipped" : "")
+                  << "\n";
+    }
+
+    TProgram& program_;
+    const TScanOptions& options_;
+    TWorkplace workplace_;
+    TExpertSettings settings_;
+    ICommonLibrary* common_ = nullptr;
+    TProgressLine progress_;
+    std::int64_t found_ = 0;
+    std::int64_t skipped_ = 0;
+    int failures_ = 0;
+};
+
+}  // namespace
+
+void AddScanCommand(CLI::App& app, TProgram& program) {
+    CLI::App* command =
+        AddCommand(app, "scan", "Find the strings of a project, of units or of folders; change nothing",
+                   "  tmllang scan Orchard.dproj --skipped\n"
+                   "  tmllang scan Orchard.dproj --form MainForm --json\n"
+                   "  tmllang scan src/Unit1.pas lib/ --count\n"
+                   "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
+    const auto options = std::make_shared<TScanOptions>();
+    command->add_option("PATH", options->Paths, "A project file, or unit files and folders")->required();
+    command->add_option("--form", options->Forms,
+                        "Only the unit of this form of the project; may be repeated");
+    command->add_option("--unit", options->Units, "Only this unit of the project; may be repeated");
+    command->add_flag("--skipped", options->Skipped, "Also what was passed over, with the reason");
+    command->add_flag("--count", options->Count, "Only count");
+    command->add_flag("--fail", options->Fail, "Exit code 1 when strings are found");
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return TScanRun(shared, *options).Run(); };
+    });
+}
+
+}  // namespace tml

@@ -1,0 +1,84 @@
+#include "cli/Session.h"
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "cli/Interrupt.h"
+#include "expert/Mllangexp.h"
+
+namespace tml {
+TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
+    TPackage package = MakePackage(workplace_.Host());
+    package_ = package.Name;
+    package.Register = [this](IRegistration& registration) {
+        expert_ = &ExpRegister(workplace_.Host(), registration);
+    };
+    Ide().LoadPackage(package);
+    workplace_.OpenProject(project);
+    expert_->RunItemClick();
+}
+
+TSession::~TSession() {
+    Ide().CloseProject();
+    Ide().UnloadPackage(package_);
+}
+
+TfrmmlLang& TSession::Window() {
+    return *expert_->Window();
+}
+
+std::vector<TListItem*> TSession::Rows(const std::vector<std::string>& formNames) {
+    std::vector<TListItem*> rows;
+    TListView& list = Context().Rows.FormNames;
+    if (formNames.empty())
+        for (const auto& row : list.Items())
+            rows.push_back(row.get());
+    for (const std::string& name : formNames) {
+        TListItem* found = nullptr;
+        for (const auto& row : list.Items())
+            if (SameText(row->Caption, name)) found = row.get();
+        if (found == nullptr)
+            throw EBadInput("", 0, "the project has no form " + name,
+                            "\"tmllang forms PROJECT\" lists its forms");
+        rows.push_back(found);
+    }
+    return rows;
+}
+
+void TSession::Select(TListItem& row) {
+    for (const auto& item : Context().Rows.FormNames.Items())
+        item->Selected = item->Focused = item.get() == &row;
+    Window().lvFormNamesChange();
+}
+
+void TSession::ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work) {
+    for (TListItem* row : rows) {
+        if (Interrupted()) throw EBadInput("", 0, "stopped", "Nothing was written");
+        ++rows_;
+        Answers().ClearMessages();
+        bool failed = false;
+        try {
+            work(*row);
+        } catch (const EmlLangSilent&) {
+            failed = true;
+            if (Answers().Errors.empty()) Answers().Errors.emplace_back("the unit cannot be opened");
+        } catch (const EBadInput& error) {
+            failed = true;
+            Answers().Errors.emplace_back(error.what());
+        }
+        failed = PrintErrors(row->Caption) || failed;
+        failures_ += failed ? 1 : 0;
+    }
+}
+
+bool TSession::PrintErrors(const std::string& subject) {
+    for (const std::string& error : Answers().Errors)
+        PrintMessage(subject + ": " + error);
+    return !Answers().Errors.empty();
+}
+
+int TSession::ExitCode() const {
+    if (failures_ > 0 && failures_ == rows_) return kBadInput;
+    return failures_ > 0 || workplace_.HasProblems() ? kDoneInPart : kDone;
+}
+
+}  // namespace tml

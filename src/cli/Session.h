@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "cli/Workplace.h"
+#include "expert/Mlmainform.h"
+
+namespace tml {
+
+class TmlLangExpert;
+
+/// A project with the expert at work: its package loaded, its main window open.
+class TSession {
+  public:
+    TSession(TProgram& program, const std::string& project);
+    ~TSession();
+    TSession(const TSession&) = delete;
+    TSession& operator=(const TSession&) = delete;
+
+    THeadlessIde& Ide() { return workplace_.Ide(); }
+    TAnswers& Answers() { return workplace_.Answers(); }
+    TfrmmlLang& Window();
+    TContext& Context() { return Window().Context; }
+    IOTAModuleServices& Modules() { return workplace_.Modules(); }
+
+    /// The rows of the forms with these names, all rows without one. EBadInput for an unknown name.
+    std::vector<TListItem*> Rows(const std::vector<std::string>& formNames);
+    /// Makes this the only selected row, as a click does.
+    void Select(TListItem& row);
+
+    /// Does the work for each row, going on behind one that fails; prints what went wrong.
+    void ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work);
+    /// What the rows that failed and the problems of the project make of the exit code.
+    int ExitCode() const;
+
+  private:
+    /// Prints the errors that the system has shown since; true when there were any.
+    bool PrintErrors(const std::string& subject);
+
+    TWorkplace workplace_;
+    std::string package_;
+    TmlLangExpert* expert_ = nullptr;
+    int rows_ = 0;
+    int failures_ = 0;
+};
+
+}  // namespace tml

@@ -1,0 +1,67 @@
+#include "cli/Workplace.h"
+
+#include <filesystem>
+#include <iostream>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include "base/Errors.h"
+#include "cli/Userregistry.h"
+#include "runtime/Runtime.h"
+
+namespace tml {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ProgramFolder() {
+#ifdef _WIN32
+    std::wstring name(32768, L'\0');
+    name.resize(GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
+    return fs::path(name).parent_path();
+#else
+    std::error_code ignored;
+    return fs::read_symlink("/proc/self/exe", ignored).parent_path();
+#endif
+}
+
+#ifdef _WIN32
+constexpr const char* kLibraryFile = "TmlLang_Common.dll";
+#else
+constexpr const char* kLibraryFile = "TmlLang_Common.so";
+#endif
+
+/// The common library stands beside the program, or in the library folder where it is installed.
+std::string CommonLibraryPath() {
+    const fs::path beside = ProgramFolder() / kLibraryFile;
+    const fs::path installed = ProgramFolder() / ".." / "lib" / "tmllang" / kLibraryFile;
+    std::error_code ignored;
+    return (fs::exists(beside, ignored) ? beside : installed).string();
+}
+
+}  // namespace
+
+TWorkplace::TWorkplace(TProgram& program)
+    : runtime_(MakeMlRuntime()),
+      registry_(OpenUserRegistry(program)),
+      common_(MakeCommonLibraryLoader(CommonLibraryPath())),
+      answers_(program.Yes),
+      ide_(std::make_unique<THeadlessIde>(*program.Files, *runtime_, false)),
+      host_{ide_.get(), runtime_.get(), registry_.get(), &answers_, program.Files, common_.get()} {}
+
+TWorkplace::~TWorkplace() = default;
+
+void TWorkplace::OpenProject(const std::string& project) {
+    ide_->OpenProject(project);
+    for (const TProjectProblem& problem : ide_->Problems())
+        PrintMessage(EBadInput(problem.FileName, problem.Line, problem.Problem, problem.Remedy).what());
+}
+
+void PrintMessage(const std::string& text) {
+    std::cout.flush();
+    std::cerr << "tmllang: " << text << "\n";
+}
+
+}  // namespace tml

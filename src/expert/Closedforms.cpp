@@ -1,0 +1,93 @@
+#include "expert/Closedforms.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "forms/Formtree.h"
+
+namespace tml {
+namespace {
+
+constexpr std::array<std::string_view, 4> kFormExtensions{".dfm", ".xfm", ".lfm", ".fmx"};
+constexpr std::array<std::string_view, 2> kHeaders{"object ", "inherited "};
+constexpr std::string_view kNumOfLanguages = "NumOfLanguages = ";
+
+/// Takes a line without its end and the blanks in front of it.
+std::string_view TakeLine(std::string_view& text) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    while (!line.empty() && static_cast<unsigned char>(line.back()) <= ' ')
+        line.remove_suffix(1);
+    return line;
+}
+
+/// The component's name where the line is the header of a component of this class.
+std::optional<std::string_view> HeaderName(std::string_view line, std::string_view className) {
+    if (!line.ends_with(className)) return std::nullopt;
+    line.remove_suffix(className.size());
+    if (!line.ends_with(": ")) return std::nullopt;
+    line.remove_suffix(2);
+    for (const std::string_view header : kHeaders) {
+        const std::size_t begin = line.find(header);
+        if (begin != std::string_view::npos) return line.substr(begin + header.size());
+    }
+    return std::nullopt;
+}
+
+bool IsBinaryForm(std::string_view bytes) {
+    return bytes.starts_with("\xFF\x0A") || bytes.starts_with("TPF0");
+}
+
+}  // namespace
+
+const TFormFileFinder::TFolder& TFormFileFinder::FolderAt(const std::string& path) {
+    const auto [place, isNew] = folders_.try_emplace(path);
+    if (isNew && files_.Stat(path))
+        for (std::string& name : files_.List(path))
+            place->second.emplace(LowerCase(name), name);
+    return place->second;
+}
+
+std::optional<std::string> TFormFileFinder::Find(const std::string& unitFile) {
+    const std::string path = FolderOf(unitFile);
+    for (const std::string_view extension : kFormExtensions) {
+        std::string exact = WithExtension(unitFile, extension);
+        if (files_.Stat(exact)) return exact;
+        const TFolder& folder = FolderAt(path.empty() ? "." : path);
+        const auto found = folder.find(LowerCase(FileNameOf(exact)));
+        if (found != folder.end()) return JoinPath(path, found->second);
+    }
+    return std::nullopt;
+}
+
+TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames) {
+    TFormAnalysis found;
+    TakeLine(text);  // the form itself
+    while (!text.empty()) {
+        const std::string_view line = TakeLine(text);
+        for (const std::string& className : classNames)
+            if (const auto name = HeaderName(line, className)) found = {std::string(*name), className, 1};
+        if (found.NumLang == 0 || line.find(kNumOfLanguages) == std::string_view::npos) continue;
+        found.NumLang = ToInteger(line.substr(line.find('=') + 2));
+        break;
+    }
+    return found.NumLang > 0 ? found : TFormAnalysis{};
+}
+
+TFormAnalysis AnalyzeClosedForm(IFileSystem& files, const std::string& formFile,
+                                const std::vector<std::string>& classNames) {
+    std::string text;
+    try {
+        text = files.Read(formFile);
+        if (IsBinaryForm(text)) text = TFormTree::Parse(text, formFile)->Text();
+    } catch (const EBadInput&) {
+        // The row stays without languages; opening the form tells what is wrong with it.
+        return {};
+    }
+    return SearchFormText(text, classNames);
+}
+
+}  // namespace tml

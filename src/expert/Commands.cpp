@@ -1,0 +1,97 @@
+#include "expert/Commands.h"
+
+#include <array>
+
+#include "expert/Insertion.h"
+#include "expert/Mlmainform.h"
+#include "expert/Modules.h"
+#include "scan/Scanreplace.h"
+
+namespace tml {
+namespace {
+
+using enum TSubMenu;
+
+/// Lets a command over the context stand in the table.
+template <void (*Command)(TContext&)>
+void On(TfrmmlLang& window) {
+    Command(window.Context);
+}
+
+void ViewForm(TContext& context) {
+    if (const TListItem* item = context.Rows.Active().FirstSelected())
+        OpenFile(context, item->SubItems[fcFileName], true);
+}
+
+void Exit(TfrmmlLang& window) {
+    window.FormClose();
+}
+
+void SelectAll(TfrmmlLang& window) {
+    window.SelectAll1Click();
+}
+
+constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
+
+// A command without a handler is not there yet: it is shown, never enabled, and gets its handler here.
+constexpr std::array kCommands{
+    TCommand{"Translate", "&Translate", "Ctrl+T", 1, kFilePopupBar, None, nullptr, "Translate"},
+    TCommand{"Wizard", "&Wizard", "Ctrl+W", 1, plFile | plToolBar, None, nullptr, "Translation Wizard"},
+    TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages"},
+    TCommand{"SaveForms", "&Save Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
+    TCommand{"LoadForms", "&Load Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
+    TCommand{"SaveFormsProperties", "Save Selected Form(s) &Properties...", "", 111, plFile, SaveLoad,
+             nullptr},
+    TCommand{"LoadFormsLanguage", "Load L&anguage for Form(s)...", "", 111, plFile, SaveLoad, nullptr},
+    TCommand{"SaveProject", "Sa&ve Project...", "", -1, plFile, SaveLoad, nullptr},
+    TCommand{"LoadProject", "Loa&d Project...", "", -1, plFile, SaveLoad, nullptr},
+    TCommand{"LoadProjectLanguage", "Load Language for Pro&ject...", "", -1, plFile, SaveLoad, nullptr},
+    TCommand{"SaveProjectProperties", "Save Project Properties...", "", 0, plFile, SaveLoad, nullptr},
+    TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, nullptr},
+    TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
+    TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, On<SourceWithForm>},
+    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, nullptr},
+    TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, nullptr},
+    TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, nullptr},
+    TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
+             "Exclude"},
+    TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
+    TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
+    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, nullptr},
+    TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
+    TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
+             "Check IDs"},
+    TCommand{"CheckBadIDsInUnits", "Check Bad String IDs in Unit(s)", "", 0, plTools, None, nullptr},
+    TCommand{"ChangeType", "Change &TmlLang Type to", "", 112, plTools, None, nullptr},
+    TCommand{"Dictionary", "&Dictionary", "Ctrl+M", 0, plTools, None, nullptr},
+    TCommand{"Wizards", "&Wizards", "", 0, plTools, None, nullptr},
+    TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Find"},
+    TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Replace"},
+    TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, nullptr},
+    TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
+    TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
+    TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, nullptr, "", true},
+    TCommand{"SelectAll", "Select &All", "Ctrl+A", 0, plPopup, None, SelectAll},
+    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, nullptr},
+    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, nullptr},
+    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, nullptr},
+};
+
+constexpr std::array kSubMenus{
+    TSubMenuRow{SaveLoad, "SaveLoad", "Save/&Load Translation"},
+    TSubMenuRow{Source, "Source", "&Source"},
+    TSubMenuRow{ConstSection, "ConstSection", "&Const Section", true},
+    TSubMenuRow{HardCoded, "HardCoded", "Hard-coded strings"},
+};
+
+}  // namespace
+
+std::span<const TCommand> AllCommands() {
+    return kCommands;
+}
+
+std::span<const TSubMenuRow> AllSubMenus() {
+    return kSubMenus;
+}
+
+}  // namespace tml

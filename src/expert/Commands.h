@@ -1,0 +1,43 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace tml {
+
+class TfrmmlLang;
+
+/// Where a command of the main window can be reached; a command may be in several places.
+enum TCommandPlaces : unsigned { plFile = 1, plTools = 2, plHelp = 4, plPopup = 8, plToolBar = 16 };
+
+enum class TSubMenu { None, SaveLoad, Source, ConstSection, HardCoded };
+
+/// One row of the table of commands.
+struct TCommand {
+    std::string_view Name;
+    std::string_view Caption;
+    std::string_view ShortCut;
+    /// Chooses when the command is enabled, see TfrmmlLang::CheckEnableActions.
+    int Tag;
+    unsigned Places;
+    TSubMenu SubMenu;
+    /// nullptr for a command that the system does not have yet: it is shown and never enabled.
+    void (*Handler)(TfrmmlLang&);
+    std::string_view ButtonCaption = {};
+    bool PascalOnly = false;  ///< hidden while a C++ unit is selected
+};
+
+/// A menu that opens inside another one at the place of its first command.
+struct TSubMenuRow {
+    TSubMenu SubMenu;
+    std::string_view Name;
+    std::string_view Caption;
+    bool PascalOnly = false;
+};
+
+std::span<const TSubMenuRow> AllSubMenus();
+
+/// Every command of the main window; menus, popup, tool bar and their enabling are made from it.
+std::span<const TCommand> AllCommands();
+
+}  // namespace tml

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include "base/Stringlist.h"
+#include "expert/Formslist.h"
+#include "expert/Gate.h"
+#include "expert/Settings.h"
+#include "platform/Host.h"
+#include "scan/Skiprules.h"
+
+namespace tml {
+
+/// What the expert knows of the open project; emptied when the list is rebuilt or the project closes.
+struct TProjectData {
+    TStringList ProjectFiles;       ///< every file of the project
+    TStringList UnitFiles;          ///< units without a form
+    TStringList TranslatableUnits;  ///< the same units, for choosers that change their list
+};
+
+/// All that a command works with. It belongs to the expert and outlives every window.
+struct TContext {
+    TContext(const THost& host, TExpertSettings& settings) : Host(host), Settings(settings) {}
+    TContext(const TContext&) = delete;
+    TContext& operator=(const TContext&) = delete;
+
+    THost Host;
+    TExpertSettings& Settings;
+    TFormsList Rows;
+    TProjectData Project;
+    std::string ComponentName;  ///< of the row selected last
+    TmlSkippedStrings Skipped;  ///< by the last scan
+    TCommandGate Gate;
+
+    IDialogs& Dialogs() { return *Host.Dialogs; }
+};
+
+/// Brings the status texts up to date.
+inline void UpdateStatusBar(TContext& context) {
+    UpdateStatusBar(context.Rows, context.Project.UnitFiles.Count());
+}
+
+}  // namespace tml

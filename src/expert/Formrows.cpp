@@ -1,0 +1,72 @@
+#include "expert/Formrows.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Utf8.h"
+#include "expert/Notifiers.h"
+
+namespace tml {
+namespace {
+
+constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
+
+TListItem& AddRow(TListView& list, const TOTAModuleInfo& module) {
+    TListItem& item = list.Add();
+    item.Caption = module.FormName;
+    item.SubItems.resize(fcCount);
+    item.SubItems[fcUnitName] = module.Name;
+    item.SubItems[fcFileName] = module.FileName;
+    UpdateItem(&item, "", 0);
+    return item;
+}
+
+}  // namespace
+
+bool IsSourceUnit(const std::string& fileName) {
+    const std::string extension = ExtensionOf(fileName);
+    return std::any_of(kUnitExtensions.begin(), kUnitExtensions.end(),
+                       [&](std::string_view unit) { return SameText(unit, extension); });
+}
+
+void AddProjectModule(TContext& context, TFormFileFinder& finder, const TOTAModuleInfo& module) {
+    if (Contains(module.Name, ".")) return;
+    context.Project.ProjectFiles.Add(module.FileName);
+    if (module.FormName.empty()) {
+        if (module.FileName.empty() || module.Name.empty() || !IsSourceUnit(module.FileName)) return;
+        context.Project.UnitFiles.Add(module.FileName);
+        context.Project.TranslatableUnits.Add(module.FileName);
+        return;
+    }
+    TListView& list = context.Rows.FormNames;
+    TListItem& item = AddRow(list, module);
+    if (const auto open = GetModuleFromFileName(context, module.FileName)) {
+        RefreshItem(context, &item);
+        if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &item, open);
+    } else if (const auto formFile = finder.Find(module.FileName)) {
+        const TFormAnalysis form =
+            AnalyzeClosedForm(*context.Host.Files, *formFile, context.Host.Runtime->NamesArray());
+        UpdateItem(&item, form.ComponentName, form.NumLang, form.ClassName);
+    }
+}
+
+void RefreshItem(TContext& context, TListItem* item) {
+    if (item == nullptr) return;
+    const TFormAnalysis form = AnalyzeFile(context, item->SubItems[fcFileName]);
+    UpdateItem(item, form.ComponentName, form.NumLang, form.ClassName);
+}
+
+void ClearRows(TListView& list) {
+    for (const auto& item : list.Items())
+        if (item->Data != nullptr) std::static_pointer_cast<TmlModuleNotifier>(item->Data)->Detach();
+    list.Clear();
+}
+
+void SortRows(TContext& context, int column, int order) {
+    context.Settings.SetSortOrder(order);
+    context.Settings.SetSortedColumn(column);
+    context.Rows.FormNames.Sort(
+        [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });
+}
+
+}  // namespace tml

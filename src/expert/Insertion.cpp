@@ -1,0 +1,175 @@
+#include "expert/Insertion.h"
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "expert/Modules.h"
+#include "translations/Langconfig.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kCustomLang = "TmlCustomLang";
+constexpr std::string_view kEditDispatcher =
+    "Selected component is linked to a dispatcher! Do you wish to edit languages of the dispatcher "
+    "component?";
+
+/// The first component of the form that is of the class, and has the name where one is given.
+std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& editor,
+                                           const TLangSetUp& setUp) {
+    const auto root = editor.GetRootComponent();
+    for (int i = 0; i < root->GetComponentCount(); ++i) {
+        auto component = root->GetComponent(i);
+        if (!context.Host.Runtime->InheritsFrom(component->GetComponentType(), setUp.ComponentClass))
+            continue;
+        if (setUp.ComponentName.empty() || SameText(component->GetName(), setUp.ComponentName))
+            return component;
+    }
+    return nullptr;
+}
+
+void SetNames(ILanguages& languages, const TLangSetUp& setUp) {
+    if (setUp.LangNamesText.empty()) return;
+    TStringList names = SplitLangNames(setUp.LangNamesText);
+    while (names.Count() > setUp.NumLang)
+        names.Delete(names.Count() - 1);
+    languages.SetLangNames(names);
+}
+
+/// Sets the language to the name at the active index; nothing where there is no name for it.
+void SetActiveName(ILanguages& languages) {
+    const TStringList names = languages.GetLangNames();
+    const int index = languages.GetActiveLanguage();
+    if (index >= 1 && index <= names.Count()) languages.SetLanguage(names[index - 1]);
+}
+
+void Configure(TContext& context, TListItem& item, const std::shared_ptr<IOTAComponent>& component,
+               const TLangSetUp& setUp) {
+    if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
+        SetNames(*lang, setUp);
+        lang->SetNumLang(setUp.NumLang);
+        item.SubItems[fcLanguages] = std::to_string(setUp.NumLang);
+        SetActiveName(*lang);
+        item.StateIndex = 1;
+    } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
+        SetNames(*dispatcher, setUp);
+        dispatcher->SetNumOfLanguages(setUp.NumLang);
+        SetActiveName(*dispatcher);
+    }
+    MarkModifiedForm(context, item.Caption);
+}
+
+/// The names to start from for a form without a component.
+TStringList DefaultNames(const TSettingValues& settings) {
+    TStringList names = SplitLangNames(settings.DefaultLangNames);
+    while (names.Count() > settings.NumLang)
+        names.Delete(names.Count() - 1);
+    while (names.Count() < settings.NumLang)
+        names.Add(GeneratedLangName(names.Count() + 1));
+    return names;
+}
+
+/// The dispatcher of the component, where it has one and the person wants to edit it.
+std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context, TmlCustomLang* lang) {
+    auto dispatcher = lang == nullptr ? nullptr : lang->GetDispatcher();
+    if (dispatcher == nullptr) return nullptr;
+    const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
+                                                             TMsgDlgType::mtConfirmation, {mrYes, mrNo});
+    return answer == mrYes ? dispatcher : nullptr;
+}
+
+void InsertOn(TContext& context, TListItem& item) {
+    const TSettingValues& settings = context.Settings.Get();
+    if (InsertComponentOnForm(context, item.Caption, settings.DefaultComp) == nullptr) return;
+    // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
+    UpdateItem(&item, settings.DefaultComp, settings.NumLang, settings.DefaultComp);
+    TLangSetUp setUp;
+    setUp.NumLang = settings.NumLang;
+    setUp.LangNamesText = settings.DefaultLangNames;
+    ConfigureLangComponent(context, &item, setUp);
+}
+
+}  // namespace
+
+void InsertTmlLang(TContext& context, TListItem& item) {
+    if (item.SubItems[fcLanguages] == "0") {
+        if (!OpenFile(context, item.SubItems[fcFileName], true)) throw EmlLangSilent();
+        if (const auto lang = GetmlLang(context, item.Caption))
+            UpdateItem(&item, lang->GetName(), lang->GetNumLang(), lang->GetClassName());
+        else
+            InsertOn(context, item);
+        context.Rows.FormNames.Touch();
+    }
+    UpdateStatusBar(context);
+}
+
+std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName) {
+    const auto editor = GetFormEditor(context, formName);
+    return editor == nullptr ? nullptr : FindCustomLang(context, *editor);
+}
+
+std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
+                                                     const std::string& className) {
+    const TListItem* row = FindRowOfForm(context.Rows.FormNames, formName);
+    if (row == nullptr) return nullptr;
+    if (!OpenFile(context, row->SubItems[fcFileName], true)) throw EmlLangSilent();
+    if (!TestForCorrectForm(context, formName) || !context.Host.Runtime->IsRegistered(className))
+        return nullptr;
+    auto component = GetFormEditor(context, formName)->CreateComponent(nullptr, className, 0, 0, 0, 0);
+    if (component != nullptr && context.Host.Runtime->InheritsFrom(className, std::string(kCustomLang)))
+        component->SetName(className.substr(1) + "_" + formName);
+    return component;
+}
+
+void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp& setUp) {
+    if (item == nullptr) return;
+    if (item->SubItems[fcLanguages] == "0" && setUp.InsertIfMissing) InsertTmlLang(context, *item);
+    TModuleLease lease(context, item->SubItems[fcFileName]);
+    if (!TestForCorrectForm(context, item->Caption)) {
+        // A file that was opened for this is left open, on purpose.
+        lease.Keep();
+        return;
+    }
+    if (const auto component = FindToSetUp(context, *GetFormEditor(context, item->Caption), setUp))
+        Configure(context, *item, component, setUp);
+    lease.Save();
+}
+
+void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp) {
+    while (item != nullptr) {
+        ConfigureLangComponent(context, item, setUp);
+        item->Focused = false;
+        item = context.Rows.Active().NextSelected(*item);
+    }
+    context.Rows.Active().Touch();
+}
+
+std::string GeneratedLangName(int position) {
+    return Format("Language N%d", position);
+}
+
+void sbLanguagesClick(TContext& context) {
+    TListItem* item = context.Rows.Active().FirstSelected();
+    if (item == nullptr) return;
+    const TModuleLease lease(context, item->SubItems[fcFileName]);
+    const auto lang = GetmlLang(context, item->Caption);
+    const auto dispatcher = AskForDispatcher(context, lang.get());
+    TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
+                        : lang != nullptr     ? lang->GetLangNames()
+                                              : DefaultNames(context.Settings.Get());
+    if (ConfigureLanguages(context, names) != mrOk) return;
+    const auto scope = GetModuleServices(context)->BeginCommand("Languages");
+    if (dispatcher != nullptr) {
+        dispatcher->SetLangNames(names);
+        MarkModifiedForm(context, item->Caption);
+    } else {
+        TLangSetUp setUp;
+        setUp.NumLang = names.Count();
+        setUp.LangNamesText = names.Text();
+        setUp.InsertIfMissing = true;
+        SetUpLang(context, item, setUp);
+    }
+    scope->Commit();
+}
+
+}  // namespace tml

@@ -1,0 +1,291 @@
+#include "expert/Mllangexp.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "expert/Formrows.h"
+#include "expert/Mlmainform.h"
+#include "expert/Modules.h"
+#include "translations/Projectsettings.h"
+
+namespace tml {
+namespace {
+
+constexpr std::size_t kMenuPosition = 2;
+constexpr std::uint8_t kMostMenuRebuilds = 3;
+
+// The expert belongs to the IDE, the windows to the expert. Nothing outside this unit reads them.
+TmlLangExpert* ExpertSingleton = nullptr;
+std::unique_ptr<TForm> DockHost;
+std::unique_ptr<TfrmmlLang> MainWindow;
+
+/// What the about box shows.
+constexpr const char* kAbout = "TmlLang Expert\r\nVersion 1.0";
+
+}  // namespace
+
+TmlLangExpert::TmlLangExpert(const THost& host)
+    : host_(host),
+      settings_(*host.Registry, host.Runtime->NamesArray()),
+      context_(host_, settings_),
+      services_(host.Services == nullptr ? nullptr : host.Services->GetServices()) {
+    settings_.ReadSettings();
+    Configure();
+    addInNotifier_ = std::make_shared<TmlAddInNotifier>(context_.Gate, *this);
+    if (services_ != nullptr) notifierIndex_ = services_->AddNotifier(addInNotifier_);
+    host_.Runtime->ShowAboutBox = [this] {
+        context_.Dialogs().MessageDlg(kAbout, TMsgDlgType::mtInformation, {mrOk});
+    };
+}
+
+TmlLangExpert::~TmlLangExpert() {
+    RemoveSettings();
+    if (notifierIndex_ != -1) services_->RemoveNotifier(notifierIndex_);
+    while (!moduleNotifiers_.empty()) {
+        moduleNotifiers_.front()->Unregister();
+        moduleNotifiers_.erase(moduleNotifiers_.begin());
+    }
+    addInNotifier_->Forget();
+    addInNotifier_.reset();
+    host_.Runtime->ShowAboutBox = nullptr;
+    MainWindow.reset();
+    if (ExpertSingleton == this) ExpertSingleton = nullptr;
+    DockHost.reset();
+}
+
+std::string TmlLangExpert::GetIDString() {
+    return "Delphi.mlLangAddInExpert";
+}
+
+std::string TmlLangExpert::GetName() {
+    return "TmlLang Expert by " + GetAuthor();
+}
+
+std::string TmlLangExpert::GetAuthor() {
+    return "Velmora";
+}
+
+// --- menus
+
+void TmlLangExpert::Configure() {
+    INTAServices* nta = host_.Services == nullptr ? nullptr : host_.Services->GetNTAServices();
+    if (nta == nullptr) return;
+    const auto& sections = nta->GetMainMenu().Items;
+    const auto section = std::find_if(sections.begin(), sections.end(), [this](const auto& item) {
+        return item->Name == settings_.Get().MenuSection;
+    });
+    if (section == sections.end()) return;
+    menuItem_ = std::make_shared<TMenuItem>();
+    menuItem_->Caption = "Tml&Lang Expert";
+    menuItem_->Name = "mlLangExpertMenuItem";
+    menuItem_->ShortCut = settings_.Get().ShortCut;
+    menuItem_->OnClick = [this] { RunItemClick(); };
+    (*section)->Insert(kMenuPosition, menuItem_);
+}
+
+void TmlLangExpert::FreeMenuItem() {
+    if (menuItem_ == nullptr) return;
+    for (const auto& section : host_.Services->GetNTAServices()->GetMainMenu().Items)
+        section->Remove(menuItem_.get());
+    menuItem_.reset();
+}
+
+void TmlLangExpert::RebuildMenus() {
+    RemoveEditorPopupMenu();
+    InstallEditorPopupMenu();
+    if (menuRebuildCount_ < kMostMenuRebuilds) ++menuRebuildCount_;
+    // The count is never 0 here, so the item is rebuilt at every notification: on purpose, the IDE
+    // rebuilds its menus at any time.
+    if (menuRebuildCount_ == 0) return;
+    FreeMenuItem();
+    Configure();
+}
+
+void TmlLangExpert::RemoveSettings() {
+    RemoveEditorPopupMenu();
+    FreeMenuItem();
+}
+
+// --- the main window
+
+bool TmlLangExpert::FindDockHostClass() {
+    const auto classes = host_.Services->GetNTAServices() == nullptr
+                             ? std::vector<std::string>()
+                             : host_.Services->GetNTAServices()->GetFormClasses("ProjectManagerForm");
+    if (classes.size() > 2 && classes[1] == "TDockableToolbarForm" && classes[2] == "TDockableForm")
+        dockHostClass_ = classes[2];
+    return !dockHostClass_.empty();
+}
+
+void TmlLangExpert::CreateMainWindow() {
+    if (DockHost != nullptr) return;
+    const bool docks = FindDockHostClass();
+    if (docks) DockHost = host_.Services->GetNTAServices()->CreateDockHost(dockHostClass_);
+    if (MainWindow != nullptr)
+        context_.Dialogs().Show(*MainWindow);
+    else
+        MainWindow = std::make_unique<TfrmmlLang>(context_, [this] { MainWindowClosed(); });
+    if (docks) DockMainWindow();
+}
+
+void TmlLangExpert::DockMainWindow() {
+    DockHost->Name = "TmlLangExpertIDEDockableForm";
+    DockHost->Caption = MainWindow->Caption;
+    DockHost->Menu = MainWindow->Menu;
+    MainWindow->Menu = nullptr;
+    // What changes in the window is shown by the view of its host.
+    MainWindow->OnChange = [] { DockHost->Changed(); };
+    DockHost->Centered = true;
+    DockHost->ClientWidth = MainWindow->ClientWidth;
+    DockHost->ClientHeight = MainWindow->ClientHeight;
+    MainWindow->Parent = DockHost.get();
+    MainWindow->Visible = true;
+}
+
+void TmlLangExpert::MainWindowClosed() {
+    ProjectClosed();
+    MainWindow.reset();
+    DockHost.reset();
+}
+
+TfrmmlLang* TmlLangExpert::Window() {
+    return MainWindow.get();
+}
+
+void TmlLangExpert::RunItemClick() {
+    const auto project = GetActiveProject(context_);
+    if (project == nullptr) {
+        if (MainWindow != nullptr) MainWindow->UpdateStatusBar();
+        return;
+    }
+    const TCommandGate::TCommand running(context_.Gate);
+    context_.Project = {};
+    CreateMainWindow();
+    ProjectClosed();
+    const auto current = GetCurrentSourceEditor(context_);
+    FillList(*project);
+    InitializeProjectSettings(project->GetFileName());
+    if (settings_.Get().OpenAllForms) OpenProjectForms();
+    TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
+    if (DockHost != nullptr || !MainWindow->Visible) {
+        shown.Visible = true;
+        context_.Dialogs().Show(shown);
+    }
+    // As a click on the sorted column, but for the direction, which stays.
+    SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
+    if (current != nullptr) SelectRowOf(current->GetFileName());
+    MainWindow->CheckEnableActions();
+    MainWindow->UpdateStatusBar();
+}
+
+void TmlLangExpert::FillList(IOTAProject& project) {
+    TFormFileFinder finder(*host_.Files);
+    for (int i = 0; i < project.GetModuleCount(); ++i)
+        AddProjectModule(context_, finder, project.GetModule(i));
+}
+
+void TmlLangExpert::OpenProjectForms() {
+    for (const auto& item : context_.Rows.FormNames.Items())
+        if (OpenFile(context_, item->SubItems[fcFileName], false)) RefreshItem(context_, item.get());
+}
+
+void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
+    const std::array names{sourceFile, WithExtension(sourceFile, ".dfm"), WithExtension(sourceFile, ".xfm")};
+    for (const auto& item : context_.Rows.FormNames.Items()) {
+        const bool fits = std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+            return SameText(item->SubItems[fcFileName], name);
+        });
+        if (!fits) continue;
+        item->Selected = true;
+        context_.Rows.ScrolledTo = item->Id();
+        context_.Rows.FormNames.Touch();
+        return;
+    }
+}
+
+void TmlLangExpert::ProjectClosed() {
+    context_.Project = {};
+    DestroyProjectSettings();
+    ClearRows(context_.Rows.FormNames);
+    if (MainWindow != nullptr) MainWindow->UpdateStatusBar();
+}
+
+void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {
+    DestroyProjectSettings();
+    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(*host_.Files);
+    host_.Runtime->mlLangProjectSettings->SetFileName(WithExtension(projectFileName, ".mlproj"));
+}
+
+void TmlLangExpert::DestroyProjectSettings() {
+    auto& settings = host_.Runtime->mlLangProjectSettings;
+    if (settings == nullptr) return;
+    const auto old = std::move(settings);
+    settings = nullptr;
+    if (old->GetIsChanged()) old->SaveFile();
+}
+
+// --- notifications
+
+void TmlLangExpert::FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) {
+    RebuildMenus();
+    if (notifyCode == TOTAFileNotification::ofnFileOpened) FileOpened(fileName);
+    if (MainWindow == nullptr) return;
+    if (notifyCode == TOTAFileNotification::ofnFileClosing) FileClosing(fileName);
+    if (notifyCode == TOTAFileNotification::ofnActiveProjectChanged) RunItemClick();
+}
+
+void TmlLangExpert::FileOpened(const std::string& fileName) {
+    const auto module = GetModuleFromFileName(context_, fileName);
+    if (module == nullptr) return;
+    moduleNotifiers_.push_back(TmlModuleNotifier::Create(context_, nullptr, nullptr, module));
+    if (MainWindow == nullptr || !MainWindow->Visible) return;
+    for (TListView* list : {&context_.Rows.FormNames, &context_.Rows.ExternalFiles})
+        if (TListItem* item = FindRowOfFile(*list, fileName)) {
+            RefreshItem(context_, item);
+            list->Touch();
+            MainWindow->UpdateStatusBar();
+        }
+}
+
+void TmlLangExpert::FileClosing(const std::string& fileName) {
+    ForgetNotifierOf(fileName);
+    const auto project = GetActiveProject(context_);
+    if (project == nullptr) return;
+    const auto group = GetActiveProjectGroup(context_);
+    // The project's name is compared without regard to case, the group's with it: on purpose.
+    if (SameText(fileName, project->GetFileName()) || (group != nullptr && group->GetFileName() == fileName))
+        ProjectClosed();
+}
+
+void TmlLangExpert::ForgetNotifierOf(const std::string& formFile) {
+    const auto found =
+        std::find_if(moduleNotifiers_.begin(), moduleNotifiers_.end(), [&](const auto& notifier) {
+            return notifier->IsRegistered() && notifier->FormFileName() == formFile;
+        });
+    if (found == moduleNotifiers_.end()) return;
+    (*found)->Unregister();
+    moduleNotifiers_.erase(found);
+}
+
+// --- the package
+
+TmlLangExpert& ExpRegister(const THost& host, IRegistration& registration) {
+    const auto expert = std::make_shared<TmlLangExpert>(host);
+    ExpertSingleton = expert.get();
+    registration.RegisterPackageWizard(expert);
+    return *expert;
+}
+
+void Finalize(const THost& host) {
+    if (host.CommonLibrary != nullptr) host.CommonLibrary->Unload();
+}
+
+TPackage MakePackage(const THost& host) {
+    return {.Name = "TmlLang",
+            .Register = [host](IRegistration& registration) { ExpRegister(host, registration); },
+            .Finalization = [host] { Finalize(host); }};
+}
+
+}  // namespace tml

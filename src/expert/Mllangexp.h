@@ -1,0 +1,94 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "expert/Context.h"
+#include "expert/Externalfiles.h"
+#include "expert/Notifiers.h"
+#include "platform/Registration.h"
+
+namespace tml {
+
+class TfrmmlLang;
+
+/// The one expert object: its menu item in the IDE, its settings, and the life of the main window.
+class TmlLangExpert : public IOTAWizard, public IFileNotified {
+  public:
+    /// Reads the settings, makes the menu item and registers with the IDE. EConvertError for a stored
+    /// number that is none; nothing is registered then.
+    explicit TmlLangExpert(const THost& host);
+    ~TmlLangExpert() override;
+    TmlLangExpert(const TmlLangExpert&) = delete;
+    TmlLangExpert& operator=(const TmlLangExpert&) = delete;
+
+    void AfterSave() override {}
+    void BeforeSave() override {}
+    void Destroyed() override {}
+    void Modified() override {}
+    std::string GetIDString() override;
+    std::string GetName() override;
+    std::string GetAuthor();
+    std::string GetComment() { return {}; }
+    std::string GetPage() { return {}; }
+    std::vector<TWizardState> GetState() override { return {}; }
+    /// Does nothing: the expert is driven by its own menu item.
+    void Execute() override {}
+
+    /// Creates the menu item in the IDE's main menu, where that has the section for it.
+    void Configure();
+    /// Opens the main window on the active project, or brings it up and reads the project again.
+    void RunItemClick();
+    /// Forgets the open project.
+    void ProjectClosed();
+    void InitializeProjectSettings(const std::string& projectFileName);
+    void DestroyProjectSettings();
+    void InstallEditorPopupMenu();
+    void RemoveEditorPopupMenu();
+    /// Takes the expert's menus away; no stored setting is touched.
+    void RemoveSettings();
+
+    void FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) override;
+
+    TExpertSettings& Settings() { return settings_; }
+    TContext& Context() { return context_; }
+    TmlExternalFiles& ExternalFiles() { return externalFiles_; }
+    /// The main window for who shows it, nullptr while it is closed.
+    TfrmmlLang* Window();
+
+  private:
+    void RebuildMenus();
+    void FreeMenuItem();
+    void CreateMainWindow();
+    bool FindDockHostClass();
+    void DockMainWindow();
+    void MainWindowClosed();
+    void FillList(IOTAProject& project);
+    void OpenProjectForms();
+    void SelectRowOf(const std::string& sourceFile);
+    void FileOpened(const std::string& fileName);
+    void FileClosing(const std::string& fileName);
+    void ForgetNotifierOf(const std::string& formFile);
+
+    THost host_;
+    TExpertSettings settings_;
+    TContext context_;
+    TmlExternalFiles externalFiles_;
+    std::uint8_t menuRebuildCount_ = 0;
+    std::vector<std::shared_ptr<TmlModuleNotifier>> moduleNotifiers_;
+    std::shared_ptr<TMenuItem> menuItem_;
+    IOTAServices* services_ = nullptr;
+    std::shared_ptr<TmlAddInNotifier> addInNotifier_;
+    int notifierIndex_ = -1;
+    std::string dockHostClass_;
+};
+
+/// Creates the expert and hands it to the IDE, which holds it. One lives at a time.
+TmlLangExpert& ExpRegister(const THost& host, IRegistration& registration);
+/// What is left to do when the IDE has released the expert: the common library goes last.
+void Finalize(const THost& host);
+/// The package by which an IDE loads the expert.
+TPackage MakePackage(const THost& host);
+
+}  // namespace tml

@@ -1,0 +1,186 @@
+#include "expert/Mlmainform.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Errors.h"
+#include "expert/Formrows.h"
+#include "platform/Shortcuts.h"
+#include "source/Language.h"
+
+namespace tml {
+namespace {
+
+constexpr TShortCut kEnter = 0x0D;
+constexpr int kAlwaysAvailable = 113;
+constexpr int kNeedsComponent = 112;
+
+struct TMenuRow {
+    TCommandPlaces Place;
+    const char* Name;
+    const char* Caption;
+};
+constexpr std::array kMainMenu{TMenuRow{plFile, "File1", "&File"}, TMenuRow{plTools, "Tools1", "&Tools"},
+                               TMenuRow{plHelp, "Help1", "&Help"}};
+
+/// Items of the main menu and of the popup menu are told apart by their numbers.
+constexpr char kMainNumber = '1';
+constexpr char kPopupNumber = '2';
+
+std::shared_ptr<TMenuItem> MakeItem(std::string name, std::string_view caption) {
+    auto item = std::make_shared<TMenuItem>();
+    item->Name = std::move(name);
+    item->Caption = caption;
+    return item;
+}
+
+}  // namespace
+
+TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
+    : Context(context),
+      lvFormNames(context.Rows.FormNames),
+      lvExternalFiles(context.Rows.ExternalFiles),
+      MainMenu(MakeItem("MainMenu1", "")),
+      pmEditor(MakeItem("pmEditor", "")),
+      onClosed_(std::move(onClosed)) {
+    Name = "frmmlLang";
+    Caption = "TmlLang Expert (VCL Edition)";
+    ClientWidth = 700;
+    ClientHeight = 400;
+    Context.Rows = TFormsList();
+    BuildMenus();
+    Menu = MainMenu;
+    FormShow();
+    CheckEnableActions();
+}
+
+TfrmmlLang::~TfrmmlLang() {
+    ClearRows(lvFormNames);
+}
+
+void TfrmmlLang::BuildMenus() {
+    for (const TMenuRow& row : kMainMenu) {
+        MainMenu->Items.push_back(MakeItem(row.Name, row.Caption));
+        for (const TCommand& command : AllCommands())
+            if ((command.Places & row.Place) != 0) Place(command, *MainMenu->Items.back(), kMainNumber);
+    }
+    for (const TCommand& command : AllCommands()) {
+        if ((command.Places & plPopup) != 0) Place(command, *pmEditor, kPopupNumber);
+        if ((command.Places & plToolBar) != 0)
+            ToolBar.push_back(Build(command, "tb" + std::string(command.Name), true));
+    }
+}
+
+void TfrmmlLang::Place(const TCommand& command, TMenuItem& menu, char number) {
+    TMenuItem& place = command.SubMenu == TSubMenu::None ? menu : SubMenu(menu, command.SubMenu, number);
+    place.Items.push_back(Build(command, std::string(command.Name) + number, false));
+}
+
+TMenuItem& TfrmmlLang::SubMenu(TMenuItem& menu, TSubMenu subMenu, char number) {
+    const auto rows = AllSubMenus();
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const TSubMenuRow& candidate) { return candidate.SubMenu == subMenu; });
+    const std::string name = std::string(row->Name) + number;
+    const auto found = std::find_if(menu.Items.begin(), menu.Items.end(),
+                                    [&](const auto& item) { return item->Name == name; });
+    if (found != menu.Items.end()) return **found;
+    menu.Items.push_back(MakeItem(name, row->Caption));
+    if (row->PascalOnly) pascalOnly_.push_back(menu.Items.back());
+    return *menu.Items.back();
+}
+
+std::shared_ptr<TMenuItem> TfrmmlLang::Build(const TCommand& command, const std::string& name,
+                                             bool isButton) {
+    auto item = MakeItem(name, isButton ? command.ButtonCaption : command.Caption);
+    item->ShortCut = isButton ? TShortCut{0} : TextToShortCut(command.ShortCut);
+    item->Tag = command.Tag;
+    item->Enabled = command.Handler != nullptr;
+    item->OnClick = [this, &command] { Execute(command); };
+    if (command.PascalOnly) pascalOnly_.push_back(item);
+    built_.push_back({&command, item, isButton});
+    return item;
+}
+
+void TfrmmlLang::FormShow() {
+    SetColumnWidths(lvFormNames, Context.Settings.Get().ColumnWidths);
+}
+
+void TfrmmlLang::FormClose() {
+    Context.Settings.SetColumnWidths(ColumnWidthsText(lvFormNames));
+    // The handler may free this window, itself included: nothing of it is touched afterwards.
+    const auto onClosed = onClosed_;
+    onClosed();
+}
+
+void TfrmmlLang::CheckEnableActions() {
+    const TListItem* selected = Context.Rows.Active().FirstSelected();
+    for (const TBuilt& built : built_) {
+        const int tag = built.Command->Tag;
+        if (built.Command->Handler == nullptr || tag <= 0) continue;
+        if (!built.IsButton && tag == kAlwaysAvailable) continue;
+        const bool needsComponent = !built.IsButton && tag == kNeedsComponent;
+        built.Item->Enabled =
+            selected != nullptr && (!needsComponent || !selected->SubItems[fcComponent].empty());
+    }
+    if (selected != nullptr) Context.ComponentName = selected->SubItems[fcComponent];
+    ShowLanguageItems();
+    Changed();
+}
+
+void TfrmmlLang::ShowLanguageItems() {
+    const TListView& list = Context.Rows.Active();
+    const TListItem* deciding = list.FirstSelected();
+    if (deciding == nullptr && list.Count() > 0) deciding = list.Items().front().get();
+    if (deciding == nullptr) return;
+    for (const auto& item : pascalOnly_)
+        item->Visible = !LanguageOf(deciding->SubItems[fcFileName]).IsCPPSource;
+}
+
+void TfrmmlLang::UpdateStatusBar() {
+    tml::UpdateStatusBar(Context);
+    Changed();
+}
+
+void TfrmmlLang::lvFormNamesColumnClick(int column) {
+    SortRows(Context, column, -Context.Settings.Get().SortOrder);
+    Changed();
+}
+
+void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {
+    if (key == kEnter) Run("Translate");
+}
+
+void TfrmmlLang::SelectAll1Click() {
+    TListView& list = Context.Rows.Active();
+    for (const auto& item : list.Items())
+        item->Selected = true;
+    list.Touch();
+    CheckEnableActions();
+}
+
+void TfrmmlLang::pcFormsListChange(TFormsPage page) {
+    Context.Rows.Page = page;
+    CheckEnableActions();
+    UpdateStatusBar();
+}
+
+void TfrmmlLang::Run(std::string_view commandName) {
+    const auto found = std::find_if(built_.begin(), built_.end(), [&](const TBuilt& built) {
+        return built.Command->Name == commandName && !built.IsButton;
+    });
+    if (found != built_.end()) found->Item->Click();
+}
+
+void TfrmmlLang::Execute(const TCommand& command) {
+    if (command.Handler == nullptr) return;
+    // The window may be gone when the handler returns, the context is not.
+    TContext& context = Context;
+    const TCommandGate::TCommand running(context.Gate);
+    try {
+        command.Handler(*this);
+    } catch (const EmlLangSilent&) {
+        // The command has ended without a message, as it wanted to.
+    }
+}
+
+}  // namespace tml

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "expert/Commands.h"
+#include "expert/Context.h"
+
+namespace tml {
+
+/// The main window: the forms of the project and the commands on them.
+class TfrmmlLang : public TForm {
+  public:
+    /// onClosed is called at the end of closing and may free the window.
+    TfrmmlLang(TContext& context, std::function<void()> onClosed);
+    ~TfrmmlLang() override;
+    TfrmmlLang(const TfrmmlLang&) = delete;
+    TfrmmlLang& operator=(const TfrmmlLang&) = delete;
+
+    TContext& Context;
+    TListView& lvFormNames;
+    TListView& lvExternalFiles;
+    std::shared_ptr<TMenuItem> MainMenu;  ///< Menu of the window, or of the host that it is docked in
+    std::shared_ptr<TMenuItem> pmEditor;  ///< the lists' popup menu
+    std::vector<std::shared_ptr<TMenuItem>> ToolBar;
+
+    void FormShow() override;
+    /// Stores the column widths; the window is gone afterwards.
+    void FormClose() override;
+
+    /// Enables the commands by their tags, and notes the selected row's component.
+    void CheckEnableActions();
+    void UpdateStatusBar();
+    void lvFormNamesColumnClick(int column);
+    void lvFormNamesChange() { CheckEnableActions(); }
+    void lvFormNamesDblClick() { Run("Translate"); }
+    void lvFormNamesKeyDown(TShortCut key);
+    void SelectAll1Click();
+    void pcFormsListChange(TFormsPage page);
+
+    /// Runs a command by its name where it is enabled. What it throws passes on, but for EmlLangSilent.
+    void Run(std::string_view commandName);
+
+  private:
+    struct TBuilt {
+        const TCommand* Command;
+        std::shared_ptr<TMenuItem> Item;
+        bool IsButton;
+    };
+
+    void BuildMenus();
+    void Place(const TCommand& command, TMenuItem& menu, char number);
+    TMenuItem& SubMenu(TMenuItem& menu, TSubMenu subMenu, char number);
+    std::shared_ptr<TMenuItem> Build(const TCommand& command, const std::string& name, bool isButton);
+    void Execute(const TCommand& command);
+    void ShowLanguageItems();
+
+    std::function<void()> onClosed_;
+    std::vector<TBuilt> built_;
+    std::vector<std::shared_ptr<TMenuItem>> pascalOnly_;
+};
+
+}  // namespace tml

@@ -1,0 +1,116 @@
+#include "translations/Langconfig.h"
+
+#include <algorithm>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "expert/Insertion.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kInputCaption = "TmlLang Expert configure languages";
+constexpr const char* kInputPrompt = "Enter new language name:";
+/// More languages than anyone has; keeps a slip of the finger from filling the list for ever.
+constexpr int kMostLanguages = 10000;
+
+int NumberOf(const std::string& text) {
+    try {
+        return std::min(ToInteger(text), kMostLanguages);
+    } catch (const EConvertError&) {
+        return 0;
+    }
+}
+
+}  // namespace
+
+TfrmLangConfig::TfrmLangConfig(IDialogs& dialogs, const std::string& defaultNames, const TStringList& names)
+    : lbLangNames(names), dialogs_(dialogs), defaultNames_(SplitLangNames(defaultNames)) {
+    Name = "frmLangConfig";
+    Caption = "Configure Languages";
+    edLangCountChange(std::to_string(names.Count()));
+}
+
+void TfrmLangConfig::edLangCountChange(const std::string& text) {
+    if (text.find_first_not_of("0123456789") != std::string::npos) return;
+    edLangCount = text;
+    CountChanged();
+}
+
+void TfrmLangConfig::Step(int tag) {
+    const int count = NumberOf(edLangCount) + tag;
+    if (count >= 1) edLangCountChange(std::to_string(count));
+}
+
+void TfrmLangConfig::CountChanged() {
+    const int count = NumberOf(edLangCount);
+    btOKEnabled = count >= 1;
+    while (lbLangNames.Count() < count) {
+        const int i = lbLangNames.Count();
+        const bool hasDefault = defaultNames_.Count() > i && lbLangNames.IndexOf(defaultNames_[i]) < 0;
+        lbLangNames.Add(hasDefault ? defaultNames_[i] : GeneratedLangName(i + 1));
+    }
+    Selected.resize(lbLangNames.Items().size());
+    Changed();
+}
+
+void TfrmLangConfig::SwapWith(int index, int other) {
+    const auto a = static_cast<std::size_t>(index), b = static_cast<std::size_t>(other);
+    if (!Selected[a] || Selected[b]) return;
+    const std::string name = lbLangNames[index];
+    lbLangNames.Set(index, lbLangNames[other]);
+    lbLangNames.Set(other, name);
+    Selected[a] = false;
+    Selected[b] = true;
+}
+
+void TfrmLangConfig::btnMoveUpClick() {
+    for (int i = 1; i < lbLangNames.Count(); ++i)
+        SwapWith(i, i - 1);
+    Changed();
+}
+
+void TfrmLangConfig::btnMoveDownClick() {
+    for (int i = lbLangNames.Count() - 2; i >= 0; --i)
+        SwapWith(i, i + 1);
+    Changed();
+}
+
+void TfrmLangConfig::btnRenameClick() {
+    const auto selected = std::find(Selected.begin(), Selected.end(), true);
+    if (selected == Selected.end()) return;
+    const int index = static_cast<int>(selected - Selected.begin());
+    std::string name = lbLangNames[index];
+    if (!dialogs_.InputQuery(kInputCaption, kInputPrompt, name)) return;
+    lbLangNames.Set(index, name);
+    Changed();
+}
+
+void TfrmLangConfig::btnAddClick() {
+    std::string name;
+    if (!dialogs_.InputQuery(kInputCaption, kInputPrompt, name)) return;
+    lbLangNames.Add(name);
+    edLangCountChange(std::to_string(lbLangNames.Count()));
+}
+
+void TfrmLangConfig::btnDeleteClick() {
+    if (std::find(Selected.begin(), Selected.end(), true) == Selected.end()) return;
+    if (dialogs_.MessageDlg("Delete selected language name(s)?", TMsgDlgType::mtConfirmation,
+                            {mrYes, mrNo}) != mrYes)
+        return;
+    TStringList kept;
+    for (int i = 0; i < lbLangNames.Count(); ++i)
+        if (!Selected[static_cast<std::size_t>(i)]) kept.Add(lbLangNames[i]);
+    lbLangNames = kept;
+    Selected.assign(kept.Items().size(), false);
+    edLangCountChange(std::to_string(kept.Count()));
+}
+
+TModalResult ConfigureLanguages(TContext& context, TStringList& names) {
+    TfrmLangConfig window(context.Dialogs(), context.Settings.Get().DefaultLangNames, names);
+    const TModalResult result = context.Dialogs().ShowModal(window);
+    if (result == mrOk) names = window.lbLangNames;
+    return result;
+}
+
+}  // namespace tml

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/Files.h"
+
+namespace tml {
+
+/// An ini file in memory. Sections and keys are found without regard to case; lines that are not changed
+/// stay as they are, comments and foreign lines among them.
+class TmlMemIniFile {
+  public:
+    /// Reads the file; a missing one gives an empty store.
+    TmlMemIniFile(IFileSystem& files, std::string fileName);
+
+    std::string ReadString(std::string_view section, std::string_view key, std::string_view missing) const;
+    /// A value that is no number gives missing; every number but 0 is true.
+    bool ReadBool(std::string_view section, std::string_view key, bool missing) const;
+    /// The key is written as spelled here. EBadInput for a value with a line break.
+    void WriteString(std::string_view section, std::string_view key, std::string_view value);
+    void WriteBool(std::string_view section, std::string_view key, bool value);
+    /// Writes the store to its file; the file is at every moment the old or the new one.
+    void UpdateFile();
+
+  private:
+    /// A place in the text: the line of a key, or where one would be inserted.
+    struct TPlace {
+        bool HasSection = false;
+        bool HasKey = false;
+        std::size_t Begin = 0;
+        std::size_t End = 0;  ///< in front of the line break
+    };
+    TPlace Find(std::string_view section, std::string_view key) const;
+
+    IFileSystem& files_;
+    std::string fileName_;
+    std::string text_;
+    std::string lineEnd_ = "\r\n";
+};
+
+}  // namespace tml

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "base/Files.h"
+#include "platform/Projectsettings.h"
+#include "translations/Memini.h"
+
+namespace tml {
+
+/// The translation settings of a project in its ".mlproj" file.
+class TmlLangProjectSettings : public ImlLangProjectSettings {
+  public:
+    explicit TmlLangProjectSettings(IFileSystem& files) : files_(files) {}
+
+    std::string GetFileName() override { return fileName_; }
+    /// Keeps the full path and loads the file.
+    void SetFileName(const std::string& name) override;
+    void LoadFile() override;
+    /// EBadInput without a file name; EFileError where the file cannot be written.
+    void SaveFile() override;
+    /// An unknown option is the empty text.
+    TOptionValue GetOptionValue(const std::string& name) override;
+    /// An unknown option is ignored, but counts as a change. EConvertError for a text that is no switch.
+    void SetOptionValue(const std::string& name, const TOptionValue& value) override;
+    void DisplayEditDialog() override;
+    bool GetIsChanged() override { return changed_; }
+
+  private:
+    IFileSystem& files_;
+    std::string fileName_;
+    std::unique_ptr<TmlMemIniFile> store_;
+    bool changed_ = false;
+};
+
+}  // namespace tml
