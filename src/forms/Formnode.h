@@ -42,14 +42,20 @@ struct TFormNodeData {
     int Line = 0;
     bool IsNew = false;  ///< not in the file: the spans mean nothing
     bool Renamed = false;
-    TFormSpan Span;                   ///< from the head to the end of the node
-    TFormSpan NameSpan;               ///< empty, at the class name, for a nameless text node
+    TFormSpan Span;      ///< from the head to the end of the node
+    TFormSpan NameSpan;  ///< empty, at the class name, for a nameless text node
     TFormSpan ClassSpan;
     std::uint32_t PropertiesEnd = 0;  ///< behind the last property, or behind the head
     std::vector<TFormPropertyPlace> Properties;
     std::vector<std::unique_ptr<TFormNode>> Children;
     std::vector<TFormSpan> Removed;  ///< properties and children of the file that are gone
+
+    std::string PropertyName(const TFormPropertyPlace& place) const;
+    /// Index of a property (name without regard to case), kNoProperty when there is none.
+    std::size_t FindProperty(std::string_view name) const;
 };
+
+constexpr std::size_t kNoProperty = static_cast<std::size_t>(-1);
 
 /// One component of a form. Nodes belong to their tree and stay where they are until they are removed.
 class TFormNode {

@@ -9,6 +9,8 @@
 
 namespace tml {
 
+class IFormEditor;
+
 /// A form file as a lossless tree: what is not changed comes back byte for byte, a change touches its own
 /// lines only and is written in the file's own style. Content decides between text and binary.
 class TFormTree {
@@ -51,10 +53,12 @@ class TFormTree {
 
   private:
     explicit TFormTree(std::unique_ptr<TFormFile> file);
-    std::string Converted(bool binary) const;
+    const IFormEditor& Editor();
+    std::unique_ptr<TFormTree> Reread() const;
 
     std::unique_ptr<TFormFile> file_;
     std::unique_ptr<TFormNode> root_;
+    std::unique_ptr<IFormEditor> editor_;  ///< there since the first change
 };
 
 }  // namespace tml

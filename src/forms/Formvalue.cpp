@@ -33,7 +33,8 @@ TFormValue TFormValue::Boolean(bool value) {
 
 TFormValue TFormValue::Strings(const TStringList& list) {
     TFormValue value = Scalar(TFormValueKind::List, {});
-    for (const std::string& item : list) value.Items.push_back(String(item));
+    for (const std::string& item : list)
+        value.Items.push_back(String(item));
     return value;
 }
 

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "forms/Formbinary.h"
+#include "forms/Formsink.h"
+
+namespace tml {
+
+/// Reads bytes in order and never beyond their end.
+class TFormBytes {
+  public:
+    TFormBytes(std::string_view bytes, std::size_t offset, const std::string& fileName)
+        : bytes_(bytes), offset_(offset), fileName_(fileName) {}
+
+    std::size_t Offset() const { return offset_; }
+    std::size_t Left() const { return bytes_.size() - offset_; }
+    unsigned Peek() const;
+    unsigned Byte();
+    std::string_view Take(std::uint64_t count);
+    std::uint32_t Size();
+    /// A length byte and so many bytes.
+    std::string_view ShortString() { return Take(Byte()); }
+    /// A little-endian number with its sign.
+    std::int64_t Number(std::size_t count);
+    [[noreturn]] void Fail(const std::string& problem) const;
+
+  private:
+    std::string_view bytes_;
+    std::size_t offset_;
+    const std::string& fileName_;
+};
+
+/// Reads property values of a binary form. Without a sink it only checks and passes over.
+class TBinaryValueReader {
+  public:
+    /// habits (if given) takes what the strings tell.
+    TBinaryValueReader(TFormBytes& bytes, TFormSink* sink, IFormPlaces* places, TFormStringHabits* habits)
+        : bytes_(bytes), sink_(sink), places_(places), habits_(habits) {}
+
+    /// depth counts the components, lists and collections around the value.
+    void Read(int depth);
+    /// Reads an integer value that stands for a position; throws EBadInput for another value.
+    int ReadPosition();
+
+  private:
+    void ReadAny(int depth);
+    void ReadNumber(TFormMark mark);
+    void ReadFloat(TFormFloatKind kind, std::size_t size);
+    void ReadString(TFormStringKind kind, std::string_view content);
+    void ReadName(std::string_view name);
+    void ReadSet();
+    void ReadBinary();
+    void ReadList(int depth);
+    void ReadCollection(int depth);
+    void ReadItem(int depth);
+    void Note(TFormStringKind kind, std::string_view content);
+
+    TFormBytes& bytes_;
+    TFormSink* sink_;
+    IFormPlaces* places_;
+    TFormStringHabits* habits_;
+};
+
+}  // namespace tml

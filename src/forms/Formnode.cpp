@@ -1,0 +1,41 @@
+#include "forms/Formnode.h"
+
+#include "base/Utf8.h"
+#include "forms/Formbuilder.h"
+#include "forms/Formchars.h"
+#include "forms/Formfile.h"
+#include "forms/Formstrings.h"
+
+namespace tml {
+
+std::string TFormNodeData::PropertyName(const TFormPropertyPlace& place) const {
+    return place.Change ? place.Change->Name : DecodeFrom(*File, File->Name(place.Name));
+}
+
+// Names of equal text have equal length whatever their case, which settles most comparisons.
+std::size_t TFormNodeData::FindProperty(std::string_view name) const {
+    for (std::size_t i = 0; i < Properties.size(); ++i) {
+        const std::string_view bytes = File->Name(Properties[i].Name);
+        const bool canDiffer = bytes.empty() || !IsAscii(bytes);
+        if (!canDiffer && bytes.size() != name.size()) continue;
+        if (SameText(PropertyName(Properties[i]), name)) return i;
+    }
+    return kNoProperty;
+}
+
+std::vector<std::string> TFormNode::PropertyNames() const {
+    std::vector<std::string> names;
+    names.reserve(data_.Properties.size());
+    for (const TFormPropertyPlace& place : data_.Properties)
+        names.push_back(data_.PropertyName(place));
+    return names;
+}
+
+std::optional<TFormValue> TFormNode::Find(std::string_view name) const {
+    const std::size_t index = data_.FindProperty(name);
+    if (index == kNoProperty) return std::nullopt;
+    const TFormPropertyPlace& place = data_.Properties[index];
+    return place.Change ? place.Change->Value : ReadValue(*data_.File, place.Value);
+}
+
+}  // namespace tml

@@ -1,0 +1,82 @@
+#include "forms/Formpieces.h"
+
+#include <utility>
+
+#include "base/Utf8.h"
+#include "forms/Formstrings.h"
+
+namespace tml {
+
+namespace {
+
+/// A long string is cut behind so many characters (UTF-16 units).
+constexpr std::size_t kPieceUnits = 64;
+constexpr char32_t kDelete = 0x7F;
+
+}  // namespace
+
+TFormPieces::TFormPieces(const TFormFile& file, const TFormTextStyle& style, std::string lineBreak)
+    : file_(file), style_(style), lineBreak_(std::move(lineBreak)) {}
+
+std::string TFormPieces::Write(std::string_view wide) {
+    const std::size_t count = wide.size() / 2;
+    if (count == 0) return "''";
+    const bool isSplit = style_.Layout == TFormLayout::Dfm && count > kPieceUnits;
+    if (isSplit) text_ = lineBreak_;
+    std::size_t inPiece = 0;
+    for (std::size_t i = 0; i < count; ++i, ++inPiece) {
+        if (isSplit && inPiece >= kPieceUnits) {
+            Close();
+            text_ += " +" + lineBreak_;
+            inPiece = 0;
+        }
+        if (style_.RawCharacters && IsPairAt(wide, i)) {
+            PutRaw(PairAt(wide, i++));
+            ++inPiece;
+        } else {
+            Put(WideUnit(wide, i));
+        }
+    }
+    Close();
+    return std::move(text_);
+}
+
+void TFormPieces::Put(char32_t unit) {
+    if (unit == '\'' && style_.DoubledApostrophe) {
+        Open();
+        text_ += "''";
+    } else if (unit == '\'' || unit < ' ' || unit == kDelete) {
+        PutCode(unit);
+    } else if (unit < kDelete) {
+        Open();
+        text_.push_back(static_cast<char>(unit));
+    } else if (style_.RawCharacters && !IsSurrogate(unit)) {
+        PutRaw(unit);
+    } else {
+        PutCode(unit);
+    }
+}
+
+void TFormPieces::PutRaw(char32_t codePoint) {
+    Open();
+    std::string character;
+    AppendCodePoint(character, codePoint);
+    text_ += EncodeFor(file_, character);
+}
+
+void TFormPieces::PutCode(char32_t code) {
+    Close();
+    text_ += '#' + std::to_string(static_cast<std::uint32_t>(code));
+}
+
+void TFormPieces::Open() {
+    if (!inQuotes_) text_.push_back('\'');
+    inQuotes_ = true;
+}
+
+void TFormPieces::Close() {
+    if (inQuotes_) text_.push_back('\'');
+    inQuotes_ = false;
+}
+
+}  // namespace tml

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "forms/Formtextwriter.h"
+
+namespace tml {
+
+/// Writes one string as quoted pieces and character codes.
+class TFormPieces {
+  public:
+    /// lineBreak is what separates the pieces of a long string: a line end and the deeper indent.
+    TFormPieces(const TFormFile& file, const TFormTextStyle& style, std::string lineBreak);
+
+    /// wide is UTF-16, little endian. Throws EBadInput when the file's encoding cannot hold the text.
+    std::string Write(std::string_view wide);
+
+  private:
+    void Put(char32_t unit);
+    void PutRaw(char32_t codePoint);
+    void PutCode(char32_t code);
+    void Open();
+    void Close();
+
+    const TFormFile& file_;
+    const TFormTextStyle& style_;
+    std::string lineBreak_;
+    std::string text_;
+    bool inQuotes_ = false;
+};
+
+}  // namespace tml
