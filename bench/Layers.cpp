@@ -1,7 +1,6 @@
 // bench-layers FOLDER COMMON [--benchmark_...]: what each layer of the scan costs on the units of a folder,
 // held in memory, beside the bare loop over the same bytes. COMMON is the common library's file.
 #include <benchmark/benchmark.h>
-
 #include <iostream>
 #include <string>
 #include <vector>

@@ -39,7 +39,8 @@ void CheckPatterns(const std::string& input) {
     const std::string text = input.substr(std::min(end + 1, input.size()));
     Common().mlREStringMatches(text, input.substr(0, end));
     const bool quotable = IsValidUtf8(text) && !Contains(text, "\\E");
-    if (quotable) Expect(Common().mlREStringMatches(text, "\\Q" + text + "\\E"), "a quoted text matches itself");
+    if (quotable)
+        Expect(Common().mlREStringMatches(text, "\\Q" + text + "\\E"), "a quoted text matches itself");
 }
 
 }  // namespace

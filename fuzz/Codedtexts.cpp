@@ -1,10 +1,9 @@
 // Any bytes as a source file, edited at any places: the edits are in the text, lines in front of them keep
 // their bytes, and undo gives the bytes back.
-#include <fuzzer/FuzzedDataProvider.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 
 #include "Expect.h"
@@ -14,8 +13,9 @@
 namespace tml::fuzz {
 namespace {
 
-constexpr const char* kSnippets[] = {"",       "x",           "\r\n", "a\r\n", "\r\nb", "'text'", "\xC3\xA9",
-                                     "\xD0\x96", "\xE2\x82\xAC", "\t",   "{\r\n}\r\n", "\xF0\x9F\x8D\x8E"};
+constexpr const char* kSnippets[] = {
+    "",         "x",        "\r\n",         "a\r\n", "\r\nb",      "'text'",
+    "\xC3\xA9", "\xD0\x96", "\xE2\x82\xAC", "\t",    "{\r\n}\r\n", "\xF0\x9F\x8D\x8E"};
 
 /// The next place where an edit may begin or end: between characters, and not inside a line break.
 std::size_t Boundary(const std::string& text, std::size_t pos) {
@@ -58,7 +58,8 @@ std::size_t EndOfLines(const std::string& bytes, std::size_t begin, std::size_t 
 void CheckSaved(const TCodedText& text, const std::string& original, std::size_t untouched) {
     const std::string saved = text.Bytes();
     const TCodedText again(saved);
-    if (again.Encoding() == text.Encoding()) Expect(again.Text() == text.Text(), "a saved text is read as it was");
+    if (again.Encoding() == text.Encoding())
+        Expect(again.Text() == text.Text(), "a saved text is read as it was");
     if (text.Encoding().Name.rfind("UTF-16", 0) == 0) return;
     const std::size_t same = EndOfLines(original, text.Encoding().Bom.size(), untouched);
     Expect(saved.compare(0, same, original, 0, same) == 0, "lines in front of an edit keep their bytes");

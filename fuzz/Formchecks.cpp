@@ -1,6 +1,10 @@
 #include "Formchecks.h"
 
+#include <algorithm>
+#include <cctype>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "Expect.h"
@@ -27,31 +31,65 @@ std::unique_ptr<TFormTree> MustRead(const std::string& bytes, const char* claim)
     return tree;
 }
 
-/// Text where the form is binary, binary where it is text.
-std::string Converted(const TFormTree& tree) {
-    return tree.IsBinary() ? tree.Text() : tree.Binary();
-}
-
-void CheckConversions(const TFormTree& tree) {
-    std::string there;
-    try {
-        there = Converted(tree);
-    } catch (const EBadInput&) {
-        return;  // some value has no place in the other kind
-    }
-    const auto other = MustRead(there, "a converted form can be read");
-    Expect(other->IsBinary() != tree.IsBinary(), "a conversion gives the other kind");
-    const std::string back = Converted(*other);
-    const auto again = MustRead(back, "a form converted twice can be read");
-    Expect(Converted(*again) == there, "what a conversion gave is stable");
-}
-
 std::vector<TFormNode*> NodesOf(TFormTree& tree) {
     std::vector<TFormNode*> nodes = {&tree.Root()};
     for (std::size_t i = 0; i < nodes.size(); ++i)
         for (const auto& child : nodes[i]->Children())
             nodes.push_back(child.get());
     return nodes;
+}
+
+bool IsPlainName(std::string_view name) {
+    const auto isLetter = [](char c) { return std::isalpha(static_cast<unsigned char>(c)) || c == '_'; };
+    const auto isPlain = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '.';
+    };
+    return name.empty() || (isLetter(name.front()) && std::all_of(name.begin(), name.end(), isPlain));
+}
+
+bool HasPlainNames(const TFormValue& value) {
+    if (value.Kind == TFormValueKind::Identifier && !IsPlainName(value.Text)) return false;
+    for (const auto& item : value.Collection)
+        for (const TFormProperty& property : item)
+            if (!IsPlainName(property.Name) || !HasPlainNames(property.Value)) return false;
+    return std::all_of(value.Items.begin(), value.Items.end(), HasPlainNames);
+}
+
+/// A binary form can hold any text for a name; only plain ones can be read from a text.
+bool HasPlainNames(const TFormNode& node) {
+    if (!IsPlainName(node.Name()) || !IsPlainName(node.ClassName())) return false;
+    const auto names = node.PropertyNames();
+    return std::all_of(names.begin(), names.end(), [&](const std::string& name) {
+        return !name.empty() && IsPlainName(name) && HasPlainNames(*node.Find(name));
+    });
+}
+
+/// Text where the form is binary, binary where it is text. Gives none where it is refused: some value or
+/// name has no place in the other kind.
+std::optional<std::string> Converted(const TFormTree& tree) {
+    try {
+        return tree.IsBinary() ? tree.Text() : tree.Binary();
+    } catch (const EBadInput&) {
+        return std::nullopt;
+    }
+}
+
+/// To the other kind, back, and so on: from the first conversion on, the text stays the same.
+void CheckConversions(TFormTree& tree) {
+    const auto nodes = NodesOf(tree);
+    if (!std::all_of(nodes.begin(), nodes.end(), [](TFormNode* node) { return HasPlainNames(*node); }))
+        return;
+    std::optional<std::string> converted = Converted(tree);
+    std::string text;
+    for (int i = 0; i < 4 && converted; ++i) {
+        const auto other = MustRead(*converted, "a converted form can be read");
+        if (!other->IsBinary()) {
+            Expect(text.empty() || text == *converted, "conversions do not change the text again and again");
+            text = *converted;
+        }
+        converted = Converted(*other);
+        Expect(converted.has_value(), "what has been converted can be converted back");
+    }
 }
 
 void CheckProperty(const std::string& bytes, std::size_t index, const TFormValue& value) {

@@ -56,7 +56,8 @@ void CheckTokens(const TSourceText& source) {
         for (const char c : source.Text().substr(last, token.Begin - last))
             Expect(static_cast<unsigned char>(c) <= ' ' || c == '\\', "only blanks lie between tokens");
         if (token.Kind == TTokenKind::Literal)
-            Expect(source.Literals().at(token.Index).Begin == token.Begin, "a literal's token is at its place");
+            Expect(source.Literals().at(token.Index).Begin == token.Begin,
+                   "a literal's token is at its place");
         if (token.Kind == TTokenKind::Comment || token.Kind == TTokenKind::Directive)
             Expect(source.Comments().at(token.Index).Begin == token.Begin, "and so is a comment's");
         last = token.End;

@@ -29,7 +29,8 @@ void CheckFound(const TScanInput& input, const TScanResult& result) {
     std::set<std::string> ids;
     for (const TmlFoundSourceString& found : result.Found) {
         Expect(found.SpanBegin >= last, "found strings are in order and apart");
-        Expect(found.SpanBegin <= found.Position && found.Position < found.SpanEnd, "a string is in its span");
+        Expect(found.SpanBegin <= found.Position && found.Position < found.SpanEnd,
+               "a string is in its span");
         Expect(found.SpanLength == found.SpanEnd - found.SpanBegin, "a span has its length");
         Expect(ids.insert(found.StrID).second, "every string has an ID of its own");
         last = found.SpanEnd;
