@@ -28,8 +28,9 @@ struct TContext {
     TExpertSettings& Settings;
     TFormsList Rows;
     TProjectData Project;
-    std::string ComponentName;  ///< of the row selected last
-    TmlSkippedStrings Skipped;  ///< by the last scan
+    std::string ComponentName;        ///< of the row selected last
+    TmlSkippedStrings Skipped;        ///< by the last scan
+    std::string ExcludeRowsTypedStr;  ///< last answer of the review's "Delete rows that contains"
     TCommandGate Gate;
 
     IDialogs& Dialogs() { return *Host.Dialogs; }

@@ -151,7 +151,7 @@ std::string GeneratedLangName(int position) {
 void sbLanguagesClick(TContext& context) {
     TListItem* item = context.Rows.Active().FirstSelected();
     if (item == nullptr) return;
-    const TModuleLease lease(context, item->SubItems[fcFileName]);
+    TModuleLease lease(context, item->SubItems[fcFileName]);
     const auto lang = GetmlLang(context, item->Caption);
     const auto dispatcher = AskForDispatcher(context, lang.get());
     TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
@@ -169,6 +169,7 @@ void sbLanguagesClick(TContext& context) {
         setUp.InsertIfMissing = true;
         SetUpLang(context, item, setUp);
     }
+    lease.Save();
     scope->Commit();
 }
 

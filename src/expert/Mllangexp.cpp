@@ -8,6 +8,7 @@
 #include "expert/Formrows.h"
 #include "expert/Mlmainform.h"
 #include "expert/Modules.h"
+#include "scan/Editorcommands.h"
 #include "translations/Projectsettings.h"
 
 namespace tml {
@@ -101,6 +102,28 @@ void TmlLangExpert::RebuildMenus() {
     if (menuRebuildCount_ == 0) return;
     FreeMenuItem();
     Configure();
+}
+
+void TmlLangExpert::InstallEditorPopupMenu() {
+    INTAServices* nta = host_.Services == nullptr ? nullptr : host_.Services->GetNTAServices();
+    if (nta == nullptr) return;
+    for (const TEditorCommand& command : AllEditorCommands()) {
+        auto item = std::make_shared<TMenuItem>();
+        item->Name = command.Name;
+        item->Caption = command.Caption;
+        item->OnClick = [this, &command] {
+            const TCommandGate::TCommand running(context_.Gate);
+            command.Handler(context_);
+        };
+        nta->GetEditorLocalMenu().Items.push_back(item);
+        editorItems_.push_back(std::move(item));
+    }
+}
+
+void TmlLangExpert::RemoveEditorPopupMenu() {
+    for (const auto& item : editorItems_)
+        host_.Services->GetNTAServices()->GetEditorLocalMenu().Remove(item.get());
+    editorItems_.clear();
 }
 
 void TmlLangExpert::RemoveSettings() {
@@ -214,7 +237,7 @@ void TmlLangExpert::ProjectClosed() {
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {
     DestroyProjectSettings();
-    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(*host_.Files);
+    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(context_);
     host_.Runtime->mlLangProjectSettings->SetFileName(WithExtension(projectFileName, ".mlproj"));
 }
 

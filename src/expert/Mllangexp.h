@@ -78,6 +78,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     std::uint8_t menuRebuildCount_ = 0;
     std::vector<std::shared_ptr<TmlModuleNotifier>> moduleNotifiers_;
     std::shared_ptr<TMenuItem> menuItem_;
+    std::vector<std::shared_ptr<TMenuItem>> editorItems_;
     IOTAServices* services_ = nullptr;
     std::shared_ptr<TmlAddInNotifier> addInNotifier_;
     int notifierIndex_ = -1;

@@ -56,6 +56,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
 
 TfrmmlLang::~TfrmmlLang() {
     ClearRows(lvFormNames);
+    *isAlive_ = false;
 }
 
 void TfrmmlLang::BuildMenus() {
@@ -175,12 +176,16 @@ void TfrmmlLang::Execute(const TCommand& command) {
     if (command.Handler == nullptr) return;
     // The window may be gone when the handler returns, the context is not.
     TContext& context = Context;
+    const std::shared_ptr<bool> isAlive = isAlive_;
     const TCommandGate::TCommand running(context.Gate);
     try {
         command.Handler(*this);
     } catch (const EmlLangSilent&) {
         // The command has ended without a message, as it wanted to.
     }
+    if (!*isAlive) return;
+    CheckEnableActions();
+    UpdateStatusBar();
 }
 
 }  // namespace tml

@@ -59,6 +59,7 @@ class TfrmmlLang : public TForm {
 
     std::function<void()> onClosed_;
     std::vector<TBuilt> built_;
+    std::shared_ptr<bool> isAlive_ = std::make_shared<bool>(true);
     std::vector<std::shared_ptr<TMenuItem>> pascalOnly_;
 };
 

@@ -145,12 +145,14 @@ void TBinaryValueReader::Note(TFormStringKind kind, std::string_view content) {
 }
 
 void TBinaryValueReader::ReadName(std::string_view name) {
+    if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
     if (sink_ != nullptr) sink_->Identifier(name);
 }
 
 void TBinaryValueReader::ReadSet() {
     std::vector<std::string_view> names;
     for (std::string_view name = bytes_.ShortString(); !name.empty(); name = bytes_.ShortString()) {
+        if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
         if (sink_ != nullptr) names.push_back(name);
     }
     if (sink_ != nullptr) sink_->Set(names);
@@ -188,6 +190,7 @@ void TBinaryValueReader::ReadItem(int depth) {
     if (sink_ != nullptr) sink_->BeginItem(position);
     while (bytes_.Peek() != 0) {
         const std::string_view name = bytes_.ShortString();
+        if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
         if (sink_ != nullptr) sink_->Property(name);
         Read(depth + 1);
     }

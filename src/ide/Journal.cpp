@@ -15,7 +15,7 @@ namespace {
 class TSaveStep : public TUndoStep {
   public:
     TSaveStep(std::shared_ptr<TDocument> document, std::string bytes)
-        : TUndoStep(std::move(document)), bytes_(std::move(bytes)) {}
+        : TUndoStep(std::move(document), TAspect::Saving), bytes_(std::move(bytes)) {}
     const std::string* BytesToWrite() const override { return &bytes_; }
 
   protected:
@@ -28,7 +28,8 @@ class TSaveStep : public TUndoStep {
 /// A document that is marked as modified and has not changed.
 class TMarkStep : public TUndoStep {
   public:
-    using TUndoStep::TUndoStep;
+    explicit TMarkStep(std::shared_ptr<TDocument> document)
+        : TUndoStep(std::move(document), TAspect::Saving) {}
 
   protected:
     void ToggleContent() override {}
@@ -42,18 +43,20 @@ bool IsDiffable(const std::string& bytes) {
 }  // namespace
 
 void TUndoStep::Toggle() {
+    // Taking a change back that has been saved since makes the document modified.
     const TDocument::TState current = document_->State();
     ToggleContent();
-    document_->SetState(state_);
+    document_->SetState(aspect_ == TAspect::Content
+                            ? TDocument::TState{state_.Version, current.Saved, current.Marked}
+                            : TDocument::TState{current.Version, state_.Saved, state_.Marked});
     state_ = current;
 }
 
 void TDocument::MarkModified() {
     if (IsModified()) return;
-    const auto command = journal_.BeginUnlessRunning("Modify " + FileNameOf(fileName_));
-    journal_.Add(std::make_unique<TMarkStep>(shared_from_this()));
+    // Nothing to undo by itself; but a command that is given up takes the mark with it.
+    if (journal_.IsRunning()) journal_.Add(std::make_unique<TMarkStep>(shared_from_this()));
     state_.Marked = true;
-    if (command) command->Commit();
 }
 
 void TDocument::Save() {
@@ -134,7 +137,7 @@ std::unique_ptr<ICommandScope> TJournal::BeginUnlessRunning(const std::string& t
 
 void TJournal::Add(std::unique_ptr<TUndoStep> step) {
     if (scopes_.empty()) throw std::logic_error("a change outside of every command");
-    if (step->BytesToWrite() == nullptr) changed_.insert(step->Document().get());
+    if (step->Aspect() == TUndoStep::TAspect::Content) changed_.insert(step->Document().get());
     running_.Steps.push_back(std::move(step));
 }
 
@@ -176,7 +179,7 @@ void TJournal::Commit() {
     WriteSaved();
     TEntry entry = std::move(running_);
     running_ = TEntry();
-    std::erase_if(entry.Steps, [](const auto& step) { return step->BytesToWrite() != nullptr; });
+    std::erase_if(entry.Steps, [](const auto& step) { return step->Aspect() == TUndoStep::TAspect::Saving; });
     if (entry.Steps.empty()) return;
     DropRedoOf(entry);
     if (!entry.IsClosed()) done_.push_back(std::move(entry));

@@ -27,7 +27,8 @@ class TEditReader : public IOTAEditReader {
 /// Refuses what cannot be written at once, so that the change itself, made on destruction, cannot fail.
 class TEditWriter : public IOTAEditWriter {
   public:
-    explicit TEditWriter(std::shared_ptr<TSourceBuffer> buffer) : buffer_(std::move(buffer)) {
+    explicit TEditWriter(std::shared_ptr<TSourceBuffer> buffer)
+        : buffer_(std::move(buffer)), text_(buffer_->Text()) {
         if (buffer_->HasWriter || buffer_->IsClosed())
             throw EBadInput(
                 buffer_->FileName(), 0,
@@ -36,7 +37,9 @@ class TEditWriter : public IOTAEditWriter {
     }
     ~TEditWriter() override {
         buffer_->HasWriter = false;
-        if (!edits_.empty()) buffer_->Apply(edits_, "Edit " + FileNameOf(buffer_->FileName()));
+        // An undo in between has the last word.
+        if (!edits_.empty() && buffer_->Text() == text_)
+            buffer_->Apply(edits_, "Edit " + FileNameOf(buffer_->FileName()));
     }
     TEditWriter(const TEditWriter&) = delete;
     TEditWriter& operator=(const TEditWriter&) = delete;
@@ -66,6 +69,7 @@ class TEditWriter : public IOTAEditWriter {
     }
 
     std::shared_ptr<TSourceBuffer> buffer_;
+    std::shared_ptr<const std::string> text_;
     std::size_t position_ = 0;
     TEdits edits_;
 };

@@ -11,8 +11,10 @@
 namespace tml {
 namespace {
 
-std::string StagePath(const std::string& target) {
-    return JoinPath(FolderOf(target), "." + FileNameOf(target) + ".tml-new");
+/// The name tells whose record a stage file belongs to, so that nobody else takes it for a left-over.
+std::string StagePath(const std::string& target, const std::string& recordPath) {
+    const auto owner = static_cast<std::uint32_t>(MarkOf(recordPath).Hash);
+    return JoinPath(FolderOf(target), "." + FileNameOf(target) + "." + std::to_string(owner) + ".tml-new");
 }
 
 /// Held while files are renamed, so that a second program does not take our stage files for left-overs.
@@ -43,12 +45,14 @@ struct TPending {
     std::optional<std::string> Old;
 };
 
-std::vector<TPending> Resolve(IFileSystem& files, const std::vector<TStagedFile>& staged) {
+std::vector<TPending> Resolve(IFileSystem& files, const std::string& recordPath,
+                              const std::vector<TStagedFile>& staged) {
     std::vector<TPending> pending;
     for (const TStagedFile& file : staged) {
         const std::string target = files.Resolve(file.Path);
         const TContentMark old = file.Expected ? MarkOf(*file.Expected) : TContentMark();
-        pending.push_back({{StagePath(target), target, old, MarkOf(file.Bytes)}, file.Bytes, file.Expected});
+        pending.push_back(
+            {{StagePath(target, recordPath), target, old, MarkOf(file.Bytes)}, file.Bytes, file.Expected});
     }
     return pending;
 }
@@ -90,7 +94,14 @@ void WriteRecord(IFileSystem& files, const std::string& recordPath, const std::v
     std::vector<TCommitLine> lines;
     for (const TPending& file : pending)
         lines.push_back(file.Line);
-    WriteFileSafely(files, recordPath, WriteCommitRecord(lines));
+    const std::string staged = StagePath(recordPath, recordPath);
+    files.Stage(staged, WriteCommitRecord(lines), recordPath);
+    try {
+        files.Rename(staged, recordPath);
+    } catch (const EFileError&) {
+        RemoveQuietly(files, staged);
+        throw;
+    }
 }
 
 /// Not everything could be put back, so record and stage files stay for the next start.
@@ -199,7 +210,7 @@ std::string CommitRecordPath(const std::string& projectFile) {
 void WriteTogether(IFileSystem& files, const std::string& recordPath,
                    const std::vector<TStagedFile>& staged) {
     if (staged.empty()) return;
-    const std::vector<TPending> pending = Resolve(files, staged);
+    const std::vector<TPending> pending = Resolve(files, recordPath, staged);
     const TSaveLock lock(files, recordPath);
     try {
         StageAll(files, pending);
@@ -214,9 +225,9 @@ void WriteTogether(IFileSystem& files, const std::string& recordPath,
 
 std::vector<TProjectProblem> RecoverStaged(IFileSystem& files, const std::string& recordPath,
                                            const std::vector<std::string>& paths) {
-    std::vector<std::string> stagePaths = {StagePath(recordPath)};
+    std::vector<std::string> stagePaths = {StagePath(recordPath, recordPath)};
     for (const std::string& path : paths)
-        stagePaths.push_back(StagePath(files.Resolve(path)));
+        stagePaths.push_back(StagePath(files.Resolve(path), recordPath));
     // A project on a read-only disk must open, so nothing is locked unless there is work.
     if (!HasLeftOvers(files, recordPath, stagePaths)) return {};
     const TSaveLock lock(files, recordPath);

@@ -1,6 +1,218 @@
 #include "scan/Advice.h"
 
+#include <algorithm>
+#include <array>
+
+#include "base/Utf8.h"
+#include "source/Outline.h"
+#include "source/Tokens.h"
+
 namespace tml {
+namespace {
+
+struct TRegionAdvice {
+    TRegionKind Kind;
+    TAdvice Advice;
+};
+
+/// What a region says of the literals in it; the innermost region that says anything holds. A body says
+/// that a call can stand, so nothing further out matters.
+constexpr std::array<TRegionAdvice, 13> kRegionAdvices = {{
+    {TRegionKind::Uses, TAdvice::UsesClause},
+    {TRegionKind::Exports, TAdvice::External},
+    {TRegionKind::Const, TAdvice::Const},
+    {TRegionKind::ResourceString, TAdvice::ResourceString},
+    {TRegionKind::Type, TAdvice::Declaration},
+    {TRegionKind::Var, TAdvice::Initialiser},
+    {TRegionKind::Attribute, TAdvice::Attribute},
+    {TRegionKind::Property, TAdvice::Declaration},
+    {TRegionKind::Head, TAdvice::External},
+    {TRegionKind::Parameters, TAdvice::DefaultParameter},
+    {TRegionKind::CaseLabel, TAdvice::CaseLabel},
+    {TRegionKind::Assembler, TAdvice::Assembler},
+    {TRegionKind::Initialiser, TAdvice::Initialiser},
+}};
+
+/// Names that may stand beside a C++ literal without being joined with it.
+constexpr std::array<std::string_view, 14> kCppWords = {"return",   "case", "else",   "throw", "co_return",
+                                                        "co_yield", "do",   "in",     "and",   "or",
+                                                        "not",      "xor",  "delete", "new"};
+
+/// Where advice comes from that a literal's neighbours give.
+class TAdviser {
+  public:
+    TAdviser(const TSourceText& source, const TReach& reach)
+        : source_(source),
+          reach_(reach),
+          tokens_(CodeTokens(source)),
+          regions_(ReadOutline(source)),
+          finder_(regions_),
+          advice_(source.Literals().size(), TAdvice::None) {}
+
+    std::vector<TAdvice> Run() {
+        AdviseOutsideCode();
+        for (at_ = 0; at_ < tokens_.size(); ++at_) {
+            FollowBrackets();
+            if (tokens_[at_].Kind == TTokenKind::Literal) advice_[tokens_[at_].Index] = Advise();
+        }
+        return std::move(advice_);
+    }
+
+  private:
+    bool IsCpp() const { return source_.Language().IsCPPSource; }
+    const TLiteral& Literal() const { return source_.Literals()[tokens_[at_].Index]; }
+    std::string_view TextAt(std::size_t index) const {
+        return index < tokens_.size() ? TextOf(source_, tokens_[index]) : std::string_view();
+    }
+    std::string_view Before(std::size_t steps = 1) const {
+        return at_ >= steps ? TextAt(at_ - steps) : std::string_view();
+    }
+
+    void AdviseOutsideCode() {
+        for (std::size_t i = 0; i < advice_.size(); ++i) {
+            const TLiteral& literal = source_.Literals()[i];
+            if (literal.InComment) advice_[i] = TAdvice::Comment;
+            if (literal.InDirective) advice_[i] = TAdvice::Directive;
+        }
+    }
+
+    /// Keeps the opening brackets around the current token.
+    void FollowBrackets() {
+        const std::string_view text = TextAt(at_);
+        if (tokens_[at_].Kind != TTokenKind::Symbol || text.size() != 1) return;
+        if (text == "[" || text == "(") brackets_.push_back(at_);
+        if ((text == "]" || text == ")") && !brackets_.empty()) brackets_.pop_back();
+        if (text == ";" && !InParens()) brackets_.clear();
+    }
+
+    bool InParens() const { return !brackets_.empty() && TextAt(brackets_.back()) == "("; }
+
+    TAdvice Advise() {
+        const std::size_t region = finder_.At(tokens_[at_].Begin);
+        if (Literal().InDirective) return DirectiveAdvice();
+        const TAdvice near = IsCpp() ? CppNeighbours() : PascalNeighbours(region);
+        if (near != TAdvice::None) return near;
+        return RegionAdvice(region);
+    }
+
+    TAdvice DirectiveAdvice() const {
+        const bool isInclude = tokens_[at_].OnDirectiveLine && at_ >= 2 && Before(2) == "#" &&
+                               (Before() == "include" || Before() == "include_next" || Before() == "import");
+        return isInclude ? TAdvice::Include : TAdvice::Directive;
+    }
+
+    // ---- Neighbours --------------------------------------------------------------------------------
+
+    TAdvice PascalNeighbours(std::size_t region) const {
+        if (Before() == ".." || TextAt(at_ + 1) == "..") return TAdvice::Range;
+        const bool isAttribute = region != kNoRegion && regions_[region].Kind == TRegionKind::Attribute;
+        if (isAttribute) return IsGuid() ? TAdvice::Guid : TAdvice::Attribute;
+        return InSet() ? TAdvice::Set : TAdvice::None;
+    }
+
+    bool IsGuid() const {
+        const std::string_view body = TextAt(at_);
+        return Before() == "[" && body.starts_with("'{") && body.ends_with("}'");
+    }
+
+    /// In the brackets of a set: behind "in", or a single character where no index is meant.
+    bool InSet() const {
+        if (brackets_.empty() || TextAt(brackets_.back()) != "[") return false;
+        const std::size_t open = brackets_.back();
+        if (open == 0) return false;
+        if (SameText(TextAt(open - 1), "in")) return true;
+        const TTokenKind before = tokens_[open - 1].Kind;
+        const std::string_view text = TextAt(open - 1);
+        const bool isIndex = before == TTokenKind::Name || text == ")" || text == "]" || text == "^";
+        return !isIndex && CountCodePoints(DecodeLiteral(source_, Literal())) == 1;
+    }
+
+    TAdvice CppNeighbours() const {
+        if (Before() == "extern") return TAdvice::LinkageName;
+        if (Before() == "(" && (Before(2) == "asm" || Before(2) == "__asm__")) return TAdvice::Assembler;
+        if (IsName(at_ - 1, at_ > 0) || IsName(at_ + 1, at_ + 1 < tokens_.size())) return TAdvice::Macro;
+        if (at_ > 0 && tokens_[at_ - 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
+        if (at_ + 1 < tokens_.size() && tokens_[at_ + 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
+        if (InStaticAssert()) return TAdvice::Declaration;
+        return HoldsComment() ? TAdvice::InnerComment : TAdvice::None;
+    }
+
+    bool IsName(std::size_t index, bool exists) const {
+        return exists && tokens_[index].Kind == TTokenKind::Name && !tokens_[index].OnDirectiveLine &&
+               std::find(kCppWords.begin(), kCppWords.end(), TextAt(index)) == kCppWords.end();
+    }
+
+    bool InStaticAssert() const {
+        if (brackets_.empty() || brackets_.back() == 0) return false;
+        const std::string_view name = TextAt(brackets_.back() - 1);
+        return name == "static_assert" || name == "_Static_assert";
+    }
+
+    /// A comment within the span lies between the pieces.
+    bool HoldsComment() const {
+        const auto& comments = source_.Comments();
+        const auto next = std::lower_bound(comments.begin(), comments.end(), Literal().Begin,
+                                           [](const TComment& c, std::size_t at) { return c.Begin < at; });
+        return next != comments.end() && next->Begin < Literal().End;
+    }
+
+    // ---- Regions -----------------------------------------------------------------------------------
+
+    TAdvice RegionAdvice(std::size_t region) const {
+        for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
+            const TRegion& around = regions_[index];
+            if (around.Kind == TRegionKind::Braces) return TAdvice::ArrayInitialiser;
+            if (around.Kind == TRegionKind::Body || around.Kind == TRegionKind::Initialization) break;
+            if (around.Kind == TRegionKind::Routine && IsCpp()) break;
+            const auto* known =
+                std::find_if(kRegionAdvices.begin(), kRegionAdvices.end(),
+                             [&](const TRegionAdvice& entry) { return entry.Kind == around.Kind; });
+            if (known == kRegionAdvices.end()) continue;
+            const bool isList =
+                InParens() && (known->Advice == TAdvice::Initialiser || known->Advice == TAdvice::Const);
+            return isList && !IsCpp() ? TAdvice::ArrayInitialiser : known->Advice;
+        }
+        return ReachAdvice(region);
+    }
+
+    /// The component is a member of the form's class; only the class's own methods (and routines nested
+    /// in them) see it.
+    TAdvice ReachAdvice(std::size_t region) const {
+        if (reach_.Everywhere) return InCode(region) ? TAdvice::None : TAdvice::OutsideMethod;
+        for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
+            const TRegion& around = regions_[index];
+            const bool isOwn =
+                around.Kind == TRegionKind::Routine && !around.OfClass && IsFormClass(around.Owner);
+            if (isOwn) return TAdvice::None;
+        }
+        return TAdvice::OutsideMethod;
+    }
+
+    bool IsFormClass(std::string_view name) const {
+        return IsCpp() ? name == reach_.FormClass : SameText(name, reach_.FormClass);
+    }
+
+    bool InCode(std::size_t region) const {
+        for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
+            const TRegionKind kind = regions_[index].Kind;
+            if (kind == TRegionKind::Body || kind == TRegionKind::Initialization) return true;
+            if (kind == TRegionKind::Routine && IsCpp()) return true;
+        }
+        // A Pascal text without any structure is an include file or a fragment.
+        return !IsCpp() && regions_.empty();
+    }
+
+    const TSourceText& source_;
+    const TReach& reach_;
+    std::vector<TToken> tokens_;
+    std::vector<TRegion> regions_;
+    TRegionFinder finder_;
+    std::vector<TAdvice> advice_;
+    std::size_t at_ = 0;
+    std::vector<std::size_t> brackets_;
+};
+
+}  // namespace
 
 std::string_view AdviceWord(TAdvice advice) {
 #define TML_ADVICE(name, word, text) word,
@@ -16,8 +228,8 @@ std::string_view AdviceText(TAdvice advice) {
     return kTexts[static_cast<std::size_t>(advice)];
 }
 
-std::vector<TAdvice> Advise(const TSourceText& source, const TReach&) {
-    return std::vector<TAdvice>(source.Literals().size());
+std::vector<TAdvice> Advise(const TSourceText& source, const TReach& reach) {
+    return TAdviser(source, reach).Run();
 }
 
 }  // namespace tml

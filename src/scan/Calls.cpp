@@ -8,33 +8,18 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kCommonStart = "GETTEXT";
-
-/// How far the search moves on when the last byte of its window is a given byte.
-constexpr std::array<unsigned char, 256> MakeSkips() {
-    std::array<unsigned char, 256> skips{};
-    skips.fill(kCommonStart.size());
-    for (std::size_t i = 0; i + 1 < kCommonStart.size(); ++i) {
-        const auto distance = static_cast<unsigned char>(kCommonStart.size() - 1 - i);
-        skips[static_cast<unsigned char>(kCommonStart[i])] = distance;
-        skips[static_cast<unsigned char>(kCommonStart[i] | 0x20)] = distance;
-    }
-    return skips;
-}
-
-/// The next place with the methods' common start in any case, npos when there is none. The texts are
-/// large and the word is rare, so the search jumps over what cannot hold it.
-std::size_t FindMethod(std::string_view text, std::size_t pos) {
-    static constexpr auto kSkips = MakeSkips();
-    constexpr std::size_t kLast = kCommonStart.size() - 1;
-    while (pos + kLast < text.size()) {
-        const char last = text[pos + kLast];
-        const bool fits =
-            (last | 0x20) == 't' && SameText(text.substr(pos, kCommonStart.size()), kCommonStart);
-        if (fits) return pos;
-        pos += kSkips[static_cast<unsigned char>(last)];
-    }
-    return std::string_view::npos;
+/// The places with the methods' common start in any case. The texts are large and the word is rare, so
+/// its rarest letter is looked for.
+std::vector<std::size_t> FindMethods(std::string_view text) {
+    constexpr std::string_view kCommonStart = "GETTEXT";
+    constexpr std::size_t kRare = kCommonStart.find('X');
+    std::vector<std::size_t> places;
+    for (const char rare : {'x', 'X'})
+        for (std::size_t pos = kRare; (pos = text.find(rare, pos)) != std::string_view::npos; ++pos)
+            if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
+                places.push_back(pos - kRare);
+    std::sort(places.begin(), places.end());
+    return places;
 }
 
 /// Reads references like Form1.mlLang1.GetText( backwards from the method's name.
@@ -185,9 +170,9 @@ std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponent
     if (component.ComponentName.empty()) return calls;
     const std::string_view text = source.Text();
     const TReferenceReader references(text, component);
-    for (std::size_t pos = 0; (pos = FindMethod(text, pos)) != std::string_view::npos; ++pos) {
-        const std::size_t open = OpenOf(text, pos);
-        const std::size_t begin = open == std::string_view::npos ? open : references.BeginOf(pos);
+    for (const std::size_t method : FindMethods(text)) {
+        const std::size_t open = OpenOf(text, method);
+        const std::size_t begin = open == std::string_view::npos ? open : references.BeginOf(method);
         if (begin != std::string_view::npos) calls.push_back({begin, open, LineEnd(text, open)});
     }
     TCloser(source, calls).Run();

@@ -11,7 +11,8 @@
 namespace tml {
 namespace {
 
-constexpr TByteSet kStops("'{(/\"");
+/// A comment's "(*" is looked for by its star, which is much rarer in code than the parenthesis.
+constexpr TByteSet kStops("'{*/\"");
 constexpr TByteSet kQuotesOrLineEnd("'\r\n");
 constexpr TByteSet kBraces("{}");
 constexpr TByteSet kStars("(*");
@@ -76,9 +77,9 @@ class TPascalSkimmer {
                 return AddLiteral(pos);
             case '{':
                 return AddComment(pos, BraceEnd(pos + 1), next == '$');
-            case '(':
-                if (next != '*') return pos + 1;
-                return AddComment(pos, StarEnd(pos + 2), pos + 2 < text_.size() && text_[pos + 2] == '$');
+            case '*':
+                if (pos == 0 || text_[pos - 1] != '(') return pos + 1;
+                return AddComment(pos - 1, StarEnd(pos + 1), next == '$');
             case '/':
                 return next == '/' ? AddComment(pos, LineEnd(text_, pos), false) : pos + 1;
             default:

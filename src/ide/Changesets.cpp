@@ -1,0 +1,81 @@
+#include "ide/Changesets.h"
+
+#include <unordered_set>
+
+#include "base/Errors.h"
+#include "base/Files.h"
+#include "base/Utf8.h"
+#include "ide/Folderindex.h"
+#include "ide/Modules.h"
+#include "source/Sourceedits.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kRepeat = "Repeat the command";
+
+TSourceBuffer& FindBuffer(TModules& modules, const std::string& fileName) {
+    const std::shared_ptr<TModule> module = modules.Find(fileName);
+    TSourceBuffer* buffer = module ? module->FindSource(fileName) : nullptr;
+    if (buffer == nullptr)
+        throw EBadInput(fileName, 0, "the unit is not open", "Open it and repeat the command");
+    return *buffer;
+}
+
+std::shared_ptr<IOTAComponent> FindComponent(TModules& modules, const TPropertyChange& change) {
+    const std::shared_ptr<IOTAModule> module = modules.FindFormModule(change.FormName);
+    if (!module || !module->GetFormEditor())
+        throw EBadInput(change.FormName, 0, "the form is not open", "Open it and repeat the command");
+    std::shared_ptr<IOTAComponent> component = module->GetFormEditor()->FindComponent(change.ComponentName);
+    if (!component)
+        throw EBadInput(module->GetFormEditor()->GetFileName(), 0,
+                        "the form has no component " + change.ComponentName, kRepeat);
+    return component;
+}
+
+void CheckSources(TModules& modules, const TChangeSet& changes) {
+    std::unordered_set<const TSourceBuffer*> seen;
+    for (const TSourceChange& change : changes.Sources) {
+        const TSourceBuffer& buffer = FindBuffer(modules, change.FileName);
+        if (!seen.insert(&buffer).second)
+            throw EBadInput(change.FileName, 0, "the file is changed twice in one step", kRepeat);
+        if (change.Expected && *change.Expected != *buffer.Text())
+            throw EBadInput(change.FileName, 0, "the text has changed since the change was worked out",
+                            kRepeat);
+        buffer.Check(change.Edits);
+    }
+}
+
+/// A unit of the project by the name in the uses clause or by its header.
+void UseUnit(TSourceBuffer& buffer, const std::string& unit, const std::string& title) {
+    const std::shared_ptr<const std::string> text = buffer.Text();
+    const TSourceText source(*text, LanguageOf(buffer.FileName()), buffer.FileName());
+    const std::string file = FileNameOf(unit);
+    const bool isHeader = SameText(ExtensionOf(file), ".h") || SameText(ExtensionOf(file), ".hpp");
+    if (source.Language().IsCPPSource)
+        buffer.Apply(AddInclude(source, isHeader ? file : WithExtension(file, ".h")), title);
+    else
+        buffer.Apply(AddImplementationUnit(source, WithExtension(file, "")), title);
+}
+
+}  // namespace
+
+void ApplyChangeSet(TModules& modules, const TChangeSet& changes) {
+    CheckSources(modules, changes);
+    for (const TPropertyChange& change : changes.Properties)
+        FindComponent(modules, change);
+    for (const auto& [fileName, unit] : changes.UsedUnits)
+        FindBuffer(modules, fileName);
+
+    // What only shows when it is done (a text that the form's code page cannot hold) is rolled back.
+    const auto command = modules.BeginCommand(changes.Title);
+    for (const TSourceChange& change : changes.Sources)
+        FindBuffer(modules, change.FileName).Apply(change.Edits, changes.Title);
+    for (const TPropertyChange& change : changes.Properties)
+        FindComponent(modules, change)->SetPropValue(change.PropertyName, change.Value);
+    for (const auto& [fileName, unit] : changes.UsedUnits)
+        UseUnit(FindBuffer(modules, fileName), unit, changes.Title);
+    command->Commit();
+}
+
+}  // namespace tml

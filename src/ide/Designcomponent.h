@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "ide/Formdocument.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// A component of an open form. The form's document binds it to its node; without one (deleted, form
+/// closed) every operation is refused with EBadInput, and an undo may bring it back.
+class TDesignComponent : public IOTAComponent {
+  public:
+    TDesignComponent(TFormDocument& form, TFormNode& node) : form_(form), node_(&node) {}
+
+    void Bind(TFormNode* node) { node_ = node; }
+    bool IsBound() const { return node_ != nullptr; }
+    TFormNode& Node() const;
+
+    TComponentHandle GetComponentHandle() override { return this; }
+    std::string GetComponentType() override { return Node().ClassName(); }
+    std::string GetName() override { return Node().Name(); }
+    std::shared_ptr<IOTAComponent> GetOwner() override;
+    void SetName(const std::string& name) override;
+    int GetComponentCount() override;
+    std::shared_ptr<IOTAComponent> GetComponent(int index) override;
+    std::optional<TFormValue> GetPropValue(const std::string& name) override { return Node().Find(name); }
+    std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) override;
+    void SetPropValue(const std::string& name, const TFormValue& value) override;
+    void RemoveProp(const std::string& name) override;
+    void Delete() override;
+
+  private:
+    TFormDocument& form_;  ///< used only while there is a node
+    TFormNode* node_;
+};
+
+}  // namespace tml

@@ -1,0 +1,183 @@
+#include "ide/Designer.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "ide/Designcomponent.h"
+#include "runtime/Classes.h"
+
+namespace tml {
+namespace {
+
+bool IsIdentifier(const std::string& name) {
+    const auto isLetter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+               static_cast<unsigned char>(c) >= 0x80;
+    };
+    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), [&](char c) {
+        return isLetter(c) || (c >= '0' && c <= '9');
+    });
+}
+
+}  // namespace
+
+TDesigner::TDesigner(std::shared_ptr<TFormDocument> form, TUnitSource source, TServices services)
+    : form_(std::move(form)), source_(std::move(source)), services_(std::move(services)) {
+    form_->SetDesigner(this);
+}
+
+TDesigner::~TDesigner() {
+    form_->Close();
+}
+
+void TDesigner::Show() {
+    services_.Show();
+    notifiers_.Tell([](IOTAFormNotifier& notifier) { notifier.FormActivated(); });
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::GetRootComponent() {
+    return form_->ComponentOf(form_->Root());
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::FindComponent(const std::string& name) {
+    TFormNode* node = form_->FindOwned(name);
+    return node == nullptr ? nullptr : form_->ComponentOf(*node);
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* container,
+                                                          const std::string& typeName, int x, int y, int w,
+                                                          int h) {
+    if (!services_.Runtime->IsRegistered(typeName)) return nullptr;
+    TFormNode* parent = &form_->Root();
+    if (container != nullptr) {
+        parent = form_->FindOwned(container->GetName());
+        if (parent == nullptr) throw EBadInput(GetFileName(), 0, "the container is not on this form");
+    }
+    const TRuntimeClass& typeClass = *FindRuntimeClass(typeName);
+    const std::string className(typeClass.Name);
+    const std::string name = FreeName(className);
+    const std::pair<const char*, int> places[] = {{"Left", x}, {"Top", y}, {"Width", w}, {"Height", h}};
+    const auto command = services_.Journal->Begin("Create " + name);
+    TFormNode* created = nullptr;
+    form_->Change("Create " + name, [&](TFormTree& tree) {
+        created = &form_->Add(tree, *parent, name, className);
+        for (const auto& [property, value] : places)
+            if (value != 0) tree.SetProperty(*created, property, TFormValue::Integer(value));
+    });
+    source_.AddComponent(form_->Root().ClassName(), name, className, std::string(typeClass.Unit));
+    command->Commit();
+    return form_->ComponentOf(*created);
+}
+
+int TDesigner::AddNotifier(std::shared_ptr<IOTAFormNotifier> notifier) {
+    return notifiers_.Add(std::move(notifier));
+}
+
+void TDesigner::Destroyed() {
+    notifiers_.Tell([](IOTAFormNotifier& notifier) { notifier.Destroyed(); });
+    notifiers_.Clear();
+}
+
+/// The class name without its T and the first free number.
+std::string TDesigner::FreeName(const std::string& className) {
+    std::unordered_set<std::string> taken = {UpperCase(form_->Root().Name())};
+    for (const TFormNode* node : form_->OwnedBy(form_->Root()))
+        taken.insert(UpperCase(node->Name()));
+    const std::string stem = className.starts_with('T') ? className.substr(1) : className;
+    for (int number = 1;; ++number) {
+        std::string name = stem + std::to_string(number);
+        if (!taken.contains(UpperCase(name))) return name;
+    }
+}
+
+void TDesigner::CheckName(const std::string& name) {
+    if (!IsIdentifier(name))
+        throw EBadInput(GetFileName(), 0, "\"" + name + "\" is no name for a component",
+                        "Use letters, digits and underscores, a letter first");
+}
+
+/// What a frame or an ancestor declares has no field here.
+void TDesigner::CheckOwn(const TFormNode& node) {
+    if (node.Prefix() != TFormPrefix::Inherited && form_->OwnerOf(node) == &form_->Root()) return;
+    throw EBadInput(GetFileName(), node.Line(),
+                    node.Name() + " belongs to a frame or an ancestor of the form",
+                    "Change it in the form that declares it");
+}
+
+/// A property that refers to a component holds its name; so may, in theory, an enumeration value: forms
+/// where both meet are not known.
+template <typename Change>
+void TDesigner::ForEachReference(const std::string& name, Change change) {
+    if (name.empty()) return;
+    for (TFormNode* node : NodesBelow(form_->Root(), true))
+        for (const std::string& property : node->PropertyNames()) {
+            const auto value = node->Find(property);
+            if (value->Kind == TFormValueKind::Identifier && SameText(value->Text, name))
+                change(*node, property);
+        }
+}
+
+void TDesigner::Rename(TFormNode& node, const std::string& name) {
+    CheckName(name);
+    const TFormNode* namesake = form_->FindOwned(name);
+    if (namesake != nullptr && namesake != &node)
+        throw EBadInput(GetFileName(), namesake->Line(), "the form has a component " + name + " already",
+                        "Choose another name");
+    const bool isForm = &node == &form_->Root();
+    if (!isForm) CheckOwn(node);
+    const std::string oldName = node.Name();
+    const auto command = services_.Journal->Begin("Rename " + oldName);
+    form_->Change("Rename " + oldName, [&](TFormTree& tree) {
+        tree.Rename(node, name);
+        ForEachReference(oldName, [&](TFormNode& user, const std::string& property) {
+            tree.SetProperty(user, property, TFormValue::Identifier(name));
+        });
+    });
+    if (isForm)
+        source_.RenameForm(oldName, name);
+    else
+        source_.RenameComponent(form_->Root().ClassName(), node.ClassName(), oldName, name);
+    TellRenamed(form_->ComponentOf(node)->GetComponentHandle(), oldName, name);
+    command->Commit();
+}
+
+void TDesigner::Delete(TFormNode& node) {
+    if (&node == &form_->Root()) throw EBadInput(GetFileName(), 0, "the form itself cannot be deleted");
+    CheckOwn(node);
+    const std::string name = node.Name();
+    const auto command = services_.Journal->Begin("Delete " + name);
+    for (const TFormNode* gone : NodesBelow(node, false))
+        if (!gone->Name().empty())
+            source_.RemoveComponent(form_->Root().ClassName(), gone->ClassName(), gone->Name());
+    form_->Change("Delete " + name, [&](TFormTree& tree) {
+        form_->Remove(tree, node);
+        ForEachReference(
+            name, [&](TFormNode& user, const std::string& property) { tree.RemoveProperty(user, property); });
+    });
+    command->Commit();
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::FindReference(const std::string& reference) {
+    const std::size_t dot = reference.find('.');
+    if (dot == std::string::npos) return FindComponent(reference);
+    const std::string owner = reference.substr(0, dot);
+    const std::string name = reference.substr(dot + 1);
+    std::shared_ptr<IOTAComponent> place = FindComponent(owner);
+    if (!place) place = services_.FindForm(owner);
+    for (int i = 0; place && i < place->GetComponentCount(); ++i)
+        if (SameText(place->GetComponent(i)->GetName(), name)) return place->GetComponent(i);
+    return nullptr;
+}
+
+void TDesigner::NameRestored(TDesignComponent& component, const std::string& oldName) {
+    TellRenamed(component.GetComponentHandle(), oldName, component.GetName());
+}
+
+void TDesigner::TellRenamed(TComponentHandle handle, const std::string& oldName, const std::string& newName) {
+    services_.FormRenamed();
+    notifiers_.Tell([&](IOTAFormNotifier& notifier) { notifier.ComponentRenamed(handle, oldName, newName); });
+}
+
+}  // namespace tml

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "ide/Formdocument.h"
+#include "ide/Journal.h"
+#include "ide/Notifierlist.h"
+#include "ide/Unitsource.h"
+#include "platform/Mlruntime.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// The form editor of a module. It keeps the form's class and its units in step with the form: every
+/// change of both is one command.
+class TDesigner : public IOTAFormEditor, private IComponentDesigner {
+  public:
+    struct TServices {
+        TJournal* Journal = nullptr;
+        IMlRuntime* Runtime = nullptr;
+        /// The root of another form of the project, opened if need be; nullptr when there is none.
+        std::function<std::shared_ptr<IOTAComponent>(const std::string& formName)> FindForm;
+        std::function<void()> Show;
+        std::function<void()> FormRenamed;
+    };
+
+    TDesigner(std::shared_ptr<TFormDocument> form, TUnitSource source, TServices services);
+    ~TDesigner() override;
+    TDesigner(const TDesigner&) = delete;
+    TDesigner& operator=(const TDesigner&) = delete;
+
+    std::string GetFileName() override { return form_->FileName(); }
+    bool GetModified() override { return form_->IsModified(); }
+    void Show() override;
+    std::shared_ptr<IOTAComponent> GetRootComponent() override;
+    std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
+    std::shared_ptr<IOTAComponent> CreateComponent(IOTAComponent* container, const std::string& typeName,
+                                                   int x, int y, int w, int h) override;
+    void MarkModified() override { form_->MarkModified(); }
+    int AddNotifier(std::shared_ptr<IOTAFormNotifier> notifier) override;
+    void RemoveNotifier(int index) override { notifiers_.Remove(index); }
+
+    TFormDocument& Form() { return *form_; }
+    const TNotifierList<IOTAFormNotifier>& Notifiers() const { return notifiers_; }
+    /// Tells the notifiers that the module is gone and forgets them.
+    void Destroyed();
+
+  private:
+    void Rename(TFormNode& node, const std::string& name) override;
+    void Delete(TFormNode& node) override;
+    std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) override;
+    void NameRestored(TDesignComponent& component, const std::string& oldName) override;
+
+    std::string FreeName(const std::string& className);
+    void CheckName(const std::string& name);
+    void CheckOwn(const TFormNode& node);
+    template <typename Change>
+    void ForEachReference(const std::string& name, Change change);
+    void TellRenamed(TComponentHandle handle, const std::string& oldName, const std::string& newName);
+
+    std::shared_ptr<TFormDocument> form_;
+    TUnitSource source_;
+    TServices services_;
+    TNotifierList<IOTAFormNotifier> notifiers_;
+};
+
+}  // namespace tml

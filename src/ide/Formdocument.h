@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "forms/Formtree.h"
+#include "ide/Document.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+class TDesignComponent;
+class TFormDocument;
+
+/// What a component asks of the designer that its form is open in.
+class IComponentDesigner {
+  public:
+    virtual ~IComponentDesigner() = default;
+    virtual void Rename(TFormNode& node, const std::string& name) = 0;
+    virtual void Delete(TFormNode& node) = 0;
+    /// "Name" on this form or "Form1.Name"; nullptr when there is none.
+    virtual std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) = 0;
+    /// A component got its name back by an undo.
+    virtual void NameRestored(TDesignComponent& component, const std::string& oldName) = 0;
+};
+
+/// A form file in the IDE: the tree is the only store, components are views on its nodes. A component
+/// keeps its identity over undo and redo although the tree is then read anew.
+class TFormDocument : public TDocument {
+  public:
+    /// EBadInput for a broken form.
+    TFormDocument(TJournal& journal, const std::string& fileName, const std::string& bytes,
+                  std::string onDisk, std::string codePage);
+    ~TFormDocument() override;
+
+    std::string Bytes() const override { return tree_->Bytes(); }
+    void Close() override;
+    void Restored() override;
+    void SetDesigner(IComponentDesigner* designer) { designer_ = designer; }
+    IComponentDesigner& Designer() const { return *designer_; }
+
+    TFormNode& Root() { return tree_->Root(); }
+    /// The one component on a node. EBadInput when the form is closed.
+    std::shared_ptr<TDesignComponent> ComponentOf(TFormNode& node);
+    /// The components that the form or frame owns, in file order; none for other components.
+    const std::vector<TFormNode*>& OwnedBy(const TFormNode& owner);
+    /// The frame or form that owns the component, nullptr for the form itself.
+    TFormNode* OwnerOf(const TFormNode& node) const;
+    /// The form itself or a component that it owns, without regard to case; nullptr when there is none.
+    TFormNode* FindOwned(std::string_view name);
+
+    /// Makes a change as one step of undo, or as part of the running command. EBadInput when the form is
+    /// closed.
+    void Change(const std::string& title, const std::function<void(TFormTree&)>& change);
+    /// Parts of a Change: a new component, and one that goes with all below it.
+    TFormNode& Add(TFormTree& tree, TFormNode& parent, const std::string& name, const std::string& className);
+    void Remove(TFormTree& tree, TFormNode& node);
+
+  private:
+    class TStep;
+    struct TSnapshot {
+        std::string Bytes;
+        /// Components and the place of their node, counted through the file from 0.
+        std::vector<std::pair<std::shared_ptr<TDesignComponent>, std::size_t>> Places;
+    };
+
+    TSnapshot Take();
+    void Restore(const TSnapshot& snapshot);
+    void Unbind(TFormNode& node);
+    void ExpectOpen() const;
+
+    std::string codePage_;
+    std::unique_ptr<TFormTree> tree_;
+    IComponentDesigner* designer_ = nullptr;
+    std::unordered_map<const TFormNode*, std::shared_ptr<TDesignComponent>> components_;
+    std::unordered_map<const TFormNode*, std::vector<TFormNode*>> owned_;
+    /// Names before the first Restore since the last Restored.
+    std::vector<std::pair<std::shared_ptr<TDesignComponent>, std::string>> formerNames_;
+};
+
+/// The component and all below it in file order; those inside frames only with intoFrames.
+std::vector<TFormNode*> NodesBelow(TFormNode& node, bool intoFrames);
+
+}  // namespace tml

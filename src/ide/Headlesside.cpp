@@ -1,0 +1,127 @@
+#include "ide/Headlesside.h"
+
+#include "base/Errors.h"
+#include "ide/Folderindex.h"
+#include "ide/Menus.h"
+#include "ide/Modules.h"
+#include "ide/Packagehost.h"
+#include "ide/Projectreader.h"
+
+namespace tml {
+
+class TIdeState {
+  public:
+    TIdeState(IFileSystem& files, IMlRuntime& runtime, bool dockableForms)
+        : Files(files), Modules(files, runtime), Native(dockableForms) {}
+
+    IFileSystem& Files;
+    TModules Modules;
+    TNativeServices Native;
+    std::vector<TProjectProblem> Problems;
+    /// Last, so that packages are unloaded while everything else still lives.
+    TPackageHost Packages;
+};
+
+namespace {
+
+std::vector<std::string> FilesOf(const TProjectSet& set) {
+    std::vector<std::string> paths;
+    for (const TProjectModel& project : set.Projects)
+        for (const TProjectUnit& unit : project.Units)
+            for (const std::string& path : {unit.FileName, unit.HeaderFile, unit.FormFile})
+                if (!path.empty() && !unit.Missing) paths.push_back(path);
+    return paths;
+}
+
+std::shared_ptr<TProjectGroup> MakeGroup(TProjectSet& set) {
+    std::vector<std::shared_ptr<TProject>> projects;
+    for (TProjectModel& model : set.Projects)
+        projects.push_back(std::make_shared<TProject>(std::move(model)));
+    return std::make_shared<TProjectGroup>(set.GroupFile, std::move(projects));
+}
+
+}  // namespace
+
+THeadlessIde::THeadlessIde(IFileSystem& files, IMlRuntime& runtime, bool dockableForms)
+    : state_(std::make_unique<TIdeState>(files, runtime, dockableForms)) {}
+
+THeadlessIde::~THeadlessIde() = default;
+
+IOTAServices* THeadlessIde::GetServices() {
+    return &state_->Modules;
+}
+
+INTAServices* THeadlessIde::GetNTAServices() {
+    return &state_->Native;
+}
+
+IOTAModuleServices* THeadlessIde::GetModuleServices() {
+    return &state_->Modules;
+}
+
+void THeadlessIde::OpenProject(const std::string& path) {
+    const std::string fileName = AbsolutePath(state_->Files, path);
+    TProjectSet set = ReadProjectSet(state_->Files, fileName);
+    std::vector<TProjectProblem> problems =
+        RecoverStaged(state_->Files, CommitRecordPath(fileName), FilesOf(set));
+    CloseProject();
+    problems.insert(problems.end(), set.Problems.begin(), set.Problems.end());
+    state_->Problems = std::move(problems);
+    state_->Modules.SetProjects(MakeGroup(set));
+}
+
+void THeadlessIde::CloseProject() {
+    state_->Modules.CloseAll();
+    state_->Modules.ForgetProjects();
+    state_->Problems.clear();
+}
+
+const std::vector<TProjectProblem>& THeadlessIde::Problems() const {
+    return state_->Problems;
+}
+
+std::vector<std::shared_ptr<IOTAModule>> THeadlessIde::Modules() const {
+    return {state_->Modules.Open().begin(), state_->Modules.Open().end()};
+}
+
+void THeadlessIde::SetCurrentModule(const std::shared_ptr<IOTAModule>& module) {
+    state_->Modules.SetCurrent(module ? state_->Modules.Find(module->GetFileName()) : nullptr);
+}
+
+void THeadlessIde::SaveAll() {
+    const auto command = state_->Modules.Journal().BeginUnlessRunning("Save all");
+    for (const std::shared_ptr<TModule>& module : state_->Modules.Open())
+        module->SaveDocuments();
+    if (command) command->Commit();
+}
+
+namespace {
+
+const TDocument* FindDocument(TModules& modules, const std::string& fileName) {
+    const std::shared_ptr<TModule> module = modules.Find(fileName);
+    if (!module) throw EBadInput(fileName, 0, "the file is not open", "Open it first");
+    if (const TSourceBuffer* source = module->FindSource(fileName)) return source;
+    return module->Files().Form.get();
+}
+
+}  // namespace
+
+std::string THeadlessIde::Undo(const std::string& fileName) {
+    TModules& modules = state_->Modules;
+    return modules.Journal().Undo(fileName.empty() ? nullptr : FindDocument(modules, fileName));
+}
+
+std::string THeadlessIde::Redo(const std::string& fileName) {
+    TModules& modules = state_->Modules;
+    return modules.Journal().Redo(fileName.empty() ? nullptr : FindDocument(modules, fileName));
+}
+
+void THeadlessIde::LoadPackage(const TPackage& package) {
+    state_->Packages.Load(package);
+}
+
+void THeadlessIde::UnloadPackage(const std::string& name) {
+    state_->Packages.Unload(name);
+}
+
+}  // namespace tml

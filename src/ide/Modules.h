@@ -1,0 +1,84 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "base/Files.h"
+#include "ide/Journal.h"
+#include "ide/Module.h"
+#include "ide/Notifierlist.h"
+#include "ide/Project.h"
+#include "platform/Mlruntime.h"
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// The open modules and the project: module services and notifications.
+class TModules : public IOTAModuleServices, public IOTAServices {
+  public:
+    TModules(IFileSystem& files, IMlRuntime& runtime);
+    ~TModules() override;
+    TModules(const TModules&) = delete;
+    TModules& operator=(const TModules&) = delete;
+
+    std::shared_ptr<IOTAModule> FindModule(const std::string& fileName) override;
+    std::shared_ptr<IOTAModule> FindFormModule(const std::string& formName) override;
+    std::shared_ptr<IOTAModule> OpenModule(const std::string& fileName, bool show) override;
+    std::shared_ptr<IOTASourceEditor> GetCurrentSourceEditor() override;
+    std::shared_ptr<IOTAProject> GetActiveProject() override;
+    std::shared_ptr<IOTAProjectGroup> GetMainProjectGroup() override { return group_; }
+    std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) override;
+    void ApplyChangeSet(const TChangeSet& changes) override;
+
+    int AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) override;
+    void RemoveNotifier(int index) override { notifiers_.Remove(index); }
+
+    TJournal& Journal() { return journal_; }
+    const std::vector<std::shared_ptr<TModule>>& Open() const { return modules_; }
+    /// The open module that the file belongs to, nullptr without one.
+    std::shared_ptr<TModule> Find(const std::string& fileName);
+    void SetCurrent(const std::shared_ptr<TModule>& module, int editor = 0);
+    void CloseModule(const std::shared_ptr<TModule>& module);
+    void CloseAll();
+
+    /// The projects take effect; the active one is announced.
+    void SetProjects(std::shared_ptr<TProjectGroup> group);
+    /// Announces the closing of projects and group while they can still be asked, then forgets them.
+    void ForgetProjects();
+
+  private:
+    TModuleFiles ReadFiles(const TProjectUnit& unit);
+    TProjectUnit FindUnit(const std::string& fileName);
+    std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName);
+    std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName);
+    /// What the disk holds, and what the running command has made of it.
+    std::pair<std::string, std::string> ReadBytes(const std::string& fileName);
+    std::string CodePage();
+    void AttachDesigner(const std::shared_ptr<TModule>& module);
+    void Register(const std::shared_ptr<TModule>& module);
+    void Unregister(const std::shared_ptr<TModule>& module);
+    void NoteFormName(const std::shared_ptr<TModule>& module);
+    void ForgetFormName(const TModule& module);
+    std::shared_ptr<IOTAComponent> FindForm(const std::string& formName);
+    void Write(const std::vector<TStagedFile>& staged);
+    /// False when a notifier refuses.
+    bool Announce(TOTAFileNotification code, const std::string& fileName);
+
+    IFileSystem& files_;
+    IMlRuntime& runtime_;
+    TJournal journal_;
+    TNotifierList<IOTAIDENotifier> notifiers_;
+    std::vector<std::shared_ptr<TModule>> modules_;
+    /// By upper-cased path of each of the module's files.
+    std::unordered_map<std::string, std::shared_ptr<TModule>> byFile_;
+    /// By upper-cased form name; two forms may have the same.
+    std::multimap<std::string, std::shared_ptr<TModule>> byForm_;
+    std::shared_ptr<TProjectGroup> group_;
+    std::weak_ptr<TModule> current_;
+    int currentEditor_ = 0;
+};
+
+}  // namespace tml

@@ -1,0 +1,77 @@
+#include "scan/Editorcommands.h"
+
+#include <array>
+#include <optional>
+
+#include "expert/Modules.h"
+#include "source/Language.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+constexpr std::array kEditorCommands{
+    TEditorCommand{"MarkUnTranslatableSourceMenu", "Mark as &untranslatable",
+                   MarkUnTranslatableSourceMenuClick},
+};
+
+/// The block of the current editor, 0-based byte offsets.
+struct TBlock {
+    std::shared_ptr<IOTASourceEditor> Editor;
+    int Begin;
+    int End;
+};
+
+std::optional<TBlock> CurrentBlock(TContext& context) {
+    const auto editor = GetCurrentSourceEditor(context);
+    if (editor == nullptr || editor->GetEditViewCount() == 0) return std::nullopt;
+    if (editor->GetBlockType() == TOTABlockType::btColumn) return std::nullopt;
+    const auto view = editor->GetEditView(0);
+    return TBlock{editor, view->CharPosToPos(editor->GetBlockStart()),
+                  view->CharPosToPos(editor->GetBlockAfter())};
+}
+
+}  // namespace
+
+std::span<const TEditorCommand> AllEditorCommands() {
+    return kEditorCommands;
+}
+
+std::string GetSelectedSourceText(TContext& context) {
+    const auto block = CurrentBlock(context);
+    if (!block || block->End <= block->Begin) return {};
+    return block->Editor->CreateReader()->GetText(block->Begin, block->End - block->Begin);
+}
+
+void ReplaceSelectedSourceText(TContext& context, const std::string& text) {
+    const auto block = CurrentBlock(context);
+    if (!block) return;
+    const auto writer = block->Editor->CreateUndoableWriter();
+    writer->CopyTo(block->Begin);
+    writer->DeleteTo(block->End);
+    writer->Insert(text);
+}
+
+void MarkSourceSelectionToSkip(TContext& context) {
+    const auto editor = GetCurrentSourceEditor(context);
+    if (editor == nullptr) return;
+    const TLanguage& language = LanguageOf(editor->GetFileName());
+    std::string text;
+    text.append(kLineBreak).append(language.STARTIGNORE).append(kLineBreak);
+    text.append(GetSelectedSourceText(context));
+    text.append(kLineBreak).append(language.STOPIGNORE).append(kLineBreak);
+    ReplaceSelectedSourceText(context, text);
+}
+
+void MarkUnTranslatableSourceMenuClick(TContext& context) {
+    if (GetCurrentSourceEditor(context) == nullptr) return;
+    if (GetSelectedSourceText(context).empty()) {
+        context.Dialogs().MessageDlg("There are no lines selected in the source editor!",
+                                     TMsgDlgType::mtInformation, {mrOk});
+        return;
+    }
+    MarkSourceSelectionToSkip(context);
+}
+
+}  // namespace tml

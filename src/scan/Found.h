@@ -1,0 +1,130 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "expert/Context.h"
+#include "scan/Scan.h"
+
+namespace tml {
+
+/// A row of the review with its record.
+struct TFoundRow {
+    TmlFoundSourceString Record;
+    bool Selected = false;
+};
+
+/// The grid of found or of deleted rows. Columns: line number, string ID, literal, replacement.
+struct TFoundGrid {
+    std::vector<TFoundRow> Rows;
+    int Row = 0;  ///< 0-based current row; meaningless while there is none
+
+    /// The current row, nullptr when there is none.
+    TFoundRow* Current();
+    int SelectedCount() const;
+    /// What the four columns show of a row.
+    static std::array<std::string, 4> Cells(const TFoundRow& row);
+};
+
+/// What the review shows.
+struct TFoundInput {
+    std::string FileName;
+    std::shared_ptr<const std::string> Source;
+    TCallStyle Style;
+    std::vector<TExistingString> Existing;
+    TmlFoundSourceStrings Found;
+};
+
+class TfrmFound;
+
+/// A command of the review.
+struct TFoundAction {
+    std::string_view Name;
+    std::string_view Caption;
+    std::string_view ShortCut;
+    void (TfrmFound::*Execute)();
+};
+
+/// The review between scanning and rewriting. What is left among the found rows when it closes with mrOk
+/// is written to the source.
+class TfrmFound : public TForm {
+  public:
+    TfrmFound(TContext& context, TFoundInput input);
+
+    TFoundGrid sgStrings;
+    TFoundGrid sgDeleted;
+    bool ShowsDeleted = false;
+    std::vector<int> GridCols{60, 100, 250, 290};
+    bool NoticeVisible = true;
+    int PreviewHeight = 100;
+    std::array<std::string, 3> StatusPanels;
+
+    static const std::array<std::string, 4>& Headers();
+    static std::span<const TFoundAction> Actions();
+    /// The entries of the "Use method:" menu.
+    const std::vector<std::string>& Methods() const { return context_.Host.Runtime->GetTextMethods(); }
+
+    /// The grid in front.
+    TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
+    /// The source lines around the current row.
+    std::string Preview();
+    /// Why a call cannot stand in the current row's place, "" when it can.
+    std::string Advice();
+    /// The records left, in the order of the source.
+    TmlFoundSourceStrings Kept() const;
+
+    void FormShow() override;
+    bool FormCloseQuery() override;
+    void FormClose() override;
+
+    void SelectCell(int row);
+    /// Takes a typed ID for a found row.
+    void SetEditText(int row, const std::string& id);
+
+    void acDeleteRow();
+    void acStartID();
+    void acExclude();
+    void acMarktoIgnore() { MarkRows(true); }
+    void acRemoveIgnoreMark() { MarkRows(false); }
+    void acSwitchDeleted();
+    void acRestoreDeletedRow();
+    void acSelectRow();
+    void acInvertSelection();
+    void acRemoveSelection();
+    /// Selects the rows that have an advice.
+    void acSelectAdvised();
+    void acDeleteRowsContains();
+    void acTypecastPChar();
+    /// Writes the calls of the selected rows, or of the current one, anew with the method.
+    void UseMethod(const std::string& method);
+    void HideNotice();
+
+    /// "Modify Source": closes with mrOk once it is confirmed.
+    void tbModifyClick();
+    void tbCancelClick();
+
+  private:
+    /// The selected rows of a grid, or its current row.
+    static std::vector<TFoundRow*> Affected(TFoundGrid& grid);
+    bool Confirm(const std::string& question);
+    /// Moves the rows that fit from one grid to the other; both stay in the order of the source.
+    template <typename Fits>
+    void Move(TFoundGrid& from, TFoundGrid& to, Fits fits);
+    void SetID(TmlFoundSourceString& record, const std::string& id);
+    void MarkRows(bool mark);
+    void ExcludePhrases(const TStringList& phrases);
+    /// What keeps the rows from being written, "" when nothing does.
+    std::string FindConflict() const;
+    void Update();
+
+    TContext& context_;
+    TFoundInput input_;
+    bool changed_ = false;
+};
+
+}  // namespace tml

@@ -1,0 +1,188 @@
+#include "scan/Scanreplace.h"
+
+#include <set>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "expert/Insertion.h"
+#include "expert/Modules.h"
+#include "scan/Found.h"
+#include "scan/Rewrite.h"
+
+namespace tml {
+namespace {
+
+/// Gives a row its cells back unless the run is kept.
+class TRowGuard {
+  public:
+    explicit TRowGuard(TListItem& item) : item_(item), cells_(item.SubItems), stateIndex_(item.StateIndex) {}
+    ~TRowGuard() {
+        if (kept_) return;
+        item_.SubItems = cells_;
+        item_.StateIndex = stateIndex_;
+    }
+    TRowGuard(const TRowGuard&) = delete;
+    TRowGuard& operator=(const TRowGuard&) = delete;
+    void Keep() { kept_ = true; }
+
+  private:
+    TListItem& item_;
+    std::vector<std::string> cells_;
+    int stateIndex_;
+    bool kept_ = false;
+};
+
+/// One run over one unit. Hides the progress text however it ends.
+class TRun {
+  public:
+    TRun(TContext& context, TListItem& item, const std::string& unitFile)
+        : context_(context),
+          item_(item),
+          formUnit_(item.SubItems[fcFileName]),
+          unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
+    ~TRun() { context_.Dialogs().HideProgress(); }
+    TRun(const TRun&) = delete;
+    TRun& operator=(const TRun&) = delete;
+
+    /// False when there is nothing to change.
+    bool Execute() {
+        InsertTmlLang(context_, item_);
+        Open();
+        if (text_->empty() || !FindStrings()) return false;
+        if (!Review()) return false;
+        Modify();
+        return true;
+    }
+
+  private:
+    void Open();
+    TScanInput MakeInput();
+    bool FindStrings();
+    bool Review();
+    void Modify();
+    std::vector<TmlString> NewStrings() const;
+
+    void Progress(const std::string& text, int position = 0, int maximum = 0) {
+        if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
+    }
+    void Message(const std::string& text) {
+        context_.Dialogs().HideProgress();
+        context_.Dialogs().MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
+    }
+
+    TContext& context_;
+    TListItem& item_;
+    std::string formUnit_;
+    std::string unitFile_;
+    std::shared_ptr<TmlCustomLang> lang_;
+    std::shared_ptr<const std::string> text_;
+    TScanInput input_;
+    TmlFoundSourceStrings strings_;  ///< found, then kept
+};
+
+void TRun::Open() {
+    if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
+    lang_ = GetmlLang(context_, item_.Caption);
+    if (lang_ == nullptr) throw EmlLangSilent();
+    text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
+    input_ = MakeInput();
+}
+
+TScanInput TRun::MakeInput() {
+    const TSettingValues& settings = context_.Settings.Get();
+    TScanInput input;
+    input.Text = *text_;
+    input.FileName = unitFile_;
+    input.Component = {
+        .FormName = item_.Caption,
+        .ComponentName = lang_->GetName(),
+        .WithForm = settings.AddFormName || !SameText(unitFile_, formUnit_),
+        .FormClass = GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType()};
+    for (TmlString& string : lang_->GetStrings())
+        input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
+    input.Skip = {.SkipWords = settings.SkipWords,
+                  .SkipLines = settings.SkipLines,
+                  .ExcludeChars = settings.ExcludeChars,
+                  .IgnorableLength = settings.IgnorableLength,
+                  .UseRegExpForSkip = settings.UseRegExpForSkip};
+    input.HCPrefix = settings.HCPrefix;
+    input.ReplaceMethod = settings.ReplaceMethod;
+    input.CommentsLength = settings.CommentsLength;
+    input.NoCommentsInSources = settings.NoCommentsInSources;
+    if (context_.Host.CommonLibrary != nullptr) input.Common = context_.Host.CommonLibrary->Load();
+    input.Progress = [this](int found) {
+        return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
+    };
+    return input;
+}
+
+bool TRun::FindStrings() {
+    Progress("Scanning...");
+    TScanResult result = Scan(input_);
+    context_.Skipped = std::move(result.Skipped);
+    strings_ = std::move(result.Found);
+    if (!strings_.Empty()) return true;
+    Message(Format("No strings found in the \"%s\" source!", FileNameOf(unitFile_)));
+    return false;
+}
+
+bool TRun::Review() {
+    const TCallStyle style = CallStyleOf(input_);
+    const int existing = static_cast<int>(input_.Existing.size());
+    Progress("Verifying found strings...", 0, existing);
+    VerifyAgainstExisting(strings_, input_.Existing, style);
+    Progress("Checking duplicates...", 0, strings_.Count());
+    MergeDuplicates(strings_);
+    context_.Dialogs().HideProgress();
+    TfrmFound window(context_, {unitFile_, text_, style, input_.Existing, std::move(strings_)});
+    if (context_.Dialogs().ShowModal(window) != mrOk) return false;
+    strings_ = window.Kept();
+    return !strings_.Empty();
+}
+
+std::vector<TmlString> TRun::NewStrings() const {
+    std::set<std::string> known;
+    for (const TExistingString& string : input_.Existing)
+        known.insert(UpperCase(string.ID));
+    std::vector<TmlString> strings;
+    for (const TmlFoundSourceString& row : strings_)
+        if (!row.MarkedToIgnore && known.insert(UpperCase(row.StrID)).second)
+            strings.push_back({row.StrID, row.StrContent});
+    return strings;
+}
+
+void TRun::Modify() {
+    Progress("Modifying source...");
+    TChangeSet changes;
+    changes.Title = "Replace strings of " + FileNameOf(unitFile_);
+    changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
+    ProveRewrite(strings_, input_, changes.Sources.front().Edits);
+    changes.Properties = lang_->PlanAddStrings(NewStrings());
+    if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
+    GetModuleServices(context_)->ApplyChangeSet(changes);
+    MarkModifiedForm(context_, item_.Caption);
+}
+
+}  // namespace
+
+bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) return false;
+    TRowGuard row(item);
+    // Without Commit the scope takes everything back, the inserted component too.
+    const auto scope = services->BeginCommand("Replace hard-coded strings");
+    if (!TRun(context, item, unitFile).Execute()) return false;
+    scope->Commit();
+    row.Keep();
+    context.Dialogs().MessageDlg(
+        "Source file translated. All string constants added to \"Strings\" property.",
+        TMsgDlgType::mtInformation, {mrOk});
+    return true;
+}
+
+void SourceWithForm(TContext& context) {
+    if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item);
+}
+
+}  // namespace tml
