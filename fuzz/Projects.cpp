@@ -31,7 +31,7 @@ void CheckProject(TProjectParser parse, const std::string& name, const std::stri
     files.Files["/p/Main.dfm"] = "object MainForm: TMainForm\nend\n";
     try {
         const TProjectSet set = ReadProjectSet(files, "/p/" + name);
-        Expect(readable, "what a parser refuses is no project");
+        Expect(readable, "what its parser refuses is not opened");
         for (const TProjectModel& project : set.Projects)
             for (const TProjectUnit& unit : project.Units)
                 Expect(unit.Missing || files.Stat(unit.FileName), "a unit that is not missing is there");
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tml::ParseOptionsCodePage(bytes);
     for (const char* extension : tml::fuzz::kExtensions) {
         const std::string name = std::string("Fuzz") + extension;
-        const tml::TProjectParser parse = tml::FindProjectParser(name);
+        const tml::TProjectParser parse = tml::FindMainSourceParser(name);
         if (parse != nullptr) tml::fuzz::CheckProject(parse, name, bytes);
     }
     return 0;
