@@ -1,0 +1,2 @@
+char* s = "open
+/* never closed "x"

@@ -1,0 +1,2 @@
+USEFORM("forms\Main.cpp", MainForm); /* TDataModule: File Type */
+USEUNIT("U.pas");

@@ -1,0 +1,1 @@
+void TMainForm::A() { Say(L"b" /* x */ "c", "d\n"); }
