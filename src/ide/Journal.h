@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -105,7 +106,9 @@ class TJournal {
     std::vector<TEntry> done_;
     std::vector<TEntry> undone_;
     TEntry running_;
-    std::vector<std::size_t> scopes_;               ///< per open scope: count of steps when it began
+    std::vector<std::size_t> scopes_;  ///< per open scope: count of steps when it began
+    /// The saves of the running command by file, in order.
+    std::unordered_map<std::string, std::vector<const TUndoStep*>> saves_;
     std::unordered_set<const TDocument*> changed_;  ///< in the innermost scope
 };
 

@@ -96,6 +96,21 @@ TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
     EXPECT_NE(Files.Files["/p/Unit2.dfm"].find("NumOfLanguages = 4"), std::string::npos);
 }
 
+TEST_F(TInsertion, TheLanguagesCommandIsMadeForAllRowsOrForNone) {
+    Open();
+    const auto files = Files.Files;
+    Files.Files.erase("/p/Unit1.pas");
+    Select("Form2");
+    Row("Form1").Selected = true;
+    const std::string list = List();
+    Languages([](TfrmLangConfig& window) {
+        window.edLangCountChange("4");
+        window.ModalResult = mrOk;
+    });
+    EXPECT_EQ(List(), list);
+    EXPECT_EQ(Files.Files["/p/Unit2.dfm"], files.at("/p/Unit2.dfm"));
+}
+
 TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {
     PutForm(1,
             "  object D: TmlLangDispatcher\n    LangNames.Strings = (\n      'One')\n  end\n"

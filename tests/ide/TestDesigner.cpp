@@ -111,6 +111,16 @@ TEST_F(TDesignerTest, NamesAreCheckedAndTold) {
     EXPECT_THROW(button->GetName(), EBadInput);
 }
 
+TEST_F(TDesignerTest, AFormWithoutItsClassIsLeftAlone) {
+    Module->Close();
+    Files.Files["/p/Unit1.pas"] = "unit Unit1;\r\ninterface\r\nimplementation\r\nend.\r\n";
+    Module = Open("/p/Unit1.pas");
+    Form = Module->GetFormEditor();
+    EXPECT_THROW(Form->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0), EBadInput);
+    EXPECT_FALSE(Module->GetModified());
+    EXPECT_EQ(Form->FindComponent("mlLang2"), nullptr);
+}
+
 TEST_F(TDesignerTest, ReferencesFollow) {
     Form->FindComponent("Panel1")->SetPropValue("ActiveControl", TFormValue::Identifier("Button1"));
     Form->FindComponent("Button1")->SetName("Ok");

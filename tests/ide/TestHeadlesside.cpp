@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <random>
 
 #include "base/Errors.h"
 #include "support/Sampleproject.h"
@@ -201,6 +202,32 @@ TEST_F(TIdeTest, BadFilesGiveOneMessageAndOpenNothing) {
     EXPECT_EQ(Ide.Problems()[0].Line, 7);
     EXPECT_THROW(Ide.OpenProject("/p/none.dproj"), EFileError);
     EXPECT_NE(Services.GetActiveProject(), nullptr) << "a project that cannot be opened closes nothing";
+}
+
+TEST_F(TIdeTest, DamagedFilesNeverDoMoreThanFail) {
+    std::mt19937 random(1);
+    const std::map<std::string, std::string> whole = Files.Files;
+    int opened = 0;
+    int refused = 0;
+    for (int round = 0; round < 300; ++round) {
+        Files.Files = whole;
+        for (const char* path : {"/p/Project1.dpr", "/p/Unit1.pas", "/p/Unit1.dfm"}) {
+            std::string& bytes = Files.Files[path];
+            if (round % 3 == 0) bytes.resize(random() % bytes.size());
+            if (!bytes.empty()) bytes[random() % bytes.size()] = static_cast<char>(random());
+        }
+        try {
+            Ide.OpenProject("/p/Project1.dpr");
+            Open("/p/Unit1.pas")->GetFormEditor()->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0);
+            Ide.Undo();
+            EXPECT_FALSE(Open("/p/Unit1.pas")->GetModified());
+            ++opened;
+        } catch (const EBadInput&) {
+            ++refused;
+        }
+    }
+    EXPECT_GT(opened, 20);
+    EXPECT_GT(refused, 20);
 }
 
 /// Logs what it is told; may remove itself or refuse.

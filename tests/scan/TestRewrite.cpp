@@ -28,6 +28,7 @@ TEST(Rewrite, PutsCallsInPlace) {
         {"a.pas", "s := 'ab' + 'cd';\r\n", "s := mlLang1.GetText('IDS_0') + mlLang1.GetText('IDS_1');\r\n"},
         {"a.pas", "s := 'Line'#13#10'next'^M;\r\n",
          "s := mlLang1.GetText('IDS_0') + #13#10 + mlLang1.GetText('IDS_1') + ^M;\r\n"},
+        {"a.cpp", "return\"ab\";\r\n", "return mlLang1->GetText(\"IDS_0\");\r\n"},
         {"a.pas", "s := 'it''s';\r\n", "s := mlLang1.GetText('IDS_0');\r\n"},
         {"a.pas", "s := '''\r\n  ab\r\n  ''';\r\n", "s := mlLang1.GetText('IDS_0');\r\n"},
         {"a.cpp", "f(L\"ab\" L\"cd\",\r\n  _T(\"ef\"));\r\n",
