@@ -206,7 +206,7 @@ void TfrmFound::acStartID() {
     std::string start = current->Record.StrID;
     if (start.starts_with(prefix)) start.erase(0, prefix.size());
     if (!context_.Dialogs().InputQuery(kCaption, "Input start ID (" + prefix + "):", start)) return;
-    int number = 0;
+    std::int64_t number = 0;
     try {
         number = ToInteger(start);
     } catch (const EConvertError&) {
