@@ -56,6 +56,7 @@ void TFormPieces::Put(char32_t unit) {
 
 void TFormPieces::PutRaw(char32_t codePoint) {
     Open();
+    if (codePoint < kDelete) return text_.push_back(static_cast<char>(codePoint));
     std::string character;
     AppendCodePoint(character, codePoint);
     text_ += EncodeFor(file_, character);

@@ -39,7 +39,12 @@ std::shared_ptr<IOTAModule> TModules::OpenModule(const std::string& fileName, bo
         const TFoundUnit found = FindUnit(AbsolutePath(files_, fileName));
         const std::string& unitFile = found.Unit.FileName;
         if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
-        module = std::make_shared<TModule>(*this, ReadFiles(found));
+        try {
+            module = std::make_shared<TModule>(*this, ReadFiles(found));
+        } catch (const EBadInput& error) {
+            if (OnError) OnError(error);
+            throw;
+        }
         AttachDesigner(module);
         Register(module);
         Announce(TOTAFileNotification::ofnFileOpened, unitFile);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Files.h"
 #include "ide/Journal.h"
 #include "ide/Module.h"
@@ -35,6 +37,9 @@ class TModules : public IOTAModuleServices, public IOTAServices {
 
     int AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) override;
     void RemoveNotifier(int index) override { notifiers_.Remove(index); }
+
+    /// Told why a module cannot be opened, as a person sees it, whoever asked for it.
+    std::function<void(const EBadInput&)> OnError;
 
     TJournal& Journal() { return journal_; }
     const std::vector<std::shared_ptr<TModule>>& Open() const { return modules_; }
