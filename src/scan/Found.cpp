@@ -64,6 +64,7 @@ std::array<std::string, 4> TFoundGrid::Cells(const TFoundRow& row) {
 
 std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {
     std::vector<TFoundRow*> rows;
+    if (&grid != &Shown()) return rows;
     for (TFoundRow& row : grid.Rows)
         if (row.Selected) rows.push_back(&row);
     if (rows.empty() && grid.Current() != nullptr) rows.push_back(grid.Current());
@@ -256,6 +257,7 @@ void TfrmFound::acRestoreDeletedRow() {
 }
 
 void TfrmFound::acDeleteRowsContains() {
+    if (ShowsDeleted) return;
     std::string& part = context_.ExcludeRowsTypedStr;
     std::string answer = part;
     if (!context_.Dialogs().InputQuery(
