@@ -145,14 +145,19 @@ bool TfrmFound::FormCloseQuery() {
     return Confirm("This will close the Found Strings form! Continue?");
 }
 
+/// Every write reaches the disk, and a run over many units closes many reviews: only what is new is
+/// written.
 void TfrmFound::FormClose() {
     TStringList widths;
     for (const int width : GridCols)
         widths.Add(std::to_string(width));
     IRegistry& registry = *context_.Host.Registry;
-    registry.WriteString(kKey, "GridCols", widths.CommaText());
-    registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
-    registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
+    if (registry.ReadString(kKey, "GridCols") != widths.CommaText())
+        registry.WriteString(kKey, "GridCols", widths.CommaText());
+    if (registry.ReadBool(kKey, "NoticeVisible") != NoticeVisible)
+        registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
+    if (registry.ReadInteger(kKey, "PreviewHeight") != PreviewHeight)
+        registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
 }
 
 bool TfrmFound::Confirm(const std::string& question) {
