@@ -29,6 +29,7 @@ class TRun {
 
     /// False when there is nothing to change.
     bool Execute() {
+        CheckLanguages();
         InsertTmlLang(context_, item_);
         Open();
         if (text_->empty() || !FindStrings()) return false;
@@ -38,6 +39,7 @@ class TRun {
     }
 
   private:
+    void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
     TTextRange Selection();
@@ -63,6 +65,13 @@ class TRun {
     TScanInput input_;
     TmlFoundSourceStrings strings_;  ///< found, then kept
 };
+
+/// Before anything is changed: Pascal cannot use a unit that is written in C++.
+void TRun::CheckLanguages() const {
+    if (LanguageOf(formUnit_).IsCPPSource && !LanguageOf(unitFile_).IsCPPSource)
+        throw EBadInput(unitFile_, 0, "a Pascal unit cannot call a form that is written in C++",
+                        "Choose a form of a Pascal unit");
+}
 
 void TRun::Open() {
     if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
