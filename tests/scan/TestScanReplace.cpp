@@ -196,7 +196,7 @@ TEST_P(TUnitsWithoutForm, CallTheComponentOfTheForm) {
 const TUnitCase kUnitCases[] = {
     {"UsesClauseIsMade", "Form2", "Helper.pas",
      "unit Helper;\ninterface\nimplementation\nprocedure P;\nbegin\n  W('Text');\nend;\nend.\n",
-     "unit Helper;\ninterface\nimplementation\n\nuses\n  Unit2;\n\nprocedure P;\nbegin\n"
+     "unit Helper;\ninterface\nimplementation\n\nuses\n  Unit2;\nprocedure P;\nbegin\n"
      "  W(Form2.mlLang1.GetTextOrDefault('IDS_1' (* 'Text' *) ));\nend;\nend.\n"},
     {"FormWithoutComponent", "Form1", "Second.pas",
      "unit Second;\ninterface\nimplementation\nuses\n  Windows;\nbegin\n  W('Text');\nend.\n",
@@ -223,15 +223,19 @@ TEST_F(TScanReplace, SeveralUnitsAreSeveralSteps) {
         window.SelectAll();
         window.btOKClick();
     });
-    ReviewAll();
-    ReviewAll();
+    Review([this](TfrmFound& window) {
+        User.OnMessage(kApply, mrYes);
+        User.OnMessage(kDone);
+        ReviewAll();
+        window.tbModifyClick();
+    });
     Expert->Window()->Run("SourceWithoutForm");
     EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings(),
               (std::vector<TmlString>{
-                  {"IDS_0", "Known"}, {"IDS_1", "Text"}, {"IDS_2", "Second"}, {"IDS_3", "Helper"}}));
-    EXPECT_THROW(Ide.Undo("/p/Second.pas"), EBadInput) << "the form has been changed again since";
-    Ide.Undo("/p/Helper.pas");
+                  {"IDS_0", "Known"}, {"IDS_1", "Text"}, {"IDS_2", "Helper"}, {"IDS_4", "Second"}}));
+    EXPECT_THROW(Ide.Undo("/p/Helper.pas"), EBadInput) << "the form has been changed again since";
     Ide.Undo("/p/Second.pas");
+    Ide.Undo("/p/Helper.pas");
     EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings().size(), 1U);
 }
 
