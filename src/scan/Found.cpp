@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "scan/Lines.h"
+#include "scan/Skippedstrings.h"
 #include "source/Sourcetext.h"
 
 namespace tml {
@@ -26,6 +27,7 @@ constexpr std::array kActions{
     TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
     TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted},
     TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped},
     TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
     TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
     TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
@@ -302,6 +304,10 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
 void TfrmFound::acSwitchDeleted() {
     ShowsDeleted = !ShowsDeleted;
     Update();
+}
+
+void TfrmFound::acViewSkipped() {
+    ViewSkipped(context_);
 }
 
 // --- selection

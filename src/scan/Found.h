@@ -93,6 +93,8 @@ class TfrmFound : public TForm {
     void acRemoveIgnoreMark() { MarkRows(false); }
     void acSwitchDeleted();
     void acRestoreDeletedRow();
+    /// Shows what the scan has passed over.
+    void acViewSkipped();
     void acSelectRow();
     void acInvertSelection();
     void acRemoveSelection();
