@@ -52,6 +52,15 @@ void ClearRows(TListView& list) {
     list.Clear();
 }
 
+TChoiceBox FormsBox(TContext& context, const std::string& chosen) {
+    TChoiceBox box;
+    for (const auto& row : context.Rows.FormNames.Items())
+        box.Items.Add(row->Caption);
+    box.Items.Sort();
+    box.ItemIndex = box.Items.IndexOf(chosen);
+    return box;
+}
+
 void SortRows(TContext& context, int column, int order) {
     context.Settings.SetSortOrder(order);
     context.Settings.SetSortedColumn(column);

@@ -9,8 +9,10 @@
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
 #include "scan/Constreplace.h"
+#include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
+#include "scan/Selunit.h"
 
 namespace tml {
 namespace {
@@ -33,6 +35,7 @@ class TRun {
 
     /// False when there is nothing to change.
     bool Execute() {
+        CheckLanguages();
         InsertTmlLang(context_, item_);
         Open();
         if (text_->empty() || !FindStrings()) return false;
@@ -42,8 +45,10 @@ class TRun {
     }
 
   private:
+    void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
+    TTextRange Selection();
     bool FindStrings();
     bool Review();
     void Modify();
@@ -68,6 +73,13 @@ class TRun {
     std::optional<TConstRun> consts_;  ///< what a run over const sections does its own way
     TmlFoundSourceStrings strings_;    ///< found, then kept
 };
+
+/// Before anything is changed: Pascal cannot use a unit that is written in C++.
+void TRun::CheckLanguages() const {
+    if (LanguageOf(formUnit_).IsCPPSource && !LanguageOf(unitFile_).IsCPPSource)
+        throw EBadInput(unitFile_, 0, "a Pascal unit cannot call a form that is written in C++",
+                        "Choose a form of a Pascal unit");
+}
 
 void TRun::Open() {
     if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
@@ -95,6 +107,7 @@ TScanInput TRun::MakeInput() {
                   .ExcludeChars = settings.ExcludeChars,
                   .IgnorableLength = settings.IgnorableLength,
                   .UseRegExpForSkip = settings.UseRegExpForSkip};
+    if (context_.ScanMode == kScanSelection) input.Selection = Selection();
     input.HCPrefix = settings.HCPrefix;
     input.ReplaceMethod = settings.ReplaceMethod;
     input.CommentsLength = settings.CommentsLength;
@@ -106,7 +119,15 @@ TScanInput TRun::MakeInput() {
     return input;
 }
 
+TTextRange TRun::Selection() {
+    const auto editor = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0);
+    const auto block = BlockOf(*editor);
+    return block ? TTextRange{static_cast<std::size_t>(block->Begin), static_cast<std::size_t>(block->End)}
+                 : TTextRange{};
+}
+
 bool TRun::FindStrings() {
+    context_.Skipped.clear();
     Progress("Scanning...");
     TScanResult result = consts_ ? consts_->Scan() : Scan(input_);
     context_.Skipped = std::move(result.Skipped);
@@ -159,6 +180,20 @@ void TRun::Modify() {
     MarkModifiedForm(context_, item_.Caption);
 }
 
+void ReplaceInForm(TContext& context, bool constSection) {
+    if (TListItem* item = context.Rows.Active().FirstSelected())
+        DoScanReplace(context, *item, {}, constSection);
+}
+
+void ReplaceInUnits(TContext& context, bool constSection) {
+    TfrmTranslUnits window(context);
+    if (context.Dialogs().ShowModal(window) != mrOk) return;
+    TListItem* item = FindRowOfForm(context.Rows.FormNames, window.cbForm.Text());
+    if (item == nullptr) return;
+    for (const std::string& unit : window.lbUnits.SelectedItems())
+        DoScanReplace(context, *item, unit, constSection);
+}
+
 }  // namespace
 
 bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile, bool constSection) {
@@ -176,11 +211,19 @@ bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFi
 }
 
 void SourceWithForm(TContext& context) {
-    if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item);
+    ReplaceInForm(context, false);
+}
+
+void SourceWithoutForm(TContext& context) {
+    ReplaceInUnits(context, false);
 }
 
 void ConstWithForm(TContext& context) {
-    if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item, {}, true);
+    ReplaceInForm(context, true);
+}
+
+void ConstWithoutForm(TContext& context) {
+    ReplaceInUnits(context, true);
 }
 
 }  // namespace tml
