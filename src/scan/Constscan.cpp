@@ -116,9 +116,12 @@ class TConstWalk {
         while (line < declaration.End) {
             const std::size_t end = LineEnd(text_, line);
             const std::string_view later = text_.substr(line, end - line);
+            if (IsTagLine(later, kPascal)) return true;
             const TStringSkipReason reason = rules_.RefusalOf(later);
-            if (reason != ssrNone) SkipString(result_.Skipped, Trim(later), line_, reason, true);
-            if (reason != ssrNone || IsTagLine(later, kPascal)) return true;
+            if (reason != ssrNone) {
+                SkipString(result_.Skipped, Trim(later), line_, reason, true);
+                return true;
+            }
             line = text_.find('\n', end) + 1;
         }
         return false;

@@ -99,15 +99,19 @@ bool TUnitRoutines::Calls(const TRoutine& routine, std::string_view qualifier, s
 
 std::size_t TUnitRoutines::FindEnd() const {
     const TRegion& implementation = *Part(Kind::Implementation);
-    std::size_t end = implementation.End;
+    std::size_t lastRoutine = implementation.Begin;
+    for (const TRegion& region : regions_)
+        if (region.Kind == Kind::Routine) lastRoutine = std::max(lastRoutine, region.Begin);
+    // A body whose head is left to a condition reads as an initialization; the true one follows all routines.
     const auto initialization = std::find_if(regions_.begin(), regions_.end(), [&](const TRegion& region) {
-        return region.Kind == Kind::Initialization && region.Begin > implementation.Begin;
+        return region.Kind == Kind::Initialization && region.Begin > lastRoutine;
     });
-    if (initialization != regions_.end()) end = std::min(end, initialization->Begin);
+    const bool hasInitialization = initialization != regions_.end();
+    const std::size_t end = hasInitialization ? initialization->Begin : source_.Text().size();
     std::size_t index = TokenAt(end);
     // Without an initialization the part reaches over the final end to the end of the text.
     const std::size_t first = TokenAt(implementation.Begin);
-    for (std::size_t i = first; initialization == regions_.end() && i + 1 < index; ++i)
+    for (std::size_t i = first; !hasInitialization && i + 1 < index; ++i)
         if (SameText(TextAt(i), "end") && TextAt(i + 1) == ".") index = i;
     // In front of a condition that only ends behind that place.
     int depth = 0;
