@@ -181,6 +181,8 @@ class TAdviser {
         if (reach_.Everywhere) return InCode(region) ? TAdvice::None : TAdvice::OutsideMethod;
         for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
             const TRegion& around = regions_[index];
+            // The members of a class inside a method have an object of their own.
+            if (around.Kind == TRegionKind::Class) break;
             const bool isOwn =
                 around.Kind == TRegionKind::Routine && !around.OfClass && IsFormClass(around.Owner);
             if (isOwn) return TAdvice::None;

@@ -102,6 +102,7 @@ class TCppReader {
     void OpenBrace() {
         const std::size_t depth = stack_.Depth();
         braces_.push_back({ScopeOfBrace(), depth});
+        if (braces_.back().Scope == TScope::Class && LocalClass() < at_) first_ = LocalClass();
         if (braces_.back().Scope == TScope::Values) stack_.Open(Kind::Braces, tokens_[at_].Begin);
         if (braces_.back().Scope == TScope::Function) OpenFunction();
         if (braces_.back().Scope == TScope::Class) OpenClass();
@@ -129,6 +130,7 @@ class TCppReader {
         const std::string_view before = at_ > first_ ? TextAt(at_ - 1) : std::string_view();
         if (before == "=" || before == "," || before == "(" || before == "return") return TScope::Values;
         if (Scope() == TScope::Values) return TScope::Values;
+        if (!IsDeclarative() && LocalClass() < at_) return TScope::Class;
         if (!IsDeclarative()) return before == "]" ? TScope::Values : TScope::Block;
         const bool isLinkage = at_ > first_ && tokens_[at_ - 1].Kind == TTokenKind::Literal;
         if (isLinkage || HasWord("namespace")) return TScope::Namespace;
@@ -138,6 +140,19 @@ class TCppReader {
                                          [&](std::string_view word) { return HasWord(word); });
         if (isClass) return TScope::Class;
         return at_ == first_ ? TScope::Block : TScope::Values;
+    }
+
+    /// Where the statement that declares a class with this brace begins; at_ when it declares none.
+    std::size_t LocalClass() const {
+        bool isClass = false;
+        std::size_t index = at_;
+        for (; index > 0; --index) {
+            const std::string_view text = TextAt(index - 1);
+            if (text == ";" || text == "{" || text == "}") break;
+            if (text == "(" || text == ")" || text == "=") return at_;
+            isClass = isClass || IsIn(kClassWords, text);
+        }
+        return isClass ? index : at_;
     }
 
     bool HasWord(std::string_view word) const {

@@ -126,6 +126,8 @@ TEST(Advice, ForCpp) {
         {"void TForm1::M() { f(\"a\" PRIu64); f(\"b\" /* x */ \"c\"); f(X \"d\"); return \"e\"; "
          "static_assert(x, \"f\"); }",
          "macro inner-comment macro - declaration"},
+        {"void TForm1::M() { struct L : B { String T() { return \"a\"; } } l; f(\"b\"); }",
+         "outside-method -"},
         {"[[deprecated(\"a\")]] void f();\nTForm1::~TForm1() { f(\"b\"); String a[] = {\"c\"}; /* \"d\" */ }",
          "attribute - array-initialiser comment"},
     };

@@ -1,0 +1,8 @@
+#include "Pointer.h"
+
+TPointerForm *PointerForm = nullptr;
+
+const char *TPointerForm::Raw()
+{
+    return "a pointer is returned";
+}

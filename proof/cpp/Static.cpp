@@ -1,0 +1,8 @@
+#include "Static.h"
+
+TStaticForm *StaticForm = nullptr;
+
+String TStaticForm::Season(int month)
+{
+    return month < 6 ? String("spring") : String("autumn");
+}
