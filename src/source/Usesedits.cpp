@@ -43,7 +43,7 @@ class TUsesReader {
     std::optional<TUsesClause> ClauseOf(const TRegion* part) const {
         for (const TRegion& region : regions_) {
             const TRegion* parent = region.Parent == kNoRegion ? nullptr : &regions_[region.Parent];
-            if (region.Kind == TRegionKind::Uses && parent == part) return Read(region);
+            if (region.Kind == TRegionKind::Uses && parent == part && IsLeading(region)) return Read(region);
         }
         return std::nullopt;
     }
@@ -84,10 +84,19 @@ class TUsesReader {
     }
 
   private:
+    /// A clause behind other declarations can only stand in a case that is never compiled.
+    bool IsLeading(const TRegion& clause) const {
+        return std::none_of(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+            return region.Parent == clause.Parent && region.Begin < clause.Begin &&
+                   region.Kind != TRegionKind::Uses && region.Kind != TRegionKind::Attribute;
+        });
+    }
+
     const TRegion* ClauseAt(const TRegion* part, std::size_t begin) const {
         const auto found = std::find_if(regions_.begin(), regions_.end(), [&](const TRegion& region) {
             const TRegion* parent = region.Parent == kNoRegion ? nullptr : &regions_[region.Parent];
-            return region.Kind == TRegionKind::Uses && region.Begin == begin && parent == part;
+            return region.Kind == TRegionKind::Uses && region.Begin == begin && parent == part &&
+                   IsLeading(region);
         });
         return found == regions_.end() ? nullptr : &*found;
     }

@@ -128,6 +128,8 @@ TEST(Units, AreAddedToUsesClauses) {
                   "interface\nuses A;\nimplementation\n\nuses\n  Unit2;\n{$R *.dfm}\n"},
                  {"interface\nimplementation\n{$IFDEF X}\nuses B;\n{$ELSE}\nuses C;\n{$ENDIF}\n",
                   "interface\nimplementation\nuses\n  Unit2 {$IFDEF X}\n, B\n{$ELSE}\n, C\n{$ENDIF};\n"},
+                 {"interface\nimplementation\nconst C = 1;\n{$IFDEF X}uses B;{$ENDIF}\n",
+                  "interface\nimplementation\n\nuses\n  Unit2;\nconst C = 1;\n{$IFDEF X}uses B;{$ENDIF}\n"},
                  {"interface\nuses A;\nimplementation\nuses B;\n",
                   "interface\nuses A;\nimplementation\nuses B, Unit2;\n"},
                  {"interface\nuses unit2;\nimplementation\n", "interface\nuses unit2;\nimplementation\n"}});
