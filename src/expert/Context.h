@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Stringlist.h"
+#include "expert/Externalfiles.h"
 #include "expert/Formslist.h"
 #include "expert/Gate.h"
 #include "expert/Settings.h"
@@ -30,6 +31,7 @@ struct TContext {
     TFormsList Rows;
     std::function<void()> OnRowsChanged;  ///< what shows the rows is told that others changed them
     TProjectData Project;
+    TmlExternalFiles ExternalFiles;
     std::string ComponentName;        ///< of the row selected last
     TmlSkippedStrings Skipped;        ///< by the last scan
     std::string ExcludeRowsTypedStr;  ///< last answer of the review's "Delete rows that contains"
