@@ -26,9 +26,13 @@ void ViewForm(TContext& context) {
 }
 
 /// Only while a project with entries is open.
+bool HasProjectSettings(TContext& context) {
+    return context.Host.Runtime->mlLangProjectSettings != nullptr && !context.Project.ProjectFiles.Empty();
+}
+
 void ProjectSettings(TContext& context) {
     const auto settings = context.Host.Runtime->mlLangProjectSettings;
-    if (settings != nullptr && !context.Project.ProjectFiles.Empty()) settings->DisplayEditDialog();
+    settings->DisplayEditDialog();
 }
 
 void Exit(TfrmmlLang& window) {
@@ -65,7 +69,8 @@ constexpr std::array kCommands{
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
-    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>},
+    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
+             HasProjectSettings},
     TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
     TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
              "Check IDs"},
