@@ -40,6 +40,8 @@ class TfrmmlLang : public TForm {
     void SelectAll1Click();
     void pcFormsListChange(TFormsPage page);
 
+    /// Ticks a command in the menus, or takes the tick away.
+    void SetChecked(std::string_view commandName, bool checked);
     /// Runs a command by its name where it is enabled. What it throws passes on, but for EmlLangSilent.
     void Run(std::string_view commandName);
 
