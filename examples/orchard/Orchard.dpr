@@ -16,7 +16,9 @@ uses
   Reports in 'Forms\REPORTS.PAS' {ReportForm},
   About in 'forms\About.pas' {AboutBox},
   Pricing in 'units\Pricing.pas',
-  Fruitnames in 'units\Fruitnames.pas';
+  Fruitnames in 'units\Fruitnames.pas',
+  Lettersru in 'units\Lettersru.pas',
+  Lettersel in 'units\Lettersel.pas';
 
 {$R *.res}
 

@@ -5,6 +5,7 @@
 #include "expert/Insertion.h"
 #include "expert/Mlmainform.h"
 #include "expert/Modules.h"
+#include "platform/Projectsettings.h"
 #include "scan/Scanreplace.h"
 
 namespace tml {
@@ -21,6 +22,12 @@ void On(TfrmmlLang& window) {
 void ViewForm(TContext& context) {
     if (const TListItem* item = context.Rows.Active().FirstSelected())
         OpenFile(context, item->SubItems[fcFileName], true);
+}
+
+/// Only while a project with entries is open.
+void ProjectSettings(TContext& context) {
+    const auto settings = context.Host.Runtime->mlLangProjectSettings;
+    if (settings != nullptr && !context.Project.ProjectFiles.Empty()) settings->DisplayEditDialog();
 }
 
 void Exit(TfrmmlLang& window) {
@@ -71,7 +78,7 @@ constexpr std::array kCommands{
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
-    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, nullptr},
+    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>},
     TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
     TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
              "Check IDs"},

@@ -239,7 +239,7 @@ void TmlLangExpert::ProjectClosed() {
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {
     DestroyProjectSettings();
-    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(*host_.Files);
+    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(context_);
     host_.Runtime->mlLangProjectSettings->SetFileName(WithExtension(projectFileName, ".mlproj"));
 }
 

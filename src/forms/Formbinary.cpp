@@ -139,7 +139,8 @@ std::string_view TBinaryFormFile::Name(TFormSpan name) const {
 }
 
 TEncoding TBinaryFormFile::FindEncoding() const {
-    return DetectEncoding(habits_.AnsiSample, CodePage());
+    // The line break keeps the first string from being taken for a byte order mark.
+    return DetectEncoding('\n' + habits_.AnsiSample, CodePage());
 }
 
 }  // namespace tml

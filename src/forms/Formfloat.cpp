@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 namespace tml {
 
@@ -90,16 +92,23 @@ std::string_view WithoutSuffix(std::string_view text) {
     return FloatKindOf(text) == TFormFloatKind::Extended ? text : text.substr(0, text.size() - 1);
 }
 
-/// Numbers beyond the range give infinity or zero, as the library routine leaves them.
+/// from_chars gives up on what is too large or too small for a normal number; the stream does not.
+template <typename Float>
+Float ParseExtreme(std::string_view text) {
+    Float value = 0;
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
+    stream >> value;
+    const bool isTooLarge = stream.fail();
+    return isTooLarge ? std::copysign(std::numeric_limits<Float>::infinity(), value) : value;
+}
+
 template <typename Float>
 Float Parse(std::string_view text) {
     Float value = 0;
     if (text.front() == '+') text.remove_prefix(1);
     const std::from_chars_result result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc::result_out_of_range) return value;
-    const bool isLarge = text.find("e-") == text.npos && text.find("E-") == text.npos;
-    const Float size = isLarge ? std::numeric_limits<Float>::infinity() : Float{0};
-    return text.front() == '-' ? -size : size;
+    return result.ec == std::errc::result_out_of_range ? ParseExtreme<Float>(text) : value;
 }
 
 /// Most numbers have few digits: their digits and the power of ten are exact, so one division rounds once,

@@ -1,7 +1,7 @@
 // The source of a program: "program Name; uses A, B in 'path' {Form: TFrame}, ...; begin ... end." Only
 // the first uses clause is read; units without a path are libraries and not part of the project. Both
-// sides of a conditional count. What is broken behind the clause is not looked at; a comment, text or
-// clause without an end in front of it is an error.
+// sides of a conditional count. A package has a clause "contains" in its place. What is broken behind the
+// clause is not looked at; a comment, text or clause without an end in front of it is an error.
 #include <algorithm>
 
 #include "base/Codedtext.h"
@@ -88,12 +88,14 @@ class TUsesParser {
     /// Moves behind "uses"; false when the program has none.
     bool FindClause() {
         bool isProgram = false;
+        bool isPackage = false;
         for (; token_.Kind != TTokenKind::End; Advance()) {
-            if (IsWord("uses")) {
+            if (IsWord(isPackage ? "contains" : "uses")) {
                 Advance();
                 return true;
             }
-            isProgram = isProgram || IsWord("program") || IsWord("library");
+            isPackage = isPackage || (!isProgram && IsWord("package"));
+            isProgram = isProgram || isPackage || IsWord("program") || IsWord("library");
             if (IsWord("begin")) break;
         }
         if (!isProgram) lexer_.Fail(token_, "the file is no program source");

@@ -1,7 +1,5 @@
 #include "ide/Projectfiles.h"
 
-#include <algorithm>
-
 #include "base/Files.h"
 #include "base/Stringlist.h"
 #include "base/Utf8.h"
@@ -15,19 +13,37 @@ struct TProjectFormat {
     TProjectParser Parse;
 };
 constexpr TProjectFormat kFormats[] = {
-    {".dpr", ParseDpr},
-    {".dproj", ParseDproj},
-    {".groupproj", ParseGroupproj},
+    {".dpr", ParseDpr},         {".dpk", ParseDpr},
+    {".dproj", ParseDproj},     {".groupproj", ParseGroupproj},
+    {".bdsproj", ParseBdsproj}, {".bdsgroup", ParseBdsgroup},
+    {".bpg", ParseBpg},         {".bpr", ParseBpr},
+    {".cbproj", ParseCbproj},   {".lpi", ParseLpi},
+    {".lpg", ParseLpg},
 };
+
+/// What is a project only as the main source of one.
+constexpr TProjectFormat kMainSources[] = {
+    {".lpr", ParseDpr},
+    {".cpp", ParseCppProgram},
+};
+
+template <typename Formats>
+TProjectParser FindIn(const Formats& formats, const std::string& fileName) {
+    const std::string extension = ExtensionOf(fileName);
+    for (const TProjectFormat& format : formats)
+        if (SameText(format.Extension, extension)) return format.Parse;
+    return nullptr;
+}
 
 }  // namespace
 
 TProjectParser FindProjectParser(const std::string& fileName) {
-    const std::string extension = ExtensionOf(fileName);
-    const auto* found =
-        std::find_if(std::begin(kFormats), std::end(kFormats),
-                     [&](const TProjectFormat& format) { return SameText(format.Extension, extension); });
-    return found == std::end(kFormats) ? nullptr : found->Parse;
+    return FindIn(kFormats, fileName);
+}
+
+TProjectParser FindMainSourceParser(const std::string& fileName) {
+    const TProjectParser parse = FindIn(kMainSources, fileName);
+    return parse == nullptr ? FindProjectParser(fileName) : parse;
 }
 
 std::string KnownProjectFiles() {
@@ -39,6 +55,14 @@ std::string KnownProjectFiles() {
 
 std::string LastNamePart(const std::string& unitName) {
     return unitName.substr(unitName.rfind('.') + 1);
+}
+
+std::string UnitNameOf(const std::string& path) {
+    const std::string file = FileNameOf(path);
+    const std::string extension = ExtensionOf(file);
+    const bool isUnit = SameText(extension, ".pas") || SameText(extension, ".pp") ||
+                        SameText(extension, ".cpp") || SameText(extension, ".c");
+    return isUnit ? LastNamePart(WithExtension(file, "")) : file;
 }
 
 std::string ParseOptionsCodePage(const std::string& text) {

@@ -1,6 +1,7 @@
 #include "ide/Projectreader.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -24,12 +25,22 @@ class TProjectReader {
             return std::move(set_);
         }
         set_.GroupFile = fileName;
-        for (const std::string& name : parsed.Projects)
-            ReadMember(name);
+        seen_.insert(UpperCase(fileName));
+        AddMembers(fileName, parsed);
+        while (!members_.empty()) {
+            const TMember member = std::move(members_.back());
+            members_.pop_back();
+            ReadMember(member);
+        }
         return std::move(set_);
     }
 
   private:
+    struct TMember {
+        std::string GroupFile;
+        std::string Name;  ///< as written there
+    };
+
     TParsedProject Parse(const std::string& fileName) {
         const TProjectParser parse = FindProjectParser(fileName);
         if (parse == nullptr)
@@ -44,16 +55,33 @@ class TProjectReader {
         return options ? ParseOptionsCodePage(files_.Read(*options)) : std::string();
     }
 
-    void ReadMember(const std::string& name) {
-        const auto found = index_.Find(FolderOf(set_.GroupFile), name);
+    /// The first one on top.
+    void AddMembers(const std::string& groupFile, const TParsedProject& group) {
+        for (auto name = group.Projects.rbegin(); name != group.Projects.rend(); ++name)
+            members_.push_back({groupFile, *name});
+    }
+
+    /// A group among them gives its members their place in the order.
+    void ReadMember(const TMember& member) {
+        const auto found = index_.Find(FolderOf(member.GroupFile), member.Name);
         if (!found) {
-            AddProblem({set_.GroupFile, 0, "the project " + name + " does not exist", kMissingRemedy});
+            AddProblem(
+                {member.GroupFile, 0, "the project " + member.Name + " does not exist", kMissingRemedy});
+            return;
+        }
+        if (!seen_.insert(UpperCase(*found)).second) {
+            AddProblem({member.GroupFile, 0, "the project " + member.Name + " is named a second time",
+                        "Remove it from one of the groups"});
             return;
         }
         try {
-            set_.Projects.push_back(ReadProject(*found, Parse(*found)));
+            TParsedProject parsed = Parse(*found);
+            if (parsed.IsGroup)
+                AddMembers(*found, parsed);
+            else
+                set_.Projects.push_back(ReadProject(*found, std::move(parsed)));
         } catch (const EBadInput& error) {
-            AddProblem({error.File(), error.Line(), error.Problem(), "Open the project's own file"});
+            AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
     }
 
@@ -79,12 +107,12 @@ class TProjectReader {
             return;
         }
         model.MainSource = *found;
-        const TProjectParser parse = FindProjectParser(*found);
+        const TProjectParser parse = FindMainSourceParser(*found);
         if (*found == model.FileName || parse == nullptr) return;
         try {
             AddUnits(model, parse(files_.Read(*found), *found, model.CodePage), *found);
         } catch (const EBadInput& error) {
-            AddProblem({error.File(), error.Line(), error.Problem(), "Repair the program's source"});
+            AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
     }
 
@@ -93,18 +121,33 @@ class TProjectReader {
         for (const TNamedUnit& named : parsed.Units) {
             TProjectUnit unit{named.Name, {},    named.FormName, named.DesignClass, {},
                               {},         false, namedBy,        named.Line};
-            const auto found = index_.Find(folder, named.Path);
+            const auto found = FindUnit(folder, named.Path);
             unit.Missing = !found;
             unit.FileName = found ? *found : JoinPath(folder, named.Path);
             const auto [place, isNew] = placeOf_.try_emplace(UpperCase(unit.FileName), model.Units.size());
             if (isNew) {
                 LookBeside(unit);
                 model.Units.push_back(std::move(unit));
-            } else if (model.Units[place->second].FormName.empty()) {
-                model.Units[place->second].FormName = unit.FormName;
-                model.Units[place->second].DesignClass = unit.DesignClass;
+            } else {
+                Complete(model.Units[place->second], unit);
             }
         }
+    }
+
+    /// The program spells a unit's name as the compiler knows it; a project file only has a file's name.
+    static void Complete(TProjectUnit& known, const TProjectUnit& again) {
+        if (SameText(known.Name, again.Name)) known.Name = again.Name;
+        if (!known.FormName.empty()) return;
+        known.FormName = again.FormName;
+        known.DesignClass = again.DesignClass;
+    }
+
+    /// An object file stands for the source that it is compiled from.
+    std::optional<std::string> FindUnit(const std::string& folder, const std::string& path) {
+        if (!SameText(ExtensionOf(path), ".obj")) return index_.Find(folder, path);
+        for (const char* extension : {".cpp", ".c", ".pas"})
+            if (auto found = index_.Find(folder, WithExtension(path, extension))) return found;
+        return std::nullopt;
     }
 
     void LookBeside(TProjectUnit& unit) {
@@ -131,6 +174,10 @@ class TProjectReader {
     IFileSystem& files_;
     TFolderIndex index_;
     TProjectSet set_;
+    /// What a group names and is not yet read, the next one last.
+    std::vector<TMember> members_;
+    /// Upper-cased files of a group and of its members, so that no circle is followed.
+    std::unordered_set<std::string> seen_;
     /// Place of each unit file (upper-cased) in the model that is being read.
     std::unordered_map<std::string, std::size_t> placeOf_;
 };

@@ -94,7 +94,14 @@ void WriteRecord(IFileSystem& files, const std::string& recordPath, const std::v
     std::vector<TCommitLine> lines;
     for (const TPending& file : pending)
         lines.push_back(file.Line);
-    WriteFileSafely(files, recordPath, WriteCommitRecord(lines));
+    const std::string staged = StagePath(recordPath, recordPath);
+    files.Stage(staged, WriteCommitRecord(lines), recordPath);
+    try {
+        files.Rename(staged, recordPath);
+    } catch (const EFileError&) {
+        RemoveQuietly(files, staged);
+        throw;
+    }
 }
 
 /// Not everything could be put back, so record and stage files stay for the next start.
@@ -218,7 +225,7 @@ void WriteTogether(IFileSystem& files, const std::string& recordPath,
 
 std::vector<TProjectProblem> RecoverStaged(IFileSystem& files, const std::string& recordPath,
                                            const std::vector<std::string>& paths) {
-    std::vector<std::string> stagePaths;
+    std::vector<std::string> stagePaths = {StagePath(recordPath, recordPath)};
     for (const std::string& path : paths)
         stagePaths.push_back(StagePath(files.Resolve(path), recordPath));
     // A project on a read-only disk must open, so nothing is locked unless there is work.

@@ -5,6 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "translations/Projectsettingsform.h"
 
 namespace tml {
 namespace {
@@ -84,6 +85,11 @@ void TmlLangProjectSettings::SetOptionValue(const std::string& name, const TOpti
         store_->WriteBool(kSection, name, AsBool(value));
     else
         store_->WriteString(kSection, name, AsText(value));
+}
+
+void TmlLangProjectSettings::DisplayEditDialog() {
+    TfrmProjectTranslationSettings window(context_, *this);
+    context_.Dialogs().ShowModal(window);
 }
 
 }  // namespace tml

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Files.h"
+#include "expert/Context.h"
 #include "platform/Projectsettings.h"
 #include "translations/Memini.h"
 
@@ -12,7 +13,7 @@ namespace tml {
 /// The translation settings of a project in its ".mlproj" file.
 class TmlLangProjectSettings : public ImlLangProjectSettings {
   public:
-    explicit TmlLangProjectSettings(IFileSystem& files) : files_(files) {}
+    explicit TmlLangProjectSettings(TContext& context) : context_(context), files_(*context.Host.Files) {}
 
     std::string GetFileName() override { return fileName_; }
     /// Keeps the full path and loads the file.
@@ -28,6 +29,7 @@ class TmlLangProjectSettings : public ImlLangProjectSettings {
     bool GetIsChanged() override { return changed_; }
 
   private:
+    TContext& context_;
     IFileSystem& files_;
     std::string fileName_;
     std::unique_ptr<TmlMemIniFile> store_;

@@ -1,17 +1,32 @@
 #include "base/Errors.h"
 #include "support/Memoryfiles.h"
+#include "support/Memoryregistry.h"
+#include "support/Scripteduser.h"
 #include "translations/Projectsettings.h"
+#include "translations/Projectsettingsform.h"
 
 namespace tml {
 namespace {
 
 const std::string kFile = "/p/Demo.mlproj";
 
+struct TProject {
+    explicit TProject(IFileSystem& files) {
+        Context.Host.Files = &files;
+        Context.Host.Dialogs = &User;
+    }
+    TMemoryRegistry Registry;
+    TScriptedUser User;
+    TExpertSettings Settings{Registry, {"TmlLang"}};
+    TContext Context{THost(), Settings};
+};
+
 TEST(Projectsettings, AreAFileOfOptionsThatKeepsEverythingElse) {
     TMemoryFileSystem files;
     files.Files[kFile] =
         "; mine\n[Other]\nDispatcherForm=no\n[settings]\nforeign=1\ndispatcherform = Main\n\n[Z]\n";
-    TmlLangProjectSettings settings(files);
+    TProject project(files);
+    TmlLangProjectSettings settings(project.Context);
     settings.SetFileName(kFile);
     EXPECT_EQ(std::get<std::string>(settings.GetOptionValue("DISPATCHERFORM")), "Main");
     EXPECT_FALSE(settings.GetIsChanged());
@@ -29,7 +44,8 @@ TEST(Projectsettings, AreAFileOfOptionsThatKeepsEverythingElse) {
 TEST(Projectsettings, AMissingFileReadsAsDefaultsAndIsMadeByTheFirstSave) {
     TMemoryFileSystem files;
     files.Files["/p/x"] = "";
-    TmlLangProjectSettings settings(files);
+    TProject project(files);
+    TmlLangProjectSettings settings(project.Context);
     EXPECT_THROW(settings.SaveFile(), EBadInput);
     settings.SetFileName(kFile);
     EXPECT_EQ(settings.GetOptionValue("DefaultDictionary"), TOptionValue(std::string()));
@@ -44,6 +60,36 @@ TEST(Projectsettings, AMissingFileReadsAsDefaultsAndIsMadeByTheFirstSave) {
     settings.SaveFile();
     EXPECT_EQ(files.Files[kFile],
               "[Settings]\r\nDefaultDictionary=\xC3\xA9.dic\r\nDontAskForDictionary=1\r\n");
+}
+
+TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
+    TMemoryFileSystem files;
+    files.Files["/p/d.dix"] = "<X>\n<HEAD>\n<LANGUAGE>German</LANGUAGE>\n</HEAD>\n<LANGUAGE>no</LANGUAGE>\n";
+    files.Files[kFile] = "[Settings]\nDispatcherForm=gone\nDefaultFormForUnits=MAIN\n";
+    TProject project(files);
+    for (const char* form : {"Main", "About"})
+        project.Context.Rows.FormNames.Add().Caption = form;
+    TmlLangProjectSettings settings(project.Context);
+    settings.SetFileName(kFile);
+    project.User.OnWindow<TfrmProjectTranslationSettings>(
+        "frmProjectTranslationSettings", [](TfrmProjectTranslationSettings& window) {
+            EXPECT_TRUE(window.ckbAskForDictionary);
+            EXPECT_FALSE(window.ckbCaseSensitive);
+            EXPECT_EQ(window.cbDefFormForUnits.Text(), "Main");
+            EXPECT_EQ(window.cbDefFormForDispatcher.ItemIndex, -1);
+            window.edDefaultDictionaryChange("/p/d.dix");
+            EXPECT_EQ(window.DictionaryLanguages, TStringList({"German</LANGUAGE>"}));
+            window.cbDefaultLanguageChange("German");
+            EXPECT_TRUE(window.LanguageWarning);
+            window.ckbCaseSensitive = true;
+            window.btOKClick();
+        });
+    settings.DisplayEditDialog();
+    EXPECT_EQ(files.Files[kFile],
+              "[Settings]\nDispatcherForm=\nDefaultFormForUnits=Main\nDefaultDictionary=/p/d.dix\n"
+              "DictionaryBaseLanguage=German\nDontAskForDictionary=0\nDictionaryIgnoreCase=1\n"
+              "DictionarySkipAmpersands=0\nDictionaryParseMultilines=0\nDictionaryOverwriteExisting=0\n"
+              "DictionaryForceEmpties=0\nDefaultTranslationFileName=\nCommonContainerForm=\n");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-object OrchardData: TOrchardData
+object CellarData: TCellarData
   OldCreateOrder = False
   OnCreate = DataModuleCreate
-  Left = 192
-  Top = 107
+  Left = 220
+  Top = 140
   Height = 150
   Width = 215
 end

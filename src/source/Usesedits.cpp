@@ -1,0 +1,165 @@
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "source/Charclass.h"
+#include "source/Outline.h"
+#include "source/Sourceedits.h"
+#include "source/Tokens.h"
+
+namespace tml {
+namespace {
+
+constexpr std::size_t kLineWidth = 80;
+constexpr std::string_view kLineBreak = "\r\n";
+
+struct TUsedUnit {
+    std::string Name;  ///< dots included
+    std::size_t Begin = 0;
+};
+
+/// One uses clause as it stands.
+struct TUsesClause {
+    std::vector<TUsedUnit> Units;
+    std::size_t WordEnd = 0;  ///< behind "uses"
+    std::size_t Semicolon = 0;
+    bool EndsInCondition = false;  ///< the semicolon belongs to one branch only
+};
+
+class TUsesReader {
+  public:
+    explicit TUsesReader(const TSourceText& source) : source_(source), regions_(ReadPascalOutline(source)) {}
+
+    const TRegion* Part(TRegionKind kind) const {
+        const auto found = std::find_if(regions_.begin(), regions_.end(),
+                                        [&](const TRegion& region) { return region.Kind == kind; });
+        return found == regions_.end() ? nullptr : &*found;
+    }
+
+    /// The clause of a part; of the program where part is nullptr.
+    std::optional<TUsesClause> ClauseOf(const TRegion* part) const {
+        for (const TRegion& region : regions_) {
+            const TRegion* parent = region.Parent == kNoRegion ? nullptr : &regions_[region.Parent];
+            if (region.Kind == TRegionKind::Uses && parent == part) return Read(region);
+        }
+        return std::nullopt;
+    }
+
+  private:
+    TUsesClause Read(const TRegion& region) const {
+        TUsesClause clause;
+        int conditions = 0;
+        bool expectsName = true;
+        for (const TToken& token : Tokenize(source_)) {
+            if (token.Begin < region.Begin || token.Begin >= region.End) continue;
+            const std::string_view text = TextOf(source_, token);
+            if (token.Begin == region.Begin)
+                clause.WordEnd = token.End;
+            else if (token.Kind == TTokenKind::Directive)
+                conditions += ConditionStep(text);
+            else if (text == ";")
+                clause.Semicolon = token.Begin;
+            else if (text == ",")
+                expectsName = true;
+            else if (token.Kind == TTokenKind::Name)
+                expectsName = AddWord(clause, token, text, expectsName);
+            else if (text == "." && !clause.Units.empty())
+                clause.Units.back().Name += text;
+        }
+        if (clause.Semicolon == 0)
+            throw EBadInput(source_.FileName(), source_.LineOf(region.Begin), "the uses clause has no end",
+                            "Close it with a semicolon.");
+        clause.EndsInCondition = conditions > 0;
+        return clause;
+    }
+
+    static bool AddWord(TUsesClause& clause, const TToken& token, std::string_view text, bool expectsName) {
+        if (expectsName)
+            clause.Units.push_back({std::string(text), token.Begin});
+        else if (clause.Units.back().Name.back() == '.')
+            clause.Units.back().Name += text;
+        return false;
+    }
+
+    static int ConditionStep(std::string_view directive) {
+        const std::string upper = UpperCase(directive.substr(0, 8));
+        const std::string_view name = std::string_view(upper).substr(upper.find('$') + 1);
+        if (name.starts_with("ENDIF") || name.starts_with("IFEND")) return -1;
+        return name.starts_with("IF") ? 1 : 0;
+    }
+
+    const TSourceText& source_;
+    std::vector<TRegion> regions_;
+};
+
+bool Names(const std::optional<TUsesClause>& clause, const std::string& unitName) {
+    return clause && std::any_of(clause->Units.begin(), clause->Units.end(),
+                                 [&](const TUsedUnit& unit) { return SameText(unit.Name, unitName); });
+}
+
+bool StartsItsLine(std::string_view text, std::size_t place) {
+    return Trim(text.substr(LineStart(text, place), place - LineStart(text, place))).empty();
+}
+
+TEdits Append(const TSourceText& source, const TUsesClause& clause, const std::string& unitName) {
+    const std::string_view text = source.Text();
+    // A semicolon of one branch only would leave the unit out of the others.
+    if (clause.EndsInCondition || clause.Units.empty())
+        return {{clause.WordEnd, clause.WordEnd, " " + unitName + (clause.Units.empty() ? "" : ",")}};
+    const std::size_t last = clause.Units.back().Begin;
+    const std::size_t count = clause.Units.size();
+    const bool ownLine = StartsItsLine(text, last);
+    const bool onePerLine = count > 1 && ownLine && StartsItsLine(text, clause.Units[count - 2].Begin) &&
+                            LineStart(text, last) != LineStart(text, clause.Units[count - 2].Begin);
+    const std::size_t column = clause.Semicolon - LineStart(text, clause.Semicolon);
+    const bool fits = column + unitName.size() + 3 <= kLineWidth;
+    if (fits && !onePerLine) return {{clause.Semicolon, clause.Semicolon, ", " + unitName}};
+    const std::size_t line = LineStart(text, last);
+    const std::size_t indentEnd = text.find_first_not_of(" \t", line);
+    const std::string indent =
+        std::string(text.substr(line, indentEnd - line)) + (indentEnd < clause.WordEnd ? "  " : "");
+    return {{clause.Semicolon, clause.Semicolon, "," + std::string(kLineBreak) + indent + unitName}};
+}
+
+/// A clause of its own behind the line of the part's word.
+TEdits NewClause(const TSourceText& source, const TRegion& part, const std::string& unitName) {
+    const std::size_t end = LineEnd(source.Text(), part.Begin);
+    return {{end, end,
+             std::string(kLineBreak) + std::string(kLineBreak) + "uses" + std::string(kLineBreak) + "  " +
+                 unitName + ";"}};
+}
+
+TEdits AddTo(const TSourceText& source, const TUsesReader& reader, const TRegion* part,
+             const std::string& unitName) {
+    if (const auto clause = reader.ClauseOf(part)) return Append(source, *clause, unitName);
+    if (part != nullptr) return NewClause(source, *part, unitName);
+    throw EBadInput(source.FileName(), source.LineOf(source.Text().size()), "there is no uses clause",
+                    "Write one that names " + unitName + ".");
+}
+
+}  // namespace
+
+bool UsesUnit(const TSourceText& source, const std::string& unitName) {
+    const TUsesReader reader(source);
+    const TRegion* interface = reader.Part(TRegionKind::Interface);
+    const TRegion* implementation = reader.Part(TRegionKind::Implementation);
+    return Names(reader.ClauseOf(interface), unitName) ||
+           (implementation != nullptr && Names(reader.ClauseOf(implementation), unitName));
+}
+
+TEdits AddUsedUnit(const TSourceText& source, const std::string& unitName) {
+    const TUsesReader reader(source);
+    const TRegion* part = reader.Part(TRegionKind::Interface);
+    if (Names(reader.ClauseOf(part), unitName)) return {};
+    return AddTo(source, reader, part, unitName);
+}
+
+TEdits AddImplementationUnit(const TSourceText& source, const std::string& unitName) {
+    if (UsesUnit(source, unitName)) return {};
+    const TUsesReader reader(source);
+    return AddTo(source, reader, reader.Part(TRegionKind::Implementation), unitName);
+}
+
+}  // namespace tml

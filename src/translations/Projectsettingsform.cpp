@@ -1,0 +1,115 @@
+#include "translations/Projectsettingsform.h"
+
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kLanguage = "<LANGUAGE>";
+constexpr std::string_view kLanguageEnd = "</LANGUAGE>";
+
+}  // namespace
+
+TStringList DictionaryLanguagesOf(const TStringList& lines) {
+    TStringList languages;
+    bool inHead = false;
+    for (const std::string& line : lines) {
+        if (inHead && line == "</HEAD>") break;
+        if (inHead && line.starts_with(kLanguage)) {
+            // As many bytes as the place of the closing tag, counted from 1: with the tag, on purpose.
+            const std::size_t end = line.find(kLanguageEnd);
+            languages.Add(line.substr(kLanguage.size(), end == std::string::npos ? 0 : end + 1));
+        }
+        inHead = inHead || line == "<HEAD>";
+    }
+    return languages;
+}
+
+TfrmProjectTranslationSettings::TfrmProjectTranslationSettings(TContext& context,
+                                                               ImlLangProjectSettings& settings)
+    : context_(context), settings_(settings) {
+    Name = "frmProjectTranslationSettings";
+    Caption = "Project Translation Settings";
+    const auto text = [&](const char* name) { return std::get<std::string>(settings_.GetOptionValue(name)); };
+    const auto flag = [&](const char* name) { return std::get<bool>(settings_.GetOptionValue(name)); };
+    edDefaultDictionaryChange(text("DefaultDictionary"));
+    cbDefaultLanguageChange(text("DictionaryBaseLanguage"));
+    ckbAskForDictionary = !flag("DontAskForDictionary");
+    // Bound straight to the option, although the caption reads the other way: on purpose.
+    ckbCaseSensitive = flag("DictionaryIgnoreCase");
+    ckbSkipAmpersand = flag("DictionarySkipAmpersands");
+    ckbOverwriteExisting = flag("DictionaryOverwriteExisting");
+    ckbForceEmpties = flag("DictionaryForceEmpties");
+    ckbParseMultilines = flag("DictionaryParseMultilines");
+    edDefTranslationFile = text("DefaultTranslationFileName");
+    cbDefFormForUnits = MakeBox(text("DefaultFormForUnits"));
+    cbDefFormForDispatcher = MakeBox(text("DispatcherForm"));
+    cbDefFormForCommonContainer = MakeBox(text("CommonContainerForm"));
+}
+
+TFormBox TfrmProjectTranslationSettings::MakeBox(const std::string& option) {
+    TFormBox box;
+    for (const auto& row : context_.Rows.FormNames.Items())
+        box.Items.Add(row->Caption);
+    box.Items.Sort();
+    box.ItemIndex = box.Items.IndexOf(option);
+    return box;
+}
+
+void TfrmProjectTranslationSettings::FormShow() {
+    ShowsDictionaryPage = true;
+    Changed();
+}
+
+void TfrmProjectTranslationSettings::SwitchPage() {
+    ShowsDictionaryPage = !ShowsDictionaryPage;
+    Changed();
+}
+
+void TfrmProjectTranslationSettings::edDefaultDictionaryChange(const std::string& text) {
+    edDefaultDictionary = text;
+    IFileSystem& files = *context_.Host.Files;
+    const auto info = text.empty() ? std::nullopt : files.Stat(text);
+    if (!info || info->IsFolder) return;
+    // A binary dictionary belongs to the external tool alone: its languages are not known here.
+    DictionaryLanguages = SameText(ExtensionOf(text), ".dic")
+                              ? TStringList()
+                              : DictionaryLanguagesOf(TStringList::FromText(files.Read(text)));
+    CheckLanguage();
+}
+
+void TfrmProjectTranslationSettings::cbDefaultLanguageChange(const std::string& text) {
+    cbDefaultLanguage = text;
+    CheckLanguage();
+}
+
+void TfrmProjectTranslationSettings::CheckLanguage() {
+    LanguageWarning = !cbDefaultLanguage.empty() && !DictionaryLanguages.Empty() &&
+                      DictionaryLanguages.IndexOf(cbDefaultLanguage) < 0;
+    Changed();
+}
+
+void TfrmProjectTranslationSettings::btOKClick() {
+    settings_.SetOptionValue("DefaultDictionary", edDefaultDictionary);
+    settings_.SetOptionValue("DictionaryBaseLanguage", cbDefaultLanguage);
+    settings_.SetOptionValue("DontAskForDictionary", !ckbAskForDictionary);
+    settings_.SetOptionValue("DictionaryIgnoreCase", ckbCaseSensitive);
+    settings_.SetOptionValue("DictionarySkipAmpersands", ckbSkipAmpersand);
+    settings_.SetOptionValue("DictionaryParseMultilines", ckbParseMultilines);
+    settings_.SetOptionValue("DictionaryOverwriteExisting", ckbOverwriteExisting);
+    settings_.SetOptionValue("DictionaryForceEmpties", ckbForceEmpties);
+    settings_.SetOptionValue("DefaultTranslationFileName", edDefTranslationFile);
+    settings_.SetOptionValue("DefaultFormForUnits", cbDefFormForUnits.Text());
+    settings_.SetOptionValue("DispatcherForm", cbDefFormForDispatcher.Text());
+    settings_.SetOptionValue("CommonContainerForm", cbDefFormForCommonContainer.Text());
+    settings_.SaveFile();
+    ModalResult = mrOk;
+    Changed();
+}
+
+void TfrmProjectTranslationSettings::btCancelClick() {
+    ModalResult = mrCancel;
+    Changed();
+}
+
+}  // namespace tml

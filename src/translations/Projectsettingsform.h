@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "expert/Context.h"
+#include "platform/Projectsettings.h"
+
+namespace tml {
+
+/// A box that offers the project's forms.
+struct TFormBox {
+    TStringList Items;  ///< sorted
+    int ItemIndex = -1;
+
+    /// The selected form, "" when there is none.
+    std::string Text() const { return ItemIndex < 0 ? std::string() : Items[ItemIndex]; }
+};
+
+/// Edits the translation settings of the project.
+class TfrmProjectTranslationSettings : public TForm {
+  public:
+    TfrmProjectTranslationSettings(TContext& context, ImlLangProjectSettings& settings);
+
+    bool ShowsDictionaryPage = true;
+    std::string edDefaultDictionary;
+    std::string cbDefaultLanguage;
+    TStringList DictionaryLanguages;  ///< offered by cbDefaultLanguage
+    bool LanguageWarning = false;     ///< "Default language not in Dictionary!"
+    bool ckbAskForDictionary = false;
+    bool ckbCaseSensitive = false;
+    bool ckbSkipAmpersand = false;
+    bool ckbOverwriteExisting = false;
+    bool ckbForceEmpties = false;
+    bool ckbParseMultilines = false;
+    std::string edDefTranslationFile;
+    TFormBox cbDefFormForUnits;
+    TFormBox cbDefFormForDispatcher;
+    TFormBox cbDefFormForCommonContainer;
+
+    void FormShow() override;
+    /// Ctrl+Tab, and the buttons under "Sections".
+    void SwitchPage();
+    /// Loads the dictionary's languages where the text names an existing file.
+    void edDefaultDictionaryChange(const std::string& text);
+    void cbDefaultLanguageChange(const std::string& text);
+    /// Writes all options back and saves the file.
+    void btOKClick();
+    void btCancelClick();
+
+  private:
+    TFormBox MakeBox(const std::string& option);
+    void CheckLanguage();
+
+    TContext& context_;
+    ImlLangProjectSettings& settings_;
+};
+
+/// The languages that the head of an XML dictionary lists. The closing tag stays attached to each, as
+/// every reader of these lists expects.
+TStringList DictionaryLanguagesOf(const TStringList& lines);
+
+}  // namespace tml

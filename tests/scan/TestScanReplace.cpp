@@ -1,0 +1,164 @@
+#include "base/Errors.h"
+#include "expert/Insertion.h"
+#include "scan/Found.h"
+#include "scan/Scanreplace.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kDone = "Source file translated. All string constants added to \"Strings\" property.";
+constexpr const char* kApply = "This will apply changes and modify source code. Continue?";
+constexpr const char* kCode = "  ShowMessage('Hello');\n  Caption := 'It''s' + #13#10'Hello';\n";
+
+struct TScanReplace : TExpertFixture, testing::Test {
+    void Prepare(int number) {
+        const std::string before = Files.Files["/p/Unit2.dfm"];
+        if (number == 1) PutForm(1, "", kCode);
+        Open();
+        Select("Form" + std::to_string(number));
+    }
+    void Review(std::function<void(TfrmFound&)> use) { User.OnWindow<TfrmFound>("frmFound", std::move(use)); }
+    void ReviewAll() {
+        Review([this](TfrmFound& window) {
+            User.OnMessage(kApply, mrYes);
+            User.OnMessage(kDone);
+            window.tbModifyClick();
+        });
+    }
+    void Run() { Expert->Window()->Run("SourceWithForm"); }
+    std::string Source(int number) {
+        const auto module = Ide.GetModuleServices()->FindModule("/p/Unit" + std::to_string(number) + ".pas");
+        return *module->GetSourceEditor(0)->GetText();
+    }
+};
+
+TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
+    Prepare(1);
+    const auto files = Files.Files;
+    ReviewAll();
+    Run();
+    const std::string source = Source(1);
+    EXPECT_NE(source.find("    mlLang_Form1: TmlLang;\r\n"), std::string::npos) << source;
+    EXPECT_NE(source.find("  ShowMessage(mlLang_Form1.GetTextOrDefault('IDS_0' (* 'Hello' *) ));\r\n"),
+              std::string::npos)
+        << source;
+    EXPECT_NE(source.find("'IDS_1' (* 'It''s' *) ) + #13#10 + mlLang_Form1.GetTextOrDefault('IDS_0'"),
+              std::string::npos)
+        << source;
+    EXPECT_EQ(GetmlLang(Context(), "Form1")->GetStrings(),
+              (std::vector<TmlString>{{"IDS_0", "Hello"}, {"IDS_1", "It's"}}));
+    EXPECT_EQ(User.Progress,
+              (std::vector<std::string>{"Scanning...", "Found strings so far: 1", "Found strings so far: 2",
+                                        "Found strings so far: 3", "Verifying found strings...",
+                                        "Checking duplicates...", "Modifying source..."}));
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
+    EXPECT_EQ(Files.Files, files) << "nothing is saved before the person saves";
+    Ide.SaveAll();
+    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("object mlLang_Form1: TmlLang"), std::string::npos);
+
+    User.OnMessage("No strings found in the \"Unit1.pas\" source!");
+    Run();  // a second time
+
+    Ide.Undo("/p/Unit1.pas");
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files["/p/Unit1.pas"], files.at("/p/Unit1.pas"));
+    EXPECT_EQ(Files.Files["/p/Unit1.dfm"], files.at("/p/Unit1.dfm"));
+}
+
+TEST_F(TScanReplace, WhatTheComponentHoldsKeepsItsID) {
+    PutForm(1, "");
+    const std::string form = Files.Files["/p/Unit2.dfm"];
+    PutForm(2, "  object mlLang1: TmlLang\n  end\n", "  F('New'); F('Known'); F('Other');\n");
+    Files.Files["/p/Unit2.dfm"] = form;
+    Prepare(2);
+    Review([this](TfrmFound& window) {
+        window.sgStrings.Row = 0;
+        window.acMarktoIgnore();
+        window.SetEditText(2, "ids_0");
+        User.OnMessage("The string ID \"ids_0\" is used for different texts!");
+        window.tbModifyClick();
+        window.SetEditText(2, "IDS_O");
+        User.OnMessage(kApply, mrYes);
+        User.OnMessage(kDone);
+        window.tbModifyClick();
+    });
+    Run();
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings(),
+              (std::vector<TmlString>{{"IDS_0", "Known"}, {"IDS_O", "Other"}}));
+    EXPECT_NE(
+        Source(2).find("{TML:IGNORE ON}\r\n  F('New'); F(mlLang1.GetTextOrDefault('IDS_0' (* 'Known' *) "
+                       ")); F(mlLang1.GetTextOrDefault('IDS_O' (* 'Other' *) ));\r\n{TML:IGNORE OFF}"),
+        std::string::npos)
+        << Source(2);
+}
+
+/// How a run ends without a change.
+enum class TEnd { Cancelled, NoStrings, AllDeleted, Stopped };
+
+class TScanReplaceEnds : public TScanReplace, public testing::WithParamInterface<TEnd> {};
+
+TEST_P(TScanReplaceEnds, LeavesNothingBehind) {
+    const TEnd end = GetParam();
+    Prepare(1);
+    const auto files = Files.Files;
+    if (end == TEnd::NoStrings) {
+        Expert->Settings().SetIgnorableLength(100);
+        User.OnMessage("No strings found in the \"Unit1.pas\" source!");
+    } else if (end == TEnd::Stopped) {
+        User.StopAt = "Found strings so far: 2";
+    } else {
+        Review([this, end](TfrmFound& window) {
+            if (end == TEnd::AllDeleted) {
+                window.acInvertSelection();
+                User.OnMessage("Delete selected rows?", mrYes);
+                window.acDeleteRow();
+                User.OnMessage(kApply, mrYes);
+                window.tbModifyClick();
+            } else {
+                User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
+                window.tbCancelClick();
+            }
+        });
+    }
+    const std::string list = List();
+    Run();
+    EXPECT_FALSE(User.ProgressShown);
+    EXPECT_EQ(List(), list);
+    EXPECT_NE(Source(1).find("ShowMessage('Hello')"), std::string::npos) << "the unit stays open";
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files, files);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ends, TScanReplaceEnds,
+                         testing::Values(TEnd::Cancelled, TEnd::NoStrings, TEnd::AllDeleted, TEnd::Stopped));
+
+TEST_F(TScanReplace, ARewriteThatCannotBeProvenIsNotMade) {
+    Prepare(1);
+    const auto files = Files.Files;
+    Review([this](TfrmFound& window) {
+        window.sgStrings.Rows[0].Record.Replacement = "Hello";
+        User.OnMessage(kApply, mrYes);
+        window.tbModifyClick();
+    });
+    EXPECT_THROW(Run(), EBadInput);
+    EXPECT_FALSE(User.ProgressShown);
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files, files);
+}
+
+TEST_F(TScanReplace, AUnitOfItsOwnGetsTheFormsUnitAndName) {
+    Open();
+    Put("/p/Helper.pas",
+        "unit Helper;\n\ninterface\n\nimplementation\n\nprocedure P;\nbegin\n  W('Text');\nend;\n\nend.\n");
+    ReviewAll();
+    EXPECT_TRUE(DoScanReplace(Context(), Row("Form2"), "/p/Helper.pas"));
+    const std::string source =
+        *Ide.GetModuleServices()->FindModule("/p/Helper.pas")->GetSourceEditor(0)->GetText();
+    EXPECT_NE(source.find("W(Form2.mlLang1.GetTextOrDefault('IDS_1' (* 'Text' *) ));"), std::string::npos)
+        << source;
+    EXPECT_NE(source.find("uses"), std::string::npos) << source;
+}
+
+}  // namespace
+}  // namespace tml
