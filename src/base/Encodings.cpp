@@ -97,6 +97,26 @@ std::string Detected(std::string_view bytes) {
     return U_SUCCESS(error) ? NameOfDetected(name) : std::string();
 }
 
+/// The words of a text that are written in bytes above 127 alone.
+std::string ForeignWords(std::string_view bytes) {
+    constexpr std::size_t kShortestWord = 3;
+    std::string words;
+    for (std::size_t begin = 0; begin < bytes.size() && words.size() < kDetectorBytes;) {
+        std::size_t end = begin;
+        while (end < bytes.size() && static_cast<unsigned char>(bytes[end]) >= 0x80)
+            ++end;
+        if (end - begin >= kShortestWord) words.append(bytes, begin, end - begin) += ' ';
+        begin = end + 1;
+    }
+    return words;
+}
+
+/// Source code is mostly ASCII, which makes the detector doubt what a few foreign words tell clearly.
+std::string DetectedInSource(std::string_view bytes) {
+    std::string name = Detected(bytes);
+    return name.empty() ? Detected(ForeignWords(bytes)) : name;
+}
+
 bool DecodeUtf8(std::string_view bytes, std::string& text) {
     if (IsValidUtf8(bytes)) {
         text += bytes;
@@ -157,7 +177,7 @@ TEncoding DetectEncoding(std::string_view bytes, std::string_view codePage) {
         if (bytes.substr(0, mark.Bytes.size()) == mark.Bytes) return {mark.Name, std::string(mark.Bytes)};
     if (IsValidUtf8(bytes)) return {kUtf8, {}};
     std::string name = EncodingOfCodePage(codePage);
-    if (name.empty()) name = Detected(bytes);
+    if (name.empty()) name = DetectedInSource(bytes);
     if (name.empty()) name = kFallback;
     return {name, {}};
 }

@@ -41,11 +41,6 @@ void PrintTable(const std::vector<TCells>& rows) {
     }
 }
 
-std::string RelativeTo(const std::string& folder, const std::string& file) {
-    const bool inside = !folder.empty() && file.compare(0, folder.size() + 1, folder + "/") == 0;
-    return inside ? file.substr(folder.size() + 1) : file;
-}
-
 void PrintText(TContext& context, const std::string& folder) {
     std::vector<TCells> table = {{"Form Name", "Unit Name", "File Name", "Languages", "TmlLang", "Class"}};
     for (const auto& row : context.Rows.FormNames.Items())

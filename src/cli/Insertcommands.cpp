@@ -1,5 +1,6 @@
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #include "base/Errors.h"
 #include "cli/Jsonlines.h"
@@ -33,20 +34,22 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     program.ComponentClass = options.Class;
     TSession session(program, options.Project);
     CheckClass(*session.Context().Host.Runtime, options.Class);
+    std::ostringstream report;  // told when the files are written, not before
     session.ForEach(session.Rows(options.Forms), [&](TListItem& row) {
         const bool had = row.SubItems[fcLanguages] != "0";
         if (!had) InsertTmlLang(session.Context(), row);
         const auto component = GetmlLang(session.Context(), row.Caption);
         const std::string name = component != nullptr ? component->GetName() : row.SubItems[fcComponent];
         if (program.Json)
-            TJsonLine(std::cout)
+            TJsonLine(report)
                 .Text("form", row.Caption)
                 .Text("component", name)
                 .Text("done", had ? "kept" : "inserted");
         else
-            std::cout << row.Caption << ": " << name << (had ? " is there already" : " inserted") << "\n";
+            report << row.Caption << ": " << name << (had ? " is there already" : " inserted") << "\n";
     });
     session.Ide().SaveAll();
+    std::cout << report.str();
     return session.ExitCode();
 }
 

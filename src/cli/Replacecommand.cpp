@@ -1,6 +1,7 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <sstream>
 
 #include "base/Errors.h"
 #include "cli/Jsonlines.h"
@@ -49,9 +50,11 @@ class TReplaceRun {
         const auto command = session_.Modules().BeginCommand("Replace strings");
         session_.ForEach(session_.Rows(options_.Forms), [this](TListItem& row) { ReplaceIn(row); });
         if (options_.Patch) std::cout << command->Patch();
-        if (options_.Patch || options_.DryRun) return session_.ExitCode();
-        command->Commit();
-        session_.Ide().SaveAll();
+        if (!options_.Patch && !options_.DryRun) {
+            command->Commit();
+            session_.Ide().SaveAll();
+        }
+        (options_.Patch ? std::cerr : std::cout) << report_.str();
         return session_.ExitCode();
     }
 
@@ -66,13 +69,13 @@ class TReplaceRun {
         if (program_.Json)
             PrintJson(file);
         else
-            PrintText(form, file);
+            PrintText(form, RelativeTo(folder_, file));
     }
 
-    void PrintJson(const std::string& file) const {
+    void PrintJson(const std::string& file) {
         if (options_.Patch) return;
         const auto print = [&](const TFoundRow& row, const char* kind) {
-            TJsonLine line(std::cout);
+            TJsonLine line(report_);
             line.Text("kind", kind).Text("file", file).Number("line", row.Record.Line + 1);
             line.Text("text", row.Record.StrContent).Text("id", row.Record.StrID);
             line.Text("replacement", WrittenText(row.Record));
@@ -87,16 +90,16 @@ class TReplaceRun {
             print(row, "left");
     }
 
-    void PrintText(const std::string& form, const std::string& file) const {
-        std::ostream& out = options_.Patch ? std::cerr : std::cout;
+    void PrintText(const std::string& form, const std::string& file) {
         if (options_.DryRun)
             for (const TFoundRow& row : decision_.Replaced)
-                out << file << ":" << row.Record.Line + 1 << ": '" << row.Record.StrContent << "' -> "
-                    << WrittenText(row.Record) << "\n";
-        out << form << ": " << decision_.Replaced.size()
-            << (options_.DryRun ? " strings found" : " strings replaced");
-        if (!decision_.LeftOut.empty()) out << ", " << decision_.LeftOut.size() << " left out" << Reasons();
-        out << "\n";
+                report_ << file << ":" << row.Record.Line + 1 << ": '" << row.Record.StrContent << "' -> "
+                        << WrittenText(row.Record) << "\n";
+        report_ << form << ": " << decision_.Replaced.size()
+                << (options_.DryRun ? " strings found" : " strings replaced");
+        if (!decision_.LeftOut.empty())
+            report_ << ", " << decision_.LeftOut.size() << " left out" << Reasons();
+        report_ << "\n";
     }
 
     /// " (case-label 2, const 1)"
@@ -113,7 +116,9 @@ class TReplaceRun {
     TProgram& program_;
     const TReplaceOptions& options_;
     TSession session_;
+    std::string folder_ = FolderOf(program_.Files->Resolve(options_.Project));
     TDecision decision_;
+    std::ostringstream report_;  ///< told when the files are written, not before
 };
 
 }  // namespace

@@ -67,7 +67,8 @@ class TScanRun {
 
   private:
     std::vector<TScanTarget> Targets() {
-        const bool project = options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
+        const bool project =
+            options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
         if (!project) {
             if (!options_.Forms.empty() || !options_.Units.empty())
                 throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",

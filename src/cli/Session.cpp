@@ -6,12 +6,18 @@
 #include "expert/Mllangexp.h"
 
 namespace tml {
+std::string RelativeTo(const std::string& folder, const std::string& file) {
+    const bool inside = !folder.empty() && file.compare(0, folder.size() + 1, folder + "/") == 0;
+    return inside ? file.substr(folder.size() + 1) : file;
+}
+
 TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
     TPackage package = MakePackage(workplace_.Host());
     package_ = package.Name;
     package.Register = [this](IRegistration& registration) {
         expert_ = &ExpRegister(workplace_.Host(), registration);
     };
+    Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
     Ide().LoadPackage(package);
     workplace_.OpenProject(project);
     expert_->RunItemClick();
@@ -60,7 +66,6 @@ void TSession::ForEach(const std::vector<TListItem*>& rows, const std::function<
             work(*row);
         } catch (const EmlLangSilent&) {
             failed = true;
-            if (Answers().Errors.empty()) Answers().Errors.emplace_back("the unit cannot be opened");
         } catch (const EBadInput& error) {
             failed = true;
             Answers().Errors.emplace_back(error.what());

@@ -37,6 +37,15 @@ std::optional<std::string_view> HeaderName(std::string_view line, std::string_vi
     return std::nullopt;
 }
 
+int NumberOfLanguages(std::string_view digits, const std::string& fileName, int line) {
+    try {
+        return ToInteger(digits);
+    } catch (const EConvertError& error) {
+        throw EBadInput(fileName, line, std::string("NumOfLanguages: ") + error.what(),
+                        "Correct the number in the form");
+    }
+}
+
 bool IsBinaryForm(std::string_view bytes) {
     return bytes.starts_with("\xFF\x0A") || bytes.starts_with("TPF0");
 }
@@ -63,15 +72,16 @@ std::optional<std::string> TFormFileFinder::Find(const std::string& unitFile) {
     return std::nullopt;
 }
 
-TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames) {
+TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
+                             const std::string& fileName) {
     TFormAnalysis found;
     TakeLine(text);  // the form itself
-    while (!text.empty()) {
+    for (int number = 2; !text.empty(); ++number) {
         const std::string_view line = TakeLine(text);
         for (const std::string& className : classNames)
             if (const auto name = HeaderName(line, className)) found = {std::string(*name), className, 1};
         if (found.NumLang == 0 || line.find(kNumOfLanguages) == std::string_view::npos) continue;
-        found.NumLang = ToInteger(line.substr(line.find('=') + 2));
+        found.NumLang = NumberOfLanguages(line.substr(line.find('=') + 2), fileName, number);
         break;
     }
     return found.NumLang > 0 ? found : TFormAnalysis{};
@@ -87,7 +97,7 @@ TFormAnalysis AnalyzeClosedForm(IFileSystem& files, const std::string& formFile,
         // The row stays without languages; opening the form tells what is wrong with it.
         return {};
     }
-    return SearchFormText(text, classNames);
+    return SearchFormText(text, classNames, formFile);
 }
 
 }  // namespace tml

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "base/Stringlist.h"
@@ -27,6 +28,7 @@ struct TContext {
     THost Host;
     TExpertSettings& Settings;
     TFormsList Rows;
+    std::function<void()> OnRowsChanged;  ///< what shows the rows is told that others changed them
     TProjectData Project;
     std::string ComponentName;        ///< of the row selected last
     TmlSkippedStrings Skipped;        ///< by the last scan

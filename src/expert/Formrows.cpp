@@ -11,16 +11,6 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
 
-TListItem& AddRow(TListView& list, const TOTAModuleInfo& module) {
-    TListItem& item = list.Add();
-    item.Caption = module.FormName;
-    item.SubItems.resize(fcCount);
-    item.SubItems[fcUnitName] = module.Name;
-    item.SubItems[fcFileName] = module.FileName;
-    UpdateItem(&item, "", 0);
-    return item;
-}
-
 }  // namespace
 
 bool IsSourceUnit(const std::string& fileName) {
@@ -39,7 +29,7 @@ void AddProjectModule(TContext& context, TFormFileFinder& finder, const TOTAModu
         return;
     }
     TListView& list = context.Rows.FormNames;
-    TListItem& item = AddRow(list, module);
+    TListItem& item = AddRow(list, module.FormName, module.Name, module.FileName);
     if (const auto open = GetModuleFromFileName(context, module.FileName)) {
         RefreshItem(context, &item);
         if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &item, open);

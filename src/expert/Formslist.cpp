@@ -60,9 +60,24 @@ void UpdateItem(TListItem* item, const std::string& componentName, int numLang,
     item->StateIndex = localized ? 1 : 0;
 }
 
+TListItem& AddRow(TListView& list, const std::string& formName, const std::string& unitName,
+                  const std::string& fileName) {
+    TListItem& item = list.Add();
+    item.Caption = formName;
+    item.SubItems = {unitName, fileName, "", "", "", UpperCase(fileName)};
+    UpdateItem(&item, "", 0);
+    return item;
+}
+
+TRowGuard::~TRowGuard() {
+    if (kept_) return;
+    item_.SubItems = cells_;
+    item_.StateIndex = stateIndex_;
+}
+
 TListItem* FindRowOfFile(TListView& list, const std::string& fileName) {
-    return FindRow(list,
-                   [&](const TListItem& item) { return SameText(item.SubItems[fcFileName], fileName); });
+    return FindRow(
+        list, [key = UpperCase(fileName)](const TListItem& item) { return item.SubItems[fcFileKey] == key; });
 }
 
 TListItem* FindRowOfForm(TListView& list, const std::string& formName) {

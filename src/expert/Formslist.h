@@ -2,14 +2,16 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/Controls.h"
 
 namespace tml {
 
-/// The sub-items of a row of the forms list. The last one is in no column: the class of the component
-/// whose name the row shows.
-enum TFormsListCell { fcUnitName, fcFileName, fcLanguages, fcComponent, fcClass, fcCount };
+/// The sub-items of a row of the forms list. The last two are in no column: the class of the component
+/// whose name the row shows, and the file name in upper case, by which rows are found.
+enum TFormsListCell { fcUnitName, fcFileName, fcLanguages, fcComponent, fcClass, fcFileKey, fcCount };
 
 /// The pages of the main window.
 enum class TFormsPage { ProjectForms, ExternalFiles };
@@ -38,6 +40,26 @@ void SetColumnWidths(TListView& list, std::string_view text);
 /// component.
 void UpdateItem(TListItem* item, const std::string& componentName, int numLang,
                 const std::string& className = {});
+
+/// Adds a row without a component.
+TListItem& AddRow(TListView& list, const std::string& formName, const std::string& unitName,
+                  const std::string& fileName);
+
+/// Gives a row its cells back when it goes, unless they are kept: for a command that may be taken back.
+class TRowGuard {
+  public:
+    explicit TRowGuard(TListItem& item) : item_(item), cells_(item.SubItems), stateIndex_(item.StateIndex) {}
+    ~TRowGuard();
+    TRowGuard(const TRowGuard&) = delete;
+    TRowGuard& operator=(const TRowGuard&) = delete;
+    void Keep() { kept_ = true; }
+
+  private:
+    TListItem& item_;
+    std::vector<std::string> cells_;
+    int stateIndex_;
+    bool kept_ = false;
+};
 
 /// The row whose unit is this file (without regard to case), nullptr when there is none.
 TListItem* FindRowOfFile(TListView& list, const std::string& fileName);

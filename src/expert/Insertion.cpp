@@ -1,7 +1,8 @@
 #include "expert/Insertion.h"
 
+#include <deque>
+
 #include "base/Errors.h"
-#include "base/Format.h"
 #include "base/Utf8.h"
 #include "expert/Modules.h"
 #include "translations/Langconfig.h"
@@ -89,6 +90,20 @@ void InsertOn(TContext& context, TListItem& item) {
     ConfigureLangComponent(context, &item, setUp);
 }
 
+/// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
+void ApplyNames(TContext& context, TListItem& item, const TStringList& names, TmlLangDispatcher* dispatcher) {
+    if (dispatcher != nullptr) {
+        dispatcher->SetLangNames(names);
+        MarkModifiedForm(context, item.Caption);
+        return;
+    }
+    TLangSetUp setUp;
+    setUp.NumLang = names.Count();
+    setUp.LangNamesText = names.Text();
+    setUp.InsertIfMissing = true;
+    SetUpLang(context, &item, setUp);
+}
+
 }  // namespace
 
 void InsertTmlLang(TContext& context, TListItem& item) {
@@ -144,32 +159,25 @@ void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp) {
     context.Rows.Active().Touch();
 }
 
-std::string GeneratedLangName(int position) {
-    return Format("Language N%d", position);
-}
-
 void sbLanguagesClick(TContext& context) {
     TListItem* item = context.Rows.Active().FirstSelected();
     if (item == nullptr) return;
-    const TModuleLease lease(context, item->SubItems[fcFileName]);
+    TModuleLease lease(context, item->SubItems[fcFileName]);
     const auto lang = GetmlLang(context, item->Caption);
     const auto dispatcher = AskForDispatcher(context, lang.get());
     TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
                         : lang != nullptr     ? lang->GetLangNames()
                                               : DefaultNames(context.Settings.Get());
     if (ConfigureLanguages(context, names) != mrOk) return;
+    std::deque<TRowGuard> rows;
+    for (TListItem* row = item; row != nullptr; row = context.Rows.Active().NextSelected(*row))
+        rows.emplace_back(*row);
     const auto scope = GetModuleServices(context)->BeginCommand("Languages");
-    if (dispatcher != nullptr) {
-        dispatcher->SetLangNames(names);
-        MarkModifiedForm(context, item->Caption);
-    } else {
-        TLangSetUp setUp;
-        setUp.NumLang = names.Count();
-        setUp.LangNamesText = names.Text();
-        setUp.InsertIfMissing = true;
-        SetUpLang(context, item, setUp);
-    }
+    ApplyNames(context, *item, names, dispatcher.get());
+    lease.Save();
     scope->Commit();
+    for (TRowGuard& row : rows)
+        row.Keep();
 }
 
 }  // namespace tml

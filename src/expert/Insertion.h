@@ -33,9 +33,6 @@ void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp
 /// Configures the components of the row and of every selected row behind it.
 void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp);
 
-/// The name given to the language at a 1-based position when there is none for it.
-std::string GeneratedLangName(int position);
-
 /// The command "&Languages...": edits the language names of the selected rows, or of a dispatcher.
 void sbLanguagesClick(TContext& context);
 

@@ -1,7 +1,6 @@
 #include "expert/Mllangexp.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -36,6 +35,9 @@ TmlLangExpert::TmlLangExpert(const THost& host)
     Configure();
     addInNotifier_ = std::make_shared<TmlAddInNotifier>(context_.Gate, *this);
     if (services_ != nullptr) notifierIndex_ = services_->AddNotifier(addInNotifier_);
+    host_.Runtime->NavigateToSource = [this](const std::string& formName, const std::string& id) {
+        ShowStringInSource(context_, formName, id);
+    };
     host_.Runtime->ShowAboutBox = [this] {
         context_.Dialogs().MessageDlg(kAbout, TMsgDlgType::mtInformation, {mrOk});
     };
@@ -50,6 +52,7 @@ TmlLangExpert::~TmlLangExpert() {
     }
     addInNotifier_->Forget();
     addInNotifier_.reset();
+    host_.Runtime->NavigateToSource = nullptr;
     host_.Runtime->ShowAboutBox = nullptr;
     MainWindow.reset();
     if (ExpertSingleton == this) ExpertSingleton = nullptr;
@@ -73,7 +76,16 @@ std::string TmlLangExpert::GetAuthor() {
 void TmlLangExpert::Configure() {
     INTAServices* nta = host_.Services == nullptr ? nullptr : host_.Services->GetNTAServices();
     if (nta == nullptr) return;
-    const auto& sections = nta->GetMainMenu().Items;
+    try {
+        CreateMenuItem(nta->GetMainMenu());
+    } catch (const std::exception&) {
+        // The IDE's menu does not take the item: the expert runs without one.
+        menuItem_.reset();
+    }
+}
+
+void TmlLangExpert::CreateMenuItem(TMenuItem& mainMenu) {
+    const auto& sections = mainMenu.Items;
     const auto section = std::find_if(sections.begin(), sections.end(), [this](const auto& item) {
         return item->Name == settings_.Get().MenuSection;
     });
@@ -195,8 +207,8 @@ void TmlLangExpert::RunItemClick() {
     if (settings_.Get().OpenAllForms) OpenProjectForms();
     TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
     if (DockHost != nullptr || !MainWindow->Visible) {
-        shown.Visible = true;
         context_.Dialogs().Show(shown);
+        shown.Visible = true;
     }
     // As a click on the sorted column, but for the direction, which stays.
     SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
@@ -217,17 +229,16 @@ void TmlLangExpert::OpenProjectForms() {
 }
 
 void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
-    const std::array names{sourceFile, WithExtension(sourceFile, ".dfm"), WithExtension(sourceFile, ".xfm")};
-    for (const auto& item : context_.Rows.FormNames.Items()) {
-        const bool fits = std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-            return SameText(item->SubItems[fcFileName], name);
-        });
-        if (!fits) continue;
-        item->Selected = true;
-        context_.Rows.ScrolledTo = item->Id();
-        context_.Rows.FormNames.Touch();
-        return;
-    }
+    const auto& rows = context_.Rows.FormNames.Items();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& item) {
+        const std::string& unit = item->SubItems[fcFileName];
+        return SameText(unit, sourceFile) || SameText(WithExtension(unit, ".dfm"), sourceFile) ||
+               SameText(WithExtension(unit, ".xfm"), sourceFile);
+    });
+    if (found == rows.end()) return;
+    (*found)->Selected = true;
+    context_.Rows.ScrolledTo = (*found)->Id();
+    context_.Rows.FormNames.Touch();
 }
 
 void TmlLangExpert::ProjectClosed() {

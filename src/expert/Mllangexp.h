@@ -54,10 +54,12 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     TExpertSettings& Settings() { return settings_; }
     TContext& Context() { return context_; }
     TmlExternalFiles& ExternalFiles() { return externalFiles_; }
-    /// The main window for who shows it, nullptr while it is closed.
+    /// The main window for who shows it, nullptr while it is closed. A view that closes the window, or the
+    /// host that it is docked in, calls its FormClose.
     TfrmmlLang* Window();
 
   private:
+    void CreateMenuItem(TMenuItem& mainMenu);
     void RebuildMenus();
     void FreeMenuItem();
     void CreateMainWindow();

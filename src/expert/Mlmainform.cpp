@@ -48,14 +48,16 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
     ClientWidth = 700;
     ClientHeight = 400;
     Context.Rows = TFormsList();
+    Context.OnRowsChanged = [this] { Changed(); };
     BuildMenus();
     Menu = MainMenu;
-    FormShow();
+    TfrmmlLang::FormShow();
     CheckEnableActions();
 }
 
 TfrmmlLang::~TfrmmlLang() {
     ClearRows(lvFormNames);
+    Context.OnRowsChanged = nullptr;
     *isAlive_ = false;
 }
 

@@ -56,6 +56,7 @@ void TmlModuleNotifier::ComponentRenamed(TComponentHandle handle, const std::str
     if (row->Caption != oldName) return;
     row->Caption = newName;
     list_->Touch();
+    if (context_.OnRowsChanged) context_.OnRowsChanged();
 }
 
 void TmlModuleNotifier::PassRenameOn(TComponentHandle handle, const std::string& oldName,

@@ -42,7 +42,7 @@ constexpr unsigned kInheritedBit = 1;
 constexpr unsigned kPositionBit = 2;
 constexpr unsigned kInlineBit = 4;
 
-/// What the strings of a binary form with characters above 127 tell about it.
+/// What the strings and names of a binary form with characters above 127 tell about it.
 struct TFormStringHabits {
     std::string AnsiSample;  ///< those that need a code page, a line each
     bool HasWide = false;

@@ -1,5 +1,7 @@
 #include "forms/Formbinaryreader.h"
 
+#include <array>
+
 #include "base/Errors.h"
 #include "forms/Formchars.h"
 
@@ -7,20 +9,37 @@ namespace tml {
 
 namespace {
 
-std::size_t IntegerSize(TFormMark mark) {
-    switch (mark) {
-        case TFormMark::Int8:
-            return 1;
-        case TFormMark::Int16:
-            return 2;
-        case TFormMark::Int32:
-            return 4;
-        case TFormMark::Int64:
-            return 8;
-        default:
-            return 0;
-    }
+/// What is special about the kinds of value whose size is fixed, by mark.
+struct TMarkRow {
+    std::size_t IntegerSize = 0;
+    std::size_t FloatSize = 0;
+    TFormFloatKind FloatKind = TFormFloatKind::Extended;
+    std::string_view Word = {};
+};
+
+constexpr std::size_t At(TFormMark mark) {
+    return static_cast<std::size_t>(mark);
 }
+
+constexpr auto kMarks = [] {
+    std::array<TMarkRow, At(TFormMark::Double) + 1> rows{};
+    rows[At(TFormMark::Int8)].IntegerSize = 1;
+    rows[At(TFormMark::Int16)].IntegerSize = 2;
+    rows[At(TFormMark::Int32)].IntegerSize = 4;
+    rows[At(TFormMark::Int64)].IntegerSize = 8;
+    rows[At(TFormMark::Extended)] = {0, 10, TFormFloatKind::Extended, {}};
+    rows[At(TFormMark::Single)] = {0, 4, TFormFloatKind::Single, {}};
+    rows[At(TFormMark::Double)] = {0, 8, TFormFloatKind::Double, {}};
+    rows[At(TFormMark::Currency)] = {0, 8, TFormFloatKind::Currency, {}};
+    rows[At(TFormMark::Date)] = {0, 8, TFormFloatKind::Date, {}};
+    rows[At(TFormMark::False)].Word = "False";
+    rows[At(TFormMark::True)].Word = "True";
+    rows[At(TFormMark::Nil)].Word = "nil";
+    rows[At(TFormMark::Null)].Word = "Null";
+    return rows;
+}();
+
+constexpr std::size_t kMaxPositionSize = 4;
 
 }  // namespace
 
@@ -69,25 +88,15 @@ void TBinaryValueReader::Read(int depth) {
 }
 
 void TBinaryValueReader::ReadAny(int depth) {
-    const auto mark = static_cast<TFormMark>(bytes_.Peek());
-    if (mark > TFormMark::Double) bytes_.Fail("unknown kind of value " + std::to_string(bytes_.Peek()));
-    bytes_.Byte();
+    if (bytes_.Peek() >= kMarks.size()) {
+        bytes_.Fail("unknown kind of value " + std::to_string(bytes_.Peek()));
+    }
+    const auto mark = static_cast<TFormMark>(bytes_.Byte());
+    const TMarkRow& row = kMarks[At(mark)];
+    if (row.IntegerSize != 0) return ReadNumber(row.IntegerSize);
+    if (row.FloatSize != 0) return ReadFloat(row.FloatKind, row.FloatSize);
+    if (!row.Word.empty()) return ReadName(row.Word);
     switch (mark) {
-        case TFormMark::Int8:
-        case TFormMark::Int16:
-        case TFormMark::Int32:
-        case TFormMark::Int64:
-            return ReadNumber(mark);
-        case TFormMark::Extended:
-            return ReadFloat(TFormFloatKind::Extended, 10);
-        case TFormMark::Single:
-            return ReadFloat(TFormFloatKind::Single, 4);
-        case TFormMark::Double:
-            return ReadFloat(TFormFloatKind::Double, 8);
-        case TFormMark::Currency:
-            return ReadFloat(TFormFloatKind::Currency, 8);
-        case TFormMark::Date:
-            return ReadFloat(TFormFloatKind::Date, 8);
         case TFormMark::ShortString:
             return ReadString(TFormStringKind::Ansi, bytes_.ShortString());
         case TFormMark::LongString:
@@ -98,27 +107,19 @@ void TBinaryValueReader::ReadAny(int depth) {
             return ReadString(TFormStringKind::Wide, bytes_.Take(std::uint64_t{2} * bytes_.Size()));
         case TFormMark::Identifier:
             return ReadName(bytes_.ShortString());
-        case TFormMark::False:
-            return ReadName("False");
-        case TFormMark::True:
-            return ReadName("True");
-        case TFormMark::Nil:
-            return ReadName("nil");
-        case TFormMark::Null:
-            return ReadName("Null");
         case TFormMark::Binary:
             return ReadBinary();
         case TFormMark::Set:
             return ReadSet();
-        case TFormMark::List:
-            return ReadList(depth);
         case TFormMark::Collection:
             return ReadCollection(depth);
+        default:
+            return ReadList(depth);
     }
 }
 
-void TBinaryValueReader::ReadNumber(TFormMark mark) {
-    const std::int64_t number = bytes_.Number(IntegerSize(mark));
+void TBinaryValueReader::ReadNumber(std::size_t size) {
+    const std::int64_t number = bytes_.Number(size);
     if (sink_ != nullptr) sink_->Integer(number, {});
 }
 
@@ -145,12 +146,14 @@ void TBinaryValueReader::Note(TFormStringKind kind, std::string_view content) {
 }
 
 void TBinaryValueReader::ReadName(std::string_view name) {
+    if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
     if (sink_ != nullptr) sink_->Identifier(name);
 }
 
 void TBinaryValueReader::ReadSet() {
     std::vector<std::string_view> names;
     for (std::string_view name = bytes_.ShortString(); !name.empty(); name = bytes_.ShortString()) {
+        if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
         if (sink_ != nullptr) names.push_back(name);
     }
     if (sink_ != nullptr) sink_->Set(names);
@@ -188,6 +191,7 @@ void TBinaryValueReader::ReadItem(int depth) {
     if (sink_ != nullptr) sink_->BeginItem(position);
     while (bytes_.Peek() != 0) {
         const std::string_view name = bytes_.ShortString();
+        if (habits_ != nullptr) Note(TFormStringKind::Ansi, name);
         if (sink_ != nullptr) sink_->Property(name);
         Read(depth + 1);
     }
@@ -197,8 +201,9 @@ void TBinaryValueReader::ReadItem(int depth) {
 }
 
 int TBinaryValueReader::ReadPosition() {
-    const std::size_t size = IntegerSize(static_cast<TFormMark>(bytes_.Peek()));
-    if (size == 0 || size > 4) bytes_.Fail("expected a position");
+    const unsigned mark = bytes_.Peek();
+    const std::size_t size = mark < kMarks.size() ? kMarks[mark].IntegerSize : 0;
+    if (size == 0 || size > kMaxPositionSize) bytes_.Fail("expected a position");
     bytes_.Byte();
     return static_cast<int>(bytes_.Number(size));
 }

@@ -46,7 +46,7 @@ class TBinaryValueReader {
 
   private:
     void ReadAny(int depth);
-    void ReadNumber(TFormMark mark);
+    void ReadNumber(std::size_t size);
     void ReadFloat(TFormFloatKind kind, std::size_t size);
     void ReadString(TFormStringKind kind, std::string_view content);
     void ReadName(std::string_view name);

@@ -26,7 +26,9 @@ class TValueBuilder : public TFormSink {
     }
 
     void Integer(std::int64_t number, std::string_view text) override {
-        Put(TFormValueKind::Integer, text.empty() ? std::to_string(number) : std::string(text));
+        // An unsigned 64-bit number comes with its bits in a negative one.
+        const bool isUnsigned = number < 0 && !text.empty() && text.front() != '-';
+        Put(TFormValueKind::Integer, isUnsigned ? std::string(text) : std::to_string(number));
     }
     void Float(const TFormFloat& value) override { Put(TFormValueKind::Float, ShortFloatText(value)); }
     void String(const TFormString& value) override { Put(TFormValueKind::String, ToUtf8(value, file_)); }

@@ -42,15 +42,12 @@ std::string TFormPieces::Write(std::string_view wide) {
 }
 
 void TFormPieces::Put(char32_t unit) {
+    const bool isPrintable = unit >= ' ' && unit < kDelete && unit != '\'';
+    const bool isRaw = style_.RawCharacters && unit > kDelete && !IsSurrogate(unit);
     if (unit == '\'' && style_.DoubledApostrophe) {
         Open();
         text_ += "''";
-    } else if (unit == '\'' || unit < ' ' || unit == kDelete) {
-        PutCode(unit);
-    } else if (unit < kDelete) {
-        Open();
-        text_.push_back(static_cast<char>(unit));
-    } else if (style_.RawCharacters && !IsSurrogate(unit)) {
+    } else if (isPrintable || isRaw) {
         PutRaw(unit);
     } else {
         PutCode(unit);
@@ -59,6 +56,7 @@ void TFormPieces::Put(char32_t unit) {
 
 void TFormPieces::PutRaw(char32_t codePoint) {
     Open();
+    if (codePoint < kDelete) return text_.push_back(static_cast<char>(codePoint));
     std::string character;
     AppendCodePoint(character, codePoint);
     text_ += EncodeFor(file_, character);

@@ -88,12 +88,12 @@ TEdit TFormTextEditor::Name(const TFormNodeData& node) const {
     return edit;
 }
 
-/// Behind the line break of the line on which an offset stands when nothing else is on it, else the offset.
+// Behind the blanks that follow an offset and, when nothing else is on the line, behind its line break.
 std::size_t TFormTextEditor::LineAfter(std::size_t offset) const {
     std::size_t end = offset;
     while (end < text_.size() && IsSpace(text_[end]))
         ++end;
-    if (end == text_.size() || !IsBreak(text_[end])) return offset;
+    if (end == text_.size() || !IsBreak(text_[end])) return end;
     const bool isPair = text_[end] == '\r' && text_[end + 1] == '\n';
     return end + (isPair ? 2 : 1);
 }
@@ -132,14 +132,12 @@ TEdit TFormTextEditor::NewChild(const TFormNodeData& parent, const TFormNode& ch
 }
 
 TEdit TFormTextEditor::Removal(TFormSpan span) const {
+    const std::size_t lineBegin = span.Begin - IndentAt(text_, span.Begin).size();
     const std::size_t after = LineAfter(span.End);
-    const std::string_view indent = IndentAt(text_, span.Begin);
-    const std::size_t lineBegin = span.Begin - indent.size();
-    const bool ownsStart = lineBegin == 0 || IsBreak(text_[lineBegin - 1]);
-    const bool ownsEnd = after != span.End;
-    if (ownsStart && ownsEnd) return {lineBegin, after, ""};
+    const bool ownsLine = (lineBegin == 0 || IsBreak(text_[lineBegin - 1])) && IsBreak(text_[after - 1]);
+    if (ownsLine) return {lineBegin, after, ""};
     std::size_t end = span.End;
-    while (end < text_.size() && IsSpace(text_[end]))
+    while (end < after && IsSpace(text_[end]))
         ++end;
     return {span.Begin, end, ""};
 }

@@ -38,6 +38,9 @@ TFormValue TFormValue::Strings(const TStringList& list) {
     return value;
 }
 
-bool TFormValue::operator==(const TFormValue&) const = default;
+// Written out: clang 14 breaks down over a default comparison of a type that holds itself.
+bool TFormValue::operator==(const TFormValue& other) const {
+    return Kind == other.Kind && Text == other.Text && Items == other.Items && Collection == other.Collection;
+}
 
 }  // namespace tml

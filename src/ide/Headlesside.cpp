@@ -80,6 +80,10 @@ const std::vector<TProjectProblem>& THeadlessIde::Problems() const {
     return state_->Problems;
 }
 
+void THeadlessIde::ShowErrors(std::function<void(const EBadInput&)> show) {
+    state_->Modules.OnError = std::move(show);
+}
+
 std::vector<std::shared_ptr<IOTAModule>> THeadlessIde::Modules() const {
     return {state_->Modules.Open().begin(), state_->Modules.Open().end()};
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Files.h"
 #include "ide/Projectmodel.h"
 #include "platform/Mlruntime.h"
@@ -36,6 +38,9 @@ class THeadlessIde : public IBorlandIDEServices {
     void CloseProject();
     /// What was found wrong while the project was opened.
     const std::vector<TProjectProblem>& Problems() const;
+
+    /// Where the IDE shows a person why a module cannot be opened; nowhere at first.
+    void ShowErrors(std::function<void(const EBadInput&)> show);
 
     /// The open modules in the order of their opening.
     std::vector<std::shared_ptr<IOTAModule>> Modules() const;

@@ -11,29 +11,6 @@
 namespace tml {
 namespace {
 
-/// Saving as a step of a command: taking it back makes the document modified again.
-class TSaveStep : public TUndoStep {
-  public:
-    TSaveStep(std::shared_ptr<TDocument> document, std::string bytes)
-        : TUndoStep(std::move(document)), bytes_(std::move(bytes)) {}
-    const std::string* BytesToWrite() const override { return &bytes_; }
-
-  protected:
-    void ToggleContent() override {}
-
-  private:
-    std::string bytes_;
-};
-
-/// A document that is marked as modified and has not changed.
-class TMarkStep : public TUndoStep {
-  public:
-    using TUndoStep::TUndoStep;
-
-  protected:
-    void ToggleContent() override {}
-};
-
 /// Text, as far as a unified diff goes; forms in binary and wide encodings are not.
 bool IsDiffable(const std::string& bytes) {
     return bytes.find('\0') == std::string::npos;
@@ -42,27 +19,13 @@ bool IsDiffable(const std::string& bytes) {
 }  // namespace
 
 void TUndoStep::Toggle() {
+    // Taking a change back that has been saved since makes the document modified.
     const TDocument::TState current = document_->State();
     ToggleContent();
-    document_->SetState(state_);
+    document_->SetState(aspect_ == TAspect::Content
+                            ? TDocument::TState{state_.Version, current.Saved, current.Marked}
+                            : TDocument::TState{current.Version, state_.Saved, state_.Marked});
     state_ = current;
-}
-
-void TDocument::MarkModified() {
-    if (IsModified()) return;
-    const auto command = journal_.BeginUnlessRunning("Modify " + FileNameOf(fileName_));
-    journal_.Add(std::make_unique<TMarkStep>(shared_from_this()));
-    state_.Marked = true;
-    if (command) command->Commit();
-}
-
-void TDocument::Save() {
-    std::string bytes = Bytes();
-    const auto command = journal_.BeginUnlessRunning("Save");
-    journal_.Add(std::make_unique<TSaveStep>(shared_from_this(), std::move(bytes)));
-    state_.Saved = state_.Version;
-    state_.Marked = false;
-    if (command) command->Commit();
 }
 
 class TJournal::TScope : public ICommandScope {
@@ -134,7 +97,8 @@ std::unique_ptr<ICommandScope> TJournal::BeginUnlessRunning(const std::string& t
 
 void TJournal::Add(std::unique_ptr<TUndoStep> step) {
     if (scopes_.empty()) throw std::logic_error("a change outside of every command");
-    if (step->BytesToWrite() == nullptr) changed_.insert(step->Document().get());
+    if (step->Aspect() == TUndoStep::TAspect::Content) changed_.insert(step->Document().get());
+    if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].push_back(step.get());
     running_.Steps.push_back(std::move(step));
 }
 
@@ -143,10 +107,8 @@ bool TJournal::ChangedInScope(const TDocument& document) const {
 }
 
 const TUndoStep* TJournal::PendingSave(const std::string& fileName) const {
-    for (auto step = running_.Steps.rbegin(); step != running_.Steps.rend(); ++step)
-        if ((*step)->BytesToWrite() != nullptr && (*step)->Document()->FileName() == fileName)
-            return step->get();
-    return nullptr;
+    const auto found = saves_.find(fileName);
+    return found == saves_.end() || found->second.empty() ? nullptr : found->second.back();
 }
 
 void TJournal::ToggleBack(TSteps& steps, std::size_t downTo) {
@@ -169,6 +131,8 @@ void TJournal::RollBack(std::size_t downTo) {
     TSteps dropped(std::make_move_iterator(running_.Steps.begin() + static_cast<std::ptrdiff_t>(downTo)),
                    std::make_move_iterator(running_.Steps.end()));
     running_.Steps.resize(downTo);
+    for (const auto& step : dropped)
+        if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].pop_back();
     TellRestored(dropped, 0);
 }
 
@@ -176,7 +140,8 @@ void TJournal::Commit() {
     WriteSaved();
     TEntry entry = std::move(running_);
     running_ = TEntry();
-    std::erase_if(entry.Steps, [](const auto& step) { return step->BytesToWrite() != nullptr; });
+    saves_.clear();
+    std::erase_if(entry.Steps, [](const auto& step) { return step->Aspect() == TUndoStep::TAspect::Saving; });
     if (entry.Steps.empty()) return;
     DropRedoOf(entry);
     if (!entry.IsClosed()) done_.push_back(std::move(entry));

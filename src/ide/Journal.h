@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -16,13 +17,17 @@ namespace tml {
 /// One change of one document. Toggle leads back and, called again, forth.
 class TUndoStep {
   public:
-    explicit TUndoStep(std::shared_ptr<TDocument> document)
-        : document_(std::move(document)), state_(document_->State()) {}
+    /// What of the document's state goes with the step.
+    enum class TAspect { Content, Saving };
+
+    explicit TUndoStep(std::shared_ptr<TDocument> document, TAspect aspect = TAspect::Content)
+        : document_(std::move(document)), aspect_(aspect), state_(document_->State()) {}
     virtual ~TUndoStep() = default;
     TUndoStep(const TUndoStep&) = delete;
     TUndoStep& operator=(const TUndoStep&) = delete;
 
     const std::shared_ptr<TDocument>& Document() const { return document_; }
+    TAspect Aspect() const { return aspect_; }
     void Toggle();
     /// What is to be written when the command ends; nullptr for a step that changes the document.
     virtual const std::string* BytesToWrite() const { return nullptr; }
@@ -32,6 +37,7 @@ class TUndoStep {
 
   private:
     std::shared_ptr<TDocument> document_;
+    TAspect aspect_;
     TDocument::TState state_;  ///< the other state
 };
 
@@ -50,6 +56,7 @@ class TJournal {
     /// Begin, but nothing (nullptr) when a command is running already. A change that is one step by itself
     /// uses it: it joins the running command or is one.
     std::unique_ptr<ICommandScope> BeginUnlessRunning(const std::string& title);
+    bool IsRunning() const { return !scopes_.empty(); }
     /// Notes a change; a command must be running.
     void Add(std::unique_ptr<TUndoStep> step);
     /// True when the innermost scope holds a change of the document.
@@ -99,7 +106,9 @@ class TJournal {
     std::vector<TEntry> done_;
     std::vector<TEntry> undone_;
     TEntry running_;
-    std::vector<std::size_t> scopes_;               ///< per open scope: count of steps when it began
+    std::vector<std::size_t> scopes_;  ///< per open scope: count of steps when it began
+    /// The saves of the running command by file, in order.
+    std::unordered_map<std::string, std::vector<const TUndoStep*>> saves_;
     std::unordered_set<const TDocument*> changed_;  ///< in the innermost scope
 };
 

@@ -36,35 +36,45 @@ std::shared_ptr<IOTAModule> TModules::FindFormModule(const std::string& formName
 std::shared_ptr<IOTAModule> TModules::OpenModule(const std::string& fileName, bool show) {
     std::shared_ptr<TModule> module = Find(fileName);
     if (!module) {
-        const TProjectUnit unit = FindUnit(AbsolutePath(files_, fileName));
-        if (!Announce(TOTAFileNotification::ofnFileOpening, unit.FileName)) throw EmlLangSilent();
-        module = std::make_shared<TModule>(*this, ReadFiles(unit));
+        const TFoundUnit found = FindUnit(AbsolutePath(files_, fileName));
+        const std::string& unitFile = found.Unit.FileName;
+        if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
+        try {
+            module = std::make_shared<TModule>(*this, ReadFiles(found));
+        } catch (const EBadInput& error) {
+            if (OnError) OnError(error);
+            throw;
+        }
         AttachDesigner(module);
         Register(module);
-        Announce(TOTAFileNotification::ofnFileOpened, unit.FileName);
+        Announce(TOTAFileNotification::ofnFileOpened, unitFile);
     }
     if (show) SetCurrent(module);
     return module;
 }
 
 /// A project's unit knows its form and header already; for any other file the folder is searched.
-TProjectUnit TModules::FindUnit(const std::string& fileName) {
-    for (std::size_t i = 0; group_ && i < group_->Projects().size(); ++i)
-        if (const TProjectUnit* unit = group_->Projects()[i]->FindUnit(fileName)) return *unit;
+TModules::TFoundUnit TModules::FindUnit(const std::string& fileName) {
+    for (std::size_t i = 0; group_ && i < group_->Projects().size(); ++i) {
+        const TProject& project = *group_->Projects()[i];
+        if (const TProjectUnit* unit = project.FindUnit(fileName)) return {*unit, project.Model().CodePage};
+    }
     TFolderIndex index(files_);
     const auto found = index.Find(FolderOf(fileName), FileNameOf(fileName));
     TProjectUnit unit;
     unit.FileName = index.UnitFileOf(found ? *found : fileName);
     unit.FormFile = index.FormFileOf(unit.FileName);
     unit.HeaderFile = index.HeaderFileOf(unit.FileName);
-    return unit;
+    const TProject* active = group_ ? group_->Active() : nullptr;
+    return {unit, active == nullptr ? std::string() : active->Model().CodePage};
 }
 
-TModuleFiles TModules::ReadFiles(const TProjectUnit& unit) {
+TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
+    const TProjectUnit& unit = found.Unit;
     TModuleFiles read;
-    read.Unit = ReadSource(unit.FileName);
-    if (!unit.HeaderFile.empty()) read.Header = ReadSource(unit.HeaderFile);
-    if (!unit.FormFile.empty()) read.Form = ReadForm(unit.FormFile);
+    read.Unit = ReadSource(unit.FileName, found.CodePage);
+    if (!unit.HeaderFile.empty()) read.Header = ReadSource(unit.HeaderFile, found.CodePage);
+    if (!unit.FormFile.empty()) read.Form = ReadForm(unit.FormFile, found.CodePage);
     return read;
 }
 
@@ -75,19 +85,15 @@ std::pair<std::string, std::string> TModules::ReadBytes(const std::string& fileN
     return {bytes, bytes};
 }
 
-std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName) {
+std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
+                                                    const std::string& codePage) {
     const auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, onDisk, CodePage());
+    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, onDisk, codePage);
 }
 
-std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName) {
+std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName, const std::string& codePage) {
     const auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TFormDocument>(journal_, fileName, bytes, onDisk, CodePage());
-}
-
-std::string TModules::CodePage() {
-    const TProject* project = group_ ? group_->Active() : nullptr;
-    return project == nullptr ? std::string() : project->Model().CodePage;
+    return std::make_shared<TFormDocument>(journal_, fileName, bytes, onDisk, codePage);
 }
 
 void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {

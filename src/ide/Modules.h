@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Files.h"
 #include "ide/Journal.h"
 #include "ide/Module.h"
@@ -36,6 +38,9 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     int AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) override;
     void RemoveNotifier(int index) override { notifiers_.Remove(index); }
 
+    /// Told why a module cannot be opened, as a person sees it, whoever asked for it.
+    std::function<void(const EBadInput&)> OnError;
+
     TJournal& Journal() { return journal_; }
     const std::vector<std::shared_ptr<TModule>>& Open() const { return modules_; }
     /// The open module that the file belongs to, nullptr without one.
@@ -50,13 +55,17 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     void ForgetProjects();
 
   private:
-    TModuleFiles ReadFiles(const TProjectUnit& unit);
-    TProjectUnit FindUnit(const std::string& fileName);
-    std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName);
-    std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName);
+    /// A unit and the code page of the project that names it.
+    struct TFoundUnit {
+        TProjectUnit Unit;
+        std::string CodePage;
+    };
+    TFoundUnit FindUnit(const std::string& fileName);
+    TModuleFiles ReadFiles(const TFoundUnit& found);
+    std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName, const std::string& codePage);
+    std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName, const std::string& codePage);
     /// What the disk holds, and what the running command has made of it.
     std::pair<std::string, std::string> ReadBytes(const std::string& fileName);
-    std::string CodePage();
     void AttachDesigner(const std::shared_ptr<TModule>& module);
     void Register(const std::shared_ptr<TModule>& module);
     void Unregister(const std::shared_ptr<TModule>& module);

@@ -1,5 +1,7 @@
 #include "ide/Projectreader.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -21,7 +23,7 @@ class TProjectReader {
         const std::string fileName = AbsolutePath(files_, path);
         TParsedProject parsed = Parse(fileName);
         if (!parsed.IsGroup) {
-            set_.Projects.push_back(ReadProject(fileName, std::move(parsed)));
+            set_.Projects.push_back(ReadProject(fileName, parsed));
             return std::move(set_);
         }
         set_.GroupFile = fileName;
@@ -57,8 +59,10 @@ class TProjectReader {
 
     /// The first one on top.
     void AddMembers(const std::string& groupFile, const TParsedProject& group) {
-        for (auto name = group.Projects.rbegin(); name != group.Projects.rend(); ++name)
-            members_.push_back({groupFile, *name});
+        std::transform(group.Projects.rbegin(), group.Projects.rend(), std::back_inserter(members_),
+                       [&](const std::string& name) {
+                           return TMember{groupFile, name};
+                       });
     }
 
     /// A group among them gives its members their place in the order.
@@ -79,13 +83,13 @@ class TProjectReader {
             if (parsed.IsGroup)
                 AddMembers(*found, parsed);
             else
-                set_.Projects.push_back(ReadProject(*found, std::move(parsed)));
+                set_.Projects.push_back(ReadProject(*found, parsed));
         } catch (const EBadInput& error) {
             AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
     }
 
-    TProjectModel ReadProject(const std::string& fileName, TParsedProject parsed) {
+    TProjectModel ReadProject(const std::string& fileName, const TParsedProject& parsed) {
         TProjectModel model;
         model.FileName = fileName;
         model.CodePage = parsed.CodePage.empty() ? CodePageFor(fileName) : parsed.CodePage;

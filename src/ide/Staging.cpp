@@ -22,7 +22,7 @@ std::string StagePath(const std::string& target, const std::string& recordPath) 
 class TSaveLock {
   public:
     TSaveLock(IFileSystem& files, const std::string& recordPath)
-        : files_(files), path_(recordPath + "-lock"), lock_(files.Lock(path_)) {}
+        : files_(files), path_(recordPath + "-lock"), lock_(Acquire(files, path_)) {}
     ~TSaveLock() {
         try {
             files_.Remove(path_);
@@ -34,6 +34,14 @@ class TSaveLock {
     TSaveLock& operator=(const TSaveLock&) = delete;
 
   private:
+    /// A lock on a file that its former holder has removed guards nothing.
+    static std::unique_ptr<IFileLock> Acquire(IFileSystem& files, const std::string& path) {
+        std::unique_ptr<IFileLock> lock = files.Lock(path);
+        while (!files.Stat(path))
+            lock = files.Lock(path);
+        return lock;
+    }
+
     IFileSystem& files_;
     std::string path_;
     std::unique_ptr<IFileLock> lock_;
@@ -204,7 +212,7 @@ bool HasLeftOvers(IFileSystem& files, const std::string& recordPath,
 }  // namespace
 
 std::string CommitRecordPath(const std::string& projectFile) {
-    return JoinPath(FolderOf(projectFile), "." + FileNameOf(projectFile) + ".tml-commit");
+    return JoinPath(FolderOf(projectFile), "." + WithExtension(FileNameOf(projectFile), "") + ".tml-commit");
 }
 
 void WriteTogether(IFileSystem& files, const std::string& recordPath,

@@ -23,7 +23,8 @@ struct TStagedFile {
 /// every file is as it was, or, where even putting back failed, the message says what the next start does.
 void WriteTogether(IFileSystem& files, const std::string& recordPath, const std::vector<TStagedFile>& staged);
 
-/// Where the commit record of a project stands: beside the project file.
+/// Where the commit record of a project stands: beside the project file, the same for all of its files
+/// ("Project1.dproj" and "Project1.dpr").
 std::string CommitRecordPath(const std::string& projectFile);
 
 /// Completes what a crash left behind: with a commit record everything staged that still fits is renamed;

@@ -3,7 +3,10 @@
 #include <array>
 #include <optional>
 
+#include "base/Utf8.h"
+#include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Calls.h"
 #include "source/Language.h"
 
 namespace tml {
@@ -72,6 +75,25 @@ void MarkUnTranslatableSourceMenuClick(TContext& context) {
         return;
     }
     MarkSourceSelectionToSkip(context);
+}
+
+void ShowStringInSource(TContext& context, const std::string& formName, const std::string& id) {
+    const TListItem* row = FindRowOfForm(context.Rows.FormNames, formName);
+    if (row == nullptr || !OpenFile(context, row->SubItems[fcFileName], true)) return;
+    const auto lang = GetmlLang(context, formName);
+    if (lang == nullptr) return;
+    const auto editor = GetModuleFromFileName(context, row->SubItems[fcFileName])->GetSourceEditor(0);
+    const auto text = editor->GetText();
+    const TSourceText source(std::string_view(*text), LanguageOf(editor->GetFileName()));
+    TComponentReference component;
+    component.FormName = formName;
+    component.ComponentName = lang->GetName();
+    for (const TAccessorCall& call : FindCalls(source, component)) {
+        if (!SameText(CalledID(source, call), id)) continue;
+        const auto view = editor->GetEditView(0);
+        view->SetCursorPos(view->PosToCharPos(static_cast<int>(call.Begin)));
+        return;
+    }
 }
 
 }  // namespace tml

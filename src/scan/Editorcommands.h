@@ -27,4 +27,8 @@ void MarkSourceSelectionToSkip(TContext& context);
 /// The command: the same, or a message when nothing is selected.
 void MarkUnTranslatableSourceMenuClick(TContext& context);
 
+/// Opens the unit of a form of the list and puts the cursor on the first call that fetches the string;
+/// nothing where there is none.
+void ShowStringInSource(TContext& context, const std::string& formName, const std::string& id);
+
 }  // namespace tml

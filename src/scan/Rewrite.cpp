@@ -63,12 +63,15 @@ class TLines {
     const TSourceText& source_;
 };
 
-TEdits CallEdits(const TmlFoundSourceStrings& rows) {
+TEdits CallEdits(const TmlFoundSourceStrings& rows, std::string_view text) {
     TEdits edits;
     for (const TmlFoundSourceString& row : rows) {
         if (row.MarkedToIgnore) continue;
-        edits.push_back({static_cast<std::size_t>(row.SpanBegin - 1),
-                         static_cast<std::size_t>(row.SpanEnd - 1), WrittenText(row)});
+        const auto begin = static_cast<std::size_t>(row.SpanBegin - 1);
+        // A literal may touch the word in front of it (return"x"), a call may not.
+        const bool touches = begin > 0 && IsNameChar(text[begin - 1]) && !row.CodeBefore;
+        edits.push_back(
+            {begin, static_cast<std::size_t>(row.SpanEnd - 1), (touches ? " " : "") + WrittenText(row)});
     }
     return edits;
 }
@@ -208,7 +211,7 @@ TEdits Rewrite(const TmlFoundSourceStrings& kept, const TScanInput& input) {
     TmlFoundSourceStrings rows = kept;
     rows.Sort();
     const TSourceText source(std::string_view(input.Text), LanguageOf(input.FileName), input.FileName);
-    const TEdits calls = CallEdits(rows);
+    const TEdits calls = CallEdits(rows, input.Text);
     const TEdits tags = TagEdits(rows, source);
     TEdits edits;
     // At one place a tag line comes in front of a call.

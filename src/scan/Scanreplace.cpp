@@ -13,26 +13,6 @@
 namespace tml {
 namespace {
 
-/// Gives a row its cells back unless the run is kept.
-class TRowGuard {
-  public:
-    explicit TRowGuard(TListItem& item) : item_(item), cells_(item.SubItems), stateIndex_(item.StateIndex) {}
-    ~TRowGuard() {
-        if (kept_) return;
-        item_.SubItems = cells_;
-        item_.StateIndex = stateIndex_;
-    }
-    TRowGuard(const TRowGuard&) = delete;
-    TRowGuard& operator=(const TRowGuard&) = delete;
-    void Keep() { kept_ = true; }
-
-  private:
-    TListItem& item_;
-    std::vector<std::string> cells_;
-    int stateIndex_;
-    bool kept_ = false;
-};
-
 /// One run over one unit. Hides the progress text however it ends.
 class TRun {
   public:

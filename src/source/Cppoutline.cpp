@@ -54,7 +54,7 @@ class TCppReader {
         if (text == "}") return CloseBrace();
         if (text == "[" && TextAt(at_ + 1) == "[") return OpenAttribute();
         if (text == "]" && stack_.TopIs(Kind::Attribute) && TextAt(at_ + 1) == "]") return CloseAttribute();
-        if (!IsDeclarative()) return;
+        if (!IsDeclarative() || stack_.TopIs(Kind::Attribute)) return;
         if (text == ";") return StartStatement();
         if (text == ":" && IsVisibility(at_ - 1)) return StartStatement();
         if (text == "(") return OpenParen();

@@ -37,11 +37,12 @@ std::string Declaration(const TSourceText& source, const TField* model, const st
                         const std::string& className) {
     const std::string_view text = source.Text();
     if (source.Language().IsCPPSource) {
-        const bool isPointer = model != nullptr && model->Previous == 0 && text[model->Name - 1] != ' ';
-        const std::string_view between =
-            isPointer ? text.substr(model->TypeEnd, model->Name - model->TypeEnd) : " *";
-        return className + std::string(between.find('*') == std::string_view::npos ? " *" : between) + name +
-               ";";
+        const bool isFirst = model != nullptr && model->Previous == 0;
+        const std::string_view kept =
+            isFirst ? text.substr(model->TypeEnd, model->Name - model->TypeEnd) : "";
+        const bool isPointer = kept.find_first_not_of(" \t*") == std::string_view::npos &&
+                               kept.find('*') != std::string_view::npos;
+        return className + std::string(isPointer ? kept : " *") + name + ";";
     }
     const bool isPlain = model != nullptr && model->Next == 0;
     const std::string_view between =

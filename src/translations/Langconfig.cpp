@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
-#include "expert/Insertion.h"
 
 namespace tml {
 namespace {
@@ -23,6 +23,10 @@ int NumberOf(const std::string& text) {
 }
 
 }  // namespace
+
+std::string GeneratedLangName(int position) {
+    return Format("Language N%d", position);
+}
 
 TfrmLangConfig::TfrmLangConfig(IDialogs& dialogs, const std::string& defaultNames, const TStringList& names)
     : lbLangNames(names), dialogs_(dialogs), defaultNames_(SplitLangNames(defaultNames)) {

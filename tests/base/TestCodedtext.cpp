@@ -26,6 +26,8 @@ TEST(Encodings, AreChosenByMarkThenUtf8ThenProjectThenDetector) {
         {"\x83\x5C", "932", "windows-932"},
         {"\xE4", "no such page", "windows-1252"},
         {russian, "", "windows-1251"},
+        // A unit is mostly ASCII.
+        {std::string(9000, 'x') + " '" + russian + "'", "", "windows-1251"},
         {"'\x80'", "", "windows-1252"},
     };
     for (const TRow& row : rows)

@@ -29,7 +29,7 @@ TEST(Closedforms, AreSearchedLineByLine) {
             << row.Text;
     }
     EXPECT_THROW(SearchFormText("object F: TF\n object A: TmlLang\n NumOfLanguages = x\n", kNames),
-                 EConvertError);
+                 EBadInput);
 }
 
 TEST(Closedforms, AreFoundInAnyCaseWithEachFolderListedOnce) {

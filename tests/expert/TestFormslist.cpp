@@ -5,10 +5,8 @@
 namespace tml {
 namespace {
 
-void AddRow(TFormsList& list, const char* form, const char* unit, int numLang) {
-    TListItem& item = list.FormNames.Add();
-    item.Caption = form;
-    item.SubItems = {unit, std::string("/p/") + unit + ".pas", "", "", ""};
+void Add(TFormsList& list, const char* form, const char* unit, int numLang) {
+    TListItem& item = AddRow(list.FormNames, form, unit, std::string("/p/") + unit + ".pas");
     UpdateItem(&item, "lang", numLang, "TmlLang");
 }
 
@@ -23,9 +21,9 @@ std::string Sorted(TFormsList& list, int column, int order) {
 
 TEST(Formslist, SortsByTextWithoutCaseAndByNumber) {
     TFormsList list;
-    AddRow(list, "beta", "Z", 10);
-    AddRow(list, "Alpha", "y", 9);
-    AddRow(list, "gamma", "X", 0);
+    Add(list, "beta", "Z", 10);
+    Add(list, "Alpha", "y", 9);
+    Add(list, "gamma", "X", 0);
     EXPECT_EQ(Sorted(list, 0, 1), "Alpha beta gamma ");
     EXPECT_EQ(Sorted(list, 0, -1), "gamma beta Alpha ");
     EXPECT_EQ(Sorted(list, 1, 1), "gamma Alpha beta ");
@@ -38,11 +36,12 @@ TEST(Formslist, SortsByTextWithoutCaseAndByNumber) {
 TEST(Formslist, CellsAndStatusFollowTheComponent) {
     TFormsList list;
     EXPECT_EQ(list.StatusPanels[2], "Forms translated: 0(0)");
-    AddRow(list, "A", "A", 3);
-    AddRow(list, "B", "B", 0);
+    Add(list, "A", "A", 3);
+    Add(list, "B", "B", 0);
     EXPECT_EQ(list.FormNames.Items()[0]->SubItems,
-              (std::vector<std::string>{"A", "/p/A.pas", "3", "lang", "TmlLang"}));
-    EXPECT_EQ(list.FormNames.Items()[1]->SubItems, (std::vector<std::string>{"B", "/p/B.pas", "0", "", ""}));
+              (std::vector<std::string>{"A", "/p/A.pas", "3", "lang", "TmlLang", "/P/A.PAS"}));
+    EXPECT_EQ(list.FormNames.Items()[1]->SubItems,
+              (std::vector<std::string>{"B", "/p/B.pas", "0", "", "", "/P/B.PAS"}));
     EXPECT_EQ(list.FormNames.Items()[0]->StateIndex, 1);
     UpdateStatusBar(list, 7);
     EXPECT_EQ(list.StatusPanels, (std::array<std::string, 4>{"Forms count: 2", "Units count: 7",

@@ -43,6 +43,12 @@ TChange Add(const string& name, const string& className) {
         tree.AddChild(child, "", "TInner");
     };
 }
+TChange Replace(const string& node, const string& from, const string& to) {
+    return [=](TFormTree& tree) {
+        tree.RemoveProperty(*tree.FindComponent(node), from);
+        tree.SetProperty(*tree.FindComponent(node), to, TFormValue::Integer(7));
+    };
+}
 TChange All(std::vector<TChange> changes) {
     return [=](TFormTree& tree) {
         for (const TChange& change : changes)
@@ -111,6 +117,8 @@ const TChangeRow kRows[] = {
     {"a.dfm", "  X = 1\n  object B: T\n  end\n", All({RemoveNode("B"), Remove("X"), Add("C", "TC")}),
      "  object C: TC\n    Left = 8\n    object TInner\n    end\n  end\n"},
     {"a.dfm", "  X = 1 Y = 2\n", Remove("X"), "  Y = 2\n"},
+    {"a.dfm", "  object B: T X = 1 end\n", Replace("B", "X", "Y"), "  object B: T \n    Y = 7\nend\n"},
+    {"a.dfm", "  X = 1 Y = 2\n", All({Remove("X"), Remove("Y"), Add("B", "TB"), RemoveNode("B")}), "  \n"},
     {"a.dfm", "  X = \n    'a' +\n    'b'\n  Y = 2\n", Remove("X"), "  Y = 2\n"},
     {"a.dfm", "  object B: T [1]\n  end\n", Rename("B", "Bb"), "  object Bb: T [1]\n  end\n"},
     {"a.dfm", "  object B: T\n  end\n", Rename("B", ""), "  object T\n  end\n"},

@@ -111,8 +111,12 @@ void Exercise(const string& bytes) {
         Dump(tree->Root());
         TFormTree::Parse(tree->Text(), "a.dfm");
         TFormTree::Parse(tree->Binary(), "a.dfm");
-        tree->SetProperty(tree->Root(), "Added", TFormValue::Integer(1));
-        EXPECT_TRUE(TFormTree::Parse(tree->Bytes(), "a.dfm")->Root().Find("Added").has_value()) << bytes;
+        TFormNode& root = tree->Root();
+        if (!root.PropertyNames().empty()) tree->RemoveProperty(root, root.PropertyNames().back());
+        tree->SetProperty(root, "Added", TFormValue::Integer(1));
+        if (!root.Children().empty()) tree->RemoveChild(*root.Children().front());
+        tree->AddChild(root, "New", "TNew");
+        EXPECT_EQ(Dump(TFormTree::Parse(tree->Bytes(), "a.dfm")->Root()), Dump(root));
     } catch (const EBadInput& error) {
         EXPECT_FALSE(error.Problem().empty());
     }

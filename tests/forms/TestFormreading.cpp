@@ -46,7 +46,7 @@ const TReadRow kValues[] = {
     {"'\xCF\xF0'#1055", "'\xD0\x9F\xD1\x80\xD0\x9F'", "1251"},
     {"'\x83\x5C''a'", "'\xE3\x82\xBD'a'", "932"},
     {"$FF", "255"},
-    {"-129", "-129"},
+    {"-0129", "-129"},
     {"nil", "nil"},
     {"Form1.Button1", "Form1.Button1"},
     {"[]", "[]"},

@@ -3,10 +3,8 @@
 
 #include "base/Codedtext.h"
 #include "base/Errors.h"
-#include "ide/Headlesside.h"
 #include "ide/Projectfiles.h"
 #include "ide/Projectreader.h"
-#include "runtime/Runtime.h"
 #include "support/Memoryfiles.h"
 
 namespace tml {
@@ -169,57 +167,6 @@ TEST(ProjectGroups, GoOnBehindMembersThatAreMissingBrokenOrInACircle) {
               "! /p/bad.lpi: no valid XML: Start-end tags mismatch. Repair the project file\n"
               "! /p/sub/inner.lpg: the project ../all.bpg is named a second time\n"
               "! /p/all.bpg: the project ALL.bpg is named a second time\n");
-}
-
-/// A group of /p/one.dpr and /p/two.dpr in every format.
-constexpr TFormatRow kGroups[] = {
-    {"/p/g.bpg", "PROJECTS = 1.exe 2.exe\n1.exe: one.dpr\n2.exe: two.dpr\n", ""},
-    {"/p/g.bdsgroup", "<G><Projects Name=\"1\">one.dpr</Projects><Projects Name=\"2\">two.dpr</Projects></G>",
-     ""},
-    {"/p/g.lpg",
-     "<CONFIG><ProjectGroup><Targets><T FileName=\"one.dpr\"/><T FileName=\"two.dpr\"/></Targets>"
-     "</ProjectGroup></CONFIG>",
-     ""},
-    {"/p/g.groupproj",
-     "<Project><ItemGroup><Projects Include=\"one.dpr\"/><Projects "
-     "Include=\"two.dpr\"/></ItemGroup></Project>",
-     ""},
-};
-
-class TActiveNotes : public IOTAIDENotifier {
-  public:
-    void FileNotification(TOTAFileNotification code, const std::string& fileName, bool&) override {
-        if (code == TOTAFileNotification::ofnActiveProjectChanged) Text += fileName + "; ";
-    }
-    void BeforeCompile(const std::string&, bool&) override {}
-    void AfterCompile(bool) override {}
-    void BeforeCompile(const std::string&, bool, bool&) override {}
-    void AfterCompile(bool, bool) override {}
-    void AfterSave() override {}
-    void BeforeSave() override {}
-    void Destroyed() override {}
-    void Modified() override {}
-
-    std::string Text;
-};
-
-TEST(ProjectGroups, OfEveryFormatSwitchTheirActiveProject) {
-    const auto runtime = MakeMlRuntime();
-    for (const TFormatRow& row : kGroups) {
-        TMemoryFileSystem files;
-        files.Files = {{row.FileName, row.Text},
-                       {"/p/one.dpr", "program One; begin end."},
-                       {"/p/two.dpr", "program Two; begin end."}};
-        THeadlessIde ide(files, *runtime);
-        ide.OpenProject(row.FileName);
-        const auto notes = std::make_shared<TActiveNotes>();
-        ide.GetServices()->AddNotifier(notes);
-        const auto group = ide.GetModuleServices()->GetMainProjectGroup();
-        ASSERT_EQ(group->GetProjectCount(), 2) << row.FileName;
-        EXPECT_EQ(group->GetActiveProject()->GetFileName(), "/p/one.dpr") << row.FileName;
-        group->SetActiveProject(group->GetProject(1));
-        EXPECT_EQ(notes->Text, "/p/two.dpr; ") << row.FileName;
-    }
 }
 
 /// "Unit Form:Base form file header" per unit, file names only; "?" where a file is missing.

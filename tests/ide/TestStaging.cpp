@@ -1,4 +1,6 @@
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "base/Errors.h"
 #include "ide/Staging.h"
@@ -117,6 +119,30 @@ TEST(Staging, NothingIsTouchedWhereNothingIsLeft) {
     TLoggingFileSystem log(disk);
     RecoverStaged(log, kRecord, kPaths);
     EXPECT_TRUE(log.Changes().empty());
+}
+
+TEST(Staging, TheDiskKeepsLinksAndModes) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(testing::TempDir()) / ("tml-staging-" + std::to_string(::getpid()));
+    fs::remove_all(folder);
+    fs::create_directories(folder / "real");
+    const auto disk = MakeDiskFileSystem();
+    const auto mode = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+    for (const char* name : {"real/Unit1.pas", "Unit1.dfm"}) {
+        disk->Stage((folder / name).string(), "old", "");
+        fs::permissions(folder / name, mode);
+    }
+    fs::create_symlink("real/Unit1.pas", folder / "Unit1.pas");
+    WriteTogether(
+        *disk, CommitRecordPath((folder / "P.dpr").string()),
+        {{(folder / "Unit1.pas").string(), "new", "old"}, {(folder / "Unit1.dfm").string(), "new", "old"}});
+    EXPECT_TRUE(fs::is_symlink(folder / "Unit1.pas"));
+    for (const char* name : {"real/Unit1.pas", "Unit1.dfm"}) {
+        EXPECT_EQ(disk->Read((folder / name).string()), "new");
+        EXPECT_EQ(fs::status(folder / name).permissions(), mode);
+    }
+    EXPECT_EQ(disk->List(folder.string()), (std::vector<std::string>{"Unit1.dfm", "Unit1.pas", "real"}));
+    fs::remove_all(folder);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "expert/Insertion.h"
+#include "expert/Modules.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
 #include "support/Expertfixture.h"
@@ -13,7 +14,6 @@ constexpr const char* kCode = "  ShowMessage('Hello');\n  Caption := 'It''s' + #
 
 struct TScanReplace : TExpertFixture, testing::Test {
     void Prepare(int number) {
-        const std::string before = Files.Files["/p/Unit2.dfm"];
         if (number == 1) PutForm(1, "", kCode);
         Open();
         Select("Form" + std::to_string(number));
@@ -54,16 +54,25 @@ TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
                                         "Checking duplicates...", "Modifying source..."}));
     EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
     EXPECT_EQ(Files.Files, files) << "nothing is saved before the person saves";
-    Ide.SaveAll();
-    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("object mlLang_Form1: TmlLang"), std::string::npos);
 
+    EXPECT_EQ(Ide.Undo("/p/Unit1.pas"), "Replace hard-coded strings");
+    EXPECT_EQ(Source(1), files.at("/p/Unit1.pas"));
+    MarkModifiedForm(Context(), "Form1");
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files, files) << "the form file too is as it was";
+}
+
+TEST_F(TScanReplace, ASecondRunFindsNothing) {
+    Prepare(1);
+    ReviewAll();
+    Run();
+    Ide.SaveAll();
+    const auto files = Files.Files;
+    EXPECT_NE(files.at("/p/Unit1.dfm").find("object mlLang_Form1: TmlLang"), std::string::npos);
     User.OnMessage("No strings found in the \"Unit1.pas\" source!");
-    Run();  // a second time
-
-    Ide.Undo("/p/Unit1.pas");
+    Run();
     Ide.SaveAll();
-    EXPECT_EQ(Files.Files["/p/Unit1.pas"], files.at("/p/Unit1.pas"));
-    EXPECT_EQ(Files.Files["/p/Unit1.dfm"], files.at("/p/Unit1.dfm"));
+    EXPECT_EQ(Files.Files, files);
 }
 
 TEST_F(TScanReplace, WhatTheComponentHoldsKeepsItsID) {

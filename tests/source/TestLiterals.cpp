@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <string>
 
 #include "source/Sourcetext.h"
@@ -42,7 +41,8 @@ TEST(Literals, OfPascal) {
         {"{$MODE DELPHI}{$modeswitch nestedcomments+}(* (* *) 'a' *) 'b'", "['a'=a]c['b'=b]"},
         {"{$MODE FPC}{$MODESWITCH NESTEDCOMMENTS OFF}{ { } 'a' }", "['a'=a]"},
         {"asm mov al, \"'\" end; s := 'a'", "['a'=a]"},
-        {"s := '''\r\n    one\r\n      two''s\r\n    ''';", "['''\r\n    one\r\n      two''s\r\n    '''=one\r\n  two''s]"},
+        {"s := '''\r\n    one\r\n      two''s\r\n    ''';",
+         "['''\r\n    one\r\n      two''s\r\n    '''=one\r\n  two''s]"},
         {"a := ''''; b := 'x';", "[''''='][\'x\'=x]"},
         {"a := (b*c) / d * 'x' (* * ) 'y' *)", "['x'=x]['y'=y]c"},
     };

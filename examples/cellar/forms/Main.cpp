@@ -65,7 +65,7 @@ void __fastcall TMainForm::AddBarrel(const String &Wine, TBarrelState State, dou
     item->SubItems->Add(LITRES(Litres));
 }
 //---------------------------------------------------------------------------
-String __fastcall TMainForm::StateText(TBarrelState State)
+String __fastcall TMainForm::StateText(TBarrelState State) const
 {
     switch (State)
     {

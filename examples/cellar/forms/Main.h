@@ -35,7 +35,7 @@ __published:
 private:
     int FUnsaved;
     void __fastcall AddBarrel(const String &Wine, TBarrelState State, double Litres);
-    static String __fastcall StateText(TBarrelState State);
+    String __fastcall StateText(TBarrelState State) const;
 public:
     __fastcall TMainForm(TComponent *Owner);
     void __fastcall Report(const String &Text, const String &Title = "Cellar");

@@ -1,0 +1,3 @@
+object ClasslessForm: TClasslessForm
+  Caption = 'x'
+end

@@ -1,0 +1,3 @@
+object CutoffForm: TCutoffForm
+  Caption = 'x'
+  object A: TLabel

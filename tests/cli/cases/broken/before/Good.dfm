@@ -1,0 +1,3 @@
+object GoodForm: TGoodForm
+  Caption = 'x'
+end

@@ -1,0 +1,5 @@
+object GoodForm: TGoodForm
+  object mlLang1: TmlLang
+    NumOfLanguages = two
+  end
+end

@@ -1,0 +1,4 @@
+program Number;
+uses Good in 'Good.pas' {GoodForm};
+begin
+end.

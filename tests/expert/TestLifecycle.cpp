@@ -1,0 +1,197 @@
+#include "base/Errors.h"
+#include "expert/Modules.h"
+#include "platform/Projectsettings.h"
+#include "platform/Shortcuts.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+const std::string kExp = "\\Software\\Velmora\\TmlLang\\ExpSettings\\";
+
+/// A common library that notes when it goes.
+struct TNotedLibrary : ICommonLibraryLoader {
+    std::vector<std::string>& Log;
+    explicit TNotedLibrary(std::vector<std::string>& log) : Log(log) {}
+    ICommonLibrary* Load() override { return nullptr; }
+    void Unload() override { Log.push_back("library unloaded"); }
+};
+
+struct TLifecycle : TExpertFixture, testing::Test {
+    TMenuItem& Section(const std::string& name) {
+        for (const auto& item : Ide.GetNTAServices()->GetMainMenu().Items)
+            if (item->Name == name) return *item;
+        throw std::logic_error(name);
+    }
+    int PlaceOfItem(const std::string& section) {
+        const auto& items = Section(section).Items;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            if (items[i]->Name == "mlLangExpertMenuItem") return static_cast<int>(i);
+        return -1;
+    }
+    static TMenuItem* Find(const TMenuItem& menu, const std::string& name) {
+        for (const auto& item : menu.Items) {
+            if (item->Name == name) return item.get();
+            if (TMenuItem* found = Find(*item, name)) return found;
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(TLifecycle, TheMenuItemIsTheThirdOfItsSectionAndRebuiltAtEveryNotification) {
+    Registry.Values[kExp + "ShortCut"] = std::string("Ctrl+Shift+F2");
+    Start();
+    EXPECT_EQ(PlaceOfItem("ToolsMenu"), 2);
+    const auto item = Section("ToolsMenu").Items[2];
+    EXPECT_EQ(item->Caption, "Tml&Lang Expert");
+    EXPECT_EQ(item->ShortCut, TextToShortCut("Ctrl+Shift+F2"));
+    Expert->Settings().SetMenuSection("HelpMenu");
+    EXPECT_EQ(PlaceOfItem("ToolsMenu"), 2) << "a setter leaves the menu alone";
+    for (int i = 0; i < 5; ++i) {
+        Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true)->Close();
+        EXPECT_EQ(PlaceOfItem("ToolsMenu"), -1);
+        EXPECT_EQ(PlaceOfItem("HelpMenu"), 2);
+    }
+    EXPECT_EQ(Ide.GetNTAServices()->GetEditorLocalMenu().Items.back()->Caption, "Mark as &untranslatable");
+    Ide.UnloadPackage("TmlLang");
+    EXPECT_EQ(PlaceOfItem("HelpMenu"), -1);
+    EXPECT_EQ(Find(Ide.GetNTAServices()->GetEditorLocalMenu(), "MarkUnTranslatableSourceMenu"), nullptr);
+}
+
+TEST_F(TLifecycle, WithoutTheSectionThereIsNoItemAndNothingFails) {
+    Registry.Values[kExp + "MenuSection"] = std::string("toolsmenu");
+    Start();
+    EXPECT_EQ(PlaceOfItem("ToolsMenu"), -1);
+}
+
+TEST_F(TLifecycle, ASettingThatIsNoNumberKeepsTheExpertOut) {
+    Registry.Values[kExp + "DefNumLang"] = std::string("many");
+    EXPECT_THROW(Start(), EConvertError);
+    EXPECT_EQ(Expert, nullptr);
+    EXPECT_EQ(PlaceOfItem("ToolsMenu"), -1);
+}
+
+TEST_F(TLifecycle, TheFirstClickDocksTheWindowAndTheNextRefreshesIt) {
+    Put("/p/Demo.mlproj", "[Settings]\nDispatcherForm=X\n");
+    Start();
+    Section("ToolsMenu").Items[2]->Click();
+    ASSERT_EQ(User.Shown.size(), 1U);
+    TForm* const host = User.Shown.front();
+    EXPECT_EQ(host->Name, "TmlLangExpertIDEDockableForm");
+    EXPECT_EQ(host->Caption, "TmlLang Expert (VCL Edition)");
+    EXPECT_NE(host->Menu, nullptr);
+    TfrmmlLang* const window = Expert->Window();
+    EXPECT_EQ(window->Menu, nullptr);
+    EXPECT_EQ(window->Parent, host);
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|0||0;") << "sorted in the stored direction";
+    EXPECT_EQ(Context().Project.ProjectFiles.Count(), 3);
+    EXPECT_EQ(Context().Project.UnitFiles, TStringList({"/p/Helper.pas"}));
+    EXPECT_EQ(Context().Rows.StatusPanels[1], "Units count: 1");
+    EXPECT_EQ(std::get<std::string>(Runtime->mlLangProjectSettings->GetOptionValue("DispatcherForm")), "X");
+    Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true);
+    Section("ToolsMenu").Items[2]->Click();
+    EXPECT_EQ(Expert->Window(), window);
+    EXPECT_EQ(User.Shown, (std::vector<TForm*>{host, host}));
+    EXPECT_TRUE(Row("Form1").Selected) << "the row of the file in the editor";
+    EXPECT_EQ(Expert->Settings().Get().SortOrder, -1);
+    window->lvFormNamesColumnClick(3);
+    EXPECT_EQ(Registry.Writes.back(), "ExpSettings\\SortedColumn=integer 3");
+    EXPECT_EQ(List(), "Form1|Unit1|0||0;Form2|Unit2|3|mlLang1|1;");
+}
+
+TEST_F(TLifecycle, ClosingTheWindowStoresTheWidthsAndForgetsTheProject) {
+    Open();
+    Runtime->mlLangProjectSettings->SetOptionValue("DispatcherForm", std::string("Form2"));
+    Expert->Window()->lvFormNames.Columns[1].Width = 99;
+    Expert->Window()->Run("Exit");
+    EXPECT_EQ(Expert->Window(), nullptr);
+    EXPECT_EQ(Expert->Settings().Get().ColumnWidths, "76,99,145,70,315");
+    EXPECT_EQ(Runtime->mlLangProjectSettings, nullptr);
+    EXPECT_EQ(Files.Files["/p/Demo.mlproj"], "[Settings]\r\nDispatcherForm=Form2\r\n");
+    Expert->RunItemClick();
+    EXPECT_EQ(Expert->Window()->lvFormNames.Columns[1].Width, 99);
+    EXPECT_EQ(Rows().Count(), 2);
+}
+
+TEST_F(TLifecycle, WithoutAProjectOnlyTheStatusIsRefreshed) {
+    Start();
+    Ide.CloseProject();
+    Expert->RunItemClick();
+    EXPECT_EQ(Expert->Window(), nullptr);
+}
+
+TEST_F(TLifecycle, OpeningAllFormsReadsThemThroughTheIDE) {
+    Registry.Values[kExp + "OpenAllForms"] = true;
+    PutForm(1, "  object mlLang1: TmlLang [0]\n    NumOfLanguages = 5\n  end\n");
+    Open();
+    EXPECT_EQ(Ide.Modules().size(), 2U);
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|5|mlLang1|1;");
+}
+
+TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
+    Open();
+    TfrmmlLang& window = *Expert->Window();
+    const auto enabled = [&](const char* name) {
+        TMenuItem* item = Find(*window.MainMenu, name);
+        if (item == nullptr) item = Find(*window.pmEditor, name);
+        return item != nullptr && item->Enabled;
+    };
+    window.CheckEnableActions();
+    EXPECT_FALSE(enabled("SourceWithForm1"));
+    EXPECT_TRUE(enabled("ProjectSettings1"));
+    EXPECT_TRUE(enabled("Exit1"));
+    Select("Form2");
+    EXPECT_TRUE(enabled("SourceWithForm1"));
+    EXPECT_TRUE(enabled("Translatesource2"));
+    EXPECT_EQ(Context().ComponentName, "mlLang1");
+    EXPECT_TRUE(Find(*window.MainMenu, "ConstSection1")->Visible);
+    Row("Form2").SubItems[fcFileName] = "/p/Unit2.CPP";
+    window.lvFormNamesChange();
+    EXPECT_FALSE(Find(*window.MainMenu, "ConstSection1")->Visible);
+    EXPECT_FALSE(Find(*window.pmEditor, "TranslateConst2")->Visible);
+    for (const TCommand& command : AllCommands())
+        if (command.Handler == nullptr) {
+            EXPECT_FALSE(enabled((std::string(command.Name) + "1").c_str())) << command.Name;
+        }
+}
+
+TEST_F(TLifecycle, UnloadingReleasesTheExpertAndTheLibraryLast) {
+    std::vector<std::string> log;
+    TNotedLibrary library(log);
+    THost host = Host();
+    host.CommonLibrary = &library;
+    TPackage package = MakePackage(host);
+    package.Register = [&](IRegistration& registration) {
+        Expert = &ExpRegister(host, registration);
+        Runtime->ShowAboutBox = [&log, held = std::shared_ptr<void>(
+                                           nullptr, [&](void*) { log.emplace_back("expert released"); })] {};
+    };
+    Ide.LoadPackage(package);
+    Ide.OpenProject("/p/Demo.dpr");
+    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
+    Expert->RunItemClick();
+    Ide.UnloadPackage("TmlLang");
+    EXPECT_EQ(log, (std::vector<std::string>{"expert released", "library unloaded"}));
+    // Whatever was registered is gone: nothing of the expert is called any more.
+    const auto module = Ide.GetModuleServices()->FindModule("/p/Unit2.pas");
+    module->GetFormEditor()->FindComponent("Button1")->SetName("Go1");
+    module->Close();
+    Ide.CloseProject();
+}
+
+struct TFloating : TExpertFixture, testing::Test {
+    TFloating() : TExpertFixture(false) {}
+};
+
+TEST_F(TFloating, WithoutDockableFormsTheWindowStandsAlone) {
+    Open();
+    TfrmmlLang* const window = Expert->Window();
+    EXPECT_EQ(User.Shown, (std::vector<TForm*>{window}));
+    EXPECT_EQ(window->Parent, nullptr);
+    EXPECT_NE(window->Menu, nullptr);
+    Expert->RunItemClick();
+    EXPECT_EQ(User.Shown, (std::vector<TForm*>{window, window})) << "brought to the front";
+}
+
+}  // namespace
+}  // namespace tml

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Mlcommon.h"
+#include "scan/Scan.h"
+
+namespace tml {
+
+/// The punctuation that is excluded unless the person says otherwise.
+inline constexpr const char* kPunctuation = "\\|/?><.,\":;]}[{=+-_)(!@#$%^&*`~' ";
+
+/// The library that was built with the tests; held until the program ends.
+inline ICommonLibrary* CommonLibrary() {
+    static const auto loader = MakeCommonLibraryLoader(TML_BIN "/TmlLang_Common.so");
+    return loader->Load();
+}
+
+inline TScanInput InputFor(const std::string& fileName, const std::string& text) {
+    TScanInput input;
+    input.FileName = fileName;
+    input.Text = text;
+    input.Component = {"Form1", "mlLang1", false, ""};
+    input.Skip.ExcludeChars = kPunctuation;
+    input.Common = CommonLibrary();
+    return input;
+}
+
+/// "ID=text" for each found string, a bar, "reason:text" for each skipped one.
+inline std::string Dump(const TScanResult& result) {
+    std::string dump;
+    for (const TmlFoundSourceString& row : result.Found)
+        dump += row.StrID + "=" + row.StrContent + " ";
+    dump += "|";
+    for (const TmlSkippedString& skipped : result.Skipped)
+        dump += " " + std::string(SkipReasonName(skipped.Reason)) + ":" + skipped.Text;
+    return dump;
+}
+
+}  // namespace tml

@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include "scan/Advice.h"
+
+namespace tml {
+namespace {
+
+/// The word for each literal in the order of the text, "-" for none.
+std::string Words(const std::string& text, const TLanguage& language, bool everywhere = false) {
+    const TSourceText source(std::string_view(text), language);
+    std::string words;
+    for (const TAdvice advice : Advise(source, {"TForm1", everywhere})) {
+        if (!words.empty()) words += ' ';
+        words += advice == TAdvice::None ? "-" : AdviceWord(advice);
+    }
+    return words;
+}
+
+struct TCase {
+    const char* Text;
+    const char* Expected;
+};
+
+const std::string kUnit = R"(unit Unit1;
+interface
+uses A in 'a.pas';
+const X = 'a'; Y: array[0..1] of string = ('b', 'c');
+resourcestring R = 'd';
+type
+  IX = interface
+    ['{00000000-0000-0000-C000-000000000046}']
+    procedure P(const a: string = 'e');
+  end;
+  TForm1 = class(TForm)
+    [Attr('f')]
+    Button1: TButton;
+    procedure M; message 'g';
+    property Q: string default 'h';
+  const K = 'i';
+  end;
+  TSub = 'a'..'z';
+var V: string = 'j';
+procedure Ext; external 'k' name 'l';
+implementation
+{$R 'm'}
+procedure Free(x: string = 'n');
+begin
+  s := 'o';
+end;
+procedure TForm1.M;
+const L = 'p';
+  procedure Nested;
+  begin
+    s := 'q';
+  end;
+begin
+  case s of
+    'r', 's': t := 't';
+    'u': begin t := 'v'; x := 'w'; end;
+  else
+    t := 'x'; F('y');
+  end;
+  if c in ['a', 'b', 'c'..'d'] then F(['aa', 'b']) else G[('z')];
+  asm mov al, 'x' end;
+  t := 'z'; // 'comment'
+end;
+class procedure TForm1.C;
+begin
+  s := 'a';
+end;
+procedure TForm2.M;
+var
+  p: procedure(x: string = 'b');
+begin
+  s := procedure begin t := 'c'; end;
+end;
+initialization
+  s := 'd';
+end.
+)";
+
+TEST(Advice, ForAWholeUnit) {
+    EXPECT_EQ(
+        Words(kUnit, kPascal),
+        "uses const array-initialiser array-initialiser resourcestring guid default-parameter attribute "
+        "external declaration const range range initialiser external external directive default-parameter "
+        "outside-method const - case-label case-label - case-label - - - - set set range range - set - asm - "
+        "comment outside-method default-parameter outside-method outside-method");
+    EXPECT_EQ(Words("unit U; implementation procedure F; begin s := 'a'; end; const c = 'b';", kPascal, true),
+              "- const");
+}
+
+TEST(Advice, SurvivesConditionsAndGaps) {
+    const TCase cases[] = {
+        {"implementation\n{$IFDEF A}\nprocedure TForm1.M(x: integer);\nbegin\n{$ELSE}\nprocedure TForm1.M;\n"
+         "begin\n{$ENDIF}\n s := 'a';\nend;\nconst c = 'b';",
+         "- const"},
+        {"implementation\nprocedure TForm1.M;\nbegin\n{$IFDEF A}\nif x then begin\n{$ELSE}\nbegin\n{$ENDIF}\n"
+         "s := 'a'; end;\nend;\nprocedure F;\nbegin s := 'b'; end;",
+         "- outside-method"},
+        {"implementation\nprocedure TForm1.M;\nbegin\n begin begin\nend;\nprocedure F;\nbegin s := 'a'; end;",
+         "outside-method"},
+        {"implementation\nprocedure F; forward;\nprocedure TForm1.M;\nbegin r.end_ := x.&end; s := 'a'; end;",
+         "-"},
+        {"type T<A: class, constructor> = class procedure X; end;\nimplementation\n"
+         "procedure T<A>.X;\nbegin s := 'a'; end;\nfunction TForm1.G<B>(b: B): string;\nbegin s := 'b'; end;",
+         "outside-method -"},
+    };
+    for (const TCase& row : cases)
+        EXPECT_EQ(Words(row.Text, kPascal), row.Expected) << row.Text;
+}
+
+TEST(Advice, ForCpp) {
+    const TCase cases[] = {
+        {"#include \"a.h\"\n#define A \"b\"\nextern \"C\" { void f(); }\n", "include directive linkage"},
+        {"const char* a = \"b\";\nString c = \"d\";\nstatic String e[] = { \"f\", \"g\" };",
+         "const initialiser array-initialiser array-initialiser"},
+        {"void f(String s = \"a\");\nvoid __fastcall TForm1::M(TObject *Sender)\n{\n f(\"b\");\n if (x) { "
+         "g(\"c\"); }\n}\n",
+         "default-parameter - -"},
+        {"void g() { f(\"a\"); }\nnamespace n { class TForm1 : public TForm { void m() { f(\"b\"); } }; }",
+         "outside-method -"},
+        {"void TForm1::M() { f(\"a\" PRIu64); f(\"b\" /* x */ \"c\"); f(X \"d\"); return \"e\"; "
+         "static_assert(x, \"f\"); }",
+         "macro inner-comment macro - declaration"},
+        {"[[deprecated(\"a\")]] void f();\nTForm1::~TForm1() { f(\"b\"); String a[] = {\"c\"}; /* \"d\" */ }",
+         "attribute - array-initialiser comment"},
+    };
+    for (const TCase& row : cases)
+        EXPECT_EQ(Words(row.Text, kCpp), row.Expected) << row.Text;
+    EXPECT_EQ(Words("void g() { f(\"a\"); }", kCpp, true), "-");
+    EXPECT_EQ(AdviceText(TAdvice::Include), "This is the name of a file to include.");
+}
+
+}  // namespace
+}  // namespace tml

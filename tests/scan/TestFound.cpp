@@ -1,0 +1,155 @@
+#include "scan/Found.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+const std::string kKey = "\\Software\\Velmora\\TmlLang\\FoundStrings";
+
+/// A review of the strings of a unit, outside of any run.
+struct TFound : testing::Test {
+    TMemoryRegistry Registry;
+    TScriptedUser User;
+    std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime();
+    TExpertSettings Settings{Registry, Runtime->NamesArray()};
+    TContext Context{THost{.Runtime = Runtime.get(), .Registry = &Registry, .Dialogs = &User}, Settings};
+
+    TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas") {
+        TScanInput input;
+        input.Text = code;
+        input.FileName = fileName;
+        input.Component.FormName = "Form1";
+        input.Component.ComponentName = "L";
+        TFoundInput found{
+            fileName, std::make_shared<std::string>(code), CallStyleOf(input), {}, Scan(input).Found};
+        return {Context, std::move(found)};
+    }
+    static std::string Column(const TFoundGrid& grid, std::size_t column) {
+        std::string text;
+        for (const TFoundRow& row : grid.Rows)
+            text += TFoundGrid::Cells(row)[column] + "|";
+        return text;
+    }
+};
+
+TEST_F(TFound, ShowsEveryStringWithItsCall) {
+    TfrmFound window = Make("f('One');\r\ng('Two'#13);\r\n");
+    EXPECT_EQ(window.Caption, "Found String Constants (Unit1.pas)");
+    EXPECT_EQ(Column(window.sgStrings, 0), "1|2|");
+    EXPECT_EQ(Column(window.sgStrings, 2), "One|Two|");
+    EXPECT_EQ(Column(window.sgStrings, 3),
+              "L.GetTextOrDefault('IDS_0' (* 'One' *) )|L.GetTextOrDefault('IDS_1' (* 'Two' *) ) + |");
+    EXPECT_EQ(window.StatusPanels,
+              (std::array<std::string, 3>{"Found strings: 2", "Deleted strings: 0", "Selected rows: 0"}));
+    EXPECT_NE(window.Preview().find("g('Two'#13);"), std::string::npos);
+}
+
+TEST_F(TFound, ATypedIDReplacesNothingButTheID) {
+    TfrmFound window = Make("f('IDS_0');\r\n");
+    window.acTypecastPChar();
+    window.acTypecastPChar();
+    window.SetEditText(0, "My'ID");
+    EXPECT_EQ(Column(window.sgStrings, 3), "PChar(L.GetTextOrDefault('My''ID' (* 'IDS_0' *) ))|");
+    window.SetEditText(0, "X");
+    EXPECT_EQ(Column(window.sgStrings, 3), "PChar(L.GetTextOrDefault('X' (* 'IDS_0' *) ))|");
+    window.UseMethod("GetTextC(");
+    EXPECT_EQ(Column(window.sgStrings, 3), "L.GetTextC('X' (* 'IDS_0' *) )|");
+    window.sgStrings.Rows[0].Record.Replacement = "F;";
+    window.acTypecastPChar();
+    EXPECT_EQ(Column(window.sgStrings, 3), "PChar(F);|");
+    TfrmFound cpp = Make("f(\"One\");\r\n", "/p/Unit1.cpp");
+    cpp.SetEditText(0, "a\"b");
+    EXPECT_EQ(Column(cpp.sgStrings, 3), "L->GetTextOrDefault(\"a\\\"b\" /* \"One\" */ )|");
+}
+
+TEST_F(TFound, StartIDNumbersTheRowsFromTheCurrentOne) {
+    TfrmFound window = Make("f('a1', 'b1', 'c1');\r\n");
+    window.SelectCell(1);
+    User.OnInput("Input start ID (IDS_):", "12a");
+    User.OnMessage("For automatic generation start ID shall be integer!");
+    window.acStartID();
+    EXPECT_EQ(User.Proposed, "1");
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_0|IDS_1|IDS_2|");
+    User.OnInput("Input start ID (IDS_):", "70");
+    window.acStartID();
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_0|IDS_70|IDS_71|");
+}
+
+TEST_F(TFound, DeletedRowsComeBackInTheirOrder) {
+    TfrmFound window = Make("f('a1', 'b1', 'c1', 'd1');\r\n");
+    User.OnMessage("Delete selected row (IDS_0)?", mrNo);
+    window.acDeleteRow();
+    User.OnMessage("Delete selected row (IDS_0)?", mrYes);
+    window.acDeleteRow();
+    User.OnInput("Type string which is included in rows which should be deleted:", "");
+    window.acDeleteRowsContains();
+    User.OnInput("Type string which is included in rows which should be deleted:", "c");
+    window.acDeleteRowsContains();
+    window.acInvertSelection();
+    EXPECT_EQ(window.StatusPanels,
+              (std::array<std::string, 3>{"Found strings: 2", "Deleted strings: 2", "Selected rows: 2"}));
+    window.acSwitchDeleted();
+    EXPECT_EQ(Column(window.Shown(), 2), "a1|c1|");
+    window.acSelectRow();
+    window.acRestoreDeletedRow();
+    EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|d1|");
+    EXPECT_EQ(Context.ExcludeRowsTypedStr, "c");
+}
+
+TEST_F(TFound, ExcludedPhrasesGoForGood) {
+    TfrmFound window = Make("f('Yes', 'no', 'YES', 'ok', 'yes', 'ok');\r\n");
+    User.OnMessage("Exclude all \"Yes\" and add it to Skip Words for future skipping?", mrYes);
+    window.acExclude();
+    EXPECT_EQ(Column(window.sgStrings, 2), "no|ok|ok|");
+    window.acInvertSelection();
+    User.OnMessage(
+        "This will exclude phrases:\r\nno\r\nok\r\nand add them to \"Skip Words\" option for future "
+        "skipping! Continue?",
+        mrYes);
+    window.acExclude();
+    EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok"}));
+    EXPECT_TRUE(window.sgDeleted.Rows.empty());
+}
+
+TEST_F(TFound, AsksBeforeItCloses) {
+    TfrmFound window = Make("f('a1');\r\n");
+    User.OnMessage("This will close the Found Strings form! Continue?", mrNo);
+    window.tbCancelClick();
+    EXPECT_FALSE(window.FormCloseQuery());
+    window.ModalResult = mrNone;
+    window.acSelectRow();
+    User.OnMessage("There are some row(s) selected. Continue?", mrYes);
+    User.OnMessage("This will apply changes and modify source code. Continue?", mrNo);
+    window.tbModifyClick();
+    EXPECT_EQ(window.ModalResult, mrNone);
+    window.SetEditText(0, "");
+    User.OnMessage("The string \"a1\" has no ID!");
+    window.tbModifyClick();
+    EXPECT_TRUE(Make("x\r\n").FormCloseQuery()) << "with nothing in it nobody is asked";
+}
+
+TEST_F(TFound, RemembersItsLayout) {
+    Registry.Values[kKey + "\\GridCols"] = std::string("1,x,3");
+    Registry.Values[kKey + "\\PreviewHeight"] = 33;
+    TfrmFound window = Make("f('a1');\r\n");
+    window.FormShow();
+    window.HideNotice();
+    window.FormClose();
+    EXPECT_EQ(Registry.Writes, (std::vector<std::string>{"FoundStrings\\GridCols=string 1,100,3,290",
+                                                         "FoundStrings\\NoticeVisible=bool 0",
+                                                         "FoundStrings\\PreviewHeight=integer 33"}));
+}
+
+TEST_F(TFound, RowsWithAnAdviceCanBeSelected) {
+    TfrmFound window = Make(
+        "unit U;\r\ninterface\r\nconst\r\n  C = 'One';\r\nimplementation\r\n"
+        "procedure TForm1.P;\r\nbegin\r\n  F('Two');\r\nend;\r\nend.\r\n");
+    window.acSelectAdvised();
+    EXPECT_EQ(window.sgStrings.SelectedCount(), 1);
+    EXPECT_EQ(window.Advice(), AdviceText(TAdvice::Const));
+    window.SelectCell(1);
+    EXPECT_EQ(window.Advice(), "");
+}
+
+}  // namespace
+}  // namespace tml

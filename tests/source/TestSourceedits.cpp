@@ -1,0 +1,147 @@
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "base/Errors.h"
+#include "source/Sourceedits.h"
+
+namespace tml {
+namespace {
+
+using TEditor = std::function<TEdits(const TSourceText&)>;
+
+std::string Lines(std::string text) {
+    for (std::size_t pos = 0; (pos = text.find('\n', pos)) != std::string::npos; pos += 2)
+        text.insert(pos, 1, '\r');
+    return text;
+}
+
+struct TCase {
+    const char* Before;
+    const char* After;
+};
+
+void ExpectEdits(const TLanguage& language, const TEditor& edit, std::initializer_list<TCase> cases) {
+    for (const TCase& row : cases) {
+        const std::string text = Lines(row.Before);
+        const TSourceText source(std::string_view(text), language, "Unit1.pas");
+        EXPECT_EQ(ApplyEdits(text, edit(source)), Lines(row.After)) << row.Before;
+    }
+}
+
+const TEditor kAdd = [](const TSourceText& s) { return AddField(s, "tform1", "mlLang1", "TmlLang"); };
+const TEditor kAddCpp = [](const TSourceText& s) { return AddField(s, "TForm1", "mlLang1", "TmlLang"); };
+const TEditor kRename = [](const TSourceText& s) { return RenameField(s, "TForm1", "B", "NewName"); };
+const TEditor kRemove = [](const TSourceText& s) { return RemoveField(s, "TForm1", "B"); };
+
+TEST(Fields, AreAddedInPascal) {
+    ExpectEdits(
+        kPascal, kAdd,
+        {{"type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    procedure X;\n  private\n    C: "
+          "TC;\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n    A: TA;\n    B : TB; // b\n    mlLang1 : TmlLang;\n    "
+          "procedure X;\n"
+          "  private\n    C: TC;\n  end;\n"},
+         {"type\n  TForm1 = class;\n  TForm1 = class(TForm)\n  private\n    { Private }\n  public\n  end;\n",
+          "type\n  TForm1 = class;\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n  private\n    { Private "
+          "}\n"
+          "  public\n  end;\n"},
+         {"type\n  TForm1 = class(TForm)\n  published\n    A, B: record X: Integer; end;\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n  published\n    A, B: record X: Integer; end;\n    mlLang1: "
+          "TmlLang;\n  end;\n"},
+         {"type\n  TForm1 = class(TForm)\n    procedure X;\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n    procedure X;\n  end;\n"},
+         {"type\n  TForm1 = class(TForm) end;\n",
+          "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n  end;\n"},
+         {"type\n  TForm1 = class(TForm)\n  public\n    MLLANG1: TmlLang;\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n  public\n    MLLANG1: TmlLang;\n  end;\n"}});
+}
+
+TEST(Fields, AreRenamedAndRemoved) {
+    const char* several = "type TForm1 = class\n    A, B, C: TA;\n  end;\n";
+    ExpectEdits(kPascal, kRename, {{several, "type TForm1 = class\n    A, NewName, C: TA;\n  end;\n"}});
+    ExpectEdits(
+        kPascal, kRemove,
+        {{several, "type TForm1 = class\n    A, C: TA;\n  end;\n"},
+         {"type TForm1 = class\n    B, C: TA;\n  end;\n", "type TForm1 = class\n    C: TA;\n  end;\n"},
+         {"type TForm1 = class\n    A, B: TA;\n  end;\n", "type TForm1 = class\n    A: TA;\n  end;\n"},
+         {"type TForm1 = class\n    A: TA;\n    b: TB; // x\n  end;\n",
+          "type TForm1 = class\n    A: TA;\n  end;\n"},
+         {"type TForm1 = class\n    procedure X(B: TB);\n    A: TA; B: TB;\n  end;\n",
+          "type TForm1 = class\n    procedure X(B: TB);\n    A: TA; \n  end;\n"}});
+    ExpectEdits(kCpp, kRemove,
+                {{"class TForm1 : public TForm\n{\n\tTA *A;\n\tTB *B;\n};\n",
+                  "class TForm1 : public TForm\n{\n\tTA *A;\n};\n"},
+                 {"class TForm1 {\n TA *B, *C;\n};\n", "class TForm1 {\n TA *C;\n};\n"}});
+}
+
+TEST(Fields, AreAddedInCpp) {
+    ExpectEdits(kCpp, kAddCpp,
+                {{"class TForm1 : public TForm\n{\n__published:\t// IDE\n\tTA* A;\n\tvoid __fastcall X();\n"
+                  "private:\n\tTB *B;\npublic:\n};\n",
+                  "class TForm1 : public TForm\n{\n__published:\t// IDE\n\tTA* A;\n\tTmlLang* mlLang1;\n"
+                  "\tvoid __fastcall X();\nprivate:\n\tTB *B;\npublic:\n};\n"},
+                 {"class TForm1;\nclass PACKAGE TForm1 : public TForm\n{\n__published:\nprivate:\n};\n",
+                  "class TForm1;\nclass PACKAGE TForm1 : public TForm\n{\n__published:\n\tTmlLang "
+                  "*mlLang1;\nprivate:\n};\n"}});
+}
+
+TEST(Fields, MissingOnesAreNamedWithTheirLine) {
+    const std::string text = "interface\ntype TForm2 = class\n  A: TA;\nend;\nimplementation\n";
+    const TSourceText source(std::string_view(text), kPascal, "Unit1.pas");
+    const auto lineOf = [](const std::function<void()>& call) {
+        try {
+            call();
+        } catch (const EBadInput& error) {
+            return error.File() == "Unit1.pas" ? error.Line() : -1;
+        }
+        return -2;
+    };
+    EXPECT_EQ(lineOf([&] { AddField(source, "TForm1", "x", "TX"); }), 5);
+    EXPECT_EQ(lineOf([&] { RemoveField(source, "TForm2", "x"); }), 2);
+    EXPECT_EQ(lineOf([&] {
+                  AddImplementationUnit(TSourceText(std::string_view("begin\nend."), kPascal, "Unit1.pas"),
+                                        "X");
+              }),
+              2);
+}
+
+TEST(Units, AreAddedToUsesClauses) {
+    const TEditor add = [](const TSourceText& s) { return AddUsedUnit(s, "mlLang"); };
+    ExpectEdits(
+        kPascal, add,
+        {{"unit U;\ninterface\nuses\n  A, B.C;\nimplementation\nuses D;\n",
+          "unit U;\ninterface\nuses\n  A, B.C, mlLang;\nimplementation\nuses D;\n"},
+         {"interface\nuses\n  A,\n  B { x };\n", "interface\nuses\n  A,\n  B { x },\n  mlLang;\n"},
+         {"interface\nuses A, MLLANG;\n", "interface\nuses A, MLLANG;\n"},
+         {"interface\nuses A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n",
+          "interface\nuses mlLang, A {$IFDEF X}, B;{$ELSE};{$ENDIF}\n"},
+         {"interface\nuses A{$IFDEF X}, B{$ENDIF};\n", "interface\nuses A{$IFDEF X}, B{$ENDIF}, mlLang;\n"},
+         {"interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb;\n",
+          "interface\nuses Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa, Bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb,\n  "
+          "mlLang;\n"},
+         {"unit U;\ninterface\ntype\n", "unit U;\ninterface\n\nuses\n  mlLang;\ntype\n"},
+         {"program P;\nuses A in 'a.pas' {Form1};\nbegin\nend.\n",
+          "program P;\nuses A in 'a.pas' {Form1}, mlLang;\nbegin\nend.\n"}});
+    const TEditor addBelow = [](const TSourceText& s) { return AddImplementationUnit(s, "Unit2"); };
+    ExpectEdits(kPascal, addBelow,
+                {{"interface\nuses A;\nimplementation\n{$R *.dfm}\n",
+                  "interface\nuses A;\nimplementation\n\nuses\n  Unit2;\n{$R *.dfm}\n"},
+                 {"interface\nuses A;\nimplementation\nuses B;\n",
+                  "interface\nuses A;\nimplementation\nuses B, Unit2;\n"},
+                 {"interface\nuses unit2;\nimplementation\n", "interface\nuses unit2;\nimplementation\n"}});
+}
+
+TEST(Units, AreIncludedInHeaders) {
+    const TEditor add = [](const TSourceText& s) { return AddInclude(s, "mlLang.hpp"); };
+    ExpectEdits(
+        kCpp, add,
+        {{"#ifndef UH\n#define UH\n#include <A.hpp>\n#ifdef X\n#include \"B.h\"\n#endif\nclass C;\n#endif\n",
+          "#ifndef UH\n#define UH\n#include <A.hpp>\n#include \"mlLang.hpp\"\n#ifdef X\n#include "
+          "\"B.h\"\n#endif\nclass C;\n#endif\n"},
+         {"#pragma once\nclass C;\n", "#pragma once\n#include \"mlLang.hpp\"\nclass C;\n"},
+         {"#include <MLLANG.hpp>\n", "#include <MLLANG.hpp>\n"},
+         {"class C;\n", "#include \"mlLang.hpp\"\nclass C;\n"}});
+}
+
+}  // namespace
+}  // namespace tml
