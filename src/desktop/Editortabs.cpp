@@ -1,6 +1,8 @@
 #include "desktop/Editortabs.h"
 
+#include <QTabBar>
 #include <QTimer>
+#include <QToolButton>
 
 #include "base/Utf8.h"
 #include "desktop/Codeeditor.h"
@@ -14,13 +16,13 @@ namespace tml {
 namespace {
 
 constexpr int kTypingPause = 500;  ///< ms; what is typed without one is one step of undo
+constexpr int kCloseSize = 9;      ///< pixels
 
 }  // namespace
 
 TEditorTabs::TEditorTabs(THeadlessIde& ide, TRunner& runner) : ide_(ide), runner_(runner) {
     setObjectName("editorTabs");
     setDocumentMode(true);
-    setTabsClosable(true);
     setMovable(true);
     connect(this, &QTabWidget::tabCloseRequested, this,
             [this](int index) { runner_.Run([&] { CloseTab(index); }); });
@@ -53,6 +55,19 @@ void TEditorTabs::Commit() {
         if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) editor->Commit();
 }
 
+void TEditorTabs::AddTab(QWidget& widget, const char* picture, const std::string& fileName) {
+    const int index = addTab(&widget, PictureOf(picture), ToQt(FileNameOf(fileName)));
+    setTabToolTip(index, ToQt(fileName));
+    auto* close = new QToolButton(tabBar());
+    close->setIcon(PictureOf("cancel"));
+    close->setIconSize({kCloseSize, kCloseSize});
+    close->setAutoRaise(true);
+    close->setToolTip("Close (Ctrl+F4)");
+    connect(close, &QToolButton::clicked, &widget,
+            [this, &widget] { Q_EMIT tabCloseRequested(indexOf(&widget)); });
+    tabBar()->setTabButton(index, QTabBar::RightSide, close);
+}
+
 void TEditorTabs::ShowSource(const std::shared_ptr<IOTAModule>& module, int index) {
     const auto source = module->GetSourceEditor(index);
     TCodeEditor* editor = Find(source->GetFileName());
@@ -67,8 +82,7 @@ void TEditorTabs::ShowSource(const std::shared_ptr<IOTAModule>& module, int inde
             RefreshTitles();
         };
         connect(pause, &QTimer::timeout, this, [this] { runner_.Run([] {}); });
-        addTab(editor, PictureOf("unit"), ToQt(FileNameOf(editor->FileName())));
-        setTabToolTip(count() - 1, ToQt(editor->FileName()));
+        AddTab(*editor, "unit", editor->FileName());
     }
     current_ = editor->FileName();
     source->Show();
@@ -93,8 +107,7 @@ void TEditorTabs::ShowFormText(const std::string& unitFile) {
     }
     if (view == nullptr) {
         view = new TFormTextView(form->GetFileName());
-        addTab(view, PictureOf("form"), ToQt(FileNameOf(view->FileName())));
-        setTabToolTip(count() - 1, ToQt(view->FileName()));
+        AddTab(*view, "form", view->FileName());
     }
     setCurrentWidget(view);
     FollowFormTexts();

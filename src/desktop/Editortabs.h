@@ -35,6 +35,7 @@ class TEditorTabs : public QTabWidget {
     QsciScintilla* CurrentText() const;
 
   private:
+    void AddTab(QWidget& widget, const char* picture, const std::string& fileName);
     void DropClosed();
     void FollowCurrent();
     void FollowFormTexts();

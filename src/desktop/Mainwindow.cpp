@@ -70,7 +70,7 @@ void TMainWindow::BuildPanes() {
     messages_ = new TMessagePane;
     ui_->messageDock->setWidget(messages_);
     ui_->messageDock->hide();
-    resizeDocks({ui_->projectDock, ui_->messageDock}, {260, 0}, Qt::Horizontal);
+    resizeDocks({ui_->projectDock, ui_->messageDock}, {260, 260}, Qt::Horizontal);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
 
     messages_->OnGoTo = [this](const std::string& file, int line) { runner_.Run([&] { GoTo(file, line); }); };

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "desktop/Formdialog.h"
+#include "desktop/Icons.h"
 #include "desktop/Texts.h"
 #include "desktop/Views.h"
 
@@ -38,12 +39,13 @@ constexpr std::array kButtons{
     TButton{mrYesToAll, "Yes to &All", QMessageBox::YesRole},
 };
 
-const std::map<TMsgDlgType, QMessageBox::Icon> kPictures{
-    {TMsgDlgType::mtWarning, QMessageBox::Warning},
-    {TMsgDlgType::mtError, QMessageBox::Critical},
-    {TMsgDlgType::mtInformation, QMessageBox::Information},
-    {TMsgDlgType::mtConfirmation, QMessageBox::Question},
+const std::map<TMsgDlgType, const char*> kPictures{
+    {TMsgDlgType::mtWarning, "advice"},
+    {TMsgDlgType::mtError, "error"},
+    {TMsgDlgType::mtInformation, "info"},
+    {TMsgDlgType::mtConfirmation, "help"},
 };
+constexpr int kPictureSize = 32;
 
 constexpr const char* kCaption = "TmlLang Expert";
 
@@ -64,7 +66,8 @@ QWidget* TQtDialogs::Front() const {
 TModalResult TQtDialogs::MessageDlg(const std::string& text, TMsgDlgType type,
                                     const TMsgDlgButtons& buttons) {
     progress_.Hide();
-    QMessageBox box(kPictures.at(type), kCaption, {}, QMessageBox::NoButton, Front());
+    QMessageBox box(QMessageBox::NoIcon, kCaption, {}, QMessageBox::NoButton, Front());
+    box.setIconPixmap(PictureOf(kPictures.at(type)).pixmap(kPictureSize));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text));
     std::map<const QAbstractButton*, TModalResult> results;

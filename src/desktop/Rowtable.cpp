@@ -7,11 +7,10 @@
 namespace tml {
 namespace {
 
-constexpr int kBand = 3;            ///< pixels of the bar in front of the current row
-constexpr int kTint = 40;           ///< of 255, the highlight's share in the current row
-constexpr int kSelectedTint = 110;  ///< in a selected row
+constexpr int kBand = 3;   ///< pixels of the bar in front of the current row
+constexpr int kTint = 40;  ///< of 255, the highlight's share in the current row
 
-/// Tints the current row and the selected ones, so that both can be seen at once.
+/// Tints the current row and puts a bar in front of it, so that it is told from the selected ones.
 class TRowDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -19,18 +18,18 @@ class TRowDelegate : public QStyledItemDelegate {
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         const auto* table = static_cast<const QTableView*>(parent());
-        QStyleOptionViewItem plain = option;
         const bool current = table->currentIndex().row() == index.row();
-        const bool selected = (option.state & QStyle::State_Selected) != 0;
-        plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
-        QColor tint = option.palette.color(QPalette::Highlight);
-        tint.setAlpha(selected ? kSelectedTint : current ? kTint : 0);
-        painter->fillRect(option.rect, tint);
+        if (current && (option.state & QStyle::State_Selected) == 0) {
+            QColor tint = option.palette.color(QPalette::Highlight);
+            tint.setAlpha(kTint);
+            painter->fillRect(option.rect, tint);
+        }
+        QStyleOptionViewItem plain = option;
+        plain.state &= ~QStyle::State_HasFocus;
         QStyledItemDelegate::paint(painter, plain, index);
-        if (!current) return;
-        const QRect& cell = option.rect;
-        if (index.column() == 0)
-            painter->fillRect(cell.left(), cell.top(), kBand, cell.height(), option.palette.highlight());
+        if (!current || index.column() != 0) return;
+        painter->fillRect(option.rect.left(), option.rect.top(), kBand, option.rect.height(),
+                          option.palette.link());
     }
 };
 
@@ -43,7 +42,7 @@ TRowTable::TRowTable(QWidget* parent) : QTableView(parent) {
 QItemSelectionModel::SelectionFlags TRowTable::selectionCommand(const QModelIndex& index,
                                                                 const QEvent* event) const {
     const auto* input = dynamic_cast<const QInputEvent*>(event);
-    if (input == nullptr) return QTableView::selectionCommand(index, event);
+    if (input == nullptr) return QItemSelectionModel::NoUpdate;
     const auto* key = dynamic_cast<const QKeyEvent*>(event);
     if (key != nullptr && key->key() == Qt::Key_Space)
         return QItemSelectionModel::Toggle | QItemSelectionModel::Rows;

@@ -72,8 +72,10 @@ class TPictures {
     void RunCommand(const char* name) {
         window_->Runner().Run([&] { window_->Host().ExpertWindow()->Run(name); });
     }
-    void SelectForm(int row) {
-        window_->findChild<QTableView*>("lvFormNames")->selectRow(row);
+    void SelectForm(const QString& form) {
+        auto& table = *window_->findChild<QTableView*>("lvFormNames");
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            if (table.model()->index(row, 0).data() == form) table.selectRow(row);
         Settle();
     }
 
@@ -86,7 +88,7 @@ class TPictures {
 };
 
 void TPictures::TakeAll() {
-    SelectForm(0);
+    SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
     Take(*window_, "workbench");
     steps_.push_back([this](QWidget& dialog) {
@@ -96,7 +98,9 @@ void TPictures::TakeAll() {
     RunCommand("Languages");
     steps_.push_back([this](QWidget& review) {
         auto& table = *review.findChild<QTableView*>("sgStrings");
-        table.setCurrentIndex(table.model()->index(2, 1));
+        table.setCurrentIndex(table.model()->index(4, 1));
+        table.selectionModel()->select(table.model()->index(2, 1),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
         Take(review, "review");
         steps_.push_back([this](QWidget& question) {
             Take(question, "question");
@@ -104,9 +108,10 @@ void TPictures::TakeAll() {
                                     new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
         });
         steps_.push_back([](QWidget& message) { message.close(); });
+        table.selectionModel()->clearSelection();
         review.findChild<QAction*>("ModifySource")->trigger();
     });
-    SelectForm(0);
+    SelectForm("MainForm");
     RunCommand("SourceWithForm");
     Take(*window_, "rewritten");
     window_->Runner().Run([this] { window_->Tabs().ShowFormText(Path("orchard/Main.pas")); });

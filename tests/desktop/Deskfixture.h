@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
+#include <QtTest/QtTest>
 #include <deque>
 #include <filesystem>
 #include <functional>
