@@ -56,6 +56,7 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
     BindActions();
     FillToolBar();
     FillPopup();
+    ui_->sgStrings->setFocus();
 }
 
 TFoundView::~TFoundView() = default;
@@ -236,6 +237,7 @@ void TFoundView::RefreshPreview() {
     QTextCursor cursor(ui_->memPreview->document());
     cursor.setPosition(place(preview.Begin));
     ui_->memPreview->setTextCursor(cursor);
+    ui_->memPreview->centerCursor();
     const std::string advice = form_.Advice();
     ui_->advice->setText(ToQt(advice));
     ui_->adviceIcon->setVisible(!advice.empty());

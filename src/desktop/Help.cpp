@@ -33,6 +33,7 @@ constexpr std::array kPages{
 };
 
 constexpr int kMargin = 16;
+constexpr int kSpacing = 3;
 
 }  // namespace
 
@@ -49,6 +50,7 @@ THelp::THelp(QWidget* parent) : QDialog(parent), contents_(new QListWidget), pag
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
+    contents_->setSpacing(kSpacing);
     contents_->setFrameShape(QFrame::NoFrame);
     page_->setFrameShape(QFrame::NoFrame);
     page_->document()->setDocumentMargin(kMargin);

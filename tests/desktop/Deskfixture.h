@@ -103,6 +103,8 @@ class TDesktop : public testing::Test {
     }
     /// Clicks a menu entry or tool button by its component name and waits until it is done.
     void Click(const QString& action) {
+        // Menus that have been made anew leave their old entries for the event loop to delete.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         Find<QAction>(action).trigger();
         QApplication::processEvents();
     }

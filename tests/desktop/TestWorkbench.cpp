@@ -7,6 +7,8 @@
 
 #include "desktop/Deskfixture.h"
 #include "desktop/Rowtable.h"
+#include "expert/Mllangexp.h"
+#include "scan/Found.h"
 
 namespace tml {
 namespace {
@@ -97,6 +99,52 @@ TEST_F(TWorkbench, FiltersAndGivesTheReviewUp) {
     EXPECT_EQ(Cell(Find<QTableView>("lvFormNames"), 0, 4), "") << "no component is left on the form";
 }
 
+TEST_F(TWorkbench, TheReviewBearsTwentyThousandRows) {
+    OpenOrchard();
+    constexpr int kRows = 20'000;
+    TContext& context = Window->Host().Expert()->Context();
+    TFoundInput input;
+    input.FileName = "Big.pas";
+    input.Source = std::make_shared<std::string>("x := 'a';\r\n");
+    input.Style.Language = &LanguageOf("Big.pas");
+    for (int i = 0; i < kRows; ++i) {
+        TmlFoundSourceString& found = input.Found.AddItem();
+        found.StrID = "IDS_" + std::to_string(i);
+        found.StrContent = "text number " + std::to_string(kRows - i);
+        found.Position = 6;
+        found.SpanLength = 3;
+    }
+    TfrmFound form(context, std::move(input));
+    QElapsedTimer time;
+    const auto measure = [&](const char* step) {
+        RecordProperty(step, static_cast<int>(time.restart()));
+        QApplication::processEvents();
+    };
+    User.On([&](QWidget& review) {
+        measure("open");
+        auto& table = *review.findChild<TRowTable*>("sgStrings");
+        ASSERT_EQ(table.model()->rowCount(), kRows);
+        time.restart();
+        table.sortByColumn(2, Qt::AscendingOrder);
+        measure("sort");
+        EXPECT_EQ(Cell(table, 0, 2), "text number 1");
+        table.scrollToBottom();
+        measure("scroll");
+        table.setFocus();
+        QTest::keyClick(&table, Qt::Key_I, Qt::ControlModifier);
+        measure("invert");
+        EXPECT_EQ(form.StatusPanels[2], "Selected rows: 20000");
+        QTest::keyClicks(review.findChild<QLineEdit*>("filter"), "R 1999");
+        measure("filter");
+        EXPECT_EQ(table.model()->rowCount(), 11);
+        EXPECT_EQ(form.StatusPanels[2], "Selected rows: 11") << "what is hidden is no longer selected";
+        User.Answer("This will close", "Yes");
+        review.close();
+    });
+    time.start();
+    EXPECT_EQ(context.Dialogs().ShowModal(form), mrCancel);
+}
+
 TEST_F(TWorkbench, TypingIsUndoneByTheIde) {
     OpenOrchard();
     Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 3); });
@@ -120,10 +168,8 @@ TEST_F(TWorkbench, TheEditorsBlockIsTheIdes) {
     QTest::keyClick(&editor, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(editor.Source().GetBlockStart(), (TOTACharPos{5, 0}));
     EXPECT_EQ(editor.Source().GetBlockAfter(), (TOTACharPos{6, 0}));
-    User.On([](QWidget& menu) { menu.close(); });
     const auto mark = Window->Host().Ide().GetNTAServices()->GetEditorLocalMenu().Items.back();
     EXPECT_EQ(mark->Caption, "Mark as &untranslatable");
-    User.On([](QWidget&) {});
     Window->Runner().Run([&] { mark->Click(); });
     EXPECT_TRUE(editor.text().contains("{TML:IGNORE ON}"));
 }
@@ -167,7 +213,6 @@ TEST_F(TWorkbench, TheExpertDocksFloatsAndComesBack) {
     EXPECT_TRUE(dock->windowFlags() & Qt::WindowStaysOnTopHint);
     Click("Exit1");
     EXPECT_EQ(Window->Host().ExpertWindow(), nullptr);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Click("mlLangExpertMenuItem");
     ASSERT_NE(Window->Host().ExpertWindow(), nullptr);
     EXPECT_TRUE(Find<QDockWidget>("TmlLangExpertIDEDockableForm").isVisible());
