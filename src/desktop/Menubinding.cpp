@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QToolBar>
 #include <algorithm>
 
 #include "desktop/Icons.h"
@@ -77,8 +78,8 @@ void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& it
     action->setEnabled(item->Enabled);
     action->setCheckable(item->Checked);
     action->setChecked(item->Checked);
-    SetKeys(*action, item->ShortCut);
     if (!item->Hint.empty()) action->setToolTip(ToQt(item->Hint));
+    SetKeys(*action, item->ShortCut);
     // Not at once: the command may take away the menu that it was chosen from.
     QObject::connect(
         action, &QAction::triggered, target_,
@@ -94,7 +95,13 @@ void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& it
 
 void TMenuBinding::SetKeys(QAction& action, TShortCut shortCut) {
     if (shortCut == 0) return;
-    action.setShortcut(KeysOf(shortCut));
+    const QKeySequence keys = KeysOf(shortCut);
+    if (qobject_cast<QToolBar*>(target_) != nullptr) {
+        // The entry in the menu has the keys: a second action with them would make both ambiguous.
+        action.setToolTip(action.toolTip() + " (" + keys.toString(QKeySequence::NativeText) + ")");
+        return;
+    }
+    action.setShortcut(keys);
     if (keys_ == nullptr) return;
     action.setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // A command that stands in two menus answers to its keys once.
