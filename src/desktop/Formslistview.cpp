@@ -84,7 +84,7 @@ void TFormsListView::BindHeader() {
         // The last column stretches: its width is that of the window.
         auto& columns = form_.lvFormNames.Columns;
         const auto index = static_cast<std::size_t>(column);
-        if (index + 1 < columns.size()) columns[index].Width = width;
+        if (index + 1 < columns.size()) columns[index].Width = DesignWidth(*this, width);
     });
 }
 
@@ -105,7 +105,8 @@ void TFormsListView::RefreshHeader() {
     const QSignalBlocker quiet(&header);
     const auto& columns = form_.lvFormNames.Columns;
     for (std::size_t i = 0; i + 1 < columns.size(); ++i)
-        if (header.count() > static_cast<int>(i)) header.resizeSection(static_cast<int>(i), columns[i].Width);
+        if (header.count() > static_cast<int>(i))
+            header.resizeSection(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
     const TSettingValues& settings = form_.Context.Settings.Get();
     header.setSortIndicator(settings.SortedColumn,
                             settings.SortOrder > 0 ? Qt::AscendingOrder : Qt::DescendingOrder);

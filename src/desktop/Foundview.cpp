@@ -56,7 +56,6 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
     BindActions();
     FillToolBar();
     FillPopup();
-    ui_->sgStrings->setFocus();
 }
 
 TFoundView::~TFoundView() = default;
@@ -173,8 +172,9 @@ void TFoundView::Refresh() {
     if (!laidOut_ && form_.Visible) {
         laidOut_ = true;
         for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
-            ui_->sgStrings->setColumnWidth(static_cast<int>(i), form_.GridCols[i]);
+            ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, form_.GridCols[i]));
         ui_->splitter->setSizes({height(), form_.PreviewHeight});
+        ui_->sgStrings->setFocus();
     }
     model_.Refresh();
     RefreshSelection();
@@ -245,7 +245,7 @@ void TFoundView::RefreshPreview() {
 
 void TFoundView::BeforeClose() {
     for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
-        form_.GridCols[i] = ui_->sgStrings->columnWidth(static_cast<int>(i));
+        form_.GridCols[i] = DesignWidth(*this, ui_->sgStrings->columnWidth(static_cast<int>(i)));
     form_.PreviewHeight = ui_->splitter->sizes().at(1);
 }
 

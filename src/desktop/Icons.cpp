@@ -14,9 +14,25 @@
 namespace tml {
 namespace {
 
-/// The colours that stand in the drawings for the text's and the highlight's.
+/// The colours that stand in the drawings for those of the palette.
 constexpr const char* kInk = "#000000";
 constexpr const char* kAccent = "#0000ff";
+constexpr const char* kPaper = "#ffffff";
+
+struct TIconColours {
+    QColor Ink;
+    QColor Accent;
+    QColor Paper;
+};
+
+TIconColours ColoursOf(const QPalette& palette, QIcon::Mode mode) {
+    const QColor grey = palette.color(QPalette::Disabled, QPalette::WindowText);
+    const QColor onHighlight = palette.color(QPalette::HighlightedText);
+    const QColor base = palette.color(QPalette::Base);
+    if (mode == QIcon::Disabled) return {grey, grey, base};
+    if (mode == QIcon::Selected) return {onHighlight, onHighlight, palette.color(QPalette::Highlight)};
+    return {palette.color(QPalette::WindowText), palette.color(QPalette::Link), base};
+}
 
 /// Draws in the colours of the palette at the time of painting, so that a change of it needs no new icons.
 class TPaletteIcon : public QIconEngine {
@@ -24,12 +40,13 @@ class TPaletteIcon : public QIconEngine {
     explicit TPaletteIcon(const QByteArray& svg) : svg_(svg) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const QPalette palette = QGuiApplication::palette();
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto accent = mode == QIcon::Disabled ? QPalette::WindowText : QPalette::Link;
+        const TIconColours colours = ColoursOf(QGuiApplication::palette(), mode);
         QByteArray svg = svg_;
-        svg.replace(kInk, palette.color(group, QPalette::WindowText).name().toLatin1());
-        svg.replace(kAccent, palette.color(group, accent).name().toLatin1());
+        // By way of words: a colour of the palette may be one of the drawing's.
+        svg.replace(kPaper, "paper").replace(kInk, "ink").replace(kAccent, "accent");
+        svg.replace("paper", colours.Paper.name().toLatin1());
+        svg.replace("ink", colours.Ink.name().toLatin1());
+        svg.replace("accent", colours.Accent.name().toLatin1());
         QSvgRenderer(svg).render(painter, rect);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {

@@ -8,6 +8,11 @@
 #include "desktop/Texts.h"
 
 namespace tml {
+namespace {
+
+constexpr int kDesignCharWidth = 5;  ///< pixels
+
+}  // namespace
 
 bool TListModel::Refresh() {
     std::vector<int> ids;
@@ -63,6 +68,16 @@ void SetUpTable(QTableView& table) {
     table.horizontalHeader()->setHighlightSections(false);
     table.horizontalHeader()->setStretchLastSection(true);
     table.horizontalHeader()->setMinimumSectionSize(24);
+}
+
+int ShownWidth(const QWidget& widget, int designWidth) {
+    return designWidth * widget.fontMetrics().averageCharWidth() / kDesignCharWidth;
+}
+
+int DesignWidth(const QWidget& widget, int shownWidth) {
+    // Rounded up, so that the way there and back leaves a width as it was.
+    const int charWidth = widget.fontMetrics().averageCharWidth();
+    return (shownWidth * kDesignCharWidth + charWidth - 1) / charWidth;
 }
 
 void SelectionToList(const QTableView& table, TListView& list) {

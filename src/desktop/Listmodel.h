@@ -31,6 +31,9 @@ class TListModel : public QAbstractTableModel {
 
 /// Looks and behaviour that all tables share: whole rows, no cell grid, keys that move as in a list.
 void SetUpTable(QTableView& table);
+/// Column widths are those of a design with its small font; on the screen they grow with the widget's font.
+int ShownWidth(const QWidget& widget, int designWidth);
+int DesignWidth(const QWidget& widget, int shownWidth);
 /// Takes the selection of the table over into the rows, or shows that of the rows.
 void SelectionToList(const QTableView& table, TListView& list);
 void SelectionFromList(QTableView& table, const TListView& list);

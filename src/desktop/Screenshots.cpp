@@ -118,6 +118,13 @@ void TPictures::TakeAll() {
     Take(*window_, "formtext");
     window_->HelpContents();
     Take(*window_->findChild<THelp*>("help"), "help");
+    window_->findChild<THelp*>("help")->close();
+    window_->SaveAll();
+    std::filesystem::remove(Path("orchard/units/Pricing.pas"));
+    window_->ReloadProject();
+    window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
+    window_->Find();
+    Take(*window_, "messages");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <QDockWidget>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -204,6 +205,50 @@ TEST_F(TWorkbench, LanguagesOfAForm) {
     Click("tbLanguages");
     auto& forms = Find<QTableView>("lvFormNames");
     EXPECT_EQ(Cell(forms, forms.currentIndex().row(), 3), "3");
+}
+
+TEST_F(TWorkbench, KeysOfTheListStayInTheList) {
+    OpenOrchard();
+    Window->activateWindow();
+    auto& forms = Find<QTableView>("lvFormNames");
+    forms.setFocus();
+    QApplication::processEvents();
+    QTest::keyClick(&forms, Qt::Key_A, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(forms.selectionModel()->selectedRows().size(), forms.model()->rowCount());
+    const QString first = Cell(forms, 0, 0);
+    QTest::mouseClick(forms.horizontalHeader()->viewport(), Qt::LeftButton, {}, {10, 5});
+    EXPECT_NE(Cell(forms, 0, 0), first) << "the same column again turns the order round";
+}
+
+TEST_F(TWorkbench, ProgressComesLateAndCanBeStopped) {
+    IDialogs& dialogs = *Window->Host().Host().Dialogs;
+    EXPECT_TRUE(dialogs.ShowProgress("Working", 1, 3));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    QTest::qSleep(120);
+    User.On([](QWidget& box) { QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton); });
+    QElapsedTimer time;
+    time.start();
+    while (dialogs.ShowProgress("Working", 2, 3) && time.elapsed() < 5000)
+        QTest::qSleep(10);
+    EXPECT_LT(time.elapsed(), 5000);
+    dialogs.HideProgress();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(TWorkbench, ProblemsOfAProjectLeadToTheirFile) {
+    std::filesystem::remove(Path("orchard/units/Pricing.pas"));
+    OpenOrchard();
+    auto& messages = Window->Messages();
+    ASSERT_EQ(messages.topLevelItemCount(), 1);
+    EXPECT_TRUE(messages.isVisible());
+    auto& tree = Find<QTreeWidget>("projectTree");
+    for (QTreeWidgetItem* item : tree.findItems("MainForm", Qt::MatchStartsWith | Qt::MatchRecursive))
+        Q_EMIT tree.itemActivated(item, 0);
+    ASSERT_NE(Window->Tabs().Current(), nullptr);
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Main.pas"));
+    Q_EMIT messages.itemActivated(messages.topLevelItem(0), 0);
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Orchard.dproj"));
 }
 
 TEST_F(TWorkbench, TheExpertDocksFloatsAndComesBack) {
