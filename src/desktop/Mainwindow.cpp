@@ -177,6 +177,7 @@ void TMainWindow::ShowWindow(TForm& form) {
         dock_ = new TExpertDock(*window, *services_, this);
         if (!restoreDockWidget(dock_)) {
             addDockWidget(Qt::BottomDockWidgetArea, dock_);
+            tabifyDockWidget(ui_->messageDock, dock_);
             resizeDocks({dock_}, {form.ClientHeight * 3 / 4}, Qt::Vertical);
         }
     }
@@ -213,8 +214,9 @@ void TMainWindow::OpenProject(const QString& path) {
         messages_->clear();
         for (const TProjectProblem& problem : host_->Ide().Problems())
             messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
-        ui_->messageDock->setVisible(!host_->Ide().Problems().empty());
         if (host_->Expert() != nullptr) host_->Expert()->RunItemClick();
+        ui_->messageDock->setVisible(!host_->Ide().Problems().empty());
+        ui_->messageDock->raise();
     });
 }
 
