@@ -17,16 +17,16 @@ struct TRoleColour {
 };
 
 constexpr std::array kColours{
-    TRoleColour{QPalette::Window, "#f3f4f6", "#24272c"},
+    TRoleColour{QPalette::Window, "#f3f4f6", "#2d3137"},
     TRoleColour{QPalette::WindowText, "#1d2126", "#dfe2e6"},
     TRoleColour{QPalette::Base, "#ffffff", "#1b1e22"},
-    TRoleColour{QPalette::AlternateBase, "#f6f8fa", "#20242a"},
+    TRoleColour{QPalette::AlternateBase, "#f6f8fa", "#22262b"},
     TRoleColour{QPalette::Text, "#1d2126", "#dfe2e6"},
     TRoleColour{QPalette::PlaceholderText, "#767d86", "#8b929b"},
-    TRoleColour{QPalette::Button, "#eceef1", "#2e3238"},
+    TRoleColour{QPalette::Button, "#eceef1", "#3a3f46"},
     TRoleColour{QPalette::ButtonText, "#1d2126", "#dfe2e6"},
     TRoleColour{QPalette::BrightText, "#b3261e", "#ff8a80"},
-    TRoleColour{QPalette::ToolTipBase, "#ffffff", "#34393f"},
+    TRoleColour{QPalette::ToolTipBase, "#ffffff", "#3a3f46"},
     TRoleColour{QPalette::ToolTipText, "#1d2126", "#dfe2e6"},
     TRoleColour{QPalette::Highlight, "#2f6fb5", "#3d7cc4"},
     TRoleColour{QPalette::HighlightedText, "#ffffff", "#ffffff"},
