@@ -162,14 +162,19 @@ bool TfrmFound::FormCloseQuery() {
     return Confirm("This will close the Found Strings form! Continue?");
 }
 
+/// Every write reaches the disk, and a run over many units closes many reviews: only what is new is
+/// written.
 void TfrmFound::FormClose() {
     TStringList widths;
     for (const int width : GridCols)
         widths.Add(std::to_string(width));
     IRegistry& registry = *context_.Host.Registry;
-    registry.WriteString(kKey, "GridCols", widths.CommaText());
-    registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
-    registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
+    if (registry.ReadString(kKey, "GridCols") != widths.CommaText())
+        registry.WriteString(kKey, "GridCols", widths.CommaText());
+    if (registry.ReadBool(kKey, "NoticeVisible") != NoticeVisible)
+        registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
+    if (registry.ReadInteger(kKey, "PreviewHeight") != PreviewHeight)
+        registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
 }
 
 bool TfrmFound::Confirm(const std::string& question) {
@@ -224,7 +229,7 @@ void TfrmFound::acStartID() {
     std::string start = current->Record.StrID;
     if (start.starts_with(prefix)) start.erase(0, prefix.size());
     if (!context_.Dialogs().InputQuery(kCaption, "Input start ID (" + prefix + "):", start)) return;
-    int number = 0;
+    std::int64_t number = 0;
     try {
         number = ToInteger(start);
     } catch (const EConvertError&) {

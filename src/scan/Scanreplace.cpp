@@ -98,6 +98,7 @@ TScanInput TRun::MakeInput() {
 }
 
 bool TRun::FindStrings() {
+    context_.Skipped.clear();
     Progress("Scanning...");
     TScanResult result = Scan(input_);
     context_.Skipped = std::move(result.Skipped);

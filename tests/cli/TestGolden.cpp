@@ -16,6 +16,7 @@
 
 #include "base/Codedtext.h"
 #include "base/Diff.h"
+#include "forms/Formtree.h"
 
 namespace tml {
 namespace {
@@ -41,7 +42,8 @@ std::map<std::string, std::string> FilesBelow(const fs::path& folder) {
 
 /// Text as a person would see it, so that the expected files are readable whatever the encoding.
 std::string Shown(const std::string& bytes) {
-    std::string text = TCodedText(bytes, "").Text();
+    const bool binaryForm = bytes.starts_with("\xFF\x0A") || bytes.starts_with("TPF0");
+    std::string text = TCodedText(binaryForm ? TFormTree::Parse(bytes, "")->Text() : bytes, "").Text();
     std::erase(text, '\r');
     return text;
 }

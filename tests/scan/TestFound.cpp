@@ -135,9 +135,9 @@ TEST_F(TFound, RemembersItsLayout) {
     window.FormShow();
     window.HideNotice();
     window.FormClose();
+    window.FormClose();
     EXPECT_EQ(Registry.Writes, (std::vector<std::string>{"FoundStrings\\GridCols=string 1,100,3,290",
-                                                         "FoundStrings\\NoticeVisible=bool 0",
-                                                         "FoundStrings\\PreviewHeight=integer 33"}));
+                                                         "FoundStrings\\NoticeVisible=bool 0"}));
 }
 
 TEST_F(TFound, RowsWithAnAdviceCanBeSelected) {

@@ -1,6 +1,5 @@
 #include "base/Errors.h"
 #include "expert/Insertion.h"
-#include "expert/Modules.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
 #include "support/Expertfixture.h"
@@ -55,9 +54,10 @@ TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
     EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
     EXPECT_EQ(Files.Files, files) << "nothing is saved before the person saves";
 
+    Ide.SaveAll();
+    EXPECT_NE(Files.Files, files);
     EXPECT_EQ(Ide.Undo("/p/Unit1.pas"), "Replace hard-coded strings");
     EXPECT_EQ(Source(1), files.at("/p/Unit1.pas"));
-    MarkModifiedForm(Context(), "Form1");
     Ide.SaveAll();
     EXPECT_EQ(Files.Files, files) << "the form file too is as it was";
 }

@@ -33,4 +33,15 @@ object AboutBox: TAboutBox
     ModalResult = 1
     TabOrder = 0
   end
+  object mlLang_AboutBox: TmlLang
+    NumOfLanguages = 2
+    LangNames.Strings = (
+      'English'
+      'German')
+    Strings.Strings = (
+      'IDS_0'#1'Orchard order book'#1'Orchard-Bestellbuch'
+      
+        'IDS_1'#1'Version 2.1 for farms of every size'#1'Version 2.1 f'#252'r H'#246'fe je' +
+        'der Gr'#246#223'e')
+  end
 end
