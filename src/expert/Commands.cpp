@@ -43,6 +43,20 @@ void SelectAll(TfrmmlLang& window) {
     window.SelectAll1Click();
 }
 
+void StayOnTop(TfrmmlLang& window) {
+    window.StayOnTop = !window.StayOnTop;
+    window.SetChecked("StayOnTop", window.StayOnTop);
+}
+
+void Dockable(TfrmmlLang& window) {
+    window.Dockable = !window.Dockable;
+    window.SetChecked("Dockable", window.Dockable);
+}
+
+void HelpTopics(TfrmmlLang& window) {
+    window.Context.Dialogs().ShowHelp(window.Name);
+}
+
 constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
 
 // A command without a handler is not there yet: it is shown, never enabled, and gets its handler here.
@@ -85,9 +99,9 @@ constexpr std::array kCommands{
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
     TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, nullptr, "", true},
     TCommand{"SelectAll", "Select &All", "Ctrl+A", 0, plPopup, None, SelectAll},
-    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, nullptr},
-    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, nullptr},
-    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, nullptr},
+    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, StayOnTop},
+    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, Dockable},
+    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, HelpTopics},
 };
 
 constexpr std::array kSubMenus{
