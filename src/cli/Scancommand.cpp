@@ -22,13 +22,15 @@ struct TScanOptions {
 /// Turns ascending offsets of a text into lines and columns in one pass.
 class TLineCounter {
   public:
-    explicit TLineCounter(std::string_view text) : text_(text) {}
+    explicit TLineCounter(std::string_view text) : text_(text), end_(text.find('\n')) {}
 
     /// 1-based offset in; 1-based line out, the column likewise (in bytes).
     int LineOf(std::size_t offset) {
-        if (offset < begin_) begin_ = 0, line_ = 1;
-        for (std::size_t end = 0; (end = text_.find('\n', begin_)) < offset - 1; begin_ = end + 1)
-            ++line_;
+        if (offset <= begin_) *this = TLineCounter(text_);
+        for (; end_ < offset - 1; ++line_) {
+            begin_ = end_ + 1;
+            end_ = text_.find('\n', begin_);
+        }
         return line_;
     }
     int ColumnOf(std::size_t offset) const { return static_cast<int>(offset - begin_); }
@@ -36,6 +38,7 @@ class TLineCounter {
   private:
     std::string_view text_;
     std::size_t begin_ = 0;
+    std::size_t end_;  ///< of the line, looked for once
     int line_ = 1;
 };
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "expert/Expopt.h"
 #include "expert/Insertion.h"
 #include "expert/Mlmainform.h"
 #include "expert/Modules.h"
@@ -61,7 +62,7 @@ constexpr std::array kCommands{
     TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, nullptr},
     TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
     TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, On<SourceWithForm>},
-    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, nullptr},
+    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, On<SourceWithoutForm>},
     TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, nullptr},
     TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, nullptr},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
@@ -79,7 +80,7 @@ constexpr std::array kCommands{
     TCommand{"Wizards", "&Wizards", "", 0, plTools, None, nullptr},
     TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Find"},
     TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Replace"},
-    TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, nullptr},
+    TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, On<sbOptionsClick>},
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
     TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, nullptr, "", true},

@@ -53,6 +53,15 @@ void ClearRows(TListView& list) {
     list.Clear();
 }
 
+TChoiceBox FormsBox(TContext& context, const std::string& chosen) {
+    TChoiceBox box;
+    for (const auto& row : context.Rows.FormNames.Items())
+        box.Items.Add(row->Caption);
+    box.Items.Sort();
+    box.ItemIndex = box.Items.IndexOf(chosen);
+    return box;
+}
+
 void SortRows(TContext& context, int column, int order) {
     context.Rows.FormNames.Sort(
         [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });

@@ -4,6 +4,7 @@
 
 #include "base/Folderindex.h"
 #include "expert/Context.h"
+#include "platform/Boxes.h"
 
 namespace tml {
 
@@ -19,6 +20,9 @@ void RefreshItem(TContext& context, TListItem* item);
 
 /// Lets go of the rows' notifiers and empties the list.
 void ClearRows(TListView& list);
+
+/// A box with the names of the listed forms, sorted; the one given is chosen where it is among them.
+TChoiceBox FormsBox(TContext& context, const std::string& chosen);
 
 /// Sorts the forms list by a column in the given direction (1 or -1); both are stored.
 void SortRows(TContext& context, int column, int order);

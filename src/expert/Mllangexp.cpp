@@ -33,6 +33,11 @@ TmlLangExpert::TmlLangExpert(const THost& host)
       services_(host.Services == nullptr ? nullptr : host.Services->GetServices()) {
     settings_.ReadSettings();
     Configure();
+    context_.ShowExpert = [this] { RunItemClick(); };
+    context_.RebuildMenuItem = [this] {
+        RemoveSettings();
+        Configure();
+    };
     addInNotifier_ = std::make_shared<TmlAddInNotifier>(context_.Gate, *this);
     if (services_ != nullptr) notifierIndex_ = services_->AddNotifier(addInNotifier_);
     host_.Runtime->NavigateToSource = [this](const std::string& formName, const std::string& id) {
@@ -130,7 +135,11 @@ void TmlLangExpert::InstallEditorPopupMenu() {
         item->Caption = command.Caption;
         item->OnClick = [this, &command] {
             const TCommandGate::TCommand running(context_.Gate);
-            command.Handler(context_);
+            try {
+                command.Handler(context_);
+            } catch (const EmlLangSilent&) {
+                // The command has ended without a message, as it wanted to.
+            }
         };
         nta->GetEditorLocalMenu().Items.push_back(item);
         editorItems_.push_back(std::move(item));

@@ -131,8 +131,9 @@ class TCloser {
     /// What was opened in a comment ends with it.
     void LeaveComments(std::size_t place) {
         if (commentEnd_ == 0 || place < commentEnd_) return;
-        for (; open_.size() > openOutside_; open_.pop_back())
-            CloseAtLineEnd(open_.back());
+        for (std::size_t i = openOutside_; i < open_.size(); ++i)
+            CloseAtLineEnd(open_[i]);
+        open_.resize(std::min(openOutside_, open_.size()));
         commentEnd_ = 0;
         openOutside_ = 0;
     }
@@ -150,7 +151,14 @@ class TCloser {
     }
 
     void CloseAtLineEnd(std::size_t call) {
-        if (call != kOther) calls_[call].End = LineEnd(source_.Text(), calls_[call].Open);
+        if (call == kOther) return;
+        // Many calls may stand on one long line.
+        const std::size_t open = calls_[call].Open;
+        if (open < lineFrom_ || open >= lineEnd_) {
+            lineFrom_ = open;
+            lineEnd_ = LineEnd(source_.Text(), open);
+        }
+        calls_[call].End = lineEnd_;
     }
 
     const TSourceText& source_;
@@ -161,6 +169,8 @@ class TCloser {
     std::size_t comment_ = 0;
     std::size_t commentEnd_ = 0;   ///< of the comment that the walk is in, 0 outside
     std::size_t openOutside_ = 0;  ///< size of open_ when it entered that comment
+    std::size_t lineFrom_ = 0;     ///< from here to lineEnd_ is a line that was looked for
+    std::size_t lineEnd_ = 0;
 };
 
 }  // namespace
@@ -173,9 +183,11 @@ std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponent
     for (const std::size_t method : FindMethods(text)) {
         const std::size_t open = OpenOf(text, method);
         const std::size_t begin = open == std::string_view::npos ? open : references.BeginOf(method);
-        if (begin != std::string_view::npos) calls.push_back({begin, open, LineEnd(text, open)});
+        if (begin != std::string_view::npos) calls.push_back({begin, open, 0});
     }
     TCloser(source, calls).Run();
+    // What looks like a call inside a literal is text.
+    std::erase_if(calls, [](const TAccessorCall& call) { return call.End == 0; });
     return calls;
 }
 

@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "scan/Lines.h"
+#include "scan/Skippedstrings.h"
 #include "source/Sourcetext.h"
 
 namespace tml {
@@ -26,6 +27,7 @@ constexpr std::array kActions{
     TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
     TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted},
     TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped},
     TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
     TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
     TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
@@ -64,6 +66,7 @@ std::array<std::string, 4> TFoundGrid::Cells(const TFoundRow& row) {
 
 std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {
     std::vector<TFoundRow*> rows;
+    if (&grid != &Shown()) return rows;
     for (TFoundRow& row : grid.Rows)
         if (row.Selected) rows.push_back(&row);
     if (rows.empty() && grid.Current() != nullptr) rows.push_back(grid.Current());
@@ -145,14 +148,19 @@ bool TfrmFound::FormCloseQuery() {
     return Confirm("This will close the Found Strings form! Continue?");
 }
 
+/// Every write reaches the disk, and a run over many units closes many reviews: only what is new is
+/// written.
 void TfrmFound::FormClose() {
     TStringList widths;
     for (const int width : GridCols)
         widths.Add(std::to_string(width));
     IRegistry& registry = *context_.Host.Registry;
-    registry.WriteString(kKey, "GridCols", widths.CommaText());
-    registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
-    registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
+    if (registry.ReadString(kKey, "GridCols") != widths.CommaText())
+        registry.WriteString(kKey, "GridCols", widths.CommaText());
+    if (registry.ReadBool(kKey, "NoticeVisible") != NoticeVisible)
+        registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
+    if (registry.ReadInteger(kKey, "PreviewHeight") != PreviewHeight)
+        registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
 }
 
 bool TfrmFound::Confirm(const std::string& question) {
@@ -201,7 +209,7 @@ void TfrmFound::acStartID() {
     std::string start = current->Record.StrID;
     if (start.starts_with(prefix)) start.erase(0, prefix.size());
     if (!context_.Dialogs().InputQuery(kCaption, "Input start ID (" + prefix + "):", start)) return;
-    int number = 0;
+    std::int64_t number = 0;
     try {
         number = ToInteger(start);
     } catch (const EConvertError&) {
@@ -251,6 +259,7 @@ void TfrmFound::acRestoreDeletedRow() {
 }
 
 void TfrmFound::acDeleteRowsContains() {
+    if (ShowsDeleted) return;
     std::string& part = context_.ExcludeRowsTypedStr;
     std::string answer = part;
     if (!context_.Dialogs().InputQuery(
@@ -295,6 +304,10 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
 void TfrmFound::acSwitchDeleted() {
     ShowsDeleted = !ShowsDeleted;
     Update();
+}
+
+void TfrmFound::acViewSkipped() {
+    ViewSkipped(context_);
 }
 
 // --- selection

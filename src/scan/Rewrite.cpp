@@ -82,8 +82,10 @@ std::vector<TTextRange> IgnoredLines(const TmlFoundSourceStrings& rows, const TS
     const TLines lines(source);
     for (const TmlFoundSourceString& row : rows) {
         if (!row.MarkedToIgnore) continue;
-        const TTextRange range = lines.Around(static_cast<std::size_t>(row.SpanBegin - 1),
-                                              static_cast<std::size_t>(row.SpanEnd - 1));
+        const auto begin = static_cast<std::size_t>(row.SpanBegin - 1);
+        // Many rows may stand on one long line.
+        if (!ranges.empty() && begin < ranges.back().End) continue;
+        const TTextRange range = lines.Around(begin, static_cast<std::size_t>(row.SpanEnd - 1));
         if (!ranges.empty() && range.Begin <= ranges.back().End)
             ranges.back().End = std::max(ranges.back().End, range.End);
         else

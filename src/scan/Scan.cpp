@@ -104,8 +104,8 @@ class TWalk {
                 // A line with a delimiter of its own is recorded when the walk comes to it.
                 const bool recordsItself = later.find(language_.Delimiter()) != kNone;
                 if (!recordsItself)
-                    SkipString(skipped, Trim(later), static_cast<std::int32_t>(literal.Open + 1), reason,
-                               false);
+                    SkipString(skipped, text_.substr(line, LineEnd(text_, line) - line),
+                               static_cast<std::int32_t>(literal.Open + 1), reason, false);
                 return true;
             }
             line = end;

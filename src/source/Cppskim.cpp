@@ -24,7 +24,7 @@ bool IsIn(const List& list, std::string_view word) {
 
 class TCppSkimmer {
   public:
-    explicit TCppSkimmer(std::string_view text) : text_(text) {}
+    explicit TCppSkimmer(std::string_view text) : text_(text), rawStrings_(text) {}
 
     TSkim Run() {
         std::size_t pos = 0;
@@ -44,22 +44,29 @@ class TCppSkimmer {
             case '/':
                 return next == '/' || next == '*' ? AddComment(pos) : pos + 1;
             default:
-                if (StartsLine(pos)) directive_ = {pos, LogicalLineEnd(text_, pos)};
+                if (!InDirective(pos) && StartsLine(pos)) directive_ = {pos, LogicalLineEnd(text_, pos)};
                 return pos + 1;
         }
     }
 
+    /// True when only blanks and comments stand in front on the line.
     bool StartsLine(std::size_t pos) const {
-        while (pos > 0 && IsBlank(text_[pos - 1]) && text_[pos - 1] != '\n')
-            --pos;
-        return pos == 0 || text_[pos - 1] == '\n';
+        auto comment = skim_.Comments.rbegin();
+        for (;;) {
+            while (pos > 0 && IsBlank(text_[pos - 1]) && text_[pos - 1] != '\n')
+                --pos;
+            if (pos == 0 || text_[pos - 1] == '\n') return true;
+            if (comment == skim_.Comments.rend() || comment->End != pos) return false;
+            pos = comment->Begin;
+            ++comment;
+        }
     }
 
     bool InDirective(std::size_t pos) const { return pos >= directive_.first && pos < directive_.second; }
 
     std::size_t AddString(std::size_t open) {
         const std::string_view prefix = PrefixBefore(text_, open);
-        const TQuoted raw = IsRawPrefix(prefix) ? ReadRawString(text_, open) : TQuoted{};
+        const TQuoted raw = IsRawPrefix(prefix) ? rawStrings_.Read(open) : TQuoted{};
         const TQuoted quoted = raw.Closed ? raw : ReadCppQuotes(text_, open);
         if (!quoted.Closed) return quoted.End;
         TLiteral& literal = Add(open, quoted);
@@ -162,6 +169,7 @@ class TCppSkimmer {
     }
 
     std::string_view text_;
+    TRawStrings rawStrings_;
     TSkim skim_;
     std::pair<std::size_t, std::size_t> directive_{0, 0};
     std::size_t last_ = kNone;        ///< index of the last literal in code
@@ -184,15 +192,19 @@ TQuoted ReadCppQuotes(std::string_view text, std::size_t open) {
     return {open + 1, text.size(), text.size(), false};
 }
 
-TQuoted ReadRawString(std::string_view text, std::size_t open) {
+TQuoted TRawStrings::Read(std::size_t open) {
     const std::size_t paren =
-        text.substr(0, std::min(text.size(), open + kMaxRawDelimiter + 2)).find('(', open);
+        text_.substr(0, std::min(text_.size(), open + kMaxRawDelimiter + 2)).find('(', open);
     if (paren == kNone) return {};
-    const std::string_view delimiter = text.substr(open + 1, paren - open - 1);
+    const std::string_view delimiter = text_.substr(open + 1, paren - open - 1);
     if (delimiter.find_first_of(" \t\r\n\\)\"") != kNone) return {};
     const std::string closer = ")" + std::string(delimiter) + "\"";
-    const std::size_t close = text.find(closer, paren + 1);
-    if (close == kNone) return {};
+    if (missing_.contains(closer)) return {};
+    const std::size_t close = text_.find(closer, paren + 1);
+    if (close == kNone) {
+        missing_.insert(closer);
+        return {};
+    }
     return {paren + 1, close, close + closer.size(), true};
 }
 

@@ -123,6 +123,7 @@ class TCppDecoder {
 
 std::string DecodeCpp(std::string_view text, const TLiteral& literal, bool bytes) {
     TCppDecoder decoder(bytes);
+    TRawStrings rawStrings(text.substr(0, literal.End));
     for (std::size_t pos = literal.Open; pos < literal.End;) {
         if (text[pos] == '/') {
             pos = CppCommentEnd(text, pos);
@@ -130,7 +131,7 @@ std::string DecodeCpp(std::string_view text, const TLiteral& literal, bool bytes
             ++pos;
         } else {
             const std::string_view prefix = PrefixBefore(text, pos);
-            const TQuoted raw = IsRawPrefix(prefix) ? ReadRawString(text, pos) : TQuoted{};
+            const TQuoted raw = IsRawPrefix(prefix) ? rawStrings.Read(pos) : TQuoted{};
             const TQuoted quoted = raw.Closed ? raw : ReadCppQuotes(text, pos);
             const std::string_view body = text.substr(quoted.BodyBegin, quoted.BodyEnd - quoted.BodyBegin);
             if (raw.Closed)
@@ -147,7 +148,7 @@ std::string EncodePascal(std::string_view text) {
     std::string body;
     bool inCodes = false;
     for (const char c : text) {
-        const bool isCode = static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+        const bool isCode = (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F';
         if (isCode != inCodes) body += '\'';
         inCodes = isCode;
         if (isCode)

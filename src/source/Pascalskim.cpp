@@ -35,16 +35,6 @@ std::size_t FindClosingRun(std::string_view text, std::size_t pos, std::size_t q
     return kNone;
 }
 
-/// A text over several lines that opens at open; not Closed when there is none.
-TQuoted ReadLongText(std::string_view text, std::size_t open) {
-    const std::size_t behind = std::min(text.find_first_not_of('\'', open), text.size());
-    const std::size_t quotes = behind - open;
-    if (quotes < 3 || quotes % 2 == 0 || behind == text.size() || !IsLineEnd(text[behind])) return {};
-    const std::size_t close = FindClosingRun(text, behind, quotes);
-    if (close == kNone) return {};
-    return {behind, close, close + quotes, true};
-}
-
 /// True when a character code (#13, #$0D, ^M) ends at end.
 bool EndsWithCode(std::string_view text, std::size_t end) {
     if (end >= 2 && text[end - 2] == '^' && !IsBlank(text[end - 1]))
@@ -88,9 +78,26 @@ class TPascalSkimmer {
     }
 
     std::size_t AddLiteral(std::size_t open) {
-        const TQuoted quoted = ReadPascalLiteral(text_, open);
+        const TQuoted longText = ReadLongText(open);
+        const TQuoted quoted = longText.Closed ? longText : ReadPascalQuotes(text_, open);
         if (quoted.Closed) Add(open, quoted);
         return quoted.End;
+    }
+
+    /// A text over several lines that opens at open; not Closed when there is none.
+    TQuoted ReadLongText(std::size_t open) {
+        if (text_.substr(open, 3) != "'''") return {};
+        const std::size_t behind = std::min(text_.find_first_not_of('\'', open), text_.size());
+        const std::size_t quotes = behind - open;
+        if (quotes % 2 == 0 || behind == text_.size() || !IsLineEnd(text_[behind])) return {};
+        // Where one search has come to nothing, those behind it do as well.
+        if (quotes >= missingRun_) return {};
+        const std::size_t close = FindClosingRun(text_, behind, quotes);
+        if (close == kNone) {
+            missingRun_ = quotes;
+            return {};
+        }
+        return {behind, close, close + quotes, true};
     }
 
     TLiteral& Add(std::size_t open, const TQuoted& quoted) {
@@ -174,6 +181,7 @@ class TPascalSkimmer {
     std::string_view text_;
     TSkim skim_;
     bool nest_ = false;
+    std::size_t missingRun_ = kNone;  ///< no run of as many apostrophes closes a text any more
 };
 
 }  // namespace
@@ -186,11 +194,6 @@ TQuoted ReadPascalQuotes(std::string_view text, std::size_t open) {
         if (pos + 1 == text.size() || text[pos + 1] != '\'') return {open + 1, pos, pos + 1, true};
         pos += 2;
     }
-}
-
-TQuoted ReadPascalLiteral(std::string_view text, std::size_t open) {
-    const TQuoted longText = text.substr(open, 3) == "'''" ? ReadLongText(text, open) : TQuoted{};
-    return longText.Closed ? longText : ReadPascalQuotes(text, open);
 }
 
 TSkim SkimPascal(std::string_view text) {

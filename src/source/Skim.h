@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,14 +29,22 @@ struct TQuoted {
     bool Closed = false;  ///< when not, End is the end of the line
 };
 
-/// The Pascal literal whose first apostrophe is at open.
-TQuoted ReadPascalLiteral(std::string_view text, std::size_t open);
-/// The same on one line, as it may stand in a comment.
+/// The Pascal literal on one line whose first apostrophe is at open.
 TQuoted ReadPascalQuotes(std::string_view text, std::size_t open);
 /// The C++ string or character constant (without prefix) that opens at open.
 TQuoted ReadCppQuotes(std::string_view text, std::size_t open);
-/// The C++ raw string whose quote (behind the R) is at open; not Closed when it is none.
-TQuoted ReadRawString(std::string_view text, std::size_t open);
+/// Reads the C++ raw strings of a text in their order; remembers which closers do not come any more, so
+/// that openers without an end are not each searched to the end of the text.
+class TRawStrings {
+  public:
+    explicit TRawStrings(std::string_view text) : text_(text) {}
+    /// The raw string whose quote (behind the R) is at open; not Closed when it is none.
+    TQuoted Read(std::size_t open);
+
+  private:
+    std::string_view text_;
+    std::set<std::string> missing_;
+};
 /// True when the prefix in front of a quote makes it a raw string.
 bool IsRawPrefix(std::string_view prefix);
 /// The string prefix (L, u8R ...) that ends at the quote at open, often empty.

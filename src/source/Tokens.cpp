@@ -104,9 +104,8 @@ class TTokenizer {
 
     void AddQuotes() {
         const bool isLiteral = text_[pos_] == source_.Language().Delimiter();
-        const TQuoted quoted =
-            isCpp_ || !isLiteral ? ReadCppQuotes(text_, pos_) : ReadPascalLiteral(text_, pos_);
         if (!isCpp_ && !isLiteral) return AddAssemblerText();
+        const TQuoted quoted = isCpp_ ? ReadCppQuotes(text_, pos_) : ReadPascalQuotes(text_, pos_);
         const bool isCharacter = quoted.Closed && !isLiteral;
         const std::size_t end = quoted.End - (!quoted.Closed && text_[quoted.End - 1] == '\r' ? 1 : 0);
         Add(isCharacter ? TTokenKind::Character : TTokenKind::Stray, end);
@@ -144,18 +143,13 @@ class TTokenizer {
     }
 
     void AddCppSymbol() {
-        if (text_[pos_] == '#' &&
-            (tokens_.empty() || LineStart(text_, pos_) >= tokens_.back().End || OnlyCommentsInFront()))
+        if (text_[pos_] == '#' && pos_ >= directiveEnd_ && OnlyCommentsInFront())
             directiveEnd_ = LogicalLineEnd(text_, pos_);
         AddSymbol(kCppPairs);
     }
 
     bool OnlyCommentsInFront() const {
-        const std::size_t line = LineStart(text_, pos_);
-        return std::all_of(
-            tokens_.rbegin(),
-            std::find_if(tokens_.rbegin(), tokens_.rend(), [&](const TToken& t) { return t.End <= line; }),
-            [](const TToken& t) { return t.Kind == TTokenKind::Comment; });
+        return codeEnd_ == 0 || text_.substr(codeEnd_, pos_ - codeEnd_).find('\n') != std::string_view::npos;
     }
 
     template <std::size_t N>
@@ -170,6 +164,7 @@ class TTokenizer {
         if (onDirectiveLine && end > directiveEnd_) directiveEnd_ = LogicalLineEnd(text_, end);
         tokens_.push_back({kind, onDirectiveLine, pos_, end, index});
         pos_ = end;
+        if (kind != TTokenKind::Comment) codeEnd_ = end;
     }
 
     const TSourceText& source_;
@@ -179,6 +174,7 @@ class TTokenizer {
     std::size_t literal_ = 0;
     std::size_t comment_ = 0;
     std::size_t directiveEnd_ = 0;
+    std::size_t codeEnd_ = 0;  ///< of the last token that is no comment
     std::vector<TToken> tokens_;
 };
 

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/Utf8.h"
+#include "expert/Formrows.h"
 #include "platform/Filedialogs.h"
 
 namespace tml {
@@ -57,18 +58,9 @@ TfrmProjectTranslationSettings::TfrmProjectTranslationSettings(TContext& context
     ckbForceEmpties = flag("DictionaryForceEmpties");
     ckbParseMultilines = flag("DictionaryParseMultilines");
     edDefTranslationFile = text("DefaultTranslationFileName");
-    cbDefFormForUnits = MakeBox(text("DefaultFormForUnits"));
-    cbDefFormForDispatcher = MakeBox(text("DispatcherForm"));
-    cbDefFormForCommonContainer = MakeBox(text("CommonContainerForm"));
-}
-
-TFormBox TfrmProjectTranslationSettings::MakeBox(const std::string& option) {
-    TFormBox box;
-    for (const auto& row : context_.Rows.FormNames.Items())
-        box.Items.Add(row->Caption);
-    box.Items.Sort();
-    box.ItemIndex = box.Items.IndexOf(option);
-    return box;
+    cbDefFormForUnits = FormsBox(context_, text("DefaultFormForUnits"));
+    cbDefFormForDispatcher = FormsBox(context_, text("DispatcherForm"));
+    cbDefFormForCommonContainer = FormsBox(context_, text("CommonContainerForm"));
 }
 
 void TfrmProjectTranslationSettings::FormShow() {

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
@@ -78,6 +79,9 @@ TEST(Scan, AppliesTheSettingsInOrder) {
     input.Common = nullptr;
     EXPECT_EQ(Dump(Scan(input)),
               "IDS_0=a1 IDS_1=ab IDS_2=x1 | ssrByPhrase:ok ssrByPhrase:OK ssrByLine:Log('cd');");
+    TScanInput joined = InputFor("a.cpp", "s = \"ab\"\r\n  // log(\r\n  \"cd\";\r\n");
+    joined.Skip.SkipLines = input.Skip.SkipLines;
+    EXPECT_EQ(Dump(Scan(joined)), "| ssrByLine:  // log(");
     input.Skip.IgnorableLength = 2;
     EXPECT_EQ(Dump(Scan(input)), "| ssrByLine:Log('cd');");
     input = InputFor("a.pas", "s := '' + 'x' + '–';\r\n");
@@ -87,13 +91,17 @@ TEST(Scan, AppliesTheSettingsInOrder) {
 }
 
 TEST(Scan, PassesOverCallsThatAreThere) {
-    ExpectScans("a.pas",
-                {{"s := mlLang1.GetText('IDS_0' (* 'Old' *) ) + 'ab';\r\n", "IDS_0=ab |"},
-                 {"s := SELF.mllang1.gettextordefault ( 'X', 'Text' + F('y(')) + 'ab';\r\n", "IDS_0=ab |"},
-                 {"s := Form1.mlLang1.GetTextW('XX') + Form2.mlLang1.GetText('ab');\r\n", "IDS_0=ab |"},
-                 {"s := mlLang2.GetText('ab') + mlLang1.GetTexts('cd');\r\n", "IDS_0=ab IDS_1=cd |"},
-                 {"s := mlLang1.GetText(\r\n  'XX',\r\n  'Text') + 'ab';\r\n", "IDS_0=ab |"},
-                 {"// mlLang1.GetText('XX' \r\ns := 'ab';\r\n", "IDS_0=ab |"}});
+    ExpectScans(
+        "a.pas",
+        {{"s := mlLang1.GetText('IDS_0' (* 'Old' *) ) + 'ab';\r\n", "IDS_0=ab |"},
+         {"s := SELF.mllang1.gettextordefault ( 'X', 'Text' + F('y(')) + 'ab';\r\n", "IDS_0=ab |"},
+         {"s := Form1.mlLang1.GetTextW('XX') + Form2.mlLang1.GetText('ab');\r\n", "IDS_0=ab |"},
+         {"s := mlLang2.GetText('ab') + mlLang1.GetTexts('cd');\r\n", "IDS_0=ab IDS_1=cd |"},
+         {"s := mlLang1.GetText(\r\n  'XX',\r\n  'Text') + 'ab';\r\n", "IDS_0=ab |"},
+         {"// mlLang1.GetText('XX' \r\ns := 'ab';\r\n", "IDS_0=ab |"},
+         {"s := mlLang1.GetText('X' { mlLang1.GetText( }\r\n;\r\ns := 'ab';\r\n", "IDS_0=ab |"},
+         {"s := 'mlLang1.GetText(' + 'ab';\r\n", "IDS_0=mlLang1.GetText( IDS_1=ab |"},
+         {"{ it's mlLang1.GetText('X') } s := 'ab';\r\n", "IDS_0=ab | ssrComments:s mlLang1.GetText("}});
     ExpectScans("a.cpp", {{"s = mlLang1->GetText(\"XX\" /* \"Old\" */ ) + F('(', \"ab\");\r\n", "IDS_0=ab |"},
                           {"s = this->mlLang1->GetTextC(\"XX\" \"YY\");\r\n", "|"}});
 }
@@ -129,6 +137,29 @@ TEST(Scan, CoversTheSelectionOnly) {
     EXPECT_EQ(scan("b :=", "'gh"), "IDS_0=cd IDS_1=ef |") << "the last line is cut";
     input.Selection = TTextRange{text.find("b :="), text.size() + 100};
     EXPECT_EQ(Scan(input).Found[0].Position, static_cast<int>(text.find("'cd'") + 1));
+}
+
+/// Openers without an end, and much on one line, must not be searched again and again.
+TEST(Scan, TakesTimeThatGrowsWithTheText) {
+    constexpr int kTimes = 100'000;
+    const struct {
+        const char* FileName;
+        const char* Begin;
+        const char* Repeated;
+        int Found;
+    } cases[] = {
+        {"a.pas", "", "x := '''\r\n", 0}, {"a.cpp", "", "x = R\"a(;)\r\n", 0},
+        {"a.cpp", "x =", " R\"a(\"", 1},  {"a.cpp", "", "#x \"ab\" \\\r\n", kTimes},
+        {"a.cpp", "\"ab\" ", "# ", 1},    {"a.pas", "'ab'", " mlLang1.GetText(", 1},
+    };
+    for (const auto& row : cases) {
+        std::string text = row.Begin;
+        for (int i = 0; i < kTimes; ++i)
+            text += row.Repeated;
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(Scan(InputFor(row.FileName, text + "\r\n")).Found.Count(), row.Found) << row.Repeated;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << row.Repeated;
+    }
 }
 
 TEST(Scan, ReportsProgressAndStops) {

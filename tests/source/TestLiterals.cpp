@@ -58,6 +58,7 @@ TEST(Literals, OfCpp) {
         {R"x(s = R"y(a"b\n)y";)x", R"x([R"y(a"b\n)y"=a"b\n])x"},
         {R"(c = '"'; d = '\''; n = 1'000'000; s = "a";)", R"(["a"=a])"},
         {R"(s = _T("a") _T("b"); t = TEXT( "c" "d" );)", R"([_T("a") _T("b")=ab][TEXT( "c" "d" )=cd])"},
+        {"/* c */ #include \"x.h\"", "[\"x.h\"=x.h]d"},
         {"#include \"x.h\"\n\"y\"", "[\"x.h\"=x.h]d[\"y\"=y]"},
         {"#define A \\\n \"x\" \"y\"\ns = \"z\";", "[\"x\" \"y\"=xy]d[\"z\"=z]"},
         {"#error don't \"x\ns = \"a\";", "[\"a\"=a]"},
@@ -71,7 +72,7 @@ TEST(Literals, OfCpp) {
 
 TEST(Literals, AreWrittenAsTheyAreRead) {
     const std::string text = "it's \"x\"\\\r\n\tend\x01";
-    EXPECT_EQ(EncodeLiteralBody(text, kPascal), "it''s \"x\"\\'#13#10#9'end'#1'");
+    EXPECT_EQ(EncodeLiteralBody(text, kPascal), "it''s \"x\"\\'#13#10'\tend'#1'");
     const std::string cpp = "\"" + EncodeLiteralBody(text, kCpp) + "\"";
     const TSourceText source(std::string_view(cpp), kCpp);
     ASSERT_EQ(source.Literals().size(), 1U);

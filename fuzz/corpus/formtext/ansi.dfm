@@ -1,0 +1,3 @@
+inherited Frame: TFrame
+  Caption = 'Größe'
+end

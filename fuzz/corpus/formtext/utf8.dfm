@@ -1,0 +1,3 @@
+﻿object Größe: TForm
+	Caption = 'Ж'
+end

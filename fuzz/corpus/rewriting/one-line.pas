@@ -1,0 +1,1 @@
+Say('no line end')
