@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "scan/Found.h"
+#include "scan/Selunit.h"
 
 namespace tml {
 
@@ -32,8 +33,9 @@ TModalResult TAnswers::ShowModal(TForm& form) {
     progress_.Hide();
     form.Visible = true;
     form.FormShow();
-    auto* found = dynamic_cast<TfrmFound*>(&form);
-    if (found != nullptr && Review) Review(*found);
+    if (auto* found = dynamic_cast<TfrmFound*>(&form); found != nullptr && Review) Review(*found);
+    if (auto* units = dynamic_cast<TfrmTranslUnits*>(&form); units != nullptr && ChooseUnits)
+        ChooseUnits(*units);
     form.Visible = false;
     form.FormClose();
     return form.ModalResult == mrNone ? mrCancel : form.ModalResult;

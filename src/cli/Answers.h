@@ -10,6 +10,7 @@
 namespace tml {
 
 class TfrmFound;
+class TfrmTranslUnits;
 
 /// Answers the system's questions from the command's options. Naming the command is consent to what it
 /// does; a warning (overwriting, deleting) is answered with Yes only on --yes.
@@ -19,6 +20,8 @@ class TAnswers : public IDialogs {
 
     /// What stands in for the person in the review: changes the rows and closes the window.
     std::function<void(TfrmFound&)> Review;
+    /// What stands in for the person in the choice of units.
+    std::function<void(TfrmTranslUnits&)> ChooseUnits;
     /// Error messages shown since the last ClearErrors.
     std::vector<std::string> Errors;
     /// Texts of information since the last ClearErrors.

@@ -68,6 +68,9 @@ int RunProgram(int argc, char** argv) {
     app.add_flag("--yes", program.Yes, "Answer warnings (overwriting, deleting) with Yes");
     app.add_option("--config", program.ConfigFolder, "Folder of the settings instead of the user's")
         ->type_name("DIR");
+    app.add_option("--project", program.ProjectName,
+                   "Project of a group to work on instead of its active one")
+        ->type_name("NAME");
     app.footer(kFooter);
     for (const TAddCommand add : kCommands)
         add(app, program);

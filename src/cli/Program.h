@@ -16,6 +16,7 @@ struct TProgram {
     bool Json = false;
     bool Yes = false;
     std::string ConfigFolder;  ///< of the settings; the user's unless --config names another
+    std::string ProjectName;   ///< of the group's project to work on; "" for its active one
     /// Class of inserted components in this run, the user's default when empty.
     std::string ComponentClass;
     IFileSystem* Files = nullptr;

@@ -5,8 +5,10 @@
 
 #include "base/Errors.h"
 #include "cli/Jsonlines.h"
+#include "cli/Scantargets.h"
 #include "cli/Session.h"
 #include "scan/Found.h"
+#include "scan/Selunit.h"
 
 namespace tml {
 namespace {
@@ -14,6 +16,7 @@ namespace {
 struct TReplaceOptions {
     std::string Project;
     std::vector<std::string> Forms;
+    std::vector<std::string> Units;
     bool All = false;
     bool DryRun = false;
     bool Patch = false;
@@ -48,7 +51,10 @@ class TReplaceRun {
 
     int Run() {
         const auto command = session_.Modules().BeginCommand("Replace strings");
-        session_.ForEach(session_.Rows(options_.Forms), [this](TListItem& row) { ReplaceIn(row); });
+        if (options_.Units.empty())
+            session_.ForEach(session_.Rows(options_.Forms), [this](TListItem& row) { ReplaceIn(row); });
+        else
+            ReplaceInUnits();
         if (options_.Patch) std::cout << command->Patch();
         if (!options_.Patch && !options_.DryRun) {
             command->Commit();
@@ -60,16 +66,62 @@ class TReplaceRun {
 
   private:
     void ReplaceIn(TListItem& row) {
-        decision_ = {};
         const std::string file = row.SubItems[fcFileName];
         const std::string form = row.Caption;
         session_.Select(row);
-        session_.Window().Run("SourceWithForm");
+        RunAndPrint("SourceWithForm", form, file);
+    }
+
+    /// Units one by one, so that one that fails does not keep the others back.
+    void ReplaceInUnits() {
+        const std::string form = session_.Rows({ReceivingForm()}).front()->Caption;
+        for (const std::string& unit : UnitFiles()) {
+            session_.Answers().ChooseUnits = [&](TfrmTranslUnits& window) {
+                window.lbUnits.Selected.assign(window.lbUnits.Selected.size(), false);
+                window.lbUnits.Selected.at(static_cast<std::size_t>(window.lbUnits.Items.IndexOf(unit))) =
+                    true;
+                window.cbForm.ItemIndex = window.cbForm.Items.IndexOf(form);
+                window.btOKClick();
+            };
+            const std::string name = RelativeTo(folder_, unit);
+            session_.Attempt(name, [&] { RunAndPrint("SourceWithoutForm", name, unit); });
+        }
+    }
+
+    std::string ReceivingForm() {
+        if (options_.Forms.size() > 1)
+            throw EBadInput("", 0, "the strings of units go to one form", "Say --form once");
+        if (!options_.Forms.empty()) return options_.Forms.front();
+        const TfrmTranslUnits chooser(session_.Context());
+        if (chooser.cbForm.ItemIndex < 0)
+            throw EBadInput(options_.Project, 0, "no form is to receive the strings of units",
+                            "Say --form FORM, or choose a default form for units in the project's settings");
+        return chooser.cbForm.Text();
+    }
+
+    /// The files of the units without a form that the options name by unit or file.
+    std::vector<std::string> UnitFiles() {
+        std::vector<std::string> files;
+        for (const TScanTarget& target :
+             TargetsOfProject(*session_.Modules().GetActiveProject(), {}, options_.Units)) {
+            if (!target.FormName.empty())
+                throw EBadInput(target.FileName, 0, "is the unit of the form " + target.FormName,
+                                "Say --form " + target.FormName + " without --unit");
+            if (session_.Context().Project.TranslatableUnits.IndexOf(target.FileName) < 0)
+                throw EBadInput(target.FileName, 0, "is no unit of Object Pascal or C++");
+            files.push_back(target.FileName);
+        }
+        return files;
+    }
+
+    void RunAndPrint(const char* command, const std::string& subject, const std::string& file) {
+        decision_ = {};
+        session_.Window().Run(command);
         if (!session_.Answers().Errors.empty()) return;
         if (program_.Json)
             PrintJson(file);
         else
-            PrintText(form, RelativeTo(folder_, file));
+            PrintText(subject, RelativeTo(folder_, file));
     }
 
     void PrintJson(const std::string& file) {
@@ -90,12 +142,12 @@ class TReplaceRun {
             print(row, "left");
     }
 
-    void PrintText(const std::string& form, const std::string& file) {
+    void PrintText(const std::string& subject, const std::string& file) {
         if (options_.DryRun)
             for (const TFoundRow& row : decision_.Replaced)
                 report_ << file << ":" << row.Record.Line + 1 << ": '" << row.Record.StrContent << "' -> "
                         << WrittenText(row.Record) << "\n";
-        report_ << form << ": " << decision_.Replaced.size()
+        report_ << subject << ": " << decision_.Replaced.size()
                 << (options_.DryRun ? " strings found" : " strings replaced");
         if (!decision_.LeftOut.empty())
             report_ << ", " << decision_.LeftOut.size() << " left out" << Reasons();
@@ -128,10 +180,14 @@ void AddReplaceCommand(CLI::App& app, TProgram& program) {
         app, "replace", "Move the strings of forms' units into their components and rewrite the sources",
         "  tmllang replace Orchard.dproj --form MainForm --patch > main.patch\n"
         "  tmllang replace Orchard.dproj --form MainForm --form OrderDialog\n"
-        "  tmllang replace Orchard.dproj --dry-run --json");
+        "  tmllang replace Orchard.dproj --unit Pricing --unit Tracing --form MainForm\n"
+        "  tmllang replace Farm.groupproj --project Cellar --dry-run --json");
     const auto options = std::make_shared<TReplaceOptions>();
     command->add_option("PROJECT", options->Project, "A project file")->required();
     command->add_option("--form", options->Forms, "Only the unit of this form; may be repeated");
+    command->add_option("--unit", options->Units,
+                        "A unit without a form, into the component of the one --form, or of the project's "
+                        "default form for units; may be repeated");
     command->add_flag("--all", options->All, "Also strings that carry an advice against it");
     command->add_flag("--dry-run", options->DryRun, "List what would be replaced; write nothing");
     command->add_flag("--patch", options->Patch, "Print the change as a unified diff; write nothing");

@@ -38,7 +38,7 @@ class TLineCounter {
   private:
     std::string_view text_;
     std::size_t begin_ = 0;
-    std::size_t end_;
+    std::size_t end_;  ///< of the line, looked for once
     int line_ = 1;
 };
 

@@ -57,22 +57,25 @@ void TSession::Select(TListItem& row) {
 }
 
 void TSession::ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work) {
-    for (TListItem* row : rows) {
-        if (Interrupted()) throw EBadInput("", 0, "stopped", "Nothing was written");
-        ++rows_;
-        Answers().ClearMessages();
-        bool failed = false;
-        try {
-            work(*row);
-        } catch (const EmlLangSilent&) {
-            failed = true;
-        } catch (const EBadInput& error) {
-            failed = true;
-            Answers().Errors.emplace_back(error.what());
-        }
-        failed = PrintErrors(row->Caption) || failed;
-        failures_ += failed ? 1 : 0;
+    for (TListItem* row : rows)
+        Attempt(row->Caption, [&] { work(*row); });
+}
+
+void TSession::Attempt(const std::string& subject, const std::function<void()>& work) {
+    if (Interrupted()) throw EBadInput("", 0, "stopped", "Nothing was written");
+    ++attempts_;
+    Answers().ClearMessages();
+    bool failed = false;
+    try {
+        work();
+    } catch (const EmlLangSilent&) {
+        failed = true;
+    } catch (const EBadInput& error) {
+        failed = true;
+        Answers().Errors.emplace_back(error.what());
     }
+    failed = PrintErrors(subject) || failed;
+    failures_ += failed ? 1 : 0;
 }
 
 bool TSession::PrintErrors(const std::string& subject) {
@@ -82,7 +85,7 @@ bool TSession::PrintErrors(const std::string& subject) {
 }
 
 int TSession::ExitCode() const {
-    if (failures_ > 0 && failures_ == rows_) return kBadInput;
+    if (failures_ > 0 && failures_ == attempts_) return kBadInput;
     return failures_ > 0 || workplace_.HasProblems() ? kDoneInPart : kDone;
 }
 

@@ -35,7 +35,9 @@ class TSession {
 
     /// Does the work for each row, going on behind one that fails; prints what went wrong.
     void ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work);
-    /// What the rows that failed and the problems of the project make of the exit code.
+    /// Does the work for one subject; what goes wrong is printed under its name, and counts.
+    void Attempt(const std::string& subject, const std::function<void()>& work);
+    /// What the subjects that failed and the problems of the project make of the exit code.
     int ExitCode() const;
 
   private:
@@ -45,7 +47,7 @@ class TSession {
     TWorkplace workplace_;
     std::string package_;
     TmlLangExpert* expert_ = nullptr;
-    int rows_ = 0;
+    int attempts_ = 0;
     int failures_ = 0;
 };
 

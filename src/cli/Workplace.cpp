@@ -8,6 +8,7 @@
 #endif
 
 #include "base/Errors.h"
+#include "base/Utf8.h"
 #include "cli/Userregistry.h"
 #include "runtime/Runtime.h"
 
@@ -44,7 +45,8 @@ std::string CommonLibraryPath() {
 }  // namespace
 
 TWorkplace::TWorkplace(TProgram& program)
-    : runtime_(MakeMlRuntime()),
+    : projectName_(program.ProjectName),
+      runtime_(MakeMlRuntime()),
       registry_(OpenUserRegistry(program)),
       common_(MakeCommonLibraryLoader(CommonLibraryPath())),
       answers_(program.Yes),
@@ -55,8 +57,24 @@ TWorkplace::~TWorkplace() = default;
 
 void TWorkplace::OpenProject(const std::string& project) {
     ide_->OpenProject(project);
+    if (!projectName_.empty()) ChooseProject(projectName_);
     for (const TProjectProblem& problem : ide_->Problems())
         PrintMessage(EBadInput(problem.FileName, problem.Line, problem.Problem, problem.Remedy).what());
+}
+
+void TWorkplace::ChooseProject(const std::string& name) {
+    const auto group = Modules().GetMainProjectGroup();
+    std::string names;
+    for (int i = 0; i < group->GetProjectCount(); ++i) {
+        const auto project = group->GetProject(i);
+        const std::string file = FileNameOf(project->GetFileName());
+        if (SameText(file, name) || SameText(WithExtension(file, ""), name)) {
+            group->SetActiveProject(project);
+            return;
+        }
+        names += (i == 0 ? "" : ", ") + WithExtension(file, "");
+    }
+    throw EBadInput(group->GetFileName(), 0, "there is no project " + name, "Choose one of " + names);
 }
 
 void PrintMessage(const std::string& text) {

@@ -23,12 +23,16 @@ class TWorkplace {
     TAnswers& Answers() { return answers_; }
     IOTAModuleServices& Modules() { return *ide_->GetModuleServices(); }
 
-    /// Opens a project and prints what is wrong with it.
+    /// Opens a project, or a group at the project that the options name, and prints what is wrong with it.
+    /// EBadInput for a name that is not the group's.
     void OpenProject(const std::string& project);
     /// True when something of the project was missing or unreadable.
     bool HasProblems() const { return !ide_->Problems().empty(); }
 
   private:
+    void ChooseProject(const std::string& name);
+
+    std::string projectName_;
     std::unique_ptr<IMlRuntime> runtime_;
     std::unique_ptr<IRegistry> registry_;
     std::unique_ptr<ICommonLibraryLoader> common_;

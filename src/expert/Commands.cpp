@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "expert/Expopt.h"
 #include "expert/Insertion.h"
 #include "expert/Mlmainform.h"
 #include "expert/Modules.h"
@@ -25,9 +26,13 @@ void ViewForm(TContext& context) {
 }
 
 /// Only while a project with entries is open.
+bool HasProjectSettings(TContext& context) {
+    return context.Host.Runtime->mlLangProjectSettings != nullptr && !context.Project.ProjectFiles.Empty();
+}
+
 void ProjectSettings(TContext& context) {
     const auto settings = context.Host.Runtime->mlLangProjectSettings;
-    if (settings != nullptr && !context.Project.ProjectFiles.Empty()) settings->DisplayEditDialog();
+    settings->DisplayEditDialog();
 }
 
 void Exit(TfrmmlLang& window) {
@@ -57,14 +62,15 @@ constexpr std::array kCommands{
     TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, nullptr},
     TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
     TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, On<SourceWithForm>},
-    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, nullptr},
+    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, On<SourceWithoutForm>},
     TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, nullptr},
     TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, nullptr},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
-    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>},
+    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
+             HasProjectSettings},
     TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
     TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
              "Check IDs"},
@@ -74,7 +80,7 @@ constexpr std::array kCommands{
     TCommand{"Wizards", "&Wizards", "", 0, plTools, None, nullptr},
     TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Find"},
     TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Replace"},
-    TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, nullptr},
+    TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, On<sbOptionsClick>},
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
     TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, nullptr, "", true},

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Stringlist.h"
+#include "expert/Externalfiles.h"
 #include "expert/Formslist.h"
 #include "expert/Gate.h"
 #include "expert/Settings.h"
@@ -19,6 +20,9 @@ struct TProjectData {
     TStringList TranslatableUnits;  ///< the same units, for choosers that change their list
 };
 
+/// The scan mode in which only the code editor's block is scanned.
+inline constexpr int kScanSelection = 999;
+
 /// All that a command works with. It belongs to the expert and outlives every window.
 struct TContext {
     TContext(const THost& host, TExpertSettings& settings) : Host(host), Settings(settings) {}
@@ -28,11 +32,15 @@ struct TContext {
     THost Host;
     TExpertSettings& Settings;
     TFormsList Rows;
-    std::function<void()> OnRowsChanged;  ///< what shows the rows is told that others changed them
+    std::function<void()> OnRowsChanged;    ///< what shows the rows is told that others changed them
+    std::function<void()> ShowExpert;       ///< brings up the main window on the open project
+    std::function<void()> RebuildMenuItem;  ///< after a change of the settings that it shows
     TProjectData Project;
+    TmlExternalFiles ExternalFiles;
     std::string ComponentName;        ///< of the row selected last
     TmlSkippedStrings Skipped;        ///< by the last scan
     std::string ExcludeRowsTypedStr;  ///< last answer of the review's "Delete rows that contains"
+    int ScanMode = 0;                 ///< kScanSelection while only the editor's block is scanned
     TCommandGate Gate;
 
     IDialogs& Dialogs() { return *Host.Dialogs; }

@@ -33,6 +33,11 @@ TmlLangExpert::TmlLangExpert(const THost& host)
       services_(host.Services == nullptr ? nullptr : host.Services->GetServices()) {
     settings_.ReadSettings();
     Configure();
+    context_.ShowExpert = [this] { RunItemClick(); };
+    context_.RebuildMenuItem = [this] {
+        RemoveSettings();
+        Configure();
+    };
     addInNotifier_ = std::make_shared<TmlAddInNotifier>(context_.Gate, *this);
     if (services_ != nullptr) notifierIndex_ = services_->AddNotifier(addInNotifier_);
     host_.Runtime->NavigateToSource = [this](const std::string& formName, const std::string& id) {
@@ -54,6 +59,11 @@ TmlLangExpert::~TmlLangExpert() {
     addInNotifier_.reset();
     host_.Runtime->NavigateToSource = nullptr;
     host_.Runtime->ShowAboutBox = nullptr;
+    try {
+        DestroyProjectSettings();
+    } catch (const EBadInput&) {
+        // They cannot be saved, and a destructor has nobody to tell.
+    }
     MainWindow.reset();
     if (ExpertSingleton == this) ExpertSingleton = nullptr;
     DockHost.reset();
@@ -125,7 +135,11 @@ void TmlLangExpert::InstallEditorPopupMenu() {
         item->Caption = command.Caption;
         item->OnClick = [this, &command] {
             const TCommandGate::TCommand running(context_.Gate);
-            command.Handler(context_);
+            try {
+                command.Handler(context_);
+            } catch (const EmlLangSilent&) {
+                // The command has ended without a message, as it wanted to.
+            }
         };
         nta->GetEditorLocalMenu().Items.push_back(item);
         editorItems_.push_back(std::move(item));
@@ -208,22 +222,31 @@ void TmlLangExpert::RunItemClick() {
         context_.Dialogs().Show(shown);
         shown.Visible = true;
     }
-    // As a click on the sorted column, but for the direction, which stays.
-    SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
+    SortAgain();
     if (current != nullptr) SelectRowOf(current->GetFileName());
     MainWindow->CheckEnableActions();
     MainWindow->UpdateStatusBar();
 }
 
 void TmlLangExpert::FillList(IOTAProject& project) {
-    TFormFileFinder finder(*host_.Files);
+    TFolderIndex folders(*host_.Files);
     for (int i = 0; i < project.GetModuleCount(); ++i)
-        AddProjectModule(context_, finder, project.GetModule(i));
+        AddProjectModule(context_, folders, project.GetModule(i));
 }
 
 void TmlLangExpert::OpenProjectForms() {
     for (const auto& item : context_.Rows.FormNames.Items())
         if (OpenFile(context_, item->SubItems[fcFileName], false)) RefreshItem(context_, item.get());
+}
+
+/// As a click on the sorted column, but for the direction, which stays.
+void TmlLangExpert::SortAgain() {
+    try {
+        SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
+    } catch (const EBadInput&) {
+        // The list is sorted; what could not be stored is what is stored already. Settings that cannot be
+        // written must not keep a project from being shown.
+    }
 }
 
 void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
@@ -243,7 +266,9 @@ void TmlLangExpert::ProjectClosed() {
     context_.Project = {};
     DestroyProjectSettings();
     ClearRows(context_.Rows.FormNames);
-    if (MainWindow != nullptr) MainWindow->UpdateStatusBar();
+    if (MainWindow == nullptr) return;
+    MainWindow->CheckEnableActions();
+    MainWindow->UpdateStatusBar();
 }
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {

@@ -4,8 +4,8 @@
 
 #include "base/Errors.h"
 #include "base/Files.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "ide/Folderindex.h"
 #include "ide/Modules.h"
 #include "source/Sourceedits.h"
 
@@ -46,14 +46,20 @@ void CheckSources(TModules& modules, const TChangeSet& changes) {
     }
 }
 
+/// The header by which C++ sees a unit: its own, or the one that is made from a Pascal unit.
+std::string HeaderOf(const std::string& unit) {
+    const std::string extension = ExtensionOf(unit);
+    if (SameText(extension, ".h") || SameText(extension, ".hpp")) return unit;
+    return WithExtension(unit, LanguageOf(unit).IsCPPSource ? ".h" : ".hpp");
+}
+
 /// A unit of the project by the name in the uses clause or by its header.
 void UseUnit(TSourceBuffer& buffer, const std::string& unit, const std::string& title) {
     const std::shared_ptr<const std::string> text = buffer.Text();
     const TSourceText source(*text, LanguageOf(buffer.FileName()), buffer.FileName());
     const std::string file = FileNameOf(unit);
-    const bool isHeader = SameText(ExtensionOf(file), ".h") || SameText(ExtensionOf(file), ".hpp");
     if (source.Language().IsCPPSource)
-        buffer.Apply(AddInclude(source, isHeader ? file : WithExtension(file, ".h")), title);
+        buffer.Apply(AddInclude(source, HeaderOf(file)), title);
     else
         buffer.Apply(AddImplementationUnit(source, WithExtension(file, "")), title);
 }

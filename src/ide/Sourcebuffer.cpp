@@ -31,18 +31,48 @@ TEdits Normalised(const TEdits& edits) {
     return result;
 }
 
+/// Where a place of the old text lies in the new one; a place inside a change goes behind it.
+int MovedBy(const TEdits& edits, int place) {
+    std::ptrdiff_t shift = 0;
+    for (const TEdit& edit : edits) {
+        const auto begin = static_cast<std::ptrdiff_t>(edit.Begin);
+        const auto end = static_cast<std::ptrdiff_t>(edit.End);
+        const auto size = static_cast<std::ptrdiff_t>(edit.Text.size());
+        if (end <= place)
+            shift += size - (end - begin);
+        else if (begin < place)
+            return static_cast<int>(begin + shift + size);
+    }
+    return static_cast<int>(place + shift);
+}
+
 }  // namespace
 
+/// Remembers the block too: a change that is taken back leaves the selection where it was.
 class TSourceBuffer::TStep : public TUndoStep {
   public:
-    TStep(std::shared_ptr<TDocument> document, TSourceBuffer& buffer, TCodedText::TUndo undo)
-        : TUndoStep(std::move(document)), buffer_(buffer), undo_(std::move(undo)) {}
+    TStep(std::shared_ptr<TDocument> document, TSourceBuffer& buffer, const TEdits& edits)
+        : TUndoStep(std::move(document)),
+          buffer_(buffer),
+          blockStart_(buffer.BlockStart),
+          blockAfter_(buffer.BlockAfter) {
+        const int start = buffer.OffsetOf(blockStart_), after = buffer.OffsetOf(blockAfter_);
+        undo_ = buffer.coded_.Apply(edits);
+        if (buffer.BlockType == TOTABlockType::btColumn) return;
+        buffer.BlockStart = buffer.CharPosOf(MovedBy(edits, start));
+        buffer.BlockAfter = buffer.CharPosOf(MovedBy(edits, after));
+    }
 
   protected:
-    void ToggleContent() override { undo_ = buffer_.coded_.Apply(undo_); }
+    void ToggleContent() override {
+        undo_ = buffer_.coded_.Apply(undo_);
+        std::swap(buffer_.BlockStart, blockStart_);
+        std::swap(buffer_.BlockAfter, blockAfter_);
+    }
 
   private:
     TSourceBuffer& buffer_;
+    TOTACharPos blockStart_, blockAfter_;
     TCodedText::TUndo undo_;
 };
 
@@ -58,7 +88,7 @@ void TSourceBuffer::Apply(const TEdits& edits, const std::string& title) {
     Check(normalised);
     if (ApplyEdits(*Text(), normalised) == *Text()) return;
     const auto command = Journal().BeginUnlessRunning(title);
-    Journal().Add(std::make_unique<TStep>(shared_from_this(), *this, coded_.Apply(normalised)));
+    Journal().Add(std::make_unique<TStep>(shared_from_this(), *this, normalised));
     NewVersion();
     if (command) command->Commit();
 }

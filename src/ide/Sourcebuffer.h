@@ -22,7 +22,7 @@ class TSourceBuffer : public TDocument {
 
     /// EBadInput when the edits do not fit the text, or touch a line that cannot be written back.
     void Check(const TEdits& edits) const;
-    /// Checks and makes the edits as one step; new lines get CR LF.
+    /// Checks and makes the edits as one step; new lines get CR LF. The block stays on its text.
     void Apply(const TEdits& edits, const std::string& title);
 
     /// 1-based line, 0-based byte column; both ways clamped to the text.

@@ -3,10 +3,12 @@
 #include <array>
 #include <optional>
 
+#include "base/Format.h"
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
 #include "scan/Calls.h"
+#include "scan/Scanreplace.h"
 #include "source/Language.h"
 
 namespace tml {
@@ -15,27 +17,44 @@ namespace {
 constexpr std::string_view kLineBreak = "\r\n";
 
 constexpr std::array kEditorCommands{
+    TEditorCommand{"TranslateSourceMenu", "&Translate selected source", TranslateSourceMenuClick},
     TEditorCommand{"MarkUnTranslatableSourceMenu", "Mark as &untranslatable",
                    MarkUnTranslatableSourceMenuClick},
 };
 
-/// The block of the current editor, 0-based byte offsets.
-struct TBlock {
+/// The block of the current editor.
+struct TCurrentBlock : TEditorBlock {
     std::shared_ptr<IOTASourceEditor> Editor;
-    int Begin;
-    int End;
 };
 
-std::optional<TBlock> CurrentBlock(TContext& context) {
-    const auto editor = GetCurrentSourceEditor(context);
-    if (editor == nullptr || editor->GetEditViewCount() == 0) return std::nullopt;
-    if (editor->GetBlockType() == TOTABlockType::btColumn) return std::nullopt;
-    const auto view = editor->GetEditView(0);
-    return TBlock{editor, view->CharPosToPos(editor->GetBlockStart()),
-                  view->CharPosToPos(editor->GetBlockAfter())};
+std::optional<TCurrentBlock> CurrentBlock(TContext& context) {
+    auto editor = GetCurrentSourceEditor(context);
+    const auto block = editor == nullptr ? std::nullopt : BlockOf(*editor);
+    if (!block) return std::nullopt;
+    return TCurrentBlock{*block, std::move(editor)};
 }
 
+/// Restores the mode however the command ends.
+class TSelectionMode {
+  public:
+    explicit TSelectionMode(TContext& context) : context_(context) { context_.ScanMode = kScanSelection; }
+    ~TSelectionMode() { context_.ScanMode = 0; }
+    TSelectionMode(const TSelectionMode&) = delete;
+    TSelectionMode& operator=(const TSelectionMode&) = delete;
+
+  private:
+    TContext& context_;
+};
+
 }  // namespace
+
+std::optional<TEditorBlock> BlockOf(IOTASourceEditor& editor) {
+    if (editor.GetEditViewCount() == 0 || editor.GetBlockType() == TOTABlockType::btColumn)
+        return std::nullopt;
+    const auto view = editor.GetEditView(0);
+    return TEditorBlock{view->CharPosToPos(editor.GetBlockStart()),
+                        view->CharPosToPos(editor.GetBlockAfter())};
+}
 
 std::span<const TEditorCommand> AllEditorCommands() {
     return kEditorCommands;
@@ -56,6 +75,23 @@ void ReplaceSelectedSourceText(TContext& context, const std::string& text) {
     writer->Insert(text);
 }
 
+void TranslateSourceMenuClick(TContext& context) {
+    const auto editor = GetCurrentSourceEditor(context);
+    if (editor == nullptr) return;
+    const std::string fileName = editor->GetFileName();
+    context.ShowExpert();
+    if (context.Project.ProjectFiles.IndexOf(fileName) < 0) {
+        context.Dialogs().MessageDlg(Format("Current project doesn't include %s file!", fileName),
+                                     TMsgDlgType::mtError, {mrOk});
+        return;
+    }
+    const TSelectionMode mode(context);
+    if (context.Rows.Active().FirstSelected() != nullptr)
+        SourceWithForm(context);
+    else
+        SourceWithoutForm(context);
+}
+
 void MarkSourceSelectionToSkip(TContext& context) {
     const auto editor = GetCurrentSourceEditor(context);
     if (editor == nullptr) return;
@@ -74,6 +110,16 @@ void MarkUnTranslatableSourceMenuClick(TContext& context) {
                                      TMsgDlgType::mtInformation, {mrOk});
         return;
     }
+    MarkSourceSelectionToSkip(context);
+}
+
+void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found) {
+    const auto editor = GetCurrentSourceEditor(context);
+    if (editor == nullptr || editor->GetEditViewCount() == 0) return;
+    const auto view = editor->GetEditView(0);
+    const int end = found.Position + static_cast<int>(found.StrContent.size()) + 1;
+    editor->SetBlock({view->PosToCharPos(found.Position - 1).Line, 0}, {view->PosToCharPos(end).Line + 1, 0},
+                     TOTABlockType::btNonInclusive);
     MarkSourceSelectionToSkip(context);
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "expert/Context.h"
+#include "scan/Foundstring.h"
 
 namespace tml {
 
@@ -17,15 +19,29 @@ struct TEditorCommand {
 
 std::span<const TEditorCommand> AllEditorCommands();
 
+/// The block of an editor, 0-based byte offsets, End exclusive; none for a column block.
+struct TEditorBlock {
+    int Begin = 0;
+    int End = 0;
+};
+std::optional<TEditorBlock> BlockOf(IOTASourceEditor& editor);
+
 /// The text of the code editor's block; "" without an editor, without a block and for a column block.
 std::string GetSelectedSourceText(TContext& context);
 /// Replaces the code editor's block; nothing without an editor and for a column block.
 void ReplaceSelectedSourceText(TContext& context, const std::string& text);
 
+/// The command: brings up the expert and scans the selected text only, with the form that is selected in
+/// the list, or without one. An error message for a file that the project does not have.
+void TranslateSourceMenuClick(TContext& context);
+
 /// Encloses the selected text between lines that later scans respect.
 void MarkSourceSelectionToSkip(TContext& context);
 /// The command: the same, or a message when nothing is selected.
 void MarkUnTranslatableSourceMenuClick(TContext& context);
+
+/// Encloses the whole lines of a found string, from its first to its last; the block is then on them.
+void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found);
 
 /// Opens the unit of a form of the list and puts the cursor on the first call that fetches the string;
 /// nothing where there is none.

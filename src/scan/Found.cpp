@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "scan/Lines.h"
+#include "scan/Skippedstrings.h"
 #include "source/Sourcetext.h"
 
 namespace tml {
@@ -26,6 +27,7 @@ constexpr std::array kActions{
     TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
     TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted},
     TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped},
     TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
     TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
     TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
@@ -64,6 +66,7 @@ std::array<std::string, 4> TFoundGrid::Cells(const TFoundRow& row) {
 
 std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {
     std::vector<TFoundRow*> rows;
+    if (&grid != &Shown()) return rows;
     for (TFoundRow& row : grid.Rows)
         if (row.Selected) rows.push_back(&row);
     if (rows.empty() && grid.Current() != nullptr) rows.push_back(grid.Current());
@@ -256,6 +259,7 @@ void TfrmFound::acRestoreDeletedRow() {
 }
 
 void TfrmFound::acDeleteRowsContains() {
+    if (ShowsDeleted) return;
     std::string& part = context_.ExcludeRowsTypedStr;
     std::string answer = part;
     if (!context_.Dialogs().InputQuery(
@@ -300,6 +304,10 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
 void TfrmFound::acSwitchDeleted() {
     ShowsDeleted = !ShowsDeleted;
     Update();
+}
+
+void TfrmFound::acViewSkipped() {
+    ViewSkipped(context_);
 }
 
 // --- selection

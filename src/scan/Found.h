@@ -93,6 +93,8 @@ class TfrmFound : public TForm {
     void acRemoveIgnoreMark() { MarkRows(false); }
     void acSwitchDeleted();
     void acRestoreDeletedRow();
+    /// Shows what the scan has passed over.
+    void acViewSkipped();
     void acSelectRow();
     void acInvertSelection();
     void acRemoveSelection();
@@ -109,8 +111,8 @@ class TfrmFound : public TForm {
     void tbCancelClick();
 
   private:
-    /// The selected rows of a grid, or its current row.
-    static std::vector<TFoundRow*> Affected(TFoundGrid& grid);
+    /// The selected rows of a grid, or its current row; none of a grid that is not in front.
+    std::vector<TFoundRow*> Affected(TFoundGrid& grid);
     bool Confirm(const std::string& question);
     /// Moves the rows that fit from one grid to the other; both stay in the order of the source.
     template <typename Fits>

@@ -7,8 +7,10 @@
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
+#include "scan/Selunit.h"
 
 namespace tml {
 namespace {
@@ -27,6 +29,7 @@ class TRun {
 
     /// False when there is nothing to change.
     bool Execute() {
+        CheckLanguages();
         InsertTmlLang(context_, item_);
         Open();
         if (text_->empty() || !FindStrings()) return false;
@@ -36,8 +39,10 @@ class TRun {
     }
 
   private:
+    void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
+    TTextRange Selection();
     bool FindStrings();
     bool Review();
     void Modify();
@@ -60,6 +65,13 @@ class TRun {
     TScanInput input_;
     TmlFoundSourceStrings strings_;  ///< found, then kept
 };
+
+/// Before anything is changed: Pascal cannot use a unit that is written in C++.
+void TRun::CheckLanguages() const {
+    if (LanguageOf(formUnit_).IsCPPSource && !LanguageOf(unitFile_).IsCPPSource)
+        throw EBadInput(unitFile_, 0, "a Pascal unit cannot call a form that is written in C++",
+                        "Choose a form of a Pascal unit");
+}
 
 void TRun::Open() {
     if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
@@ -86,6 +98,7 @@ TScanInput TRun::MakeInput() {
                   .ExcludeChars = settings.ExcludeChars,
                   .IgnorableLength = settings.IgnorableLength,
                   .UseRegExpForSkip = settings.UseRegExpForSkip};
+    if (context_.ScanMode == kScanSelection) input.Selection = Selection();
     input.HCPrefix = settings.HCPrefix;
     input.ReplaceMethod = settings.ReplaceMethod;
     input.CommentsLength = settings.CommentsLength;
@@ -95,6 +108,13 @@ TScanInput TRun::MakeInput() {
         return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
     };
     return input;
+}
+
+TTextRange TRun::Selection() {
+    const auto editor = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0);
+    const auto block = BlockOf(*editor);
+    return block ? TTextRange{static_cast<std::size_t>(block->Begin), static_cast<std::size_t>(block->End)}
+                 : TTextRange{};
 }
 
 bool TRun::FindStrings() {
@@ -164,6 +184,15 @@ bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFi
 
 void SourceWithForm(TContext& context) {
     if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item);
+}
+
+void SourceWithoutForm(TContext& context) {
+    TfrmTranslUnits window(context);
+    if (context.Dialogs().ShowModal(window) != mrOk) return;
+    TListItem* item = FindRowOfForm(context.Rows.FormNames, window.cbForm.Text());
+    if (item == nullptr) return;
+    for (const std::string& unit : window.lbUnits.SelectedItems())
+        DoScanReplace(context, *item, unit);
 }
 
 }  // namespace tml

@@ -106,6 +106,8 @@ class TPascalReader {
             // No named routine stands in a body: an end has been missed.
             LeaveRoutines();
             ReadDeclaration();
+        } else if ((word == Word::Procedure || word == Word::Function) && Previous() != ".") {
+            ReadAnonymous();
         } else if (word == Word::End && Previous() != "@" && Previous() != ".") {
             CloseBlock();
         } else {
@@ -113,6 +115,29 @@ class TPascalReader {
             OpenBlock(word);
             ++at_;
         }
+    }
+
+    /// A routine without a name: its parameters, and the declarations in front of its body, where only
+    /// constants have values. Its body is read as a block of the code around it.
+    void ReadAnonymous() {
+        ++at_;
+        if (TextAt(at_) == "(") {
+            ReadParameters();
+            ++at_;
+        }
+        std::size_t next = at_;
+        while (TextAt(next) == ":" || TextAt(next) == "." || (IsName(next) && WordAt(next) == Word::None))
+            ++next;
+        if (WordAt(next) != Word::Const && WordAt(next) != Word::Var && WordAt(next) != Word::Type) return;
+        at_ = next;
+        stack_.Open(Kind::Const, BeginAt(at_));
+        while (at_ < tokens_.size() && WordAt(at_) != Word::Begin && WordAt(at_) != Word::Implementation) {
+            if (tokens_[at_].Kind == TTokenKind::Directive)
+                FollowCondition();
+            else
+                ++at_;
+        }
+        if (stack_.TopIs(Kind::Const)) stack_.Close(BeginAt(at_));
     }
 
     void OpenBlock(Word word) {

@@ -5,14 +5,14 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "platform/Boxes.h"
+#include "platform/Limits.h"
 
 namespace tml {
 namespace {
 
 constexpr const char* kInputCaption = "TmlLang Expert configure languages";
 constexpr const char* kInputPrompt = "Enter new language name:";
-/// More languages than anyone has; keeps a slip of the finger from filling the list for ever.
-constexpr int kMostLanguages = 10000;
 
 int NumberOf(const std::string& text) {
     try {
@@ -58,25 +58,13 @@ void TfrmLangConfig::CountChanged() {
     Changed();
 }
 
-void TfrmLangConfig::SwapWith(int index, int other) {
-    const auto a = static_cast<std::size_t>(index), b = static_cast<std::size_t>(other);
-    if (!Selected[a] || Selected[b]) return;
-    const std::string name = lbLangNames[index];
-    lbLangNames.Set(index, lbLangNames[other]);
-    lbLangNames.Set(other, name);
-    Selected[a] = false;
-    Selected[b] = true;
-}
-
 void TfrmLangConfig::btnMoveUpClick() {
-    for (int i = 1; i < lbLangNames.Count(); ++i)
-        SwapWith(i, i - 1);
+    MoveSelectedUp(lbLangNames, Selected);
     Changed();
 }
 
 void TfrmLangConfig::btnMoveDownClick() {
-    for (int i = lbLangNames.Count() - 2; i >= 0; --i)
-        SwapWith(i, i + 1);
+    MoveSelectedDown(lbLangNames, Selected);
     Changed();
 }
 
@@ -102,12 +90,8 @@ void TfrmLangConfig::btnDeleteClick() {
     if (dialogs_.MessageDlg("Delete selected language name(s)?", TMsgDlgType::mtConfirmation,
                             {mrYes, mrNo}) != mrYes)
         return;
-    TStringList kept;
-    for (int i = 0; i < lbLangNames.Count(); ++i)
-        if (!Selected[static_cast<std::size_t>(i)]) kept.Add(lbLangNames[i]);
-    lbLangNames = kept;
-    Selected.assign(kept.Items().size(), false);
-    edLangCountChange(std::to_string(kept.Count()));
+    EraseSelected(lbLangNames, Selected);
+    edLangCountChange(std::to_string(lbLangNames.Count()));
 }
 
 TModalResult ConfigureLanguages(TContext& context, TStringList& names) {

@@ -35,7 +35,6 @@ class TfrmLangConfig : public TForm {
     void Step(int tag);
     /// Brings names up to the number; lowering the number removes none.
     void CountChanged();
-    void SwapWith(int index, int other);
 
     IDialogs& dialogs_;
     TStringList defaultNames_;

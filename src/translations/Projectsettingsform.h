@@ -3,18 +3,10 @@
 #include <string>
 
 #include "expert/Context.h"
+#include "platform/Boxes.h"
 #include "platform/Projectsettings.h"
 
 namespace tml {
-
-/// A box that offers the project's forms.
-struct TFormBox {
-    TStringList Items;  ///< sorted
-    int ItemIndex = -1;
-
-    /// The selected form, "" when there is none.
-    std::string Text() const { return ItemIndex < 0 ? std::string() : Items[ItemIndex]; }
-};
 
 /// Edits the translation settings of the project.
 class TfrmProjectTranslationSettings : public TForm {
@@ -33,9 +25,9 @@ class TfrmProjectTranslationSettings : public TForm {
     bool ckbForceEmpties = false;
     bool ckbParseMultilines = false;
     std::string edDefTranslationFile;
-    TFormBox cbDefFormForUnits;
-    TFormBox cbDefFormForDispatcher;
-    TFormBox cbDefFormForCommonContainer;
+    TChoiceBox cbDefFormForUnits;
+    TChoiceBox cbDefFormForDispatcher;
+    TChoiceBox cbDefFormForCommonContainer;
 
     void FormShow() override;
     /// Ctrl+Tab, and the buttons under "Sections".
@@ -43,12 +35,14 @@ class TfrmProjectTranslationSettings : public TForm {
     /// Loads the dictionary's languages where the text names an existing file.
     void edDefaultDictionaryChange(const std::string& text);
     void cbDefaultLanguageChange(const std::string& text);
+    /// "..." beside either box: asks for a file and puts it into the box.
+    void ChooseDictionary();
+    void ChooseTranslationFile();
     /// Writes all options back and saves the file.
     void btOKClick();
     void btCancelClick();
 
   private:
-    TFormBox MakeBox(const std::string& option);
     void CheckLanguage();
 
     TContext& context_;

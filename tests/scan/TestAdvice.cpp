@@ -105,6 +105,9 @@ TEST(Advice, SurvivesConditionsAndGaps) {
         {"type T<A: class, constructor> = class procedure X; end;\nimplementation\n"
          "procedure T<A>.X;\nbegin s := 'a'; end;\nfunction TForm1.G<B>(b: B): string;\nbegin s := 'b'; end;",
          "outside-method -"},
+        {"implementation\nprocedure TForm1.M;\nbegin\n const a = 'a';\n f := function(x: string = 'b'): S.T\n"
+         " var i: byte;\n const k = 'c';\n begin t := 'd'; end;\n var p: procedure; s := 'e';\nend;",
+         "- default-parameter const - -"},
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Words(row.Text, kPascal), row.Expected) << row.Text;

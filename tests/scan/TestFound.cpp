@@ -90,6 +90,9 @@ TEST_F(TFound, DeletedRowsComeBackInTheirOrder) {
               (std::array<std::string, 3>{"Found strings: 2", "Deleted strings: 2", "Selected rows: 2"}));
     window.acSwitchDeleted();
     EXPECT_EQ(Column(window.Shown(), 2), "a1|c1|");
+    window.acExclude();
+    window.UseMethod("GetTextC(");
+    EXPECT_EQ(Column(window.sgStrings, 2), "b1|d1|") << "the grid behind stays as it is";
     window.acSelectRow();
     window.acRestoreDeletedRow();
     EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|d1|");

@@ -2,6 +2,7 @@
 #include "expert/Insertion.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
+#include "scan/Selunit.h"
 #include "support/Expertfixture.h"
 
 namespace tml {
@@ -156,17 +157,92 @@ TEST_F(TScanReplace, ARewriteThatCannotBeProvenIsNotMade) {
     EXPECT_EQ(Files.Files, files);
 }
 
-TEST_F(TScanReplace, AUnitOfItsOwnGetsTheFormsUnitAndName) {
+/// The uses clause or include that the form's unit is seen by, and the calls.
+struct TUnitCase {
+    std::string Title, Form, Unit, Source, Expected;
+};
+
+class TUnitsWithoutForm : public TScanReplace, public testing::WithParamInterface<TUnitCase> {};
+
+TEST_P(TUnitsWithoutForm, CallTheComponentOfTheForm) {
+    const TUnitCase& row = GetParam();
+    Files.Files["/p/Demo.dpr"].insert(Files.Files["/p/Demo.dpr"].find(';', 20),
+                                      ", Second in 'Second.pas', Cunit in 'Cunit.cpp'");
+    Put("/p/" + row.Unit, row.Source);
     Open();
-    Put("/p/Helper.pas",
-        "unit Helper;\n\ninterface\n\nimplementation\n\nprocedure P;\nbegin\n  W('Text');\nend;\n\nend.\n");
+    const auto before = Files.Files;
+    User.OnWindow<TfrmTranslUnits>("frmTranslUnits", [&](TfrmTranslUnits& window) {
+        EXPECT_FALSE(window.OKEnabled());
+        window.lbUnits.Selected.at(static_cast<std::size_t>(window.lbUnits.Items.IndexOf("/p/" + row.Unit))) =
+            true;
+        window.btOKClick();
+        EXPECT_EQ(window.ModalResult, mrNone) << "no form is chosen";
+        window.cbForm.ItemIndex = window.cbForm.Items.IndexOf(row.Form);
+        window.btOKClick();
+    });
     ReviewAll();
-    EXPECT_TRUE(DoScanReplace(Context(), Row("Form2"), "/p/Helper.pas"));
-    const std::string source =
-        *Ide.GetModuleServices()->FindModule("/p/Helper.pas")->GetSourceEditor(0)->GetText();
-    EXPECT_NE(source.find("W(Form2.mlLang1.GetTextOrDefault('IDS_1' (* 'Text' *) ));"), std::string::npos)
-        << source;
-    EXPECT_NE(source.find("uses"), std::string::npos) << source;
+    Expert->Window()->Run("SourceWithoutForm");
+    const auto module = Ide.GetModuleServices()->FindModule("/p/" + row.Unit);
+    ASSERT_NE(module, nullptr) << "the unit stays open";
+    std::string expected;
+    for (const char c : row.Expected)
+        expected += c == '\n' ? "\r\n" : std::string(1, c);
+    EXPECT_EQ(*module->GetSourceEditor(0)->GetText(), expected);
+    EXPECT_EQ(Ide.Undo("/p/" + row.Unit), "Replace hard-coded strings");
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files, before) << "one step takes all of it back";
+}
+
+const TUnitCase kUnitCases[] = {
+    {"UsesClauseIsMade", "Form2", "Helper.pas",
+     "unit Helper;\ninterface\nimplementation\nprocedure P;\nbegin\n  W('Text');\nend;\nend.\n",
+     "unit Helper;\ninterface\nimplementation\n\nuses\n  Unit2;\nprocedure P;\nbegin\n"
+     "  W(Form2.mlLang1.GetTextOrDefault('IDS_1' (* 'Text' *) ));\nend;\nend.\n"},
+    {"FormWithoutComponent", "Form1", "Second.pas",
+     "unit Second;\ninterface\nimplementation\nuses\n  Windows;\nbegin\n  W('Text');\nend.\n",
+     "unit Second;\ninterface\nimplementation\nuses\n  Windows, Unit1;\nbegin\n"
+     "  W(Form1.mlLang_Form1.GetTextOrDefault('IDS_0' (* 'Text' *) ));\nend.\n"},
+    {"PascalFormInCpp", "Form2", "Cunit.cpp", "#include <vcl.h>\nvoid P()\n{\n  W(\"Text\");\n}\n",
+     "#include <vcl.h>\n#include \"Unit2.hpp\"\nvoid P()\n{\n"
+     "  W(Form2->mlLang1->GetTextOrDefault(\"IDS_1\" /* \"Text\" */ ));\n}\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Units, TUnitsWithoutForm, testing::ValuesIn(kUnitCases),
+                         [](const auto& tested) { return tested.param.Title; });
+
+TEST_F(TScanReplace, SeveralUnitsAreSeveralSteps) {
+    Files.Files["/p/Demo.dpr"].insert(Files.Files["/p/Demo.dpr"].find(';', 20), ", Second in 'Second.pas'");
+    Files.Files["/p/Demo.mlproj"] = "[Settings]\r\nDefaultFormForUnits=Form2\r\n";
+    for (const char* name : {"Helper", "Second"})
+        Put("/p/" + std::string(name) + ".pas",
+            "unit " + std::string(name) + ";\ninterface\nimplementation\nbegin\n  W('Text');\n  W('" + name +
+                "');\nend.\n");
+    Open();
+    User.OnWindow<TfrmTranslUnits>("frmTranslUnits", [](TfrmTranslUnits& window) {
+        EXPECT_EQ(window.cbForm.Text(), "Form2");
+        window.SelectAll();
+        window.btOKClick();
+    });
+    Review([this](TfrmFound& window) {
+        User.OnMessage(kApply, mrYes);
+        User.OnMessage(kDone);
+        ReviewAll();
+        window.tbModifyClick();
+    });
+    Expert->Window()->Run("SourceWithoutForm");
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings(),
+              (std::vector<TmlString>{
+                  {"IDS_0", "Known"}, {"IDS_1", "Text"}, {"IDS_2", "Helper"}, {"IDS_4", "Second"}}));
+    EXPECT_THROW(Ide.Undo("/p/Helper.pas"), EBadInput) << "the form has been changed again since";
+    Ide.Undo("/p/Second.pas");
+    Ide.Undo("/p/Helper.pas");
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings().size(), 1U);
+}
+
+TEST_F(TScanReplace, APascalUnitCannotCallACppForm) {
+    Open();
+    TListItem& row = AddRow(Rows(), "CForm", "Cform", "/p/Cform.cpp");
+    EXPECT_THROW(DoScanReplace(Context(), row, "/p/Helper.pas"), EBadInput);
 }
 
 }  // namespace

@@ -1,0 +1,246 @@
+#include "expert/Expopt.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kInputCaption = "TmlLang Expert default languages";
+constexpr const char* kInputPrompt = "Enter new language name:";
+constexpr std::array kMenuSections{"FileMenu", "EditMenu",      "SearchMenu", "ViewsMenu", "ProjectMenu",
+                                   "RunMenu",  "ComponentMenu", "ToolsMenu",  "HelpMenu"};
+constexpr int kPages = 3;
+constexpr int kMost = 255;
+constexpr int kFewestPreviewLines = 5;
+
+template <typename Names>
+TChoiceBox ChoiceOf(const Names& names, const std::string& chosen) {
+    TChoiceBox box{TStringList({std::begin(names), std::end(names)}), -1};
+    const auto found = std::find(box.Items.begin(), box.Items.end(), chosen);
+    if (found != box.Items.end()) box.ItemIndex = static_cast<int>(found - box.Items.begin());
+    return box;
+}
+
+int NumberOr(const std::string& text, int otherwise) {
+    try {
+        return ToInteger(text);
+    } catch (const EConvertError&) {
+        return otherwise;
+    }
+}
+
+std::string Stepped(const std::string& text, int step, int low, int high) {
+    const long long number = static_cast<long long>(NumberOr(text, low)) + step;
+    return std::to_string(std::clamp<long long>(number, low, high));
+}
+
+/// The patterns that do not compile. One that does matches nothing behind an empty alternative.
+TStringList BrokenPatterns(TContext& context, const TStringList& patterns) {
+    TStringList broken;
+    ICommonLibraryLoader* loader = context.Host.CommonLibrary;
+    ICommonLibrary* library = loader == nullptr ? nullptr : loader->Load();
+    if (library == nullptr || !library->HasMatcher()) return broken;
+    for (const std::string& pattern : patterns)
+        if (!library->mlREStringMatches("", "|" + pattern)) broken.Add(pattern);
+    return broken;
+}
+
+}  // namespace
+
+TfrmOptions::TfrmOptions(TContext& context) : context_(context) {
+    Name = "frmOptions";
+    Caption = "Options";
+    FillGeneral();
+    FillSourceStrings();
+    FillExcludeAndSkip();
+}
+
+// --- filling
+
+void TfrmOptions::FillGeneral() {
+    const TSettingValues& settings = context_.Settings.Get();
+    if (settings.DefaultComp.empty()) context_.Settings.SetDefaultComp("TmlLang");
+    cbMenuSection = ChoiceOf(kMenuSections, settings.MenuSection);
+    hkShortCut = settings.ShortCut;
+    edNumLang = std::to_string(settings.NumLang);
+    ckbOpenAllForms = settings.OpenAllForms;
+    cbDefaultComp = ChoiceOf(context_.Host.Runtime->NamesArray(), settings.DefaultComp);
+    lbLanguages = TNamesBox(SplitLangNames(settings.DefaultLangNames));
+}
+
+void TfrmOptions::FillSourceStrings() {
+    const TSettingValues& settings = context_.Settings.Get();
+    edPreviewLines = std::to_string(settings.PreviewLines);
+    edIgnoredLength = std::to_string(settings.IgnorableLength);
+    cbGetTextMethod = ChoiceOf(context_.Host.Runtime->GetTextMethods(), settings.ReplaceMethod);
+    cbGetTextMethod.ItemIndex = std::max(cbGetTextMethod.ItemIndex, 0);
+    edCommentsLength = std::to_string(settings.CommentsLength);
+    ckbAddFormName = settings.AddFormName;
+    ckbNoComments = settings.NoCommentsInSources;
+    CommentsLengthEnabled = !ckbNoComments;
+    edHCPrefix = settings.HCPrefix;
+    edCnstPrefix = settings.CnstPrefix;
+    rgPermanentPart = settings.CnstPermanent != 0 ? 1 : 0;
+    ckbEmptyConsts = settings.EmptyConstsValues;
+}
+
+void TfrmOptions::FillExcludeAndSkip() {
+    const TSettingValues& settings = context_.Settings.Get();
+    edExcludeChars = settings.ExcludeChars;
+    memSkipLines = settings.SkipLines;
+    memSkipWords = settings.SkipWords;
+    ckbUseRegExp = settings.UseRegExpForSkip;
+    CheckRegExp();
+}
+
+// --- while it is open
+
+void TfrmOptions::FormShow() {
+    ShowPage(General);
+}
+
+void TfrmOptions::ShowPage(TPage page) {
+    ActivePage = page;
+    Changed();
+}
+
+void TfrmOptions::NextPage() {
+    ShowPage(static_cast<TPage>((ActivePage + 1) % kPages));
+}
+
+void TfrmOptions::StepNumLang(int step) {
+    edNumLang = Stepped(edNumLang, step, 1, kMost);
+    Changed();
+}
+
+void TfrmOptions::StepPreviewLines(int step) {
+    // Only the way down has an end: a small number that was typed grows by one.
+    const int number = NumberOr(edPreviewLines, kFewestPreviewLines);
+    edPreviewLines =
+        std::to_string(step < 0 ? std::max(number - 1, kFewestPreviewLines) : std::min(number, kMost) + 1);
+    Changed();
+}
+
+void TfrmOptions::StepIgnoredLength(int step) {
+    edIgnoredLength = Stepped(edIgnoredLength, step, 0, kMost);
+    Changed();
+}
+
+void TfrmOptions::StepCommentsLength(int step) {
+    edCommentsLength = Stepped(edCommentsLength, step, 0, kMost);
+    Changed();
+}
+
+void TfrmOptions::edIgnoredLengthChange(const std::string& text) {
+    if (text.find_first_not_of("0123456789") == std::string::npos) edIgnoredLength = text;
+    Changed();
+}
+
+void TfrmOptions::ckbNoCommentsClick() {
+    CommentsLengthEnabled = !ckbNoComments;
+    Changed();
+}
+
+void TfrmOptions::memSkipWordsChange() {
+    CheckRegExp();
+    Changed();
+}
+
+void TfrmOptions::CheckRegExp() {
+    RegExpEnabled = !Trim(memSkipWords.Text()).empty();
+    ckbUseRegExp = ckbUseRegExp && RegExpEnabled;
+}
+
+// --- the language names
+
+void TfrmOptions::btAddClick() {
+    std::string name;
+    if (!context_.Dialogs().InputQuery(kInputCaption, kInputPrompt, name)) return;
+    lbLanguages.Items.Add(name);
+    lbLanguages.Selected.push_back(false);
+    Changed();
+}
+
+void TfrmOptions::btRenameClick() {
+    const auto selected = std::find(lbLanguages.Selected.begin(), lbLanguages.Selected.end(), true);
+    if (selected == lbLanguages.Selected.end()) return;
+    const auto index = static_cast<int>(selected - lbLanguages.Selected.begin());
+    std::string name = lbLanguages.Items[index];
+    if (!context_.Dialogs().InputQuery(kInputCaption, kInputPrompt, name)) return;
+    lbLanguages.Items.Set(index, name);
+    Changed();
+}
+
+void TfrmOptions::btDeleteClick() {
+    if (!lbLanguages.HasSelection()) return;
+    if (context_.Dialogs().MessageDlg("Delete selected language name(s)?", TMsgDlgType::mtConfirmation,
+                                      {mrYes, mrNo}) != mrYes)
+        return;
+    EraseSelected(lbLanguages.Items, lbLanguages.Selected);
+    Changed();
+}
+
+void TfrmOptions::btMoveUpClick() {
+    MoveSelectedUp(lbLanguages.Items, lbLanguages.Selected);
+    Changed();
+}
+
+void TfrmOptions::btMoveDownClick() {
+    MoveSelectedDown(lbLanguages.Items, lbLanguages.Selected);
+    Changed();
+}
+
+// --- closing
+
+void TfrmOptions::Store() {
+    TExpertSettings& settings = context_.Settings;
+    settings.SetShortCut(hkShortCut);
+    settings.SetNumLang(ToInteger(edNumLang));
+    settings.SetMenuSection(cbMenuSection.Text());
+    settings.SetIgnorableLength(ToInteger(edIgnoredLength));
+    settings.SetDefaultComp(cbDefaultComp.Text());
+    settings.SetOpenAllForms(ckbOpenAllForms);
+    settings.SetHCPrefix(edHCPrefix);
+    settings.SetCnstPrefix(edCnstPrefix);
+    settings.SetCnstPermanent(rgPermanentPart);
+    settings.SetAddFormName(ckbAddFormName);
+    settings.SetReplaceMethod(cbGetTextMethod.Text());
+    settings.SetDefaultLangNames(lbLanguages.Items.Text());
+    settings.SetCommentsLength(ToInteger(edCommentsLength));
+    settings.SetEmptyConstsValues(ckbEmptyConsts);
+    settings.SetExcludeChars(edExcludeChars);
+    settings.SetSkipLines(memSkipLines);
+    settings.SetSkipWords(memSkipWords);
+    settings.SetUseRegExpForSkip(RegExpEnabled && ckbUseRegExp);
+    settings.SetPreviewLines(NumberOr(edPreviewLines, kFewestPreviewLines));
+    settings.SetNoCommentsInSources(ckbNoComments);
+}
+
+void TfrmOptions::btOKClick() {
+    Store();
+    const TStringList broken = ckbUseRegExp ? BrokenPatterns(context_, memSkipWords) : TStringList();
+    if (!broken.Empty())
+        context_.Dialogs().MessageDlg(
+            Format("These phrases are no regular expressions and match as plain phrases only:\r\n%s",
+                   broken.Text()),
+            TMsgDlgType::mtInformation, {mrOk});
+    ModalResult = mrOk;
+    Changed();
+}
+
+void TfrmOptions::btCancelClick() {
+    ModalResult = mrCancel;
+    Changed();
+}
+
+void sbOptionsClick(TContext& context) {
+    TfrmOptions window(context);
+    if (context.Dialogs().ShowModal(window) == mrOk && context.RebuildMenuItem) context.RebuildMenuItem();
+}
+
+}  // namespace tml

@@ -1,0 +1,48 @@
+#include "scan/Selunit.h"
+
+#include "expert/Formrows.h"
+#include "expert/Modules.h"
+#include "platform/Projectsettings.h"
+
+namespace tml {
+namespace {
+
+std::string DefaultForm(TContext& context) {
+    const auto& settings = context.Host.Runtime->mlLangProjectSettings;
+    if (settings == nullptr) return {};
+    return std::get<std::string>(settings->GetOptionValue("DefaultFormForUnits"));
+}
+
+}  // namespace
+
+TfrmTranslUnits::TfrmTranslUnits(TContext& context)
+    : lbUnits(context.Project.TranslatableUnits), cbForm(FormsBox(context, DefaultForm(context))) {
+    Name = "frmTranslUnits";
+    Caption = "Translate units without a form";
+    const auto current = GetCurrentSourceEditor(context);
+    if (current == nullptr) return;
+    const int unit = lbUnits.Items.IndexOf(current->GetFileName());
+    if (unit >= 0) lbUnits.Selected[static_cast<std::size_t>(unit)] = true;
+}
+
+bool TfrmTranslUnits::OKEnabled() const {
+    return lbUnits.HasSelection() && (!OptionsVisible || cbForm.ItemIndex >= 0);
+}
+
+void TfrmTranslUnits::SelectAll() {
+    lbUnits.Selected.assign(lbUnits.Selected.size(), true);
+    Changed();
+}
+
+void TfrmTranslUnits::btOKClick() {
+    if (!OKEnabled()) return;
+    ModalResult = mrOk;
+    Changed();
+}
+
+void TfrmTranslUnits::btCancelClick() {
+    ModalResult = mrCancel;
+    Changed();
+}
+
+}  // namespace tml

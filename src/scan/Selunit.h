@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "expert/Context.h"
+#include "platform/Boxes.h"
+
+namespace tml {
+
+/// Chooses units of the project and, where their strings are to be moved, the form that receives them.
+class TfrmTranslUnits : public TForm {
+  public:
+    /// Lists the units without a form; the one in the code editor is selected, and the form is that of
+    /// the project's settings.
+    explicit TfrmTranslUnits(TContext& context);
+
+    std::string lblUnits = "Select &Unit(s):";
+    TNamesBox lbUnits;  ///< full file names, in the order of the project
+    /// Off for a command that needs units only: the window is then as high as its list.
+    bool OptionsVisible = true;
+    std::string lblForm = "&Form that receives the strings:";
+    TChoiceBox cbForm;
+
+    /// At least one unit, and a form where it is asked for.
+    bool OKEnabled() const;
+
+    void lbUnitsClick() { Changed(); }
+    void cbFormChange() { Changed(); }
+    void SelectAll();
+    void btOKClick();
+    void btCancelClick();
+};
+
+}  // namespace tml
