@@ -185,9 +185,10 @@ std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponent
     const std::string_view text = source.Text();
     const TReferenceReader references(text, component);
     for (const std::size_t method : FindMethods(text)) {
-        const std::size_t open = OpenOf(text, method);
-        const std::size_t begin = open == std::string_view::npos ? open : references.BeginOf(method);
-        if (begin != std::string_view::npos) calls.push_back({begin, open, 0});
+        // First what stands in front: a name that holds the word many times is then read once at most.
+        const std::size_t begin = references.BeginOf(method);
+        const std::size_t open = begin == std::string_view::npos ? begin : OpenOf(text, method);
+        if (open != std::string_view::npos) calls.push_back({begin, open, 0});
     }
     TCloser(source, calls).Run();
     // What looks like a call inside a literal is text.
