@@ -43,22 +43,29 @@ TCodedText::TCodedText(std::string bytes, std::string fileName, std::string_view
 void TCodedText::ReadLines() {
     const bool wide = encoding_.Name.rfind("UTF-16", 0) == 0;
     const std::size_t high = encoding_.Name == "UTF-16BE" ? 0 : 1;
+    const std::string_view body = std::string_view(original_).substr(encoding_.Bom.size());
+    const bool asItIs = encoding_.Name == "UTF-8" && IsValidUtf8(body);
     std::string text;
     text.reserve(original_.size() + original_.size() / 16);
+    lines_.reserve(original_.size() / 32);
     for (std::size_t begin = encoding_.Bom.size(); begin < original_.size();) {
         const std::size_t end = wide ? NextWideLine(original_, begin, high) : NextByteLine(original_, begin);
-        AddLine(text, begin, end);
+        AddLine(text, begin, end, asItIs);
         begin = end;
     }
     text_ = std::make_shared<const std::string>(std::move(text));
 }
 
-void TCodedText::AddLine(std::string& text, std::size_t begin, std::size_t end) {
+void TCodedText::AddLine(std::string& text, std::size_t begin, std::size_t end, bool asItIs) {
     TLine line;
     line.Begin = text.size();
     line.Origin = begin;
     line.OriginSize = end - begin;
-    line.Clean = Decode(encoding_, std::string_view(original_).substr(begin, end - begin), text);
+    const std::string_view bytes = std::string_view(original_).substr(begin, end - begin);
+    if (asItIs)
+        text += bytes;
+    else
+        line.Clean = Decode(encoding_, bytes, text);
     const std::string_view added = std::string_view(text).substr(line.Begin);
     if (EndsLine(added)) {
         const bool pair = added.size() > 1 && added[added.size() - 2] == '\r';
@@ -145,10 +152,12 @@ void TCodedText::CheckLine(std::size_t line) const {
 }
 
 void TCodedText::Check(const TEdits& edits) const {
+    std::size_t checked = 0;  // edits ascend, and many of them may touch one long line
     for (const TEdit& edit : edits) {
         const auto [first, end] = TouchedLines(edit);
-        for (std::size_t line = first; line < end; ++line)
+        for (std::size_t line = std::max(first, checked); line < end; ++line)
             CheckLine(line);
+        checked = std::max(checked, end);
         std::string encoded;
         if (!Encode(encoding_, edit.Text, encoded))
             throw EBadInput(

@@ -67,7 +67,7 @@ class TCodedText {
     static constexpr std::size_t kTouched = static_cast<std::size_t>(-1);
 
     void ReadLines();
-    void AddLine(std::string& text, std::size_t begin, std::size_t end);
+    void AddLine(std::string& text, std::size_t begin, std::size_t end, bool asItIs);
     /// First line that an edit touches and the line behind the last one.
     std::pair<std::size_t, std::size_t> TouchedLines(const TEdit& edit) const;
     std::vector<TGroup> GroupEdits(const TEdits& edits) const;

@@ -100,17 +100,28 @@ void CopyModeAndOwner(const TDescriptor& to, const std::string& modelPath, const
 
 class TFileLock : public IFileLock {
   public:
-    explicit TFileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "cannot be locked") {
-        while (::flock(file_.Handle(), LOCK_EX) != 0)
-            if (errno != EINTR) Fail(path, "cannot be locked", errno);
+    explicit TFileLock(const std::string& path) {
+        do {
+            file_.emplace(path, O_RDWR | O_CREAT, "cannot be locked");
+            while (::flock(file_->Handle(), LOCK_EX) != 0)
+                if (errno != EINTR) Fail(path, "cannot be locked", errno);
+        } while (!IsAt(path));
     }
 
   private:
-    TDescriptor file_;
+    /// A lock on a file that its former holder has removed (another may be in its place) guards nothing.
+    bool IsAt(const std::string& path) const {
+        struct stat held {};
+        struct stat named {};
+        return ::fstat(file_->Handle(), &held) == 0 && ::stat(path.c_str(), &named) == 0 &&
+               held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+    }
+
+    std::optional<TDescriptor> file_;
 };
 
 void WriteNew(const std::string& path, std::string_view bytes, const std::string& modelPath) {
-    TDescriptor file(path, O_WRONLY | O_CREAT | O_TRUNC, "cannot be written");
+    TDescriptor file(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, "cannot be written");
     CopyModeAndOwner(file, modelPath, path);
     file.Write(bytes);
     file.Flush();
@@ -158,7 +169,7 @@ class TDiskFileSystem : public IFileSystem {
         TFileInfo info;
         info.IsFolder = fs::is_directory(status);
         info.ReadOnly = !MayWrite(path, status.permissions());
-        if (!info.IsFolder) info.Size = fs::file_size(ToPath(path), error);
+        if (fs::is_regular_file(status)) info.Size = fs::file_size(ToPath(path), error);
         info.Modified = fs::last_write_time(ToPath(path), error).time_since_epoch().count();
         return info;
     }
@@ -167,6 +178,8 @@ class TDiskFileSystem : public IFileSystem {
         const auto info = Stat(path);
         if (!info) Fail(path, "cannot be read", ENOENT);
         if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
+        // A pipe or a device has no size, and opening it may wait for ever.
+        if (!fs::is_regular_file(ToPath(path))) throw EFileError(path, 0, "cannot be read: it is no file");
         std::ifstream file(ToPath(path), std::ios::binary);
         if (!file) Fail(path, "cannot be read", errno);
         std::string bytes(static_cast<std::size_t>(info->Size), '\0');

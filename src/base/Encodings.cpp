@@ -49,8 +49,7 @@ constexpr std::array<TAlias, 12> kAliases = {{
 }};
 
 bool IsAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return FindNonAscii(bytes, 0) == bytes.size();
 }
 
 struct TCloseConverter {
@@ -84,37 +83,36 @@ std::string NameOfDetected(std::string_view detected) {
     return known8Bit ? std::string(detected) : std::string();
 }
 
+/// What the detector is given: the words with bytes above 127, a blank behind each. Keywords and names in
+/// between would make every source look like an English text. A trail byte of a two-byte character is no
+/// less than "@", so such characters stay whole. A text with zero bytes may be UTF-16 and is given as it is.
+std::string TellingWords(std::string_view bytes) {
+    if (bytes.find('\0') != std::string_view::npos) return std::string(bytes.substr(0, kDetectorBytes));
+    const auto belongs = [](char c) { return static_cast<unsigned char>(c) >= '@'; };
+    std::string words;
+    for (std::size_t pos = FindNonAscii(bytes, 0); pos < bytes.size() && words.size() < kDetectorBytes;
+         pos = FindNonAscii(bytes, pos)) {
+        std::size_t begin = pos;
+        while (begin > 0 && belongs(bytes[begin - 1]))
+            --begin;
+        while (pos < bytes.size() && belongs(bytes[pos]))
+            ++pos;
+        words.append(bytes, begin, pos - begin) += ' ';
+    }
+    return words;
+}
+
 /// The detector's best guess, empty where it is not sure.
 std::string Detected(std::string_view bytes) {
     UErrorCode error = U_ZERO_ERROR;
     const std::unique_ptr<UCharsetDetector, void (*)(UCharsetDetector*)> detector(ucsdet_open(&error),
                                                                                   ucsdet_close);
-    const std::string_view head = bytes.substr(0, kDetectorBytes);
-    ucsdet_setText(detector.get(), head.data(), static_cast<int32_t>(head.size()), &error);
+    const std::string words = TellingWords(bytes).substr(0, kDetectorBytes);
+    ucsdet_setText(detector.get(), words.data(), static_cast<int32_t>(words.size()), &error);
     const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
     if (U_FAILURE(error) || match == nullptr || ucsdet_getConfidence(match, &error) < kSure) return {};
     const char* name = ucsdet_getName(match, &error);
     return U_SUCCESS(error) ? NameOfDetected(name) : std::string();
-}
-
-/// The words of a text that are written in bytes above 127 alone.
-std::string ForeignWords(std::string_view bytes) {
-    constexpr std::size_t kShortestWord = 3;
-    std::string words;
-    for (std::size_t begin = 0; begin < bytes.size() && words.size() < kDetectorBytes;) {
-        std::size_t end = begin;
-        while (end < bytes.size() && static_cast<unsigned char>(bytes[end]) >= 0x80)
-            ++end;
-        if (end - begin >= kShortestWord) words.append(bytes, begin, end - begin) += ' ';
-        begin = end + 1;
-    }
-    return words;
-}
-
-/// Source code is mostly ASCII, which makes the detector doubt what a few foreign words tell clearly.
-std::string DetectedInSource(std::string_view bytes) {
-    std::string name = Detected(bytes);
-    return name.empty() ? Detected(ForeignWords(bytes)) : name;
 }
 
 bool DecodeUtf8(std::string_view bytes, std::string& text) {
@@ -177,7 +175,7 @@ TEncoding DetectEncoding(std::string_view bytes, std::string_view codePage) {
         if (bytes.substr(0, mark.Bytes.size()) == mark.Bytes) return {mark.Name, std::string(mark.Bytes)};
     if (IsValidUtf8(bytes)) return {kUtf8, {}};
     std::string name = EncodingOfCodePage(codePage);
-    if (name.empty()) name = DetectedInSource(bytes);
+    if (name.empty()) name = Detected(bytes);
     if (name.empty()) name = kFallback;
     return {name, {}};
 }

@@ -45,7 +45,8 @@ class IFileSystem {
     /// Puts the file in the other's place in one step and brings the folder to the disk.
     virtual void Rename(const std::string& from, const std::string& to) = 0;
     virtual void Remove(const std::string& path) = 0;
-    /// Waits for the lock file and holds it, so that only one process at a time changes what it guards.
+    /// Waits for the lock file and holds it, so that only one process at a time changes what it guards. The
+    /// holder may remove the file.
     virtual std::unique_ptr<IFileLock> Lock(const std::string& path) = 0;
 };
 
@@ -60,11 +61,8 @@ std::string WithExtension(std::string_view path, std::string_view extension);
 std::string JoinPath(std::string_view folder, std::string_view name);  ///< name alone when it is absolute
 bool IsAbsolutePath(std::string_view path);
 
-/// Finds a path as a project names it: separators of either kind, "." and "..", letter case as on disk
-/// preferred, else the only entry that differs in case. None when nothing is there.
-std::optional<std::string> FindFile(IFileSystem& files, const std::string& folder, std::string_view name);
-
-/// Writes one file so that it is at every moment the old or the new one.
+/// Writes one file so that it is at every moment the old or the new one. EFileError for a read-only file,
+/// although a rename could take its place.
 void WriteFileSafely(IFileSystem& files, const std::string& path, std::string_view bytes);
 
 }  // namespace tml

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <unicode/uchar.h>
 
 #include "base/Errors.h"
@@ -13,7 +15,7 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return FindNonAscii(text, 0) == text.size();
 }
 
 /// Length of the sequence that the lead byte announces, 0 when it can be none.
@@ -55,13 +57,14 @@ std::string MapCase(std::string_view text, AsciiMap ascii, UChar32 (*map)(UChar3
     std::string result;
     result.reserve(text.size());
     for (std::size_t pos = 0; pos < text.size();) {
-        const char c = text[pos];
-        if (static_cast<unsigned char>(c) < 0x80) {
-            result += ascii(c);
-            ++pos;
+        const std::size_t begin = FindNonAscii(text, pos);
+        if (begin > pos) {
+            const std::size_t size = result.size();
+            result.resize(size + begin - pos);
+            std::transform(text.data() + pos, text.data() + begin, result.data() + size, ascii);
+            pos = begin;
             continue;
         }
-        const std::size_t begin = pos;
         const char32_t codePoint = DecodeCodePoint(text, pos);
         if (codePoint == kReplacement)
             result.append(text, begin, pos - begin);
@@ -111,15 +114,22 @@ void AppendCodePoint(std::string& text, char32_t codePoint) {
     }
 }
 
+// Most texts have few such bytes, so eight are tested in one step.
+std::size_t FindNonAscii(std::string_view text, std::size_t pos) {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    for (std::uint64_t eight = 0; pos + sizeof eight <= text.size(); pos += sizeof eight) {
+        std::memcpy(&eight, text.data() + pos, sizeof eight);
+        if ((eight & kHighBits) != 0) break;
+    }
+    while (pos < text.size() && static_cast<unsigned char>(text[pos]) < 0x80)
+        ++pos;
+    return pos;
+}
+
 bool IsValidUtf8(std::string_view text) {
-    for (std::size_t pos = 0; pos < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[pos]);
-        if (lead < 0x80) {
-            ++pos;
-            continue;
-        }
+    for (std::size_t pos = FindNonAscii(text, 0); pos < text.size(); pos = FindNonAscii(text, pos)) {
         char32_t codePoint = 0;
-        const int length = SequenceLength(lead);
+        const int length = SequenceLength(static_cast<unsigned char>(text[pos]));
         if (!DecodeSequence(text, pos, length, codePoint)) return false;
         pos += static_cast<std::size_t>(length);
     }

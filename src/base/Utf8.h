@@ -13,6 +13,9 @@ char32_t DecodeCodePoint(std::string_view text, std::size_t& pos);
 /// Appends the code point to a UTF-8 text.
 void AppendCodePoint(std::string& text, char32_t codePoint);
 
+/// The first place at or behind pos with a byte above 127, the text's size when there is none.
+std::size_t FindNonAscii(std::string_view text, std::size_t pos);
+
 /// True when every byte belongs to a well-formed sequence (no surrogates, no overlong forms).
 bool IsValidUtf8(std::string_view text);
 

@@ -30,6 +30,13 @@ void CheckClass(IMlRuntime& runtime, const std::string& className) {
                     "Take one of " + TStringList(runtime.NamesArray()).CommaText());
 }
 
+/// A form without a form file takes none; what a frame on a form brings along is not the form's own.
+void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TListItem& row) {
+    if (component != nullptr) return;
+    throw EBadInput(row.SubItems[fcFileName], 0, "the form has no component of its own and takes none",
+                    "Check that its form file is beside the unit, and look for a frame that has one");
+}
+
 int RunInsert(TProgram& program, const TInsertOptions& options) {
     program.ComponentClass = options.Class;
     TSession session(program, options.Project);
@@ -39,6 +46,7 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
         const bool had = row.SubItems[fcLanguages] != "0";
         if (!had) InsertTmlLang(session.Context(), row);
         const auto component = GetmlLang(session.Context(), row.Caption);
+        if (!had) ExpectComponent(component, row);
         const std::string name = component != nullptr ? component->GetName() : row.SubItems[fcComponent];
         if (program.Json)
             TJsonLine(report)
@@ -53,9 +61,10 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     return session.ExitCode();
 }
 
-void PrintLanguages(TProgram& program, TSession& session, TListItem& row) {
+void PrintLanguages(TProgram& program, TSession& session, TListItem& row, bool expected) {
     const TModuleLease lease(session.Context(), row.SubItems[fcFileName]);
     const auto component = GetmlLang(session.Context(), row.Caption);
+    if (expected) ExpectComponent(component, row);
     const TStringList names = component != nullptr ? component->GetLangNames() : TStringList();
     if (program.Json)
         TJsonLine(std::cout)
@@ -71,14 +80,14 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
     const std::vector<TListItem*> rows = session.Rows(options.Forms);
     if (options.Languages.empty()) {
-        session.ForEach(rows, [&](TListItem& row) { PrintLanguages(program, session, row); });
+        session.ForEach(rows, [&](TListItem& row) { PrintLanguages(program, session, row, false); });
         return session.ExitCode();
     }
     const TStringList names = TStringList::FromCommaText(options.Languages);
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
     session.ForEach(rows, [&](TListItem& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
-        PrintLanguages(program, session, row);
+        PrintLanguages(program, session, row, true);
     });
     session.Ide().SaveAll();
     return session.ExitCode();

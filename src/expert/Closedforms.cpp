@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -10,7 +11,6 @@
 namespace tml {
 namespace {
 
-constexpr std::array<std::string_view, 4> kFormExtensions{".dfm", ".xfm", ".lfm", ".fmx"};
 constexpr std::array<std::string_view, 2> kHeaders{"object ", "inherited "};
 constexpr std::string_view kNumOfLanguages = "NumOfLanguages = ";
 
@@ -51,26 +51,6 @@ bool IsBinaryForm(std::string_view bytes) {
 }
 
 }  // namespace
-
-const TFormFileFinder::TFolder& TFormFileFinder::FolderAt(const std::string& path) {
-    const auto [place, isNew] = folders_.try_emplace(path);
-    if (isNew && files_.Stat(path))
-        for (std::string& name : files_.List(path))
-            place->second.emplace(LowerCase(name), name);
-    return place->second;
-}
-
-std::optional<std::string> TFormFileFinder::Find(const std::string& unitFile) {
-    const std::string path = FolderOf(unitFile);
-    for (const std::string_view extension : kFormExtensions) {
-        std::string exact = WithExtension(unitFile, extension);
-        if (files_.Stat(exact)) return exact;
-        const TFolder& folder = FolderAt(path.empty() ? "." : path);
-        const auto found = folder.find(LowerCase(FileNameOf(exact)));
-        if (found != folder.end()) return JoinPath(path, found->second);
-    }
-    return std::nullopt;
-}
 
 TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
                              const std::string& fileName) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,23 +8,6 @@
 #include "expert/Modules.h"
 
 namespace tml {
-
-/// Finds form files beside their units, without regard to case: ".dfm" first, then ".xfm", ".lfm", ".fmx".
-/// Each folder is listed once in the finder's life.
-class TFormFileFinder {
-  public:
-    explicit TFormFileFinder(IFileSystem& files) : files_(files) {}
-
-    std::optional<std::string> Find(const std::string& unitFile);
-
-  private:
-    using TFolder = std::multimap<std::string, std::string>;  ///< lower-cased name to name
-
-    const TFolder& FolderAt(const std::string& path);
-
-    IFileSystem& files_;
-    std::map<std::string, TFolder> folders_;
-};
 
 /// Searches a form in text form, line by line, for a localization component of one of the classes. The last
 /// header that names one counts, up to the first number of languages behind a header; without a number it

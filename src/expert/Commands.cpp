@@ -26,9 +26,13 @@ void ViewForm(TContext& context) {
 }
 
 /// Only while a project with entries is open.
+bool HasProjectSettings(TContext& context) {
+    return context.Host.Runtime->mlLangProjectSettings != nullptr && !context.Project.ProjectFiles.Empty();
+}
+
 void ProjectSettings(TContext& context) {
     const auto settings = context.Host.Runtime->mlLangProjectSettings;
-    if (settings != nullptr && !context.Project.ProjectFiles.Empty()) settings->DisplayEditDialog();
+    settings->DisplayEditDialog();
 }
 
 void Exit(TfrmmlLang& window) {
@@ -37,6 +41,20 @@ void Exit(TfrmmlLang& window) {
 
 void SelectAll(TfrmmlLang& window) {
     window.SelectAll1Click();
+}
+
+void StayOnTop(TfrmmlLang& window) {
+    window.StayOnTop = !window.StayOnTop;
+    window.SetChecked("StayOnTop", window.StayOnTop);
+}
+
+void Dockable(TfrmmlLang& window) {
+    window.Dockable = !window.Dockable;
+    window.SetChecked("Dockable", window.Dockable);
+}
+
+void HelpTopics(TfrmmlLang& window) {
+    window.Context.Dialogs().ShowHelp(window.Name);
 }
 
 constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
@@ -65,7 +83,8 @@ constexpr std::array kCommands{
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
-    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>},
+    TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
+             HasProjectSettings},
     TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
     TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
              "Check IDs"},
@@ -80,9 +99,9 @@ constexpr std::array kCommands{
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
     TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, On<ConstWithForm>, "", true},
     TCommand{"SelectAll", "Select &All", "Ctrl+A", 0, plPopup, None, SelectAll},
-    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, nullptr},
-    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, nullptr},
-    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, nullptr},
+    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, StayOnTop},
+    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, Dockable},
+    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, HelpTopics},
 };
 
 constexpr std::array kSubMenus{

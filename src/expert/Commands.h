@@ -6,6 +6,7 @@
 namespace tml {
 
 class TfrmmlLang;
+struct TContext;
 
 /// Where a command of the main window can be reached; a command may be in several places.
 enum TCommandPlaces : unsigned { plFile = 1, plTools = 2, plHelp = 4, plPopup = 8, plToolBar = 16 };
@@ -25,6 +26,8 @@ struct TCommand {
     void (*Handler)(TfrmmlLang&);
     std::string_view ButtonCaption = {};
     bool PascalOnly = false;  ///< hidden while a C++ unit is selected
+    /// For a command without rows that is not always available; nullptr where its tag alone decides.
+    bool (*IsAvailable)(TContext&) = nullptr;
 };
 
 /// A menu that opens inside another one at the place of its first command.

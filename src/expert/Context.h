@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Stringlist.h"
+#include "expert/Externalfiles.h"
 #include "expert/Formslist.h"
 #include "expert/Gate.h"
 #include "expert/Settings.h"
@@ -35,6 +36,7 @@ struct TContext {
     std::function<void()> ShowExpert;       ///< brings up the main window on the open project
     std::function<void()> RebuildMenuItem;  ///< after a change of the settings that it shows
     TProjectData Project;
+    TmlExternalFiles ExternalFiles;
     std::string ComponentName;        ///< of the row selected last
     TmlSkippedStrings Skipped;        ///< by the last scan
     std::string ExcludeRowsTypedStr;  ///< last answer of the review's "Delete rows that contains"

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Utf8.h"
+#include "expert/Closedforms.h"
 #include "expert/Notifiers.h"
 
 namespace tml {
@@ -19,7 +20,7 @@ bool IsSourceUnit(const std::string& fileName) {
                        [&](std::string_view unit) { return SameText(unit, extension); });
 }
 
-void AddProjectModule(TContext& context, TFormFileFinder& finder, const TOTAModuleInfo& module) {
+void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module) {
     if (Contains(module.Name, ".")) return;
     context.Project.ProjectFiles.Add(module.FileName);
     if (module.FormName.empty()) {
@@ -33,9 +34,9 @@ void AddProjectModule(TContext& context, TFormFileFinder& finder, const TOTAModu
     if (const auto open = GetModuleFromFileName(context, module.FileName)) {
         RefreshItem(context, &item);
         if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &item, open);
-    } else if (const auto formFile = finder.Find(module.FileName)) {
+    } else if (const std::string formFile = folders.FormFileOf(module.FileName); !formFile.empty()) {
         const TFormAnalysis form =
-            AnalyzeClosedForm(*context.Host.Files, *formFile, context.Host.Runtime->NamesArray());
+            AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray());
         UpdateItem(&item, form.ComponentName, form.NumLang, form.ClassName);
     }
 }
@@ -62,10 +63,10 @@ TChoiceBox FormsBox(TContext& context, const std::string& chosen) {
 }
 
 void SortRows(TContext& context, int column, int order) {
-    context.Settings.SetSortOrder(order);
-    context.Settings.SetSortedColumn(column);
     context.Rows.FormNames.Sort(
         [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });
+    context.Settings.SetSortOrder(order);
+    context.Settings.SetSortedColumn(column);
 }
 
 }  // namespace tml

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "expert/Closedforms.h"
+#include "base/Folderindex.h"
 #include "expert/Context.h"
 #include "platform/Boxes.h"
 
@@ -13,7 +13,7 @@ bool IsSourceUnit(const std::string& fileName);
 
 /// Adds a module of the project to the lists: its form as a row of the forms list, or its unit to the
 /// units without a form. A name with a "." is no unit's and is ignored.
-void AddProjectModule(TContext& context, TFormFileFinder& finder, const TOTAModuleInfo& module);
+void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module);
 
 /// Reads the open form of a row's file again.
 void RefreshItem(TContext& context, TListItem* item);

@@ -1,10 +1,12 @@
 #include "expert/Insertion.h"
 
+#include <algorithm>
 #include <deque>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "expert/Modules.h"
+#include "platform/Limits.h"
 #include "translations/Langconfig.h"
 
 namespace tml {
@@ -14,6 +16,13 @@ constexpr std::string_view kCustomLang = "TmlCustomLang";
 constexpr std::string_view kEditDispatcher =
     "Selected component is linked to a dispatcher! Do you wish to edit languages of the dispatcher "
     "component?";
+
+/// EmlLangSilent in an IDE without modules: nothing can be opened there.
+std::unique_ptr<ICommandScope> BeginCommand(TContext& context, const std::string& title) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) throw EmlLangSilent();
+    return services->BeginCommand(title);
+}
 
 /// The first component of the form that is of the class, and has the name where one is given.
 std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& editor,
@@ -65,14 +74,33 @@ TStringList DefaultNames(const TSettingValues& settings) {
     TStringList names = SplitLangNames(settings.DefaultLangNames);
     while (names.Count() > settings.NumLang)
         names.Delete(names.Count() - 1);
-    while (names.Count() < settings.NumLang)
+    while (names.Count() < std::min(settings.NumLang, kMostLanguages))
         names.Add(GeneratedLangName(names.Count() + 1));
     return names;
 }
 
-/// The dispatcher of the component, where it has one and the person wants to edit it.
-std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context, TmlCustomLang* lang) {
-    auto dispatcher = lang == nullptr ? nullptr : lang->GetDispatcher();
+/// The dispatcher that drives the component of a form. It may sit on another form, which is then opened;
+/// the lease makes that as it was again.
+struct TLinkedDispatcher {
+    std::unique_ptr<TModuleLease> Lease;
+    std::shared_ptr<TmlLangDispatcher> Dispatcher;
+};
+
+TLinkedDispatcher FindDispatcher(TContext& context, TmlCustomLang* lang) {
+    if (lang == nullptr) return {};
+    std::vector<std::string> closed;
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (!IsFileOpen(context, row->SubItems[fcFileName])) closed.push_back(row->SubItems[fcFileName]);
+    TLinkedDispatcher found{nullptr, lang->GetDispatcher()};
+    const auto opened = std::find_if(closed.begin(), closed.end(),
+                                     [&](const std::string& file) { return IsFileOpen(context, file); });
+    if (opened != closed.end()) found.Lease = std::make_unique<TModuleLease>(context, *opened, false);
+    return found;
+}
+
+/// The dispatcher, where there is one and the person wants to edit it.
+std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
+                                                    std::shared_ptr<TmlLangDispatcher> dispatcher) {
     if (dispatcher == nullptr) return nullptr;
     const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
                                                              TMsgDlgType::mtConfirmation, {mrYes, mrNo});
@@ -81,6 +109,9 @@ std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context, TmlCustom
 
 void InsertOn(TContext& context, TListItem& item) {
     const TSettingValues& settings = context.Settings.Get();
+    // All or nothing: a component that cannot be named or configured does not stay on the form.
+    TRowGuard row(item);
+    const auto scope = BeginCommand(context, "Insert " + settings.DefaultComp);
     if (InsertComponentOnForm(context, item.Caption, settings.DefaultComp) == nullptr) return;
     // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
     UpdateItem(&item, settings.DefaultComp, settings.NumLang, settings.DefaultComp);
@@ -88,6 +119,8 @@ void InsertOn(TContext& context, TListItem& item) {
     setUp.NumLang = settings.NumLang;
     setUp.LangNamesText = settings.DefaultLangNames;
     ConfigureLangComponent(context, &item, setUp);
+    scope->Commit();
+    row.Keep();
 }
 
 /// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
@@ -138,16 +171,20 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
 
 void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp& setUp) {
     if (item == nullptr) return;
+    TRowGuard row(*item);
+    const auto scope = BeginCommand(context, "Languages");
     if (item->SubItems[fcLanguages] == "0" && setUp.InsertIfMissing) InsertTmlLang(context, *item);
     TModuleLease lease(context, item->SubItems[fcFileName]);
     if (!TestForCorrectForm(context, item->Caption)) {
         // A file that was opened for this is left open, on purpose.
         lease.Keep();
-        return;
+    } else {
+        if (const auto component = FindToSetUp(context, *GetFormEditor(context, item->Caption), setUp))
+            Configure(context, *item, component, setUp);
+        lease.Save();
     }
-    if (const auto component = FindToSetUp(context, *GetFormEditor(context, item->Caption), setUp))
-        Configure(context, *item, component, setUp);
-    lease.Save();
+    scope->Commit();
+    row.Keep();
 }
 
 void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp) {
@@ -164,7 +201,8 @@ void sbLanguagesClick(TContext& context) {
     if (item == nullptr) return;
     TModuleLease lease(context, item->SubItems[fcFileName]);
     const auto lang = GetmlLang(context, item->Caption);
-    const auto dispatcher = AskForDispatcher(context, lang.get());
+    const TLinkedDispatcher linked = FindDispatcher(context, lang.get());
+    const auto dispatcher = AskForDispatcher(context, linked.Dispatcher);
     TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
                         : lang != nullptr     ? lang->GetLangNames()
                                               : DefaultNames(context.Settings.Get());
@@ -172,8 +210,9 @@ void sbLanguagesClick(TContext& context) {
     std::deque<TRowGuard> rows;
     for (TListItem* row = item; row != nullptr; row = context.Rows.Active().NextSelected(*row))
         rows.emplace_back(*row);
-    const auto scope = GetModuleServices(context)->BeginCommand("Languages");
+    const auto scope = BeginCommand(context, "Languages");
     ApplyNames(context, *item, names, dispatcher.get());
+    if (linked.Lease != nullptr) linked.Lease->Save();
     lease.Save();
     scope->Commit();
     for (TRowGuard& row : rows)

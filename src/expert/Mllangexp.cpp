@@ -59,6 +59,11 @@ TmlLangExpert::~TmlLangExpert() {
     addInNotifier_.reset();
     host_.Runtime->NavigateToSource = nullptr;
     host_.Runtime->ShowAboutBox = nullptr;
+    try {
+        DestroyProjectSettings();
+    } catch (const EBadInput&) {
+        // They cannot be saved, and a destructor has nobody to tell.
+    }
     MainWindow.reset();
     if (ExpertSingleton == this) ExpertSingleton = nullptr;
     DockHost.reset();
@@ -185,6 +190,8 @@ void TmlLangExpert::DockMainWindow() {
     DockHost->ClientWidth = MainWindow->ClientWidth;
     DockHost->ClientHeight = MainWindow->ClientHeight;
     MainWindow->Parent = DockHost.get();
+    MainWindow->Dockable = true;
+    MainWindow->SetChecked("Dockable", true);
     MainWindow->Visible = true;
 }
 
@@ -217,22 +224,31 @@ void TmlLangExpert::RunItemClick() {
         context_.Dialogs().Show(shown);
         shown.Visible = true;
     }
-    // As a click on the sorted column, but for the direction, which stays.
-    SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
+    SortAgain();
     if (current != nullptr) SelectRowOf(current->GetFileName());
     MainWindow->CheckEnableActions();
     MainWindow->UpdateStatusBar();
 }
 
 void TmlLangExpert::FillList(IOTAProject& project) {
-    TFormFileFinder finder(*host_.Files);
+    TFolderIndex folders(*host_.Files);
     for (int i = 0; i < project.GetModuleCount(); ++i)
-        AddProjectModule(context_, finder, project.GetModule(i));
+        AddProjectModule(context_, folders, project.GetModule(i));
 }
 
 void TmlLangExpert::OpenProjectForms() {
     for (const auto& item : context_.Rows.FormNames.Items())
         if (OpenFile(context_, item->SubItems[fcFileName], false)) RefreshItem(context_, item.get());
+}
+
+/// As a click on the sorted column, but for the direction, which stays.
+void TmlLangExpert::SortAgain() {
+    try {
+        SortRows(context_, settings_.Get().SortedColumn, settings_.Get().SortOrder);
+    } catch (const EBadInput&) {
+        // The list is sorted; what could not be stored is what is stored already. Settings that cannot be
+        // written must not keep a project from being shown.
+    }
 }
 
 void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
@@ -252,7 +268,9 @@ void TmlLangExpert::ProjectClosed() {
     context_.Project = {};
     DestroyProjectSettings();
     ClearRows(context_.Rows.FormNames);
-    if (MainWindow != nullptr) MainWindow->UpdateStatusBar();
+    if (MainWindow == nullptr) return;
+    MainWindow->CheckEnableActions();
+    MainWindow->UpdateStatusBar();
 }
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "expert/Context.h"
-#include "expert/Externalfiles.h"
 #include "expert/Notifiers.h"
 #include "platform/Registration.h"
 
@@ -53,7 +52,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
 
     TExpertSettings& Settings() { return settings_; }
     TContext& Context() { return context_; }
-    TmlExternalFiles& ExternalFiles() { return externalFiles_; }
+    TmlExternalFiles& ExternalFiles() { return context_.ExternalFiles; }
     /// The main window for who shows it, nullptr while it is closed. A view that closes the window, or the
     /// host that it is docked in, calls its FormClose.
     TfrmmlLang* Window();
@@ -68,6 +67,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     void MainWindowClosed();
     void FillList(IOTAProject& project);
     void OpenProjectForms();
+    void SortAgain();
     void SelectRowOf(const std::string& sourceFile);
     void FileOpened(const std::string& fileName);
     void FileClosing(const std::string& fileName);
@@ -76,7 +76,6 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     THost host_;
     TExpertSettings settings_;
     TContext context_;
-    TmlExternalFiles externalFiles_;
     std::uint8_t menuRebuildCount_ = 0;
     std::vector<std::shared_ptr<TmlModuleNotifier>> moduleNotifiers_;
     std::shared_ptr<TMenuItem> menuItem_;

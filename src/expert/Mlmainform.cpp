@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 #include "base/Errors.h"
 #include "expert/Formrows.h"
+#include "expert/Modules.h"
 #include "platform/Shortcuts.h"
 #include "source/Language.h"
 
@@ -50,6 +52,9 @@ TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
     Context.Rows = TFormsList();
     Context.OnRowsChanged = [this] { Changed(); };
     BuildMenus();
+    AddHiddenButtons();
+    odExternalFile.Name = "odExternalFile";
+    odExternalFile.FileMustExist = true;
     Menu = MainMenu;
     TfrmmlLang::FormShow();
     CheckEnableActions();
@@ -72,6 +77,14 @@ void TfrmmlLang::BuildMenus() {
         if ((command.Places & plToolBar) != 0)
             ToolBar.push_back(Build(command, "tb" + std::string(command.Name), true));
     }
+}
+
+void TfrmmlLang::AddHiddenButtons() {
+    for (const char* name : {"tbAddExternalFile", "tbRemoveExternalFile"}) {
+        ToolBar.push_back(MakeItem(name, ""));
+        ToolBar.back()->Visible = false;
+    }
+    ToolBar[ToolBar.size() - 2]->OnClick = [this] { tbAddExternalFileClick(); };
 }
 
 void TfrmmlLang::Place(const TCommand& command, TMenuItem& menu, char number) {
@@ -109,16 +122,23 @@ void TfrmmlLang::FormShow() {
 }
 
 void TfrmmlLang::FormClose() {
-    Context.Settings.SetColumnWidths(ColumnWidthsText(lvFormNames));
+    std::exception_ptr failure;
+    try {
+        Context.Settings.SetColumnWidths(ColumnWidthsText(lvFormNames));
+    } catch (const EBadInput&) {
+        failure = std::current_exception();  // told when the window is closed
+    }
     // The handler may free this window, itself included: nothing of it is touched afterwards.
     const auto onClosed = onClosed_;
     onClosed();
+    if (failure) std::rethrow_exception(failure);
 }
 
 void TfrmmlLang::CheckEnableActions() {
     const TListItem* selected = Context.Rows.Active().FirstSelected();
     for (const TBuilt& built : built_) {
         const int tag = built.Command->Tag;
+        if (built.Command->IsAvailable != nullptr) built.Item->Enabled = built.Command->IsAvailable(Context);
         if (built.Command->Handler == nullptr || tag <= 0) continue;
         if (!built.IsButton && tag == kAlwaysAvailable) continue;
         const bool needsComponent = !built.IsButton && tag == kNeedsComponent;
@@ -165,6 +185,31 @@ void TfrmmlLang::pcFormsListChange(TFormsPage page) {
     Context.Rows.Page = page;
     CheckEnableActions();
     UpdateStatusBar();
+}
+
+void TfrmmlLang::tbAddExternalFileClick() {
+    odExternalFile.DefaultExt = "pas";
+    odExternalFile.Filter = "Pascal Files(*.pas)|*.pas";
+    if (Context.Dialogs().ShowModal(odExternalFile) != mrOk) return;
+    for (const std::string& fileName : odExternalFile.Files)
+        AddExternalFile(fileName);
+    Context.Dialogs().Show(Parent != nullptr ? *Parent : *this);
+    CheckEnableActions();
+    UpdateStatusBar();
+}
+
+void TfrmmlLang::AddExternalFile(const std::string& fileName) {
+    const bool wasOpen = IsFileOpen(Context, fileName);
+    OpenFile(Context, fileName, true);
+    Context.ExternalFiles.Add(fileName);
+    CreateExternalListItem(fileName);
+    if (!wasOpen) CloseFile(Context, fileName);
+}
+
+void TfrmmlLang::SetChecked(std::string_view commandName, bool checked) {
+    for (const TBuilt& built : built_)
+        if (built.Command->Name == commandName) built.Item->Checked = checked;
+    Changed();
 }
 
 void TfrmmlLang::Run(std::string_view commandName) {

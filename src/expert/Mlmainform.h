@@ -7,6 +7,7 @@
 
 #include "expert/Commands.h"
 #include "expert/Context.h"
+#include "platform/Filedialogs.h"
 
 namespace tml {
 
@@ -25,6 +26,7 @@ class TfrmmlLang : public TForm {
     std::shared_ptr<TMenuItem> MainMenu;  ///< Menu of the window, or of the host that it is docked in
     std::shared_ptr<TMenuItem> pmEditor;  ///< the lists' popup menu
     std::vector<std::shared_ptr<TMenuItem>> ToolBar;
+    TOpenDialog odExternalFile;
 
     void FormShow() override;
     /// Stores the column widths; the window is gone afterwards.
@@ -40,6 +42,16 @@ class TfrmmlLang : public TForm {
     void SelectAll1Click();
     void pcFormsListChange(TFormsPage page);
 
+    // External files are not in use: their buttons are hidden, and nothing fills their page.
+    /// Asks for units and adds them to the external files.
+    void tbAddExternalFileClick();
+    /// Shows the unit; it stays open only if it was. A file that is there already is added once more.
+    void AddExternalFile(const std::string& fileName);
+    /// Where the file's row would be made; does nothing, on purpose.
+    void CreateExternalListItem(const std::string& /*fileName*/) {}
+
+    /// Ticks a command in the menus, or takes the tick away.
+    void SetChecked(std::string_view commandName, bool checked);
     /// Runs a command by its name where it is enabled. What it throws passes on, but for EmlLangSilent.
     void Run(std::string_view commandName);
 
@@ -51,6 +63,7 @@ class TfrmmlLang : public TForm {
     };
 
     void BuildMenus();
+    void AddHiddenButtons();
     void Place(const TCommand& command, TMenuItem& menu, char number);
     TMenuItem& SubMenu(TMenuItem& menu, TSubMenu subMenu, char number);
     std::shared_ptr<TMenuItem> Build(const TCommand& command, const std::string& name, bool isButton);

@@ -36,6 +36,9 @@ bool TestForCorrectForm(TContext& context, const std::string& formName);
 class TModuleLease {
   public:
     TModuleLease(TContext& context, std::string fileName);
+    /// Over a file that is open already; wasOpen tells whether it was before the command.
+    TModuleLease(TContext& context, std::string fileName, bool wasOpen)
+        : context_(context), fileName_(std::move(fileName)), wasOpen_(wasOpen) {}
     ~TModuleLease();
     TModuleLease(const TModuleLease&) = delete;
     TModuleLease& operator=(const TModuleLease&) = delete;

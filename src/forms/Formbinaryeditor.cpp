@@ -8,16 +8,18 @@ namespace tml {
 
 namespace {
 
-TFormStringKind KindOf(const TFormStringHabits& habits) {
+/// A code page that was only guessed from the strings is not written in: with one string more the next
+/// guess could be another.
+TFormStringKind KindOf(const TBinaryFormFile& file) {
+    const TFormStringHabits& habits = file.Habits();
     if (habits.HasUtf8) return TFormStringKind::Utf8;
-    if (habits.HasWide || habits.AnsiSample.empty()) return TFormStringKind::Wide;
+    if (habits.HasWide || habits.AnsiSample.empty() || file.CodePage().empty()) return TFormStringKind::Wide;
     return TFormStringKind::Ansi;
 }
 
 }  // namespace
 
-TFormBinaryEditor::TFormBinaryEditor(const TBinaryFormFile& file)
-    : file_(file), strings_(KindOf(file.Habits())) {}
+TFormBinaryEditor::TFormBinaryEditor(const TBinaryFormFile& file) : file_(file), strings_(KindOf(file)) {}
 
 std::string TFormBinaryEditor::Value(const TFormValue& value, const TFormSpot& /*spot*/) const {
     std::string bytes;

@@ -6,7 +6,7 @@
 namespace tml {
 
 /// Changes of a binary form. Strings that are not ASCII are stored the way the file stores such strings:
-/// UTF-8, wide or in its code page; wide in a file that has none yet.
+/// UTF-8, wide or in its code page; wide in a file that has none yet or whose code page nobody names.
 class TFormBinaryEditor : public IFormEditor {
   public:
     explicit TFormBinaryEditor(const TBinaryFormFile& file);

@@ -23,6 +23,10 @@ std::size_t TFormNodeData::FindProperty(std::string_view name) const {
     return kNoProperty;
 }
 
+TFormValue TFormNodeData::PropertyValue(const TFormPropertyPlace& place) const {
+    return place.Change ? place.Change->Value : ReadValue(*File, place.Value);
+}
+
 std::vector<std::string> TFormNode::PropertyNames() const {
     std::vector<std::string> names;
     names.reserve(data_.Properties.size());
@@ -31,11 +35,18 @@ std::vector<std::string> TFormNode::PropertyNames() const {
     return names;
 }
 
+std::vector<TFormProperty> TFormNode::Properties() const {
+    std::vector<TFormProperty> properties;
+    properties.reserve(data_.Properties.size());
+    for (const TFormPropertyPlace& place : data_.Properties)
+        properties.push_back({data_.PropertyName(place), data_.PropertyValue(place)});
+    return properties;
+}
+
 std::optional<TFormValue> TFormNode::Find(std::string_view name) const {
     const std::size_t index = data_.FindProperty(name);
     if (index == kNoProperty) return std::nullopt;
-    const TFormPropertyPlace& place = data_.Properties[index];
-    return place.Change ? place.Change->Value : ReadValue(*data_.File, place.Value);
+    return data_.PropertyValue(data_.Properties[index]);
 }
 
 }  // namespace tml

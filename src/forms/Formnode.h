@@ -51,6 +51,7 @@ struct TFormNodeData {
     std::vector<TFormSpan> Removed;  ///< properties and children of the file that are gone
 
     std::string PropertyName(const TFormPropertyPlace& place) const;
+    TFormValue PropertyValue(const TFormPropertyPlace& place) const;
     /// Index of a property (name without regard to case), kNoProperty when there is none.
     std::size_t FindProperty(std::string_view name) const;
 };
@@ -76,6 +77,9 @@ class TFormNode {
     std::vector<std::string> PropertyNames() const;
     /// The value of a property (name without regard to case); none when the file does not hold it.
     std::optional<TFormValue> Find(std::string_view name) const;
+
+    /// All properties in file order; cheaper than to find each by its name.
+    std::vector<TFormProperty> Properties() const;
 
     /// For the readers and writers of this layer only.
     TFormNodeData& Data() { return data_; }

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <utility>
 
+#include "base/Errors.h"
 #include "forms/Formchars.h"
 #include "forms/Formfloat.h"
 #include "forms/Formpieces.h"
@@ -21,6 +23,12 @@ constexpr std::size_t kPieceLength = 64;
 /// True for characters that can stand between quotes as they are, whatever the style.
 bool IsPrintable(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < 0x7F && c != '\''; });
+}
+
+/// True for a word that is none of a property when it stands in front of "=" without quotes.
+bool BeginsOrEndsNode(std::string_view name) {
+    return IsKeyword(name, "end") || std::any_of(kPrefixWords.begin(), kPrefixWords.end(),
+                                                 [&](auto word) { return IsKeyword(name, word); });
 }
 
 template <typename Number>
@@ -45,9 +53,11 @@ void TFormTextWriter::BeginNode(const TFormHead& head) {
     if (!out_.empty()) NewLine();
     out_ += kPrefixWords[static_cast<std::size_t>(head.Prefix)];
     out_ += ' ';
-    out_ += head.Name;
-    if (!head.Name.empty()) out_ += ": ";
-    out_ += head.ClassName;
+    if (!head.Name.empty()) {
+        Identifier(head.Name);
+        out_ += ": ";
+    }
+    if (!head.ClassName.empty()) Identifier(head.ClassName);
     if (head.Position) {
         if (style_.Layout == TFormLayout::Dfm) out_ += ' ';
         out_ += '[';
@@ -65,7 +75,8 @@ void TFormTextWriter::EndNode() {
 
 void TFormTextWriter::Property(std::string_view name) {
     NewLine();
-    const bool isQuoted = !IsFormName(name);
+    const bool isQuoted = !IsFormName(name) || BeginsOrEndsNode(name);
+    if (isQuoted && name.find_first_of("'\r\n") != name.npos) Refuse(name);
     if (isQuoted) out_ += '\'';
     out_ += name;
     if (isQuoted) out_ += '\'';
@@ -110,14 +121,26 @@ bool TFormTextWriter::WritePlain(const TFormString& value) {
 }
 
 void TFormTextWriter::Identifier(std::string_view name) {
+    if (!IsFormName(name)) Refuse(name);
     out_ += name;
+}
+
+// Only a binary file holds such names, and they are handed over where they stand in its bytes.
+void TFormTextWriter::Refuse(std::string_view name) const {
+    const std::less<> isBefore;
+    const std::string& bytes = file_.Bytes();
+    const bool isOfFile = !isBefore(name.data(), bytes.data()) &&
+                          !isBefore(bytes.data() + bytes.size(), name.data() + name.size());
+    const std::string place = isOfFile ? "at byte " + std::to_string(name.data() - bytes.data()) + ": " : "";
+    throw EBadInput(file_.FileName(), 0, place + "a name that the text of a form cannot hold",
+                    "Keep the form in its binary form");
 }
 
 void TFormTextWriter::Set(const std::vector<std::string_view>& names) {
     out_ += '[';
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (i != 0) out_ += ", ";
-        out_ += names[i];
+        Identifier(names[i]);
     }
     out_ += ']';
 }

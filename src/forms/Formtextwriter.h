@@ -53,6 +53,7 @@ class TFormTextWriter : public TFormSink {
     void Shallower() { indent_.resize(indent_.size() - style_.Indent.size()); }
     void WriteHexLine(std::string_view bytes);
     bool WritePlain(const TFormString& value);
+    [[noreturn]] void Refuse(std::string_view name) const;
 
     const TFormFile& file_;
     const TFormTextStyle& style_;

@@ -49,6 +49,7 @@ const IFormEditor& TFormTree::Editor() {
 }
 
 void TFormTree::SetProperty(TFormNode& node, const std::string& name, const TFormValue& value) {
+    if (node.Find(name) == value) return;
     TFormNodeData& data = node.Data();
     // Made for the sake of what it throws.
     Editor().NewProperty(root_->Data(), {name, value});
@@ -58,11 +59,10 @@ void TFormTree::SetProperty(TFormNode& node, const std::string& name, const TFor
         return;
     }
     TFormPropertyPlace& place = data.Properties[index];
-    if (place.Change) {
+    if (place.Change)
         place.Change->Value = value;
-    } else if (ReadValue(*file_, place.Value) != value) {
+    else
         place.Change = std::make_unique<TFormProperty>(TFormProperty{data.PropertyName(place), value});
-    }
 }
 
 void TFormTree::RemoveProperty(TFormNode& node, std::string_view name) {

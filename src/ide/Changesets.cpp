@@ -4,8 +4,8 @@
 
 #include "base/Errors.h"
 #include "base/Files.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "ide/Folderindex.h"
 #include "ide/Modules.h"
 #include "source/Sourceedits.h"
 

@@ -112,11 +112,9 @@ template <typename Change>
 void TDesigner::ForEachReference(const std::string& name, Change change) {
     if (name.empty()) return;
     for (TFormNode* node : NodesBelow(form_->Root(), true))
-        for (const std::string& property : node->PropertyNames()) {
-            const auto value = node->Find(property);
-            if (value->Kind == TFormValueKind::Identifier && SameText(value->Text, name))
-                change(*node, property);
-        }
+        for (const TFormProperty& property : node->Properties())
+            if (property.Value.Kind == TFormValueKind::Identifier && SameText(property.Value.Text, name))
+                change(*node, property.Name);
 }
 
 void TDesigner::Rename(TFormNode& node, const std::string& name) {

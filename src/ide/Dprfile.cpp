@@ -42,11 +42,14 @@ class TDprLexer {
         return WordOrSymbol();
     }
 
-    int LineOf(std::size_t offset) const {
-        return 1 + static_cast<int>(
-                       std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
+    /// Each call goes on counting where the last one stopped, so offset must not go back.
+    int LineOf(std::size_t offset) {
+        const std::string_view passed = text_.substr(counted_, offset - counted_);
+        line_ += static_cast<int>(std::count(passed.begin(), passed.end(), '\n'));
+        counted_ = offset;
+        return line_;
     }
-    [[noreturn]] void Fail(const TToken& token, const std::string& problem) const {
+    [[noreturn]] void Fail(const TToken& token, const std::string& problem) {
         throw EBadInput(fileName_, LineOf(token.Begin), problem, "Check the uses clause of the program");
     }
 
@@ -79,6 +82,8 @@ class TDprLexer {
     std::string_view text_;
     const std::string& fileName_;
     std::size_t pos_ = 0;
+    int line_ = 1;
+    std::size_t counted_ = 0;  ///< the text in front of it is in line_
 };
 
 class TUsesParser {

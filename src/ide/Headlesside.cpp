@@ -1,7 +1,7 @@
 #include "ide/Headlesside.h"
 
 #include "base/Errors.h"
-#include "ide/Folderindex.h"
+#include "base/Folderindex.h"
 #include "ide/Menus.h"
 #include "ide/Modules.h"
 #include "ide/Packagehost.h"

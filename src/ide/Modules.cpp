@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "ide/Changesets.h"
-#include "ide/Folderindex.h"
 
 namespace tml {
 

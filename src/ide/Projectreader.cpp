@@ -6,8 +6,8 @@
 #include <unordered_set>
 
 #include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "ide/Folderindex.h"
 #include "ide/Projectfiles.h"
 
 namespace tml {

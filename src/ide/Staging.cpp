@@ -11,10 +11,21 @@
 namespace tml {
 namespace {
 
+constexpr std::string_view kStageEnd = ".tml-new";
+
 /// The name tells whose record a stage file belongs to, so that nobody else takes it for a left-over.
 std::string StagePath(const std::string& target, const std::string& recordPath) {
     const auto owner = static_cast<std::uint32_t>(MarkOf(recordPath).Hash);
-    return JoinPath(FolderOf(target), "." + FileNameOf(target) + "." + std::to_string(owner) + ".tml-new");
+    return JoinPath(FolderOf(target), "." + FileNameOf(target) + "." + std::to_string(owner))
+        .append(kStageEnd);
+}
+
+/// True where the line names a stage file beside its target. A record may come with somebody's project: it
+/// must not move or remove any other file. (Its owner may differ: a folder has more than one path.)
+bool IsOurs(const TCommitLine& line) {
+    const std::string name = FileNameOf(line.Staged);
+    return FolderOf(line.Staged) == FolderOf(line.Target) &&
+           name.starts_with("." + FileNameOf(line.Target) + ".") && name.ends_with(kStageEnd);
 }
 
 /// Held while files are renamed, so that a second program does not take our stage files for left-overs.
@@ -22,7 +33,7 @@ std::string StagePath(const std::string& target, const std::string& recordPath) 
 class TSaveLock {
   public:
     TSaveLock(IFileSystem& files, const std::string& recordPath)
-        : files_(files), path_(recordPath + "-lock"), lock_(Acquire(files, path_)) {}
+        : files_(files), path_(recordPath + "-lock"), lock_(files.Lock(path_)) {}
     ~TSaveLock() {
         try {
             files_.Remove(path_);
@@ -34,14 +45,6 @@ class TSaveLock {
     TSaveLock& operator=(const TSaveLock&) = delete;
 
   private:
-    /// A lock on a file that its former holder has removed guards nothing.
-    static std::unique_ptr<IFileLock> Acquire(IFileSystem& files, const std::string& path) {
-        std::unique_ptr<IFileLock> lock = files.Lock(path);
-        while (!files.Stat(path))
-            lock = files.Lock(path);
-        return lock;
-    }
-
     IFileSystem& files_;
     std::string path_;
     std::unique_ptr<IFileLock> lock_;
@@ -194,7 +197,7 @@ bool CompleteRename(IFileSystem& files, const TCommitLine& line) {
 std::vector<TProjectProblem> CompleteRecord(IFileSystem& files, const std::string& recordPath) {
     std::vector<TProjectProblem> problems;
     for (const TCommitLine& line : ParseCommitRecord(files.Read(recordPath))) {
-        if (CompleteRename(files, line)) continue;
+        if (!IsOurs(line) || CompleteRename(files, line)) continue;
         problems.push_back({line.Target, 0,
                             "an interrupted save could not be completed: the file has changed since",
                             "Compare the file with the others of that save and repeat the command"});

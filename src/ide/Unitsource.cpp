@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "ide/Folderindex.h"
 #include "source/Sourceedits.h"
 
 namespace tml {

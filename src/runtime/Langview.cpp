@@ -5,6 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "platform/Limits.h"
 #include "runtime/Classes.h"
 #include "runtime/Fields.h"
 
@@ -26,9 +27,9 @@ const char* TableProperty(TStringsType type) {
 }
 
 void ExpectCount(IOTAComponent& component, int count) {
-    if (count < 1)
+    if (count < 1 || count > kMostLanguages)
         throw EBadInput("", 0, component.GetName() + " cannot have " + std::to_string(count) + " languages",
-                        "Give at least one language");
+                        "Give at least one language, and at most " + std::to_string(kMostLanguages));
 }
 
 /// "Old" and "Old.Property" are the component's, "Older" is not.
@@ -104,6 +105,8 @@ std::vector<TmlString> TmlLangView::GetStrings() {
 }
 
 std::vector<TPropertyChange> TmlLangView::PlanAddStrings(const std::vector<TmlString>& entries) {
+    const int count = std::max(Count(), 1);
+    ExpectCount(Component(), count);
     std::unordered_set<std::string> known;
     for (const TmlString& entry : GetStrings())
         known.insert(UpperCase(entry.ID));
@@ -111,7 +114,7 @@ std::vector<TPropertyChange> TmlLangView::PlanAddStrings(const std::vector<TmlSt
     const int before = lines.Count();
     for (const TmlString& entry : entries) {
         if (!known.insert(UpperCase(entry.ID)).second) continue;
-        std::vector<std::string> fields(static_cast<std::size_t>(std::max(Count(), 1)) + 1, entry.Text);
+        std::vector<std::string> fields(static_cast<std::size_t>(count) + 1, entry.Text);
         fields.front() = entry.ID;
         lines.Add(JoinFields(fields, GetDelimiter()));
     }

@@ -6,14 +6,13 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "platform/Boxes.h"
+#include "platform/Limits.h"
 
 namespace tml {
 namespace {
 
 constexpr const char* kInputCaption = "TmlLang Expert configure languages";
 constexpr const char* kInputPrompt = "Enter new language name:";
-/// More languages than anyone has; keeps a slip of the finger from filling the list for ever.
-constexpr int kMostLanguages = 10000;
 
 int NumberOf(const std::string& text) {
     try {

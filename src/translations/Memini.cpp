@@ -24,10 +24,13 @@ std::string_view KeyOf(std::string_view line) {
 
 TmlMemIniFile::TmlMemIniFile(IFileSystem& files, std::string fileName)
     : files_(files), fileName_(std::move(fileName)) {
-    if (fileName_.empty() || !files_.Stat(fileName_)) return;
-    text_ = files_.Read(fileName_);
+    text_ = onDisk_ = ReadDisk();
     const std::size_t lineFeed = text_.find('\n');
     if (lineFeed != std::string::npos && (lineFeed == 0 || text_[lineFeed - 1] != '\r')) lineEnd_ = "\n";
+}
+
+std::string TmlMemIniFile::ReadDisk() const {
+    return fileName_.empty() || !files_.Stat(fileName_) ? std::string() : files_.Read(fileName_);
 }
 
 TmlMemIniFile::TPlace TmlMemIniFile::Find(std::string_view section, std::string_view key) const {
@@ -84,7 +87,11 @@ void TmlMemIniFile::WriteBool(std::string_view section, std::string_view key, bo
 }
 
 void TmlMemIniFile::UpdateFile() {
+    if (ReadDisk() != onDisk_)
+        throw EFileError(fileName_, 0, "the file has changed on the disk since it was opened",
+                         "Open the project again and repeat the change");
     WriteFileSafely(files_, fileName_, text_);
+    onDisk_ = text_;
 }
 
 }  // namespace tml

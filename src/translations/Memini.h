@@ -20,7 +20,8 @@ class TmlMemIniFile {
     /// The key is written as spelled here. EBadInput for a value with a line break.
     void WriteString(std::string_view section, std::string_view key, std::string_view value);
     void WriteBool(std::string_view section, std::string_view key, bool value);
-    /// Writes the store to its file; the file is at every moment the old or the new one.
+    /// Writes the store to its file; the file is at every moment the old or the new one. EFileError where
+    /// somebody else has changed the file since it was read or written here.
     void UpdateFile();
 
   private:
@@ -32,10 +33,12 @@ class TmlMemIniFile {
         std::size_t End = 0;  ///< in front of the line break
     };
     TPlace Find(std::string_view section, std::string_view key) const;
+    std::string ReadDisk() const;
 
     IFileSystem& files_;
     std::string fileName_;
     std::string text_;
+    std::string onDisk_;  ///< what the file held last; "" for a missing one, too
     std::string lineEnd_ = "\r\n";
 };
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "translations/Projectsettingsform.h"
 
@@ -55,7 +56,7 @@ std::string AsText(const TOptionValue& value) {
 }  // namespace
 
 void TmlLangProjectSettings::SetFileName(const std::string& name) {
-    fileName_ = IsAbsolutePath(name) ? name : JoinPath(files_.Resolve("."), name);
+    fileName_ = AbsolutePath(files_, name);
     LoadFile();
 }
 

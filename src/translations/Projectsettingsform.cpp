@@ -1,13 +1,28 @@
 #include "translations/Projectsettingsform.h"
 
+#include <optional>
+
 #include "base/Utf8.h"
 #include "expert/Formrows.h"
+#include "platform/Filedialogs.h"
 
 namespace tml {
 namespace {
 
 constexpr std::string_view kLanguage = "<LANGUAGE>";
 constexpr std::string_view kLanguageEnd = "</LANGUAGE>";
+
+std::optional<std::string> AskForFile(TContext& context, const std::string& current, const char* defaultExt,
+                                      const char* filter) {
+    TOpenDialog dialog;
+    dialog.Name = "odSelectFile";
+    dialog.Caption = "Select file name...";
+    dialog.DefaultExt = defaultExt;
+    dialog.Filter = filter;
+    if (!current.empty()) dialog.Files = {current};
+    if (context.Dialogs().ShowModal(dialog) != mrOk || dialog.Files.empty()) return std::nullopt;
+    return dialog.Files.front();
+}
 
 }  // namespace
 
@@ -73,6 +88,19 @@ void TfrmProjectTranslationSettings::edDefaultDictionaryChange(const std::string
 void TfrmProjectTranslationSettings::cbDefaultLanguageChange(const std::string& text) {
     cbDefaultLanguage = text;
     CheckLanguage();
+}
+
+void TfrmProjectTranslationSettings::ChooseDictionary() {
+    const auto file = AskForFile(context_, edDefaultDictionary, "dic",
+                                 "Dictionaries (*.dic)|*.dic|XML dictionaries (*.dix)|*.dix");
+    if (file) edDefaultDictionaryChange(*file);
+}
+
+void TfrmProjectTranslationSettings::ChooseTranslationFile() {
+    const auto file = AskForFile(context_, edDefTranslationFile, "mlb",
+                                 "TmlLang text files (*.mll)|*.mll|TmlLang binary files (*.mlb)|*.mlb");
+    if (file) edDefTranslationFile = *file;
+    Changed();
 }
 
 void TfrmProjectTranslationSettings::CheckLanguage() {

@@ -35,6 +35,9 @@ class TfrmProjectTranslationSettings : public TForm {
     /// Loads the dictionary's languages where the text names an existing file.
     void edDefaultDictionaryChange(const std::string& text);
     void cbDefaultLanguageChange(const std::string& text);
+    /// "..." beside either box: asks for a file and puts it into the box.
+    void ChooseDictionary();
+    void ChooseTranslationFile();
     /// Writes all options back and saves the file.
     void btOKClick();
     void btCancelClick();

@@ -2,7 +2,6 @@
 #include "base/Format.h"
 #include "expert/Closedforms.h"
 #include "support/Memoryfiles.h"
-#include "support/Wrappedfiles.h"
 
 namespace tml {
 namespace {
@@ -30,19 +29,6 @@ TEST(Closedforms, AreSearchedLineByLine) {
     }
     EXPECT_THROW(SearchFormText("object F: TF\n object A: TmlLang\n NumOfLanguages = x\n", kNames),
                  EBadInput);
-}
-
-TEST(Closedforms, AreFoundInAnyCaseWithEachFolderListedOnce) {
-    TMemoryFileSystem memory;
-    for (const char* name : {"/p/A.pas", "/p/a.DFM", "/p/B.pas", "/p/B.lfm", "/p/B.Xfm", "/p/C.pas"})
-        memory.Files[name] = "";
-    TLoggingFileSystem files(memory);
-    TFormFileFinder finder(files);
-    EXPECT_EQ(finder.Find("/p/A.pas"), "/p/a.DFM");
-    EXPECT_EQ(finder.Find("/p/B.pas"), "/p/B.Xfm");
-    EXPECT_EQ(finder.Find("/p/C.pas"), std::nullopt);
-    EXPECT_EQ(finder.Find("/q/C.pas"), std::nullopt);
-    EXPECT_EQ(std::count(files.Log.begin(), files.Log.end(), "List /p"), 1);
 }
 
 TEST(Closedforms, OneThatCannotBeReadHasNoComponent) {

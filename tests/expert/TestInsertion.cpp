@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
 #include "support/Expertfixture.h"
@@ -45,6 +46,17 @@ TEST_F(TInsertion, TakesAComponentThatIsThere) {
     UpdateItem(&row, "", 0);
     InsertTmlLang(Context(), row);
     EXPECT_EQ(row.SubItems[fcLanguages] + row.SubItems[fcComponent], "3mlLang1");
+}
+
+TEST_F(TInsertion, AComponentThatCannotBeNamedDoesNotStay) {
+    std::string& form = Files.Files["/p/Unit1.dfm"];
+    form.replace(form.find("Button1"), 7, "mlLang_Form1");
+    Open();
+    const std::string list = List();
+    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EBadInput);
+    EXPECT_EQ(GetFormEditor(Context(), "Form1")->GetRootComponent()->GetComponentCount(), 1);
+    EXPECT_FALSE(GetModuleFromFileName(Context(), "/p/Unit1.pas")->GetModified());
+    EXPECT_EQ(List(), list);
 }
 
 TEST_F(TInsertion, EndsWithoutAMessageWhereTheUnitCannotBeOpened) {
@@ -134,6 +146,25 @@ TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {
         << Files.Files["/p/Unit1.dfm"];
     EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'Language N2'"), std::string::npos)
         << Files.Files["/p/Unit1.dfm"];
+}
+
+TEST_F(TInsertion, ADispatchersFormIsSavedAndClosedAgain) {
+    PutForm(1, "  object mlLang1: TmlLang\n    Dispatcher = Form2.D\n  end\n");
+    PutForm(2, "  object D: TmlLangDispatcher\n    LangNames.Strings = (\n      'One')\n  end\n");
+    Open();
+    Select("Form1");
+    for (const TModalResult result : {mrCancel, mrOk}) {
+        User.OnMessage(
+            "Selected component is linked to a dispatcher! Do you wish to edit languages of the "
+            "dispatcher component?",
+            mrYes);
+        Languages([result](TfrmLangConfig& window) {
+            window.edLangCountChange("2");
+            window.ModalResult = result;
+        });
+        EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
+        EXPECT_EQ(Contains(Files.Files["/p/Unit2.dfm"], "'Language N2'"), result == mrOk);
+    }
 }
 
 }  // namespace

@@ -113,6 +113,43 @@ TEST_F(TLifecycle, ClosingTheWindowStoresTheWidthsAndForgetsTheProject) {
     EXPECT_EQ(Rows().Count(), 2);
 }
 
+TEST_F(TLifecycle, SettingsThatCannotBeWrittenDoNotKeepTheWindowFromOpeningAndClosing) {
+    Registry.IsReadOnly = true;
+    Open();
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|0||0;") << "sorted all the same";
+    EXPECT_THROW(Expert->Window()->FormClose(), EFileError);
+    EXPECT_EQ(Expert->Window(), nullptr);
+}
+
+TEST_F(TLifecycle, UnloadingSavesTheProjectSettings) {
+    Open();
+    Runtime->mlLangProjectSettings->SetOptionValue("DispatcherForm", std::string("Form2"));
+    Ide.UnloadPackage("TmlLang");
+    EXPECT_EQ(Runtime->mlLangProjectSettings, nullptr);
+    EXPECT_EQ(Files.Files["/p/Demo.mlproj"], "[Settings]\r\nDispatcherForm=Form2\r\n");
+}
+
+TEST_F(TLifecycle, TheDormantButtonAddsExternalFiles) {
+    Open();
+    Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true);
+    User.OnWindow<TOpenDialog>("odExternalFile", [](TOpenDialog& dialog) {
+        EXPECT_EQ(dialog.DefaultExt + " " + dialog.Filter, "pas Pascal Files(*.pas)|*.pas");
+        dialog.Files = {"/p/Helper.pas", "/p/Unit1.pas", "/p/Helper.pas"};
+        dialog.ModalResult = mrOk;
+    });
+    const auto& bar = Expert->Window()->ToolBar;
+    const auto button = std::find_if(bar.begin(), bar.end(),
+                                     [](const auto& item) { return item->Name == "tbAddExternalFile"; });
+    ASSERT_NE(button, bar.end());
+    EXPECT_FALSE((*button)->Visible);
+    (*button)->Click();
+    EXPECT_EQ(Expert->ExternalFiles().Files(),
+              TStringList({"/p/Helper.pas", "/p/Unit1.pas", "/p/Helper.pas"}));
+    EXPECT_FALSE(IsFileOpen(Context(), "/p/Helper.pas"));
+    EXPECT_TRUE(IsFileOpen(Context(), "/p/Unit1.pas"));
+    EXPECT_EQ(Context().Rows.ExternalFiles.Count(), 0);
+}
+
 TEST_F(TLifecycle, WithoutAProjectOnlyTheStatusIsRefreshed) {
     Start();
     Ide.CloseProject();
@@ -139,6 +176,9 @@ TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
     window.CheckEnableActions();
     EXPECT_FALSE(enabled("SourceWithForm1"));
     EXPECT_TRUE(enabled("ProjectSettings1"));
+    Expert->ProjectClosed();
+    EXPECT_FALSE(enabled("ProjectSettings1"));
+    Expert->RunItemClick();
     EXPECT_TRUE(enabled("Exit1"));
     Select("Form2");
     EXPECT_TRUE(enabled("SourceWithForm1"));

@@ -160,17 +160,29 @@ TEST(FormChangesBinary, KeepEverythingElse) {
 TEST(FormChanges, KeepTheWayABinaryStoresStrings) {
     const struct {
         string Old, New;
+        const char* CodePage = "1251";
     } rows[] = {{string("\x06\x01\xCF", 3), string("\x06\x01\xF0", 3)},
+                {string("\x06\x01\xCF", 3), string("\x12\x01\0\0\0\x40\x04", 7), ""},
                 {string("\x14\x02\0\0\0\xD0\x9F", 7), string("\x14\x02\0\0\0\xD1\x80", 7)},
                 {string("\x12\x01\0\0\0\x1F\x04", 7), string("\x12\x01\0\0\0\x40\x04", 7)}};
     for (const auto& row : rows) {
         const string begin(
             "TPF0\x01T\x01"
             "A\x01X");
-        const auto tree = TFormTree::Parse(begin + row.Old + string(2, '\0'), "a.dfm", "1251");
+        const auto tree = TFormTree::Parse(begin + row.Old + string(2, '\0'), "a.dfm", row.CodePage);
         SetText("X", "\xD1\x80")(*tree);
         EXPECT_EQ(tree->Bytes(), begin + row.New + string(2, '\0'));
     }
+}
+
+TEST(FormChanges, AreNoneWhereTheValueIsEqual) {
+    const string odd(
+        "TPF0\x01T\x01"
+        "A\x02'\n\x06\x01x\0\0",
+        17);
+    const auto tree = TFormTree::Parse(odd, "a.dfm");
+    SetText("'\n", "x")(*tree);
+    EXPECT_EQ(tree->Bytes(), odd);
 }
 
 TEST(FormChanges, RefuseWhatAFormCannotHold) {

@@ -119,6 +119,48 @@ TEST(FormReadingBinary, KnowsEveryKindOfValue) {
     }
 }
 
+TEST(FormReadingBinary, GivesNoTextThatCannotBeRead) {
+    const struct {
+        string Body;
+        const char* Place;  ///< "" for names that a text can hold
+    } rows[] = {
+        {BYTES("\x01T\x03"
+               "end\x03"
+               "End\x08\x00\x00"),
+         ""},
+        {BYTES("\x01T\x00\x02"
+               "a \x08\x00\x00"),
+         ""},
+        {BYTES("\x01T\x01"
+               "0\x00\x00"),
+         "byte 7:"},
+        {BYTES("\x02T<\x01"
+               "A\x00\x00"),
+         "byte 5:"},
+        {BYTES("\x01T\x01"
+               "A\x01'\x08\x00\x00"),
+         "byte 9:"},
+        {BYTES("\x01T\x01"
+               "A\x01X\x07\x00\x00\x00"),
+         "byte 11:"},
+        {BYTES("\x01T\x01"
+               "A\x01X\x0B\x01-\x00\x00\x00"),
+         "byte 12:"},
+    };
+    for (const auto& row : rows) {
+        const auto tree = TFormTree::Parse("TPF0" + row.Body, "a.dfm");
+        EXPECT_EQ(tree->Bytes(), "TPF0" + row.Body);
+        try {
+            const string text = tree->Text();
+            EXPECT_STREQ(row.Place, "") << text;
+            EXPECT_EQ(Dump(TFormTree::Parse(text, "a.dfm")->Root()), Dump(tree->Root()));
+        } catch (const EBadInput& error) {
+            EXPECT_NE(*row.Place, '\0') << error.what();
+            EXPECT_NE(string(error.what()).find(row.Place), string::npos) << error.what();
+        }
+    }
+}
+
 TEST(FormReadingBinary, KnowsEveryPrefix) {
     const string file = BYTES(
         "\xFF\x0A\x00TA\x00\x30\x10\x1D\x00\x00\x00TPF0\xF1\x02TA\x01"

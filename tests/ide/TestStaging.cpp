@@ -1,8 +1,11 @@
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "base/Errors.h"
+#include "ide/Commitrecord.h"
 #include "ide/Staging.h"
 #include "support/Memoryfiles.h"
 #include "support/Wrappedfiles.h"
@@ -119,6 +122,37 @@ TEST(Staging, NothingIsTouchedWhereNothingIsLeft) {
     TLoggingFileSystem log(disk);
     RecoverStaged(log, kRecord, kPaths);
     EXPECT_TRUE(log.Changes().empty());
+}
+
+TEST(Staging, ARecordThatNamesOtherFilesMovesNothing) {
+    TMemoryFileSystem disk = OldDisk();
+    const TContentMark a1 = MarkOf("a1"), c1 = MarkOf("c1");
+    disk.Files["/p/.B.pas.7.tml-new"] = "a1";
+    const TFiles before = disk.Files;
+    disk.Files[kRecord] = WriteCommitRecord({{"/p/A.pas", "/r/New.pas", TContentMark(), a1},
+                                             {"/p/.B.pas.7.tml-new", "/r/B.pas", c1, a1},
+                                             {"/p/A.pas", "/r/B.pas", a1, a1}});
+    EXPECT_TRUE(RecoverStaged(disk, kRecord, kPaths).empty());
+    EXPECT_EQ(Contents(disk), before);
+}
+
+TEST(Staging, TheDisksLockIsNeverOnARemovedFileAndAPipeIsNotRead) {
+    const std::string path = testing::TempDir() + "tml-lock-" + std::to_string(::getpid());
+    const auto disk = MakeDiskFileSystem();
+    std::unique_ptr<IFileLock> first = disk->Lock(path);
+    std::thread waiting([&] {
+        const auto second = disk->Lock(path);
+        EXPECT_TRUE(disk->Stat(path));
+        disk->Remove(path);
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    disk->Remove(path);
+    first.reset();
+    waiting.join();
+
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_THROW(disk->Read(path), EFileError);
+    disk->Remove(path);
 }
 
 TEST(Staging, TheDiskKeepsLinksAndModes) {

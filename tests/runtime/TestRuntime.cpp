@@ -81,6 +81,7 @@ TEST_F(TLangTest, NumberOfLanguagesKeepsValuesTogether) {
     EXPECT_EQ(Lang->GetActiveLanguage(), 1);
     EXPECT_EQ(Lang->GetComponent()->GetPropValue("NumOfLanguages"), std::nullopt);
     EXPECT_THROW(Lang->SetNumLang(0), EBadInput);
+    EXPECT_THROW(Lang->SetNumLang(2000000000), EBadInput);
 }
 
 TEST_F(TLangTest, AddsStringsAsAChangeSet) {

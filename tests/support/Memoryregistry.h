@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/Errors.h"
 #include "platform/Registry.h"
 
 namespace tml {
@@ -14,6 +15,7 @@ class TMemoryRegistry : public IRegistry {
   public:
     std::map<std::string, std::variant<std::string, int, bool>> Values;
     std::vector<std::string> Writes;
+    bool IsReadOnly = false;  ///< every write fails
 
     std::optional<std::string> ReadString(const std::string& key, const std::string& name) override {
         const auto found = Values.find(key + "\\" + name);
@@ -47,6 +49,7 @@ class TMemoryRegistry : public IRegistry {
     }
     template <typename T>
     void Write(const std::string& key, const std::string& name, const T& value, const std::string& text) {
+        if (IsReadOnly) throw EFileError("settings", 0, "the file is read-only");
         Values[key + "\\" + name] = value;
         Writes.push_back(key.substr(key.rfind('\\') + 1) + "\\" + name + "=" + text);
     }

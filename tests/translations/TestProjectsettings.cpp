@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "platform/Filedialogs.h"
 #include "support/Memoryfiles.h"
 #include "support/Memoryregistry.h"
 #include "support/Scripteduser.h"
@@ -62,6 +63,25 @@ TEST(Projectsettings, AMissingFileReadsAsDefaultsAndIsMadeByTheFirstSave) {
               "[Settings]\r\nDefaultDictionary=\xC3\xA9.dic\r\nDontAskForDictionary=1\r\n");
 }
 
+TEST(Projectsettings, AFileThatSomebodyElseChangedOrProtectsIsNotOverwritten) {
+    TMemoryFileSystem files;
+    files.Files["/p/x"] = "";
+    TProject project(files);
+    TmlLangProjectSettings settings(project.Context);
+    settings.SetFileName("/p/q/../Demo.mlproj");
+    settings.SetOptionValue("DispatcherForm", std::string("A"));
+    settings.SaveFile();
+    settings.SetOptionValue("DispatcherForm", std::string("B"));
+    files.ReadOnlyFiles = {kFile};
+    EXPECT_THROW(settings.SaveFile(), EFileError);
+    files.ReadOnlyFiles = {};
+    settings.SaveFile();
+    EXPECT_EQ(files.Files[kFile], "[Settings]\r\nDispatcherForm=B\r\n");
+    files.Files[kFile] = "[Settings]\r\n";
+    EXPECT_THROW(settings.SaveFile(), EFileError);
+    EXPECT_EQ(files.Files[kFile], "[Settings]\r\n");
+}
+
 TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
     TMemoryFileSystem files;
     files.Files["/p/d.dix"] = "<X>\n<HEAD>\n<LANGUAGE>German</LANGUAGE>\n</HEAD>\n<LANGUAGE>no</LANGUAGE>\n";
@@ -77,19 +97,26 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
             EXPECT_FALSE(window.ckbCaseSensitive);
             EXPECT_EQ(window.cbDefFormForUnits.Text(), "Main");
             EXPECT_EQ(window.cbDefFormForDispatcher.ItemIndex, -1);
-            window.edDefaultDictionaryChange("/p/d.dix");
+            window.ChooseDictionary();
             EXPECT_EQ(window.DictionaryLanguages, TStringList({"German</LANGUAGE>"}));
             window.cbDefaultLanguageChange("German");
             EXPECT_TRUE(window.LanguageWarning);
             window.ckbCaseSensitive = true;
+            window.ChooseTranslationFile();
             window.btOKClick();
+        });
+    for (const char* file : {"/p/d.dix", "/p/t.mlb"})
+        project.User.OnWindow<TOpenDialog>("odSelectFile", [file](TOpenDialog& dialog) {
+            EXPECT_TRUE(dialog.Filter.starts_with(ExtensionOf(file) == ".dix" ? "Dictionaries" : "TmlLang"));
+            dialog.Files = {file};
+            dialog.ModalResult = mrOk;
         });
     settings.DisplayEditDialog();
     EXPECT_EQ(files.Files[kFile],
               "[Settings]\nDispatcherForm=\nDefaultFormForUnits=Main\nDefaultDictionary=/p/d.dix\n"
               "DictionaryBaseLanguage=German\nDontAskForDictionary=0\nDictionaryIgnoreCase=1\n"
               "DictionarySkipAmpersands=0\nDictionaryParseMultilines=0\nDictionaryOverwriteExisting=0\n"
-              "DictionaryForceEmpties=0\nDefaultTranslationFileName=\nCommonContainerForm=\n");
+              "DictionaryForceEmpties=0\nDefaultTranslationFileName=/p/t.mlb\nCommonContainerForm=\n");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "ide/Folderindex.h"
+#include "base/Folderindex.h"
 
 #include <algorithm>
 

@@ -1,0 +1,14 @@
+unit Formless;
+
+interface
+
+uses
+  Forms;
+
+type
+  TFormlessForm = class(TForm)
+  end;
+
+implementation
+
+end.

@@ -1,0 +1,14 @@
+unit Framed;
+
+interface
+
+uses
+  Forms;
+
+type
+  TFramedForm = class(TForm)
+  end;
+
+implementation
+
+end.
