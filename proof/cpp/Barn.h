@@ -2,20 +2,19 @@
 #define BarnH
 #include "Vcl.h"
 
-template <class T> class TShelf
-{
-public:
-    const char *Name() const { return "a shelf in a header"; }
+template <class T>
+class TShelf {
+  public:
+    const char* Name() const { return "a shelf in a header"; }
 };
 
-class TBarnForm : public TForm
-{
-__published:
-    TmlLang *mlLang1;
-    void __fastcall FormCreate(TObject *Sender);
-public:
+class TBarnForm : public TForm {
+    __published : TmlLang* mlLang1;
+    void __fastcall FormCreate(TObject* Sender);
+
+  public:
     String State() const;
     String Animals(int count);
 };
-extern TBarnForm *BarnForm;
+extern TBarnForm* BarnForm;
 #endif

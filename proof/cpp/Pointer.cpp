@@ -1,8 +1,7 @@
 #include "Pointer.h"
 
-TPointerForm *PointerForm = nullptr;
+TPointerForm* PointerForm = nullptr;
 
-const char *TPointerForm::Raw()
-{
+const char* TPointerForm::Raw() {
     return "a pointer is returned";
 }

@@ -2,12 +2,11 @@
 #define PointerH
 #include "Vcl.h"
 
-class TPointerForm : public TForm
-{
-__published:
-    TmlLang *mlLang1;
-public:
-    const char *Raw();
+class TPointerForm : public TForm {
+    __published : TmlLang* mlLang1;
+
+  public:
+    const char* Raw();
 };
-extern TPointerForm *PointerForm;
+extern TPointerForm* PointerForm;
 #endif

@@ -1,8 +1,7 @@
 #include "Static.h"
 
-TStaticForm *StaticForm = nullptr;
+TStaticForm* StaticForm = nullptr;
 
-String TStaticForm::Season(int month)
-{
+String TStaticForm::Season(int month) {
     return month < 6 ? String("spring") : String("autumn");
 }

@@ -2,12 +2,11 @@
 #define StaticH
 #include "Vcl.h"
 
-class TStaticForm : public TForm
-{
-__published:
-    TmlLang *mlLang1;
-public:
+class TStaticForm : public TForm {
+    __published : TmlLang* mlLang1;
+
+  public:
     static String Season(int month);
 };
-extern TStaticForm *StaticForm;
+extern TStaticForm* StaticForm;
 #endif

@@ -19,7 +19,9 @@ class String {
     std::string text_;
     std::wstring wide_;
 };
-inline String operator+(const char* left, const String& right) { return String(left) + right; }
+inline String operator+(const char* left, const String& right) {
+    return String(left) + right;
+}
 
 class TObject {};
 class TForm : public TObject {
