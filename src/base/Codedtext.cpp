@@ -152,10 +152,12 @@ void TCodedText::CheckLine(std::size_t line) const {
 }
 
 void TCodedText::Check(const TEdits& edits) const {
+    std::size_t checked = 0;  // edits ascend, and many of them may touch one long line
     for (const TEdit& edit : edits) {
         const auto [first, end] = TouchedLines(edit);
-        for (std::size_t line = first; line < end; ++line)
+        for (std::size_t line = std::max(first, checked); line < end; ++line)
             CheckLine(line);
+        checked = std::max(checked, end);
         std::string encoded;
         if (!Encode(encoding_, edit.Text, encoded))
             throw EBadInput(

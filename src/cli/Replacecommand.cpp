@@ -17,6 +17,7 @@ struct TReplaceOptions {
     std::string Project;
     std::vector<std::string> Forms;
     std::vector<std::string> Units;
+    bool Const = false;
     bool All = false;
     bool DryRun = false;
     bool Patch = false;
@@ -69,7 +70,7 @@ class TReplaceRun {
         const std::string file = row.SubItems[fcFileName];
         const std::string form = row.Caption;
         session_.Select(row);
-        RunAndPrint("SourceWithForm", form, file);
+        RunAndPrint(options_.Const ? "ConstWithForm" : "SourceWithForm", form, file);
     }
 
     /// Units one by one, so that one that fails does not keep the others back.
@@ -84,7 +85,9 @@ class TReplaceRun {
                 window.btOKClick();
             };
             const std::string name = RelativeTo(folder_, unit);
-            session_.Attempt(name, [&] { RunAndPrint("SourceWithoutForm", name, unit); });
+            session_.Attempt(name, [&] {
+                RunAndPrint(options_.Const ? "ConstWithoutForm" : "SourceWithoutForm", name, unit);
+            });
         }
     }
 
@@ -188,6 +191,7 @@ void AddReplaceCommand(CLI::App& app, TProgram& program) {
     command->add_option("--unit", options->Units,
                         "A unit without a form, into the component of the one --form, or of the project's "
                         "default form for units; may be repeated");
+    command->add_flag("--const", options->Const, "The string constants of the const sections instead");
     command->add_flag("--all", options->All, "Also strings that carry an advice against it");
     command->add_flag("--dry-run", options->DryRun, "List what would be replaced; write nothing");
     command->add_flag("--patch", options->Patch, "Print the change as a unified diff; write nothing");

@@ -43,6 +43,20 @@ void SelectAll(TfrmmlLang& window) {
     window.SelectAll1Click();
 }
 
+void StayOnTop(TfrmmlLang& window) {
+    window.StayOnTop = !window.StayOnTop;
+    window.SetChecked("StayOnTop", window.StayOnTop);
+}
+
+void Dockable(TfrmmlLang& window) {
+    window.Dockable = !window.Dockable;
+    window.SetChecked("Dockable", window.Dockable);
+}
+
+void HelpTopics(TfrmmlLang& window) {
+    window.Context.Dialogs().ShowHelp(window.Name);
+}
+
 constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
 
 // A command without a handler is not there yet: it is shown, never enabled, and gets its handler here.
@@ -63,8 +77,8 @@ constexpr std::array kCommands{
     TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
     TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, On<SourceWithForm>},
     TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, On<SourceWithoutForm>},
-    TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, nullptr},
-    TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, nullptr},
+    TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, On<ConstWithForm>},
+    TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, On<ConstWithoutForm>},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
@@ -83,11 +97,11 @@ constexpr std::array kCommands{
     TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, On<sbOptionsClick>},
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
-    TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, nullptr, "", true},
+    TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, On<ConstWithForm>, "", true},
     TCommand{"SelectAll", "Select &All", "Ctrl+A", 0, plPopup, None, SelectAll},
-    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, nullptr},
-    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, nullptr},
-    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, nullptr},
+    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, StayOnTop},
+    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, Dockable},
+    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, HelpTopics},
 };
 
 constexpr std::array kSubMenus{

@@ -190,6 +190,8 @@ void TmlLangExpert::DockMainWindow() {
     DockHost->ClientWidth = MainWindow->ClientWidth;
     DockHost->ClientHeight = MainWindow->ClientHeight;
     MainWindow->Parent = DockHost.get();
+    MainWindow->Dockable = true;
+    MainWindow->SetChecked("Dockable", true);
     MainWindow->Visible = true;
 }
 

@@ -206,6 +206,12 @@ void TfrmmlLang::AddExternalFile(const std::string& fileName) {
     if (!wasOpen) CloseFile(Context, fileName);
 }
 
+void TfrmmlLang::SetChecked(std::string_view commandName, bool checked) {
+    for (const TBuilt& built : built_)
+        if (built.Command->Name == commandName) built.Item->Checked = checked;
+    Changed();
+}
+
 void TfrmmlLang::Run(std::string_view commandName) {
     const auto found = std::find_if(built_.begin(), built_.end(), [&](const TBuilt& built) {
         return built.Command->Name == commandName && !built.IsButton;

@@ -50,6 +50,8 @@ class TfrmmlLang : public TForm {
     /// Where the file's row would be made; does nothing, on purpose.
     void CreateExternalListItem(const std::string& /*fileName*/) {}
 
+    /// Ticks a command in the menus, or takes the tick away.
+    void SetChecked(std::string_view commandName, bool checked);
     /// Runs a command by its name where it is enabled. What it throws passes on, but for EmlLangSilent.
     void Run(std::string_view commandName);
 

@@ -70,7 +70,9 @@ class TForm {
     TForm* Parent = nullptr;
     int ClientWidth = 0;
     int ClientHeight = 0;
-    bool Centered = false;  ///< shown in the middle of the screen
+    bool Centered = false;   ///< shown in the middle of the screen
+    bool StayOnTop = false;  ///< in front of the other windows
+    bool Dockable = false;   ///< may be docked into the IDE's window
 
     virtual void FormShow() {}
     /// False keeps the window open.

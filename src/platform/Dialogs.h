@@ -31,6 +31,10 @@ class IDialogs {
     /// person wants to stop.
     virtual bool ShowProgress(const std::string& text, int position = 0, int maximum = 0) = 0;
     virtual void HideProgress() = 0;
+
+    /// Opens the manual at a page, named as the window that it describes ("frmFound"), "" for the first
+    /// page. Does nothing where nobody reads it.
+    virtual void ShowHelp(const std::string& /*topic*/) {}
 };
 
 }  // namespace tml

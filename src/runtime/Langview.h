@@ -17,7 +17,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     std::string GetClassName() override;
     int GetNumLang() override;
     /// Every entry of every table keeps one value a language: values of dropped languages go, those of new
-    /// ones begin as the base language's. EBadInput below 1.
+    /// ones begin as the base language's. EBadInput below 1 and above kMostLanguages.
     void SetNumLang(int count) override;
     std::shared_ptr<TmlLangDispatcher> GetDispatcher() override;
     std::string GetDelimiter() override;
@@ -39,7 +39,7 @@ class TmlDispatcherView : public TLanguagesView<TmlLangDispatcher> {
     using TLanguagesView::TLanguagesView;
 
     int GetNumOfLanguages() override { return Count(); }
-    /// EBadInput below 1.
+    /// EBadInput below 1 and above kMostLanguages.
     void SetNumOfLanguages(int count) override;
 };
 

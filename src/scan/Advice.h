@@ -31,7 +31,11 @@ namespace tml {
     X(Comment, "comment", "The text stands in a comment.")                                                  \
     X(InnerComment, "inner-comment", "A comment between the parts of the text would be lost.")              \
     X(Macro, "macro", "The text is joined with a macro or another text at compile time.")                   \
-    X(LinkageName, "linkage", "This is the name of a linkage.")
+    X(LinkageName, "linkage", "This is the name of a linkage.")                                             \
+    X(Conditional, "conditional", "The constant is declared under a condition only.")                       \
+    X(LocalConst, "local-const", "A routine's own constant can only be set inside it, at every call.")      \
+    X(ConstantUse, "constant-use", "The compiler needs the constant's value in another declaration.")       \
+    X(Character, "character", "A constant of a single character may be used as a Char.")
 
 enum class TAdvice : std::uint8_t {
 #define TML_ADVICE(name, word, text) name,

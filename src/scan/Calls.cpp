@@ -96,8 +96,8 @@ class TCloser {
             if (!IsCharacter(paren)) Take(paren, text[paren]);
             pos = paren + 1;
         }
-        for (const std::size_t call : open_)
-            CloseAtLineEnd(call);
+        for (std::size_t call = 0; call < calls_.size(); ++call)
+            if (calls_[call].End == 0) CloseAtLineEnd(call);
     }
 
   private:
@@ -151,14 +151,18 @@ class TCloser {
     }
 
     void CloseAtLineEnd(std::size_t call) {
-        if (call == kOther) return;
-        // Many calls may stand on one long line.
-        const std::size_t open = calls_[call].Open;
-        if (open < lineFrom_ || open >= lineEnd_) {
-            lineFrom_ = open;
-            lineEnd_ = LineEnd(source_.Text(), open);
-        }
-        calls_[call].End = lineEnd_;
+        if (call != kOther) calls_[call].End = LineEndOf(calls_[call].Open);
+    }
+
+    /// Looks through no part of a line twice, however many calls it holds.
+    std::size_t LineEndOf(std::size_t place) {
+        if (place >= lineFrom_ && place <= lineEnd_) return lineEnd_;
+        const std::string_view text = source_.Text();
+        const bool before = place < lineFrom_;
+        std::size_t end = LineEnd(before ? text.substr(0, lineFrom_) : text, place);
+        if (before && end == lineFrom_) end = lineEnd_;
+        lineFrom_ = place;
+        return lineEnd_ = end;
     }
 
     const TSourceText& source_;
@@ -169,7 +173,7 @@ class TCloser {
     std::size_t comment_ = 0;
     std::size_t commentEnd_ = 0;   ///< of the comment that the walk is in, 0 outside
     std::size_t openOutside_ = 0;  ///< size of open_ when it entered that comment
-    std::size_t lineFrom_ = 0;     ///< from here to lineEnd_ is a line that was looked for
+    std::size_t lineFrom_ = 0;     ///< a known part of a line, to its end; empty at first
     std::size_t lineEnd_ = 0;
 };
 

@@ -107,12 +107,29 @@ std::span<const TFoundAction> TfrmFound::Actions() {
     return kActions;
 }
 
-std::string TfrmFound::Preview() {
+std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
+    const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
+    return switchesBack ? "Found" : std::string(action.Caption);
+}
+
+std::string TfrmFound::HintOf(const TFoundAction& action) const {
+    if (action.Execute != &TfrmFound::acSwitchDeleted) return {};
+    return ShowsDeleted ? "Shows found rows" : "Shows deleted rows";
+}
+
+TFoundPreview TfrmFound::Preview() {
     const TFoundRow* row = Shown().Current();
     if (row == nullptr) return {};
-    return GetCurrentSourcePreview(*input_.Source, row->Record.Line + 1, 0,
-                                   context_.Settings.Get().PreviewLines)
-        .Text;
+    TSourcePreview lines = GetCurrentSourcePreview(*input_.Source, row->Record.Line + 1, 0,
+                                                   context_.Settings.Get().PreviewLines);
+    // The lines are a piece of the source, Index lines in front of the literal's and as many behind it.
+    std::size_t begin = 0;
+    for (int line = row->Record.Line - lines.Index; line > 0; --line)
+        begin = input_.Source->find('\n', begin) + 1;
+    const auto literal = static_cast<std::size_t>(row->Record.Position) - 1;
+    const std::size_t end = std::min(literal - begin + static_cast<std::size_t>(row->Record.SpanLength),
+                                     lines.Text.size());
+    return {std::move(lines.Text), literal - begin, end};
 }
 
 std::string TfrmFound::Advice() {
@@ -177,6 +194,12 @@ void TfrmFound::Update() {
 void TfrmFound::SelectCell(int row) {
     Shown().Row = row;
     Changed();
+}
+
+void TfrmFound::SelectRows(const std::vector<int>& rows, bool selected) {
+    for (const int row : rows)
+        Shown().Rows.at(static_cast<std::size_t>(row)).Selected = selected;
+    Update();
 }
 
 void TfrmFound::HideNotice() {

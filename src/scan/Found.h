@@ -40,6 +40,13 @@ struct TFoundInput {
     TmlFoundSourceStrings Found;
 };
 
+/// The source lines around a row.
+struct TFoundPreview {
+    std::string Text;
+    std::size_t Begin = 0;  ///< of the literal in Text, in bytes
+    std::size_t End = 0;    ///< behind it
+};
+
 class TfrmFound;
 
 /// A command of the review.
@@ -71,8 +78,11 @@ class TfrmFound : public TForm {
 
     /// The grid in front.
     TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
+    /// What a command is called just now, and what it does where the caption does not tell.
+    std::string CaptionOf(const TFoundAction& action) const;
+    std::string HintOf(const TFoundAction& action) const;
     /// The source lines around the current row.
-    std::string Preview();
+    TFoundPreview Preview();
     /// Why a call cannot stand in the current row's place, "" when it can.
     std::string Advice();
     /// The records left, in the order of the source.
@@ -83,6 +93,8 @@ class TfrmFound : public TForm {
     void FormClose() override;
 
     void SelectCell(int row);
+    /// Selects rows of the grid in front, or takes them out of the selection.
+    void SelectRows(const std::vector<int>& rows, bool selected);
     /// Takes a typed ID for a found row.
     void SetEditText(int row, const std::string& id);
 

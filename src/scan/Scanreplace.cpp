@@ -1,5 +1,6 @@
 #include "scan/Scanreplace.h"
 
+#include <optional>
 #include <set>
 
 #include "base/Errors.h"
@@ -7,6 +8,7 @@
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Constreplace.h"
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
@@ -15,12 +17,16 @@
 namespace tml {
 namespace {
 
+constexpr std::string_view kReplaced =
+    "Source file translated. All string constants added to \"Strings\" property.";
+
 /// One run over one unit. Hides the progress text however it ends.
 class TRun {
   public:
-    TRun(TContext& context, TListItem& item, const std::string& unitFile)
+    TRun(TContext& context, TListItem& item, const std::string& unitFile, bool constSection)
         : context_(context),
           item_(item),
+          constSection_(constSection),
           formUnit_(item.SubItems[fcFileName]),
           unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
     ~TRun() { context_.Dialogs().HideProgress(); }
@@ -58,12 +64,14 @@ class TRun {
 
     TContext& context_;
     TListItem& item_;
+    bool constSection_;
     std::string formUnit_;
     std::string unitFile_;
     std::shared_ptr<TmlCustomLang> lang_;
     std::shared_ptr<const std::string> text_;
     TScanInput input_;
-    TmlFoundSourceStrings strings_;  ///< found, then kept
+    std::optional<TConstRun> consts_;  ///< what a run over const sections does its own way
+    TmlFoundSourceStrings strings_;    ///< found, then kept
 };
 
 /// Before anything is changed: Pascal cannot use a unit that is written in C++.
@@ -79,6 +87,7 @@ void TRun::Open() {
     if (lang_ == nullptr) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
+    if (constSection_) consts_.emplace(context_, input_, item_.Caption, formUnit_);
 }
 
 TScanInput TRun::MakeInput() {
@@ -120,11 +129,12 @@ TTextRange TRun::Selection() {
 bool TRun::FindStrings() {
     context_.Skipped.clear();
     Progress("Scanning...");
-    TScanResult result = Scan(input_);
+    TScanResult result = consts_ ? consts_->Scan() : Scan(input_);
     context_.Skipped = std::move(result.Skipped);
     strings_ = std::move(result.Found);
     if (!strings_.Empty()) return true;
-    Message(Format("No strings found in the \"%s\" source!", FileNameOf(unitFile_)));
+    Message(consts_ ? NoConstsMessage(unitFile_)
+                    : Format("No strings found in the \"%s\" source!", FileNameOf(unitFile_)));
     return false;
 }
 
@@ -135,6 +145,7 @@ bool TRun::Review() {
     VerifyAgainstExisting(strings_, input_.Existing, style);
     Progress("Checking duplicates...", 0, strings_.Count());
     MergeDuplicates(strings_);
+    if (consts_) consts_->FetchAnew(strings_);
     context_.Dialogs().HideProgress();
     TfrmFound window(context_, {unitFile_, text_, style, input_.Existing, std::move(strings_)});
     if (context_.Dialogs().ShowModal(window) != mrOk) return false;
@@ -157,42 +168,62 @@ void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
     changes.Title = "Replace strings of " + FileNameOf(unitFile_);
-    changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
-    ProveRewrite(strings_, input_, changes.Sources.front().Edits);
     changes.Properties = lang_->PlanAddStrings(NewStrings());
+    if (consts_) {
+        consts_->Plan(strings_, text_, changes);
+    } else {
+        changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
+        ProveRewrite(strings_, input_, changes.Sources.front().Edits);
+    }
     if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
     GetModuleServices(context_)->ApplyChangeSet(changes);
     MarkModifiedForm(context_, item_.Caption);
 }
 
-}  // namespace
-
-bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile) {
-    IOTAModuleServices* services = GetModuleServices(context);
-    if (services == nullptr) return false;
-    TRowGuard row(item);
-    // Without Commit the scope takes everything back, the inserted component too.
-    const auto scope = services->BeginCommand("Replace hard-coded strings");
-    if (!TRun(context, item, unitFile).Execute()) return false;
-    scope->Commit();
-    row.Keep();
-    context.Dialogs().MessageDlg(
-        "Source file translated. All string constants added to \"Strings\" property.",
-        TMsgDlgType::mtInformation, {mrOk});
-    return true;
+void ReplaceInForm(TContext& context, bool constSection) {
+    if (TListItem* item = context.Rows.Active().FirstSelected())
+        DoScanReplace(context, *item, {}, constSection);
 }
 
-void SourceWithForm(TContext& context) {
-    if (TListItem* item = context.Rows.Active().FirstSelected()) DoScanReplace(context, *item);
-}
-
-void SourceWithoutForm(TContext& context) {
+void ReplaceInUnits(TContext& context, bool constSection) {
     TfrmTranslUnits window(context);
     if (context.Dialogs().ShowModal(window) != mrOk) return;
     TListItem* item = FindRowOfForm(context.Rows.FormNames, window.cbForm.Text());
     if (item == nullptr) return;
     for (const std::string& unit : window.lbUnits.SelectedItems())
-        DoScanReplace(context, *item, unit);
+        DoScanReplace(context, *item, unit, constSection);
+}
+
+}  // namespace
+
+bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile, bool constSection) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) return false;
+    TRowGuard row(item);
+    // Without Commit the scope takes everything back, the inserted component too.
+    const auto scope = services->BeginCommand("Replace hard-coded strings");
+    if (!TRun(context, item, unitFile, constSection).Execute()) return false;
+    scope->Commit();
+    row.Keep();
+    context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
+                                 TMsgDlgType::mtInformation, {mrOk});
+    return true;
+}
+
+void SourceWithForm(TContext& context) {
+    ReplaceInForm(context, false);
+}
+
+void SourceWithoutForm(TContext& context) {
+    ReplaceInUnits(context, false);
+}
+
+void ConstWithForm(TContext& context) {
+    ReplaceInForm(context, true);
+}
+
+void ConstWithoutForm(TContext& context) {
+    ReplaceInUnits(context, true);
 }
 
 }  // namespace tml

@@ -8,14 +8,19 @@ namespace tml {
 
 /// Replaces the hard-coded strings of a unit by calls on the localization component of the row's form,
 /// which is inserted where there is none: scan, review by the person, then the changes, all as one step
-/// of undo. unitFile is "" for the form's own unit. False when nothing was changed; then nothing is left
-/// of an inserted component either. Only the block of the unit's code editor is scanned while the context's
-/// ScanMode says so. EBadInput when the changes cannot be made as they should.
-bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile = {});
+/// of undo. unitFile is "" for the form's own unit. constSection takes the constants of the unit's const
+/// sections instead, which a generated routine then sets. False when nothing was changed; then nothing is
+/// left of an inserted component either. Only the block of the unit's code editor is scanned while the
+/// context's ScanMode says so. EBadInput when the changes cannot be made as they should.
+bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile = {},
+                   bool constSection = false);
 
 /// The command "With form...": the unit of the selected row.
 void SourceWithForm(TContext& context);
 /// The command "Without form...": chosen units, one after another, each a step of undo of its own.
 void SourceWithoutForm(TContext& context);
+/// The same two commands for the const sections.
+void ConstWithForm(TContext& context);
+void ConstWithoutForm(TContext& context);
 
 }  // namespace tml

@@ -38,4 +38,12 @@ bool IsRoutineDirective(std::string_view name) {
     return std::binary_search(kDirectives.begin(), kDirectives.end(), UpperCase(name));
 }
 
+int ConditionStep(std::string_view directive) {
+    const std::string upper = UpperCase(directive.substr(0, 10));
+    const std::string_view name = std::string_view(upper).substr(upper.find('$') + 1);
+    // {$IFEND} closes; {$IF}, {$IFDEF}, {$IFNDEF} and {$IFOPT} open.
+    if (name.starts_with("ENDIF") || name.starts_with("IFEND")) return -1;
+    return name.starts_with("IF") ? 1 : 0;
+}
+
 }  // namespace tml

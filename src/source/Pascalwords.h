@@ -56,4 +56,7 @@ TPascalWord PascalWordOf(std::string_view name);
 /// True for what may follow a routine's head or stand in it: virtual, stdcall, external, message ...
 bool IsRoutineDirective(std::string_view name);
 
+/// What a directive ("{$IFDEF X}") does to the depth of conditions: 1 opens one, -1 closes one, else 0.
+int ConditionStep(std::string_view directive);
+
 }  // namespace tml

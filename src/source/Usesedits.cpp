@@ -6,6 +6,7 @@
 #include "base/Utf8.h"
 #include "source/Charclass.h"
 #include "source/Outline.h"
+#include "source/Pascalwords.h"
 #include "source/Sourceedits.h"
 #include "source/Tokens.h"
 
@@ -47,7 +48,50 @@ class TUsesReader {
         return std::nullopt;
     }
 
+    /// The edits that add the unit in front of the clauses of a part that stand under one condition alone, so
+    /// that it is used in every case: "{$IFDEF A} uses B; {$ENDIF}" becomes "uses U {$IFDEF A}, B {$ENDIF};".
+    /// None where the part's first clause is under no condition.
+    TEdits AddBeforeCondition(const TRegion* part, const std::string& unitName) const {
+        std::vector<TToken> open;  // directives of the conditions around
+        TEdits edits;
+        bool joins = false;
+        bool mixed = false;  // the condition holds more than clauses
+        std::size_t clauseEnd = 0;
+        for (const TToken& token : Tokenize(source_)) {
+            if (token.Begin < (part == nullptr ? 0 : part->Begin)) continue;
+            const int step = token.Kind == TTokenKind::Directive ? ConditionStep(TextOf(source_, token)) : 0;
+            if (step > 0) open.push_back(token);
+            if (step < 0 && !open.empty()) open.pop_back();
+            if (step < 0 && open.empty() && joins) {
+                edits.push_back({token.End, token.End, ";"});
+                return edits;
+            }
+            const TRegion* clause = ClauseAt(part, token.Begin);
+            const bool isCode = token.Kind != TTokenKind::Comment && token.Kind != TTokenKind::Directive;
+            mixed = !open.empty() && (mixed || (isCode && clause == nullptr && token.Begin >= clauseEnd));
+            if ((clause != nullptr && open.empty()) || (mixed && (joins || clause != nullptr))) return {};
+            if (clause == nullptr) continue;
+            clauseEnd = clause->End;
+            if (!joins) {
+                const std::size_t begin = open.front().Begin;
+                edits.push_back({begin, begin, "uses" + std::string(kLineBreak) + "  " + unitName + " "});
+            }
+            joins = true;
+            edits.push_back({token.Begin, token.End, ","});
+            edits.push_back({clause->End - 1, clause->End, ""});
+        }
+        return {};
+    }
+
   private:
+    const TRegion* ClauseAt(const TRegion* part, std::size_t begin) const {
+        const auto found = std::find_if(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+            const TRegion* parent = region.Parent == kNoRegion ? nullptr : &regions_[region.Parent];
+            return region.Kind == TRegionKind::Uses && region.Begin == begin && parent == part;
+        });
+        return found == regions_.end() ? nullptr : &*found;
+    }
+
     TUsesClause Read(const TRegion& region) const {
         TUsesClause clause;
         int conditions = 0;
@@ -81,13 +125,6 @@ class TUsesReader {
         else if (clause.Units.back().Name.back() == '.')
             clause.Units.back().Name += text;
         return false;
-    }
-
-    static int ConditionStep(std::string_view directive) {
-        const std::string upper = UpperCase(directive.substr(0, 8));
-        const std::string_view name = std::string_view(upper).substr(upper.find('$') + 1);
-        if (name.starts_with("ENDIF") || name.starts_with("IFEND")) return -1;
-        return name.starts_with("IF") ? 1 : 0;
     }
 
     const TSourceText& source_;
@@ -133,6 +170,7 @@ TEdits NewClause(const TSourceText& source, const TRegion& part, const std::stri
 
 TEdits AddTo(const TSourceText& source, const TUsesReader& reader, const TRegion* part,
              const std::string& unitName) {
+    if (TEdits edits = reader.AddBeforeCondition(part, unitName); !edits.empty()) return edits;
     if (const auto clause = reader.ClauseOf(part)) return Append(source, *clause, unitName);
     if (part != nullptr) return NewClause(source, *part, unitName);
     throw EBadInput(source.FileName(), source.LineOf(source.Text().size()), "there is no uses clause",

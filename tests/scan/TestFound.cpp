@@ -41,7 +41,7 @@ TEST_F(TFound, ShowsEveryStringWithItsCall) {
               "L.GetTextOrDefault('IDS_0' (* 'One' *) )|L.GetTextOrDefault('IDS_1' (* 'Two' *) ) + |");
     EXPECT_EQ(window.StatusPanels,
               (std::array<std::string, 3>{"Found strings: 2", "Deleted strings: 0", "Selected rows: 0"}));
-    EXPECT_NE(window.Preview().find("g('Two'#13);"), std::string::npos);
+    EXPECT_NE(window.Preview().Text.find("g('Two'#13);"), std::string::npos);
 }
 
 TEST_F(TFound, ATypedIDReplacesNothingButTheID) {

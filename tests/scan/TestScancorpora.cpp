@@ -1,6 +1,7 @@
 // The scan and the rewrite over all Pascal sources and C++ headers that the test machine has.
 #include <algorithm>
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <iconv.h>
 #include <map>
 #include <set>

@@ -126,6 +126,8 @@ TEST(Units, AreAddedToUsesClauses) {
     ExpectEdits(kPascal, addBelow,
                 {{"interface\nuses A;\nimplementation\n{$R *.dfm}\n",
                   "interface\nuses A;\nimplementation\n\nuses\n  Unit2;\n{$R *.dfm}\n"},
+                 {"interface\nimplementation\n{$IFDEF X}\nuses B;\n{$ELSE}\nuses C;\n{$ENDIF}\n",
+                  "interface\nimplementation\nuses\n  Unit2 {$IFDEF X}\n, B\n{$ELSE}\n, C\n{$ENDIF};\n"},
                  {"interface\nuses A;\nimplementation\nuses B;\n",
                   "interface\nuses A;\nimplementation\nuses B, Unit2;\n"},
                  {"interface\nuses unit2;\nimplementation\n", "interface\nuses unit2;\nimplementation\n"}});

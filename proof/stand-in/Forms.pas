@@ -1,0 +1,13 @@
+unit Forms;
+
+{$ifdef FPC}{$mode objfpc}{$endif}
+
+interface
+
+type
+  TForm = class
+  end;
+
+implementation
+
+end.

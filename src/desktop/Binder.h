@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "desktop/Runner.h"
+#include "platform/Controls.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+
+namespace tml {
+
+/// Ties the widgets of a view to the public members of its state class: what the person changes is written
+/// to the member or given to the handler, Refresh shows the members. The state must outlive the binder.
+class TBinder {
+  public:
+    explicit TBinder(TRunner& runner) : runner_(runner) {}
+    TBinder(const TBinder&) = delete;
+    TBinder& operator=(const TBinder&) = delete;
+
+    void Refresh();
+
+    void Click(QAbstractButton* button, std::function<void()> handler);
+    /// A button that closes the window with a result of its own.
+    void CloseWith(QAbstractButton* button, TForm& form, TModalResult result);
+    /// Without a handler the member takes the value.
+    void Text(QLineEdit* edit, std::string& member, std::function<void(const std::string&)> handler = {});
+    void Lines(QPlainTextEdit* edit, TStringList& member, std::function<void()> handler = {});
+    void Check(QCheckBox* box, bool& member, std::function<void()> handler = {});
+    /// The entries of a closed list and the chosen one.
+    void Choice(QComboBox* box, const std::vector<std::string>& items, int& index);
+    /// A list of names with a flag for each that is selected.
+    void Names(QListWidget* list, const TStringList& names, std::vector<bool>& selected,
+               std::function<void()> handler = {});
+    void Enabled(QWidget* widget, const bool& member);
+    /// Anything else that follows the state.
+    void Show(std::function<void()> show) { shows_.push_back(std::move(show)); }
+
+  private:
+    TRunner& runner_;
+    std::vector<std::function<void()>> shows_;
+};
+
+}  // namespace tml

@@ -1,0 +1,73 @@
+#include "desktop/Formdialog.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include "desktop/Texts.h"
+
+namespace tml {
+
+TFormDialog::TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewServices& services,
+                         QWidget* parent)
+    : QDialog(parent), form_(form), view_(view.release()), services_(services) {
+    setObjectName(ToQt(form.Name));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view_);
+    resize(view_->size());
+    form_.OnChange = [this] { FormChanged(); };
+}
+
+TFormDialog::~TFormDialog() {
+    form_.OnChange = nullptr;
+}
+
+std::string TFormDialog::PlaceName() const {
+    return "Place." + form_.Name;
+}
+
+TModalResult TFormDialog::Execute() {
+    services_.Places.Restore(*this, PlaceName());
+    form_.Visible = true;
+    form_.FormShow();
+    FormChanged();
+    exec();
+    form_.Visible = false;
+    view_->BeforeClose();
+    services_.Places.Save(*this, PlaceName());
+    form_.FormClose();
+    return form_.ModalResult;
+}
+
+void TFormDialog::FormChanged() {
+    setWindowTitle(ToQt(form_.Caption));
+    view_->Refresh();
+    if (form_.ModalResult != mrNone && isVisible()) TryClose();
+}
+
+void TFormDialog::TryClose() {
+    // The form may ask the person, and a change meanwhile must not ask again.
+    if (asking_) return;
+    asking_ = true;
+    bool agreed = false;
+    services_.Runner.Run([&] { agreed = form_.FormCloseQuery(); });
+    asking_ = false;
+    if (agreed)
+        QDialog::done(form_.ModalResult);
+    else
+        form_.ModalResult = mrNone;
+}
+
+void TFormDialog::reject() {
+    form_.ModalResult = mrCancel;
+    TryClose();
+}
+
+void TFormDialog::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+}  // namespace tml

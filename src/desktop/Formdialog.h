@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "desktop/View.h"
+
+namespace tml {
+
+/// A modal window: frames the view of a form and keeps the form's life from FormShow to FormClose.
+class TFormDialog : public QDialog {
+  public:
+    TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewServices& services, QWidget* parent);
+    ~TFormDialog() override;
+    TFormDialog(const TFormDialog&) = delete;
+    TFormDialog& operator=(const TFormDialog&) = delete;
+
+    /// Shows it until it is closed; gives the form's result. What FormShow throws passes on.
+    TModalResult Execute();
+    /// Asked for by Esc and the window's close button.
+    void reject() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void FormChanged();
+    void TryClose();
+    std::string PlaceName() const;
+
+    TForm& form_;
+    TView* view_;
+    const TViewServices& services_;
+    bool asking_ = false;
+};
+
+}  // namespace tml

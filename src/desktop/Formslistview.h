@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QLabel>
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "desktop/Listmodel.h"
+#include "desktop/Menubinding.h"
+#include "desktop/View.h"
+#include "expert/Mlmainform.h"
+
+class QTableView;
+
+namespace Ui {
+class Formslistview;
+}
+
+namespace tml {
+
+/// The expert's main window.
+class TFormsListView : public TView {
+  public:
+    TFormsListView(TfrmmlLang& form, const TViewServices& services);
+    ~TFormsListView() override;
+    TFormsListView(const TFormsListView&) = delete;
+    TFormsListView& operator=(const TFormsListView&) = delete;
+
+    void Refresh() override;
+    const TfrmmlLang& Form() const { return form_; }
+
+  protected:
+    /// Enter in either list.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void BindMenus();
+    void BindList(QTableView& table, TListView& list, TListModel& model);
+    void BindHeader();
+    void RefreshList(QTableView& table, TListView& list, TListModel& model);
+    void RefreshHeader();
+
+    TfrmmlLang& form_;
+    TRunner& runner_;
+    std::unique_ptr<Ui::Formslistview> ui_;
+    TListModel forms_;
+    TListModel files_;
+    std::vector<std::unique_ptr<TMenuBinding>> menus_;
+    std::array<QLabel*, 4> panels_{};
+};
+
+}  // namespace tml

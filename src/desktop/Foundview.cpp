@@ -1,0 +1,252 @@
+#include "desktop/Foundview.h"
+
+#include <QAction>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMenu>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QToolButton>
+
+#include "desktop/Icons.h"
+#include "desktop/Listmodel.h"
+#include "desktop/Texts.h"
+#include "ui_Foundview.h"
+
+namespace tml {
+namespace {
+
+/// The review's commands on the tool bar, "" for a separator; the others are in the popup menu.
+constexpr std::array kToolBar{"acDeleteRow", "acExclude",       "acMarktoIgnore",      "",
+                              "acStartID",   "acSwitchDeleted", "acRestoreDeletedRow", "acViewSkipped"};
+
+/// The commands after which the popup menu has a line.
+constexpr std::array kGroupEnds{"acExclude", "acRemoveIgnoreMark", "acRestoreDeletedRow", "acViewSkipped",
+                                "acSelectAdvised"};
+
+constexpr int kMarkTint = 90;  ///< of 255
+
+std::vector<int> SourceRows(const QItemSelection& selection, const QSortFilterProxyModel& sorted) {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(sorted.mapToSource(sorted.index(row, 0)).row());
+    return rows;
+}
+
+}  // namespace
+
+TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
+    : form_(form),
+      services_(services),
+      ui_(std::make_unique<Ui::Foundview>()),
+      binder_(services.Runner),
+      model_(form) {
+    ui_->setupUi(this);
+    for (QLabel*& panel : panels_) {
+        panel = new QLabel(this);
+        panel->setMinimumWidth(140);
+        ui_->statusBar->addWidget(panel);
+    }
+    ui_->memPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui_->adviceIcon->setPixmap(PictureOf("advice").pixmap(16));
+    binder_.Click(ui_->hideNotice, [this] { form_.HideNotice(); });
+    BindTable();
+    BindActions();
+    FillToolBar();
+    FillPopup();
+}
+
+TFoundView::~TFoundView() = default;
+
+void TFoundView::BindTable() {
+    sorted_.setSourceModel(&model_);
+    sorted_.setDynamicSortFilter(false);
+    sorted_.setFilterKeyColumn(-1);
+    sorted_.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    sorted_.setSortCaseSensitivity(Qt::CaseInsensitive);
+    TRowTable& table = *ui_->sgStrings;
+    table.setModel(&sorted_);
+    SetUpTable(table);
+    table.setSortingEnabled(true);
+    table.sortByColumn(TFoundModel::fcLine, Qt::AscendingOrder);
+    table.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    connect(&table, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
+        ui_->sgStrings->edit(index.siblingAtColumn(TFoundModel::fcID));
+    });
+    model_.OnEdit = [this](int row, const std::string& id) {
+        services_.Runner.Run([&] { form_.SetEditText(row, id); });
+    };
+    connect(table.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) {
+                if (refreshing_ || !current.isValid()) return;
+                services_.Runner.Run([&] { form_.SelectCell(sorted_.mapToSource(current).row()); });
+            });
+    connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& selected, const QItemSelection& deselected) {
+                TakeSelection(selected, true);
+                TakeSelection(deselected, false);
+            });
+    connect(ui_->filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+        sorted_.setFilterFixedString(text);
+        Refresh();
+    });
+}
+
+// --- commands
+
+QAction* TFoundView::AddAction(const QString& name, const QString& caption, std::function<void()> execute) {
+    auto* action = new QAction(IconOf(FromQt(name)), caption, this);
+    action->setObjectName(name);
+    connect(action, &QAction::triggered, this,
+            [this, execute = std::move(execute)] { services_.Runner.Run(execute); });
+    addAction(action);
+    return action;
+}
+
+void TFoundView::BindActions() {
+    for (const TFoundAction& action : TfrmFound::Actions()) {
+        QAction* bound = AddAction(ToQt(action.Name), ToQt(action.Caption),
+                                   [this, &action] { (form_.*action.Execute)(); });
+        bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
+        actions_[bound->objectName()] = bound;
+    }
+    const auto focusFilter = [this] {
+        ui_->filter->setFocus();
+        ui_->filter->selectAll();
+    };
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, focusFilter);
+    connect(new QShortcut(Qt::Key_Down, ui_->filter), &QShortcut::activated, this,
+            [this] { ui_->sgStrings->setFocus(); });
+}
+
+void TFoundView::FillToolBar() {
+    QAction* modify = AddAction("ModifySource", "Modify Source", [this] { form_.tbModifyClick(); });
+    modify->setToolTip("Applies changes and modifies source unit (Ctrl+Return)");
+    modify->setShortcut(Qt::CTRL | Qt::Key_Return);
+    QAction* cancel = AddAction("Cancel", "Cancel", [this] { form_.tbCancelClick(); });
+    cancel->setToolTip("Cancels source translation");
+    ui_->toolBar->addActions({modify, cancel});
+    ui_->toolBar->addSeparator();
+    for (const QString name : kToolBar) {
+        if (name.isEmpty()) ui_->toolBar->addSeparator();
+        if (actions_.contains(name)) ui_->toolBar->addAction(actions_[name]);
+    }
+    actions_["acMarktoIgnore"]->setIconText("Ignore");
+    ui_->toolBar->addSeparator();
+    QAction* help = AddAction("Help", "Help", [this] { services_.ShowHelp(form_.Name); });
+    help->setToolTip("Displays help topic (F1)");
+    help->setShortcut(QKeySequence::HelpContents);
+    ui_->toolBar->addAction(help);
+}
+
+void TFoundView::FillPopup() {
+    ui_->sgStrings->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const TFoundAction& action : TfrmFound::Actions()) {
+        const QString name = ToQt(action.Name);
+        ui_->sgStrings->addAction(actions_[name]);
+        if (std::find(kGroupEnds.begin(), kGroupEnds.end(), name) == kGroupEnds.end()) continue;
+        auto* line = new QAction(ui_->sgStrings);
+        line->setSeparator(true);
+        ui_->sgStrings->addAction(line);
+    }
+    auto* methods = new QMenu("Use method:", this);
+    methods->setObjectName("UseMethod");
+    for (const std::string& method : form_.Methods())
+        connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
+                [this, &method] { services_.Runner.Run([&] { form_.UseMethod(method); }); });
+    ui_->sgStrings->addAction(methods->menuAction());
+}
+
+// --- showing
+
+void TFoundView::TakeSelection(const QItemSelection& rows, bool selected) {
+    if (refreshing_ || rows.isEmpty()) return;
+    services_.Runner.Run([&] { form_.SelectRows(SourceRows(rows, sorted_), selected); });
+}
+
+void TFoundView::Refresh() {
+    if (refreshing_) return;
+    refreshing_ = true;
+    if (!laidOut_ && form_.Visible) {
+        laidOut_ = true;
+        for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
+            ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, form_.GridCols[i]));
+        ui_->splitter->setSizes({height(), form_.PreviewHeight});
+        ui_->sgStrings->setFocus();
+    }
+    model_.Refresh();
+    RefreshSelection();
+    refreshing_ = false;
+    RefreshActions();
+    RefreshPreview();
+    ui_->notice->setVisible(form_.NoticeVisible);
+    for (std::size_t i = 0; i < panels_.size(); ++i)
+        panels_[i]->setText(ToQt(form_.StatusPanels[i]));
+    ui_->filterCount->setText(QString("%1 of %2").arg(sorted_.rowCount()).arg(model_.rowCount({})));
+    ui_->sgStrings->viewport()->update();
+}
+
+void TFoundView::RefreshActions() {
+    for (const TFoundAction& action : TfrmFound::Actions()) {
+        QAction* bound = actions_[ToQt(action.Name)];
+        bound->setText(ToQt(form_.CaptionOf(action)));
+        const std::string hint = form_.HintOf(action);
+        if (!hint.empty()) bound->setToolTip(ToQt(hint));
+    }
+}
+
+void TFoundView::RefreshSelection() {
+    const auto& rows = form_.Shown().Rows;
+    QItemSelection selection;
+    for (int shown = 0; shown < sorted_.rowCount(); ++shown) {
+        const auto row = static_cast<std::size_t>(sorted_.mapToSource(sorted_.index(shown, 0)).row());
+        if (!rows[row].Selected) continue;
+        // Neighbours are one range, so that the cost stays that of the rows.
+        int last = shown;
+        while (last + 1 < sorted_.rowCount() &&
+               rows[static_cast<std::size_t>(sorted_.mapToSource(sorted_.index(last + 1, 0)).row())].Selected)
+            ++last;
+        selection.select(sorted_.index(shown, 0), sorted_.index(last, TFoundModel::fcReplacement));
+        shown = last;
+    }
+    auto* model = ui_->sgStrings->selectionModel();
+    if (model->selection() != selection) model->select(selection, QItemSelectionModel::ClearAndSelect);
+    const QModelIndex current = sorted_.mapFromSource(model_.index(form_.Shown().Row, TFoundModel::fcID));
+    if (current.isValid() && current.row() != ui_->sgStrings->currentIndex().row())
+        model->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+}
+
+void TFoundView::RefreshPreview() {
+    const TFoundPreview preview = form_.Preview();
+    ui_->memPreview->setPlainText(ToQt(preview.Text));
+    // The editor counts a line end as one character and a text in UTF-16 units.
+    const auto place = [&](std::size_t bytes) {
+        QString before = ToQt(std::string_view(preview.Text).substr(0, bytes));
+        return static_cast<int>(before.remove('\r').size());
+    };
+    QTextEdit::ExtraSelection mark;
+    QColor tint = palette().color(QPalette::Highlight);
+    tint.setAlpha(kMarkTint);
+    mark.format.setBackground(tint);
+    mark.cursor = QTextCursor(ui_->memPreview->document());
+    mark.cursor.setPosition(place(preview.Begin));
+    mark.cursor.setPosition(place(preview.End), QTextCursor::KeepAnchor);
+    ui_->memPreview->setExtraSelections({mark});
+    QTextCursor cursor(ui_->memPreview->document());
+    cursor.setPosition(place(preview.Begin));
+    ui_->memPreview->setTextCursor(cursor);
+    ui_->memPreview->centerCursor();
+    const std::string advice = form_.Advice();
+    ui_->advice->setText(ToQt(advice));
+    ui_->adviceIcon->setVisible(!advice.empty());
+}
+
+void TFoundView::BeforeClose() {
+    for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
+        form_.GridCols[i] = DesignWidth(*this, ui_->sgStrings->columnWidth(static_cast<int>(i)));
+    form_.PreviewHeight = ui_->splitter->sizes().at(1);
+}
+
+}  // namespace tml

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QPointer>
+#include <QSortFilterProxyModel>
+#include <array>
+#include <map>
+#include <memory>
+
+#include "desktop/Binder.h"
+#include "desktop/Foundmodel.h"
+#include "desktop/View.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+
+namespace Ui {
+class Foundview;
+}
+
+namespace tml {
+
+/// The review of found strings.
+class TFoundView : public TView {
+  public:
+    TFoundView(TfrmFound& form, const TViewServices& services);
+    ~TFoundView() override;
+
+    void Refresh() override;
+    void BeforeClose() override;
+
+  private:
+    void BindActions();
+    void FillToolBar();
+    void FillPopup();
+    void BindTable();
+    void RefreshActions();
+    void RefreshSelection();
+    void RefreshPreview();
+    void TakeSelection(const QItemSelection& rows, bool selected);
+    QAction* AddAction(const QString& name, const QString& caption, std::function<void()> execute);
+
+    TfrmFound& form_;
+    const TViewServices& services_;
+    std::unique_ptr<Ui::Foundview> ui_;
+    TBinder binder_;
+    TFoundModel model_;
+    QSortFilterProxyModel sorted_;
+    std::map<QString, QAction*> actions_;
+    std::array<QLabel*, 3> panels_{};
+    bool refreshing_ = false;
+    bool laidOut_ = false;
+};
+
+}  // namespace tml

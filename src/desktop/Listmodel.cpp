@@ -1,0 +1,109 @@
+#include "desktop/Listmodel.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <QTableView>
+
+#include "desktop/Icons.h"
+#include "desktop/Texts.h"
+
+namespace tml {
+namespace {
+
+constexpr int kDesignCharWidth = 5;  ///< pixels
+
+}  // namespace
+
+bool TListModel::Refresh() {
+    std::vector<int> ids;
+    ids.reserve(list_.Items().size());
+    for (const auto& item : list_.Items())
+        ids.push_back(item->Id());
+    const bool same = ids == shown_ && !shown_.empty();
+    if (!same) beginResetModel();
+    shown_ = std::move(ids);
+    if (!same) endResetModel();
+    if (same) Q_EMIT dataChanged(index(0, 0), index(list_.Count() - 1, columnCount({}) - 1));
+    return !same;
+}
+
+int TListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+}
+
+int TListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(list_.Columns.size());
+}
+
+QVariant TListModel::data(const QModelIndex& index, int role) const {
+    // Between two refreshes the list may have lost rows.
+    if (!index.isValid() || index.row() >= list_.Count()) return {};
+    const TListItem& item = *list_.Items()[static_cast<std::size_t>(index.row())];
+    const auto cell = static_cast<std::size_t>(index.column()) - 1;
+    if (role == Qt::DecorationRole && index.column() == 0 && item.StateIndex < pictures_.size())
+        return PictureOf(pictures_[item.StateIndex]);
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+    if (index.column() == 0) return ToQt(item.Caption);
+    return cell < item.SubItems.size() ? ToQt(item.SubItems[cell]) : QString();
+}
+
+QVariant TListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole) return {};
+    return ToQt(list_.Columns.at(static_cast<std::size_t>(section)).Caption);
+}
+
+void SetUpTable(QTableView& table) {
+    table.setSelectionBehavior(QAbstractItemView::SelectRows);
+    table.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table.setShowGrid(false);
+    table.setAlternatingRowColors(true);
+    table.setWordWrap(false);
+    table.setTabKeyNavigation(false);
+    table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    table.horizontalHeader()->setHighlightSections(false);
+    table.horizontalHeader()->setStretchLastSection(true);
+    table.horizontalHeader()->setMinimumSectionSize(24);
+}
+
+int ShownWidth(const QWidget& widget, int designWidth) {
+    return designWidth * widget.fontMetrics().averageCharWidth() / kDesignCharWidth;
+}
+
+int DesignWidth(const QWidget& widget, int shownWidth) {
+    // Rounded up, so that the way there and back leaves a width as it was.
+    const int charWidth = widget.fontMetrics().averageCharWidth();
+    return (shownWidth * kDesignCharWidth + charWidth - 1) / charWidth;
+}
+
+void SelectionToList(const QTableView& table, TListView& list) {
+    const auto* selection = table.selectionModel();
+    for (int row = 0; row < list.Count(); ++row) {
+        TListItem& item = *list.Items()[static_cast<std::size_t>(row)];
+        item.Selected = selection->isRowSelected(row, {});
+        item.Focused = table.currentIndex().row() == row;
+    }
+}
+
+void SelectionFromList(QTableView& table, const TListView& list) {
+    auto* selection = table.selectionModel();
+    const int last = list.Columns.empty() ? 0 : static_cast<int>(list.Columns.size()) - 1;
+    QItemSelection rows;
+    int first = -1;
+    for (int row = 0; row < list.Count(); ++row) {
+        if (!list.Items()[static_cast<std::size_t>(row)]->Selected) continue;
+        if (first < 0) first = row;
+        rows.select(table.model()->index(row, 0), table.model()->index(row, last));
+    }
+    const QSignalBlocker quiet(selection);
+    selection->select(rows, QItemSelectionModel::ClearAndSelect);
+    if (first >= 0 && !selection->isRowSelected(table.currentIndex().row(), {}))
+        selection->setCurrentIndex(table.model()->index(first, 0), QItemSelectionModel::NoUpdate);
+    table.viewport()->update();
+}
+
+}  // namespace tml

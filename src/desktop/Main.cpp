@@ -1,0 +1,38 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include "desktop/Mainwindow.h"
+#include "desktop/Resources.h"
+#include "desktop/Texts.h"
+#include "desktop/Theme.h"
+
+int main(int argc, char** argv) {
+    using namespace tml;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("tmllang-workbench");
+    QApplication::setApplicationDisplayName("TmlLang Workbench");
+    LoadResources();
+
+    QCommandLineParser arguments;
+    arguments.setApplicationDescription("The TmlLang Expert in windows.");
+    arguments.addHelpOption();
+    const QString settings =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/tmllang";
+    const QCommandLineOption config("config", "Folder of the settings instead of the user's.", "DIR",
+                                    settings);
+    const QCommandLineOption theme("theme", "light, dark, or desktop (as the desktop is).", "NAME",
+                                   "desktop");
+    arguments.addOptions({config, theme});
+    arguments.addPositionalArgument("PROJECT", "A project or a group of projects to open.", "[PROJECT]");
+    arguments.process(application);
+
+    const QString side = arguments.value(theme);
+    SetTheme(application, side == "light" ? TTheme::Light : side == "dark" ? TTheme::Dark : TTheme::Desktop);
+    TMainWindow window({FromQt(arguments.value(config)), FromQt(QApplication::applicationDirPath())});
+    window.show();
+    const QStringList projects = arguments.positionalArguments();
+    if (!projects.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenProject(projects.first()); });
+    return QApplication::exec();
+}

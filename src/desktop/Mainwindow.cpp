@@ -1,0 +1,377 @@
+#include "desktop/Mainwindow.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <Qsci/qsciscintilla.h>
+
+#include "base/Errors.h"
+#include "desktop/Codeeditor.h"
+#include "desktop/Editortabs.h"
+#include "desktop/Expertdock.h"
+#include "desktop/Findbar.h"
+#include "desktop/Help.h"
+#include "desktop/Icons.h"
+#include "desktop/Idecommands.h"
+#include "desktop/Messagepane.h"
+#include "desktop/Projecttree.h"
+#include "desktop/Texts.h"
+#include "expert/Mllangexp.h"
+#include "ui_Mainwindow.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kProjectFilter =
+    "Projects (*.dproj *.dpr *.groupproj *.bdsproj *.bdsgroup *.bpg *.lpi *.bpr *.cbproj);;All files (*)";
+constexpr int kStatusTime = 5000;  ///< ms
+
+/// The tool bar, by the names of items in the menus.
+constexpr std::array kToolBar{"Open1", "Save1", "SaveAll1", "Undo1", "Redo1",
+                              "Cut1",  "Copy1", "Paste1",   "Find1", "mlLangExpertMenuItem"};
+
+}  // namespace
+
+TMainWindow::TMainWindow(const TDeskFolders& folders) : ui_(std::make_unique<Ui::Mainwindow>()) {
+    host_ = std::make_unique<TDeskHost>(folders, dialogs_);
+    places_ = std::make_unique<TPlaces>(*host_->Host().Registry);
+    services_.reset(new TViewServices{runner_, host_->Host(), *places_,
+                                      [this](const std::string& topic) { ShowTopic(topic); }});
+    ui_->setupUi(this);
+    setWindowIcon(ProgramIcon());
+    BuildPanes();
+    BindIde();
+    SetUpIdeMenus(host_->Ide().GetNTAServices()->GetMainMenu(),
+                  host_->Ide().GetNTAServices()->GetEditorLocalMenu(), *this);
+    runner_.Run([this] { host_->LoadExpert(); });
+    BindMenus();
+    places_->Restore(*this, "Window");
+    places_->RestoreState(*this);
+    Follow();
+}
+
+TMainWindow::~TMainWindow() {
+    runner_.Before = nullptr;
+    runner_.After = nullptr;
+    if (dock_ != nullptr) dock_->Forget();
+    delete tabs_;
+    menus_.clear();
+}
+
+void TMainWindow::BuildPanes() {
+    tabs_ = new TEditorTabs(host_->Ide(), runner_);
+    findBar_ = new TFindBar([this] { return tabs_->CurrentText(); });
+    ui_->centreLayout->addWidget(tabs_);
+    ui_->centreLayout->addWidget(findBar_);
+    tree_ = new TProjectTree(host_->Ide());
+    ui_->projectDock->setWidget(tree_);
+    messages_ = new TMessagePane;
+    ui_->messageDock->setWidget(messages_);
+    ui_->messageDock->hide();
+    resizeDocks({ui_->projectDock, ui_->messageDock}, {260, 260}, Qt::Horizontal);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+
+    messages_->OnGoTo = [this](const std::string& file, int line) { runner_.Run([&] { GoTo(file, line); }); };
+    tree_->OnOpen = [this](const std::string& file) { runner_.Run([&] { GoTo(file, 0); }); };
+    tree_->OnViewFormText = [this](const std::string& file) {
+        runner_.Run([&] { tabs_->ShowFormText(file); });
+    };
+    tree_->OnMakeActive = [this](const std::shared_ptr<IOTAProject>& project) {
+        runner_.Run([&] { host_->Modules().GetMainProjectGroup()->SetActiveProject(project); });
+    };
+    tabs_->OnCloseModule = [this](const std::shared_ptr<IOTAModule>& module) { CloseModule(module); };
+    tabs_->OnLocalMenu = [this](const QPoint& at) { ShowLocalMenu(at); };
+}
+
+void TMainWindow::BindIde() {
+    dialogs_.Parent = this;
+    dialogs_.Services = [this]() -> const TViewServices& { return *services_; };
+    dialogs_.ShowWindow = [this](TForm& form) { ShowWindow(form); };
+    dialogs_.ShowTopic = services_->ShowHelp;
+    runner_.Before = [this] { tabs_->Commit(); };
+    runner_.After = [this] { Follow(); };
+    runner_.OnError = [this](const std::exception& error) { ReportError(error); };
+}
+
+void TMainWindow::BindMenus() {
+    TMenuItem& menu = host_->Ide().GetNTAServices()->GetMainMenu();
+    menus_.push_back(std::make_unique<TMenuBinding>(
+        ui_->menuBar, [&menu] { return menu.Items; }, runner_));
+    menus_.push_back(std::make_unique<TMenuBinding>(
+        ui_->toolBar,
+        [&menu] {
+            std::vector<std::shared_ptr<TMenuItem>> items;
+            for (const char* name : kToolBar)
+                if (auto item = FindItem(menu, name)) items.push_back(std::move(item));
+            return items;
+        },
+        runner_));
+}
+
+// --- following the IDE
+
+void TMainWindow::Follow() {
+    if (following_) return;
+    following_ = true;
+    try {
+        if (dock_ != nullptr && host_->ExpertWindow() != &dock_->Form()) {
+            dock_->Forget();
+            dock_->hide();
+            dock_->deleteLater();
+            dock_ = nullptr;
+        }
+        tabs_->Follow();
+        tree_->Refresh();
+        if (const auto recent = FindItem(host_->Ide().GetNTAServices()->GetMainMenu(), "RecentProjects1"))
+            FillRecentProjects(*recent);
+        for (const auto& menu : menus_)
+            menu->Refresh();
+        FollowTitle();
+    } catch (const std::exception& error) {
+        messages_->AddMessage({}, 0, error.what());
+    }
+    following_ = false;
+}
+
+void TMainWindow::FollowTitle() {
+    const auto project = host_->Modules().GetActiveProject();
+    const QString name = project == nullptr ? QString() : ToQt(FileNameOf(project->GetFileName())) + " - ";
+    setWindowTitle(name + "TmlLang Workbench");
+}
+
+void TMainWindow::FillRecentProjects(TMenuItem& menu) {
+    const QStringList paths = places_->RecentProjects();
+    if (menu.Items.size() == static_cast<std::size_t>(paths.size()) &&
+        (paths.isEmpty() || menu.Items.front()->Hint == FromQt(paths.first())))
+        return;
+    menu.Items.clear();
+    for (const QString& path : paths) {
+        auto item = std::make_shared<TMenuItem>();
+        item->Caption =
+            "&" + std::to_string(menu.Items.size() + 1) + "  " + FromQt(QString(path).replace('&', "&&"));
+        item->Hint = FromQt(path);
+        item->OnClick = [this, path] { OpenProject(path); };
+        menu.Items.push_back(std::move(item));
+    }
+}
+
+void TMainWindow::ReportError(const std::exception& error) {
+    if (const auto* bad = dynamic_cast<const EBadInput*>(&error))
+        messages_->AddMessage(bad->File(), bad->Line(), bad->Problem());
+    else
+        messages_->AddMessage({}, 0, error.what());
+    dialogs_.MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
+}
+
+void TMainWindow::ShowWindow(TForm& form) {
+    TfrmmlLang* window = host_->ExpertWindow();
+    if (window == nullptr || (&form != window && &form != window->Parent))
+        throw std::logic_error("The window " + form.Name + " has no view.");
+    if (dock_ != nullptr && &dock_->Form() != window) {
+        dock_->Forget();
+        delete dock_;
+    }
+    if (dock_ == nullptr) {
+        dock_ = new TExpertDock(*window, *services_, this);
+        if (!restoreDockWidget(dock_)) {
+            addDockWidget(Qt::BottomDockWidgetArea, dock_);
+            tabifyDockWidget(ui_->messageDock, dock_);
+            resizeDocks({dock_}, {form.ClientHeight * 3 / 4}, Qt::Vertical);
+        }
+    }
+    dock_->show();
+    dock_->raise();
+    dock_->activateWindow();
+}
+
+void TMainWindow::ShowTopic(const std::string& topic) {
+    if (help_ == nullptr) help_ = new THelp(this);
+    help_->ShowTopic(topic);
+}
+
+void TMainWindow::ShowLocalMenu(const QPoint& at) {
+    TMenuItem& menu = host_->Ide().GetNTAServices()->GetEditorLocalMenu();
+    auto* popup = new QMenu(this);
+    popup->setObjectName("editorLocalMenu");
+    popup->setAttribute(Qt::WA_DeleteOnClose);
+    runner_.Before();
+    const auto binding = std::make_shared<TMenuBinding>(
+        popup, [&menu] { return menu.Items; }, runner_);
+    // What has been chosen is run by a queued call, which needs the menu a moment longer.
+    connect(popup, &QMenu::aboutToHide, popup, [popup, binding] { popup->deleteLater(); });
+    popup->popup(at);
+}
+
+// --- projects and files
+
+void TMainWindow::OpenProject(const QString& path) {
+    runner_.Run([&] {
+        if (!AskToSaveAll()) return;
+        host_->Ide().OpenProject(FromQt(path));
+        places_->AddRecentProject(path);
+        messages_->clear();
+        for (const TProjectProblem& problem : host_->Ide().Problems())
+            messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
+        if (host_->Expert() != nullptr) host_->Expert()->RunItemClick();
+        ui_->messageDock->setVisible(!host_->Ide().Problems().empty());
+        ui_->messageDock->raise();
+    });
+}
+
+void TMainWindow::AskProject() {
+    const QString path = QFileDialog::getOpenFileName(this, "Open Project", {}, kProjectFilter);
+    if (!path.isEmpty()) OpenProject(path);
+}
+
+void TMainWindow::ReloadProject() {
+    const auto group = host_->Modules().GetMainProjectGroup();
+    if (group == nullptr) return;
+    const std::string file =
+        group->GetFileName().empty() ? group->GetProject(0)->GetFileName() : group->GetFileName();
+    OpenProject(ToQt(file));
+}
+
+void TMainWindow::CloseProject() {
+    if (AskToSaveAll()) host_->Ide().CloseProject();
+}
+
+bool TMainWindow::AskToSave(const std::vector<std::shared_ptr<IOTAModule>>& modules) {
+    std::string names;
+    std::vector<std::shared_ptr<IOTAModule>> modified;
+    for (const auto& module : modules) {
+        if (!module->GetModified()) continue;
+        modified.push_back(module);
+        names += "\n" + FileNameOf(module->GetFileName());
+    }
+    if (modified.empty()) return true;
+    const TModalResult answer = dialogs_.MessageDlg("Save the changes of these units?\n" + names,
+                                                    TMsgDlgType::mtConfirmation, {mrYes, mrNo, mrCancel});
+    if (answer == mrYes)
+        for (const auto& module : modified)
+            module->Save();
+    return answer != mrCancel;
+}
+
+bool TMainWindow::AskToSaveAll() {
+    return AskToSave(host_->Ide().Modules());
+}
+
+void TMainWindow::CloseModule(const std::shared_ptr<IOTAModule>& module) {
+    if (AskToSave({module})) module->Close();
+}
+
+void TMainWindow::CloseFile() {
+    if (tabs_->currentIndex() >= 0) tabs_->CloseTab(tabs_->currentIndex());
+}
+
+void TMainWindow::Save() {
+    if (const TCodeEditor* editor = tabs_->Current())
+        if (const auto module = editor->Module().lock()) module->Save();
+}
+
+void TMainWindow::SaveAll() {
+    host_->Ide().SaveAll();
+}
+
+void TMainWindow::GoTo(const std::string& file, int line) {
+    host_->Modules().OpenModule(file, true);
+    tabs_->Follow();
+    if (TCodeEditor* editor = tabs_->Current(); editor != nullptr && line > 0) editor->GoToLine(line);
+}
+
+// --- editing
+
+void TMainWindow::Undo() {
+    const TCodeEditor* editor = tabs_->Current();
+    const std::string step = host_->Ide().Undo(editor == nullptr ? std::string() : editor->FileName());
+    statusBar()->showMessage(step.empty() ? "Nothing to undo" : "Undone: " + ToQt(step), kStatusTime);
+}
+
+void TMainWindow::Redo() {
+    const TCodeEditor* editor = tabs_->Current();
+    const std::string step = host_->Ide().Redo(editor == nullptr ? std::string() : editor->FileName());
+    statusBar()->showMessage(step.empty() ? "Nothing to redo" : "Redone: " + ToQt(step), kStatusTime);
+}
+
+void TMainWindow::Cut() {
+    if (QsciScintilla* text = tabs_->CurrentText()) text->cut();
+}
+
+void TMainWindow::Copy() {
+    if (QsciScintilla* text = tabs_->CurrentText()) text->copy();
+}
+
+void TMainWindow::Paste() {
+    if (QsciScintilla* text = tabs_->CurrentText()) text->paste();
+}
+
+void TMainWindow::SelectAll() {
+    if (QsciScintilla* text = tabs_->CurrentText()) text->selectAll();
+}
+
+void TMainWindow::Find() {
+    findBar_->Open();
+}
+
+void TMainWindow::FindNext() {
+    findBar_->FindNext(true);
+}
+
+void TMainWindow::FindPrevious() {
+    findBar_->FindNext(false);
+}
+
+void TMainWindow::GoToLine() {
+    TCodeEditor* editor = tabs_->Current();
+    if (editor == nullptr) return;
+    bool agreed = false;
+    const int line =
+        QInputDialog::getInt(this, "Go to Line", "Line:", 1, 1, std::max(editor->lines(), 1), 1, &agreed);
+    if (agreed) editor->GoToLine(line);
+}
+
+// --- windows
+
+void TMainWindow::ShowProjectManager() {
+    ui_->projectDock->show();
+    ui_->projectDock->raise();
+    tree_->setFocus();
+}
+
+void TMainWindow::ShowMessages() {
+    ui_->messageDock->show();
+    ui_->messageDock->raise();
+    messages_->setFocus();
+}
+
+void TMainWindow::HelpContents() {
+    ShowTopic({});
+}
+
+void TMainWindow::About() {
+    QMessageBox::about(this, "TmlLang Workbench",
+                       "<h3>TmlLang Workbench " TML_VERSION
+                       "</h3><p>The TmlLang Expert in windows: moves the hard-coded strings of form "
+                       "projects into localization components.</p><p>This program is distributed under the "
+                       "GNU General Public License, version 3.</p>");
+}
+
+void TMainWindow::Quit() {
+    close();
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event) {
+    bool agreed = false;
+    const bool done = runner_.Run([&] {
+        agreed = AskToSaveAll();
+        if (!agreed) return;
+        places_->Save(*this, "Window");
+        places_->SaveState(*this);
+        if (host_->ExpertWindow() != nullptr) host_->ExpertWindow()->FormClose();
+    });
+    event->setAccepted(agreed && done);
+}
+
+}  // namespace tml

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "desktop/Deskhost.h"
+#include "desktop/Menubinding.h"
+#include "desktop/Qtdialogs.h"
+
+namespace Ui {
+class Mainwindow;
+}
+
+namespace tml {
+
+class TEditorTabs;
+class TExpertDock;
+class TFindBar;
+class THelp;
+class TMessagePane;
+class TProjectTree;
+
+/// The IDE's window: menus, project manager, code editor, messages, and the dock of the expert.
+class TMainWindow : public QMainWindow {
+  public:
+    explicit TMainWindow(const TDeskFolders& folders);
+    ~TMainWindow() override;
+    TMainWindow(const TMainWindow&) = delete;
+    TMainWindow& operator=(const TMainWindow&) = delete;
+
+    /// Opens a project after asking about unsaved work; what is wrong with it goes to the messages, one
+    /// that cannot be opened leaves what is open.
+    void OpenProject(const QString& path);
+
+    TDeskHost& Host() { return *host_; }
+    TRunner& Runner() { return runner_; }
+    TEditorTabs& Tabs() { return *tabs_; }
+    TMessagePane& Messages() { return *messages_; }
+
+    // The commands of the IDE's menus.
+    void AskProject();
+    void Save();
+    void SaveAll();
+    void CloseFile();
+    void CloseProject();
+    void Quit();
+    void Undo();
+    void Redo();
+    void Cut();
+    void Copy();
+    void Paste();
+    void SelectAll();
+    void Find();
+    void FindNext();
+    void FindPrevious();
+    void GoToLine();
+    void ShowProjectManager();
+    void ShowMessages();
+    void ReloadProject();
+    void HelpContents();
+    void About();
+
+    void GoTo(const std::string& file, int line);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void BuildPanes();
+    void BindIde();
+    void BindMenus();
+    void FillRecentProjects(TMenuItem& menu);
+    void Follow();
+    void FollowTitle();
+    void ReportError(const std::exception& error);
+    void ShowWindow(TForm& form);
+    void ShowTopic(const std::string& topic);
+    void ShowLocalMenu(const QPoint& at);
+    void CloseModule(const std::shared_ptr<IOTAModule>& module);
+    /// False when the person wants to stay.
+    bool AskToSave(const std::vector<std::shared_ptr<IOTAModule>>& modules);
+    bool AskToSaveAll();
+
+    TRunner runner_;
+    TQtDialogs dialogs_;
+    std::unique_ptr<TDeskHost> host_;
+    std::unique_ptr<TPlaces> places_;
+    std::unique_ptr<TViewServices> services_;
+    std::unique_ptr<Ui::Mainwindow> ui_;
+    TProjectTree* tree_ = nullptr;
+    TEditorTabs* tabs_ = nullptr;
+    TFindBar* findBar_ = nullptr;
+    TMessagePane* messages_ = nullptr;
+    QPointer<TExpertDock> dock_;
+    THelp* help_ = nullptr;
+    std::vector<std::unique_ptr<TMenuBinding>> menus_;
+    std::string project_;
+    bool following_ = false;
+};
+
+}  // namespace tml

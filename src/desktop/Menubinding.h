@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "desktop/Runner.h"
+#include "platform/Controls.h"
+
+class QAction;
+
+namespace tml {
+
+/// Shows the sub-items of a menu item in a menu bar, menu or tool bar and follows them: menus belong to the
+/// system, which changes them at any time.
+class TMenuBinding {
+  public:
+    using TItems = std::vector<std::shared_ptr<TMenuItem>>;
+
+    /// source gives the items. Shortcuts count in the whole window, or only where keys or a child of it has
+    /// the focus.
+    TMenuBinding(QWidget* target, std::function<TItems()> source, TRunner& runner, QWidget* keys = nullptr);
+
+    /// Makes the actions anew where anything has changed.
+    void Refresh();
+
+  private:
+    void Fill(QWidget& target, const TItems& items);
+    void AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& item);
+    void SetKeys(QAction& action, TShortCut shortCut);
+
+    QPointer<QWidget> target_;
+    std::function<TItems()> source_;
+    TRunner& runner_;
+    QPointer<QWidget> keys_;
+    QString shown_;
+    QList<QObject*> made_;
+};
+
+}  // namespace tml

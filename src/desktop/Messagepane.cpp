@@ -1,0 +1,44 @@
+#include "desktop/Messagepane.h"
+
+#include <QHeaderView>
+
+#include "base/Files.h"
+#include "desktop/Icons.h"
+#include "desktop/Texts.h"
+
+namespace tml {
+namespace {
+
+constexpr int kFileRole = Qt::UserRole;
+constexpr int kLineRole = Qt::UserRole + 1;
+
+}  // namespace
+
+TMessagePane::TMessagePane() {
+    setObjectName("messages");
+    setHeaderLabels({"File", "Line", "Message"});
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setFrameShape(QFrame::NoFrame);
+    header()->resizeSection(0, 180);
+    header()->resizeSection(1, 50);
+    connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+        const QString file = item->data(0, kFileRole).toString();
+        if (!file.isEmpty() && OnGoTo) OnGoTo(FromQt(file), item->data(0, kLineRole).toInt());
+    });
+}
+
+void TMessagePane::AddMessage(const std::string& file, int line, const std::string& text) {
+    auto* item = new QTreeWidgetItem(this);
+    item->setIcon(0, PictureOf("error"));
+    item->setText(0, ToQt(FileNameOf(file)));
+    item->setToolTip(0, ToQt(file));
+    item->setText(1, line > 0 ? QString::number(line) : QString());
+    item->setText(2, ToQt(text).simplified());
+    item->setToolTip(2, ToQt(text));
+    item->setData(0, kFileRole, ToQt(file));
+    item->setData(0, kLineRole, line);
+    scrollToItem(item);
+}
+
+}  // namespace tml

@@ -1,0 +1,52 @@
+#include "desktop/Places.h"
+
+#include <QMainWindow>
+
+#include "desktop/Texts.h"
+
+namespace tml {
+namespace {
+
+const std::string kKey = "\\Software\\Velmora\\TmlLang\\Workbench";
+constexpr const char* kDocks = "Docks";
+constexpr const char* kRecent = "RecentProjects";
+constexpr int kMostRecent = 10;
+
+}  // namespace
+
+QByteArray TPlaces::Bytes(const std::string& name) {
+    return QByteArray::fromBase64(QByteArray::fromStdString(registry_.ReadString(kKey, name).value_or("")));
+}
+
+void TPlaces::SetBytes(const std::string& name, const QByteArray& bytes) {
+    registry_.WriteString(kKey, name, bytes.toBase64().toStdString());
+}
+
+void TPlaces::Restore(QWidget& window, const std::string& name) {
+    window.restoreGeometry(Bytes(name));
+}
+
+void TPlaces::Save(const QWidget& window, const std::string& name) {
+    SetBytes(name, window.saveGeometry());
+}
+
+void TPlaces::RestoreState(QMainWindow& window) {
+    window.restoreState(Bytes(kDocks));
+}
+
+void TPlaces::SaveState(const QMainWindow& window) {
+    SetBytes(kDocks, window.saveState());
+}
+
+QStringList TPlaces::RecentProjects() {
+    return ToQt(TStringList::FromText(registry_.ReadString(kKey, kRecent).value_or("")));
+}
+
+void TPlaces::AddRecentProject(const QString& path) {
+    QStringList paths = RecentProjects();
+    paths.removeAll(path);
+    paths.prepend(path);
+    registry_.WriteString(kKey, kRecent, FromQt(paths.mid(0, kMostRecent).join("\n")));
+}
+
+}  // namespace tml

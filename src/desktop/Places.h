@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include "platform/Registry.h"
+
+class QMainWindow;
+
+namespace tml {
+
+/// Where windows stood, in the user's settings. A window whose place is kept by its own state class needs
+/// no entry here.
+class TPlaces {
+  public:
+    explicit TPlaces(IRegistry& registry) : registry_(registry) {}
+
+    void Restore(QWidget& window, const std::string& name);
+    void Save(const QWidget& window, const std::string& name);
+    /// With its tool bars and docks.
+    void RestoreState(QMainWindow& window);
+    void SaveState(const QMainWindow& window);
+
+    QStringList RecentProjects();
+    /// Puts the project in front; the oldest ones are dropped.
+    void AddRecentProject(const QString& path);
+
+  private:
+    QByteArray Bytes(const std::string& name);
+    void SetBytes(const std::string& name, const QByteArray& bytes);
+
+    IRegistry& registry_;
+};
+
+}  // namespace tml

@@ -1,0 +1,123 @@
+#include "desktop/Projecttree.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QTreeWidgetItemIterator>
+
+#include "base/Files.h"
+#include "desktop/Icons.h"
+#include "desktop/Texts.h"
+
+namespace tml {
+namespace {
+
+enum TKind { Group = 1, Project, Form, Unit };
+
+constexpr int kFileRole = Qt::UserRole;
+constexpr int kKindRole = Qt::UserRole + 1;
+constexpr int kProjectRole = Qt::UserRole + 2;  ///< index in the group
+
+QTreeWidgetItem* NewItem(const QString& text, const char* picture, TKind kind, const std::string& file) {
+    auto* item = new QTreeWidgetItem({text});
+    item->setIcon(0, PictureOf(picture));
+    item->setData(0, kKindRole, kind);
+    item->setData(0, kFileRole, ToQt(file));
+    item->setToolTip(0, ToQt(file));
+    return item;
+}
+
+std::string FileOf(const QTreeWidgetItem& item) {
+    return FromQt(item.data(0, kFileRole).toString());
+}
+
+bool IsSource(const QTreeWidgetItem& item) {
+    return item.data(0, kKindRole).toInt() >= Form;
+}
+
+}  // namespace
+
+TProjectTree::TProjectTree(THeadlessIde& ide) : ide_(ide) {
+    setObjectName("projectTree");
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setFrameShape(QFrame::NoFrame);
+    connect(this, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
+        if (IsSource(*item)) OnOpen(FileOf(*item));
+    });
+}
+
+void TProjectTree::Refresh() {
+    const auto group = ide_.GetModuleServices()->GetMainProjectGroup();
+    if (group.get() != shown_) {
+        shown_ = group.get();
+        Build();
+    }
+    MarkItems();
+}
+
+void TProjectTree::Build() {
+    clear();
+    const auto group = ide_.GetModuleServices()->GetMainProjectGroup();
+    if (group == nullptr) return;
+    const std::string file = group->GetFileName();
+    QTreeWidgetItem* top = invisibleRootItem();
+    if (!file.empty()) {
+        addTopLevelItem(NewItem(ToQt(FileNameOf(file)), "group", Group, file));
+        top = topLevelItem(0);
+    }
+    for (int i = 0; i < group->GetProjectCount(); ++i) {
+        AddProject(*top, group->GetProject(i));
+        top->child(i)->setData(0, kProjectRole, i);
+        top->child(i)->setExpanded(true);
+    }
+    top->setExpanded(true);
+}
+
+void TProjectTree::AddProject(QTreeWidgetItem& group, const std::shared_ptr<IOTAProject>& project) {
+    auto* item =
+        NewItem(ToQt(FileNameOf(project->GetFileName())), "project", Project, project->GetFileName());
+    for (int i = 0; i < project->GetModuleCount(); ++i) {
+        const TOTAModuleInfo module = project->GetModule(i);
+        const QString unit = ToQt(FileNameOf(module.FileName));
+        if (module.FormName.empty())
+            item->addChild(NewItem(unit, "unit", Unit, module.FileName));
+        else
+            item->addChild(NewItem(ToQt(module.FormName) + "   " + unit, "form", Form, module.FileName));
+    }
+    group.addChild(item);
+}
+
+void TProjectTree::MarkItems() {
+    const auto active = ide_.GetModuleServices()->GetActiveProject();
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        QTreeWidgetItem& item = **it;
+        QFont font = item.font(0);
+        const int kind = item.data(0, kKindRole).toInt();
+        const auto module = IsSource(item) ? ide_.GetModuleServices()->FindModule(FileOf(item)) : nullptr;
+        font.setBold(kind == Project && active != nullptr && active->GetFileName() == FileOf(item));
+        font.setItalic(module != nullptr && module->GetModified());
+        item.setFont(0, font);
+    }
+}
+
+std::shared_ptr<IOTAProject> TProjectTree::ProjectOf(const QTreeWidgetItem& item) {
+    return ide_.GetModuleServices()->GetMainProjectGroup()->GetProject(item.data(0, kProjectRole).toInt());
+}
+
+void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
+    const QTreeWidgetItem* item = itemAt(event->pos());
+    if (item == nullptr) return;
+    QMenu menu;
+    menu.setObjectName("projectMenu");
+    const int kind = item->data(0, kKindRole).toInt();
+    const std::string file = FileOf(*item);
+    if (IsSource(*item)) menu.addAction(PictureOf("open"), "&Open", this, [&] { OnOpen(file); });
+    if (kind == Form)
+        menu.addAction(PictureOf("form"), "&View Form as Text", this, [&] { OnViewFormText(file); });
+    if (kind == Project)
+        menu.addAction("Make &Active Project", this, [&] { OnMakeActive(ProjectOf(*item)); });
+    if (!menu.isEmpty()) menu.exec(event->globalPos());
+}
+
+}  // namespace tml

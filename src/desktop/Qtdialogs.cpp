@@ -1,0 +1,112 @@
+#include "desktop/Qtdialogs.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <array>
+#include <map>
+#include <stdexcept>
+
+#include "desktop/Formdialog.h"
+#include "desktop/Icons.h"
+#include "desktop/Texts.h"
+#include "desktop/Views.h"
+
+namespace tml {
+namespace {
+
+struct TButton {
+    TModalResult Result;
+    const char* Caption;
+    QMessageBox::ButtonRole Role;
+};
+
+constexpr std::array kButtons{
+    TButton{mrOk, "OK", QMessageBox::AcceptRole},
+    TButton{mrCancel, "Cancel", QMessageBox::RejectRole},
+    TButton{mrAbort, "&Abort", QMessageBox::DestructiveRole},
+    TButton{mrRetry, "&Retry", QMessageBox::AcceptRole},
+    TButton{mrIgnore, "&Ignore", QMessageBox::AcceptRole},
+    TButton{mrYes, "&Yes", QMessageBox::YesRole},
+    TButton{mrNo, "&No", QMessageBox::NoRole},
+    TButton{mrClose, "&Close", QMessageBox::RejectRole},
+    TButton{mrHelp, "&Help", QMessageBox::HelpRole},
+    TButton{mrTryAgain, "&Try Again", QMessageBox::AcceptRole},
+    TButton{mrContinue, "&Continue", QMessageBox::AcceptRole},
+    TButton{mrAll, "&All", QMessageBox::AcceptRole},
+    TButton{mrNoToAll, "N&o to All", QMessageBox::NoRole},
+    TButton{mrYesToAll, "Yes to &All", QMessageBox::YesRole},
+};
+
+const std::map<TMsgDlgType, const char*> kPictures{
+    {TMsgDlgType::mtWarning, "advice"},
+    {TMsgDlgType::mtError, "error"},
+    {TMsgDlgType::mtInformation, "info"},
+    {TMsgDlgType::mtConfirmation, "help"},
+};
+constexpr int kPictureSize = 32;
+
+constexpr const char* kCaption = "TmlLang Expert";
+
+/// What closing the box by Esc or its frame means.
+TModalResult ResultOfEsc(const TMsgDlgButtons& buttons) {
+    for (const TModalResult way : {mrCancel, mrNo, mrClose, mrAbort, mrOk})
+        if (std::find(buttons.begin(), buttons.end(), way) != buttons.end()) return way;
+    return mrCancel;
+}
+
+}  // namespace
+
+QWidget* TQtDialogs::Front() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal == nullptr ? Parent.data() : modal;
+}
+
+TModalResult TQtDialogs::MessageDlg(const std::string& text, TMsgDlgType type,
+                                    const TMsgDlgButtons& buttons) {
+    progress_.Hide();
+    QMessageBox box(QMessageBox::NoIcon, kCaption, {}, QMessageBox::NoButton, Front());
+    box.setIconPixmap(PictureOf(kPictures.at(type)).pixmap(kPictureSize));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(text));
+    std::map<const QAbstractButton*, TModalResult> results;
+    for (const TButton& button : kButtons) {
+        if (std::find(buttons.begin(), buttons.end(), button.Result) == buttons.end()) continue;
+        QPushButton* added = box.addButton(ToQt(button.Caption), button.Role);
+        results[added] = button.Result;
+        if (button.Result == ResultOfEsc(buttons)) box.setEscapeButton(added);
+        if (button.Result == buttons.front()) box.setDefaultButton(added);
+    }
+    box.exec();
+    const auto clicked = results.find(box.clickedButton());
+    return clicked == results.end() ? ResultOfEsc(buttons) : clicked->second;
+}
+
+bool TQtDialogs::InputQuery(const std::string& caption, const std::string& prompt, std::string& value) {
+    progress_.Hide();
+    QInputDialog box(Front());
+    box.setWindowTitle(ToQt(caption));
+    box.setLabelText(ToQt(prompt));
+    box.setTextValue(ToQt(value));
+    box.setMinimumWidth(380);
+    if (box.exec() != QDialog::Accepted) return false;
+    value = FromQt(box.textValue());
+    return true;
+}
+
+TModalResult TQtDialogs::ShowModal(TForm& form) {
+    progress_.Hide();
+    const TViewServices& services = Services();
+    std::unique_ptr<TView> view = MakeView(form, services);
+    if (view == nullptr) throw std::logic_error("The window " + form.Name + " has no view.");
+    // A command has opened the unit that the window is about: it shall stand behind it.
+    if (services.Runner.After) services.Runner.After();
+    return TFormDialog(form, std::move(view), services, Front()).Execute();
+}
+
+bool TQtDialogs::ShowProgress(const std::string& text, int position, int maximum) {
+    return progress_.Show(Front(), text, position, maximum);
+}
+
+}  // namespace tml

@@ -1,0 +1,146 @@
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeWidget>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+
+#include "desktop/Editortabs.h"
+#include "desktop/Help.h"
+#include "desktop/Mainwindow.h"
+#include "desktop/Resources.h"
+#include "desktop/Texts.h"
+#include "desktop/Theme.h"
+#include "expert/Mlmainform.h"
+
+// Takes a picture of every window on a copy of a sample project, without a screen.
+namespace tml {
+namespace {
+
+constexpr int kSettle = 60;  ///< ms that a window gets to draw itself
+
+/// Pictures of one theme.
+class TPictures {
+  public:
+    TPictures(const std::string& sample, QString folder, QString theme)
+        : folder_(std::move(folder)), theme_(std::move(theme)) {
+        std::filesystem::copy(sample, Path("orchard"), std::filesystem::copy_options::recursive);
+        window_ = std::make_unique<TMainWindow>(
+            TDeskFolders{Path("settings"), FromQt(QApplication::applicationDirPath())});
+        window_->resize(1280, 820);
+        window_->show();
+        window_->OpenProject(ToQt(Path("orchard/Orchard.dproj")));
+        Watch();
+    }
+
+    void TakeAll();
+
+  private:
+    std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
+    void Take(QWidget& window, const char* name) {
+        Settle();
+        window.grab().save(folder_ + "/" + name + "-" + theme_ + ".png");
+    }
+    static void Settle() {
+        QEventLoop loop;
+        QTimer::singleShot(kSettle, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    /// What is done with the modal windows that come, in this order; others are closed.
+    void Watch() {
+        QTimer::singleShot(kSettle, window_.get(), [this] {
+            Watch();
+            QPointer<QWidget> modal = QApplication::activeModalWidget();
+            if (modal == nullptr || modal == seen_) return;
+            seen_ = modal;
+            if (steps_.empty()) {
+                modal->close();
+                return;
+            }
+            const auto step = std::move(steps_.front());
+            steps_.pop_front();
+            step(*modal);
+        });
+    }
+    void RunCommand(const char* name) {
+        window_->Runner().Run([&] { window_->Host().ExpertWindow()->Run(name); });
+    }
+    void SelectForm(const QString& form) {
+        auto& table = *window_->findChild<QTableView*>("lvFormNames");
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            if (table.model()->index(row, 0).data() == form) table.selectRow(row);
+        Settle();
+    }
+
+    QString folder_;
+    QString theme_;
+    QTemporaryDir work_;
+    std::unique_ptr<TMainWindow> window_;
+    std::deque<std::function<void(QWidget&)>> steps_;
+    QPointer<QWidget> seen_;
+};
+
+void TPictures::TakeAll() {
+    SelectForm("MainForm");
+    window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
+    Take(*window_, "workbench");
+    steps_.push_back([this](QWidget& dialog) {
+        Take(dialog, "languages");
+        dialog.close();
+    });
+    RunCommand("Languages");
+    steps_.push_back([this](QWidget& review) {
+        auto& table = *review.findChild<QTableView*>("sgStrings");
+        table.setCurrentIndex(table.model()->index(4, 1));
+        table.selectionModel()->select(table.model()->index(2, 1),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        Take(review, "review");
+        steps_.push_back([this](QWidget& question) {
+            Take(question, "question");
+            QApplication::sendEvent(&question,
+                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
+        });
+        steps_.push_back([](QWidget& message) { message.close(); });
+        table.selectionModel()->clearSelection();
+        review.findChild<QAction*>("ModifySource")->trigger();
+    });
+    SelectForm("MainForm");
+    RunCommand("SourceWithForm");
+    Take(*window_, "rewritten");
+    window_->Runner().Run([this] { window_->Tabs().ShowFormText(Path("orchard/Main.pas")); });
+    Take(*window_, "formtext");
+    window_->HelpContents();
+    Take(*window_->findChild<THelp*>("help"), "help");
+    window_->findChild<THelp*>("help")->close();
+    window_->SaveAll();
+    std::filesystem::remove(Path("orchard/units/Pricing.pas"));
+    window_->ReloadProject();
+    window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
+    window_->Find();
+    Take(*window_, "messages");
+}
+
+}  // namespace
+}  // namespace tml
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    LoadResources();
+    if (argc != 3) {
+        std::cerr << "Usage: tmllang-screenshots SAMPLE FOLDER\n";
+        return 2;
+    }
+    for (const bool dark : {false, true}) {
+        tml::SetTheme(application, dark ? tml::TTheme::Dark : tml::TTheme::Light);
+        tml::TPictures(argv[1], QString::fromUtf8(argv[2]), dark ? "dark" : "light").TakeAll();
+    }
+    return 0;
+}

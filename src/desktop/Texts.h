@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QString>
+#include <QStringList>
+#include <string>
+#include <string_view>
+
+#include "base/Stringlist.h"
+#include "platform/Shortcuts.h"
+
+namespace tml {
+
+inline QString ToQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string FromQt(const QString& text) {
+    return text.toStdString();
+}
+
+inline QStringList ToQt(const TStringList& list) {
+    QStringList result;
+    for (const std::string& text : list)
+        result += ToQt(text);
+    return result;
+}
+
+/// The toolkit names three keys in its own way.
+inline QKeySequence KeysOf(TShortCut shortCut) {
+    QString text = ToQt(ShortCutToText(shortCut));
+    text.replace("BkSp", "Backspace").replace("PgDn", "PgDown").replace("Enter", "Return");
+    return QKeySequence(text);
+}
+
+}  // namespace tml

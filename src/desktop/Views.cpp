@@ -1,0 +1,32 @@
+#include "desktop/Views.h"
+
+#include "desktop/Formslistview.h"
+#include "desktop/Foundview.h"
+#include "desktop/Langconfigview.h"
+
+namespace tml {
+namespace {
+
+using TMakeView = std::unique_ptr<TView> (*)(TForm&, const TViewServices&);
+
+template <typename Form, typename View>
+std::unique_ptr<TView> Make(TForm& form, const TViewServices& services) {
+    auto* state = dynamic_cast<Form*>(&form);
+    return state == nullptr ? nullptr : std::make_unique<View>(*state, services);
+}
+
+constexpr TMakeView kViews[] = {
+    Make<TfrmmlLang, TFormsListView>,
+    Make<TfrmFound, TFoundView>,
+    Make<TfrmLangConfig, TLangConfigView>,
+};
+
+}  // namespace
+
+std::unique_ptr<TView> MakeView(TForm& form, const TViewServices& services) {
+    for (const TMakeView make : kViews)
+        if (auto view = make(form, services)) return view;
+    return nullptr;
+}
+
+}  // namespace tml

@@ -1,0 +1,185 @@
+#include "source/Methods.h"
+
+#include <algorithm>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "source/Charclass.h"
+#include "source/Fields.h"
+#include "source/Pascalwords.h"
+
+namespace tml {
+namespace {
+
+using Kind = TRegionKind;
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+bool IsVisibility(std::string_view name) {
+    switch (PascalWordOf(name)) {
+        case TPascalWord::Private:
+        case TPascalWord::Protected:
+        case TPascalWord::Public:
+        case TPascalWord::Published:
+        case TPascalWord::Strict:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+TUnitRoutines::TUnitRoutines(const TSourceText& source)
+    : source_(source), tokens_(Tokenize(source)), regions_(ReadPascalOutline(source)) {
+    std::erase_if(tokens_, [](const TToken& token) { return token.Kind == TTokenKind::Comment; });
+    if (Part(Kind::Implementation) == nullptr)
+        throw EBadInput(source.FileName(), source.LineOf(source.Text().size()),
+                        "the unit has no implementation part", "Complete the unit.");
+    ReadRoutines();
+    end_ = FindEnd();
+}
+
+std::string_view TUnitRoutines::TextAt(std::size_t index) const {
+    return index < tokens_.size() ? TextOf(source_, tokens_[index]) : std::string_view();
+}
+
+std::size_t TUnitRoutines::TokenAt(std::size_t offset) const {
+    const auto token = std::lower_bound(tokens_.begin(), tokens_.end(), offset,
+                                        [](const TToken& t, std::size_t at) { return t.Begin < at; });
+    return static_cast<std::size_t>(token - tokens_.begin());
+}
+
+const TRegion* TUnitRoutines::Part(TRegionKind kind) const {
+    const auto found = std::find_if(regions_.begin(), regions_.end(),
+                                    [&](const TRegion& region) { return region.Kind == kind; });
+    return found == regions_.end() ? nullptr : &*found;
+}
+
+const TRegion* TUnitRoutines::ClassOf(std::string_view name) const {
+    const auto found = std::find_if(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+        return region.Kind == Kind::Class && SameText(region.Name, name);
+    });
+    return found == regions_.end() ? nullptr : &*found;
+}
+
+void TUnitRoutines::ReadRoutines() {
+    for (const TRegion& body : regions_) {
+        if (body.Kind != Kind::Body || body.Parent == kNoRegion) continue;
+        const TRegion& routine = regions_[body.Parent];
+        const std::size_t first = TokenAt(body.Begin);
+        const std::size_t behind = TokenAt(body.End);
+        if (routine.Kind != Kind::Routine || behind == 0 || !SameText(TextAt(first), kPascal.BEGINSIGN))
+            continue;
+        if (!SameText(TextAt(behind - 1), "end")) continue;
+        routines_.push_back(
+            {routine.Owner, routine.Name, routine.Begin, tokens_[first].End, tokens_[behind - 1].Begin});
+    }
+}
+
+const TUnitRoutines::TRoutine* TUnitRoutines::Find(std::string_view owner, std::string_view name) const {
+    const auto found = std::find_if(routines_.begin(), routines_.end(), [&](const TRoutine& routine) {
+        return SameText(routine.Owner, owner) && SameText(routine.Name, name);
+    });
+    return found == routines_.end() ? nullptr : &*found;
+}
+
+bool TUnitRoutines::Calls(const TRoutine& routine, std::string_view qualifier, std::string_view name) const {
+    qualifier = qualifier.substr(qualifier.rfind('.') + 1);
+    for (std::size_t i = TokenAt(routine.BodyBegin); i < tokens_.size() && tokens_[i].End <= routine.BodyEnd;
+         ++i) {
+        if (!SameText(TextAt(i), name) || TextAt(i + 1) != ";" || i == 0) continue;
+        const bool qualified = TextAt(i - 1) == ".";
+        const std::string_view owner = qualified && i > 1 ? TextAt(i - 2) : std::string_view();
+        if (SameText(owner, qualifier)) return true;
+        if (qualifier.empty() && SameText(owner, "Self")) return true;
+    }
+    return false;
+}
+
+std::size_t TUnitRoutines::FindEnd() const {
+    const TRegion& implementation = *Part(Kind::Implementation);
+    std::size_t lastRoutine = implementation.Begin;
+    for (const TRegion& region : regions_)
+        if (region.Kind == Kind::Routine) lastRoutine = std::max(lastRoutine, region.Begin);
+    // A body whose head is left to a condition reads as an initialization; the true one follows all routines.
+    const auto initialization = std::find_if(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+        return region.Kind == Kind::Initialization && region.Begin > lastRoutine;
+    });
+    const bool hasInitialization = initialization != regions_.end();
+    const std::size_t end = hasInitialization ? initialization->Begin : source_.Text().size();
+    std::size_t index = TokenAt(end);
+    // Without an initialization the part reaches over the final end to the end of the text.
+    const std::size_t first = TokenAt(implementation.Begin);
+    for (std::size_t i = first; !hasInitialization && i + 1 < index; ++i)
+        if (SameText(TextAt(i), "end") && TextAt(i + 1) == ".") index = i;
+    // In front of a condition that only ends behind that place.
+    int depth = 0;
+    std::size_t place = index;
+    for (std::size_t i = index; i-- > first + 1;) {
+        if (tokens_[i].Kind != TTokenKind::Directive) continue;
+        depth += ConditionStep(TextAt(i));
+        if (depth > 0) {
+            place = i;
+            depth = 0;
+        }
+    }
+    if (place == tokens_.size()) return source_.Text().size();
+    const std::size_t at = tokens_[place].Begin;
+    const std::size_t line = LineStart(source_.Text(), at);
+    return Trim(source_.Text().substr(line, at - line)).empty() ? line : at;
+}
+
+std::size_t TUnitRoutines::EndOfInterface() const {
+    return LineStart(source_.Text(), Part(Kind::Implementation)->Begin);
+}
+
+/// The heads directly within a region name it.
+bool TUnitRoutines::DeclaresIn(const TRegion& around, TRegionKind kind, std::string_view name) const {
+    const auto index = static_cast<std::size_t>(&around - regions_.data());
+    return std::any_of(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+        return region.Kind == kind && region.Parent == index &&
+               SameText(TextAt(TokenAt(region.Begin) + 1), name);
+    });
+}
+
+bool TUnitRoutines::DeclaresRoutine(std::string_view name) const {
+    const TRegion* interface = Part(Kind::Interface);
+    return interface != nullptr && DeclaresIn(*interface, Kind::Head, name);
+}
+
+bool TUnitRoutines::DeclaresMethod(std::string_view className, std::string_view name) const {
+    const TRegion* declared = ClassOf(className);
+    return declared != nullptr && DeclaresIn(*declared, Kind::Head, name);
+}
+
+std::string_view TUnitRoutines::AncestorOf(std::string_view className) const {
+    const TRegion* declared = ClassOf(className);
+    if (declared == nullptr) return {};
+    const std::size_t word = TokenAt(declared->Begin);
+    return TextAt(word + 1) == "(" ? TextAt(word + 2) : std::string_view();
+}
+
+TEdit TUnitRoutines::DeclareMethods(const std::string& className,
+                                    const std::vector<std::string>& lines) const {
+    const std::string_view text = source_.Text();
+    const TClassFields fields = ReadFields(source_, className);
+    const std::size_t index = static_cast<std::size_t>(ClassOf(className) - regions_.data());
+    TRegionFinder finder(regions_);
+    std::size_t token = TokenAt(fields.SectionBegin);
+    while (tokens_[token].Begin < fields.ClassEnd &&
+           !(IsVisibility(TextAt(token)) && TextAt(token + 1) != ":" &&
+             finder.At(tokens_[token].Begin) == index))
+        ++token;
+    const std::size_t place = tokens_[token].Begin;
+    const std::size_t line = LineStart(text, place);
+    const bool ownLine = Trim(text.substr(line, place - line)).empty();
+    const std::string outer(ownLine ? text.substr(line, place - line) : "  ");
+    std::string added(ownLine ? "" : kLineBreak);
+    for (const std::string& declaration : lines)
+        added.append(outer).append("  ").append(declaration).append(kLineBreak);
+    if (ownLine) return {line, line, added};
+    return {place, place, added + outer};
+}
+
+}  // namespace tml

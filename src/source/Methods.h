@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Edits.h"
+#include "source/Outline.h"
+
+namespace tml {
+
+/// A Pascal unit's routines, and where new ones go. Byte offsets, 0-based.
+class TUnitRoutines {
+  public:
+    /// EBadInput for a text without an implementation part.
+    explicit TUnitRoutines(const TSourceText& source);
+
+    /// A routine with a body written in Pascal.
+    struct TRoutine {
+        std::string_view Owner;  ///< the class of a method, else ""
+        std::string_view Name;
+        std::size_t Begin = 0;
+        std::size_t BodyBegin = 0;  ///< behind its first word
+        std::size_t BodyEnd = 0;    ///< in front of its last word
+    };
+    /// In the order of the text.
+    const std::vector<TRoutine>& Routines() const { return routines_; }
+    /// A routine outside others (owner "" for one without a class); nullptr when there is none.
+    const TRoutine* Find(std::string_view owner, std::string_view name) const;
+
+    /// Whether a statement of the routine is a call of name without arguments: bare or behind Self for an
+    /// empty qualifier, else behind the qualifier and a dot.
+    bool Calls(const TRoutine& routine, std::string_view qualifier, std::string_view name) const;
+
+    /// Behind the last routine: in front of the initialization, or of the final end, and outside
+    /// conditions.
+    std::size_t EndOfImplementation() const { return end_; }
+    /// Where the interface part ends.
+    std::size_t EndOfInterface() const;
+    /// True when the interface declares a routine of this name outside classes.
+    bool DeclaresRoutine(std::string_view name) const;
+    /// True when the class declares a method of this name.
+    bool DeclaresMethod(std::string_view className, std::string_view name) const;
+    /// The first ancestor in the class's heading, "" when it names none.
+    std::string_view AncestorOf(std::string_view className) const;
+    /// The edit that declares methods, a line each, at the end of the class's first section.
+    TEdit DeclareMethods(const std::string& className, const std::vector<std::string>& lines) const;
+
+  private:
+    bool DeclaresIn(const TRegion& around, TRegionKind kind, std::string_view name) const;
+    const TRegion* Part(TRegionKind kind) const;
+    const TRegion* ClassOf(std::string_view name) const;
+    std::size_t TokenAt(std::size_t offset) const;
+    std::string_view TextAt(std::size_t index) const;
+    void ReadRoutines();
+    std::size_t FindEnd() const;
+
+    const TSourceText& source_;
+    std::vector<TToken> tokens_;  ///< comments aside
+    std::vector<TRegion> regions_;
+    std::vector<TRoutine> routines_;
+    std::size_t end_ = 0;
+};
+
+}  // namespace tml

@@ -1,0 +1,11 @@
+unit Broken;
+
+interface
+
+const
+  Lost = 'lost';
+  Cut = 'no end
+
+implementation
+
+end.

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/QtTest>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "desktop/Codeeditor.h"
+#include "desktop/Editortabs.h"
+#include "desktop/Mainwindow.h"
+#include "desktop/Messagepane.h"
+#include "desktop/Resources.h"
+#include "desktop/Texts.h"
+#include "expert/Mlmainform.h"
+
+namespace tml {
+
+/// The person at the workbench: what is done with each modal window, in the order in which they come. A
+/// window that nobody expects ends the test.
+class TDeskUser {
+  public:
+    TDeskUser() { Arm(); }
+    ~TDeskUser() { EXPECT_TRUE(steps_.empty()) << "a window that was expected has not come"; }
+
+    void On(std::function<void(QWidget&)> step) { steps_.push_back(std::move(step)); }
+    /// Expects a box whose text begins so and clicks the button.
+    void Answer(const QString& text, const QString& button) {
+        On([text, button](QWidget& window) {
+            auto* box = qobject_cast<QMessageBox*>(&window);
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().startsWith(text)) << FromQt(box->text());
+            for (QAbstractButton* candidate : box->buttons())
+                if (candidate->text().remove('&') == button)
+                    return QTest::mouseClick(candidate, Qt::LeftButton);
+            ADD_FAILURE() << "no button " << FromQt(button);
+        });
+    }
+
+  private:
+    void Arm() {
+        QTimer::singleShot(10, &timers_, [this] { Look(); });
+    }
+    void Look() {
+        // First, so that windows that the step opens are seen too.
+        Arm();
+        QPointer<QWidget> window = QApplication::activeModalWidget();
+        if (window == nullptr || !window->isVisible() || seen_.contains(window)) return;
+        seen_ += window;
+        if (steps_.empty()) GiveUp("nobody expects " + window->objectName() + " " + window->windowTitle());
+        const auto step = std::move(steps_.front());
+        steps_.pop_front();
+        step(*window);
+        if (testing::Test::HasFatalFailure()) GiveUp("the window would stay open");
+    }
+
+    /// A modal window that nobody closes would hold the test for ever.
+    [[noreturn]] static void GiveUp(const QString& why) {
+        ADD_FAILURE() << FromQt(why);
+        std::_Exit(EXIT_FAILURE);
+    }
+
+    QObject timers_;
+    std::deque<std::function<void(QWidget&)>> steps_;
+    QList<QPointer<QWidget>> seen_;
+};
+
+/// The workbench on a copy of the sample project, without a screen.
+class TDesktop : public testing::Test {
+  public:
+    TDesktop() {
+        namespace fs = std::filesystem;
+        fs::copy(fs::path(TML_TESTS) / "../examples/orchard", Path("orchard"), fs::copy_options::recursive);
+        Window = std::make_unique<TMainWindow>(TDeskFolders{Path("settings"), TML_BIN});
+        Window->show();
+    }
+
+    static void SetUpTestSuite() {
+        static int count = 1;
+        static char name[] = "tests";
+        static char* arguments[] = {name, nullptr};
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (qApp == nullptr) new QApplication(count, arguments);
+        LoadResources();
+    }
+
+    std::string Path(const std::string& name) const { return FromQt(folder_.path()) + "/" + name; }
+    void OpenOrchard() {
+        Window->OpenProject(ToQt(Path("orchard/Orchard.dproj")));
+        QApplication::processEvents();
+    }
+    template <typename Widget>
+    Widget& Find(const QString& name) {
+        auto* found = Window->findChild<Widget*>(name);
+        if (found == nullptr) throw std::runtime_error("no " + FromQt(name));
+        return *found;
+    }
+    /// Clicks a menu entry or tool button by its component name and waits until it is done.
+    void Click(const QString& action) {
+        // Menus that have been made anew leave their old entries for the event loop to delete.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Find<QAction>(action).trigger();
+        QApplication::processEvents();
+    }
+    static void ClickCell(QTableView& table, int row, int column,
+                          Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        const QModelIndex index = table.model()->index(row, column);
+        table.scrollTo(index);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, table.visualRect(index).center());
+    }
+    static QString Cell(const QTableView& table, int row, int column) {
+        return table.model()->index(row, column).data().toString();
+    }
+    void SelectForm(const QString& form) {
+        auto& table = Find<QTableView>("lvFormNames");
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            if (Cell(table, row, 0) == form) return ClickCell(table, row, 0);
+        FAIL() << "no form " << FromQt(form);
+    }
+    QString EditorText() { return Window->Tabs().Current()->text(); }
+
+    TDeskUser User;
+    std::unique_ptr<TMainWindow> Window;
+
+  private:
+    QTemporaryDir folder_;
+};
+
+}  // namespace tml

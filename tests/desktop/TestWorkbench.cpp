@@ -1,0 +1,296 @@
+#include <QDockWidget>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTreeWidget>
+
+#include "desktop/Deskfixture.h"
+#include "desktop/Rowtable.h"
+#include "expert/Mllangexp.h"
+#include "scan/Found.h"
+
+namespace tml {
+namespace {
+
+using TWorkbench = TDesktop;
+
+TEST_F(TWorkbench, ReviewsAndRewritesAFormAndTakesItBack) {
+    OpenOrchard();
+    Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 1); });
+    SelectForm("MainForm");
+    const QString before = EditorText();
+    int found = 0;
+    User.On([&](QWidget& review) {
+        auto& table = *review.findChild<TRowTable*>("sgStrings");
+        found = table.model()->rowCount();
+        ASSERT_GT(found, 5);
+        const auto key = [&](Qt::Key code, Qt::KeyboardModifiers with) {
+            // Without a window manager a window is not active again when a box in front of it has closed.
+            review.activateWindow();
+            QApplication::processEvents();
+            QTest::keyClick(&table, code, with);
+        };
+
+        ClickCell(table, 0, 1);
+        key(Qt::Key_F2, Qt::NoModifier);
+        auto* edit = table.findChild<QLineEdit*>();
+        ASSERT_NE(edit, nullptr);
+        QTest::keyClicks(edit, "IDS_FIRST");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QApplication::processEvents();
+        EXPECT_EQ(Cell(table, 0, 1), "IDS_FIRST");
+        EXPECT_TRUE(Cell(table, 0, 3).contains("'IDS_FIRST'"));
+
+        ClickCell(table, 1, 0);
+        User.Answer("Exclude all ", "Yes");
+        key(Qt::Key_E, Qt::ControlModifier);
+        EXPECT_LT(table.model()->rowCount(), found);
+        found = table.model()->rowCount();
+
+        ClickCell(table, 1, 0, Qt::ControlModifier);
+        ClickCell(table, 2, 0, Qt::ControlModifier);
+        EXPECT_EQ(table.selectionModel()->selectedRows().size(), 2);
+        User.Answer("Delete selected rows?", "Yes");
+        key(Qt::Key_Delete, Qt::ControlModifier);
+        EXPECT_EQ(table.model()->rowCount(), found - 2);
+        review.findChild<QAction*>("acSwitchDeleted")->trigger();
+        EXPECT_EQ(table.model()->rowCount(), 2);
+        EXPECT_EQ(review.findChild<QAction*>("acSwitchDeleted")->text(), "Found");
+        ClickCell(table, 0, 0);
+        review.findChild<QAction*>("acRestoreDeletedRow")->trigger();
+        review.findChild<QAction*>("acSwitchDeleted")->trigger();
+        EXPECT_EQ(table.model()->rowCount(), found - 1);
+
+        ClickCell(table, found - 2, 0);
+        key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        User.Answer("This will apply changes and modify source code.", "Yes");
+        User.Answer("Source file translated.", "OK");
+        key(Qt::Key_Return, Qt::ControlModifier);
+    });
+    Click("SourceWithForm1");
+    EXPECT_TRUE(EditorText().contains("GetTextOrDefault('IDS_FIRST'")) << FromQt(EditorText());
+    EXPECT_TRUE(EditorText().contains("{TML:IGNORE ON}"));
+    auto& forms = Find<QTableView>("lvFormNames");
+    const int row = forms.currentIndex().row();
+    EXPECT_NE(Cell(forms, row, 3), "0");
+    EXPECT_FALSE(Cell(forms, row, 4).isEmpty());
+
+    Window->activateWindow();
+    Window->Tabs().Current()->setFocus();
+    QApplication::processEvents();
+    QTest::keyClick(Window->Tabs().Current(), Qt::Key_Z, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(FromQt(EditorText()), FromQt(before)) << "one step of undo for the whole rewrite";
+}
+
+TEST_F(TWorkbench, FiltersAndGivesTheReviewUp) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    User.On([&](QWidget& review) {
+        auto& table = *review.findChild<TRowTable*>("sgStrings");
+        const int all = table.model()->rowCount();
+        const QString text = Cell(table, 0, 2);
+        QTest::keyClicks(review.findChild<QLineEdit*>("filter"), text.toUpper());
+        EXPECT_LT(table.model()->rowCount(), all);
+        EXPECT_GE(table.model()->rowCount(), 1);
+        User.Answer("This will close the Found Strings form! Continue?", "No");
+        QTest::keyClick(&table, Qt::Key_Escape);
+        EXPECT_TRUE(review.isVisible());
+        User.Answer("This will close the Found Strings form! Continue?", "Yes");
+        QTest::keyClick(&table, Qt::Key_Escape);
+    });
+    Click("SourceWithForm1");
+    EXPECT_FALSE(EditorText().contains("GetText"));
+    EXPECT_EQ(Cell(Find<QTableView>("lvFormNames"), 0, 4), "") << "no component is left on the form";
+}
+
+TEST_F(TWorkbench, TheReviewBearsTwentyThousandRows) {
+    OpenOrchard();
+    constexpr int kRows = 20'000;
+    TContext& context = Window->Host().Expert()->Context();
+    TFoundInput input;
+    input.FileName = "Big.pas";
+    input.Source = std::make_shared<std::string>("x := 'a';\r\n");
+    input.Style.Language = &LanguageOf("Big.pas");
+    for (int i = 0; i < kRows; ++i) {
+        TmlFoundSourceString& found = input.Found.AddItem();
+        found.StrID = "IDS_" + std::to_string(i);
+        found.StrContent = "text number " + std::to_string(kRows - i);
+        found.Position = 6;
+        found.SpanLength = 3;
+    }
+    TfrmFound form(context, std::move(input));
+    QElapsedTimer time;
+    const auto measure = [&](const char* step) {
+        RecordProperty(step, static_cast<int>(time.restart()));
+        QApplication::processEvents();
+    };
+    User.On([&](QWidget& review) {
+        measure("open");
+        auto& table = *review.findChild<TRowTable*>("sgStrings");
+        ASSERT_EQ(table.model()->rowCount(), kRows);
+        time.restart();
+        table.sortByColumn(2, Qt::AscendingOrder);
+        measure("sort");
+        EXPECT_EQ(Cell(table, 0, 2), "text number 1");
+        table.scrollToBottom();
+        measure("scroll");
+        table.setFocus();
+        QTest::keyClick(&table, Qt::Key_I, Qt::ControlModifier);
+        measure("invert");
+        EXPECT_EQ(form.StatusPanels[2], "Selected rows: 20000");
+        QTest::keyClicks(review.findChild<QLineEdit*>("filter"), "R 1999");
+        measure("filter");
+        EXPECT_EQ(table.model()->rowCount(), 11);
+        EXPECT_EQ(form.StatusPanels[2], "Selected rows: 11") << "what is hidden is no longer selected";
+        User.Answer("This will close", "Yes");
+        review.close();
+    });
+    time.start();
+    EXPECT_EQ(context.Dialogs().ShowModal(form), mrCancel);
+}
+
+TEST_F(TWorkbench, TypingIsUndoneByTheIde) {
+    OpenOrchard();
+    Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 3); });
+    TCodeEditor& editor = *Window->Tabs().Current();
+    const QString before = editor.text();
+    QTest::keyClicks(&editor, "// a note");
+    EXPECT_TRUE(Window->Tabs().tabText(0).endsWith(" *"));
+    editor.SendScintilla(QsciScintilla::SCI_SETSEL, 0UL, 4L);
+    Click("Undo1");
+    EXPECT_EQ(editor.text(), before);
+    EXPECT_FALSE(editor.IsModified());
+    Click("Redo1");
+    EXPECT_TRUE(editor.text().contains("// a note"));
+    EXPECT_EQ(FromQt(editor.text()), *editor.Source().GetText());
+}
+
+TEST_F(TWorkbench, TheEditorsBlockIsTheIdes) {
+    OpenOrchard();
+    Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 5); });
+    TCodeEditor& editor = *Window->Tabs().Current();
+    QTest::keyClick(&editor, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(editor.Source().GetBlockStart(), (TOTACharPos{5, 0}));
+    EXPECT_EQ(editor.Source().GetBlockAfter(), (TOTACharPos{6, 0}));
+    const auto mark = Window->Host().Ide().GetNTAServices()->GetEditorLocalMenu().Items.back();
+    EXPECT_EQ(mark->Caption, "Mark as &untranslatable");
+    Window->Runner().Run([&] { mark->Click(); });
+    EXPECT_TRUE(editor.text().contains("{TML:IGNORE ON}"));
+}
+
+TEST_F(TWorkbench, LanguagesOfAForm) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    User.On([&](QWidget& dialog) {
+        auto& count = *dialog.findChild<QLineEdit*>("edLangCount");
+        auto& names = *dialog.findChild<QListWidget*>("lbLangNames");
+        count.selectAll();
+        QTest::keyClicks(&count, "x");
+        EXPECT_EQ(count.text(), "2") << "letters are refused";
+        QTest::mouseClick(dialog.findChild<QAbstractButton*>("sbUp2"), Qt::LeftButton);
+        EXPECT_EQ(names.count(), 3);
+        names.item(0)->setSelected(true);
+        User.On([](QWidget& input) {
+            auto& box = dynamic_cast<QInputDialog&>(input);
+            box.setTextValue("English");
+            box.accept();
+        });
+        QTest::mouseClick(dialog.findChild<QAbstractButton*>("btnRename"), Qt::LeftButton);
+        EXPECT_EQ(names.item(0)->text(), "English");
+        QTest::mouseClick(dialog.findChild<QAbstractButton*>("btOK"), Qt::LeftButton);
+    });
+    Click("tbLanguages");
+    auto& forms = Find<QTableView>("lvFormNames");
+    EXPECT_EQ(Cell(forms, forms.currentIndex().row(), 3), "3");
+}
+
+TEST_F(TWorkbench, KeysOfTheListStayInTheList) {
+    OpenOrchard();
+    Window->activateWindow();
+    auto& forms = Find<QTableView>("lvFormNames");
+    forms.setFocus();
+    QApplication::processEvents();
+    QTest::keyClick(&forms, Qt::Key_A, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(forms.selectionModel()->selectedRows().size(), forms.model()->rowCount());
+    const QString first = Cell(forms, 0, 0);
+    QTest::mouseClick(forms.horizontalHeader()->viewport(), Qt::LeftButton, {}, {10, 5});
+    EXPECT_NE(Cell(forms, 0, 0), first) << "the same column again turns the order round";
+}
+
+TEST_F(TWorkbench, ProgressComesLateAndCanBeStopped) {
+    IDialogs& dialogs = *Window->Host().Host().Dialogs;
+    EXPECT_TRUE(dialogs.ShowProgress("Working", 1, 3));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    QTest::qSleep(120);
+    User.On([](QWidget& box) { QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton); });
+    QElapsedTimer time;
+    time.start();
+    while (dialogs.ShowProgress("Working", 2, 3) && time.elapsed() < 5000)
+        QTest::qSleep(10);
+    EXPECT_LT(time.elapsed(), 5000);
+    dialogs.HideProgress();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(TWorkbench, ProblemsOfAProjectLeadToTheirFile) {
+    std::filesystem::remove(Path("orchard/units/Pricing.pas"));
+    OpenOrchard();
+    auto& messages = Window->Messages();
+    ASSERT_EQ(messages.topLevelItemCount(), 1);
+    EXPECT_TRUE(messages.isVisible());
+    auto& tree = Find<QTreeWidget>("projectTree");
+    for (QTreeWidgetItem* item : tree.findItems("MainForm", Qt::MatchStartsWith | Qt::MatchRecursive))
+        Q_EMIT tree.itemActivated(item, 0);
+    ASSERT_NE(Window->Tabs().Current(), nullptr);
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Main.pas"));
+    Q_EMIT messages.itemActivated(messages.topLevelItem(0), 0);
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Orchard.dproj"));
+}
+
+TEST_F(TWorkbench, TheExpertDocksFloatsAndComesBack) {
+    OpenOrchard();
+    auto* dock = &Find<QDockWidget>("TmlLangExpertIDEDockableForm");
+    EXPECT_TRUE(dock->isVisible());
+    EXPECT_FALSE(dock->isFloating());
+    EXPECT_EQ(dock->windowTitle(), "TmlLang Expert (VCL Edition)");
+    Click("Dockable2");
+    EXPECT_TRUE(dock->isFloating());
+    EXPECT_EQ(dock->allowedAreas(), Qt::NoDockWidgetArea);
+    Click("StayOnTop2");
+    EXPECT_TRUE(dock->windowFlags() & Qt::WindowStaysOnTopHint);
+    Click("Exit1");
+    EXPECT_EQ(Window->Host().ExpertWindow(), nullptr);
+    Click("mlLangExpertMenuItem");
+    ASSERT_NE(Window->Host().ExpertWindow(), nullptr);
+    EXPECT_TRUE(Find<QDockWidget>("TmlLangExpertIDEDockableForm").isVisible());
+}
+
+TEST_F(TWorkbench, AProjectThatCannotBeOpenedLeavesTheOneThatIsOpen) {
+    OpenOrchard();
+    User.Answer(ToQt(Path("none.dproj")), "OK");
+    Window->OpenProject(ToQt(Path("none.dproj")));
+    EXPECT_EQ(Window->Messages().topLevelItemCount(), 1);
+    EXPECT_GT(Find<QTableView>("lvFormNames").model()->rowCount(), 2);
+    EXPECT_TRUE(Window->windowTitle().startsWith("Orchard.dproj"));
+}
+
+TEST_F(TWorkbench, AsksAboutUnsavedWork) {
+    OpenOrchard();
+    const std::string file = Path("orchard/Main.pas");
+    Window->Runner().Run([&] { Window->GoTo(file, 1); });
+    QTest::keyClicks(Window->Tabs().Current(), "// mine ");
+    User.Answer("Save the changes of these units?\n\nMain.pas", "Cancel");
+    Window->close();
+    EXPECT_TRUE(Window->isVisible());
+    User.Answer("Save the changes of these units?", "Yes");
+    Window->close();
+    EXPECT_FALSE(Window->isVisible());
+    EXPECT_TRUE(MakeDiskFileSystem()->Read(file).starts_with("// mine "));
+}
+
+}  // namespace
+}  // namespace tml
