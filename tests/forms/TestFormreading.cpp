@@ -142,7 +142,7 @@ TEST(FormReadingBinary, GivesNoTextThatCannotBeRead) {
          "byte 9:"},
         {BYTES("\x01T\x01"
                "A\x01X\x07\x00\x00\x00"),
-         "byte 11:"},
+         "byte 12:"},
         {BYTES("\x01T\x01"
                "A\x01X\x0B\x01-\x00\x00\x00"),
          "byte 12:"},
