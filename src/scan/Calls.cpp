@@ -96,8 +96,8 @@ class TCloser {
             if (!IsCharacter(paren)) Take(paren, text[paren]);
             pos = paren + 1;
         }
-        for (std::size_t call = 0; call < calls_.size(); ++call)
-            if (calls_[call].End == 0) CloseAtLineEnd(call);
+        for (const std::size_t call : open_)
+            CloseAtLineEnd(call);
     }
 
   private:
