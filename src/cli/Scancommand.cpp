@@ -6,6 +6,7 @@
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
 #include "ide/Projectfiles.h"
+#include "scan/Scansettings.h"
 
 namespace tml {
 namespace {

@@ -120,19 +120,6 @@ std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<st
     return found;
 }
 
-TScanInput ScanInputOf(const TSettingValues& settings, ICommonLibrary* common) {
-    TScanInput input;
-    input.Skip = {settings.SkipWords, settings.SkipLines, settings.ExcludeChars, settings.IgnorableLength,
-                  settings.UseRegExpForSkip};
-    input.HCPrefix = settings.HCPrefix;
-    input.ReplaceMethod = settings.ReplaceMethod;
-    input.CommentsLength = settings.CommentsLength;
-    input.NoCommentsInSources = settings.NoCommentsInSources;
-    input.Component.WithForm = settings.AddFormName;
-    input.Common = common;
-    return input;
-}
-
 void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::string& defaultClass,
                 TScanInput& input) {
     input.FileName = target.FileName;

@@ -23,9 +23,6 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
 /// Every unit file that the paths name, folders searched through; EFileError for a path that is not there.
 std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<std::string>& paths);
 
-/// The scan of a text with the user's settings; text, file and component are still to be filled in.
-TScanInput ScanInputOf(const TSettingValues& settings, ICommonLibrary* common);
-
 /// Fills in a unit: its text and its form's component with the strings that it holds (the one that an
 /// insertion would create where there is none). EBadInput for a unit that cannot be read.
 void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::string& defaultClass,

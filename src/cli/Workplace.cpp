@@ -10,6 +10,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "cli/Userregistry.h"
+#include "ide/Librarypath.h"
 #include "runtime/Runtime.h"
 
 namespace tml {
@@ -17,29 +18,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path ProgramFolder() {
+std::string ProgramFolder() {
 #ifdef _WIN32
     std::wstring name(32768, L'\0');
     name.resize(GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
-    return fs::path(name).parent_path();
+    return fs::path(name).parent_path().string();
 #else
     std::error_code ignored;
-    return fs::read_symlink("/proc/self/exe", ignored).parent_path();
+    return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
 #endif
-}
-
-#ifdef _WIN32
-constexpr const char* kLibraryFile = "TmlLang_Common.dll";
-#else
-constexpr const char* kLibraryFile = "TmlLang_Common.so";
-#endif
-
-/// The common library stands beside the program, or in the library folder where it is installed.
-std::string CommonLibraryPath() {
-    const fs::path beside = ProgramFolder() / kLibraryFile;
-    const fs::path installed = ProgramFolder() / ".." / "lib" / "tmllang" / kLibraryFile;
-    std::error_code ignored;
-    return (fs::exists(beside, ignored) ? beside : installed).string();
 }
 
 }  // namespace
@@ -48,7 +35,7 @@ TWorkplace::TWorkplace(TProgram& program)
     : projectName_(program.ProjectName),
       runtime_(MakeMlRuntime()),
       registry_(OpenUserRegistry(program)),
-      common_(MakeCommonLibraryLoader(CommonLibraryPath())),
+      common_(MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder()))),
       answers_(program.Yes),
       ide_(std::make_unique<THeadlessIde>(*program.Files, *runtime_, false)),
       host_{ide_.get(), runtime_.get(), registry_.get(), &answers_, program.Files, common_.get()} {}

@@ -1,26 +1,11 @@
 #include "desktop/Deskhost.h"
 
 #include "expert/Mllangexp.h"
+#include "ide/Librarypath.h"
 #include "ide/Registryfile.h"
 #include "runtime/Runtime.h"
 
 namespace tml {
-namespace {
-
-#ifdef _WIN32
-constexpr const char* kLibraryFile = "TmlLang_Common.dll";
-#else
-constexpr const char* kLibraryFile = "TmlLang_Common.so";
-#endif
-
-std::string CommonLibraryPath(IFileSystem& files, const std::string& programFolder) {
-    const std::string beside = JoinPath(programFolder, kLibraryFile);
-    if (files.Stat(beside)) return beside;
-    return JoinPath(JoinPath(FolderOf(programFolder), "lib/tmllang"), kLibraryFile);
-}
-
-}  // namespace
-
 TDeskHost::TDeskHost(const TDeskFolders& folders, IDialogs& dialogs)
     : files_(MakeDiskFileSystem()),
       runtime_(MakeMlRuntime()),

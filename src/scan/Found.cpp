@@ -127,8 +127,8 @@ TFoundPreview TfrmFound::Preview() {
     for (int line = row->Record.Line - lines.Index; line > 0; --line)
         begin = input_.Source->find('\n', begin) + 1;
     const auto literal = static_cast<std::size_t>(row->Record.Position) - 1;
-    const std::size_t end = std::min(literal - begin + static_cast<std::size_t>(row->Record.SpanLength),
-                                     lines.Text.size());
+    const std::size_t end =
+        std::min(literal - begin + static_cast<std::size_t>(row->Record.SpanLength), lines.Text.size());
     return {std::move(lines.Text), literal - begin, end};
 }
 

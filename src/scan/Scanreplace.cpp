@@ -12,6 +12,7 @@
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
+#include "scan/Scansettings.h"
 #include "scan/Selunit.h"
 
 namespace tml {
@@ -91,28 +92,19 @@ void TRun::Open() {
 }
 
 TScanInput TRun::MakeInput() {
-    const TSettingValues& settings = context_.Settings.Get();
-    TScanInput input;
+    ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
+    const bool ownUnit = SameText(unitFile_, formUnit_);
+    TScanInput input = ScanInputOf(context_.Settings.Get(), loader != nullptr ? loader->Load() : nullptr);
     input.Text = *text_;
     input.FileName = unitFile_;
-    input.Component = {
-        .FormName = item_.Caption,
-        .ComponentName = lang_->GetName(),
-        .WithForm = settings.AddFormName || !SameText(unitFile_, formUnit_),
-        .FormClass = GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType()};
+    input.Component.FormName = item_.Caption;
+    input.Component.ComponentName = lang_->GetName();
+    input.Component.WithForm = input.Component.WithForm || !ownUnit;
+    input.Component.FormClass =
+        GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType();
     for (TmlString& string : lang_->GetStrings())
         input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
-    input.Skip = {.SkipWords = settings.SkipWords,
-                  .SkipLines = settings.SkipLines,
-                  .ExcludeChars = settings.ExcludeChars,
-                  .IgnorableLength = settings.IgnorableLength,
-                  .UseRegExpForSkip = settings.UseRegExpForSkip};
     if (context_.ScanMode == kScanSelection) input.Selection = Selection();
-    input.HCPrefix = settings.HCPrefix;
-    input.ReplaceMethod = settings.ReplaceMethod;
-    input.CommentsLength = settings.CommentsLength;
-    input.NoCommentsInSources = settings.NoCommentsInSources;
-    if (context_.Host.CommonLibrary != nullptr) input.Common = context_.Host.CommonLibrary->Load();
     input.Progress = [this](int found) {
         return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
     };
