@@ -203,8 +203,8 @@ TEST_F(TLifecycle, UnloadingReleasesTheExpertAndTheLibraryLast) {
     TPackage package = MakePackage(host);
     package.Register = [&](IRegistration& registration) {
         Expert = &ExpRegister(host, registration);
-        Runtime->ShowAboutBox = [&log, held = std::shared_ptr<void>(
-                                           nullptr, [&](void*) { log.emplace_back("expert released"); })] {};
+        Runtime->ShowAboutBox =
+            [held = std::shared_ptr<void>(nullptr, [&](void*) { log.emplace_back("expert released"); })] {};
     };
     Ide.LoadPackage(package);
     Ide.OpenProject("/p/Demo.dpr");
