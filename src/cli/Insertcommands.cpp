@@ -20,7 +20,7 @@ struct TInsertOptions {
 
 CLI::App* AddFormsArguments(CLI::App* command, TInsertOptions& options) {
     command->add_option("PROJECT", options.Project, "A project file")->required();
-    command->add_option("--form", options.Forms, "Only this form; may be repeated");
+    command->add_option("--form", options.Forms, "Only this form; may be repeated")->allow_extra_args(false);
     return command;
 }
 

@@ -187,10 +187,13 @@ void AddReplaceCommand(CLI::App& app, TProgram& program) {
         "  tmllang replace Farm.groupproj --project Cellar --dry-run --json");
     const auto options = std::make_shared<TReplaceOptions>();
     command->add_option("PROJECT", options->Project, "A project file")->required();
-    command->add_option("--form", options->Forms, "Only the unit of this form; may be repeated");
-    command->add_option("--unit", options->Units,
-                        "A unit without a form, into the component of the one --form, or of the project's "
-                        "default form for units; may be repeated");
+    command->add_option("--form", options->Forms, "Only the unit of this form; may be repeated")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--unit", options->Units,
+                     "A unit without a form, into the component of the one --form, or of the project's "
+                     "default form for units; may be repeated")
+        ->allow_extra_args(false);
     command->add_flag("--const", options->Const, "The string constants of the const sections instead");
     command->add_flag("--all", options->All, "Also strings that carry an advice against it");
     command->add_flag("--dry-run", options->DryRun, "List what would be replaced; write nothing");

@@ -186,9 +186,11 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
                    "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
     const auto options = std::make_shared<TScanOptions>();
     command->add_option("PATH", options->Paths, "A project file, or unit files and folders")->required();
-    command->add_option("--form", options->Forms,
-                        "Only the unit of this form of the project; may be repeated");
-    command->add_option("--unit", options->Units, "Only this unit of the project; may be repeated");
+    command
+        ->add_option("--form", options->Forms, "Only the unit of this form of the project; may be repeated")
+        ->allow_extra_args(false);
+    command->add_option("--unit", options->Units, "Only this unit of the project; may be repeated")
+        ->allow_extra_args(false);
     command->add_flag("--skipped", options->Skipped, "Also what was passed over, with the reason");
     command->add_flag("--count", options->Count, "Only count");
     command->add_flag("--fail", options->Fail, "Exit code 1 when strings are found");
