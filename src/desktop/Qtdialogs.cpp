@@ -99,7 +99,8 @@ TModalResult TQtDialogs::ShowModal(TForm& form) {
     progress_.Hide();
     const TViewServices& services = Services();
     std::unique_ptr<TView> view = MakeView(form, services);
-    if (view == nullptr) throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");
+    if (view == nullptr)
+        throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");
     // A command has opened the unit that the window is about: it shall stand behind it.
     if (services.Runner.After) services.Runner.After();
     return TFormDialog(form, std::move(view), services, Front()).Execute();
