@@ -44,6 +44,25 @@ TEST_F(TFound, ShowsEveryStringWithItsCall) {
     EXPECT_NE(window.Preview().Text.find("g('Two'#13);"), std::string::npos);
 }
 
+TEST_F(TFound, MarksAndSelectionsCanBeTakenBackAndSkippedStringsBeSeen) {
+    TfrmFound window = Make("f('One');\r\ng('Two');\r\n");
+    const auto marks = [&] {
+        return std::pair(window.sgStrings.Rows[0].Record.MarkedToIgnore,
+                         window.sgStrings.Rows[1].Record.MarkedToIgnore);
+    };
+    window.SelectCell(1);
+    window.acSelectRow();
+    window.acMarktoIgnore();
+    EXPECT_EQ(marks(), std::pair(false, true));
+    EXPECT_EQ(window.StatusPanels[2], "Selected rows: 1");
+    window.acRemoveIgnoreMark();
+    EXPECT_EQ(marks(), std::pair(false, false));
+    window.acRemoveSelection();
+    EXPECT_EQ(window.StatusPanels[2], "Selected rows: 0");
+    User.OnWindow<TForm>("frmSkippedStrings", [](TForm& form) { form.ModalResult = mrCancel; });
+    window.acViewSkipped();
+}
+
 TEST_F(TFound, ATypedIDReplacesNothingButTheID) {
     TfrmFound window = Make("f('IDS_0');\r\n");
     window.acTypecastPChar();
