@@ -122,7 +122,10 @@ std::vector<TCodedText::TLine> TCodedText::SplitGroup(const TGroup& group, std::
         const std::size_t end = NextByteLine(newText, begin);
         TLine line;
         line.Size = end - begin;
-        if (EndsLine(newText.substr(begin, end - begin))) line.End = LineEndFor(group, lines.size());
+        const std::string_view written = newText.substr(begin, end - begin);
+        if (EndsLine(written)) line.End = LineEndFor(group, lines.size());
+        // A carriage return at the end of the text itself must not become part of the line's end.
+        if (WithoutEnd(written, 0, written.size()).ends_with('\r')) line.End = TLineEnd::CrLf;
         lines.push_back(line);
         begin = end;
     }
