@@ -57,6 +57,7 @@ class TCppReader {
         if (!IsDeclarative() || stack_.TopIs(Kind::Attribute)) return;
         if (text == ";") return StartStatement();
         if (text == ":" && IsVisibility(at_ - 1)) return StartStatement();
+        if (text == ":" && IsMemberList()) return OpenMemberList();
         if (text == "(") return OpenParen();
         if (text == ")") return CloseParen();
         if (text == "=" && parens_ == 0 && !stack_.TopIs(Kind::Initialiser) && !stack_.TopIs(Kind::Const))
@@ -69,9 +70,20 @@ class TCppReader {
         return index == first_ && IsIn(kWords, TextAt(index));
     }
 
+    /// The initialisers of a constructor's members are code of the constructor.
+    bool IsMemberList() const {
+        const bool isValue = stack_.TopIs(Kind::Initialiser) || stack_.TopIs(Kind::Const);
+        return parens_ == 0 && !isValue && !inMemberList_ && HasCall();
+    }
+    void OpenMemberList() {
+        OpenFunction();
+        inMemberList_ = true;
+    }
+
     void StartStatement() {
         first_ = at_ + 1;
         parens_ = 0;
+        inMemberList_ = false;
         stack_.CloseTo(braces_.empty() ? 0 : regionsInside_, tokens_[at_].Begin);
     }
 
@@ -82,7 +94,8 @@ class TCppReader {
     }
 
     void OpenParen() {
-        if (parens_++ == 0 && !stack_.TopIs(Kind::Initialiser) && !stack_.TopIs(Kind::Const))
+        if (parens_++ == 0 && !inMemberList_ && !stack_.TopIs(Kind::Initialiser) &&
+            !stack_.TopIs(Kind::Const))
             stack_.Open(Kind::Parameters, tokens_[at_].Begin);
     }
 
@@ -100,15 +113,17 @@ class TCppReader {
     // ---- Braces ------------------------------------------------------------------------------------
 
     void OpenBrace() {
-        const std::size_t depth = stack_.Depth();
-        braces_.push_back({ScopeOfBrace(), depth});
-        if (braces_.back().Scope == TScope::Class && LocalClass() < at_) first_ = LocalClass();
-        if (braces_.back().Scope == TScope::Values) stack_.Open(Kind::Braces, tokens_[at_].Begin);
-        if (braces_.back().Scope == TScope::Function) OpenFunction();
-        if (braces_.back().Scope == TScope::Class) OpenClass();
+        const TScope scope = ScopeOfBrace();
+        const bool isOpen = inMemberList_ && scope == TScope::Function;
+        braces_.push_back({scope, stack_.Depth() - (isOpen ? 1 : 0)});
+        if (scope == TScope::Class && LocalClass() < at_) first_ = LocalClass();
+        if (scope == TScope::Values) stack_.Open(Kind::Braces, tokens_[at_].Begin);
+        if (scope == TScope::Function && !isOpen) OpenFunction();
+        if (scope == TScope::Class) OpenClass();
         regionsInside_ = stack_.Depth();
         first_ = at_ + 1;
         parens_ = 0;
+        if (scope != TScope::Values) inMemberList_ = false;
     }
 
     void CloseBrace() {
@@ -130,6 +145,7 @@ class TCppReader {
         const std::string_view before = at_ > first_ ? TextAt(at_ - 1) : std::string_view();
         if (before == "=" || before == "," || before == "(" || before == "return") return TScope::Values;
         if (Scope() == TScope::Values) return TScope::Values;
+        if (inMemberList_) return IsName(at_ - 1) || before == ">" ? TScope::Values : TScope::Function;
         if (!IsDeclarative() && LocalClass() < at_) return TScope::Class;
         if (!IsDeclarative()) return before == "]" ? TScope::Values : TScope::Block;
         const bool isLinkage = at_ > first_ && tokens_[at_ - 1].Kind == TTokenKind::Literal;
@@ -220,6 +236,7 @@ class TCppReader {
     std::size_t at_ = 0;
     std::size_t first_ = 0;          ///< first token of the statement
     int parens_ = 0;                 ///< open ones of the statement
+    bool inMemberList_ = false;      ///< between a constructor's head and its body
     std::size_t regionsInside_ = 0;  ///< depth of the regions just inside the innermost brace
     std::vector<TBrace> braces_;
     TRegionStack stack_;

@@ -64,7 +64,14 @@ class TPascalReader {
     std::size_t BeginAt(std::size_t index) const {
         return index < tokens_.size() ? tokens_[index].Begin : source_.Text().size();
     }
-    std::string_view Previous() const { return at_ == 0 ? std::string_view() : TextAt(at_ - 1); }
+    /// Index of the token in front of the current one, directives aside; tokens_.size() when there is none.
+    std::size_t BeforeThis() const {
+        std::size_t index = at_;
+        while (index > 0 && tokens_[index - 1].Kind == TTokenKind::Directive)
+            --index;
+        return index > 0 ? index - 1 : tokens_.size();
+    }
+    std::string_view Previous() const { return TextAt(BeforeThis()); }
 
     static bool IsRoutineWord(Word word) {
         return word == Word::Procedure || word == Word::Function || word == Word::Constructor ||
@@ -162,7 +169,7 @@ class TPascalReader {
 
     bool AtLabel() const {
         if (blocks_.empty() || !blocks_.back().LabelsFollow || stack_.TopIs(Kind::Assembler)) return false;
-        return Previous() == ";" || WordAt(at_ - 1) == Word::Of;
+        return Previous() == ";" || WordAt(BeforeThis()) == Word::Of;
     }
 
     void ReadCaseLabel() {

@@ -108,6 +108,10 @@ TEST(Advice, SurvivesConditionsAndGaps) {
         {"implementation\nprocedure TForm1.M;\nbegin\n const a = 'a';\n f := function(x: string = 'b'): S.T\n"
          " var i: byte;\n const k = 'c';\n begin t := 'd'; end;\n var p: procedure; s := 'e';\nend;",
          "- default-parameter const - -"},
+        {"implementation\nprocedure TForm1.M;\nbegin\n case x of\n {$IFDEF A} 'a': b; {$ELSE} 'c': d; "
+         "{$ENDIF}\n"
+         " 'e': f('g');\n {$R+} 'h': i; end;\nend;",
+         "case-label case-label case-label - case-label"},
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Words(row.Text, kPascal), row.Expected) << row.Text;
@@ -128,6 +132,9 @@ TEST(Advice, ForCpp) {
          "macro inner-comment macro - declaration"},
         {"void TForm1::M() { struct L : B { String T() { return \"a\"; } } l; f(\"b\"); }",
          "outside-method -"},
+        {"TForm1::TForm1(String s = \"a\") : TForm(f(\"b\")), FOne{\"c\"}, FTwo(\"d\") { g(\"e\"); }\n"
+         "void f(String s = \"f\");",
+         "default-parameter - array-initialiser - - default-parameter"},
         {"[[deprecated(\"a\")]] void f();\nTForm1::~TForm1() { f(\"b\"); String a[] = {\"c\"}; /* \"d\" */ }",
          "attribute - array-initialiser comment"},
     };
