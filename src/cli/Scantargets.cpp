@@ -56,6 +56,11 @@ bool IsNamed(const std::vector<std::string>& names, const std::string& name) {
                        [&](const std::string& one) { return SameText(one, name); });
 }
 
+/// What a person may call a module: a unit by its whole name ("Data.Orders") or the last part of it.
+std::vector<std::string> NamesOf(const TOTAModuleInfo& module) {
+    return {module.Name, WithExtension(FileNameOf(module.FileName), "")};
+}
+
 std::shared_ptr<TmlCustomLang> ComponentOf(IMlRuntime& runtime, IOTAFormEditor& editor) {
     const auto root = editor.GetRootComponent();
     for (int i = 0; i < root->GetComponentCount(); ++i)
@@ -93,8 +98,11 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
         if (module.Name.find('.') != std::string::npos) continue;
         const bool all = forms.empty() && units.empty();
         const bool form = !module.FormName.empty() && IsNamed(forms, module.FormName);
-        if (!all && !form && !IsNamed(units, module.Name)) continue;
-        met.push_back(module.Name);
+        const std::vector<std::string> names = NamesOf(module);
+        const bool unit = std::any_of(names.begin(), names.end(),
+                                      [&](const std::string& name) { return IsNamed(units, name); });
+        if (!all && !form && !unit) continue;
+        met.insert(met.end(), names.begin(), names.end());
         met.push_back(module.FormName);
         targets.push_back({module.FileName, module.FormName});
     }
