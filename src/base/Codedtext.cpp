@@ -123,9 +123,11 @@ std::vector<TCodedText::TLine> TCodedText::SplitGroup(const TGroup& group, std::
         TLine line;
         line.Size = end - begin;
         const std::string_view written = newText.substr(begin, end - begin);
-        if (EndsLine(written)) line.End = LineEndFor(group, lines.size());
-        // A carriage return at the end of the text itself must not become part of the line's end.
-        if (WithoutEnd(written, 0, written.size()).ends_with('\r')) line.End = TLineEnd::CrLf;
+        // A carriage return that belongs to the line itself must not become part of its end.
+        if (written.ends_with("\r\r\n"))
+            line.End = TLineEnd::CrLf;
+        else if (EndsLine(written))
+            line.End = LineEndFor(group, lines.size());
         lines.push_back(line);
         begin = end;
     }
