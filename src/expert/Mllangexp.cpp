@@ -216,7 +216,8 @@ void TmlLangExpert::RunItemClick() {
     CreateMainWindow();
     ProjectClosed();
     const auto current = GetCurrentSourceEditor(context_);
-    FillList(*project);
+    // A list of some of the forms would pass for the whole project's.
+    if (!FillList(*project)) return ProjectClosed();
     InitializeProjectSettings(project->GetFileName());
     if (settings_.Get().OpenAllForms) OpenProjectForms();
     TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
@@ -230,15 +231,27 @@ void TmlLangExpert::RunItemClick() {
     MainWindow->UpdateStatusBar();
 }
 
-void TmlLangExpert::FillList(IOTAProject& project) {
+bool TmlLangExpert::FillList(IOTAProject& project) {
+    const TProgressEnd end(context_.Dialogs());
     TFolderIndex folders(*host_.Files);
-    for (int i = 0; i < project.GetModuleCount(); ++i)
+    const int count = project.GetModuleCount();
+    for (int i = 0; i < count; ++i) {
+        if (!context_.Dialogs().ShowProgress("Reading forms...", i, count)) return false;
         AddProjectModule(context_, folders, project.GetModule(i));
+    }
+    return true;
 }
 
+/// Forms that the person does not wait for stay closed; their rows are there already.
 void TmlLangExpert::OpenProjectForms() {
-    for (const auto& item : context_.Rows.FormNames.Items())
+    const TProgressEnd end(context_.Dialogs());
+    const auto& items = context_.Rows.FormNames.Items();
+    int opened = 0;
+    for (const auto& item : items) {
+        if (!context_.Dialogs().ShowProgress("Opening forms...", opened++, static_cast<int>(items.size())))
+            return;
         if (OpenFile(context_, item->SubItems[fcFileName], false)) RefreshItem(context_, item.get());
+    }
 }
 
 /// As a click on the sorted column, but for the direction, which stays.

@@ -65,7 +65,8 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     bool FindDockHostClass();
     void DockMainWindow();
     void MainWindowClosed();
-    void FillList(IOTAProject& project);
+    /// False when the person has stopped it.
+    bool FillList(IOTAProject& project);
     void OpenProjectForms();
     void SortAgain();
     void SelectRowOf(const std::string& sourceFile);

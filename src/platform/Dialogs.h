@@ -37,4 +37,16 @@ class IDialogs {
     virtual void ShowHelp(const std::string& /*topic*/) {}
 };
 
+/// Ends the progress text of an operation, however the operation ends.
+class TProgressEnd {
+  public:
+    explicit TProgressEnd(IDialogs& dialogs) : dialogs_(dialogs) {}
+    ~TProgressEnd() { dialogs_.HideProgress(); }
+    TProgressEnd(const TProgressEnd&) = delete;
+    TProgressEnd& operator=(const TProgressEnd&) = delete;
+
+  private:
+    IDialogs& dialogs_;
+};
+
 }  // namespace tml

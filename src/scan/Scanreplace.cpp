@@ -21,18 +21,16 @@ namespace {
 constexpr std::string_view kReplaced =
     "Source file translated. All string constants added to \"Strings\" property.";
 
-/// One run over one unit. Hides the progress text however it ends.
+/// One run over one unit.
 class TRun {
   public:
     TRun(TContext& context, TListItem& item, const std::string& unitFile, bool constSection)
         : context_(context),
+          end_(context.Dialogs()),
           item_(item),
           constSection_(constSection),
           formUnit_(item.SubItems[fcFileName]),
           unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
-    ~TRun() { context_.Dialogs().HideProgress(); }
-    TRun(const TRun&) = delete;
-    TRun& operator=(const TRun&) = delete;
 
     /// False when there is nothing to change.
     bool Execute() {
@@ -64,6 +62,7 @@ class TRun {
     }
 
     TContext& context_;
+    TProgressEnd end_;
     TListItem& item_;
     bool constSection_;
     std::string formUnit_;

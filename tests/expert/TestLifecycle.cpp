@@ -165,6 +165,18 @@ TEST_F(TLifecycle, OpeningAllFormsReadsThemThroughTheIDE) {
     EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|5|mlLang1|1;");
 }
 
+TEST_F(TLifecycle, ReadingAndOpeningFormsCanBeStopped) {
+    Registry.Values[kExp + "OpenAllForms"] = true;
+    User.StopAt = "Opening forms...";
+    Open();
+    EXPECT_EQ(Ide.Modules().size(), 0U);
+    EXPECT_EQ(Context().Rows.FormNames.Count(), 2);
+    User.StopAt = "Reading forms...";
+    Expert->RunItemClick();
+    EXPECT_EQ(List(), "") << "some of the forms would pass for all";
+    EXPECT_FALSE(User.ProgressShown);
+}
+
 TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
     Open();
     TfrmmlLang& window = *Expert->Window();

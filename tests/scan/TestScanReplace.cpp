@@ -36,6 +36,7 @@ struct TScanReplace : TExpertFixture, testing::Test {
 TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
     Prepare(1);
     const auto files = Files.Files;
+    User.Progress.clear();
     ReviewAll();
     Run();
     const std::string source = Source(1);
