@@ -24,6 +24,7 @@ void ShowItems(QComboBox& box, const TStringList& items) {
     if (shown == ToQt(items)) return;
     box.clear();
     box.addItems(ToQt(items));
+    box.setCurrentIndex(-1);
 }
 
 }  // namespace

@@ -112,7 +112,8 @@ void TPictures::TakeOptions() {
 }
 
 void TPictures::TakeProjectSettings() {
-    const std::string dictionary = Path("orchard/Orchard.dix");
+    const std::string dictionary = "Orchard.dix";
+    QDir::setCurrent(ToQt(Path("orchard")));
     std::ofstream(dictionary) << "<HEAD>\n<LANGUAGE>English</LANGUAGE>\n</HEAD>\n";
     const auto settings = window_->Host().Host().Runtime->mlLangProjectSettings;
     settings->SetOptionValue("DefaultDictionary", dictionary);
@@ -122,11 +123,6 @@ void TPictures::TakeProjectSettings() {
         Take(dialog, "projectsettings-dictionary");
         dialog.findChild<QAbstractButton*>("sbProject")->click();
         Take(dialog, "projectsettings-project");
-        steps_.push_back([this](QWidget& files) {
-            Take(files, "files");
-            files.close();
-        });
-        dialog.findChild<QAbstractButton*>("btTranslationFile")->click();
         dialog.close();
     });
     RunCommand("ProjectSettings");
@@ -185,9 +181,12 @@ int main(int argc, char** argv) {
         std::cerr << "Usage: tmllang-screenshots SAMPLE FOLDER\n";
         return 2;
     }
+    // The pictures are taken in the folder of the copy.
+    const std::string sample = std::filesystem::absolute(argv[1]);
+    const QString folder = QDir(argv[2]).absolutePath();
     for (const bool dark : {false, true}) {
         tml::SetTheme(application, dark ? tml::TTheme::Dark : tml::TTheme::Light);
-        tml::TPictures(argv[1], QString::fromUtf8(argv[2]), dark ? "dark" : "light").TakeAll();
+        tml::TPictures(sample, folder, dark ? "dark" : "light").TakeAll();
     }
     return 0;
 }
