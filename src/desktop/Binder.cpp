@@ -35,8 +35,10 @@ void TBinder::Refresh() {
 }
 
 void TBinder::Click(QAbstractButton* button, std::function<void()> handler) {
-    QObject::connect(button, &QAbstractButton::clicked, button,
-                     [this, handler = std::move(handler)] { runner_.Run(handler); });
+    QObject::connect(button, &QAbstractButton::clicked, button, [this, handler = std::move(handler)] {
+        // What was done in front of an error shows.
+        if (!runner_.Run(handler)) Refresh();
+    });
 }
 
 void TBinder::CloseWith(QAbstractButton* button, TForm& form, TModalResult result) {

@@ -22,6 +22,7 @@ TOptionsView::TOptionsView(TfrmOptions& form, const TViewServices& services)
     binder_.Click(ui_->btCancel, [&form] { form.btCancelClick(); });
     binder_.Click(ui_->btHelp, help);
     binder_.Keys(this, QKeySequence::HelpContents, help);
+    ui_->cbMenuSection->setFocus();
 }
 
 TOptionsView::~TOptionsView() = default;
