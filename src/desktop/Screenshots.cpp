@@ -137,8 +137,6 @@ void TPictures::TakeAll() {
         dialog.close();
     });
     RunCommand("Languages");
-    TakeOptions();
-    TakeProjectSettings();
     steps_.push_back([this](QWidget& review) {
         auto& table = *review.findChild<QTableView*>("sgStrings");
         table.setCurrentIndex(table.model()->index(4, 1));
@@ -159,6 +157,8 @@ void TPictures::TakeAll() {
     Take(*window_, "rewritten");
     window_->Runner().Run([this] { window_->Tabs().ShowFormText(Path("orchard/Main.pas")); });
     Take(*window_, "formtext");
+    TakeOptions();
+    TakeProjectSettings();
     window_->HelpContents();
     Take(*window_->findChild<THelp*>("help"), "help");
     window_->findChild<THelp*>("help")->close();
