@@ -6,11 +6,28 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QSignalBlocker>
 
+#include "desktop/Hotkeyedit.h"
+#include "desktop/Stepedit.h"
 #include "desktop/Texts.h"
 
 namespace tml {
+namespace {
+
+/// Only where they are others: filling takes the choice and the typed text away.
+void ShowItems(QComboBox& box, const TStringList& items) {
+    QStringList shown;
+    for (int i = 0; i < box.count(); ++i)
+        shown += box.itemText(i);
+    if (shown == ToQt(items)) return;
+    box.clear();
+    box.addItems(ToQt(items));
+    box.setCurrentIndex(-1);
+}
+
+}  // namespace
 
 void TBinder::Refresh() {
     for (const auto& show : shows_)
@@ -18,8 +35,10 @@ void TBinder::Refresh() {
 }
 
 void TBinder::Click(QAbstractButton* button, std::function<void()> handler) {
-    QObject::connect(button, &QAbstractButton::clicked, button,
-                     [this, handler = std::move(handler)] { runner_.Run(handler); });
+    QObject::connect(button, &QAbstractButton::clicked, button, [this, handler = std::move(handler)] {
+        // What was done in front of an error shows.
+        if (!runner_.Run(handler)) Refresh();
+    });
 }
 
 void TBinder::CloseWith(QAbstractButton* button, TForm& form, TModalResult result) {
@@ -67,17 +86,60 @@ void TBinder::Check(QCheckBox* box, bool& member, std::function<void()> handler)
     });
 }
 
-void TBinder::Choice(QComboBox* box, const std::vector<std::string>& items, int& index) {
-    QObject::connect(box, &QComboBox::currentIndexChanged, box, [&index](int chosen) { index = chosen; });
-    Show([box, &items, &index] {
-        const QSignalBlocker quiet(box);
-        QStringList texts;
-        for (const std::string& item : items)
-            texts += ToQt(item);
-        box->clear();
-        box->addItems(texts);
-        box->setCurrentIndex(index);
+void TBinder::Number(TStepEdit* edit, std::string& member, std::function<void(int)> step,
+                     std::function<void(const std::string&)> handler) {
+    Text(edit->Edit(), member, std::move(handler));
+    edit->OnStep = [this, step = std::move(step)](int by) { runner_.Run([&] { step(by); }); };
+}
+
+void TBinder::ShortCut(THotKeyEdit* edit, TShortCut& member) {
+    QObject::connect(edit, &QKeySequenceEdit::keySequenceChanged, edit,
+                     [edit, &member] { member = edit->ShortCut(); });
+    Show([edit, &member] {
+        const QSignalBlocker quiet(edit);
+        edit->setKeySequence(KeysOf(member));
     });
+}
+
+void TBinder::Choice(QComboBox* box, TChoiceBox& choice) {
+    QObject::connect(box, &QComboBox::currentIndexChanged, box,
+                     [&choice](int chosen) { choice.ItemIndex = chosen; });
+    Show([box, &choice] {
+        const QSignalBlocker quiet(box);
+        ShowItems(*box, choice.Items);
+        box->setCurrentIndex(choice.ItemIndex);
+    });
+}
+
+void TBinder::TextOrChoice(QComboBox* box, const TStringList& items, const std::string& text,
+                           std::function<void(const std::string&)> handler) {
+    QObject::connect(box, &QComboBox::editTextChanged, box,
+                     [this, handler = std::move(handler)](const QString& typed) {
+                         runner_.Run([&] { handler(FromQt(typed)); });
+                     });
+    Show([box, &items, &text] {
+        const QSignalBlocker quiet(box);
+        ShowItems(*box, items);
+        if (box->currentText() != ToQt(text)) box->setEditText(ToQt(text));
+    });
+}
+
+void TBinder::OneOf(const std::vector<QAbstractButton*>& buttons, std::function<int()> read,
+                    std::function<void(int)> choose) {
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        QObject::connect(buttons[i], &QAbstractButton::toggled, buttons[i], [this, i, choose](bool down) {
+            if (down) runner_.Run([&] { choose(static_cast<int>(i)); });
+        });
+    Show([buttons, read = std::move(read)] {
+        const auto down = static_cast<std::size_t>(read());
+        const QSignalBlocker quiet(buttons[down]);
+        buttons[down]->setChecked(true);
+    });
+}
+
+void TBinder::Keys(QWidget* view, const QKeySequence& keys, std::function<void()> handler) {
+    QObject::connect(new QShortcut(keys, view), &QShortcut::activated, view,
+                     [this, handler = std::move(handler)] { runner_.Run(handler); });
 }
 
 void TBinder::Names(QListWidget* list, const TStringList& names, std::vector<bool>& selected,

@@ -7,6 +7,7 @@
 
 #include "base/Stringlist.h"
 #include "desktop/Runner.h"
+#include "platform/Boxes.h"
 #include "platform/Controls.h"
 
 class QAbstractButton;
@@ -17,6 +18,9 @@ class QListWidget;
 class QPlainTextEdit;
 
 namespace tml {
+
+class THotKeyEdit;
+class TStepEdit;
 
 /// Ties the widgets of a view to the public members of its state class: what the person changes is written
 /// to the member or given to the handler, Refresh shows the members. The state must outlive the binder.
@@ -35,8 +39,20 @@ class TBinder {
     void Text(QLineEdit* edit, std::string& member, std::function<void(const std::string&)> handler = {});
     void Lines(QPlainTextEdit* edit, TStringList& member, std::function<void()> handler = {});
     void Check(QCheckBox* box, bool& member, std::function<void()> handler = {});
+    /// A number that may be typed; step makes it greater (1) or smaller (-1).
+    void Number(TStepEdit* edit, std::string& member, std::function<void(int step)> step,
+                std::function<void(const std::string&)> handler = {});
+    void ShortCut(THotKeyEdit* edit, TShortCut& member);
     /// The entries of a closed list and the chosen one.
-    void Choice(QComboBox* box, const std::vector<std::string>& items, int& index);
+    void Choice(QComboBox* box, TChoiceBox& choice);
+    /// A text that may be typed or chosen from the entries.
+    void TextOrChoice(QComboBox* box, const TStringList& items, const std::string& text,
+                      std::function<void(const std::string&)> handler);
+    /// Buttons of which one is down: read gives its index, choose is told of another.
+    void OneOf(const std::vector<QAbstractButton*>& buttons, std::function<int()> read,
+               std::function<void(int)> choose);
+    /// Keys that work wherever the focus is in the view.
+    void Keys(QWidget* view, const QKeySequence& keys, std::function<void()> handler);
     /// A list of names with a flag for each that is selected.
     void Names(QListWidget* list, const TStringList& names, std::vector<bool>& selected,
                std::function<void()> handler = {});

@@ -11,9 +11,12 @@ TFormDialog::TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewSe
                          QWidget* parent)
     : QDialog(parent), form_(form), view_(view.release()), services_(services) {
     setObjectName(ToQt(form.Name));
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
-    setSizeGripEnabled(true);
     auto* layout = new QVBoxLayout(this);
+    // A view of one size makes a window of one size.
+    const bool isFixed = view_->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
+    if (isFixed) layout->setSizeConstraint(QLayout::SetFixedSize);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, !isFixed);
+    setSizeGripEnabled(!isFixed);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
     resize(view_->size());

@@ -25,6 +25,7 @@ constexpr std::array kPages{
     TPage{"frmFound", "review", "Reviewing found strings"},
     TPage{"frmSkippedStrings", "skipped", "Skipped strings"},
     TPage{"frmOptions", "options", "Options"},
+    TPage{"frmProjectTranslationSettings", "projectsettings", "Settings of a project"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},
     TPage{"frmTranslUnits", "units", "Choosing a unit"},

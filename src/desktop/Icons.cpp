@@ -90,6 +90,7 @@ constexpr std::array kCommandIcons{
     TCommandIcon{"Exclude", "exclude"},
     TCommandIcon{"CheckBadIDs", "check"},
     TCommandIcon{"Options", "options"},
+    TCommandIcon{"ProjectSettings", "project"},
     TCommandIcon{"SourceWithForm", "source"},
     TCommandIcon{"Translatesource", "source"},
     TCommandIcon{"ViewForm", "form"},
@@ -102,6 +103,15 @@ constexpr std::array kCommandIcons{
     TCommandIcon{"acRestoreDeletedRow", "restore"},
     TCommandIcon{"acStartID", "number"},
     TCommandIcon{"acViewSkipped", "skipped"},
+    TCommandIcon{"FileMenu", "open"},
+    TCommandIcon{"EditMenu", "edit"},
+    TCommandIcon{"SearchMenu", "find"},
+    TCommandIcon{"ViewsMenu", "view"},
+    TCommandIcon{"ProjectMenu", "project"},
+    TCommandIcon{"RunMenu", "run"},
+    TCommandIcon{"ComponentMenu", "component"},
+    TCommandIcon{"ToolsMenu", "options"},
+    TCommandIcon{"HelpMenu", "help"},
 };
 
 /// A component's name without the prefix of a tool button and the number behind it.

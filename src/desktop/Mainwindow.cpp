@@ -78,6 +78,11 @@ void TMainWindow::BuildPanes() {
     tree_->OnViewFormText = [this](const std::string& file) {
         runner_.Run([&] { tabs_->ShowFormText(file); });
     };
+    tree_->SettingsCommand = [this]() -> std::shared_ptr<TMenuItem> {
+        const TfrmmlLang* window = host_->ExpertWindow();
+        return window == nullptr ? nullptr : FindItem(*window->MainMenu, "ProjectSettings1");
+    };
+    tree_->OnCommand = [this](TMenuItem& command) { runner_.Run([&] { command.Click(); }); };
     tree_->OnMakeActive = [this](const std::shared_ptr<IOTAProject>& project) {
         runner_.Run([&] { host_->Modules().GetMainProjectGroup()->SetActiveProject(project); });
     };
@@ -187,8 +192,12 @@ void TMainWindow::ShowWindow(TForm& form) {
 }
 
 void TMainWindow::ShowTopic(const std::string& topic) {
-    if (help_ == nullptr) help_ = new THelp(this);
-    help_->ShowTopic(topic);
+    // A modal window lets only its own windows be used: it gets a help of its own.
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* owner = modal == nullptr ? this : modal;
+    auto* help = owner->findChild<THelp*>("help", Qt::FindDirectChildrenOnly);
+    if (help == nullptr) help = new THelp(owner);
+    help->ShowTopic(topic);
 }
 
 void TMainWindow::ShowLocalMenu(const QPoint& at) {

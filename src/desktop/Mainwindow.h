@@ -19,7 +19,6 @@ namespace tml {
 class TEditorTabs;
 class TExpertDock;
 class TFindBar;
-class THelp;
 class TMessagePane;
 class TProjectTree;
 
@@ -95,7 +94,6 @@ class TMainWindow : public QMainWindow {
     TFindBar* findBar_ = nullptr;
     TMessagePane* messages_ = nullptr;
     QPointer<TExpertDock> dock_;
-    THelp* help_ = nullptr;
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::string project_;
     bool following_ = false;

@@ -89,13 +89,11 @@ void TProjectTree::AddProject(QTreeWidgetItem& group, const std::shared_ptr<IOTA
 }
 
 void TProjectTree::MarkItems() {
-    const auto active = ide_.GetModuleServices()->GetActiveProject();
     for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
         QTreeWidgetItem& item = **it;
         QFont font = item.font(0);
-        const int kind = item.data(0, kKindRole).toInt();
         const auto module = IsSource(item) ? ide_.GetModuleServices()->FindModule(FileOf(item)) : nullptr;
-        font.setBold(kind == Project && active != nullptr && active->GetFileName() == FileOf(item));
+        font.setBold(IsActive(item));
         font.setItalic(module != nullptr && module->GetModified());
         item.setFont(0, font);
     }
@@ -103,6 +101,20 @@ void TProjectTree::MarkItems() {
 
 std::shared_ptr<IOTAProject> TProjectTree::ProjectOf(const QTreeWidgetItem& item) {
     return ide_.GetModuleServices()->GetMainProjectGroup()->GetProject(item.data(0, kProjectRole).toInt());
+}
+
+bool TProjectTree::IsActive(const QTreeWidgetItem& item) {
+    if (item.data(0, kKindRole).toInt() != Project) return false;
+    const auto active = ide_.GetModuleServices()->GetActiveProject();
+    return active != nullptr && active->GetFileName() == FileOf(item);
+}
+
+void TProjectTree::AddSettings(QMenu& menu) {
+    const std::shared_ptr<TMenuItem> command = SettingsCommand();
+    if (command == nullptr) return;
+    QAction* action = menu.addAction(IconOf(command->Name), ToQt(command->Caption), this,
+                                     [this, command] { OnCommand(*command); });
+    action->setEnabled(command->Enabled);
 }
 
 void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
@@ -117,6 +129,7 @@ void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
         menu.addAction(PictureOf("form"), "&View Form as Text", this, [&] { OnViewFormText(file); });
     if (kind == Project)
         menu.addAction("Make &Active Project", this, [&] { OnMakeActive(ProjectOf(*item)); });
+    if (IsActive(*item)) AddSettings(menu);
     if (!menu.isEmpty()) menu.exec(event->globalPos());
 }
 

@@ -5,6 +5,8 @@
 
 #include "ide/Headlesside.h"
 
+class QMenu;
+
 namespace tml {
 
 /// The project manager: the group, its projects, their forms and units.
@@ -15,6 +17,9 @@ class TProjectTree : public QTreeWidget {
     std::function<void(const std::string& file)> OnOpen;
     std::function<void(const std::string& unitFile)> OnViewFormText;
     std::function<void(const std::shared_ptr<IOTAProject>& project)> OnMakeActive;
+    /// The expert's command for the settings of the active project, nullptr while there is none.
+    std::function<std::shared_ptr<TMenuItem>()> SettingsCommand;
+    std::function<void(TMenuItem&)> OnCommand;
 
     void Refresh();
 
@@ -25,6 +30,8 @@ class TProjectTree : public QTreeWidget {
     void Build();
     void AddProject(QTreeWidgetItem& group, const std::shared_ptr<IOTAProject>& project);
     void MarkItems();
+    bool IsActive(const QTreeWidgetItem& item);
+    void AddSettings(QMenu& menu);
     std::shared_ptr<IOTAProject> ProjectOf(const QTreeWidgetItem& item);
 
     THeadlessIde& ide_;

@@ -8,6 +8,8 @@
 #include <map>
 #include <stdexcept>
 
+#include "base/Files.h"
+#include "desktop/Filedialog.h"
 #include "desktop/Formdialog.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
@@ -56,6 +58,11 @@ TModalResult ResultOfEsc(const TMsgDlgButtons& buttons) {
     return mrCancel;
 }
 
+QString ProjectFolder(const THost& host) {
+    const auto project = host.Services->GetModuleServices()->GetActiveProject();
+    return project == nullptr ? QString() : ToQt(FolderOf(project->GetFileName()));
+}
+
 }  // namespace
 
 QWidget* TQtDialogs::Front() const {
@@ -98,6 +105,8 @@ bool TQtDialogs::InputQuery(const std::string& caption, const std::string& promp
 TModalResult TQtDialogs::ShowModal(TForm& form) {
     progress_.Hide();
     const TViewServices& services = Services();
+    if (auto* files = dynamic_cast<TOpenDialog*>(&form))
+        return ShowFileDialog(*files, ProjectFolder(services.Host), Front());
     std::unique_ptr<TView> view = MakeView(form, services);
     if (view == nullptr)
         throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");

@@ -1,7 +1,9 @@
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -9,6 +11,7 @@
 #include <QTreeWidget>
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iostream>
 
@@ -18,7 +21,9 @@
 #include "desktop/Resources.h"
 #include "desktop/Texts.h"
 #include "desktop/Theme.h"
+#include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
+#include "platform/Projectsettings.h"
 
 // Takes a picture of every window on a copy of a sample project, without a screen.
 namespace tml {
@@ -43,6 +48,8 @@ class TPictures {
     void TakeAll();
 
   private:
+    void TakeOptions();
+    void TakeProjectSettings();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -87,6 +94,40 @@ class TPictures {
     QPointer<QWidget> seen_;
 };
 
+void TPictures::TakeOptions() {
+    TExpertSettings& settings = window_->Host().Expert()->Settings();
+    settings.SetDefaultLangNames("English\r\nGerman\r\nFrench\r\nGreek\r\n");
+    settings.SetSkipLines(TStringList({"RegisterClass", "LoadCursor"}));
+    settings.SetSkipWords(TStringList({"%d", "%s", "MS Sans Serif"}));
+    steps_.push_back([this](QWidget& dialog) {
+        dialog.findChild<QListWidget*>("lbLanguages")->item(1)->setSelected(true);
+        for (const char* name : {"options-general", "options-source", "options-exclude"}) {
+            Take(dialog, name);
+            auto& pages = *dialog.findChild<QTabWidget*>();
+            pages.setCurrentIndex((pages.currentIndex() + 1) % pages.count());
+        }
+        dialog.close();
+    });
+    RunCommand("Options");
+}
+
+void TPictures::TakeProjectSettings() {
+    const std::string dictionary = "Orchard.dix";
+    QDir::setCurrent(ToQt(Path("orchard")));
+    std::ofstream(dictionary) << "<HEAD>\n<LANGUAGE>English</LANGUAGE>\n</HEAD>\n";
+    const auto settings = window_->Host().Host().Runtime->mlLangProjectSettings;
+    settings->SetOptionValue("DefaultDictionary", dictionary);
+    settings->SetOptionValue("DictionaryBaseLanguage", std::string("German"));
+    settings->SetOptionValue("DefaultFormForUnits", std::string("MainForm"));
+    steps_.push_back([this](QWidget& dialog) {
+        Take(dialog, "projectsettings-dictionary");
+        dialog.findChild<QAbstractButton*>("sbProject")->click();
+        Take(dialog, "projectsettings-project");
+        dialog.close();
+    });
+    RunCommand("ProjectSettings");
+}
+
 void TPictures::TakeAll() {
     SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
@@ -116,6 +157,8 @@ void TPictures::TakeAll() {
     Take(*window_, "rewritten");
     window_->Runner().Run([this] { window_->Tabs().ShowFormText(Path("orchard/Main.pas")); });
     Take(*window_, "formtext");
+    TakeOptions();
+    TakeProjectSettings();
     window_->HelpContents();
     Take(*window_->findChild<THelp*>("help"), "help");
     window_->findChild<THelp*>("help")->close();
@@ -138,9 +181,12 @@ int main(int argc, char** argv) {
         std::cerr << "Usage: tmllang-screenshots SAMPLE FOLDER\n";
         return 2;
     }
+    // The pictures are taken in the folder of the copy.
+    const std::string sample = std::filesystem::absolute(argv[1]);
+    const QString folder = QDir(argv[2]).absolutePath();
     for (const bool dark : {false, true}) {
         tml::SetTheme(application, dark ? tml::TTheme::Dark : tml::TTheme::Light);
-        tml::TPictures(argv[1], QString::fromUtf8(argv[2]), dark ? "dark" : "light").TakeAll();
+        tml::TPictures(sample, folder, dark ? "dark" : "light").TakeAll();
     }
     return 0;
 }

@@ -26,11 +26,19 @@ inline QStringList ToQt(const TStringList& list) {
     return result;
 }
 
-/// The toolkit names three keys in its own way.
+// The toolkit names three keys in its own way.
+
 inline QKeySequence KeysOf(TShortCut shortCut) {
     QString text = ToQt(ShortCutToText(shortCut));
     text.replace("BkSp", "Backspace").replace("PgDn", "PgDown").replace("Enter", "Return");
     return QKeySequence(text);
+}
+
+/// 0 where the keys are no shortcut of the platform.
+inline TShortCut ShortCutOf(const QKeySequence& keys) {
+    QString text = keys.toString(QKeySequence::PortableText);
+    text.replace("Backspace", "BkSp").replace("PgDown", "PgDn").replace("Return", "Enter");
+    return TextToShortCut(FromQt(text));
 }
 
 }  // namespace tml

@@ -3,6 +3,8 @@
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
 #include "desktop/Langconfigview.h"
+#include "desktop/Optionsview.h"
+#include "desktop/Projectsettingsview.h"
 
 namespace tml {
 namespace {
@@ -19,6 +21,8 @@ constexpr TMakeView kViews[] = {
     Make<TfrmmlLang, TFormsListView>,
     Make<TfrmFound, TFoundView>,
     Make<TfrmLangConfig, TLangConfigView>,
+    Make<TfrmOptions, TOptionsView>,
+    Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "base/Errors.h"
 #include "base/Format.h"
@@ -121,8 +122,9 @@ void TfrmOptions::StepNumLang(int step) {
 void TfrmOptions::StepPreviewLines(int step) {
     // Only the way down has an end: a small number that was typed grows by one.
     const int number = NumberOr(edPreviewLines, kFewestPreviewLines);
-    edPreviewLines =
-        std::to_string(step < 0 ? std::max(number - 1, kFewestPreviewLines) : std::min(number, kMost) + 1);
+    const int fewer = std::max(number, kFewestPreviewLines + 1) - 1;
+    const int more = std::min(number, std::numeric_limits<int>::max() - 1) + 1;
+    edPreviewLines = std::to_string(step < 0 ? fewer : more);
     Changed();
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/Errors.h"
 #include "base/Utf8.h"
 #include "expert/Formrows.h"
 #include "platform/Filedialogs.h"
@@ -48,7 +49,12 @@ TfrmProjectTranslationSettings::TfrmProjectTranslationSettings(TContext& context
     Caption = "Project Translation Settings";
     const auto text = [&](const char* name) { return std::get<std::string>(settings_.GetOptionValue(name)); };
     const auto flag = [&](const char* name) { return std::get<bool>(settings_.GetOptionValue(name)); };
-    edDefaultDictionaryChange(text("DefaultDictionary"));
+    try {
+        edDefaultDictionaryChange(text("DefaultDictionary"));
+    } catch (const EFileError& error) {
+        // The window is where another dictionary is chosen: it opens all the same.
+        context_.Dialogs().MessageDlg(error.what(), TMsgDlgType::mtWarning, {mrOk});
+    }
     cbDefaultLanguageChange(text("DictionaryBaseLanguage"));
     ckbAskForDictionary = !flag("DontAskForDictionary");
     // Bound straight to the option, although the caption reads the other way: on purpose.

@@ -50,6 +50,7 @@ TEST_F(TOptions, StepsStayInTheirRanges) {
         {&TfrmOptions::edPreviewLines, &TfrmOptions::StepPreviewLines, "3", "5", "4"},
         {&TfrmOptions::edPreviewLines, &TfrmOptions::StepPreviewLines, "x", "5", "6"},
         {&TfrmOptions::edPreviewLines, &TfrmOptions::StepPreviewLines, "7", "6", "8"},
+        {&TfrmOptions::edPreviewLines, &TfrmOptions::StepPreviewLines, "999", "998", "1000"},
     };
     TfrmOptions window(Context());
     for (const TRow& row : rows) {

@@ -3,6 +3,7 @@
 #include "support/Memoryfiles.h"
 #include "support/Memoryregistry.h"
 #include "support/Scripteduser.h"
+#include "support/Wrappedfiles.h"
 #include "translations/Projectsettings.h"
 #include "translations/Projectsettingsform.h"
 
@@ -117,6 +118,26 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
               "DictionaryBaseLanguage=German\nDontAskForDictionary=0\nDictionaryIgnoreCase=1\n"
               "DictionarySkipAmpersands=0\nDictionaryParseMultilines=0\nDictionaryOverwriteExisting=0\n"
               "DictionaryForceEmpties=0\nDefaultTranslationFileName=/p/t.mlb\nCommonContainerForm=\n");
+}
+
+TEST(Projectsettings, ADictionaryThatCannotBeReadDoesNotBarTheWindow) {
+    struct TUnreadable : TWrappedFileSystem {
+        using TWrappedFileSystem::TWrappedFileSystem;
+        void Before(const std::string& call, const std::string& path) override {
+            if (call == "Read" && path == "/p/d.dix") throw EFileError(path, 0, "cannot be read");
+        }
+    };
+    TMemoryFileSystem memory;
+    memory.Files["/p/d.dix"] = "";
+    memory.Files[kFile] = "[Settings]\nDefaultDictionary=/p/d.dix\nDictionaryBaseLanguage=Greek\n";
+    TUnreadable files(memory);
+    TProject project(files);
+    TmlLangProjectSettings settings(project.Context);
+    settings.SetFileName(kFile);
+    project.User.OnMessage("/p/d.dix: cannot be read");
+    const TfrmProjectTranslationSettings window(project.Context, settings);
+    EXPECT_EQ(window.edDefaultDictionary, "/p/d.dix");
+    EXPECT_EQ(window.cbDefaultLanguage, "Greek");
 }
 
 }  // namespace
