@@ -1,5 +1,6 @@
 #include "forms/Formfloat.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -157,6 +158,23 @@ std::string CurrencyText(std::int64_t number) {
     return decimals.empty() ? text : text + "." + decimals;
 }
 
+/// Digit by digit where no more than four of them follow the point: floating point would lose the last ones
+/// of large amounts.
+std::int64_t CurrencyOf(std::string_view text) {
+    constexpr std::size_t kDecimals = 4;
+    std::string digits(text.substr(text.front() == '+' ? 1 : 0));
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t decimals = digits.size() - std::min(point + 1, digits.size());
+    if (decimals <= kDecimals) {
+        digits.erase(point, 1);
+        digits.append(kDecimals - decimals, '0');
+        std::int64_t number = 0;
+        const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+        if (result.ec == std::errc() && result.ptr == digits.data() + digits.size()) return number;
+    }
+    return std::llround(Parse<long double>(text) * kCurrencyScale);
+}
+
 long double ValueOf(const TFormFloat& value) {
     switch (value.Kind) {
         case TFormFloatKind::Extended:
@@ -208,8 +226,7 @@ std::string FloatBytes(std::string_view text) {
         case TFormFloatKind::Date:
             return BitsOf<std::uint64_t>(Parse<double>(number));
         case TFormFloatKind::Currency:
-            return BytesOf(
-                static_cast<std::int64_t>(std::llround(Parse<long double>(number) * kCurrencyScale)));
+            return BytesOf(CurrencyOf(number));
         default:
             break;
     }
