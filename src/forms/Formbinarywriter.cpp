@@ -75,7 +75,8 @@ void TFormBinaryWriter::BeginNode(const TFormHead& head) {
     if (head.Prefix == TFormPrefix::Inherited) bits |= kInheritedBit;
     if (head.Prefix == TFormPrefix::Inline) bits |= kInlineBit;
     if (head.Position) bits |= kPositionBit;
-    if (bits != 0) out_ += static_cast<char>(kPrefixByte + bits);
+    // Without a class the first byte would be that of the end of a list of components.
+    if (bits != 0 || head.ClassName.empty()) out_ += static_cast<char>(kPrefixByte + bits);
     if (head.Position) Integer(*head.Position, {});
     ShortString(head.ClassName);
     ShortString(head.Name);
