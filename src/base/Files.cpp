@@ -1,5 +1,7 @@
 #include "base/Files.h"
 
+#include <algorithm>
+
 #include "base/Errors.h"
 
 namespace tml {
@@ -43,6 +45,16 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
 
 bool IsAbsolutePath(std::string_view path) {
     return (!path.empty() && kSeparators.find(path.front()) != std::string_view::npos) || HasDrive(path);
+}
+
+std::string RelativeTo(const std::string& folder, const std::string& file) {
+    const bool inside = !folder.empty() && file.compare(0, folder.size() + 1, folder + "/") == 0;
+    return inside ? file.substr(folder.size() + 1) : file;
+}
+
+std::string WithOwnSeparators(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
 }
 
 void WriteFileSafely(IFileSystem& files, const std::string& path, std::string_view bytes) {

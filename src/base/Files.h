@@ -60,6 +60,9 @@ std::string ExtensionOf(std::string_view path);  ///< with its dot, "" when ther
 std::string WithExtension(std::string_view path, std::string_view extension);
 std::string JoinPath(std::string_view folder, std::string_view name);  ///< name alone when it is absolute
 bool IsAbsolutePath(std::string_view path);
+/// The file's path from the folder on; the whole path of a file that is elsewhere.
+std::string RelativeTo(const std::string& folder, const std::string& file);
+std::string WithOwnSeparators(std::string path);  ///< a path of another system, written as JoinPath does
 
 /// Writes one file so that it is at every moment the old or the new one. EFileError for a read-only file,
 /// although a rename could take its place.

@@ -6,11 +6,6 @@
 #include "expert/Mllangexp.h"
 
 namespace tml {
-std::string RelativeTo(const std::string& folder, const std::string& file) {
-    const bool inside = !folder.empty() && file.compare(0, folder.size() + 1, folder + "/") == 0;
-    return inside ? file.substr(folder.size() + 1) : file;
-}
-
 TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
     TPackage package = MakePackage(workplace_.Host());
     package_ = package.Name;

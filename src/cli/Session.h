@@ -11,9 +11,6 @@ namespace tml {
 
 class TmlLangExpert;
 
-/// The file's path as seen from the folder, where it lies inside.
-std::string RelativeTo(const std::string& folder, const std::string& file);
-
 /// A project with the expert at work: its package loaded, its main window open.
 class TSession {
   public:

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -101,9 +102,12 @@ void TBinder::ShortCut(THotKeyEdit* edit, TShortCut& member) {
     });
 }
 
-void TBinder::Choice(QComboBox* box, TChoiceBox& choice) {
+void TBinder::Choice(QComboBox* box, TChoiceBox& choice, std::function<void()> handler) {
     QObject::connect(box, &QComboBox::currentIndexChanged, box,
-                     [&choice](int chosen) { choice.ItemIndex = chosen; });
+                     [this, &choice, handler = std::move(handler)](int chosen) {
+                         choice.ItemIndex = chosen;
+                         if (handler) runner_.Run(handler);
+                     });
     Show([box, &choice] {
         const QSignalBlocker quiet(box);
         ShowItems(*box, choice.Items);
@@ -165,8 +169,19 @@ void TBinder::Names(QListWidget* list, const TStringList& names, std::vector<boo
     });
 }
 
+void TBinder::DoubleClick(QListWidget* list, std::function<void(int index)> handler) {
+    QObject::connect(list, &QListWidget::doubleClicked, list,
+                     [this, handler = std::move(handler)](const QModelIndex& item) {
+                         runner_.Run([&, row = item.row()] { handler(row); });
+                     });
+}
+
 void TBinder::Enabled(QWidget* widget, const bool& member) {
     Show([widget, &member] { widget->setEnabled(member); });
+}
+
+void TBinder::Label(QLabel* label, const std::string& member) {
+    Show([label, &member] { label->setText(ToQt(member)); });
 }
 
 }  // namespace tml

@@ -13,6 +13,7 @@
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
@@ -44,7 +45,7 @@ class TBinder {
                 std::function<void(const std::string&)> handler = {});
     void ShortCut(THotKeyEdit* edit, TShortCut& member);
     /// The entries of a closed list and the chosen one.
-    void Choice(QComboBox* box, TChoiceBox& choice);
+    void Choice(QComboBox* box, TChoiceBox& choice, std::function<void()> handler = {});
     /// A text that may be typed or chosen from the entries.
     void TextOrChoice(QComboBox* box, const TStringList& items, const std::string& text,
                       std::function<void(const std::string&)> handler);
@@ -56,7 +57,10 @@ class TBinder {
     /// A list of names with a flag for each that is selected.
     void Names(QListWidget* list, const TStringList& names, std::vector<bool>& selected,
                std::function<void()> handler = {});
+    /// index: of the item, 0-based.
+    void DoubleClick(QListWidget* list, std::function<void(int index)> handler);
     void Enabled(QWidget* widget, const bool& member);
+    void Label(QLabel* label, const std::string& member);
     /// Anything else that follows the state.
     void Show(std::function<void()> show) { shows_.push_back(std::move(show)); }
 

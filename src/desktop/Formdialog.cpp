@@ -32,16 +32,26 @@ std::string TFormDialog::PlaceName() const {
 }
 
 TModalResult TFormDialog::Execute() {
-    services_.Places.Restore(*this, PlaceName());
+    if (view_->Place() == nullptr) services_.Places.Restore(*this, PlaceName());
     form_.Visible = true;
     form_.FormShow();
+    if (const TPlacement* place = view_->Place()) PutAt(*this, *place);
     FormChanged();
+    FocusActiveControl();
     exec();
     form_.Visible = false;
     view_->BeforeClose();
-    services_.Places.Save(*this, PlaceName());
+    if (TPlacement* place = view_->Place())
+        NotePlace(*this, *place);
+    else
+        services_.Places.Save(*this, PlaceName());
     form_.FormClose();
     return form_.ModalResult;
+}
+
+void TFormDialog::FocusActiveControl() {
+    if (form_.ActiveControl.empty()) return;
+    if (auto* control = findChild<QWidget*>(ToQt(form_.ActiveControl))) control->setFocus();
 }
 
 void TFormDialog::FormChanged() {

@@ -25,6 +25,7 @@ class TFormDialog : public QDialog {
 
   private:
     void FormChanged();
+    void FocusActiveControl();
     void TryClose();
     std::string PlaceName() const;
 

@@ -117,8 +117,9 @@ void TFoundView::BindActions() {
         ui_->filter->selectAll();
     };
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, focusFilter);
-    connect(new QShortcut(Qt::Key_Down, ui_->filter), &QShortcut::activated, this,
-            [this] { ui_->sgStrings->setFocus(); });
+    // Of the filter alone: in the table the key goes down.
+    new QShortcut(
+        Qt::Key_Down, ui_->filter, [this] { ui_->sgStrings->setFocus(); }, Qt::WidgetShortcut);
 }
 
 void TFoundView::FillToolBar() {
@@ -221,21 +222,18 @@ void TFoundView::RefreshSelection() {
 void TFoundView::RefreshPreview() {
     const TFoundPreview preview = form_.Preview();
     ui_->memPreview->setPlainText(ToQt(preview.Text));
-    // The editor counts a line end as one character and a text in UTF-16 units.
-    const auto place = [&](std::size_t bytes) {
-        QString before = ToQt(std::string_view(preview.Text).substr(0, bytes));
-        return static_cast<int>(before.remove('\r').size());
-    };
+    const int begin = PlaceInEditor(preview.Text, preview.Begin);
+    const int end = PlaceInEditor(preview.Text, preview.End);
     QTextEdit::ExtraSelection mark;
     QColor tint = palette().color(QPalette::Highlight);
     tint.setAlpha(kMarkTint);
     mark.format.setBackground(tint);
     mark.cursor = QTextCursor(ui_->memPreview->document());
-    mark.cursor.setPosition(place(preview.Begin));
-    mark.cursor.setPosition(place(preview.End), QTextCursor::KeepAnchor);
+    mark.cursor.setPosition(begin);
+    mark.cursor.setPosition(end, QTextCursor::KeepAnchor);
     ui_->memPreview->setExtraSelections({mark});
     QTextCursor cursor(ui_->memPreview->document());
-    cursor.setPosition(place(preview.Begin));
+    cursor.setPosition(begin);
     ui_->memPreview->setTextCursor(cursor);
     ui_->memPreview->centerCursor();
     const std::string advice = form_.Advice();

@@ -1,5 +1,6 @@
 #include "desktop/Help.h"
 
+#include <QApplication>
 #include <QListWidget>
 #include <QSplitter>
 #include <QTextBrowser>
@@ -28,7 +29,7 @@ constexpr std::array kPages{
     TPage{"frmProjectTranslationSettings", "projectsettings", "Settings of a project"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},
-    TPage{"frmTranslUnits", "units", "Choosing a unit"},
+    TPage{"frmTranslUnits", "units", "Choosing units"},
     TPage{"", "tags", "Tags in source"},
     TPage{"", "keys", "Keys"},
 };
@@ -76,6 +77,11 @@ void THelp::ShowTopic(const std::string& topic) {
     for (std::size_t i = 0; i < kPages.size(); ++i)
         if (!topic.empty() && kPages[i].Topic == topic) row = static_cast<int>(i);
     contents_->setCurrentRow(row);
+    // A modal window bars every other one but a modal one that comes after it.
+    if (QWidget* modal = QApplication::activeModalWidget(); modal != this) {
+        hide();
+        setWindowModality(modal == nullptr ? Qt::NonModal : Qt::ApplicationModal);
+    }
     show();
     raise();
     activateWindow();

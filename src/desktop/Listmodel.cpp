@@ -42,9 +42,13 @@ QVariant TListModel::data(const QModelIndex& index, int role) const {
     const auto cell = static_cast<std::size_t>(index.column()) - 1;
     if (role == Qt::DecorationRole && index.column() == 0 && item.StateIndex < pictures_.size())
         return PictureOf(pictures_[item.StateIndex]);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-    if (index.column() == 0) return ToQt(item.Caption);
-    return cell < item.SubItems.size() ? ToQt(item.SubItems[cell]) : QString();
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != SortRole) return {};
+    const bool exists = index.column() == 0 || cell < item.SubItems.size();
+    if (!exists) return QString();
+    const QString text = ToQt(index.column() == 0 ? item.Caption : item.SubItems[cell]);
+    bool isNumber = false;
+    const int number = role == SortRole && index.column() == 0 ? text.toInt(&isNumber) : 0;
+    return isNumber ? QVariant(number) : QVariant(text);
 }
 
 QVariant TListModel::headerData(int section, Qt::Orientation orientation, int role) const {

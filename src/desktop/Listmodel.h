@@ -15,6 +15,9 @@ class TListModel : public QAbstractTableModel {
     /// pictures: by StateIndex, names of resources.
     TListModel(TListView& list, QStringList pictures) : list_(list), pictures_(std::move(pictures)) {}
 
+    /// What rows are sorted by: numbers in the first column by their values.
+    static constexpr int SortRole = Qt::UserRole;
+
     /// True when the rows are others than at the last call.
     bool Refresh();
 

@@ -1,6 +1,8 @@
 #include "desktop/Places.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QScreen>
 
 #include "desktop/Texts.h"
 
@@ -13,6 +15,17 @@ constexpr const char* kRecent = "RecentProjects";
 constexpr int kMostRecent = 10;
 
 }  // namespace
+
+void PutAt(QWidget& window, const TPlacement& place) {
+    window.resize(place.Width.value_or(window.width()), place.Height.value_or(window.height()));
+    if (!place.Left || !place.Top) return;
+    const QPoint at(*place.Left, *place.Top);
+    if (QGuiApplication::screenAt(at) != nullptr) window.move(at);
+}
+
+void NotePlace(const QWidget& window, TPlacement& place) {
+    place = {window.width(), window.height(), window.y(), window.x()};
+}
 
 QByteArray TPlaces::Bytes(const std::string& name) {
     return QByteArray::fromBase64(QByteArray::fromStdString(registry_.ReadString(kKey, name).value_or("")));

@@ -3,11 +3,17 @@
 #include <QString>
 #include <QWidget>
 
+#include "expert/Placement.h"
 #include "platform/Registry.h"
 
 class QMainWindow;
 
 namespace tml {
+
+/// Puts a window where its state says, but never where no screen is.
+void PutAt(QWidget& window, const TPlacement& place);
+/// Notes where it stands.
+void NotePlace(const QWidget& window, TPlacement& place);
 
 /// Where windows stood, in the user's settings. A window whose place is kept by its own state class needs
 /// no entry here.

@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -24,6 +25,7 @@
 #include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
 #include "platform/Projectsettings.h"
+#include "scan/Dntcedit.h"
 
 // Takes a picture of every window on a copy of a sample project, without a screen.
 namespace tml {
@@ -46,6 +48,7 @@ class TPictures {
     }
 
     void TakeAll();
+    void TakeChoosers();
 
   private:
     void TakeOptions();
@@ -94,6 +97,25 @@ class TPictures {
     QPointer<QWidget> seen_;
 };
 
+void TPictures::TakeChoosers() {
+    steps_.push_back([this](QWidget& units) {
+        units.findChild<QListWidget*>("lbUnits")->setCurrentRow(3);
+        units.findChild<QComboBox*>("cbForm")->setCurrentText("MainForm");
+        Take(units, "units");
+        units.close();
+    });
+    RunCommand("SourceWithoutForm");
+    steps_.push_back([this](QWidget& chooser) {
+        chooser.findChild<QListWidget*>("lbComps")->setCurrentRow(1);
+        Take(chooser, "chooser");
+        chooser.close();
+    });
+    TfrmNotTranslate names(*window_->Host().Host().Registry,
+                           TStringList({"CloseButton", "DateEdit", "HintPanel", "OrderGrid", "StatusBar"}),
+                           TStringList({"LogMemo"}));
+    window_->Host().Host().Dialogs->ShowModal(names);
+}
+
 void TPictures::TakeOptions() {
     TExpertSettings& settings = window_->Host().Expert()->Settings();
     settings.SetDefaultLangNames("English\r\nGerman\r\nFrench\r\nGreek\r\n");
@@ -137,12 +159,19 @@ void TPictures::TakeAll() {
         dialog.close();
     });
     RunCommand("Languages");
+    TakeChoosers();
     steps_.push_back([this](QWidget& review) {
         auto& table = *review.findChild<QTableView*>("sgStrings");
         table.setCurrentIndex(table.model()->index(4, 1));
         table.selectionModel()->select(table.model()->index(2, 1),
                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
         Take(review, "review");
+        steps_.push_back([this](QWidget& skipped) {
+            skipped.findChild<QTableView*>("lvStrings")->selectRow(1);
+            Take(skipped, "skipped");
+            skipped.close();
+        });
+        review.findChild<QAction*>("acViewSkipped")->trigger();
         steps_.push_back([this](QWidget& question) {
             Take(question, "question");
             QApplication::sendEvent(&question,

@@ -26,6 +26,11 @@ inline QStringList ToQt(const TStringList& list) {
     return result;
 }
 
+/// A byte offset as a text editor counts it: in UTF-16 units, a line end as one character.
+inline int PlaceInEditor(std::string_view text, std::size_t bytes) {
+    return static_cast<int>(ToQt(text.substr(0, bytes)).remove('\r').size());
+}
+
 // The toolkit names three keys in its own way.
 
 inline QKeySequence KeysOf(TShortCut shortCut) {

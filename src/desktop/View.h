@@ -4,6 +4,7 @@
 
 #include "desktop/Places.h"
 #include "desktop/Runner.h"
+#include "expert/Placement.h"
 #include "platform/Host.h"
 
 namespace tml {
@@ -21,6 +22,8 @@ class TView : public QWidget {
   public:
     /// Shows the state as it is now.
     virtual void Refresh() = 0;
+    /// Where the window stands, for a state that keeps it itself; read from FormShow to FormClose.
+    virtual TPlacement* Place() { return nullptr; }
     /// Hands over what the state keeps of the layout, before the window closes.
     virtual void BeforeClose() {}
 };

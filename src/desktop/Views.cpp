@@ -1,10 +1,13 @@
 #include "desktop/Views.h"
 
+#include "desktop/Chooserview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
 #include "desktop/Langconfigview.h"
 #include "desktop/Optionsview.h"
 #include "desktop/Projectsettingsview.h"
+#include "desktop/Skippedview.h"
+#include "desktop/Unitsview.h"
 
 namespace tml {
 namespace {
@@ -18,11 +21,10 @@ std::unique_ptr<TView> Make(TForm& form, const TViewServices& services) {
 }
 
 constexpr TMakeView kViews[] = {
-    Make<TfrmmlLang, TFormsListView>,
-    Make<TfrmFound, TFoundView>,
-    Make<TfrmLangConfig, TLangConfigView>,
-    Make<TfrmOptions, TOptionsView>,
-    Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
+    Make<TfrmmlLang, TFormsListView>,       Make<TfrmFound, TFoundView>,
+    Make<TfrmLangConfig, TLangConfigView>,  Make<TfrmNotTranslate, TChooserView>,
+    Make<TfrmOptions, TOptionsView>,        Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
+    Make<TfrmSkippedStrings, TSkippedView>, Make<TfrmTranslUnits, TUnitsView>,
 };
 
 }  // namespace

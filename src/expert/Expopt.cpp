@@ -101,10 +101,6 @@ void TfrmOptions::FillExcludeAndSkip() {
 
 // --- while it is open
 
-void TfrmOptions::FormShow() {
-    ShowPage(General);
-}
-
 void TfrmOptions::ShowPage(TPage page) {
     ActivePage = page;
     Changed();
@@ -241,7 +237,13 @@ void TfrmOptions::btCancelClick() {
 }
 
 void sbOptionsClick(TContext& context) {
+    OpenOptions(context, TfrmOptions::General, {});
+}
+
+void OpenOptions(TContext& context, TfrmOptions::TPage page, const std::string& control) {
     TfrmOptions window(context);
+    window.FirstPage = page;
+    window.ActiveControl = control;
     if (context.Dialogs().ShowModal(window) == mrOk && context.RebuildMenuItem) context.RebuildMenuItem();
 }
 

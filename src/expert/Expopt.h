@@ -16,6 +16,7 @@ class TfrmOptions : public TForm {
     /// The pages: "General", "Source Strings", "Exclude && Skip".
     enum TPage { General, SourceStrings, ExcludeAndSkip };
     TPage ActivePage = General;
+    TPage FirstPage = General;  ///< in front when the window is shown
 
     // General
     TChoiceBox cbMenuSection;
@@ -45,8 +46,7 @@ class TfrmOptions : public TForm {
     bool ckbUseRegExp = false;
     bool RegExpEnabled = false;
 
-    /// The first page is in front.
-    void FormShow() override;
+    void FormShow() override { ShowPage(FirstPage); }
     /// The side buttons.
     void ShowPage(TPage page);
     /// Ctrl+Tab.
@@ -86,5 +86,8 @@ class TfrmOptions : public TForm {
 
 /// The command "&Options...".
 void sbOptionsClick(TContext& context);
+
+/// The same, opened at a page and, unless the name is empty, with the focus in one of its controls.
+void OpenOptions(TContext& context, TfrmOptions::TPage page, const std::string& control);
 
 }  // namespace tml

@@ -48,7 +48,17 @@ class TProjectReader {
         if (parse == nullptr)
             throw EBadInput(fileName, 0, "the file is no known project",
                             "Choose one of " + KnownProjectFiles());
-        return parse(files_.Read(fileName), fileName, CodePageFor(fileName));
+        return WithOwnPaths(parse(files_.Read(fileName), fileName, CodePageFor(fileName)));
+    }
+
+    /// Projects carry the separators of the system that wrote them; nobody behind this meets those.
+    static TParsedProject WithOwnPaths(TParsedProject parsed) {
+        parsed.MainSource = WithOwnSeparators(parsed.MainSource);
+        for (std::string& project : parsed.Projects)
+            project = WithOwnSeparators(project);
+        for (TNamedUnit& unit : parsed.Units)
+            unit.Path = WithOwnSeparators(unit.Path);
+        return parsed;
     }
 
     /// A code page stands in the options file beside the project.
@@ -114,7 +124,7 @@ class TProjectReader {
         const TProjectParser parse = FindMainSourceParser(*found);
         if (*found == model.FileName || parse == nullptr) return;
         try {
-            AddUnits(model, parse(files_.Read(*found), *found, model.CodePage), *found);
+            AddUnits(model, WithOwnPaths(parse(files_.Read(*found), *found, model.CodePage)), *found);
         } catch (const EBadInput& error) {
             AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }

@@ -70,9 +70,10 @@ class TForm {
     TForm* Parent = nullptr;
     int ClientWidth = 0;
     int ClientHeight = 0;
-    bool Centered = false;   ///< shown in the middle of the screen
-    bool StayOnTop = false;  ///< in front of the other windows
-    bool Dockable = false;   ///< may be docked into the IDE's window
+    bool Centered = false;      ///< shown in the middle of the screen
+    bool StayOnTop = false;     ///< in front of the other windows
+    bool Dockable = false;      ///< may be docked into the IDE's window
+    std::string ActiveControl;  ///< name of the control with the focus on showing, "" for the first one
 
     virtual void FormShow() {}
     /// False keeps the window open.

@@ -53,6 +53,7 @@ void TfrmNotTranslate::MoveItem(TNamesBox& from, TNamesBox& to, int index) {
 }
 
 void TfrmNotTranslate::MoveAll(TNamesBox& from, TNamesBox& to) {
+    if (from.Items.Empty()) return;
     Append(to, from.Items);
     from = {};
     to.Items.Sort();

@@ -113,6 +113,7 @@ std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
 }
 
 std::string TfrmFound::HintOf(const TFoundAction& action) const {
+    if (action.Execute == &TfrmFound::acViewSkipped) return "Shows the strings that were skipped, and why";
     if (action.Execute != &TfrmFound::acSwitchDeleted) return {};
     return ShowsDeleted ? "Shows found rows" : "Shows deleted rows";
 }

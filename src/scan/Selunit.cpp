@@ -1,5 +1,6 @@
 #include "scan/Selunit.h"
 
+#include "base/Files.h"
 #include "expert/Formrows.h"
 #include "expert/Modules.h"
 #include "platform/Projectsettings.h"
@@ -19,6 +20,11 @@ TfrmTranslUnits::TfrmTranslUnits(TContext& context)
     : lbUnits(context.Project.TranslatableUnits), cbForm(FormsBox(context, DefaultForm(context))) {
     Name = "frmTranslUnits";
     Caption = "Translate units without a form";
+    ActiveControl = "lbUnits";
+    const auto project = GetActiveProject(context);
+    const std::string folder = project == nullptr ? std::string() : FolderOf(project->GetFileName());
+    for (const std::string& unit : lbUnits.Items)
+        UnitNames.Add(RelativeTo(folder, unit));
     const auto current = GetCurrentSourceEditor(context);
     if (current == nullptr) return;
     const int unit = lbUnits.Items.IndexOf(current->GetFileName());

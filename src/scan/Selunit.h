@@ -15,7 +15,8 @@ class TfrmTranslUnits : public TForm {
     explicit TfrmTranslUnits(TContext& context);
 
     std::string lblUnits = "Select &Unit(s):";
-    TNamesBox lbUnits;  ///< full file names, in the order of the project
+    TNamesBox lbUnits;      ///< full file names, in the order of the project
+    TStringList UnitNames;  ///< what the list shows of each: its path from the project's folder on
     /// Off for a command that needs units only: the window is then as high as its list.
     bool OptionsVisible = true;
     std::string lblForm = "&Form that receives the strings:";

@@ -1,19 +1,47 @@
 #include "scan/Skippedstrings.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 
+#include "base/Format.h"
 #include "base/Utf8.h"
+#include "expert/Expopt.h"
 #include "expert/Modules.h"
 #include "scan/Lines.h"
+#include "scan/Scansettings.h"
 
 namespace tml {
 namespace {
 
 const std::string kKey = "\\Software\\Velmora\\TmlLang\\SkippedStrings";
 
+/// The control of the options window that decides a reason; the other reasons come from the source itself.
+struct TDecidingOption {
+    TStringSkipReason Reason;
+    TfrmOptions::TPage Page;
+    const char* Control;
+};
+constexpr std::array kDecidingOptions{
+    TDecidingOption{ssrBadChars, TfrmOptions::ExcludeAndSkip, "edExcludeChars"},
+    TDecidingOption{ssrByLine, TfrmOptions::ExcludeAndSkip, "memSkipLines"},
+    TDecidingOption{ssrByPhrase, TfrmOptions::ExcludeAndSkip, "memSkipWords"},
+    TDecidingOption{ssrByPhrasesRE, TfrmOptions::ExcludeAndSkip, "memSkipWords"},
+};
+
+const TDecidingOption* OptionOf(TStringSkipReason reason) {
+    const auto* option = std::find_if(kDecidingOptions.begin(), kDecidingOptions.end(),
+                                      [&](const TDecidingOption& each) { return each.Reason == reason; });
+    return option == kDecidingOptions.end() ? nullptr : option;
+}
+
 /// The 1-based line of an entry; a scan of a const section has recorded it.
 int LineOf(const TmlSkippedString& skipped, IOTAEditView& view) {
     return skipped.ConstLine >= 1 ? skipped.ConstLine : view.PosToCharPos(skipped.Position - 1).Line;
+}
+
+TSkipSettings SkipSettingsOf(TContext& context) {
+    return ScanInputOf(context.Settings.Get(), nullptr).Skip;
 }
 
 }  // namespace
@@ -21,14 +49,17 @@ int LineOf(const TmlSkippedString& skipped, IOTAEditView& view) {
 TfrmSkippedStrings::TfrmSkippedStrings(TContext& context) : context_(context) {
     Name = "frmSkippedStrings";
     Caption = "Strings Skipped by Expert";
+    ActiveControl = "lvStrings";
     lvStrings.Columns = {{"Line #", 60}, {"Content", 480}};
 }
 
 void TfrmSkippedStrings::FormShow() {
     ReadPlacement(*context_.Host.Registry, kKey, Placement);
     lvStrings.Clear();
+    Row = -1;
     if (const auto editor = GetCurrentSourceEditor(context_)) Fill(*editor);
     StatusPanel = std::to_string(lvStrings.Count());
+    if (lvStrings.Count() > 0) lvStringsSelectItem(0);
     Changed();
 }
 
@@ -46,25 +77,95 @@ void TfrmSkippedStrings::FormClose() {
     WritePlacement(*context_.Host.Registry, kKey, Placement);
 }
 
+TStringSkipReason TfrmSkippedStrings::ReasonOf(int row) const {
+    return *std::static_pointer_cast<TStringSkipReason>(
+        lvStrings.Items().at(static_cast<std::size_t>(row))->Data);
+}
+
 void TfrmSkippedStrings::lvStringsSelectItem(int row) {
-    const TListItem& item = *lvStrings.Items().at(static_cast<std::size_t>(row));
-    lblReason = SkipReasonText(*std::static_pointer_cast<TStringSkipReason>(item.Data));
+    Row = row;
+    lblReason = row < 0 ? std::string() : std::string(SkipReasonText(ReasonOf(row)));
     memPreview.clear();
     SelBegin = SelEnd = 0;
-    if (const auto editor = GetCurrentSourceEditor(context_)) {
-        TSourcePreview preview = GetCurrentSourcePreview(*editor->GetText(), ToInteger(item.Caption), 0,
-                                                         context_.Settings.Get().PreviewLines);
-        memPreview = std::move(preview.Text);
-        for (int i = 0; i < preview.Index; ++i)
-            SelBegin = memPreview.find('\n', SelBegin) + 1;
-        SelEnd = std::min(memPreview.find('\n', SelBegin), memPreview.size() - 1) + 1;
-    }
+    const auto editor = GetCurrentSourceEditor(context_);
+    if (row >= 0 && editor != nullptr) Preview(*editor);
     Changed();
+}
+
+void TfrmSkippedStrings::Preview(IOTASourceEditor& editor) {
+    TSourcePreview preview =
+        GetCurrentSourcePreview(*editor.GetText(), LineOfRow(), 0, context_.Settings.Get().PreviewLines);
+    memPreview = std::move(preview.Text);
+    for (int i = 0; i < preview.Index; ++i)
+        SelBegin = memPreview.find('\n', SelBegin) + 1;
+    SelEnd = std::min(memPreview.find('\n', SelBegin), memPreview.size() - 1) + 1;
+}
+
+int TfrmSkippedStrings::LineOfRow() const {
+    return ToInteger(lvStrings.Items().at(static_cast<std::size_t>(Row))->Caption);
 }
 
 void TfrmSkippedStrings::btCloseClick() {
     ModalResult = mrClose;
     Changed();
+}
+
+// --- the way out
+
+std::string TfrmSkippedStrings::WayOutCaption() const {
+    if (Row < 0) return {};
+    return OptionOf(ReasonOf(Row)) != nullptr ? "&Open the option..." : "Sh&ow in source";
+}
+
+std::string TfrmSkippedStrings::WayOutHint() const {
+    if (Row < 0) return {};
+    return OptionOf(ReasonOf(Row)) != nullptr ? "Opens the options where this is decided"
+                                              : "Goes to the line in the code editor";
+}
+
+void TfrmSkippedStrings::btWayOutClick() {
+    if (Row < 0) return;
+    if (OptionOf(ReasonOf(Row)) != nullptr)
+        OpenOption();
+    else
+        ShowInSource();
+    Changed();
+}
+
+void TfrmSkippedStrings::OpenOption() {
+    const TDecidingOption& option = *OptionOf(ReasonOf(Row));
+    const TSkipSettings before = SkipSettingsOf(context_);
+    OpenOptions(context_, option.Page, option.Control);
+    const auto editor = GetCurrentSourceEditor(context_);
+    if (editor == nullptr || SkipSettingsOf(context_) == before) return;
+    lblNote = Format(
+        "The options have changed. This list is that of the last scan; a new scan would no longer "
+        "skip %d of its %d strings.",
+        CountTakenUp(*editor), lvStrings.Count());
+}
+
+void TfrmSkippedStrings::ShowInSource() {
+    const auto editor = GetCurrentSourceEditor(context_);
+    if (editor == nullptr) return;
+    editor->GetEditView(0)->SetCursorPos({LineOfRow(), 0});
+    editor->Show();
+    lblNote = Format("The code editor stands on line %d.", LineOfRow());
+}
+
+int TfrmSkippedStrings::CountTakenUp(IOTASourceEditor& editor) const {
+    ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
+    ICommonLibrary* common = loader == nullptr ? nullptr : loader->Load();
+    if (common != nullptr && common->HasClassifier()) common->InitInternalPasSource(*editor.GetText());
+    const TSkipSettings settings = SkipSettingsOf(context_);
+    const TSkipRules rules(settings, LanguageOf(editor.GetFileName()), common);
+    const auto skips = [&](const TmlSkippedString& skipped) {
+        if (OptionOf(skipped.Reason) == nullptr) return true;
+        if (skipped.Reason == ssrByLine) return rules.RefusalOf(skipped.Text) != ssrNone;
+        // A const section has recorded no offset: what is in a comment there is not told apart.
+        return rules.IsExcludeString(skipped.Text, std::max(skipped.Position - 1, 0), -1) != ssrNone;
+    };
+    return static_cast<int>(
+        std::count_if(context_.Skipped.begin(), context_.Skipped.end(), std::not_fn(skips)));
 }
 
 void ViewSkipped(TContext& context) {

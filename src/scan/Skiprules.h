@@ -62,6 +62,8 @@ struct TSkipSettings {
     std::string ExcludeChars;
     int IgnorableLength = 1;  ///< literals of this raw length (bytes) or less are dropped
     bool UseRegExpForSkip = false;
+
+    bool operator==(const TSkipSettings&) const = default;
 };
 
 /// Follows the source tags from line to line.

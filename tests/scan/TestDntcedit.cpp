@@ -1,3 +1,5 @@
+#include "base/Utf8.h"
+#include "expert/Expopt.h"
 #include "scan/Dntcedit.h"
 #include "scan/Skippedstrings.h"
 #include "support/Expertfixture.h"
@@ -27,6 +29,9 @@ TEST(NotTranslate, NamesMoveBetweenTheLists) {
     EXPECT_EQ(window.lbComps.Items, TStringList({"a", "b", "c", "d", "x"}));
     window.btRemoveAllClick();
     EXPECT_EQ(enabled(), (std::vector<bool>{false, true, false, false}));
+    window.lbComps.Items = TStringList({"b", "a"});
+    window.btRemoveAllClick();
+    EXPECT_EQ(window.lbComps.Items, TStringList({"b", "a"})) << "there is nothing to move";
     window.btOKClick();
     EXPECT_TRUE(window.lbSelected.Items.Empty());
 }
@@ -69,6 +74,33 @@ TEST_F(TSkipped, ShowsLineReasonAndSurroundings) {
     window.lvStringsSelectItem(1);
     EXPECT_EQ(window.memPreview.substr(window.SelBegin, window.SelEnd - window.SelBegin), "interface\r\n");
     EXPECT_EQ(Context().Skipped.size(), 2U);
+
+    // The second row's phrase is a skip word, the first one stands in a comment.
+    Context().Settings.SetSkipWords(TStringList({"Go"}));
+    EXPECT_EQ(window.WayOutCaption(), "&Open the option...");
+    const auto opened = [](TfrmOptions& options) {
+        EXPECT_EQ(options.ActivePage, TfrmOptions::ExcludeAndSkip);
+        EXPECT_EQ(options.ActiveControl, "memSkipWords");
+    };
+    User.OnWindow<TfrmOptions>("frmOptions", [&](TfrmOptions& options) {
+        opened(options);
+        options.btOKClick();
+    });
+    window.btWayOutClick();
+    EXPECT_EQ(window.lblNote, "") << "nothing has changed";
+    User.OnWindow<TfrmOptions>("frmOptions", [&](TfrmOptions& options) {
+        opened(options);
+        options.memSkipWords = {};
+        options.btOKClick();
+    });
+    window.btWayOutClick();
+    EXPECT_TRUE(window.lblNote.find("no longer skip 1 of its 2 strings.") != std::string::npos)
+        << window.lblNote;
+    EXPECT_EQ(window.lvStrings.Count(), 2) << "the list stays that of the last scan";
+    window.lvStringsSelectItem(0);
+    window.btWayOutClick();
+    EXPECT_EQ(module->GetSourceEditor(0)->GetEditView(0)->GetCursorPos(),
+              (TOTACharPos{ToInteger(window.lvStrings.Items()[0]->Caption), 0}));
 
     module->Close();
     window.FormShow();
