@@ -74,12 +74,13 @@ std::string MapCase(std::string_view text, AsciiMap ascii, UChar32 (*map)(UChar3
     return result;
 }
 
-char AsciiUpper(char c) {
+// Objects, not functions, so that MapCase has them in line.
+constexpr auto AsciiUpper = [](char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char AsciiLower(char c) {
+};
+constexpr auto AsciiLower = [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+};
 
 }  // namespace
 
@@ -171,7 +172,8 @@ int CompareText(std::string_view left, std::string_view right) {
 }
 
 bool SameText(std::string_view left, std::string_view right) {
-    return CompareText(left, right) == 0;
+    // The case mapping keeps lengths.
+    return left.size() == right.size() && CompareText(left, right) == 0;
 }
 
 std::string_view Trim(std::string_view text) {
