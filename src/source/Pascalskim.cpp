@@ -12,10 +12,10 @@ namespace tml {
 namespace {
 
 /// A comment's "(*" is looked for by its star, which is much rarer in code than the parenthesis.
-constexpr TByteSet kStops("'{*/\"");
-constexpr TByteSet kQuotesOrLineEnd("'\r\n");
-constexpr TByteSet kBraces("{}");
-constexpr TByteSet kStars("(*");
+using TStops = TByteSet<'\'', '{', '*', '/', '"'>;
+using TQuotesOrLineEnd = TByteSet<'\'', '\r', '\n'>;
+using TBraces = TByteSet<'{', '}'>;
+using TStars = TByteSet<'(', '*'>;
 constexpr auto kNone = std::string_view::npos;
 
 std::size_t ClampedFind(std::string_view text, std::string_view what, std::size_t pos) {
@@ -54,7 +54,7 @@ class TPascalSkimmer {
 
     TSkim Run() {
         std::size_t pos = 0;
-        while ((pos = FindByte(text_, pos, kStops)) < text_.size())
+        while ((pos = FindByte<TStops>(text_, pos)) < text_.size())
             pos = Step(pos);
         return std::move(skim_);
     }
@@ -135,7 +135,7 @@ class TPascalSkimmer {
 
     std::size_t BraceEnd(std::size_t pos) const {
         if (!nest_) return ClampedFind(text_, "}", pos);
-        for (int depth = 1; (pos = FindByte(text_, pos, kBraces)) < text_.size();) {
+        for (int depth = 1; (pos = FindByte<TBraces>(text_, pos)) < text_.size();) {
             depth += text_[pos++] == '{' ? 1 : -1;
             if (depth == 0) return pos;
         }
@@ -144,7 +144,7 @@ class TPascalSkimmer {
 
     std::size_t StarEnd(std::size_t pos) const {
         if (!nest_) return ClampedFind(text_, "*)", pos);
-        for (int depth = 1; (pos = FindByte(text_, pos, kStars)) < text_.size();) {
+        for (int depth = 1; (pos = FindByte<TStars>(text_, pos)) < text_.size();) {
             const std::string_view pair = text_.substr(pos, 2);
             const bool counts = pair == "(*" || pair == "*)";
             if (counts) depth += pair == "(*" ? 1 : -1;
@@ -161,7 +161,7 @@ class TPascalSkimmer {
         while (end < directive.size() && IsNameChar(directive[end]))
             ++end;
         const std::string_view word = directive.substr(name, end - name);
-        const std::size_t valueEnd = std::min(directive.find_first_of("*}", end), directive.size());
+        const std::size_t valueEnd = FindByte<TByteSet<'*', '}'>>(directive, end);
         Obey(word, Trim(directive.substr(end, valueEnd - end)));
     }
 
@@ -189,7 +189,7 @@ class TPascalSkimmer {
 TQuoted ReadPascalQuotes(std::string_view text, std::size_t open) {
     std::size_t pos = open + 1;
     for (;;) {
-        pos = FindByte(text, pos, kQuotesOrLineEnd);
+        pos = FindByte<TQuotesOrLineEnd>(text, pos);
         if (pos == text.size() || text[pos] != '\'') return {open + 1, pos, pos, false};
         if (pos + 1 == text.size() || text[pos + 1] != '\'') return {open + 1, pos, pos + 1, true};
         pos += 2;
