@@ -18,11 +18,6 @@ using TBraces = TByteSet<'{', '}'>;
 using TStars = TByteSet<'(', '*'>;
 constexpr auto kNone = std::string_view::npos;
 
-std::size_t ClampedFind(std::string_view text, std::string_view what, std::size_t pos) {
-    const std::size_t found = text.find(what, pos);
-    return found == kNone ? text.size() : found + what.size();
-}
-
 /// The closing run of at least quotes apostrophes with only blanks in front of it on its line.
 std::size_t FindClosingRun(std::string_view text, std::size_t pos, std::size_t quotes) {
     while ((pos = text.find('\n', pos)) != kNone) {
@@ -134,7 +129,7 @@ class TPascalSkimmer {
     }
 
     std::size_t BraceEnd(std::size_t pos) const {
-        if (!nest_) return ClampedFind(text_, "}", pos);
+        if (!nest_) return std::min(text_.find('}', pos), text_.size() - 1) + 1;
         for (int depth = 1; (pos = FindByte<TBraces>(text_, pos)) < text_.size();) {
             depth += text_[pos++] == '{' ? 1 : -1;
             if (depth == 0) return pos;
@@ -143,7 +138,7 @@ class TPascalSkimmer {
     }
 
     std::size_t StarEnd(std::size_t pos) const {
-        if (!nest_) return ClampedFind(text_, "*)", pos);
+        if (!nest_) return std::min(text_.find("*)", pos), text_.size() - 2) + 2;
         for (int depth = 1; (pos = FindByte<TStars>(text_, pos)) < text_.size();) {
             const std::string_view pair = text_.substr(pos, 2);
             const bool counts = pair == "(*" || pair == "*)";
