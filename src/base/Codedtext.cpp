@@ -31,7 +31,8 @@ std::string WithCrLf(std::string_view text) {
     std::size_t done = 0;
     for (std::size_t feed = 0; (feed = text.find('\n', feed)) != std::string_view::npos; ++feed) {
         if (feed > 0 && text[feed - 1] == '\r') continue;
-        result.append(text, done, feed - done).append("\r\n", 2);
+        result.append(text, done, feed + 1 - done).back() = '\r';
+        result += '\n';
         done = feed + 1;
     }
     return result.append(text, done);
