@@ -7,7 +7,7 @@
 namespace tml {
 namespace {
 
-constexpr std::size_t kMaxPatterns = 1000;
+constexpr std::size_t kMaxPatterns = 10'000;
 constexpr std::uint32_t kMatchLimit = 100'000;
 constexpr std::uint32_t kHeapLimitKiB = 16 * 1024;
 
