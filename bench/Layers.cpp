@@ -28,7 +28,7 @@ std::vector<TUnit> ReadUnits(const std::string& folder) {
         TUnit& unit = units.emplace_back();
         unit.Path = path;
         ReadInto(unit.Bytes, path);
-        unit.Text = TCodedText(unit.Bytes, path).Text();
+        unit.Text = TCodedText::TextOf(unit.Bytes);
     }
     return units;
 }
@@ -51,11 +51,12 @@ void Add(const char* name, const std::vector<TUnit>& units, TWork work) {
 
 /// What "scan --count" does with the bytes of one unit.
 int CountIn(const TUnit& unit, ICommonLibrary* common) {
-    return CountStrings(EveryRule(TCodedText(unit.Bytes, unit.Path).Text(), unit.Path, common));
+    return CountStrings(EveryRule(TCodedText::TextOf(unit.Bytes), unit.Path, common));
 }
 
 void AddAll(const std::vector<TUnit>& units, ICommonLibrary* common) {
     Add("BareLoop", units, [](const TUnit& unit) { return CountQuotedTexts(unit.Bytes); });
+    Add("TextOf", units, [](const TUnit& unit) { return TCodedText::TextOf(unit.Bytes).size(); });
     Add("CodedText", units, [](const TUnit& unit) { return TCodedText(unit.Bytes, unit.Path).LineCount(); });
     Add("SourceText", units, [](const TUnit& unit) {
         return TSourceText(std::string_view(unit.Text), LanguageOf(unit.Path)).Literals().size();

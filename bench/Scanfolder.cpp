@@ -13,10 +13,10 @@ namespace {
 
 int CountIn(const std::string& folder, ICommonLibrary* common) {
     int count = 0;
+    std::string bytes;
     for (const std::string& path : FilesBelow(folder)) {
-        std::string bytes;
         ReadInto(bytes, path);
-        count += CountStrings(EveryRule(TCodedText(std::move(bytes), path).Text(), path, common));
+        count += CountStrings(EveryRule(TCodedText::TextOf(bytes), path, common));
     }
     return count;
 }

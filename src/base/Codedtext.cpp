@@ -25,6 +25,19 @@ std::size_t NextWideLine(std::string_view bytes, std::size_t begin, std::size_t 
     return bytes.size();
 }
 
+std::string WithCrLf(std::string_view text) {
+    std::string result;
+    result.reserve(text.size() + text.size() / 16);
+    std::size_t done = 0;
+    for (std::size_t feed = 0; (feed = text.find('\n', feed)) != std::string_view::npos; ++feed) {
+        if (feed > 0 && text[feed - 1] == '\r') continue;
+        result.append(text, done, feed + 1 - done).back() = '\r';
+        result += '\n';
+        done = feed + 1;
+    }
+    return result.append(text, done);
+}
+
 std::string_view WithoutEnd(std::string_view text, std::size_t begin, std::size_t size) {
     std::string_view line = text.substr(begin, size);
     if (EndsLine(line)) line.remove_suffix(line.size() > 1 && line[line.size() - 2] == '\r' ? 2 : 1);
@@ -38,6 +51,12 @@ TCodedText::TCodedText(std::string bytes, std::string fileName, std::string_view
       original_(std::move(bytes)),
       encoding_(DetectEncoding(original_, codePage)) {
     ReadLines();
+}
+
+std::string TCodedText::TextOf(std::string_view bytes, std::string_view codePage) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (!IsValidUtf8(bytes)) return TCodedText(std::string(bytes), {}, codePage).Text();
+    return WithCrLf(bytes.starts_with(kMark) ? bytes.substr(kMark.size()) : bytes);
 }
 
 void TCodedText::ReadLines() {

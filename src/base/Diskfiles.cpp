@@ -45,6 +45,8 @@ constexpr TRemedy kRemedies[] = {
     {ENOENT, "Check the name"},
 };
 
+constexpr const char* kNoFile = "cannot be read: it is no file";
+
 [[noreturn]] void Fail(const std::string& path, const std::string& action, int error) {
     const auto* known = std::find_if(std::begin(kRemedies), std::end(kRemedies),
                                      [&](const TRemedy& row) { return row.Error == error; });
@@ -67,6 +69,20 @@ class TDescriptor {
 
     int Handle() const { return handle_; }
 
+    /// Up to size bytes; fewer when the file ends before.
+    std::string Read(std::size_t size) {
+        std::string bytes(size, '\0');
+        std::size_t done = 0;
+        while (done < size) {
+            const ssize_t count = ::read(handle_, bytes.data() + done, size - done);
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) Fail(path_, action_, errno);
+            if (count == 0) break;
+            done += static_cast<std::size_t>(count);
+        }
+        bytes.resize(done);
+        return bytes;
+    }
     void Write(std::string_view bytes) {
         while (!bytes.empty()) {
             const ssize_t written = ::write(handle_, bytes.data(), bytes.size());
@@ -132,9 +148,32 @@ void FlushFolder(const std::string& folder) {
     TDescriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY, "cannot be flushed").Flush();
 }
 
-bool MayWrite(const std::string& path, fs::perms mode) {
-    const auto anybody = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    return (mode & anybody) != fs::perms::none && ::access(path.c_str(), W_OK) == 0;
+/// One call to the system for all that is asked of a path: a scan asks of every file that it meets.
+std::optional<struct stat> StatusOf(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+    return status;
+}
+
+std::optional<TFileInfo> InfoOf(const std::string& path) {
+    const auto status = StatusOf(path);
+    if (!status) return std::nullopt;
+    constexpr mode_t kAnybody = S_IWUSR | S_IWGRP | S_IWOTH;
+    TFileInfo info;
+    info.IsFolder = S_ISDIR(status->st_mode);
+    info.ReadOnly = (status->st_mode & kAnybody) == 0 || ::access(path.c_str(), W_OK) != 0;
+    if (S_ISREG(status->st_mode)) info.Size = static_cast<std::uint64_t>(status->st_size);
+    info.Modified = std::int64_t{status->st_mtim.tv_sec} * 1'000'000'000 + status->st_mtim.tv_nsec;
+    return info;
+}
+
+std::string ReadWhole(const std::string& path) {
+    const auto status = StatusOf(path);
+    if (!status) Fail(path, "cannot be read", ENOENT);
+    if (S_ISDIR(status->st_mode)) Fail(path, "cannot be read", EISDIR);
+    // A pipe or a device has no size, and opening it may wait for ever.
+    if (!S_ISREG(status->st_mode)) throw EFileError(path, 0, kNoFile);
+    return TDescriptor(path, O_RDONLY, "cannot be read").Read(static_cast<std::size_t>(status->st_size));
 }
 #else
 class TFileLock : public IFileLock {
@@ -155,39 +194,38 @@ void WriteNew(const std::string& path, std::string_view bytes, const std::string
 
 void FlushFolder(const std::string&) {}  // the system orders renames itself
 
-bool MayWrite(const std::string&, fs::perms mode) {
-    return (mode & fs::perms::owner_write) != fs::perms::none;
+std::optional<TFileInfo> InfoOf(const std::string& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(ToPath(path), error);
+    if (!fs::exists(status)) return std::nullopt;
+    TFileInfo info;
+    info.IsFolder = fs::is_directory(status);
+    info.ReadOnly = (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+    if (fs::is_regular_file(status)) info.Size = fs::file_size(ToPath(path), error);
+    info.Modified = fs::last_write_time(ToPath(path), error).time_since_epoch().count();
+    return info;
+}
+
+std::string ReadWhole(const std::string& path) {
+    const auto info = InfoOf(path);
+    if (!info) Fail(path, "cannot be read", ENOENT);
+    if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
+    if (!fs::is_regular_file(ToPath(path))) throw EFileError(path, 0, kNoFile);
+    std::ifstream file(ToPath(path), std::ios::binary);
+    if (!file) Fail(path, "cannot be read", errno);
+    std::string bytes(static_cast<std::size_t>(info->Size), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (file.bad()) Fail(path, "cannot be read", errno);
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
 }
 #endif
 
 class TDiskFileSystem : public IFileSystem {
   public:
-    std::optional<TFileInfo> Stat(const std::string& path) override {
-        std::error_code error;
-        const fs::file_status status = fs::status(ToPath(path), error);
-        if (!fs::exists(status)) return std::nullopt;
-        TFileInfo info;
-        info.IsFolder = fs::is_directory(status);
-        info.ReadOnly = !MayWrite(path, status.permissions());
-        if (fs::is_regular_file(status)) info.Size = fs::file_size(ToPath(path), error);
-        info.Modified = fs::last_write_time(ToPath(path), error).time_since_epoch().count();
-        return info;
-    }
+    std::optional<TFileInfo> Stat(const std::string& path) override { return InfoOf(path); }
 
-    std::string Read(const std::string& path) override {
-        const auto info = Stat(path);
-        if (!info) Fail(path, "cannot be read", ENOENT);
-        if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
-        // A pipe or a device has no size, and opening it may wait for ever.
-        if (!fs::is_regular_file(ToPath(path))) throw EFileError(path, 0, "cannot be read: it is no file");
-        std::ifstream file(ToPath(path), std::ios::binary);
-        if (!file) Fail(path, "cannot be read", errno);
-        std::string bytes(static_cast<std::size_t>(info->Size), '\0');
-        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        if (file.bad()) Fail(path, "cannot be read", errno);
-        bytes.resize(static_cast<std::size_t>(file.gcount()));
-        return bytes;
-    }
+    std::string Read(const std::string& path) override { return ReadWhole(path); }
 
     std::string Resolve(const std::string& path) override {
         std::error_code error;

@@ -14,10 +14,6 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsAscii(std::string_view text) {
-    return FindNonAscii(text, 0) == text.size();
-}
-
 /// Length of the sequence that the lead byte announces, 0 when it can be none.
 int SequenceLength(unsigned char lead) {
     if (lead < 0x80) return 1;
@@ -52,33 +48,40 @@ char32_t MapKeepingLength(char32_t codePoint, UChar32 (*map)(UChar32)) {
     return Utf8Length(mapped) == Utf8Length(codePoint) ? mapped : codePoint;
 }
 
-template <typename AsciiMap>
-std::string MapCase(std::string_view text, AsciiMap ascii, UChar32 (*map)(UChar32)) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t pos = 0; pos < text.size();) {
-        const std::size_t begin = FindNonAscii(text, pos);
-        if (begin > pos) {
-            const std::size_t size = result.size();
-            result.resize(size + begin - pos);
-            std::transform(text.data() + pos, text.data() + begin, result.data() + size, ascii);
-            pos = begin;
-            continue;
-        }
-        const char32_t codePoint = DecodeCodePoint(text, pos);
-        if (codePoint == kReplacement)
-            result.append(text, begin, pos - begin);
-        else
-            AppendCodePoint(result, MapKeepingLength(codePoint, map));
-    }
-    return result;
+// Objects, not functions, so that MapCase has them in line.
+constexpr auto AsciiUpper = [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+};
+constexpr auto AsciiLower = [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+};
+
+constexpr std::size_t kBlock = 16;
+
+/// Maps each character of a block; as its size is fixed, the compiler maps all of them at once.
+template <typename TAsciiMap>
+void MapBlock(char* block, TAsciiMap ascii) {
+    for (std::size_t i = 0; i < kBlock; ++i)
+        block[i] = ascii(block[i]);
 }
 
-char AsciiUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char AsciiLower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+template <typename TAsciiMap>
+std::string MapCase(std::string_view text, TAsciiMap ascii, UChar32 (*map)(UChar32)) {
+    std::string result(text);
+    std::size_t done = 0;
+    for (; done + kBlock <= result.size(); done += kBlock)
+        MapBlock(result.data() + done, ascii);
+    for (; done < result.size(); ++done)
+        result[done] = ascii(result[done]);
+    for (std::size_t pos = FindNonAscii(text, 0); pos < text.size(); pos = FindNonAscii(text, pos)) {
+        const std::size_t begin = pos;
+        const char32_t codePoint = DecodeCodePoint(text, pos);
+        if (codePoint == kReplacement) continue;
+        std::string mapped;
+        AppendCodePoint(mapped, MapKeepingLength(codePoint, map));
+        result.replace(begin, mapped.size(), mapped);
+    }
+    return result;
 }
 
 }  // namespace
@@ -159,19 +162,18 @@ std::string LowerCase(std::string_view text) {
 }
 
 int CompareText(std::string_view left, std::string_view right) {
-    if (IsAscii(left) && IsAscii(right)) {
-        const std::size_t common = std::min(left.size(), right.size());
-        for (std::size_t i = 0; i < common; ++i) {
-            const int difference = AsciiUpper(left[i]) - AsciiUpper(right[i]);
-            if (difference != 0) return difference;
-        }
-        return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        if (((left[i] | right[i]) & 0x80) != 0) return UpperCase(left).compare(UpperCase(right));
+        const int difference = AsciiUpper(left[i]) - AsciiUpper(right[i]);
+        if (difference != 0) return difference;
     }
-    return UpperCase(left).compare(UpperCase(right));
+    return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
 }
 
 bool SameText(std::string_view left, std::string_view right) {
-    return CompareText(left, right) == 0;
+    // The case mapping keeps lengths.
+    return left.size() == right.size() && CompareText(left, right) == 0;
 }
 
 std::string_view Trim(std::string_view text) {

@@ -133,7 +133,7 @@ void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::str
     input.FileName = target.FileName;
     input.Component.ComponentName = InsertedName(defaultClass, "");
     if (target.FormName.empty()) {
-        input.Text = TCodedText(workplace.Host().Files->Read(target.FileName), target.FileName).Text();
+        input.Text = TCodedText::TextOf(workplace.Host().Files->Read(target.FileName));
         return;
     }
     const bool wasOpen = workplace.Modules().FindModule(target.FileName) != nullptr;

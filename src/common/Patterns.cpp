@@ -7,7 +7,7 @@
 namespace tml {
 namespace {
 
-constexpr std::size_t kMaxPatterns = 1000;
+constexpr std::size_t kMaxPatterns = 10'000;
 constexpr std::uint32_t kMatchLimit = 100'000;
 constexpr std::uint32_t kHeapLimitKiB = 16 * 1024;
 
@@ -27,33 +27,47 @@ struct TMatchContext {
 
 using TMatchData = std::unique_ptr<pcre2_match_data, decltype(&pcre2_match_data_free)>;
 
+/// What pcre2_match gives.
+int Match(const pcre2_code& code, std::string_view text, std::uint32_t options) {
+    thread_local const TMatchContext context;
+    thread_local const TMatchData data(pcre2_match_data_create(1, nullptr), &pcre2_match_data_free);
+    if (data == nullptr) return PCRE2_ERROR_NOMEMORY;
+    return pcre2_match(&code, reinterpret_cast<PCRE2_SPTR>(text.data()), text.size(), 0, options, data.get(),
+                       context.Context);
+}
+
 }  // namespace
 
 void TPatterns::TFree::operator()(pcre2_real_code_8* code) const {
     pcre2_code_free(code);
 }
 
-const pcre2_real_code_8* TPatterns::Compiled(const std::string& pattern) {
-    if (const auto known = codes_.find(pattern); known != codes_.end()) return known->second.get();
-    if (codes_.size() >= kMaxPatterns) codes_.clear();
+const TPatterns::TCompiled& TPatterns::Compiled(const std::string& pattern) {
+    if (const auto known = compiled_.find(pattern); known != compiled_.end()) return known->second;
+    if (compiled_.size() >= kMaxPatterns) compiled_.clear();
     int error = 0;
     PCRE2_SIZE place = 0;
-    // The whole text must match, whatever alternatives the pattern has at its top.
-    constexpr std::uint32_t kOptions = PCRE2_UTF | PCRE2_UCP | PCRE2_ANCHORED | PCRE2_ENDANCHORED;
-    TCode code(pcre2_compile(reinterpret_cast<PCRE2_SPTR>(pattern.data()), pattern.size(), kOptions, &error,
-                             &place, nullptr));
-    return codes_.emplace(pattern, std::move(code)).first->second.get();
+    constexpr std::uint32_t kOptions = PCRE2_UTF | PCRE2_UCP | PCRE2_ANCHORED;
+    TCompiled& compiled = compiled_[pattern];
+    compiled.Code.reset(pcre2_compile(reinterpret_cast<PCRE2_SPTR>(pattern.data()), pattern.size(), kOptions,
+                                      &error, &place, nullptr));
+    if (compiled.Code == nullptr) return compiled;
+    for (std::size_t c = 0; c < compiled.Starts.size(); ++c) {
+        const char start = static_cast<char>(c);
+        compiled.Starts[c] = Match(*compiled.Code, {&start, 1}, PCRE2_PARTIAL_HARD) != PCRE2_ERROR_NOMATCH;
+    }
+    return compiled;
 }
 
 bool TPatterns::Matches(std::string_view text, const std::string& pattern) {
-    thread_local const TMatchContext context;
-    thread_local const TMatchData data(pcre2_match_data_create(1, nullptr), &pcre2_match_data_free);
-    const pcre2_real_code_8* code = Compiled(pattern);
-    if (code == nullptr || data == nullptr) return false;
-    const int result = pcre2_match(code, reinterpret_cast<PCRE2_SPTR>(text.data()), text.size(), 0, 0,
-                                   data.get(), context.Context);
-    // 0 is a match whose groups did not fit into the match data.
-    return result >= 0;
+    const TCompiled& compiled = Compiled(pattern);
+    if (compiled.Code == nullptr) return false;
+    // Most texts are told apart by their first character, which costs much less than to start a match.
+    const bool isAscii = !text.empty() && static_cast<unsigned char>(text.front()) < compiled.Starts.size();
+    if (isAscii && !compiled.Starts[static_cast<unsigned char>(text.front())]) return false;
+    // The whole text must match, whatever alternatives the pattern has at its top. 0 is a match whose groups
+    // did not fit into the match data.
+    return Match(*compiled.Code, text, PCRE2_ENDANCHORED) >= 0;
 }
 
 }  // namespace tml

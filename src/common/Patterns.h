@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,11 +23,14 @@ class TPatterns {
     struct TFree {
         void operator()(pcre2_real_code_8* code) const;
     };
-    using TCode = std::unique_ptr<pcre2_real_code_8, TFree>;
+    struct TCompiled {
+        std::unique_ptr<pcre2_real_code_8, TFree> Code;  ///< null when the pattern does not compile
+        std::bitset<128> Starts;                         ///< the ASCII characters that a match may begin with
+    };
 
-    const pcre2_real_code_8* Compiled(const std::string& pattern);
+    const TCompiled& Compiled(const std::string& pattern);
 
-    std::unordered_map<std::string, TCode> codes_;
+    std::unordered_map<std::string, TCompiled> compiled_;
 };
 
 }  // namespace tml

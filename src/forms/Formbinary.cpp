@@ -85,6 +85,7 @@ TFormSpan TBinaryTreeReader::ReadName() {
 }
 
 void TBinaryTreeReader::ReadProperties(TFormNodeData& data, int depth) {
+    data.Properties.reserve(8);  // what a component usually has, or nearly
     while (bytes_.Peek() != 0) {
         TFormPropertyPlace& place = data.Properties.emplace_back();
         place.Name = ReadName();

@@ -43,24 +43,6 @@ constexpr std::size_t kMaxPositionSize = 4;
 
 }  // namespace
 
-unsigned TFormBytes::Peek() const {
-    if (Left() == 0) Fail("the form ends too early");
-    return static_cast<unsigned char>(bytes_[offset_]);
-}
-
-unsigned TFormBytes::Byte() {
-    const unsigned byte = Peek();
-    ++offset_;
-    return byte;
-}
-
-std::string_view TFormBytes::Take(std::uint64_t count) {
-    if (count > Left()) Fail("a length of " + std::to_string(count) + " reaches beyond the end of the form");
-    const std::string_view taken = bytes_.substr(offset_, static_cast<std::size_t>(count));
-    offset_ += taken.size();
-    return taken;
-}
-
 std::uint32_t TFormBytes::Size() {
     return static_cast<std::uint32_t>(Number(4));
 }
@@ -73,6 +55,10 @@ std::int64_t TFormBytes::Number(std::size_t count) {
     }
     const std::size_t unused = 64 - 8 * count;
     return static_cast<std::int64_t>(number << unused) >> unused;
+}
+
+void TFormBytes::FailAt(std::uint64_t count) const {
+    Fail("a length of " + std::to_string(count) + " reaches beyond the end of the form");
 }
 
 void TFormBytes::Fail(const std::string& problem) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,21 @@ class TFormBytes {
 
     std::size_t Offset() const { return offset_; }
     std::size_t Left() const { return bytes_.size() - offset_; }
-    unsigned Peek() const;
-    unsigned Byte();
-    std::string_view Take(std::uint64_t count);
+    unsigned Peek() const {
+        if (Left() == 0) Fail("the form ends too early");
+        return static_cast<unsigned char>(bytes_[offset_]);
+    }
+    unsigned Byte() {
+        const unsigned byte = Peek();
+        ++offset_;
+        return byte;
+    }
+    std::string_view Take(std::uint64_t count) {
+        if (count > Left()) FailAt(count);
+        const std::string_view taken(bytes_.data() + offset_, static_cast<std::size_t>(count));
+        offset_ += taken.size();
+        return taken;
+    }
     std::uint32_t Size();
     /// A length byte and so many bytes.
     std::string_view ShortString() { return Take(Byte()); }
@@ -27,6 +40,8 @@ class TFormBytes {
     [[noreturn]] void Fail(const std::string& problem) const;
 
   private:
+    [[noreturn]] void FailAt(std::uint64_t count) const;
+
     std::string_view bytes_;
     std::size_t offset_;
     const std::string& fileName_;

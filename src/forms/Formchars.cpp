@@ -6,17 +6,14 @@
 namespace tml {
 
 bool IsFormName(std::string_view text) {
-    bool atStart = true;
-    for (const char c : text) {
-        if (c == '.' && !atStart) {
-            atStart = true;
-        } else if (IsFormChar(c, atStart ? kNameStart : kNameStart | kDigit)) {
-            atStart = false;
-        } else {
-            return false;
+    for (std::size_t pos = 0; pos < text.size(); ++pos) {
+        if (!IsFormChar(text[pos], kNameStart)) return false;
+        while (++pos < text.size() && IsFormChar(text[pos], kNameStart | kDigit)) {
         }
+        if (pos == text.size()) return true;
+        if (text[pos] != '.') return false;
     }
-    return !atStart;
+    return false;
 }
 
 bool IsAscii(std::string_view text) {

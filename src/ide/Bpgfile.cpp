@@ -10,7 +10,7 @@
 namespace tml {
 
 TParsedProject ParseBpg(const std::string& bytes, const std::string& fileName, const std::string& codePage) {
-    const TMakefile make = ParseMakefile(TCodedText(bytes, fileName, codePage).Text());
+    const TMakefile make = ParseMakefile(TCodedText::TextOf(bytes, codePage));
     const auto projects = make.Macros.find("PROJECTS");
     if (projects == make.Macros.end())
         throw EBadInput(fileName, 0, "the list PROJECTS is missing", "Choose a project group");

@@ -13,12 +13,11 @@ namespace {
 std::vector<std::size_t> FindMethods(std::string_view text) {
     constexpr std::string_view kCommonStart = "GETTEXT";
     constexpr std::size_t kRare = kCommonStart.find('X');
+    using TRare = TByteSet<'x', 'X'>;
     std::vector<std::size_t> places;
-    for (const char rare : {'x', 'X'})
-        for (std::size_t pos = kRare; (pos = text.find(rare, pos)) != std::string_view::npos; ++pos)
-            if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
-                places.push_back(pos - kRare);
-    std::sort(places.begin(), places.end());
+    for (std::size_t pos = kRare; (pos = FindByte<TRare>(text, pos)) < text.size(); ++pos)
+        if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
+            places.push_back(pos - kRare);
     return places;
 }
 
@@ -83,9 +82,8 @@ class TCloser {
 
     void Run() {
         const std::string_view text = source_.Text();
-        static constexpr TByteSet kParens("()");
         for (std::size_t pos = calls_.empty() ? text.size() : calls_.front().Open;;) {
-            const std::size_t paren = FindByte(text, pos, kParens);
+            const std::size_t paren = FindByte<TByteSet<'(', ')'>>(text, pos);
             if (const std::size_t behind = LeaveLiteral(paren); behind != 0) {
                 pos = behind;
                 continue;

@@ -1,8 +1,12 @@
 #pragma once
 
-#include <array>
+#include <bit>
 #include <cstddef>
 #include <string_view>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace tml {
 
@@ -28,22 +32,30 @@ inline constexpr bool IsNameChar(char c) {
     return IsNameStart(c) || IsDigit(c);
 }
 
-/// A set of bytes as a table.
-class TByteSet {
-  public:
-    constexpr explicit TByteSet(std::string_view bytes) {
-        for (const char c : bytes)
-            has_[static_cast<unsigned char>(c)] = true;
+/// A set of bytes that texts are searched for.
+template <char... kBytes>
+struct TByteSet {
+    static constexpr bool Has(char c) { return ((c == kBytes) || ...); }
+#ifdef __SSE2__
+    /// The same for 16 bytes: bit i tells of bytes[i].
+    static unsigned HasEach(const char* bytes) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+        __m128i hits = _mm_setzero_si128();
+        ((hits = _mm_or_si128(hits, _mm_cmpeq_epi8(block, _mm_set1_epi8(kBytes)))), ...);
+        return static_cast<unsigned>(_mm_movemask_epi8(hits));
     }
-    constexpr bool Has(char c) const { return has_[static_cast<unsigned char>(c)]; }
-
-  private:
-    std::array<bool, 256> has_{};
+#endif
 };
 
 /// The first place at or behind pos with a byte of the set, the text's size when there is none.
-inline std::size_t FindByte(std::string_view text, std::size_t pos, const TByteSet& set) {
-    while (pos < text.size() && !set.Has(text[pos]))
+template <typename TSet>
+std::size_t FindByte(std::string_view text, std::size_t pos) {
+#ifdef __SSE2__
+    for (constexpr std::size_t kStep = 16; pos + kStep <= text.size(); pos += kStep)
+        if (const unsigned hits = TSet::HasEach(text.data() + pos); hits != 0)
+            return pos + static_cast<std::size_t>(std::countr_zero(hits));
+#endif
+    while (pos < text.size() && !TSet::Has(text[pos]))
         ++pos;
     return pos;
 }

@@ -10,7 +10,7 @@
 namespace tml {
 namespace {
 
-constexpr TByteSet kStops("\"'/#");
+using TStops = TByteSet<'"', '\'', '/', '#'>;
 constexpr auto kNone = std::string_view::npos;
 constexpr std::size_t kMaxPrefix = 3;
 constexpr std::size_t kMaxRawDelimiter = 16;
@@ -28,7 +28,7 @@ class TCppSkimmer {
 
     TSkim Run() {
         std::size_t pos = 0;
-        while ((pos = FindByte(text_, pos, kStops)) < text_.size())
+        while ((pos = FindByte<TStops>(text_, pos)) < text_.size())
             pos = Step(pos);
         return std::move(skim_);
     }

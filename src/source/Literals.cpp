@@ -31,9 +31,10 @@ constexpr std::array<TEscape, 12> kEscapes = {{{'n', '\n'},
 std::string DecodePascalQuotes(std::string_view body) {
     std::string text;
     text.reserve(body.size());
-    for (std::size_t pos = 0; pos < body.size(); ++pos) {
-        text += body[pos];
-        if (body[pos] == '\'') ++pos;
+    for (std::size_t pos = 0; pos < body.size();) {
+        const std::size_t end = std::min(body.find('\'', pos), body.size() - 1) + 1;
+        text.append(body, pos, end - pos);
+        pos = end + 1;  // behind the second apostrophe
     }
     return text;
 }

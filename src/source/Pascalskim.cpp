@@ -12,16 +12,11 @@ namespace tml {
 namespace {
 
 /// A comment's "(*" is looked for by its star, which is much rarer in code than the parenthesis.
-constexpr TByteSet kStops("'{*/\"");
-constexpr TByteSet kQuotesOrLineEnd("'\r\n");
-constexpr TByteSet kBraces("{}");
-constexpr TByteSet kStars("(*");
+using TStops = TByteSet<'\'', '{', '*', '/', '"'>;
+using TQuotesOrLineEnd = TByteSet<'\'', '\r', '\n'>;
+using TBraces = TByteSet<'{', '}'>;
+using TStars = TByteSet<'(', '*'>;
 constexpr auto kNone = std::string_view::npos;
-
-std::size_t ClampedFind(std::string_view text, std::string_view what, std::size_t pos) {
-    const std::size_t found = text.find(what, pos);
-    return found == kNone ? text.size() : found + what.size();
-}
 
 /// The closing run of at least quotes apostrophes with only blanks in front of it on its line.
 std::size_t FindClosingRun(std::string_view text, std::size_t pos, std::size_t quotes) {
@@ -54,7 +49,7 @@ class TPascalSkimmer {
 
     TSkim Run() {
         std::size_t pos = 0;
-        while ((pos = FindByte(text_, pos, kStops)) < text_.size())
+        while ((pos = FindByte<TStops>(text_, pos)) < text_.size())
             pos = Step(pos);
         return std::move(skim_);
     }
@@ -134,8 +129,8 @@ class TPascalSkimmer {
     }
 
     std::size_t BraceEnd(std::size_t pos) const {
-        if (!nest_) return ClampedFind(text_, "}", pos);
-        for (int depth = 1; (pos = FindByte(text_, pos, kBraces)) < text_.size();) {
+        if (!nest_) return std::min(text_.find('}', pos), text_.size() - 1) + 1;
+        for (int depth = 1; (pos = FindByte<TBraces>(text_, pos)) < text_.size();) {
             depth += text_[pos++] == '{' ? 1 : -1;
             if (depth == 0) return pos;
         }
@@ -143,8 +138,8 @@ class TPascalSkimmer {
     }
 
     std::size_t StarEnd(std::size_t pos) const {
-        if (!nest_) return ClampedFind(text_, "*)", pos);
-        for (int depth = 1; (pos = FindByte(text_, pos, kStars)) < text_.size();) {
+        if (!nest_) return std::min(text_.find("*)", pos), text_.size() - 2) + 2;
+        for (int depth = 1; (pos = FindByte<TStars>(text_, pos)) < text_.size();) {
             const std::string_view pair = text_.substr(pos, 2);
             const bool counts = pair == "(*" || pair == "*)";
             if (counts) depth += pair == "(*" ? 1 : -1;
@@ -161,7 +156,7 @@ class TPascalSkimmer {
         while (end < directive.size() && IsNameChar(directive[end]))
             ++end;
         const std::string_view word = directive.substr(name, end - name);
-        const std::size_t valueEnd = std::min(directive.find_first_of("*}", end), directive.size());
+        const std::size_t valueEnd = FindByte<TByteSet<'*', '}'>>(directive, end);
         Obey(word, Trim(directive.substr(end, valueEnd - end)));
     }
 
@@ -189,7 +184,7 @@ class TPascalSkimmer {
 TQuoted ReadPascalQuotes(std::string_view text, std::size_t open) {
     std::size_t pos = open + 1;
     for (;;) {
-        pos = FindByte(text, pos, kQuotesOrLineEnd);
+        pos = FindByte<TQuotesOrLineEnd>(text, pos);
         if (pos == text.size() || text[pos] != '\'') return {open + 1, pos, pos, false};
         if (pos + 1 == text.size() || text[pos + 1] != '\'') return {open + 1, pos, pos + 1, true};
         pos += 2;

@@ -41,7 +41,9 @@ TEST(Codedtext, ReadsEveryEncodingAsUtf8WithOneKindOfLineEnd) {
     const TRow rows[] = {
         {"", "", ""},
         {"a\nb\r\nc\rd", "", "a\r\nb\r\nc\rd"},
+        {"\n\n\r\n\r\r\n\n", "", "\r\n\r\n\r\n\r\r\n\r\n"},
         {"\xEF\xBB\xBF\xC3\xA4\n", "", "ä\r\n"},
+        {"\xEF\xBB\xBF\xC3\n", "", "\xEF\xBF\xBD\r\n"},
         {"\x83\x5C\n", "932", "ソ\r\n"},  // the second byte of the character is a back slash
         {"\xCF\n", "1251", "П\r\n"},
         {std::string("\xFF\xFE\x0A\x0D\x0A\0x\0", 8), "", "\xE0\xB4\x8A\r\nx"},  // U+0D0A is no line end
@@ -49,6 +51,7 @@ TEST(Codedtext, ReadsEveryEncodingAsUtf8WithOneKindOfLineEnd) {
     for (const TRow& row : rows) {
         const TCodedText text(row.Bytes, "Unit1.pas", row.CodePage);
         EXPECT_EQ(text.Text(), row.Text);
+        EXPECT_EQ(TCodedText::TextOf(row.Bytes, row.CodePage), row.Text);
         EXPECT_EQ(text.Bytes(), row.Bytes);
     }
 }

@@ -21,6 +21,7 @@ TEST(Utf8, CaseMappingKeepsEveryPlace) {
          "\xFF"
          "A"},
         {"ıx", "ıX"},  // a dotless i would shrink
+        {"@az[`{ a long text, größer als ein Block", "@AZ[`{ A LONG TEXT, GRÖßER ALS EIN BLOCK"},
     };
     for (const TRow& row : rows) {
         EXPECT_EQ(UpperCase(row.Text), row.Upper);

@@ -57,7 +57,9 @@ TEST(Corpora, EveryPascalLiteralThatAScanReportsIsOne) {
     ASSERT_FALSE(files.empty()) << "the package fpc-source is missing";
     std::size_t found = 0, skipped = 0;
     for (const fs::path& path : files) {
-        TScanInput input = InputFor(path.string(), TCodedText(ReadFileOf(path), path.string()).Text());
+        const std::string bytes = ReadFileOf(path);
+        TScanInput input = InputFor(path.string(), TCodedText::TextOf(bytes));
+        EXPECT_TRUE(input.Text == TCodedText(bytes).Text()) << path;
         input.WithAdvice = false;
         const TScanResult result = Scan(input);
         found += static_cast<std::size_t>(result.Found.Count());

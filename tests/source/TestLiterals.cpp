@@ -27,6 +27,15 @@ struct TCase {
     const char* Expected;
 };
 
+// The readers look at many bytes at a time.
+TEST(Literals, AreFoundHoweverFarTheyLie) {
+    for (std::size_t gap = 0; gap < 50; ++gap) {
+        const std::string filler(gap, 'x');
+        EXPECT_EQ(Dump(filler + "{'b'" + filler + "}" + filler + "'a''a'", kPascal), "['b'=b]c['a''a'=a'a]");
+        EXPECT_EQ(Dump(filler + "\"a\" /*" + filler + "\"b\"*/ ", kCpp), "[\"a\"=a][\"b\"=b]c");
+    }
+}
+
 TEST(Literals, OfPascal) {
     const TCase cases[] = {
         {"s := 'it''s' + '';", "['it''s'=it's][''=]"},
