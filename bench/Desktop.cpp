@@ -153,7 +153,10 @@ int main(int argc, char** argv) {
             tml::bench::OpenProject(window, argv[2]);
             return 0;
         }
-        if (what == "review") tml::bench::Review(window, std::stoi(argv[2]));
+        if (what == "review") {
+            tml::bench::Review(window, std::stoi(argv[2]));
+            return 0;
+        }
         std::cerr << "bench-desktop open PROJECT | review ROWS | plain ROWS\n";
     } catch (const std::exception& error) {
         std::cerr << "bench-desktop: " << error.what() << "\n";
