@@ -7,6 +7,7 @@ class TStaticForm : public TForm {
 
   public:
     static String Season(int month);
+    String Weather();
 };
 extern TStaticForm* StaticForm;
 #endif

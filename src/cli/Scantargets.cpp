@@ -139,6 +139,7 @@ void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::str
     const bool wasOpen = workplace.Modules().FindModule(target.FileName) != nullptr;
     const auto module = workplace.Modules().OpenModule(target.FileName, false);
     input.Text = *module->GetSourceEditor(0)->GetText();
+    if (module->GetSourceEditorCount() > 1) input.Header = *module->GetSourceEditor(1)->GetText();
     if (module->GetFormEditor() != nullptr)
         FillFromForm(*workplace.Host().Runtime, *module, defaultClass, input);
     if (!wasOpen) module->Close();

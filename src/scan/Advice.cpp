@@ -47,7 +47,10 @@ class TAdviser {
           tokens_(CodeTokens(source)),
           regions_(ReadOutline(source)),
           finder_(regions_),
-          advice_(source.Literals().size(), TAdvice::None) {}
+          header_(reach.Header, kCpp),
+          advice_(source.Literals().size(), TAdvice::None) {
+        if (IsCpp() && !reach.Everywhere) staticMethods_ = ReadStaticMethods(header_, reach.FormClass);
+    }
 
     std::vector<TAdvice> Run() {
         AdviseOutsideCode();
@@ -184,10 +187,15 @@ class TAdviser {
             // The members of a class inside a method have an object of their own.
             if (around.Kind == TRegionKind::Class) break;
             const bool isOwn =
-                around.Kind == TRegionKind::Routine && !around.OfClass && IsFormClass(around.Owner);
+                around.Kind == TRegionKind::Routine && HasObject(around) && IsFormClass(around.Owner);
             if (isOwn) return TAdvice::None;
         }
         return TAdvice::OutsideMethod;
+    }
+
+    bool HasObject(const TRegion& method) const {
+        return !method.OfClass &&
+               std::find(staticMethods_.begin(), staticMethods_.end(), method.Name) == staticMethods_.end();
     }
 
     bool IsFormClass(std::string_view name) const {
@@ -209,6 +217,8 @@ class TAdviser {
     std::vector<TToken> tokens_;
     std::vector<TRegion> regions_;
     TRegionFinder finder_;
+    TSourceText header_;
+    std::vector<std::string_view> staticMethods_;
     std::vector<TAdvice> advice_;
     std::size_t at_ = 0;
     std::vector<std::size_t> brackets_;

@@ -210,7 +210,7 @@ TScanResult Scan(const TScanInput& input) {
     });
     if (!input.WithAdvice || places.empty()) return result;
     const std::string formClass = input.Component.ClassName();
-    const std::vector<TAdvice> advice = Advise(source, {formClass, input.Component.WithForm});
+    const std::vector<TAdvice> advice = Advise(source, {formClass, input.Component.WithForm, input.Header});
     for (std::size_t i = 0; i < places.size(); ++i)
         result.Found[static_cast<int>(i)].Advice = advice[places[i]];
     return result;

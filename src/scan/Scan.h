@@ -30,6 +30,7 @@ struct TTextRange {
 struct TScanInput {
     std::string Text;      ///< the whole unit, UTF-8, lines end with CR LF
     std::string FileName;  ///< its extension chooses the language
+    std::string Header;    ///< the text of a C++ unit's header, "" when there is none; serves the advice
     TComponentReference Component;
     std::vector<TExistingString> Existing;  ///< in the component's order
     TSkipSettings Skip;

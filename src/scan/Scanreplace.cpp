@@ -96,6 +96,8 @@ TScanInput TRun::MakeInput() {
     TScanInput input = ScanInputOf(context_.Settings.Get(), loader != nullptr ? loader->Load() : nullptr);
     input.Text = *text_;
     input.FileName = unitFile_;
+    const auto module = GetModuleFromFileName(context_, unitFile_);
+    if (module->GetSourceEditorCount() > 1) input.Header = *module->GetSourceEditor(1)->GetText();
     input.Component.FormName = item_.Caption;
     input.Component.ComponentName = lang_->GetName();
     input.Component.WithForm = input.Component.WithForm || !ownUnit;

@@ -248,4 +248,24 @@ std::vector<TRegion> ReadCppOutline(const TSourceText& source) {
     return TCppReader(source).Run();
 }
 
+std::vector<std::string_view> ReadStaticMethods(const TSourceText& source, std::string_view className) {
+    const std::vector<TToken> tokens = CodeTokens(source);
+    const std::vector<TRegion> regions = ReadCppOutline(source);
+    TRegionFinder finder(regions);
+    std::vector<std::string_view> names;
+    bool isStatic = false;
+    for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
+        const std::size_t region = finder.At(tokens[i].Begin);
+        const bool inClass =
+            region != kNoRegion && regions[region].Kind == Kind::Class && regions[region].Name == className;
+        const std::string_view text = TextOf(source, tokens[i]);
+        if (!inClass || text == ";" || text == "}") isStatic = false;
+        if (inClass && text == "static") isStatic = true;
+        if (!isStatic || tokens[i].Kind != TTokenKind::Name || TextOf(source, tokens[i + 1]) != "(") continue;
+        names.push_back(text);
+        isStatic = false;
+    }
+    return names;
+}
+
 }  // namespace tml

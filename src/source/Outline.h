@@ -53,6 +53,9 @@ std::vector<TRegion> ReadOutline(const TSourceText& source);
 std::vector<TRegion> ReadPascalOutline(const TSourceText& source);
 std::vector<TRegion> ReadCppOutline(const TSourceText& source);
 
+/// The methods that a C++ text, mostly a header, declares static in a class: their names.
+std::vector<std::string_view> ReadStaticMethods(const TSourceText& source, std::string_view className);
+
 /// Index of the innermost region around an offset, kNoRegion outside all. For ascending offsets.
 class TRegionFinder {
   public:

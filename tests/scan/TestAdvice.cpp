@@ -140,6 +140,16 @@ TEST(Advice, ForCpp) {
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Words(row.Text, kCpp), row.Expected) << row.Text;
+
+    const TSourceText source(
+        std::string_view(
+            "void TForm1::S() { f(\"a\"); }\nvoid TForm1::M() { f(\"b\"); }\nint TForm1::V = g();"),
+        kCpp);
+    const char* header =
+        "class TOther { static void M(); };\nclass TForm1 : public TForm {\npublic:\n"
+        " static int V; virtual void M(); static void __fastcall S(int x = 1);\n};";
+    EXPECT_EQ(Advise(source, {"TForm1", false, header}),
+              (std::vector<TAdvice>{TAdvice::OutsideMethod, TAdvice::None}));
     EXPECT_EQ(Words("void g() { f(\"a\"); }", kCpp, true), "-");
     EXPECT_EQ(AdviceText(TAdvice::Include), "This is the name of a file to include.");
 }
