@@ -40,13 +40,18 @@ TModalResult TFormDialog::Execute() {
     FocusActiveControl();
     exec();
     form_.Visible = false;
+    // A layout that cannot be stored is told, but takes nothing from what was decided in the window.
+    services_.Runner.Run([this] { StoreLayout(); });
+    return form_.ModalResult;
+}
+
+void TFormDialog::StoreLayout() {
     view_->BeforeClose();
     if (TPlacement* place = view_->Place())
         NotePlace(*this, *place);
     else
         services_.Places.Save(*this, PlaceName());
     form_.FormClose();
-    return form_.ModalResult;
 }
 
 void TFormDialog::FocusActiveControl() {

@@ -27,6 +27,7 @@ class TFormDialog : public QDialog {
     void FormChanged();
     void FocusActiveControl();
     void TryClose();
+    void StoreLayout();
     std::string PlaceName() const;
 
     TForm& form_;

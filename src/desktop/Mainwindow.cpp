@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
@@ -47,9 +48,11 @@ TMainWindow::TMainWindow(const TDeskFolders& folders) : ui_(std::make_unique<Ui:
                   host_->Ide().GetNTAServices()->GetEditorLocalMenu(), *this);
     runner_.Run([this] { host_->LoadExpert(); });
     BindMenus();
-    places_->Restore(*this, "Window");
-    places_->RestoreState(*this);
-    Follow();
+    runner_.Run([this] {
+        FillRecentProjects();
+        places_->Restore(*this, "Window");
+        places_->RestoreState(*this);
+    });
 }
 
 TMainWindow::~TMainWindow() {
@@ -98,6 +101,11 @@ void TMainWindow::BindIde() {
     runner_.Before = [this] { tabs_->Commit(); };
     runner_.After = [this] { Follow(); };
     runner_.OnError = [this](const std::exception& error) { ReportError(error); };
+    // A command ends without a word where a unit cannot be opened: the pane says why.
+    host_->Ide().ShowErrors([this](const EBadInput& error) {
+        messages_->AddError(error);
+        ShowMessages();
+    });
 }
 
 void TMainWindow::BindMenus() {
@@ -129,13 +137,11 @@ void TMainWindow::Follow() {
         }
         tabs_->Follow();
         tree_->Refresh();
-        if (const auto recent = FindItem(host_->Ide().GetNTAServices()->GetMainMenu(), "RecentProjects1"))
-            FillRecentProjects(*recent);
         for (const auto& menu : menus_)
             menu->Refresh();
         FollowTitle();
     } catch (const std::exception& error) {
-        messages_->AddMessage({}, 0, error.what());
+        messages_->AddError(error);
     }
     following_ = false;
 }
@@ -146,11 +152,9 @@ void TMainWindow::FollowTitle() {
     setWindowTitle(name + "TmlLang Workbench");
 }
 
-void TMainWindow::FillRecentProjects(TMenuItem& menu) {
+void TMainWindow::FillRecentProjects() {
+    TMenuItem& menu = *FindItem(host_->Ide().GetNTAServices()->GetMainMenu(), "RecentProjects1");
     const QStringList paths = places_->RecentProjects();
-    if (menu.Items.size() == static_cast<std::size_t>(paths.size()) &&
-        (paths.isEmpty() || menu.Items.front()->Hint == FromQt(paths.first())))
-        return;
     menu.Items.clear();
     for (const QString& path : paths) {
         auto item = std::make_shared<TMenuItem>();
@@ -163,10 +167,7 @@ void TMainWindow::FillRecentProjects(TMenuItem& menu) {
 }
 
 void TMainWindow::ReportError(const std::exception& error) {
-    if (const auto* bad = dynamic_cast<const EBadInput*>(&error))
-        messages_->AddMessage(bad->File(), bad->Line(), bad->Problem());
-    else
-        messages_->AddMessage({}, 0, error.what());
+    messages_->AddError(error);
     dialogs_.MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
 }
 
@@ -216,16 +217,24 @@ void TMainWindow::ShowLocalMenu(const QPoint& at) {
 // --- projects and files
 
 void TMainWindow::OpenProject(const QString& path) {
+    const QString file = QFileInfo(path).absoluteFilePath();
+    bool opened = false;
     runner_.Run([&] {
         if (!AskToSaveAll()) return;
-        host_->Ide().OpenProject(FromQt(path));
-        places_->AddRecentProject(path);
+        host_->Ide().OpenProject(FromQt(file));
+        opened = true;
         messages_->clear();
         for (const TProjectProblem& problem : host_->Ide().Problems())
             messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
         if (host_->Expert() != nullptr) host_->Expert()->RunItemClick();
-        ui_->messageDock->setVisible(!host_->Ide().Problems().empty());
-        ui_->messageDock->raise();
+    });
+    if (!opened) return;
+    ui_->messageDock->setVisible(messages_->topLevelItemCount() > 0);
+    ui_->messageDock->raise();
+    // Last, and apart: where it cannot be stored the project is open all the same.
+    runner_.Run([&] {
+        places_->AddRecentProject(file);
+        FillRecentProjects();
     });
 }
 
@@ -276,8 +285,8 @@ void TMainWindow::CloseFile() {
 }
 
 void TMainWindow::Save() {
-    if (const TCodeEditor* editor = tabs_->Current())
-        if (const auto module = editor->Module().lock()) module->Save();
+    const std::string file = tabs_->CurrentFile();
+    if (const auto module = host_->Modules().FindModule(file)) module->Save();
 }
 
 void TMainWindow::SaveAll() {
@@ -293,14 +302,12 @@ void TMainWindow::GoTo(const std::string& file, int line) {
 // --- editing
 
 void TMainWindow::Undo() {
-    const TCodeEditor* editor = tabs_->Current();
-    const std::string step = host_->Ide().Undo(editor == nullptr ? std::string() : editor->FileName());
+    const std::string step = host_->Ide().Undo(tabs_->CurrentFile());
     statusBar()->showMessage(step.empty() ? "Nothing to undo" : "Undone: " + ToQt(step), kStatusTime);
 }
 
 void TMainWindow::Redo() {
-    const TCodeEditor* editor = tabs_->Current();
-    const std::string step = host_->Ide().Redo(editor == nullptr ? std::string() : editor->FileName());
+    const std::string step = host_->Ide().Redo(tabs_->CurrentFile());
     statusBar()->showMessage(step.empty() ? "Nothing to redo" : "Redone: " + ToQt(step), kStatusTime);
 }
 
@@ -373,14 +380,15 @@ void TMainWindow::Quit() {
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
     bool agreed = false;
-    const bool done = runner_.Run([&] {
-        agreed = AskToSaveAll();
-        if (!agreed) return;
+    runner_.Run([&] { agreed = AskToSaveAll(); });
+    event->setAccepted(agreed);
+    if (!agreed) return;
+    // What cannot be stored is told, but keeps nobody in.
+    runner_.Run([&] {
+        if (host_->ExpertWindow() != nullptr) host_->ExpertWindow()->FormClose();
         places_->Save(*this, "Window");
         places_->SaveState(*this);
-        if (host_->ExpertWindow() != nullptr) host_->ExpertWindow()->FormClose();
     });
-    event->setAccepted(agreed && done);
 }
 
 }  // namespace tml

@@ -71,7 +71,7 @@ class TMainWindow : public QMainWindow {
     void BuildPanes();
     void BindIde();
     void BindMenus();
-    void FillRecentProjects(TMenuItem& menu);
+    void FillRecentProjects();
     void Follow();
     void FollowTitle();
     void ReportError(const std::exception& error);

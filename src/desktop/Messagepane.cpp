@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 
+#include "base/Errors.h"
 #include "base/Files.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
@@ -22,13 +23,22 @@ TMessagePane::TMessagePane() {
     setFrameShape(QFrame::NoFrame);
     header()->resizeSection(0, 180);
     header()->resizeSection(1, 50);
-    connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
-        const QString file = item->data(0, kFileRole).toString();
-        if (!file.isEmpty() && OnGoTo) OnGoTo(FromQt(file), item->data(0, kLineRole).toInt());
-    });
+    connect(this, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) { GoTo(*item); });
+    connect(this, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) { GoTo(*item); });
+}
+
+void TMessagePane::GoTo(const QTreeWidgetItem& item) const {
+    const QString file = item.data(0, kFileRole).toString();
+    if (!file.isEmpty() && OnGoTo) OnGoTo(FromQt(file), item.data(0, kLineRole).toInt());
 }
 
 void TMessagePane::AddMessage(const std::string& file, int line, const std::string& text) {
+    for (int i = topLevelItemCount() - 1; i >= 0; --i) {
+        const QTreeWidgetItem* item = topLevelItem(i);
+        if (FromQt(item->data(0, kFileRole).toString()) == file && item->data(0, kLineRole) == line &&
+            item->toolTip(2) == ToQt(text))
+            delete item;
+    }
     auto* item = new QTreeWidgetItem(this);
     item->setIcon(0, PictureOf("error"));
     item->setText(0, ToQt(FileNameOf(file)));
@@ -39,6 +49,13 @@ void TMessagePane::AddMessage(const std::string& file, int line, const std::stri
     item->setData(0, kFileRole, ToQt(file));
     item->setData(0, kLineRole, line);
     scrollToItem(item);
+}
+
+void TMessagePane::AddError(const std::exception& error) {
+    if (const auto* bad = dynamic_cast<const EBadInput*>(&error))
+        AddMessage(bad->File(), bad->Line(), bad->Problem());
+    else
+        AddMessage({}, 0, error.what());
 }
 
 }  // namespace tml

@@ -1,20 +1,27 @@
 #pragma once
 
 #include <QTreeWidget>
+#include <exception>
 #include <functional>
 #include <string>
 
 namespace tml {
 
-/// What went wrong, a line each; a line with a file leads there.
+/// What went wrong, a line each; a click on a line with a file leads there.
 class TMessagePane : public QTreeWidget {
   public:
     TMessagePane();
 
-    /// Called for a line that is double-clicked or entered; line is 1-based, 0 without one.
+    /// Called for a line that is clicked or entered; line is 1-based, 0 without one.
     std::function<void(const std::string& file, int line)> OnGoTo;
 
+    /// A message that comes again stands once, as the last one.
     void AddMessage(const std::string& file, int line, const std::string& text);
+    /// With its place, where the error has one.
+    void AddError(const std::exception& error);
+
+  private:
+    void GoTo(const QTreeWidgetItem& item) const;
 };
 
 }  // namespace tml

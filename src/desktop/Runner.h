@@ -16,6 +16,9 @@ class TRunner {
 
     /// False when the work has thrown.
     bool Run(const std::function<void()>& work);
+
+  private:
+    void Tell(const std::exception_ptr& failure) const;
 };
 
 }  // namespace tml
