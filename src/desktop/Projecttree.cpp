@@ -49,8 +49,8 @@ TProjectTree::TProjectTree(THeadlessIde& ide) : ide_(ide) {
 
 void TProjectTree::Refresh() {
     const auto group = ide_.GetModuleServices()->GetMainProjectGroup();
-    if (group.get() != shown_) {
-        shown_ = group.get();
+    if (group != shown_.lock() || group == nullptr) {
+        shown_ = group;
         Build();
     }
     MarkItems();

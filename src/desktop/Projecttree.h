@@ -35,7 +35,8 @@ class TProjectTree : public QTreeWidget {
     std::shared_ptr<IOTAProject> ProjectOf(const QTreeWidgetItem& item);
 
     THeadlessIde& ide_;
-    IOTAProjectGroup* shown_ = nullptr;
+    /// Not the bare address: the next group may be given the same.
+    std::weak_ptr<IOTAProjectGroup> shown_;
 };
 
 }  // namespace tml
