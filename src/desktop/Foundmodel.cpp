@@ -31,11 +31,9 @@ int TFoundModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TFoundModel::CellOf(const TFoundRow& row, int column) const {
-    // Sorting and filtering ask for many thousand cells: the plain ones are given without the others.
+    // A number, so that it is sorted by its value.
     if (column == fcLine) return row.Record.Line + 1;
-    if (column == fcID) return ToQt(row.Record.StrID);
-    if (column == fcText) return ToQt(row.Record.StrContent);
-    return ToQt(TFoundGrid::Cells(row)[static_cast<std::size_t>(column)]);
+    return ToQt(TFoundGrid::Cell(row, column));
 }
 
 QVariant TFoundModel::data(const QModelIndex& index, int role) const {

@@ -88,9 +88,23 @@ void TFoundView::BindTable() {
                 TakeSelection(selected, true);
                 TakeSelection(deselected, false);
             });
-    connect(ui_->filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        sorted_.setFilterFixedString(text);
-        Refresh();
+    connect(ui_->filter, &QLineEdit::textChanged, this, &TFoundView::Filter);
+}
+
+void TFoundView::Filter(const QString& text) {
+    // Without a selection: the table would take hidden rows out of it range by range.
+    refreshing_ = true;
+    ui_->sgStrings->clearSelection();
+    sorted_.setFilterFixedString(text);
+    refreshing_ = false;
+    std::vector<int> hidden;
+    for (int row = 0; row < model_.rowCount({}); ++row)
+        if (!sorted_.mapFromSource(model_.index(row, 0)).isValid()) hidden.push_back(row);
+    const QModelIndex current = ui_->sgStrings->currentIndex();
+    const QModelIndex shown = current.isValid() ? current : sorted_.index(0, 0);
+    services_.Runner.Run([&] {
+        form_.SelectCell(sorted_.mapToSource(shown).row());
+        form_.SelectRows(hidden, false);
     });
 }
 

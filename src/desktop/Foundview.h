@@ -34,6 +34,8 @@ class TFoundView : public TView {
     void FillToolBar();
     void FillPopup();
     void BindTable();
+    /// Shows the rows that contain the text; what is hidden is no longer selected.
+    void Filter(const QString& text);
     void RefreshActions();
     void RefreshSelection();
     void RefreshPreview();

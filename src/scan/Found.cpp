@@ -59,9 +59,17 @@ int TFoundGrid::SelectedCount() const {
         std::count_if(Rows.begin(), Rows.end(), [](const TFoundRow& row) { return row.Selected; }));
 }
 
-std::array<std::string, 4> TFoundGrid::Cells(const TFoundRow& row) {
-    return {std::to_string(row.Record.Line + 1), row.Record.StrID, row.Record.StrContent,
-            WrittenText(row.Record)};
+std::string TFoundGrid::Cell(const TFoundRow& row, int column) {
+    switch (column) {
+        case 0:
+            return std::to_string(row.Record.Line + 1);
+        case 1:
+            return row.Record.StrID;
+        case 2:
+            return row.Record.StrContent;
+        default:
+            return WrittenText(row.Record);
+    }
 }
 
 std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {

@@ -27,8 +27,8 @@ struct TFoundGrid {
     /// The current row, nullptr when there is none.
     TFoundRow* Current();
     int SelectedCount() const;
-    /// What the four columns show of a row.
-    static std::array<std::string, 4> Cells(const TFoundRow& row);
+    /// What a column (0-based) shows of a row.
+    static std::string Cell(const TFoundRow& row, int column);
 };
 
 /// What the review shows.

@@ -24,10 +24,10 @@ struct TFound : testing::Test {
             fileName, std::make_shared<std::string>(code), CallStyleOf(input), {}, Scan(input).Found};
         return {Context, std::move(found)};
     }
-    static std::string Column(const TFoundGrid& grid, std::size_t column) {
+    static std::string Column(const TFoundGrid& grid, int column) {
         std::string text;
         for (const TFoundRow& row : grid.Rows)
-            text += TFoundGrid::Cells(row)[column] + "|";
+            text += TFoundGrid::Cell(row, column) + "|";
         return text;
     }
 };
