@@ -42,6 +42,12 @@ QsciScintilla* TEditorTabs::CurrentText() const {
     return dynamic_cast<QsciScintilla*>(currentWidget());
 }
 
+std::string TEditorTabs::CurrentFile() const {
+    if (const TCodeEditor* editor = Current()) return editor->FileName();
+    const auto* form = dynamic_cast<TFormTextView*>(currentWidget());
+    return form == nullptr ? std::string() : form->FileName();
+}
+
 TCodeEditor* TEditorTabs::Find(const std::string& fileName) const {
     for (int i = 0; i < count(); ++i) {
         auto* editor = dynamic_cast<TCodeEditor*>(widget(i));

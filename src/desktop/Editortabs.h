@@ -33,6 +33,8 @@ class TEditorTabs : public QTabWidget {
     TCodeEditor* Current() const;
     /// The same or a form's text.
     QsciScintilla* CurrentText() const;
+    /// Of the source or form in front, "" when there is none.
+    std::string CurrentFile() const;
 
   private:
     void AddTab(QWidget& widget, const char* picture, const std::string& fileName);
