@@ -85,11 +85,12 @@ void SetInks(QsciLexer& lexer, const QPalette& palette, std::span<const TStyle> 
                 lexer.setColor(QColor(IsDark(palette) ? ink.Dark : ink.Light), style.Style);
 }
 
-/// The window's actions own these keys; the editor would take them first.
+/// The window's actions own these keys; the editor would take them first. It keeps Ctrl+A, which the window
+/// leaves to whatever has the focus.
 void GiveUpLetterKeys(QsciScintilla& editor) {
     for (QsciCommand* command : editor.standardCommands()->commands()) {
         const int key = command->key() & ~static_cast<int>(Qt::KeyboardModifierMask);
-        const bool isLetter = key >= Qt::Key_A && key <= Qt::Key_Z;
+        const bool isLetter = key > Qt::Key_A && key <= Qt::Key_Z;
         if (isLetter && (command->key() & static_cast<int>(Qt::CTRL)) != 0) command->setKey(0);
     }
 }
