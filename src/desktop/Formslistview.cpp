@@ -65,6 +65,8 @@ void TFormsListView::BindMenus() {
 void TFormsListView::BindList(QTableView& table, TListView& list, TListModel& model) {
     table.setModel(&model);
     SetUpTable(table);
+    // The end of a path tells more than its beginning.
+    table.setTextElideMode(Qt::ElideMiddle);
     table.installEventFilter(this);
     connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, [&table, &list, this] {
         runner_.Run([&] {
