@@ -14,6 +14,7 @@ TFoundModel::TFoundModel(TfrmFound& form)
 
 bool TFoundModel::Refresh() {
     const int rows = static_cast<int>(form_.Shown().Rows.size());
+    cells_.assign(form_.Shown().Rows.size(), {});
     if (rows == rows_ && form_.ShowsDeleted == showsDeleted_) return false;
     beginResetModel();
     rows_ = rows;
@@ -30,21 +31,25 @@ int TFoundModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(TfrmFound::Headers().size());
 }
 
-QVariant TFoundModel::CellOf(const TFoundRow& row, int column) const {
+QVariant TFoundModel::CellOf(int row, int column) const {
+    const TFoundRow& found = form_.Shown().Rows[static_cast<std::size_t>(row)];
     // A number, so that it is sorted by its value.
-    if (column == fcLine) return row.Record.Line + 1;
-    return ToQt(TFoundGrid::Cell(row, column));
+    if (column == fcLine) return found.Record.Line + 1;
+    QStringList& cells = cells_[static_cast<std::size_t>(row)];
+    for (int made = static_cast<int>(cells.size()); made <= fcReplacement; ++made)
+        cells += ToQt(TFoundGrid::Cell(found, made));
+    return cells[column];
 }
 
 QVariant TFoundModel::data(const QModelIndex& index, int role) const {
     const auto& rows = form_.Shown().Rows;
     const auto place = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || place >= rows.size()) return {};
+    if (!index.isValid() || place >= cells_.size() || rows.size() != cells_.size()) return {};
     const TFoundRow& row = rows[place];
-    if (role == Qt::DisplayRole || role == Qt::EditRole) return CellOf(row, index.column());
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return CellOf(index.row(), index.column());
     if (role == Qt::ToolTipRole && index.column() == fcLine)
         return row.Record.Advice == TAdvice::None ? QVariant() : ToQt(AdviceText(row.Record.Advice));
-    if (role == Qt::ToolTipRole) return CellOf(row, index.column());
+    if (role == Qt::ToolTipRole) return CellOf(index.row(), index.column());
     if (role == Qt::TextAlignmentRole && index.column() == fcLine)
         return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == fcLine) {

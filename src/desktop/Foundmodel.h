@@ -16,7 +16,7 @@ class TFoundModel : public QAbstractTableModel {
     /// Called with the row and the ID that has been typed for it.
     std::function<void(int row, const std::string& id)> OnEdit;
 
-    /// True when the rows are others than at the last call.
+    /// To be called after each change. True when the rows are others than at the last call.
     bool Refresh();
 
     int rowCount(const QModelIndex& parent) const override;
@@ -30,10 +30,12 @@ class TFoundModel : public QAbstractTableModel {
     enum TColumn { fcLine, fcID, fcText, fcReplacement };
 
   private:
-    QVariant CellOf(const TFoundRow& row, int column) const;
+    QVariant CellOf(int row, int column) const;
 
     TfrmFound& form_;
     int rows_ = 0;
+    /// Sorting and filtering ask for each cell many times: a row's are made when the first is asked for.
+    mutable std::vector<QStringList> cells_;
     bool showsDeleted_ = false;
     QIcon adviceIcon_;
     QIcon ignoreIcon_;

@@ -62,10 +62,6 @@ TFoundView::~TFoundView() = default;
 
 void TFoundView::BindTable() {
     sorted_.setSourceModel(&model_);
-    sorted_.setDynamicSortFilter(false);
-    sorted_.setFilterKeyColumn(-1);
-    sorted_.setFilterCaseSensitivity(Qt::CaseInsensitive);
-    sorted_.setSortCaseSensitivity(Qt::CaseInsensitive);
     TRowTable& table = *ui_->sgStrings;
     table.setModel(&sorted_);
     SetUpTable(table);
@@ -92,18 +88,14 @@ void TFoundView::BindTable() {
 }
 
 void TFoundView::Filter(const QString& text) {
-    // Without a selection: the table would take hidden rows out of it range by range.
     refreshing_ = true;
-    ui_->sgStrings->clearSelection();
-    sorted_.setFilterFixedString(text);
+    sorted_.SetText(text);
     refreshing_ = false;
     std::vector<int> hidden;
     for (int row = 0; row < model_.rowCount({}); ++row)
         if (!sorted_.mapFromSource(model_.index(row, 0)).isValid()) hidden.push_back(row);
-    const QModelIndex current = ui_->sgStrings->currentIndex();
-    const QModelIndex shown = current.isValid() ? current : sorted_.index(0, 0);
     services_.Runner.Run([&] {
-        form_.SelectCell(sorted_.mapToSource(shown).row());
+        form_.SelectCell(sorted_.mapToSource(sorted_.RowOrFirst(form_.Shown().Row)).row());
         form_.SelectRows(hidden, false);
     });
 }
@@ -208,7 +200,10 @@ void TFoundView::RefreshActions() {
         QAction* bound = actions_[ToQt(action.Name)];
         bound->setText(ToQt(form_.CaptionOf(action)));
         const std::string hint = form_.HintOf(action);
-        if (!hint.empty()) bound->setToolTip(ToQt(hint));
+        QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
+        if (!bound->shortcut().isEmpty())
+            tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
+        bound->setToolTip(tip);
     }
 }
 
@@ -227,7 +222,11 @@ void TFoundView::RefreshSelection() {
         shown = last;
     }
     auto* model = ui_->sgStrings->selectionModel();
-    if (model->selection() != selection) model->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (model->selection() != selection) {
+        // In two steps: in one, each range of the old selection is compared with each of the new one.
+        model->clearSelection();
+        model->select(selection, QItemSelectionModel::Select);
+    }
     const QModelIndex current = sorted_.mapFromSource(model_.index(form_.Shown().Row, TFoundModel::fcID));
     if (current.isValid() && current.row() != ui_->sgStrings->currentIndex().row())
         model->setCurrentIndex(current, QItemSelectionModel::NoUpdate);

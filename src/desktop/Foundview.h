@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QPointer>
-#include <QSortFilterProxyModel>
 #include <array>
 #include <map>
 #include <memory>
 
 #include "desktop/Binder.h"
 #include "desktop/Foundmodel.h"
+#include "desktop/Rowfilter.h"
 #include "desktop/View.h"
 
 class QAction;
@@ -47,7 +47,7 @@ class TFoundView : public TView {
     std::unique_ptr<Ui::Foundview> ui_;
     TBinder binder_;
     TFoundModel model_;
-    QSortFilterProxyModel sorted_;
+    TRowFilter sorted_;
     std::map<QString, QAction*> actions_;
     std::array<QLabel*, 3> panels_{};
     bool refreshing_ = false;

@@ -39,6 +39,12 @@ TRowTable::TRowTable(QWidget* parent) : QTableView(parent) {
     setItemDelegate(new TRowDelegate(this));
 }
 
+void TRowTable::selectAll() {
+    // What many ranges become at once, the selection compares each with each.
+    clearSelection();
+    QTableView::selectAll();
+}
+
 QItemSelectionModel::SelectionFlags TRowTable::selectionCommand(const QModelIndex& index,
                                                                 const QEvent* event) const {
     const auto* input = dynamic_cast<const QInputEvent*>(event);

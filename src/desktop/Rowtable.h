@@ -10,6 +10,8 @@ class TRowTable : public QTableView {
   public:
     explicit TRowTable(QWidget* parent);
 
+    void selectAll() override;
+
   protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;

@@ -46,11 +46,7 @@ TSkippedView::~TSkippedView() = default;
 
 void TSkippedView::BindTable() {
     sorted_.setSourceModel(&model_);
-    sorted_.setDynamicSortFilter(false);
-    sorted_.setFilterKeyColumn(-1);
-    sorted_.setFilterCaseSensitivity(Qt::CaseInsensitive);
     sorted_.setSortRole(TListModel::SortRole);
-    sorted_.setSortCaseSensitivity(Qt::CaseInsensitive);
     QTableView& table = *ui_->lvStrings;
     table.setModel(&sorted_);
     SetUpTable(table);
@@ -69,12 +65,10 @@ void TSkippedView::BindTable() {
 
 void TSkippedView::BindFilter() {
     connect(ui_->filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        // Rows that go take the current one along step by step: the state hears of the end only.
         refreshing_ = true;
-        sorted_.setFilterFixedString(text);
+        sorted_.SetText(text);
         refreshing_ = false;
-        const QModelIndex current = ui_->lvStrings->currentIndex();
-        Select(current.isValid() ? current : sorted_.index(0, 0));
+        Select(sorted_.RowOrFirst(form_.Row));
     });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         ui_->filter->setFocus();

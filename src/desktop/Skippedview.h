@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QSortFilterProxyModel>
 #include <memory>
 
 #include "desktop/Binder.h"
 #include "desktop/Listmodel.h"
+#include "desktop/Rowfilter.h"
 #include "desktop/View.h"
 #include "scan/Skippedstrings.h"
 
@@ -36,7 +36,7 @@ class TSkippedView : public TView {
     std::unique_ptr<Ui::Skippedview> ui_;
     TBinder binder_;
     TListModel model_;
-    QSortFilterProxyModel sorted_;
+    TRowFilter sorted_;
     unsigned shown_ = 0;  ///< revision of the list
     bool refreshing_ = false;
 };
