@@ -14,6 +14,7 @@ TExpertDock::TExpertDock(TfrmmlLang& form, const TViewServices& services, QWidge
     setWidget(view_);
     // A docked window's changes come by way of its host.
     host.OnChange = [this] { Refresh(); };
+    connect(this, &QDockWidget::topLevelChanged, this, [this] { Refresh(); });
     Refresh();
 }
 

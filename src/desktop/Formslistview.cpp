@@ -1,6 +1,7 @@
 #include "desktop/Formslistview.h"
 
 #include <QKeyEvent>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalBlocker>
@@ -93,6 +94,8 @@ void TFormsListView::BindHeader() {
 void TFormsListView::Refresh() {
     for (const auto& menu : menus_)
         menu->Refresh();
+    // Docked, it stands in one window with the IDE's menu bar.
+    menus_.front()->SetAccelerators(qobject_cast<QMainWindow*>(window()) == nullptr);
     RefreshHeader();
     RefreshList(*ui_->lvFormNames, form_.lvFormNames, forms_);
     RefreshList(*ui_->lvExternalFiles, form_.lvExternalFiles, files_);

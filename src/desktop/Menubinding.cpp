@@ -55,6 +55,13 @@ void TMenuBinding::Refresh() {
     Fill(*target_, items);
 }
 
+void TMenuBinding::SetAccelerators(bool on) {
+    if (on == accelerators_) return;
+    accelerators_ = on;
+    shown_.clear();
+    Refresh();
+}
+
 void TMenuBinding::Fill(QWidget& target, const TItems& items) {
     for (const auto& item : items)
         if (item->Visible) AddItem(target, item);
@@ -63,7 +70,9 @@ void TMenuBinding::Fill(QWidget& target, const TItems& items) {
 void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& item) {
     const bool isTop = &target == target_;
     if (!item->Items.empty()) {
-        auto* menu = new QMenu(ToQt(item->Caption), &target);
+        QString caption = ToQt(item->Caption);
+        if (isTop && !accelerators_) caption.remove('&');
+        auto* menu = new QMenu(caption, &target);
         menu->setObjectName(ToQt(item->Name));
         menu->setToolTipsVisible(true);
         menu->menuAction()->setEnabled(item->Enabled && !IsEmptyMenu(*item));

@@ -24,6 +24,8 @@ class TMenuBinding {
 
     /// Makes the actions anew where anything has changed.
     void Refresh();
+    /// Off, the entries of a menu bar have no accelerators: another menu bar of the window has the same ones.
+    void SetAccelerators(bool on);
 
   private:
     void Fill(QWidget& target, const TItems& items);
@@ -34,6 +36,7 @@ class TMenuBinding {
     std::function<TItems()> source_;
     TRunner& runner_;
     QPointer<QWidget> keys_;
+    bool accelerators_ = true;
     QString shown_;
     QList<QObject*> made_;
 };
