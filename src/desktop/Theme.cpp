@@ -4,8 +4,13 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <array>
+
+#include "desktop/Icons.h"
 
 namespace tml {
 namespace {
@@ -68,6 +73,33 @@ bool PortalPrefersDark() {
     return value.toUInt() == kPreferDark;
 }
 
+/// Outlines of boxes that are not ticked are hardly seen in a dark window, and the signs on the title bars of
+/// docks are drawn for light ones.
+class TThemeStyle : public QProxyStyle {
+  public:
+    TThemeStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isRadio = element == PE_IndicatorRadioButton;
+        if ((!isRadio && element != PE_IndicatorCheckBox) || !IsDark(option->palette)) return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing, isRadio);
+        painter->setPen(option->palette.color(QPalette::PlaceholderText));
+        painter->setBrush(Qt::NoBrush);
+        const QRect outline = option->rect.adjusted(0, 0, -1, -1);
+        isRadio ? painter->drawEllipse(outline) : painter->drawRect(outline);
+        painter->restore();
+    }
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        if (icon == SP_TitleBarCloseButton) return PictureOf("cancel");
+        if (icon == SP_TitleBarNormalButton) return PictureOf("float");
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
+};
+
 }  // namespace
 
 bool IsDark(const QPalette& palette) {
@@ -77,7 +109,7 @@ bool IsDark(const QPalette& palette) {
 void SetTheme(QApplication& application, TTheme theme) {
     const bool dark = theme == TTheme::Dark ||
                       (theme == TTheme::Desktop && (IsDark(QApplication::palette()) || PortalPrefersDark()));
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new TThemeStyle);
     QApplication::setPalette(MakePalette(dark));
 }
 
