@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QTreeWidget>
+#include <fstream>
 
 #include "desktop/Deskfixture.h"
 #include "desktop/Rowtable.h"
@@ -15,6 +17,13 @@ namespace tml {
 namespace {
 
 using TWorkbench = TDesktop;
+
+std::vector<int> EveryOther(int rows) {
+    std::vector<int> result;
+    for (int row = 0; row < rows; row += 2)
+        result.push_back(row);
+    return result;
+}
 
 TEST_F(TWorkbench, ReviewsAndRewritesAFormAndTakesItBack) {
     OpenOrchard();
@@ -145,6 +154,12 @@ TEST_F(TWorkbench, TheReviewBearsTwentyThousandRows) {
         measure("filter");
         EXPECT_EQ(table.model()->rowCount(), 11);
         EXPECT_EQ(form.StatusPanels[2], "Selected rows: 11") << "what is hidden is no longer selected";
+        review.findChild<QLineEdit*>("filter")->clear();
+        time.restart();
+        form.SelectRows(EveryOther(kRows), true);
+        QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(form.StatusPanels[2], "Selected rows: 20000");
+        EXPECT_LT(time.elapsed(), 2000) << "ranges compared each with each take far longer";
         User.Answer("This will close", "Yes");
         review.close();
     });
@@ -247,7 +262,8 @@ TEST_F(TWorkbench, ProblemsOfAProjectLeadToTheirFile) {
         Q_EMIT tree.itemActivated(item, 0);
     ASSERT_NE(Window->Tabs().Current(), nullptr);
     EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Main.pas"));
-    Q_EMIT messages.itemActivated(messages.topLevelItem(0), 0);
+    QTest::mouseClick(messages.viewport(), Qt::LeftButton, {},
+                      messages.visualItemRect(messages.topLevelItem(0)).center());
     EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Orchard.dproj"));
 }
 
@@ -257,8 +273,12 @@ TEST_F(TWorkbench, TheExpertDocksFloatsAndComesBack) {
     EXPECT_TRUE(dock->isVisible());
     EXPECT_FALSE(dock->isFloating());
     EXPECT_EQ(dock->windowTitle(), "TmlLang Expert (VCL Edition)");
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Find<QMenu>("File1").title(), "File") << "the IDE's menu bar has the accelerator";
     Click("Dockable2");
     EXPECT_TRUE(dock->isFloating());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Find<QMenu>("File1").title(), "&File");
     EXPECT_EQ(dock->allowedAreas(), Qt::NoDockWidgetArea);
     Click("StayOnTop2");
     EXPECT_TRUE(dock->windowFlags() & Qt::WindowStaysOnTopHint);
@@ -276,6 +296,53 @@ TEST_F(TWorkbench, AProjectThatCannotBeOpenedLeavesTheOneThatIsOpen) {
     EXPECT_EQ(Window->Messages().topLevelItemCount(), 1);
     EXPECT_GT(Find<QTableView>("lvFormNames").model()->rowCount(), 2);
     EXPECT_TRUE(Window->windowTitle().startsWith("Orchard.dproj"));
+}
+
+TEST_F(TWorkbench, AFormThatCannotBeReadIsNamedInTheMessages) {
+    std::ofstream(Path("orchard/Main.dfm")) << "object MainForm: TMainForm\n  Caption = 'x\n";
+    OpenOrchard();
+    SelectForm("MainForm");
+    Click("ViewForm2");
+    Click("ViewForm2");
+    auto& messages = Window->Messages();
+    EXPECT_TRUE(messages.isVisible());
+    ASSERT_EQ(messages.topLevelItemCount(), 1) << "the same message stands once";
+    EXPECT_EQ(messages.topLevelItem(0)->text(0) + messages.topLevelItem(0)->text(1), "Main.dfm2");
+}
+
+TEST_F(TWorkbench, SettingsThatCannotBeReadOrWrittenBarNothing) {
+    for (const char* blocked : {"settings", "settings/settings/x"}) {
+        Window.reset();
+        std::filesystem::remove_all(Path("settings"));
+        const bool isRead = std::string_view(blocked) != "settings";
+        if (isRead)
+            std::filesystem::create_directories(Path(blocked));
+        else
+            std::ofstream(Path(blocked)) << "a file where the folder should be";
+        // What cannot be read is told at the start, by the expert and the window; then the recent projects.
+        for (int box = isRead ? 0 : 2; box < 3; ++box)
+            User.Answer(ToQt(Path("settings")), "OK");
+        Window = std::make_unique<TMainWindow>(TDeskFolders{Path("settings"), TML_BIN});
+        Window->show();
+        OpenOrchard();
+        EXPECT_TRUE(Window->windowTitle().startsWith("Orchard.dproj"));
+        if (!isRead) {
+            EXPECT_GT(Find<QTableView>("lvFormNames").model()->rowCount(), 2);
+        }
+        User.Answer(ToQt(Path("settings")), "OK");
+        Window->close();
+        EXPECT_FALSE(Window->isVisible());
+    }
+}
+
+TEST_F(TWorkbench, TheFormInFrontIsSaved) {
+    OpenOrchard();
+    Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 1); });
+    QTest::keyClicks(Window->Tabs().Current(), "// mine ");
+    Window->Runner().Run([&] { Window->Tabs().ShowFormText(Path("orchard/Main.pas")); });
+    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    Click("Save1");
+    EXPECT_TRUE(MakeDiskFileSystem()->Read(Path("orchard/Main.pas")).starts_with("// mine "));
 }
 
 TEST_F(TWorkbench, AsksAboutUnsavedWork) {
