@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include "desktop/Texts.h"
 #include "ui_Formslistview.h"
@@ -15,6 +16,19 @@ namespace {
 constexpr TShortCut kEnter = 0x0D;
 constexpr std::array kPanelWidths{120, 120, 220, 50};
 const QStringList kStates{"untranslated", "translated"};
+constexpr int kFileColumn = fcFileName + 1;  ///< in front of the cells stands the caption
+
+/// The end of a path tells more than its beginning.
+class TPathDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+    }
+};
 
 }  // namespace
 
@@ -32,6 +46,7 @@ TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
     }
     BindList(*ui_->lvFormNames, form_.lvFormNames, forms_);
     BindList(*ui_->lvExternalFiles, form_.lvExternalFiles, files_);
+    ui_->lvFormNames->setItemDelegateForColumn(kFileColumn, new TPathDelegate(this));
     BindHeader();
     BindMenus();
     connect(ui_->lvFormNames, &QTableView::doubleClicked, this,
@@ -66,8 +81,6 @@ void TFormsListView::BindMenus() {
 void TFormsListView::BindList(QTableView& table, TListView& list, TListModel& model) {
     table.setModel(&model);
     SetUpTable(table);
-    // The end of a path tells more than its beginning.
-    table.setTextElideMode(Qt::ElideMiddle);
     table.installEventFilter(this);
     connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, [&table, &list, this] {
         runner_.Run([&] {

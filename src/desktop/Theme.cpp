@@ -94,7 +94,7 @@ class TThemeStyle : public QProxyStyle {
     }
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override {
-        if (icon == SP_TitleBarCloseButton) return PictureOf("cancel");
+        if (icon == SP_TitleBarCloseButton) return PictureOf("dockclose");
         if (icon == SP_TitleBarNormalButton) return PictureOf("float");
         return QProxyStyle::standardIcon(icon, option, widget);
     }
