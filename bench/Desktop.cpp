@@ -1,9 +1,11 @@
 // bench-desktop open PROJECT: opens it in the workbench with its list of forms.
-// bench-desktop review ROWS: opens the review with so many rows and pages through them.
+// bench-desktop review ROWS: opens the review with so many rows and works on all of them.
 // bench-desktop plain ROWS: the same texts in the toolkit's own table, which does nothing with them.
-// Prints the seconds of processor time for opening and, for rows, for paging to the end.
+// Prints the seconds of processor time for each step: opening, paging to the end and, for rows, sorting by
+// text, selecting all, filtering by a text and showing all again.
 #include <QApplication>
 #include <QDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -26,6 +28,7 @@ namespace tml::bench {
 namespace {
 
 constexpr int kPages = 200;
+constexpr int kTextColumn = 2;
 
 class TWatch {
   public:
@@ -49,15 +52,29 @@ TmlFoundSourceStrings Rows(int count) {
     return rows;
 }
 
-/// Seconds to page through a table, every page drawn.
-double PageThrough(QAbstractItemView& table) {
-    const TWatch watch;
+void PageThrough(QAbstractItemView& table) {
     QScrollBar& bar = *table.verticalScrollBar();
     for (int page = 0; page <= kPages; ++page) {
         bar.setValue(static_cast<int>(static_cast<long long>(bar.maximum()) * page / kPages));
         table.viewport()->repaint();
     }
-    return watch.Seconds();
+}
+
+/// Prints the seconds of a step, and of the drawing of what it changed.
+void Measure(QTableView& table, const std::function<void()>& step) {
+    const TWatch watch;
+    step();
+    QApplication::processEvents();
+    table.viewport()->repaint();
+    std::cout << " " << watch.Seconds();
+}
+
+void MeasureRows(QTableView& table, const std::function<void(const QString&)>& filter) {
+    Measure(table, [&] { PageThrough(table); });
+    Measure(table, [&] { table.sortByColumn(kTextColumn, Qt::DescendingOrder); });
+    Measure(table, [&] { table.selectAll(); });
+    Measure(table, [&] { filter("R 1999"); });
+    Measure(table, [&] { filter({}); });
 }
 
 /// Calls back once a modal window in front of another one has drawn itself.
@@ -72,16 +89,13 @@ void WhenModal(QObject& owner, const QWidget* behind, std::function<void(QWidget
     });
 }
 
-void Print(double opening, double paging) {
-    std::cout << opening << " " << paging << "\n";
-}
-
 void OpenProject(TMainWindow& window, const QString& project) {
     const TWatch watch;
     window.OpenProject(project);
     QApplication::processEvents();
-    const double opening = watch.Seconds();
-    Print(opening, PageThrough(*window.findChild<QTableView*>("lvFormNames")));
+    std::cout << watch.Seconds();
+    auto& table = *window.findChild<QTableView*>("lvFormNames");
+    Measure(table, [&] { PageThrough(table); });
 }
 
 void Review(TMainWindow& window, int count) {
@@ -99,13 +113,23 @@ void Review(TMainWindow& window, int count) {
     const TWatch watch;
     TfrmFound form(context, std::move(input));
     WhenModal(window, nullptr, [&](QWidget& review) {
-        const double opening = watch.Seconds();
-        Print(opening, PageThrough(*review.findChild<QTableView*>("sgStrings")));
+        std::cout << watch.Seconds();
+        MeasureRows(*review.findChild<QTableView*>("sgStrings"),
+                    [&](const QString& text) { review.findChild<QLineEdit*>("filter")->setText(text); });
         WhenModal(window, &review,
                   [](QWidget& question) { dynamic_cast<QMessageBox&>(question).defaultButton()->click(); });
         review.close();
     });
     context.Dialogs().ShowModal(form);
+}
+
+void HideOthers(QTableWidget& table, const QString& text) {
+    for (int row = 0; row < table.rowCount(); ++row) {
+        bool contained = false;
+        for (int column = 0; column < table.columnCount() && !contained; ++column)
+            contained = table.item(row, column)->text().contains(text, Qt::CaseInsensitive);
+        table.setRowHidden(row, !contained);
+    }
 }
 
 void PlainTable(int count) {
@@ -126,8 +150,8 @@ void PlainTable(int count) {
     window.show();
     QApplication::processEvents();
     window.repaint();
-    const double opening = watch.Seconds();
-    Print(opening, PageThrough(table));
+    std::cout << watch.Seconds();
+    MeasureRows(table, [&](const QString& text) { HideOthers(table, text); });
 }
 
 }  // namespace

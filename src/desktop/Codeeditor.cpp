@@ -45,7 +45,7 @@ void ReplaceRange(QsciScintilla& editor, std::size_t begin, std::size_t end, std
 
 }  // namespace
 
-TCodeEditor::TCodeEditor(std::shared_ptr<IOTAModule> module, std::shared_ptr<IOTASourceEditor> source)
+TCodeEditor::TCodeEditor(const std::shared_ptr<IOTAModule>& module, std::shared_ptr<IOTASourceEditor> source)
     : module_(module), source_(std::move(source)), fileName_(source_->GetFileName()) {
     setObjectName("codeEditor");
     SetUpEditor(*this);

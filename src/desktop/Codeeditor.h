@@ -12,7 +12,7 @@ namespace tml {
 /// commands change comes from there by Follow. Both speak UTF-8 with CR LF, so their offsets are equal.
 class TCodeEditor : public QsciScintilla {
   public:
-    TCodeEditor(std::shared_ptr<IOTAModule> module, std::shared_ptr<IOTASourceEditor> source);
+    TCodeEditor(const std::shared_ptr<IOTAModule>& module, std::shared_ptr<IOTASourceEditor> source);
 
     std::function<void()> OnTyped;
     std::function<void(const QPoint& at)> OnLocalMenu;

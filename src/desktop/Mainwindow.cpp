@@ -223,7 +223,7 @@ void TMainWindow::OpenProject(const QString& path) {
         if (!AskToSaveAll()) return;
         host_->Ide().OpenProject(FromQt(file));
         opened = true;
-        messages_->clear();
+        messages_->ClearMessages();
         for (const TProjectProblem& problem : host_->Ide().Problems())
             messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
         if (host_->Expert() != nullptr) host_->Expert()->RunItemClick();

@@ -33,13 +33,9 @@ void TMessagePane::GoTo(const QTreeWidgetItem& item) const {
 }
 
 void TMessagePane::AddMessage(const std::string& file, int line, const std::string& text) {
-    for (int i = topLevelItemCount() - 1; i >= 0; --i) {
-        const QTreeWidgetItem* item = topLevelItem(i);
-        if (FromQt(item->data(0, kFileRole).toString()) == file && item->data(0, kLineRole) == line &&
-            item->toolTip(2) == ToQt(text))
-            delete item;
-    }
-    auto* item = new QTreeWidgetItem(this);
+    QTreeWidgetItem*& item = shown_[{file, line, text}];
+    delete item;
+    item = new QTreeWidgetItem(this);
     item->setIcon(0, PictureOf("error"));
     item->setText(0, ToQt(FileNameOf(file)));
     item->setToolTip(0, ToQt(file));
@@ -49,6 +45,11 @@ void TMessagePane::AddMessage(const std::string& file, int line, const std::stri
     item->setData(0, kFileRole, ToQt(file));
     item->setData(0, kLineRole, line);
     scrollToItem(item);
+}
+
+void TMessagePane::ClearMessages() {
+    shown_.clear();
+    clear();
 }
 
 void TMessagePane::AddError(const std::exception& error) {

@@ -3,7 +3,9 @@
 #include <QTreeWidget>
 #include <exception>
 #include <functional>
+#include <map>
 #include <string>
+#include <tuple>
 
 namespace tml {
 
@@ -19,9 +21,12 @@ class TMessagePane : public QTreeWidget {
     void AddMessage(const std::string& file, int line, const std::string& text);
     /// With its place, where the error has one.
     void AddError(const std::exception& error);
+    void ClearMessages();
 
   private:
     void GoTo(const QTreeWidgetItem& item) const;
+
+    std::map<std::tuple<std::string, int, std::string>, QTreeWidgetItem*> shown_;
 };
 
 }  // namespace tml
