@@ -25,6 +25,18 @@
 
 namespace tml {
 
+/// Keys reach a window only when it is in front, and without a window manager it is not in front again when a
+/// box has closed.
+inline void Activate(QWidget& window) {
+    QPointer<QWidget> guard = &window;
+    EXPECT_TRUE(QTest::qWaitFor([guard] {
+        if (guard == nullptr) return true;
+        guard->activateWindow();
+        QApplication::processEvents();
+        return guard == nullptr || guard->isActiveWindow();
+    }));
+}
+
 /// The person at the workbench: what is done with each modal window, in the order in which they come. A
 /// window that nobody expects ends the test.
 class TDeskUser {
@@ -59,6 +71,7 @@ class TDeskUser {
         if (steps_.empty()) GiveUp("nobody expects " + window->objectName() + " " + window->windowTitle());
         const auto step = std::move(steps_.front());
         steps_.pop_front();
+        Activate(*window);
         step(*window);
         if (testing::Test::HasFatalFailure()) GiveUp("the window would stay open");
     }

@@ -16,14 +16,6 @@ namespace tml {
 namespace {
 
 struct TChoosers : TDesktop {
-    /// Keys reach a window only when it is in front.
-    static void Activate(QWidget& window) {
-        ASSERT_TRUE(QTest::qWaitFor([&] {
-            window.activateWindow();
-            QApplication::processEvents();
-            return QApplication::activeWindow() == &window;
-        }));
-    }
     static void Press(QWidget& window, const char* button) {
         QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton);
     }
@@ -81,14 +73,12 @@ TEST_F(TChoosers, ShowsWhatWasSkippedAndLeadsThere) {
     Context().Settings.SetSkipWords(TStringList({"READY"}));
     SelectForm("MainForm");
     User.On([&](QWidget& review) {
-        Activate(review);
         auto& found = *review.findChild<TRowTable*>("sgStrings");
         const int row = found.currentIndex().row();
         QTest::keyClick(review.findChild<QLineEdit*>("filter"), Qt::Key_Down);
         QTest::keyClick(&found, Qt::Key_Down);
         EXPECT_EQ(found.currentIndex().row(), row + 1);
         User.On([&](QWidget& window) {
-            Activate(window);
             EXPECT_EQ(window.windowTitle(), "Strings Skipped by Expert");
             auto& table = *window.findChild<QTableView*>("lvStrings");
             auto& filter = *window.findChild<QLineEdit*>("filter");
@@ -158,7 +148,6 @@ TEST_F(TChoosers, TheSkippedStringsBearTwentyThousandRows) {
             {"text number " + std::to_string(kRows - i), 1 + i % 900, 0, ssrByPhrase});
     TfrmSkippedStrings form(Context());
     User.On([&](QWidget& window) {
-        Activate(window);
         auto& table = *window.findChild<QTableView*>("lvStrings");
         EXPECT_EQ(Cell(table, 0, 1), "text number 20000") << "in the order of the scan";
         table.sortByColumn(0, Qt::AscendingOrder);

@@ -20,12 +20,6 @@
 namespace tml {
 namespace {
 
-/// Without a window manager a window is not active again when a box in front of it has closed.
-void Activate(QWidget& window) {
-    window.activateWindow();
-    QApplication::processEvents();
-}
-
 void Press(QWidget& window, const char* button) {
     // A check box answers to its box and text only, wherever the rest of its row ends.
     QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton, {}, {8, 8});
@@ -251,7 +245,6 @@ TEST_F(TOptionWindows, SeveralFilesThatExist) {
     User.On([this](QWidget& window) {
         auto& dialog = dynamic_cast<QFileDialog&>(window);
         EXPECT_EQ(dialog.nameFilters(), QStringList({"Pascal Files (*.pas)", "All files (*)"}));
-        Activate(dialog);
         Type(dialog, "fileNameEdit", "none.pas");
         User.On([](QWidget& message) { message.close(); });
         QTest::keyClick(&EditOf(dialog, "fileNameEdit"), Qt::Key_Return);
