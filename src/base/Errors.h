@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -38,6 +39,25 @@ class EmlLangSilent : public std::exception {
 class EConvertError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
+};
+
+/// Steps that must all be tried, whatever the others come to: the first error is kept and thrown in the end.
+class TAllSteps {
+  public:
+    template <typename TStep>
+    void Try(TStep&& step) {
+        try {
+            step();
+        } catch (...) {
+            if (!first_) first_ = std::current_exception();
+        }
+    }
+    void Finish() const {
+        if (first_) std::rethrow_exception(first_);
+    }
+
+  private:
+    std::exception_ptr first_;
 };
 
 }  // namespace tml

@@ -102,10 +102,11 @@ void TMainWindow::BindIde() {
     runner_.After = [this] { Follow(); };
     runner_.OnError = [this](const std::exception& error) { ReportError(error); };
     // A command ends without a word where a unit cannot be opened: the pane says why.
-    host_->Ide().ShowErrors([this](const EBadInput& error) {
+    dialogs_.OnError = [this](const std::exception& error) {
         messages_->AddError(error);
         ShowMessages();
-    });
+    };
+    host_->Ide().ShowErrors(dialogs_.OnError);
 }
 
 void TMainWindow::BindMenus() {
@@ -221,13 +222,15 @@ void TMainWindow::OpenProject(const QString& path) {
     bool opened = false;
     runner_.Run([&] {
         if (!AskToSaveAll()) return;
+        messages_->ClearMessages();
+        // An expert whose window is open hears of the new project and lists it by itself.
+        const bool listens = host_->ExpertWindow() != nullptr;
         host_->Ide().OpenProject(FromQt(file));
         opened = true;
-        messages_->ClearMessages();
-        for (const TProjectProblem& problem : host_->Ide().Problems())
-            messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
-        if (host_->Expert() != nullptr) host_->Expert()->RunItemClick();
+        if (!listens && host_->Expert() != nullptr) host_->Expert()->RunItemClick();
     });
+    for (const TProjectProblem& problem : host_->Ide().Problems())
+        messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
     if (!opened) return;
     ui_->messageDock->setVisible(messages_->topLevelItemCount() > 0);
     ui_->messageDock->raise();

@@ -14,11 +14,12 @@ namespace tml {
 class TQtDialogs : public IDialogs {
   public:
     /// To be set before anything is shown: the window that stands behind the dialogs, what the views use,
-    /// and who shows windows that stay open.
+    /// who shows windows that stay open, and who lists errors.
     QPointer<QWidget> Parent;
     std::function<const TViewServices&()> Services;
     std::function<void(TForm&)> ShowWindow;
     std::function<void(const std::string& topic)> ShowTopic;
+    std::function<void(const std::exception& error)> OnError;
 
     TModalResult MessageDlg(const std::string& text, TMsgDlgType type,
                             const TMsgDlgButtons& buttons) override;
@@ -28,6 +29,7 @@ class TQtDialogs : public IDialogs {
     bool ShowProgress(const std::string& text, int position, int maximum) override;
     void HideProgress() override { progress_.Hide(); }
     void ShowHelp(const std::string& topic) override { ShowTopic(topic); }
+    void NoteError(const std::exception& error) override { OnError(error); }
 
   private:
     /// The window in front, so that boxes stand on it.

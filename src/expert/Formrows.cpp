@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Errors.h"
 #include "base/Utf8.h"
 #include "expert/Closedforms.h"
 #include "expert/Notifiers.h"
@@ -63,10 +64,12 @@ TChoiceBox FormsBox(TContext& context, const std::string& chosen) {
 }
 
 void SortRows(TContext& context, int column, int order) {
+    TAllSteps steps;
+    steps.Try([&] { context.Settings.SetSortOrder(order); });
+    steps.Try([&] { context.Settings.SetSortedColumn(column); });
     context.Rows.FormNames.Sort(
         [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });
-    context.Settings.SetSortOrder(order);
-    context.Settings.SetSortedColumn(column);
+    steps.Finish();
 }
 
 }  // namespace tml

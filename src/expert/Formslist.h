@@ -23,7 +23,7 @@ struct TFormsList {
     TListView FormNames;
     TListView ExternalFiles;
     TFormsPage Page = TFormsPage::ProjectForms;
-    /// Rows to bring into view, by id; 0 for none.
+    /// The row to bring into view, by id; who shows the list sets it back to 0, none.
     int ScrolledTo = 0;
     std::array<std::string, 4> StatusPanels;
 

@@ -196,9 +196,11 @@ void TmlLangExpert::DockMainWindow() {
 }
 
 void TmlLangExpert::MainWindowClosed() {
-    ProjectClosed();
+    TAllSteps steps;
+    steps.Try([this] { ProjectClosed(); });
     MainWindow.reset();
     DockHost.reset();
+    steps.Finish();
 }
 
 TfrmmlLang* TmlLangExpert::Window() {
@@ -214,11 +216,15 @@ void TmlLangExpert::RunItemClick() {
     const TCommandGate::TCommand running(context_.Gate);
     context_.Project = {};
     CreateMainWindow();
-    ProjectClosed();
+    TAllSteps closing;
+    closing.Try([this] { ProjectClosed(); });
     const auto current = GetCurrentSourceEditor(context_);
-    // A list of some of the forms would pass for the whole project's.
-    if (!FillList(*project)) return ProjectClosed();
-    InitializeProjectSettings(project->GetFileName());
+    if (FillList(*project)) ShowProject(*project, current.get());
+    closing.Finish();
+}
+
+void TmlLangExpert::ShowProject(IOTAProject& project, IOTASourceEditor* current) {
+    InitializeProjectSettings(project.GetFileName());
     if (settings_.Get().OpenAllForms) OpenProjectForms();
     TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
     if (DockHost != nullptr || !MainWindow->Visible) {
@@ -232,6 +238,16 @@ void TmlLangExpert::RunItemClick() {
 }
 
 bool TmlLangExpert::FillList(IOTAProject& project) {
+    bool complete = false;
+    TAllSteps steps;
+    steps.Try([&] { complete = ReadForms(project); });
+    // A list of some of the forms would pass for the whole project's.
+    if (!complete) ProjectClosed();
+    steps.Finish();
+    return complete;
+}
+
+bool TmlLangExpert::ReadForms(IOTAProject& project) {
     const TProgressEnd end(context_.Dialogs());
     TFolderIndex folders(*host_.Files);
     const int count = project.GetModuleCount();
@@ -279,11 +295,14 @@ void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
 
 void TmlLangExpert::ProjectClosed() {
     context_.Project = {};
-    DestroyProjectSettings();
+    TAllSteps steps;
+    steps.Try([this] { DestroyProjectSettings(); });
     ClearRows(context_.Rows.FormNames);
-    if (MainWindow == nullptr) return;
-    MainWindow->CheckEnableActions();
-    MainWindow->UpdateStatusBar();
+    if (MainWindow != nullptr) {
+        MainWindow->CheckEnableActions();
+        MainWindow->UpdateStatusBar();
+    }
+    steps.Finish();
 }
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {

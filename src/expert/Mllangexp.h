@@ -49,6 +49,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     void RemoveSettings();
 
     void FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) override;
+    void FileNotificationFailed(const std::exception& error) override { context_.Dialogs().NoteError(error); }
 
     TExpertSettings& Settings() { return settings_; }
     TContext& Context() { return context_; }
@@ -65,8 +66,11 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     bool FindDockHostClass();
     void DockMainWindow();
     void MainWindowClosed();
-    /// False when the person has stopped it.
+    /// False, with an empty list, when the person has stopped it.
     bool FillList(IOTAProject& project);
+    bool ReadForms(IOTAProject& project);
+    /// The list is filled; current is the source in front, nullptr without one.
+    void ShowProject(IOTAProject& project, IOTASourceEditor* current);
     void OpenProjectForms();
     void SortAgain();
     void SelectRowOf(const std::string& sourceFile);

@@ -122,16 +122,11 @@ void TfrmmlLang::FormShow() {
 }
 
 void TfrmmlLang::FormClose() {
-    std::exception_ptr failure;
-    try {
-        Context.Settings.SetColumnWidths(ColumnWidthsText(lvFormNames));
-    } catch (const EBadInput&) {
-        failure = std::current_exception();  // told when the window is closed
-    }
+    TAllSteps steps;
+    steps.Try([this] { Context.Settings.SetColumnWidths(ColumnWidthsText(lvFormNames)); });
     // The handler may free this window, itself included: nothing of it is touched afterwards.
-    const auto onClosed = onClosed_;
-    onClosed();
-    if (failure) std::rethrow_exception(failure);
+    steps.Try([onClosed = onClosed_] { onClosed(); });
+    steps.Finish();
 }
 
 void TfrmmlLang::CheckEnableActions() {
@@ -165,8 +160,10 @@ void TfrmmlLang::UpdateStatusBar() {
 }
 
 void TfrmmlLang::lvFormNamesColumnClick(int column) {
-    SortRows(Context, column, -Context.Settings.Get().SortOrder);
+    TAllSteps steps;
+    steps.Try([&] { SortRows(Context, column, -Context.Settings.Get().SortOrder); });
     Changed();
+    steps.Finish();
 }
 
 void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {

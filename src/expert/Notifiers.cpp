@@ -74,8 +74,11 @@ void TmlAddInNotifier::FileNotification(TOTAFileNotification notifyCode, const s
         if (self->owner_ == nullptr) return;
         try {
             self->owner_->FileNotified(notifyCode, fileName);
-        } catch (const std::exception&) {
+        } catch (const EmlLangSilent&) {
+            // A unit without a form, for one: nobody needs to know.
+        } catch (const std::exception& error) {
             // Whatever goes wrong here must not interrupt the IDE.
+            if (self->owner_ != nullptr) self->owner_->FileNotificationFailed(error);
         }
     });
 }

@@ -51,6 +51,8 @@ class IFileNotified {
   public:
     virtual ~IFileNotified() = default;
     virtual void FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) = 0;
+    /// What FileNotified has thrown, but for the silent end.
+    virtual void FileNotificationFailed(const std::exception& error) = 0;
 };
 
 /// Follows the whole IDE for the expert; notifications wait while a command runs.

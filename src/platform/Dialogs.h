@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -13,7 +14,8 @@ enum class TMsgDlgType { mtWarning, mtError, mtInformation, mtConfirmation };
 /// The buttons of a message box, named by the result each gives.
 using TMsgDlgButtons = std::vector<TModalResult>;
 
-/// The person on the other side. Only commands talk to it, never a notification or a destructor.
+/// The person on the other side. Only commands talk to it, never a notification or a destructor, but for
+/// NoteError.
 class IDialogs {
   public:
     virtual ~IDialogs() = default;
@@ -35,6 +37,10 @@ class IDialogs {
     /// Opens the manual at a page, named as the window that it describes ("frmFound"), "" for the first
     /// page. Does nothing where nobody reads it.
     virtual void ShowHelp(const std::string& /*topic*/) {}
+
+    /// Lists what went wrong while the IDE was telling its news, without a box: the IDE must not be
+    /// interrupted. Does nothing where a command that needs the same finds it again.
+    virtual void NoteError(const std::exception& /*error*/) {}
 };
 
 /// Ends the progress text of an operation, however the operation ends.

@@ -121,6 +121,33 @@ TEST_F(TLifecycle, SettingsThatCannotBeWrittenDoNotKeepTheWindowFromOpeningAndCl
     EXPECT_EQ(Expert->Window(), nullptr);
 }
 
+TEST_F(TLifecycle, ProjectSettingsThatCannotBeWrittenDoNotKeepTheProject) {
+    Put("/p/Demo.mlproj", "");
+    Files.ReadOnlyFiles.insert("/p/Demo.mlproj");
+    for (const bool closesWindow : {false, true}) {
+        if (!closesWindow) Open();
+        Expert->RunItemClick();
+        Runtime->mlLangProjectSettings->SetOptionValue("DispatcherForm", std::string("Form2"));
+        if (closesWindow) {
+            EXPECT_THROW(Expert->Window()->FormClose(), EFileError);
+            EXPECT_EQ(Expert->Window(), nullptr);
+        } else {
+            EXPECT_THROW(Expert->ProjectClosed(), EFileError);
+            EXPECT_FALSE(Find(*Expert->Window()->MainMenu, "ProjectSettings1")->Enabled);
+        }
+        EXPECT_EQ(List(), "");
+    }
+}
+
+TEST_F(TLifecycle, WhatANotificationFailsWithIsNoted) {
+    Open();
+    PutForm(1, "  object mlLang1: TmlLang\n    NumOfLanguages = many\n  end\n");
+    Ide.OpenProject("/p/Demo.dpr");
+    EXPECT_EQ(List(), "") << "some of the forms would pass for all";
+    ASSERT_EQ(User.Noted.size(), 1U);
+    EXPECT_NE(User.Noted[0].find("many"), std::string::npos) << User.Noted[0];
+}
+
 TEST_F(TLifecycle, UnloadingSavesTheProjectSettings) {
     Open();
     Runtime->mlLangProjectSettings->SetOptionValue("DispatcherForm", std::string("Form2"));

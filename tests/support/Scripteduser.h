@@ -39,6 +39,7 @@ class TScriptedUser : public IDialogs {
     bool ProgressShown = false;
     std::string StopAt;  ///< the person stops at this progress text
     std::vector<TForm*> Shown;
+    std::vector<std::string> Noted;
 
     TModalResult MessageDlg(const std::string& text, TMsgDlgType, const TMsgDlgButtons& buttons) override {
         const TStep step = Next(text);
@@ -69,6 +70,7 @@ class TScriptedUser : public IDialogs {
         return text != StopAt;
     }
     void HideProgress() override { ProgressShown = false; }
+    void NoteError(const std::exception& error) override { Noted.emplace_back(error.what()); }
 
     std::string Proposed;  ///< by the last InputQuery
 
