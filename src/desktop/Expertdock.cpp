@@ -1,6 +1,7 @@
 #include "desktop/Expertdock.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 
 #include "desktop/Texts.h"
 
@@ -8,20 +9,25 @@ namespace tml {
 
 TExpertDock::TExpertDock(TfrmmlLang& form, const TViewServices& services, QWidget* parent)
     : QDockWidget(parent), form_(form), runner_(services.Runner), view_(new TFormsListView(form, services)) {
-    TForm& host = form_.Parent == nullptr ? static_cast<TForm&>(form_) : *form_.Parent;
+    const TForm& host = Host();
     setObjectName(ToQt(host.Name));
     setWindowTitle(ToQt(host.Caption));
     setWidget(view_);
     // A docked window's changes come by way of its host.
-    host.OnChange = [this] { Refresh(); };
-    connect(this, &QDockWidget::topLevelChanged, this, [this] { Refresh(); });
+    Host().OnChange = [this] { Refresh(); };
+    connect(this, &QDockWidget::topLevelChanged, this, [this](bool isApart) {
+        wasApart_ = wasApart_ || isApart;
+        Refresh();
+    });
     Refresh();
 }
 
 TExpertDock::~TExpertDock() {
-    if (gone_) return;
-    TForm& host = form_.Parent == nullptr ? static_cast<TForm&>(form_) : *form_.Parent;
-    host.OnChange = nullptr;
+    if (!gone_) Host().OnChange = nullptr;
+}
+
+TForm& TExpertDock::Host() const {
+    return form_.Parent == nullptr ? form_ : *form_.Parent;
 }
 
 void TExpertDock::Forget() {
@@ -39,12 +45,21 @@ void TExpertDock::Refresh() {
 
 void TExpertDock::FollowDocking() {
     setAllowedAreas(form_.Dockable ? Qt::AllDockWidgetAreas : Qt::NoDockWidgetArea);
-    if (!form_.Dockable && !isFloating()) setFloating(true);
+    if (!form_.Dockable && !isFloating()) SetApart();
     const bool onTop = (windowFlags() & Qt::WindowStaysOnTopHint) != 0;
     if (!isFloating() || onTop == form_.StayOnTop) return;
     const bool visible = isVisible();
     setWindowFlag(Qt::WindowStaysOnTopHint, form_.StayOnTop);
     setVisible(visible);
+}
+
+/// The first time it stands where its form says, later where it was left.
+void TExpertDock::SetApart() {
+    const bool first = !wasApart_;
+    setFloating(true);
+    if (!first) return;
+    resize(Host().ClientWidth, Host().ClientHeight);
+    if (Host().Centered) move(screen()->availableGeometry().center() - rect().center());
 }
 
 void TExpertDock::closeEvent(QCloseEvent* event) {

@@ -21,13 +21,16 @@ class TExpertDock : public QDockWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    TForm& Host() const;
     void Refresh();
     void FollowDocking();
+    void SetApart();
 
     TfrmmlLang& form_;
     TRunner& runner_;
     TFormsListView* view_;
     bool gone_ = false;
+    bool wasApart_ = false;
 };
 
 }  // namespace tml

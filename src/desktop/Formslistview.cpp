@@ -94,13 +94,11 @@ void TFormsListView::BindHeader() {
     QHeaderView& header = *ui_->lvFormNames->horizontalHeader();
     header.setSectionsClickable(true);
     header.setSortIndicatorShown(true);
+    header.setStretchLastSection(false);  // its width is stored too
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int column) { runner_.Run([&] { form_.lvFormNamesColumnClick(column); }); });
     connect(&header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        // The last column stretches: its width is that of the window.
-        auto& columns = form_.lvFormNames.Columns;
-        const auto index = static_cast<std::size_t>(column);
-        if (index + 1 < columns.size()) columns[index].Width = DesignWidth(*this, width);
+        form_.lvFormNames.Columns.at(static_cast<std::size_t>(column)).Width = DesignWidth(*this, width);
     });
 }
 
@@ -122,7 +120,7 @@ void TFormsListView::RefreshHeader() {
     QHeaderView& header = *ui_->lvFormNames->horizontalHeader();
     const QSignalBlocker quiet(&header);
     const auto& columns = form_.lvFormNames.Columns;
-    for (std::size_t i = 0; i + 1 < columns.size(); ++i)
+    for (std::size_t i = 0; i < columns.size(); ++i)
         if (header.count() > static_cast<int>(i))
             header.resizeSection(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
     const TSettingValues& settings = form_.Context.Settings.Get();
@@ -131,12 +129,14 @@ void TFormsListView::RefreshHeader() {
 }
 
 void TFormsListView::RefreshList(QTableView& table, TListView& list, TListModel& model) {
-    const bool changed = model.Refresh();
+    model.Refresh();
     SelectionFromList(table, list);
-    if (!changed) return;
-    for (int row = 0; row < list.Count(); ++row)
-        if (list.Items()[static_cast<std::size_t>(row)]->Id() == form_.Context.Rows.ScrolledTo)
+    int& wanted = form_.Context.Rows.ScrolledTo;
+    for (int row = 0; wanted != 0 && row < list.Count(); ++row)
+        if (list.Items()[static_cast<std::size_t>(row)]->Id() == wanted) {
             table.scrollTo(model.index(row, 0));
+            wanted = 0;
+        }
 }
 
 bool TFormsListView::eventFilter(QObject* watched, QEvent* event) {

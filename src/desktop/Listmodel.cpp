@@ -14,7 +14,7 @@ constexpr int kDesignCharWidth = 5;  ///< pixels
 
 }  // namespace
 
-bool TListModel::Refresh() {
+void TListModel::Refresh() {
     std::vector<int> ids;
     ids.reserve(list_.Items().size());
     for (const auto& item : list_.Items())
@@ -24,7 +24,6 @@ bool TListModel::Refresh() {
     shown_ = std::move(ids);
     if (!same) endResetModel();
     if (same) Q_EMIT dataChanged(index(0, 0), index(list_.Count() - 1, columnCount({}) - 1));
-    return !same;
 }
 
 int TListModel::rowCount(const QModelIndex& parent) const {

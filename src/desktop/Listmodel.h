@@ -18,8 +18,8 @@ class TListModel : public QAbstractTableModel {
     /// What rows are sorted by: numbers in the first column by their values.
     static constexpr int SortRole = Qt::UserRole;
 
-    /// True when the rows are others than at the last call.
-    bool Refresh();
+    /// To be called when the list has changed.
+    void Refresh();
 
     int rowCount(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex& parent) const override;

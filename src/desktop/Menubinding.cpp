@@ -46,6 +46,10 @@ void TMenuBinding::Refresh() {
     const QString signature = Signature(items);
     if (signature == shown_) return;
     shown_ = signature;
+    // They die later than the new ones look for keys that are taken.
+    for (QAction* action : keyed_)
+        if (keys_ != nullptr) keys_->removeAction(action);
+    keyed_.clear();
     for (QObject* made : made_) {
         if (auto* action = qobject_cast<QAction*>(made)) target_->removeAction(action);
         if (auto* menu = qobject_cast<QMenu*>(made)) target_->removeAction(menu->menuAction());
@@ -118,7 +122,9 @@ void TMenuBinding::SetKeys(QAction& action, TShortCut shortCut) {
     const bool known = std::any_of(others.begin(), others.end(), [&](const QAction* other) {
         return other->shortcut() == action.shortcut();
     });
-    if (!known) keys_->addAction(&action);
+    if (known) return;
+    keys_->addAction(&action);
+    keyed_ += &action;
 }
 
 }  // namespace tml

@@ -39,6 +39,7 @@ class TMenuBinding {
     bool accelerators_ = true;
     QString shown_;
     QList<QObject*> made_;
+    QList<QAction*> keyed_;  ///< made ones that keys_ answers to
 };
 
 }  // namespace tml
