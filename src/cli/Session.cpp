@@ -1,6 +1,7 @@
 #include "cli/Session.h"
 
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 #include "cli/Interrupt.h"
 #include "expert/Mllangexp.h"
@@ -75,7 +76,7 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
 
 bool TSession::PrintErrors(const std::string& subject) {
     for (const std::string& error : Answers().Errors)
-        PrintMessage(subject + ": " + error);
+        PrintMessage(Format("%s: %s", subject, error));
     return !Answers().Errors.empty();
 }
 

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <Qsci/qsciscintilla.h>
+#include <utility>
 
 #include "base/Errors.h"
 #include "desktop/Codeeditor.h"
@@ -178,7 +179,7 @@ void TMainWindow::ShowWindow(TForm& form) {
         throw std::logic_error("The window " + form.Name + " has no view.");
     if (dock_ != nullptr && &dock_->Form() != window) {
         dock_->Forget();
-        delete dock_;
+        delete std::exchange(dock_, nullptr).data();
     }
     if (dock_ == nullptr) {
         dock_ = new TExpertDock(*window, *services_, this);
