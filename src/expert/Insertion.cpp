@@ -100,7 +100,7 @@ TLinkedDispatcher FindDispatcher(TContext& context, TmlCustomLang* lang) {
 
 /// The dispatcher, where there is one and the person wants to edit it.
 std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
-                                                    std::shared_ptr<TmlLangDispatcher> dispatcher) {
+                                                    const std::shared_ptr<TmlLangDispatcher>& dispatcher) {
     if (dispatcher == nullptr) return nullptr;
     const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
                                                              TMsgDlgType::mtConfirmation, {mrYes, mrNo});
