@@ -102,6 +102,10 @@ void TfrmFound::Move(TFoundGrid& from, TFoundGrid& to, Fits fits) {
 TfrmFound::TfrmFound(TContext& context, TFoundInput input) : context_(context), input_(std::move(input)) {
     Name = "frmFound";
     Caption = Format("Found String Constants (%s)", FileNameOf(input_.FileName));
+    if (!input_.CallOf)
+        input_.CallOf = [](const TmlFoundSourceString& row, const TCallStyle& style) {
+            return ReplacementText(style, row.StrID, row.StrContent);
+        };
     for (const TmlFoundSourceString& found : input_.Found)
         sgStrings.Rows.push_back({found});
     Update();
@@ -387,7 +391,7 @@ void TfrmFound::UseMethod(const std::string& method) {
     TCallStyle style = input_.Style;
     style.ReplaceMethod = method;
     for (TFoundRow* row : Affected(sgStrings))
-        row->Record.Replacement = ReplacementText(style, row->Record.StrID, row->Record.StrContent);
+        row->Record.Replacement = input_.CallOf(row->Record, style);
     changed_ = true;
     Update();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <set>
 #include <span>
@@ -38,6 +39,8 @@ struct TFoundInput {
     TCallStyle Style;
     std::vector<TExistingString> Existing;
     TmlFoundSourceStrings Found;
+    /// Writes the call of a row in the style; empty writes it as the style says.
+    std::function<std::string(const TmlFoundSourceString& row, const TCallStyle& style)> CallOf = {};
 };
 
 /// The source lines around a row.
