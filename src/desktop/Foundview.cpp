@@ -61,6 +61,7 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
 TFoundView::~TFoundView() = default;
 
 void TFoundView::BindTable() {
+    sorted_.IsShown = [this](int row) { return form_.Shown().Rows[static_cast<std::size_t>(row)].Shown; };
     sorted_.setSourceModel(&model_);
     TRowTable& table = *ui_->sgStrings;
     table.setModel(&sorted_);
@@ -84,20 +85,14 @@ void TFoundView::BindTable() {
                 TakeSelection(selected, true);
                 TakeSelection(deselected, false);
             });
-    connect(ui_->filter, &QLineEdit::textChanged, this, &TFoundView::Filter);
+    connect(ui_->filter, &QLineEdit::textChanged, this,
+            [this](const QString& text) { services_.Runner.Run([&] { form_.SetFilter(FromQt(text)); }); });
 }
 
-void TFoundView::Filter(const QString& text) {
-    refreshing_ = true;
-    sorted_.SetText(text);
-    refreshing_ = false;
-    std::vector<int> hidden;
-    for (int row = 0; row < model_.rowCount({}); ++row)
-        if (!sorted_.mapFromSource(model_.index(row, 0)).isValid()) hidden.push_back(row);
-    services_.Runner.Run([&] {
-        form_.SelectCell(sorted_.mapToSource(sorted_.RowOrFirst(form_.Shown().Row)).row());
-        form_.SelectRows(hidden, false);
-    });
+void TFoundView::RefreshFilter() {
+    if (filter_ == form_.Filter) return;
+    filter_ = form_.Filter;
+    sorted_.Refilter();
 }
 
 // --- commands
@@ -184,6 +179,7 @@ void TFoundView::Refresh() {
         ui_->sgStrings->setFocus();
     }
     model_.Refresh();
+    RefreshFilter();
     RefreshSelection();
     refreshing_ = false;
     RefreshActions();

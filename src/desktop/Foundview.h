@@ -34,8 +34,7 @@ class TFoundView : public TView {
     void FillToolBar();
     void FillPopup();
     void BindTable();
-    /// Shows the rows that contain the text; what is hidden is no longer selected.
-    void Filter(const QString& text);
+    void RefreshFilter();
     void RefreshActions();
     void RefreshSelection();
     void RefreshPreview();
@@ -48,6 +47,7 @@ class TFoundView : public TView {
     TBinder binder_;
     TFoundModel model_;
     TRowFilter sorted_;
+    std::string filter_;  ///< the one that is shown
     std::map<QString, QAction*> actions_;
     std::array<QLabel*, 3> panels_{};
     bool refreshing_ = false;

@@ -10,27 +10,10 @@
 #include <vector>
 
 #include "expert/Context.h"
+#include "scan/Foundgrid.h"
 #include "scan/Scan.h"
 
 namespace tml {
-
-/// A row of the review with its record.
-struct TFoundRow {
-    TmlFoundSourceString Record;
-    bool Selected = false;
-};
-
-/// The grid of found or of deleted rows. Columns: line number, string ID, literal, replacement.
-struct TFoundGrid {
-    std::vector<TFoundRow> Rows;
-    int Row = 0;  ///< 0-based current row; meaningless while there is none
-
-    /// The current row, nullptr when there is none.
-    TFoundRow* Current();
-    int SelectedCount() const;
-    /// What a column (0-based) shows of a row.
-    static std::string Cell(const TFoundRow& row, int column);
-};
 
 /// What the review shows.
 struct TFoundInput {
@@ -69,6 +52,7 @@ class TfrmFound : public TForm {
     TFoundGrid sgStrings;
     TFoundGrid sgDeleted;
     bool ShowsDeleted = false;
+    std::string Filter;  ///< what the shown rows of both grids contain
     std::vector<int> GridCols{60, 100, 250, 290};
     bool NoticeVisible = true;
     int PreviewHeight = 100;
@@ -98,6 +82,8 @@ class TfrmFound : public TForm {
     void SelectCell(int row);
     /// Selects rows of the grid in front, or takes them out of the selection.
     void SelectRows(const std::vector<int>& rows, bool selected);
+    /// Shows the rows of which a cell contains the text. Commands work on shown rows only.
+    void SetFilter(const std::string& text);
     /// Takes a typed ID for a found row.
     void SetEditText(int row, const std::string& id);
 
@@ -129,9 +115,8 @@ class TfrmFound : public TForm {
     /// The selected rows of a grid, or its current row; none of a grid that is not in front.
     std::vector<TFoundRow*> Affected(TFoundGrid& grid);
     bool Confirm(const std::string& question);
-    /// Moves the rows that fit from one grid to the other; both stay in the order of the source.
-    template <typename Fits>
-    void Move(TFoundGrid& from, TFoundGrid& to, Fits fits);
+    /// Moves the shown rows that fit from one grid to the other.
+    void Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits);
     void SetID(TmlFoundSourceString& record, const std::string& id);
     void MarkRows(bool mark);
     void ExcludePhrases(const TStringList& phrases);

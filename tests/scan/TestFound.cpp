@@ -162,6 +162,68 @@ TEST_F(TFound, RemembersItsLayout) {
                                                          "FoundStrings\\NoticeVisible=bool 0"}));
 }
 
+TEST_F(TFound, CommandsLeaveHiddenRowsAlone) {
+    TfrmFound window = Make("f('one Ä', 'two', 'ONE ä', 'two', 'six');\r\n");
+    window.SelectCell(4);
+    User.OnMessage("Delete selected row (IDS_4)?", mrYes);
+    window.acDeleteRow();
+    window.acInvertSelection();
+    window.acSwitchDeleted();
+    window.acSelectRow();
+    window.acSwitchDeleted();
+    window.SelectCell(1);
+    window.SetFilter("One ä");
+    EXPECT_EQ(window.sgStrings.Row, 2) << "the next that is shown";
+    EXPECT_EQ(window.StatusPanels[2], "Selected rows: 2");
+    EXPECT_EQ(window.sgDeleted.SelectedCount(), 0);
+    window.acMarktoIgnore();
+    window.acInvertSelection();
+    EXPECT_EQ(window.sgStrings.SelectedCount(), 0);
+    window.SelectRows({1, 2}, true);
+    EXPECT_EQ(window.sgStrings.SelectedCount(), 1);
+    window.SelectCell(0);
+    User.OnInput("Input start ID (IDS_):", "70");
+    window.acStartID();
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_70|IDS_1|IDS_71|IDS_3|");
+    User.OnInput("Type string which is included in rows which should be deleted:", "o");
+    window.acDeleteRowsContains();
+    EXPECT_EQ(Column(window.sgStrings, 2), "two|ONE ä|two|");
+    window.acRemoveSelection();
+    window.SetFilter("'\xC5\xBFix'");
+    EXPECT_EQ(window.sgStrings.Current(), nullptr);
+    window.acDeleteRow();
+    window.acExclude();
+    window.acStartID();
+    window.acSwitchDeleted();
+    ASSERT_NE(window.sgDeleted.Current(), nullptr) << "a long s is an s";
+    EXPECT_EQ(window.sgDeleted.Current()->Record.StrContent, "six");
+    window.SetFilter("");
+    window.acSwitchDeleted();
+    EXPECT_EQ(window.sgStrings.Row, 1) << "what was hidden comes back as it was";
+}
+
+TEST_F(TFound, TheCurrentRowKeepsItsPlace) {
+    TfrmFound window = Make("f('a1', 'b1', 'c1', 'D1', 'e1', 'd1', 'f1');\r\n");
+    const auto current = [&] { return window.sgStrings.Current()->Record.StrContent; };
+    window.SelectCell(4);
+    window.SelectRows({0, 2}, true);
+    User.OnMessage("Delete selected rows?", mrYes);
+    window.acDeleteRow();
+    EXPECT_EQ(current(), "e1");
+    window.acSwitchDeleted();
+    window.acRestoreDeletedRow();
+    window.acSwitchDeleted();
+    EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|D1|e1|d1|f1|");
+    EXPECT_EQ(current(), "e1");
+    window.SelectCell(4);
+    User.OnMessage("Exclude all \"d1\" and add it to Skip Words for future skipping?", mrYes);
+    window.acExclude();
+    EXPECT_EQ(current(), "f1");
+    User.OnMessage("Delete selected row (IDS_6)?", mrYes);
+    window.acDeleteRow();
+    EXPECT_EQ(current(), "e1") << "the last one that is left";
+}
+
 TEST_F(TFound, RowsWithAnAdviceCanBeSelected) {
     TfrmFound window = Make(
         "unit U;\r\ninterface\r\nconst\r\n  C = 'One';\r\nimplementation\r\n"
