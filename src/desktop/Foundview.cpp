@@ -49,6 +49,8 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
         panel->setMinimumWidth(140);
         ui_->statusBar->addWidget(panel);
     }
+    ui_->splitter->setStretchFactor(0, 1);
+    ui_->splitter->setStretchFactor(1, 0);
     ui_->memPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui_->adviceIcon->setPixmap(PictureOf("advice").pixmap(16));
     binder_.Click(ui_->hideNotice, [this] { form_.HideNotice(); });
@@ -175,7 +177,8 @@ void TFoundView::Refresh() {
         laidOut_ = true;
         for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
             ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, form_.GridCols[i]));
-        ui_->splitter->setSizes({height(), form_.PreviewHeight});
+        // The least for the rows: what is left of the height goes to them.
+        ui_->splitter->setSizes({1, form_.PreviewHeight});
         ui_->sgStrings->setFocus();
     }
     model_.Refresh();
