@@ -102,10 +102,15 @@ void TFoundView::RefreshFilter() {
 QAction* TFoundView::AddAction(const QString& name, const QString& caption, std::function<void()> execute) {
     auto* action = new QAction(IconOf(FromQt(name)), caption, this);
     action->setObjectName(name);
-    connect(action, &QAction::triggered, this,
-            [this, execute = std::move(execute)] { services_.Runner.Run(execute); });
+    connect(action, &QAction::triggered, this, [this, execute = std::move(execute)] { Execute(execute); });
     addAction(action);
     return action;
+}
+
+void TFoundView::Execute(const std::function<void()>& command) {
+    // Neither a key nor a tool button takes the focus from a cell's editor.
+    ui_->sgStrings->CommitEditor();
+    services_.Runner.Run(command);
 }
 
 void TFoundView::BindActions() {
@@ -159,7 +164,7 @@ void TFoundView::FillPopup() {
     methods->setObjectName("UseMethod");
     for (const std::string& method : form_.Methods())
         connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
-                [this, &method] { services_.Runner.Run([&] { form_.UseMethod(method); }); });
+                [this, &method] { Execute([&] { form_.UseMethod(method); }); });
     ui_->sgStrings->addAction(methods->menuAction());
 }
 

@@ -39,6 +39,8 @@ class TFoundView : public TView {
     void RefreshSelection();
     void RefreshPreview();
     void TakeSelection(const QItemSelection& rows, bool selected);
+    /// Runs a command on what has been typed.
+    void Execute(const std::function<void()>& command);
     QAction* AddAction(const QString& name, const QString& caption, std::function<void()> execute);
 
     TfrmFound& form_;

@@ -1,4 +1,6 @@
 #include <QLineEdit>
+#include <QMenu>
+#include <QToolBar>
 
 #include "desktop/Deskfixture.h"
 #include "desktop/Rowtable.h"
@@ -37,6 +39,39 @@ TEST_F(TReview, ThePreviewKeepsItsHeight) {
         });
         EXPECT_NEAR(registry.ReadInteger(kKey, "PreviewHeight").value_or(0), 150, 2);
     }
+}
+
+TEST_F(TReview, WhatIsTypedCountsBeforeACommandRuns) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    Review([this](QWidget& review) {
+        TRowTable& rows = Rows(review);
+        const QString other = Cell(rows, 1, 1);
+        ASSERT_NE(Cell(rows, 0, 2), Cell(rows, 1, 2));
+        const auto type = [&](int row, const QString& id) {
+            ClickCell(rows, row, 1);
+            Press(review, Qt::Key_F2);
+            QTest::keyClicks(review.focusWidget(), id);
+        };
+        type(0, other);
+        User.Answer("The string ID \"" + other + "\" is used for different texts!", "OK");
+        Press(review, Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_EQ(Cell(rows, 0, 1), other);
+
+        type(0, "IDS_500");
+        User.On([](QWidget& input) {
+            EXPECT_EQ(input.findChild<QLineEdit*>()->text(), "500");
+            QTest::keyClick(&input, Qt::Key_Escape);
+        });
+        auto* bar = review.findChild<QToolBar*>("toolBar");
+        QTest::mouseClick(bar->widgetForAction(review.findChild<QAction*>("acStartID")), Qt::LeftButton);
+
+        type(0, "IDS_600");
+        auto* method = review.findChild<QMenu*>("UseMethod")->actions().at(1);
+        method->trigger();
+        EXPECT_TRUE(Cell(rows, 0, 3).contains(method->text() + "'IDS_600'")) << FromQt(Cell(rows, 0, 3));
+        EXPECT_EQ(rows.indexWidget(rows.currentIndex()), nullptr) << "the editor is closed";
+    });
 }
 
 }  // namespace
