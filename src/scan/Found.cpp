@@ -77,10 +77,14 @@ TFoundPreview TfrmFound::Preview() {
     std::size_t begin = 0;
     for (int line = row->Record.Line - lines.Index; line > 0; --line)
         begin = input_.Source->find('\n', begin) + 1;
-    const auto literal = static_cast<std::size_t>(row->Record.Position) - 1;
-    const std::size_t end =
-        std::min(literal - begin + static_cast<std::size_t>(row->Record.SpanLength), lines.Text.size());
-    return {std::move(lines.Text), literal - begin, end};
+    // The span may begin or end outside of them.
+    const auto inLines = [&](std::int32_t place) {
+        const auto offset = static_cast<std::size_t>(std::max(place, 1) - 1);
+        return std::clamp(offset, begin, begin + lines.Text.size()) - begin;
+    };
+    const std::size_t from = inLines(row->Record.SpanBegin);
+    const std::size_t to = inLines(row->Record.SpanEnd);
+    return {std::move(lines.Text), from, to};
 }
 
 std::string TfrmFound::Advice() {

@@ -29,7 +29,7 @@ struct TFoundInput {
 /// The source lines around a row.
 struct TFoundPreview {
     std::string Text;
-    std::size_t Begin = 0;  ///< of the literal in Text, in bytes
+    std::size_t Begin = 0;  ///< in Text, in bytes, of what the call replaces
     std::size_t End = 0;    ///< behind it
 };
 

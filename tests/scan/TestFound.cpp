@@ -44,6 +44,16 @@ TEST_F(TFound, ShowsEveryStringWithItsCall) {
     EXPECT_NE(window.Preview().Text.find("g('Two'#13);"), std::string::npos);
 }
 
+TEST_F(TFound, ThePreviewMarksWhatTheCallReplaces) {
+    TfrmFound window = Make("f(L\"One\",\r\n _T(\"Two\"));\r\ng(\"Three\"\r\n  \"Four\");\r\n", "/p/Unit1.cpp");
+    Settings.SetPreviewLines(0);
+    for (const std::string expected : {"L\"One\"", "_T(\"Two\")", "\"Three\"\r\n"}) {
+        const TFoundPreview preview = window.Preview();
+        EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), expected);
+        window.SelectCell(window.sgStrings.Row + 1);
+    }
+}
+
 TEST_F(TFound, MarksAndSelectionsCanBeTakenBackAndSkippedStringsBeSeen) {
     TfrmFound window = Make("f('One');\r\ng('Two');\r\n");
     const auto marks = [&] {

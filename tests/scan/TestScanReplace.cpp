@@ -247,6 +247,8 @@ TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
         "  B = 'Two';\nbegin\nend;\n\nend.\n");
     Prepare(2);
     Review([this](TfrmFound& window) {
+        const TFoundPreview preview = window.Preview();
+        EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), "A: PChar = 'One';");
         window.acInvertSelection();
         window.UseMethod("GetText(");
         EXPECT_EQ(window.sgStrings.Rows.at(0).Record.Replacement, "mlLang1.GetTextC('strA' (* 'One' *) )");
