@@ -22,6 +22,7 @@ struct TFoundInput {
     TCallStyle Style;
     std::vector<TExistingString> Existing;
     TmlFoundSourceStrings Found;
+    std::string IDPrefix = "IDS_";  ///< of the IDs that the scan gives out
     /// Writes the call of a row in the style; empty writes it as the style says.
     std::function<std::string(const TmlFoundSourceString& row, const TCallStyle& style)> CallOf = {};
 };

@@ -54,7 +54,7 @@ void TfrmFound::SetID(TmlFoundSourceString& record, const std::string& id) {
 void TfrmFound::acStartID() {
     const TFoundRow* current = sgStrings.Current();
     if (ShowsDeleted || current == nullptr) return;
-    const std::string& prefix = context_.Settings.Get().HCPrefix;
+    const std::string& prefix = input_.IDPrefix;
     std::string start = current->Record.StrID;
     if (start.starts_with(prefix)) start.erase(0, prefix.size());
     if (!context_.Dialogs().InputQuery(kCaption, "Input start ID (" + prefix + "):", start)) return;

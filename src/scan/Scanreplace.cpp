@@ -140,11 +140,13 @@ bool TRun::Review() {
     MergeDuplicates(strings_);
     if (consts_) consts_->FetchAnew(strings_);
     context_.Dialogs().HideProgress();
-    TFoundInput found{unitFile_, text_, style, input_.Existing, std::move(strings_)};
-    if (consts_)
+    TFoundInput found{unitFile_, text_, style, input_.Existing, std::move(strings_), input_.HCPrefix};
+    if (consts_) {
+        found.IDPrefix = context_.Settings.Get().CnstPrefix;
         found.CallOf = [this](const TmlFoundSourceString& row, const TCallStyle& rowStyle) {
             return consts_->CallOf(row, rowStyle);
         };
+    }
     TfrmFound window(context_, std::move(found));
     if (context_.Dialogs().ShowModal(window) != mrOk) return false;
     strings_ = window.Kept();

@@ -254,6 +254,10 @@ TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
         EXPECT_EQ(window.sgStrings.Rows.at(0).Record.Replacement, "mlLang1.GetTextC('strA' (* 'One' *) )");
         EXPECT_EQ(window.sgStrings.Rows.at(1).Record.Replacement,
                   "Form2.mlLang1.GetText('strB' (* 'Two' *) )");
+        User.OnInput("Input start ID (str):", "7");
+        window.acStartID();
+        EXPECT_EQ(User.Proposed, "A");
+        EXPECT_EQ(window.sgStrings.Rows[1].Record.StrID, "str8");
         User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
         window.tbCancelClick();
     });
