@@ -123,9 +123,13 @@ void TfrmFound::acExclude() {
 void TfrmFound::ExcludePhrases(const TStringList& phrases) {
     TStringList words = context_.Settings.Get().SkipWords;
     std::set<std::string> excluded;
+    bool keepsAll = true;
     for (const std::string& phrase : phrases) {
         excluded.insert(UpperCase(phrase));
-        if (words.IndexOf(phrase) < 0) words.Add(phrase);
+        // In the list each line is a phrase.
+        const bool isLine = phrase.find_first_of("\r\n") == std::string::npos;
+        keepsAll = keepsAll && isLine;
+        if (isLine && words.IndexOf(phrase) < 0) words.Add(phrase);
     }
     context_.Settings.SetSkipWords(words);
     // Hidden ones too: what is no longer found shall not be written either.
@@ -133,6 +137,12 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
         [&](const TFoundRow& row) { return excluded.contains(UpperCase(row.Record.StrContent)); });
     changed_ = true;
     Update();
+    if (!keepsAll)
+        context_.Dialogs().MessageDlg(
+            "A phrase of more than one line cannot be kept in the \"Skip Words\" option. Its rows are "
+            "removed, "
+            "but the next scan will find it again.",
+            TMsgDlgType::mtInformation, {mrOk});
 }
 
 void TfrmFound::acSwitchDeleted() {

@@ -45,7 +45,8 @@ TEST_F(TFound, ShowsEveryStringWithItsCall) {
 }
 
 TEST_F(TFound, ThePreviewMarksWhatTheCallReplaces) {
-    TfrmFound window = Make("f(L\"One\",\r\n _T(\"Two\"));\r\ng(\"Three\"\r\n  \"Four\");\r\n", "/p/Unit1.cpp");
+    TfrmFound window =
+        Make("f(L\"One\",\r\n _T(\"Two\"));\r\ng(\"Three\"\r\n  \"Four\");\r\n", "/p/Unit1.cpp");
     Settings.SetPreviewLines(0);
     for (const std::string expected : {"L\"One\"", "_T(\"Two\")", "\"Three\"\r\n"}) {
         const TFoundPreview preview = window.Preview();
@@ -141,6 +142,18 @@ TEST_F(TFound, ExcludedPhrasesGoForGood) {
     window.acExclude();
     EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok"}));
     EXPECT_TRUE(window.sgDeleted.Rows.empty());
+    TfrmFound cpp = Make("f(\"a\\nb\", \"c\\r\", \"dd\");\r\n", "/p/Unit1.cpp");
+    cpp.acInvertSelection();
+    User.OnMessage(
+        "This will exclude phrases:\r\na\nb\r\nc\r\r\ndd\r\nand add them to \"Skip Words\" option for "
+        "future skipping! Continue?",
+        mrYes);
+    User.OnMessage(
+        "A phrase of more than one line cannot be kept in the \"Skip Words\" option. Its rows are removed, "
+        "but the next scan will find it again.");
+    cpp.acExclude();
+    EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok", "dd"}));
+    EXPECT_TRUE(cpp.sgStrings.Rows.empty());
 }
 
 TEST_F(TFound, AsksBeforeItCloses) {
