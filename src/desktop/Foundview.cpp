@@ -17,9 +17,11 @@
 namespace tml {
 namespace {
 
-/// The review's commands on the tool bar, "" for a separator; the others are in the popup menu.
-constexpr std::array kToolBar{"acDeleteRow", "acExclude",       "acMarktoIgnore",      "",
-                              "acStartID",   "acSwitchDeleted", "acRestoreDeletedRow", "acViewSkipped"};
+/// The tool bar, "" for a separator; the other commands are in the popup menu.
+constexpr std::array kToolBar{
+    "ModifySource",   "Cancel", "",          "acDeleteRow",     "acExclude",
+    "acMarktoIgnore", "",       "acStartID", "acSwitchDeleted", "acRestoreDeletedRow",
+    "acViewSkipped",  "",       "Help"};
 
 /// The commands after which the popup menu has a line.
 constexpr std::array kGroupEnds{"acExclude", "acRemoveIgnoreMark", "acRestoreDeletedRow", "acViewSkipped",
@@ -99,12 +101,17 @@ void TFoundView::RefreshFilter() {
 
 // --- commands
 
-QAction* TFoundView::AddAction(const QString& name, const QString& caption, std::function<void()> execute) {
-    auto* action = new QAction(IconOf(FromQt(name)), caption, this);
-    action->setObjectName(name);
-    connect(action, &QAction::triggered, this, [this, execute = std::move(execute)] { Execute(execute); });
-    addAction(action);
-    return action;
+void TFoundView::AddAction(const TFoundAction& action) {
+    const QString name = ToQt(action.Name);
+    auto* bound = new QAction(IconOf(action.Name), ToQt(action.Caption), this);
+    bound->setObjectName(name);
+    bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
+    connect(bound, &QAction::triggered, this, [this, &action] {
+        Execute(
+            [&] { action.Execute == nullptr ? services_.ShowHelp(form_.Name) : (form_.*action.Execute)(); });
+    });
+    addAction(bound);
+    actions_[name] = bound;
 }
 
 void TFoundView::Execute(const std::function<void()>& command) {
@@ -114,12 +121,9 @@ void TFoundView::Execute(const std::function<void()>& command) {
 }
 
 void TFoundView::BindActions() {
-    for (const TFoundAction& action : TfrmFound::Actions()) {
-        QAction* bound = AddAction(ToQt(action.Name), ToQt(action.Caption),
-                                   [this, &action] { (form_.*action.Execute)(); });
-        bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
-        actions_[bound->objectName()] = bound;
-    }
+    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
+        for (const TFoundAction& action : table)
+            AddAction(action);
     const auto focusFilter = [this] {
         ui_->filter->setFocus();
         ui_->filter->selectAll();
@@ -131,23 +135,11 @@ void TFoundView::BindActions() {
 }
 
 void TFoundView::FillToolBar() {
-    QAction* modify = AddAction("ModifySource", "Modify Source", [this] { form_.tbModifyClick(); });
-    modify->setToolTip("Applies changes and modifies source unit (Ctrl+Return)");
-    modify->setShortcut(Qt::CTRL | Qt::Key_Return);
-    QAction* cancel = AddAction("Cancel", "Cancel", [this] { form_.tbCancelClick(); });
-    cancel->setToolTip("Cancels source translation");
-    ui_->toolBar->addActions({modify, cancel});
-    ui_->toolBar->addSeparator();
     for (const QString name : kToolBar) {
         if (name.isEmpty()) ui_->toolBar->addSeparator();
         if (actions_.contains(name)) ui_->toolBar->addAction(actions_[name]);
     }
     actions_["acMarktoIgnore"]->setIconText("Ignore");
-    ui_->toolBar->addSeparator();
-    QAction* help = AddAction("Help", "Help", [this] { services_.ShowHelp(form_.Name); });
-    help->setToolTip("Displays help topic (F1)");
-    help->setShortcut(QKeySequence::HelpContents);
-    ui_->toolBar->addAction(help);
 }
 
 void TFoundView::FillPopup() {
@@ -200,15 +192,19 @@ void TFoundView::Refresh() {
 }
 
 void TFoundView::RefreshActions() {
-    for (const TFoundAction& action : TfrmFound::Actions()) {
-        QAction* bound = actions_[ToQt(action.Name)];
-        bound->setText(ToQt(form_.CaptionOf(action)));
-        const std::string hint = form_.HintOf(action);
-        QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
-        if (!bound->shortcut().isEmpty())
-            tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
-        bound->setToolTip(tip);
-    }
+    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
+        for (const TFoundAction& action : table)
+            RefreshAction(action);
+}
+
+void TFoundView::RefreshAction(const TFoundAction& action) {
+    QAction* bound = actions_[ToQt(action.Name)];
+    bound->setText(ToQt(form_.CaptionOf(action)));
+    const std::string hint = form_.HintOf(action);
+    QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
+    if (!bound->shortcut().isEmpty())
+        tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
+    bound->setToolTip(tip);
 }
 
 void TFoundView::RefreshSelection() {

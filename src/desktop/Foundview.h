@@ -41,7 +41,8 @@ class TFoundView : public TView {
     void TakeSelection(const QItemSelection& rows, bool selected);
     /// Runs a command on what has been typed.
     void Execute(const std::function<void()>& command);
-    QAction* AddAction(const QString& name, const QString& caption, std::function<void()> execute);
+    void AddAction(const TFoundAction& action);
+    void RefreshAction(const TFoundAction& action);
 
     TfrmFound& form_;
     const TViewServices& services_;

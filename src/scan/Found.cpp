@@ -21,9 +21,10 @@ constexpr std::array kActions{
     TFoundAction{"acExclude", "Exclude", "Ctrl+E", &TfrmFound::acExclude},
     TFoundAction{"acMarktoIgnore", "&Mark to Ignore", "Ctrl+Shift+M", &TfrmFound::acMarktoIgnore},
     TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
-    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted},
+    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted, "Shows deleted rows"},
     TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
-    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped,
+                 "Shows the strings that were skipped, and why"},
     TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
     TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
     TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
@@ -31,6 +32,13 @@ constexpr std::array kActions{
     TFoundAction{"acDeleteRowsContains", "Delete &rows that contains...", "",
                  &TfrmFound::acDeleteRowsContains},
     TFoundAction{"acTypecastPChar", "&Typecast to PChar...", "", &TfrmFound::acTypecastPChar},
+};
+
+constexpr std::array kToolButtons{
+    TFoundAction{"ModifySource", "Modify Source", "Ctrl+Enter", &TfrmFound::tbModifyClick,
+                 "Applies changes and modifies source unit"},
+    TFoundAction{"Cancel", "Cancel", "", &TfrmFound::tbCancelClick, "Cancels source translation"},
+    TFoundAction{"Help", "Help", "F1", nullptr, "Displays help topic"},
 };
 
 }  // namespace
@@ -57,15 +65,18 @@ std::span<const TFoundAction> TfrmFound::Actions() {
     return kActions;
 }
 
+std::span<const TFoundAction> TfrmFound::ToolButtons() {
+    return kToolButtons;
+}
+
 std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
     const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
     return switchesBack ? "Found" : std::string(action.Caption);
 }
 
 std::string TfrmFound::HintOf(const TFoundAction& action) const {
-    if (action.Execute == &TfrmFound::acViewSkipped) return "Shows the strings that were skipped, and why";
-    if (action.Execute != &TfrmFound::acSwitchDeleted) return {};
-    return ShowsDeleted ? "Shows found rows" : "Shows deleted rows";
+    const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
+    return switchesBack ? "Shows found rows" : std::string(action.Hint);
 }
 
 TFoundPreview TfrmFound::Preview() {

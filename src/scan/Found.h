@@ -41,7 +41,8 @@ struct TFoundAction {
     std::string_view Name;
     std::string_view Caption;
     std::string_view ShortCut;
-    void (TfrmFound::*Execute)();
+    void (TfrmFound::*Execute)();  ///< nullptr for what the host does: help, and the entries of a menu
+    std::string_view Hint = {};    ///< what it does where the caption does not tell
 };
 
 /// The review between scanning and rewriting. What is left among the found rows when it closes with mrOk
@@ -61,12 +62,14 @@ class TfrmFound : public TForm {
 
     static const std::array<std::string, 4>& Headers();
     static std::span<const TFoundAction> Actions();
+    /// The buttons at both ends of the tool bar, whose commands are in no menu.
+    static std::span<const TFoundAction> ToolButtons();
     /// The entries of the "Use method:" menu.
     const std::vector<std::string>& Methods() const { return context_.Host.Runtime->GetTextMethods(); }
 
     /// The grid in front.
     TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
-    /// What a command is called just now, and what it does where the caption does not tell.
+    /// What a command is called just now, and its hint.
     std::string CaptionOf(const TFoundAction& action) const;
     std::string HintOf(const TFoundAction& action) const;
     /// The source lines around the current row.

@@ -74,5 +74,19 @@ TEST_F(TReview, WhatIsTypedCountsBeforeACommandRuns) {
     });
 }
 
+TEST_F(TReview, HintsNameTheKeys) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    Review([](QWidget& review) {
+        for (const auto& [name, tip] : std::initializer_list<std::pair<const char*, const char*>>{
+                 {"ModifySource", "Applies changes and modifies source unit (Ctrl+Return)"},
+                 {"Cancel", "Cancels source translation"},
+                 {"Help", "Displays help topic (F1)"},
+                 {"acExclude", "Exclude (Ctrl+E)"},
+                 {"acSwitchDeleted", "Shows deleted rows"}})
+            EXPECT_EQ(review.findChild<QAction*>(name)->toolTip(), tip);
+    });
+}
+
 }  // namespace
 }  // namespace tml
