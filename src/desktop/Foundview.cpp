@@ -152,8 +152,10 @@ void TFoundView::FillPopup() {
         line->setSeparator(true);
         ui_->sgStrings->addAction(line);
     }
-    auto* methods = new QMenu("Use method:", this);
-    methods->setObjectName("UseMethod");
+    const TFoundAction& menu = TfrmFound::MethodMenu();
+    auto* methods = new QMenu(ToQt(menu.Caption), this);
+    methods->setObjectName(ToQt(menu.Name));
+    actions_[methods->objectName()] = methods->menuAction();
     for (const std::string& method : form_.Methods())
         connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
                 [this, &method] { Execute([&] { form_.UseMethod(method); }); });
@@ -195,11 +197,13 @@ void TFoundView::RefreshActions() {
     for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
         for (const TFoundAction& action : table)
             RefreshAction(action);
+    RefreshAction(TfrmFound::MethodMenu());
 }
 
 void TFoundView::RefreshAction(const TFoundAction& action) {
     QAction* bound = actions_[ToQt(action.Name)];
     bound->setText(ToQt(form_.CaptionOf(action)));
+    bound->setEnabled(form_.EnabledOf(action));
     const std::string hint = form_.HintOf(action);
     QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
     if (!bound->shortcut().isEmpty())

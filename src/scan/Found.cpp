@@ -16,30 +16,45 @@ const std::string kKey = "\\Software\\Velmora\\TmlLang\\FoundStrings";
 const std::array<std::string, 4> kHeaders{"Line #", "String ID:", "String constant:", "Will be replaced by:"};
 
 constexpr std::array kActions{
-    TFoundAction{"acDeleteRow", "Delete", "Ctrl+Del", &TfrmFound::acDeleteRow},
-    TFoundAction{"acStartID", "Start ID...", "", &TfrmFound::acStartID},
-    TFoundAction{"acExclude", "Exclude", "Ctrl+E", &TfrmFound::acExclude},
-    TFoundAction{"acMarktoIgnore", "&Mark to Ignore", "Ctrl+Shift+M", &TfrmFound::acMarktoIgnore},
-    TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
-    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted, "Shows deleted rows"},
-    TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
-    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped,
+    TFoundAction{"acDeleteRow", "Delete", "Ctrl+Del", &TfrmFound::acDeleteRow, TFoundNeed::FoundRow},
+    TFoundAction{"acStartID", "Start ID...", "", &TfrmFound::acStartID, TFoundNeed::FoundRow},
+    TFoundAction{"acExclude", "Exclude", "Ctrl+E", &TfrmFound::acExclude, TFoundNeed::FoundRow},
+    TFoundAction{"acMarktoIgnore", "&Mark to Ignore", "Ctrl+Shift+M", &TfrmFound::acMarktoIgnore,
+                 TFoundNeed::UnmarkedRow},
+    TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark,
+                 TFoundNeed::MarkedRow},
+    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted, TFoundNeed::Nothing,
+                 "Shows deleted rows"},
+    TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow,
+                 TFoundNeed::DeletedRow},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped, TFoundNeed::Nothing,
                  "Shows the strings that were skipped, and why"},
-    TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
-    TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
-    TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
-    TFoundAction{"acSelectAdvised", "Select rows with an &advice", "", &TfrmFound::acSelectAdvised},
+    TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow, TFoundNeed::Row},
+    TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection,
+                 TFoundNeed::Row},
+    TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection,
+                 TFoundNeed::Selection},
+    TFoundAction{"acSelectAdvised", "Select rows with an &advice", "", &TfrmFound::acSelectAdvised,
+                 TFoundNeed::Advice},
     TFoundAction{"acDeleteRowsContains", "Delete &rows that contains...", "",
-                 &TfrmFound::acDeleteRowsContains},
-    TFoundAction{"acTypecastPChar", "&Typecast to PChar...", "", &TfrmFound::acTypecastPChar},
+                 &TfrmFound::acDeleteRowsContains, TFoundNeed::FoundRow},
+    TFoundAction{"acTypecastPChar", "&Typecast to PChar...", "", &TfrmFound::acTypecastPChar,
+                 TFoundNeed::FoundRow},
 };
 
 constexpr std::array kToolButtons{
     TFoundAction{"ModifySource", "Modify Source", "Ctrl+Enter", &TfrmFound::tbModifyClick,
-                 "Applies changes and modifies source unit"},
-    TFoundAction{"Cancel", "Cancel", "", &TfrmFound::tbCancelClick, "Cancels source translation"},
-    TFoundAction{"Help", "Help", "F1", nullptr, "Displays help topic"},
+                 TFoundNeed::Nothing, "Applies changes and modifies source unit"},
+    TFoundAction{"Cancel", "Cancel", "", &TfrmFound::tbCancelClick, TFoundNeed::Nothing,
+                 "Cancels source translation"},
+    TFoundAction{"Help", "Help", "F1", nullptr, TFoundNeed::Nothing, "Displays help topic"},
 };
+
+constexpr TFoundAction kMethodMenu{"UseMethod", "Use method:", "", nullptr, TFoundNeed::FoundRow};
+
+bool HasShownAdvice(const TFoundRow& row) {
+    return row.Shown && row.Record.Advice != TAdvice::None;
+}
 
 }  // namespace
 
@@ -69,6 +84,10 @@ std::span<const TFoundAction> TfrmFound::ToolButtons() {
     return kToolButtons;
 }
 
+const TFoundAction& TfrmFound::MethodMenu() {
+    return kMethodMenu;
+}
+
 std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
     const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
     return switchesBack ? "Found" : std::string(action.Caption);
@@ -77,6 +96,35 @@ std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
 std::string TfrmFound::HintOf(const TFoundAction& action) const {
     const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
     return switchesBack ? "Shows found rows" : std::string(action.Hint);
+}
+
+bool TfrmFound::EnabledOf(const TFoundAction& action) {
+    const auto anyMarked = [this](bool marked) {
+        const std::vector<TFoundRow*> rows = Affected(sgStrings);
+        return std::any_of(rows.begin(), rows.end(),
+                           [marked](const TFoundRow* row) { return row->Record.MarkedToIgnore == marked; });
+    };
+    const std::vector<TFoundRow>& rows = Shown().Rows;
+    const bool hasRow = Shown().Current() != nullptr;
+    switch (action.Need) {
+        case TFoundNeed::Nothing:
+            return true;
+        case TFoundNeed::Row:
+            return hasRow;
+        case TFoundNeed::FoundRow:
+            return hasRow && !ShowsDeleted;
+        case TFoundNeed::DeletedRow:
+            return hasRow && ShowsDeleted;
+        case TFoundNeed::MarkedRow:
+            return anyMarked(true);
+        case TFoundNeed::UnmarkedRow:
+            return anyMarked(false);
+        case TFoundNeed::Selection:
+            return Shown().SelectedCount() > 0;
+        case TFoundNeed::Advice:
+            return std::any_of(rows.begin(), rows.end(), HasShownAdvice);
+    }
+    return false;
 }
 
 TFoundPreview TfrmFound::Preview() {
@@ -203,7 +251,7 @@ void TfrmFound::acRemoveSelection() {
 
 void TfrmFound::acSelectAdvised() {
     for (TFoundRow& row : Shown().Rows)
-        row.Selected = row.Shown && row.Record.Advice != TAdvice::None;
+        row.Selected = HasShownAdvice(row);
     Update();
 }
 

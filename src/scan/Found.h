@@ -36,13 +36,17 @@ struct TFoundPreview {
 
 class TfrmFound;
 
+/// What a command of the review needs so that it does something.
+enum class TFoundNeed { Nothing, Row, FoundRow, DeletedRow, MarkedRow, UnmarkedRow, Selection, Advice };
+
 /// A command of the review.
 struct TFoundAction {
     std::string_view Name;
     std::string_view Caption;
     std::string_view ShortCut;
     void (TfrmFound::*Execute)();  ///< nullptr for what the host does: help, and the entries of a menu
-    std::string_view Hint = {};    ///< what it does where the caption does not tell
+    TFoundNeed Need = TFoundNeed::Nothing;
+    std::string_view Hint = {};  ///< what it does where the caption does not tell
 };
 
 /// The review between scanning and rewriting. What is left among the found rows when it closes with mrOk
@@ -64,6 +68,8 @@ class TfrmFound : public TForm {
     static std::span<const TFoundAction> Actions();
     /// The buttons at both ends of the tool bar, whose commands are in no menu.
     static std::span<const TFoundAction> ToolButtons();
+    /// The "Use method:" menu itself.
+    static const TFoundAction& MethodMenu();
     /// The entries of the "Use method:" menu.
     const std::vector<std::string>& Methods() const { return context_.Host.Runtime->GetTextMethods(); }
 
@@ -72,6 +78,8 @@ class TfrmFound : public TForm {
     /// What a command is called just now, and its hint.
     std::string CaptionOf(const TFoundAction& action) const;
     std::string HintOf(const TFoundAction& action) const;
+    /// Whether it would do something now.
+    bool EnabledOf(const TFoundAction& action);
     /// The source lines around the current row.
     TFoundPreview Preview();
     /// Why a call cannot stand in the current row's place, "" when it can.
@@ -122,6 +130,7 @@ class TfrmFound : public TForm {
     /// Moves the shown rows that fit from one grid to the other.
     void Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits);
     void SetID(TmlFoundSourceString& record, const std::string& id);
+    void SetReplacement(TmlFoundSourceString& record, const std::string& text);
     void MarkRows(bool mark);
     void ExcludePhrases(const TStringList& phrases);
     /// What keeps the rows from being written, "" when nothing does.

@@ -13,12 +13,11 @@ namespace {
 constexpr const char* kCaption = "TmlLang Expert";
 constexpr std::string_view kCast = "PChar(";
 
-void CastToPChar(TmlFoundSourceString& record) {
-    std::string& text = record.Replacement;
-    if (text.starts_with(kCast)) return;
+std::string CastToPChar(std::string text) {
+    if (text.starts_with(kCast)) return text;
     const bool endsStatement = text.ends_with(';');
     if (endsStatement) text.pop_back();
-    text = std::string(kCast).append(text).append(endsStatement ? ");" : ")");
+    return std::string(kCast).append(text).append(endsStatement ? ");" : ")");
 }
 
 }  // namespace
@@ -42,6 +41,7 @@ void TfrmFound::SetEditText(int row, const std::string& id) {
 
 /// The ID is the first literal of the replacement; everything around it stays.
 void TfrmFound::SetID(TmlFoundSourceString& record, const std::string& id) {
+    if (record.StrID == id) return;
     const TLanguage& language = *input_.Style.Language;
     const std::size_t begin = record.Replacement.find(language.Delimiter());
     if (begin != std::string::npos)
@@ -157,16 +157,21 @@ void TfrmFound::acViewSkipped() {
 // --- what is written
 
 void TfrmFound::MarkRows(bool mark) {
-    for (TFoundRow* row : Affected(sgStrings))
+    for (TFoundRow* row : Affected(sgStrings)) {
+        changed_ = changed_ || row->Record.MarkedToIgnore != mark;
         row->Record.MarkedToIgnore = mark;
-    changed_ = true;
+    }
     Update();
+}
+
+void TfrmFound::SetReplacement(TmlFoundSourceString& record, const std::string& text) {
+    changed_ = changed_ || record.Replacement != text;
+    record.Replacement = text;
 }
 
 void TfrmFound::acTypecastPChar() {
     for (TFoundRow* row : Affected(sgStrings))
-        CastToPChar(row->Record);
-    changed_ = true;
+        SetReplacement(row->Record, CastToPChar(row->Record.Replacement));
     Update();
 }
 
@@ -174,8 +179,7 @@ void TfrmFound::UseMethod(const std::string& method) {
     TCallStyle style = input_.Style;
     style.ReplaceMethod = method;
     for (TFoundRow* row : Affected(sgStrings))
-        row->Record.Replacement = input_.CallOf(row->Record, style);
-    changed_ = true;
+        SetReplacement(row->Record, input_.CallOf(row->Record, style));
     Update();
 }
 

@@ -156,6 +156,42 @@ TEST_F(TFound, ExcludedPhrasesGoForGood) {
     EXPECT_TRUE(cpp.sgStrings.Rows.empty());
 }
 
+TEST_F(TFound, OnlyWhatDoesSomethingIsEnabled) {
+    TfrmFound window = Make("f('a1', 'b1');\r\n");
+    const auto disabled = [&] {
+        std::string names;
+        for (const TFoundAction& action : TfrmFound::Actions())
+            if (!window.EnabledOf(action)) names += std::string(action.Name) + " ";
+        return names + (window.EnabledOf(TfrmFound::MethodMenu()) ? "" : "UseMethod ");
+    };
+    const std::string always = "acRestoreDeletedRow acRemoveSelection ";
+    EXPECT_EQ(disabled(), "acRemoveIgnoreMark " + always);
+    window.acMarktoIgnore();
+    EXPECT_EQ(disabled(), "acMarktoIgnore " + always);
+    window.acInvertSelection();
+    EXPECT_EQ(disabled(), "acRestoreDeletedRow ") << "one is marked, the other is not";
+    const std::string ofFound = "acDeleteRow acStartID acExclude acMarktoIgnore acRemoveIgnoreMark ";
+    window.acSwitchDeleted();
+    EXPECT_EQ(disabled(), ofFound +
+                              "acRestoreDeletedRow acSelectRow acInvertSelection acRemoveSelection "
+                              "acSelectAdvised acDeleteRowsContains acTypecastPChar UseMethod ");
+    window.acSwitchDeleted();
+    User.OnMessage("Delete selected rows?", mrYes);
+    window.acDeleteRow();
+    window.acSwitchDeleted();
+    EXPECT_EQ(disabled(), ofFound + "acRemoveSelection acDeleteRowsContains acTypecastPChar UseMethod ");
+}
+
+TEST_F(TFound, WhatChangesNothingIsNoChange) {
+    TfrmFound window = Make("x\r\n");
+    window.acMarktoIgnore();
+    window.acTypecastPChar();
+    window.UseMethod("GetTextC(");
+    window.acSwitchDeleted();
+    window.acRestoreDeletedRow();
+    EXPECT_TRUE(window.FormCloseQuery());
+}
+
 TEST_F(TFound, AsksBeforeItCloses) {
     TfrmFound window = Make("f('a1');\r\n");
     User.OnMessage("This will close the Found Strings form! Continue?", mrNo);
