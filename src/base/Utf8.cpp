@@ -161,6 +161,20 @@ std::string LowerCase(std::string_view text) {
     return MapCase(text, AsciiLower, u_tolower);
 }
 
+std::string FoldCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    for (std::size_t pos = 0; pos < text.size();) {
+        const char32_t codePoint = DecodeCodePoint(text, pos);
+        const auto mapped =
+            codePoint < 0x80
+                ? static_cast<char32_t>(AsciiLower(static_cast<char>(codePoint)))
+                : static_cast<char32_t>(u_foldCase(static_cast<UChar32>(codePoint), U_FOLD_CASE_DEFAULT));
+        AppendCodePoint(folded, mapped);
+    }
+    return folded;
+}
+
 int CompareText(std::string_view left, std::string_view right) {
     const std::size_t common = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < common; ++i) {

@@ -30,6 +30,10 @@ std::string_view LeftCodePoints(std::string_view text, std::size_t count);
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 
+/// The text in the form by which texts are searched without regard to case, code point to code point; other
+/// than a mapped copy it may have another length.
+std::string FoldCase(std::string_view text);
+
 /// Comparison without regard to case: below 0, 0 or above 0, by upper-cased code points.
 int CompareText(std::string_view left, std::string_view right);
 bool SameText(std::string_view left, std::string_view right);

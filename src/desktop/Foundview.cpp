@@ -17,9 +17,11 @@
 namespace tml {
 namespace {
 
-/// The review's commands on the tool bar, "" for a separator; the others are in the popup menu.
-constexpr std::array kToolBar{"acDeleteRow", "acExclude",       "acMarktoIgnore",      "",
-                              "acStartID",   "acSwitchDeleted", "acRestoreDeletedRow", "acViewSkipped"};
+/// The tool bar, "" for a separator; the other commands are in the popup menu.
+constexpr std::array kToolBar{
+    "ModifySource",   "Cancel", "",          "acDeleteRow",     "acExclude",
+    "acMarktoIgnore", "",       "acStartID", "acSwitchDeleted", "acRestoreDeletedRow",
+    "acViewSkipped",  "",       "Help"};
 
 /// The commands after which the popup menu has a line.
 constexpr std::array kGroupEnds{"acExclude", "acRemoveIgnoreMark", "acRestoreDeletedRow", "acViewSkipped",
@@ -49,6 +51,8 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
         panel->setMinimumWidth(140);
         ui_->statusBar->addWidget(panel);
     }
+    ui_->splitter->setStretchFactor(0, 1);
+    ui_->splitter->setStretchFactor(1, 0);
     ui_->memPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui_->adviceIcon->setPixmap(PictureOf("advice").pixmap(16));
     binder_.Click(ui_->hideNotice, [this] { form_.HideNotice(); });
@@ -61,6 +65,7 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
 TFoundView::~TFoundView() = default;
 
 void TFoundView::BindTable() {
+    sorted_.IsShown = [this](int row) { return form_.Shown().Rows[static_cast<std::size_t>(row)].Shown; };
     sorted_.setSourceModel(&model_);
     TRowTable& table = *ui_->sgStrings;
     table.setModel(&sorted_);
@@ -84,40 +89,41 @@ void TFoundView::BindTable() {
                 TakeSelection(selected, true);
                 TakeSelection(deselected, false);
             });
-    connect(ui_->filter, &QLineEdit::textChanged, this, &TFoundView::Filter);
+    connect(ui_->filter, &QLineEdit::textChanged, this,
+            [this](const QString& text) { services_.Runner.Run([&] { form_.SetFilter(FromQt(text)); }); });
 }
 
-void TFoundView::Filter(const QString& text) {
-    refreshing_ = true;
-    sorted_.SetText(text);
-    refreshing_ = false;
-    std::vector<int> hidden;
-    for (int row = 0; row < model_.rowCount({}); ++row)
-        if (!sorted_.mapFromSource(model_.index(row, 0)).isValid()) hidden.push_back(row);
-    services_.Runner.Run([&] {
-        form_.SelectCell(sorted_.mapToSource(sorted_.RowOrFirst(form_.Shown().Row)).row());
-        form_.SelectRows(hidden, false);
-    });
+void TFoundView::RefreshFilter() {
+    if (filter_ == form_.Filter) return;
+    filter_ = form_.Filter;
+    sorted_.Refilter();
 }
 
 // --- commands
 
-QAction* TFoundView::AddAction(const QString& name, const QString& caption, std::function<void()> execute) {
-    auto* action = new QAction(IconOf(FromQt(name)), caption, this);
-    action->setObjectName(name);
-    connect(action, &QAction::triggered, this,
-            [this, execute = std::move(execute)] { services_.Runner.Run(execute); });
-    addAction(action);
-    return action;
+void TFoundView::AddAction(const TFoundAction& action) {
+    const QString name = ToQt(action.Name);
+    auto* bound = new QAction(IconOf(action.Name), ToQt(action.Caption), this);
+    bound->setObjectName(name);
+    bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
+    connect(bound, &QAction::triggered, this, [this, &action] {
+        Execute(
+            [&] { action.Execute == nullptr ? services_.ShowHelp(form_.Name) : (form_.*action.Execute)(); });
+    });
+    addAction(bound);
+    actions_[name] = bound;
+}
+
+void TFoundView::Execute(const std::function<void()>& command) {
+    // Neither a key nor a tool button takes the focus from a cell's editor.
+    ui_->sgStrings->CommitEditor();
+    services_.Runner.Run(command);
 }
 
 void TFoundView::BindActions() {
-    for (const TFoundAction& action : TfrmFound::Actions()) {
-        QAction* bound = AddAction(ToQt(action.Name), ToQt(action.Caption),
-                                   [this, &action] { (form_.*action.Execute)(); });
-        bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
-        actions_[bound->objectName()] = bound;
-    }
+    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
+        for (const TFoundAction& action : table)
+            AddAction(action);
     const auto focusFilter = [this] {
         ui_->filter->setFocus();
         ui_->filter->selectAll();
@@ -129,23 +135,11 @@ void TFoundView::BindActions() {
 }
 
 void TFoundView::FillToolBar() {
-    QAction* modify = AddAction("ModifySource", "Modify Source", [this] { form_.tbModifyClick(); });
-    modify->setToolTip("Applies changes and modifies source unit (Ctrl+Return)");
-    modify->setShortcut(Qt::CTRL | Qt::Key_Return);
-    QAction* cancel = AddAction("Cancel", "Cancel", [this] { form_.tbCancelClick(); });
-    cancel->setToolTip("Cancels source translation");
-    ui_->toolBar->addActions({modify, cancel});
-    ui_->toolBar->addSeparator();
     for (const QString name : kToolBar) {
         if (name.isEmpty()) ui_->toolBar->addSeparator();
         if (actions_.contains(name)) ui_->toolBar->addAction(actions_[name]);
     }
     actions_["acMarktoIgnore"]->setIconText("Ignore");
-    ui_->toolBar->addSeparator();
-    QAction* help = AddAction("Help", "Help", [this] { services_.ShowHelp(form_.Name); });
-    help->setToolTip("Displays help topic (F1)");
-    help->setShortcut(QKeySequence::HelpContents);
-    ui_->toolBar->addAction(help);
 }
 
 void TFoundView::FillPopup() {
@@ -158,11 +152,13 @@ void TFoundView::FillPopup() {
         line->setSeparator(true);
         ui_->sgStrings->addAction(line);
     }
-    auto* methods = new QMenu("Use method:", this);
-    methods->setObjectName("UseMethod");
+    const TFoundAction& menu = TfrmFound::MethodMenu();
+    auto* methods = new QMenu(ToQt(menu.Caption), this);
+    methods->setObjectName(ToQt(menu.Name));
+    actions_[methods->objectName()] = methods->menuAction();
     for (const std::string& method : form_.Methods())
         connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
-                [this, &method] { services_.Runner.Run([&] { form_.UseMethod(method); }); });
+                [this, &method] { Execute([&] { form_.UseMethod(method); }); });
     ui_->sgStrings->addAction(methods->menuAction());
 }
 
@@ -180,10 +176,12 @@ void TFoundView::Refresh() {
         laidOut_ = true;
         for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
             ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, form_.GridCols[i]));
-        ui_->splitter->setSizes({height(), form_.PreviewHeight});
+        // The least for the rows: what is left of the height goes to them.
+        ui_->splitter->setSizes({1, form_.PreviewHeight});
         ui_->sgStrings->setFocus();
     }
     model_.Refresh();
+    RefreshFilter();
     RefreshSelection();
     refreshing_ = false;
     RefreshActions();
@@ -196,15 +194,21 @@ void TFoundView::Refresh() {
 }
 
 void TFoundView::RefreshActions() {
-    for (const TFoundAction& action : TfrmFound::Actions()) {
-        QAction* bound = actions_[ToQt(action.Name)];
-        bound->setText(ToQt(form_.CaptionOf(action)));
-        const std::string hint = form_.HintOf(action);
-        QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
-        if (!bound->shortcut().isEmpty())
-            tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
-        bound->setToolTip(tip);
-    }
+    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
+        for (const TFoundAction& action : table)
+            RefreshAction(action);
+    RefreshAction(TfrmFound::MethodMenu());
+}
+
+void TFoundView::RefreshAction(const TFoundAction& action) {
+    QAction* bound = actions_[ToQt(action.Name)];
+    bound->setText(ToQt(form_.CaptionOf(action)));
+    bound->setEnabled(form_.EnabledOf(action));
+    const std::string hint = form_.HintOf(action);
+    QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
+    if (!bound->shortcut().isEmpty())
+        tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
+    bound->setToolTip(tip);
 }
 
 void TFoundView::RefreshSelection() {

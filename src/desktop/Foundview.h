@@ -34,13 +34,15 @@ class TFoundView : public TView {
     void FillToolBar();
     void FillPopup();
     void BindTable();
-    /// Shows the rows that contain the text; what is hidden is no longer selected.
-    void Filter(const QString& text);
+    void RefreshFilter();
     void RefreshActions();
     void RefreshSelection();
     void RefreshPreview();
     void TakeSelection(const QItemSelection& rows, bool selected);
-    QAction* AddAction(const QString& name, const QString& caption, std::function<void()> execute);
+    /// Runs a command on what has been typed.
+    void Execute(const std::function<void()>& command);
+    void AddAction(const TFoundAction& action);
+    void RefreshAction(const TFoundAction& action);
 
     TfrmFound& form_;
     const TViewServices& services_;
@@ -48,6 +50,7 @@ class TFoundView : public TView {
     TBinder binder_;
     TFoundModel model_;
     TRowFilter sorted_;
+    std::string filter_;  ///< the one that is shown
     std::map<QString, QAction*> actions_;
     std::array<QLabel*, 3> panels_{};
     bool refreshing_ = false;

@@ -11,9 +11,13 @@ TRowFilter::TRowFilter() {
 }
 
 void TRowFilter::SetText(const QString& text) {
+    text_ = text;
+    Refilter();
+}
+
+void TRowFilter::Refilter() {
     // Told of each run of rows that goes or comes, a view would look at all others each time.
     beginResetModel();
-    text_ = text;
     ranks_.clear();
     {
         const QSignalBlocker quiet(this);
@@ -67,6 +71,7 @@ void TRowFilter::Rank(int column) const {
 }
 
 bool TRowFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
+    if (IsShown) return IsShown(row);
     if (text_.isEmpty()) return true;
     for (int column = 0; column < sourceModel()->columnCount(parent); ++column)
         if (sourceModel()->index(row, column).data().toString().contains(text_, Qt::CaseInsensitive))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSortFilterProxyModel>
+#include <functional>
 #include <vector>
 
 namespace tml {
@@ -12,6 +13,10 @@ class TRowFilter : public QSortFilterProxyModel {
 
     /// "" shows all rows. Views see new rows: current and selected ones are forgotten.
     void SetText(const QString& text);
+    /// Says which rows (0-based, of the source) are shown, for a source that knows itself; there is no text
+    /// then, and Refilter shows that it says otherwise.
+    std::function<bool(int row)> IsShown;
+    void Refilter();
     /// Where a row of the source stands; the first row where it is not shown; invalid while none is.
     QModelIndex RowOrFirst(int sourceRow) const;
 

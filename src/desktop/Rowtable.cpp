@@ -45,6 +45,14 @@ void TRowTable::selectAll() {
     QTableView::selectAll();
 }
 
+void TRowTable::CommitEditor() {
+    if (state() != EditingState) return;
+    QWidget* editor = indexWidget(currentIndex());
+    if (editor == nullptr) return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 QItemSelectionModel::SelectionFlags TRowTable::selectionCommand(const QModelIndex& index,
                                                                 const QEvent* event) const {
     const auto* input = dynamic_cast<const QInputEvent*>(event);

@@ -11,6 +11,8 @@ class TRowTable : public QTableView {
     explicit TRowTable(QWidget* parent);
 
     void selectAll() override;
+    /// Takes what stands in a cell's editor and closes it.
+    void CommitEditor();
 
   protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

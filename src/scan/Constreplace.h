@@ -23,6 +23,10 @@ class TConstRun {
     TScanResult Scan();
     /// To be called when rows have taken the IDs of other strings.
     void FetchAnew(TmlFoundSourceStrings& rows) const { tml::FetchAnew(rows, input_, records_); }
+    /// The call of one row in the style.
+    std::string CallOf(const TmlFoundSourceString& row, const TCallStyle& style) const {
+        return tml::CallOf(row, style, records_);
+    }
     /// Adds all but the strings to the change set, proven. text is what was scanned.
     void Plan(const TmlFoundSourceStrings& kept, const std::shared_ptr<const std::string>& text,
               TChangeSet& changes) const;

@@ -224,15 +224,17 @@ const TStrRec& RecordOf(const std::vector<TStrRec>& records, const TmlFoundSourc
     return *record;
 }
 
+std::string CallOf(const TmlFoundSourceString& row, TCallStyle style, const std::vector<TStrRec>& records) {
+    const TStrRec& record = RecordOf(records, row);
+    style.Reference = record.Reference;
+    if (record.IsPChar) style.ReplaceMethod = CMethodOf(style.ReplaceMethod);
+    return ReplacementText(style, row.StrID, record.StrContent);
+}
+
 void FetchAnew(TmlFoundSourceStrings& rows, const TConstInput& input, const std::vector<TStrRec>& records) {
-    const TCallStyle common = CallStyleOf(input.Scan);
-    for (TmlFoundSourceString& row : rows) {
-        const TStrRec& record = RecordOf(records, row);
-        TCallStyle style = common;
-        style.Reference = record.Reference;
-        if (record.IsPChar) style.ReplaceMethod = CMethodOf(style.ReplaceMethod);
-        row.Replacement = ReplacementText(style, row.StrID, record.StrContent);
-    }
+    const TCallStyle style = CallStyleOf(input.Scan);
+    for (TmlFoundSourceString& row : rows)
+        row.Replacement = CallOf(row, style, records);
 }
 
 std::string CMethodOf(std::string_view method) {

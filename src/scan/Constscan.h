@@ -60,6 +60,10 @@ TmlFoundSourceStrings ConstRows(const TConstInput& input, const std::vector<TStr
 /// The record that a row of ConstRows was made of; std::logic_error for another row.
 const TStrRec& RecordOf(const std::vector<TStrRec>& records, const TmlFoundSourceString& row);
 
+/// The call that fetches a row's text. style is that of the run; a constant has a reference of its own, and
+/// a PChar the C method in place of the style's.
+std::string CallOf(const TmlFoundSourceString& row, TCallStyle style, const std::vector<TStrRec>& records);
+
 /// Writes each row's call anew for its ID: rows that were given an ID of the component or of another row
 /// have taken a call that was not written for their constant.
 void FetchAnew(TmlFoundSourceStrings& rows, const TConstInput& input, const std::vector<TStrRec>& records);

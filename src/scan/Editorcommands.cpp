@@ -1,5 +1,6 @@
 #include "scan/Editorcommands.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -9,12 +10,11 @@
 #include "expert/Modules.h"
 #include "scan/Calls.h"
 #include "scan/Scanreplace.h"
+#include "scan/Skiprules.h"
 #include "source/Language.h"
 
 namespace tml {
 namespace {
-
-constexpr std::string_view kLineBreak = "\r\n";
 
 constexpr std::array kEditorCommands{
     TEditorCommand{"TranslateSourceMenu", "&Translate selected source", TranslateSourceMenuClick},
@@ -95,12 +95,9 @@ void TranslateSourceMenuClick(TContext& context) {
 void MarkSourceSelectionToSkip(TContext& context) {
     const auto editor = GetCurrentSourceEditor(context);
     if (editor == nullptr) return;
-    const TLanguage& language = LanguageOf(editor->GetFileName());
-    std::string text;
-    text.append(kLineBreak).append(language.STARTIGNORE).append(kLineBreak);
-    text.append(GetSelectedSourceText(context));
-    text.append(kLineBreak).append(language.STOPIGNORE).append(kLineBreak);
-    ReplaceSelectedSourceText(context, text);
+    // Where the block begins and ends counts for nothing here: there is always a line break.
+    const TIgnoreTags tags(LanguageOf(editor->GetFileName()), false, false);
+    ReplaceSelectedSourceText(context, tags.Before + GetSelectedSourceText(context) + tags.Behind);
 }
 
 void MarkUnTranslatableSourceMenuClick(TContext& context) {
@@ -117,7 +114,9 @@ void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found) {
     const auto editor = GetCurrentSourceEditor(context);
     if (editor == nullptr || editor->GetEditViewCount() == 0) return;
     const auto view = editor->GetEditView(0);
-    const int end = found.Position + static_cast<int>(found.StrContent.size()) + 1;
+    // The text of joined literals is shorter than what they take in the source.
+    const int end =
+        std::max(found.Position + static_cast<int>(found.StrContent.size()) + 1, found.SpanEnd - 1);
     editor->SetBlock({view->PosToCharPos(found.Position - 1).Line, 0}, {view->PosToCharPos(end).Line + 1, 0},
                      TOTABlockType::btNonInclusive);
     MarkSourceSelectionToSkip(context);

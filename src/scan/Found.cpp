@@ -7,101 +7,66 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "scan/Lines.h"
-#include "scan/Skippedstrings.h"
-#include "source/Sourcetext.h"
 
 namespace tml {
 namespace {
 
-constexpr const char* kCaption = "TmlLang Expert";
-constexpr std::string_view kCast = "PChar(";
 const std::string kKey = "\\Software\\Velmora\\TmlLang\\FoundStrings";
 
 const std::array<std::string, 4> kHeaders{"Line #", "String ID:", "String constant:", "Will be replaced by:"};
 
 constexpr std::array kActions{
-    TFoundAction{"acDeleteRow", "Delete", "Ctrl+Del", &TfrmFound::acDeleteRow},
-    TFoundAction{"acStartID", "Start ID...", "", &TfrmFound::acStartID},
-    TFoundAction{"acExclude", "Exclude", "Ctrl+E", &TfrmFound::acExclude},
-    TFoundAction{"acMarktoIgnore", "&Mark to Ignore", "Ctrl+Shift+M", &TfrmFound::acMarktoIgnore},
-    TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark},
-    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted},
-    TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow},
-    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped},
-    TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow},
-    TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection},
-    TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection},
-    TFoundAction{"acSelectAdvised", "Select rows with an &advice", "", &TfrmFound::acSelectAdvised},
+    TFoundAction{"acDeleteRow", "Delete", "Ctrl+Del", &TfrmFound::acDeleteRow, TFoundNeed::FoundRow},
+    TFoundAction{"acStartID", "Start ID...", "", &TfrmFound::acStartID, TFoundNeed::FoundRow},
+    TFoundAction{"acExclude", "Exclude", "Ctrl+E", &TfrmFound::acExclude, TFoundNeed::FoundRow},
+    TFoundAction{"acMarktoIgnore", "&Mark to Ignore", "Ctrl+Shift+M", &TfrmFound::acMarktoIgnore,
+                 TFoundNeed::UnmarkedRow},
+    TFoundAction{"acRemoveIgnoreMark", "&Remove Ignore Mark", "Ctrl+Shift+R", &TfrmFound::acRemoveIgnoreMark,
+                 TFoundNeed::MarkedRow},
+    TFoundAction{"acSwitchDeleted", "Deleted", "", &TfrmFound::acSwitchDeleted, TFoundNeed::Nothing,
+                 "Shows deleted rows"},
+    TFoundAction{"acRestoreDeletedRow", "Restore", "", &TfrmFound::acRestoreDeletedRow,
+                 TFoundNeed::DeletedRow},
+    TFoundAction{"acViewSkipped", "Excluded", "", &TfrmFound::acViewSkipped, TFoundNeed::Nothing,
+                 "Shows the strings that were skipped, and why"},
+    TFoundAction{"acSelectRow", "&Select row", "Ctrl+M", &TfrmFound::acSelectRow, TFoundNeed::Row},
+    TFoundAction{"acInvertSelection", "&Invert selection", "Ctrl+I", &TfrmFound::acInvertSelection,
+                 TFoundNeed::Row},
+    TFoundAction{"acRemoveSelection", "Re&move selection", "", &TfrmFound::acRemoveSelection,
+                 TFoundNeed::Selection},
+    TFoundAction{"acSelectAdvised", "Select rows with an &advice", "", &TfrmFound::acSelectAdvised,
+                 TFoundNeed::Advice},
     TFoundAction{"acDeleteRowsContains", "Delete &rows that contains...", "",
-                 &TfrmFound::acDeleteRowsContains},
-    TFoundAction{"acTypecastPChar", "&Typecast to PChar...", "", &TfrmFound::acTypecastPChar},
+                 &TfrmFound::acDeleteRowsContains, TFoundNeed::FoundRow},
+    TFoundAction{"acTypecastPChar", "&Typecast to PChar...", "", &TfrmFound::acTypecastPChar,
+                 TFoundNeed::FoundRow},
 };
 
-void CastToPChar(TmlFoundSourceString& record) {
-    std::string& text = record.Replacement;
-    if (text.starts_with(kCast)) return;
-    const bool endsStatement = text.ends_with(';');
-    if (endsStatement) text.pop_back();
-    text = std::string(kCast).append(text).append(endsStatement ? ");" : ")");
+constexpr std::array kToolButtons{
+    TFoundAction{"ModifySource", "Modify Source", "Ctrl+Enter", &TfrmFound::tbModifyClick,
+                 TFoundNeed::Nothing, "Applies changes and modifies source unit"},
+    TFoundAction{"Cancel", "Cancel", "", &TfrmFound::tbCancelClick, TFoundNeed::Nothing,
+                 "Cancels source translation"},
+    TFoundAction{"Help", "Help", "F1", nullptr, TFoundNeed::Nothing, "Displays help topic"},
+};
+
+constexpr TFoundAction kMethodMenu{"UseMethod", "Use method:", "", nullptr, TFoundNeed::FoundRow};
+
+bool HasShownAdvice(const TFoundRow& row) {
+    return row.Shown && row.Record.Advice != TAdvice::None;
 }
 
 }  // namespace
-
-// --- the grids
-
-TFoundRow* TFoundGrid::Current() {
-    const bool exists = Row >= 0 && Row < static_cast<int>(Rows.size());
-    return exists ? &Rows[static_cast<std::size_t>(Row)] : nullptr;
-}
-
-int TFoundGrid::SelectedCount() const {
-    return static_cast<int>(
-        std::count_if(Rows.begin(), Rows.end(), [](const TFoundRow& row) { return row.Selected; }));
-}
-
-std::string TFoundGrid::Cell(const TFoundRow& row, int column) {
-    switch (column) {
-        case 0:
-            return std::to_string(row.Record.Line + 1);
-        case 1:
-            return row.Record.StrID;
-        case 2:
-            return row.Record.StrContent;
-        default:
-            return WrittenText(row.Record);
-    }
-}
-
-std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {
-    std::vector<TFoundRow*> rows;
-    if (&grid != &Shown()) return rows;
-    for (TFoundRow& row : grid.Rows)
-        if (row.Selected) rows.push_back(&row);
-    if (rows.empty() && grid.Current() != nullptr) rows.push_back(grid.Current());
-    return rows;
-}
-
-template <typename Fits>
-void TfrmFound::Move(TFoundGrid& from, TFoundGrid& to, Fits fits) {
-    const auto moved = std::stable_partition(from.Rows.begin(), from.Rows.end(),
-                                             [&](const TFoundRow& row) { return !fits(row); });
-    changed_ = changed_ || moved != from.Rows.end();
-    for (auto row = moved; row != from.Rows.end(); ++row) {
-        row->Selected = false;
-        to.Rows.push_back(std::move(*row));
-    }
-    from.Rows.erase(moved, from.Rows.end());
-    from.Row = std::max(0, std::min(from.Row, static_cast<int>(from.Rows.size()) - 1));
-    std::stable_sort(to.Rows.begin(), to.Rows.end(), [](const TFoundRow& a, const TFoundRow& b) {
-        return a.Record.Position < b.Record.Position;
-    });
-}
 
 // --- the window
 
 TfrmFound::TfrmFound(TContext& context, TFoundInput input) : context_(context), input_(std::move(input)) {
     Name = "frmFound";
     Caption = Format("Found String Constants (%s)", FileNameOf(input_.FileName));
+    if (!input_.CallOf)
+        input_.CallOf = [](const TmlFoundSourceString& row, const TCallStyle& style) {
+            return ReplacementText(style, row.StrID, row.StrContent);
+        };
     for (const TmlFoundSourceString& found : input_.Found)
         sgStrings.Rows.push_back({found});
     Update();
@@ -115,15 +80,51 @@ std::span<const TFoundAction> TfrmFound::Actions() {
     return kActions;
 }
 
+std::span<const TFoundAction> TfrmFound::ToolButtons() {
+    return kToolButtons;
+}
+
+const TFoundAction& TfrmFound::MethodMenu() {
+    return kMethodMenu;
+}
+
 std::string TfrmFound::CaptionOf(const TFoundAction& action) const {
     const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
     return switchesBack ? "Found" : std::string(action.Caption);
 }
 
 std::string TfrmFound::HintOf(const TFoundAction& action) const {
-    if (action.Execute == &TfrmFound::acViewSkipped) return "Shows the strings that were skipped, and why";
-    if (action.Execute != &TfrmFound::acSwitchDeleted) return {};
-    return ShowsDeleted ? "Shows found rows" : "Shows deleted rows";
+    const bool switchesBack = ShowsDeleted && action.Execute == &TfrmFound::acSwitchDeleted;
+    return switchesBack ? "Shows found rows" : std::string(action.Hint);
+}
+
+bool TfrmFound::EnabledOf(const TFoundAction& action) {
+    const auto anyMarked = [this](bool marked) {
+        const std::vector<TFoundRow*> rows = Affected(sgStrings);
+        return std::any_of(rows.begin(), rows.end(),
+                           [marked](const TFoundRow* row) { return row->Record.MarkedToIgnore == marked; });
+    };
+    const std::vector<TFoundRow>& rows = Shown().Rows;
+    const bool hasRow = Shown().Current() != nullptr;
+    switch (action.Need) {
+        case TFoundNeed::Nothing:
+            return true;
+        case TFoundNeed::Row:
+            return hasRow;
+        case TFoundNeed::FoundRow:
+            return hasRow && !ShowsDeleted;
+        case TFoundNeed::DeletedRow:
+            return hasRow && ShowsDeleted;
+        case TFoundNeed::MarkedRow:
+            return anyMarked(true);
+        case TFoundNeed::UnmarkedRow:
+            return anyMarked(false);
+        case TFoundNeed::Selection:
+            return Shown().SelectedCount() > 0;
+        case TFoundNeed::Advice:
+            return std::any_of(rows.begin(), rows.end(), HasShownAdvice);
+    }
+    return false;
 }
 
 TFoundPreview TfrmFound::Preview() {
@@ -135,10 +136,14 @@ TFoundPreview TfrmFound::Preview() {
     std::size_t begin = 0;
     for (int line = row->Record.Line - lines.Index; line > 0; --line)
         begin = input_.Source->find('\n', begin) + 1;
-    const auto literal = static_cast<std::size_t>(row->Record.Position) - 1;
-    const std::size_t end =
-        std::min(literal - begin + static_cast<std::size_t>(row->Record.SpanLength), lines.Text.size());
-    return {std::move(lines.Text), literal - begin, end};
+    // The span may begin or end outside of them.
+    const auto inLines = [&](std::int32_t place) {
+        const auto offset = static_cast<std::size_t>(std::max(place, 1) - 1);
+        return std::clamp(offset, begin, begin + lines.Text.size()) - begin;
+    };
+    const std::size_t from = inLines(row->Record.SpanBegin);
+    const std::size_t to = inLines(row->Record.SpanEnd);
+    return {std::move(lines.Text), from, to};
 }
 
 std::string TfrmFound::Advice() {
@@ -206,8 +211,17 @@ void TfrmFound::SelectCell(int row) {
 }
 
 void TfrmFound::SelectRows(const std::vector<int>& rows, bool selected) {
-    for (const int row : rows)
-        Shown().Rows.at(static_cast<std::size_t>(row)).Selected = selected;
+    for (const int index : rows) {
+        TFoundRow& row = Shown().Rows.at(static_cast<std::size_t>(index));
+        row.Selected = selected && row.Shown;
+    }
+    Update();
+}
+
+void TfrmFound::SetFilter(const std::string& text) {
+    Filter = text;
+    sgStrings.Filter(text);
+    sgDeleted.Filter(text);
     Update();
 }
 
@@ -216,43 +230,32 @@ void TfrmFound::HideNotice() {
     Changed();
 }
 
-// --- string IDs
+// --- selection
 
-void TfrmFound::SetEditText(int row, const std::string& id) {
-    SetID(sgStrings.Rows.at(static_cast<std::size_t>(row)).Record, id);
+void TfrmFound::acSelectRow() {
+    if (TFoundRow* row = Shown().Current()) row->Selected = !row->Selected;
     Update();
 }
 
-/// The ID is the first literal of the replacement; everything around it stays.
-void TfrmFound::SetID(TmlFoundSourceString& record, const std::string& id) {
-    const TLanguage& language = *input_.Style.Language;
-    const std::size_t begin = record.Replacement.find(language.Delimiter());
-    if (begin != std::string::npos)
-        record.Replacement.replace(begin + 1, EncodeLiteralBody(record.StrID, language).size(),
-                                   EncodeLiteralBody(id, language));
-    record.StrID = id;
-    changed_ = true;
-}
-
-void TfrmFound::acStartID() {
-    const TFoundRow* current = sgStrings.Current();
-    if (ShowsDeleted || current == nullptr) return;
-    const std::string& prefix = context_.Settings.Get().HCPrefix;
-    std::string start = current->Record.StrID;
-    if (start.starts_with(prefix)) start.erase(0, prefix.size());
-    if (!context_.Dialogs().InputQuery(kCaption, "Input start ID (" + prefix + "):", start)) return;
-    std::int64_t number = 0;
-    try {
-        number = ToInteger(start);
-    } catch (const EConvertError&) {
-        context_.Dialogs().MessageDlg("For automatic generation start ID shall be integer!",
-                                      TMsgDlgType::mtError, {mrOk});
-        return;
-    }
-    for (auto row = static_cast<std::size_t>(sgStrings.Row); row < sgStrings.Rows.size(); ++row)
-        SetID(sgStrings.Rows[row].Record, prefix + std::to_string(number++));
+void TfrmFound::acInvertSelection() {
+    for (TFoundRow& row : Shown().Rows)
+        row.Selected = row.Shown && !row.Selected;
     Update();
 }
+
+void TfrmFound::acRemoveSelection() {
+    for (TFoundRow& row : Shown().Rows)
+        row.Selected = false;
+    Update();
+}
+
+void TfrmFound::acSelectAdvised() {
+    for (TFoundRow& row : Shown().Rows)
+        row.Selected = HasShownAdvice(row);
+    Update();
+}
+
+// --- the way out
 
 std::string TfrmFound::FindConflict() const {
     std::map<std::string, std::set<std::string>> known;  // upper-cased IDs to their texts
@@ -267,129 +270,6 @@ std::string TfrmFound::FindConflict() const {
         texts.insert(row.Record.StrContent);
     }
     return {};
-}
-
-// --- deleting, restoring, excluding
-
-void TfrmFound::acDeleteRow() {
-    if (ShowsDeleted) return;
-    const bool several = sgStrings.SelectedCount() > 0;
-    TFoundRow* current = sgStrings.Current();
-    if (!several && current == nullptr) return;
-    if (!Confirm(several ? "Delete selected rows?" : "Delete selected row (" + current->Record.StrID + ")?"))
-        return;
-    if (!several) current->Selected = true;
-    Move(sgStrings, sgDeleted, [](const TFoundRow& row) { return row.Selected; });
-    Update();
-}
-
-void TfrmFound::acRestoreDeletedRow() {
-    for (TFoundRow* row : Affected(sgDeleted))
-        row->Selected = true;
-    Move(sgDeleted, sgStrings, [](const TFoundRow& row) { return row.Selected; });
-    Update();
-}
-
-void TfrmFound::acDeleteRowsContains() {
-    if (ShowsDeleted) return;
-    std::string& part = context_.ExcludeRowsTypedStr;
-    std::string answer = part;
-    if (!context_.Dialogs().InputQuery(
-            kCaption, "Type string which is included in rows which should be deleted:", answer))
-        return;
-    part = answer;
-    Move(sgStrings, sgDeleted, [&](const TFoundRow& row) { return Contains(row.Record.StrContent, part); });
-    Update();
-}
-
-void TfrmFound::acExclude() {
-    TStringList phrases;
-    for (const TFoundRow* row : Affected(sgStrings))
-        if (phrases.IndexOf(row->Record.StrContent) < 0) phrases.Add(row->Record.StrContent);
-    if (phrases.Empty()) return;
-    std::string lines = phrases.Text();
-    lines.erase(lines.size() - 2);
-    const bool agreed =
-        phrases.Count() == 1
-            ? Confirm(Format("Exclude all \"%s\" and add it to Skip Words for future skipping?", phrases[0]))
-            : Confirm(Format("This will exclude phrases:\r\n%s\r\nand add them to \"Skip Words\" option for "
-                             "future skipping! Continue?",
-                             lines));
-    if (agreed) ExcludePhrases(phrases);
-}
-
-void TfrmFound::ExcludePhrases(const TStringList& phrases) {
-    TStringList words = context_.Settings.Get().SkipWords;
-    std::set<std::string> excluded;
-    for (const std::string& phrase : phrases) {
-        excluded.insert(UpperCase(phrase));
-        if (words.IndexOf(phrase) < 0) words.Add(phrase);
-    }
-    context_.Settings.SetSkipWords(words);
-    std::erase_if(sgStrings.Rows,
-                  [&](const TFoundRow& row) { return excluded.contains(UpperCase(row.Record.StrContent)); });
-    sgStrings.Row = 0;
-    changed_ = true;
-    Update();
-}
-
-void TfrmFound::acSwitchDeleted() {
-    ShowsDeleted = !ShowsDeleted;
-    Update();
-}
-
-void TfrmFound::acViewSkipped() {
-    ViewSkipped(context_);
-}
-
-// --- selection
-
-void TfrmFound::acSelectRow() {
-    if (TFoundRow* row = Shown().Current()) row->Selected = !row->Selected;
-    Update();
-}
-
-void TfrmFound::acInvertSelection() {
-    for (TFoundRow& row : Shown().Rows)
-        row.Selected = !row.Selected;
-    Update();
-}
-
-void TfrmFound::acRemoveSelection() {
-    for (TFoundRow& row : Shown().Rows)
-        row.Selected = false;
-    Update();
-}
-
-void TfrmFound::acSelectAdvised() {
-    for (TFoundRow& row : Shown().Rows)
-        row.Selected = row.Record.Advice != TAdvice::None;
-    Update();
-}
-
-// --- what is written
-
-void TfrmFound::MarkRows(bool mark) {
-    for (TFoundRow* row : Affected(sgStrings))
-        row->Record.MarkedToIgnore = mark;
-    changed_ = true;
-    Update();
-}
-
-void TfrmFound::acTypecastPChar() {
-    for (TFoundRow* row : Affected(sgStrings))
-        CastToPChar(row->Record);
-    changed_ = true;
-    Update();
-}
-
-void TfrmFound::UseMethod(const std::string& method) {
-    TCallStyle style = input_.Style;
-    style.ReplaceMethod = method;
-    for (TFoundRow* row : Affected(sgStrings))
-        row->Record.Replacement = ReplacementText(style, row->Record.StrID, row->Record.StrContent);
-    changed_ = true;
-    Update();
 }
 
 void TfrmFound::tbModifyClick() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <set>
 #include <span>
@@ -9,27 +10,10 @@
 #include <vector>
 
 #include "expert/Context.h"
+#include "scan/Foundgrid.h"
 #include "scan/Scan.h"
 
 namespace tml {
-
-/// A row of the review with its record.
-struct TFoundRow {
-    TmlFoundSourceString Record;
-    bool Selected = false;
-};
-
-/// The grid of found or of deleted rows. Columns: line number, string ID, literal, replacement.
-struct TFoundGrid {
-    std::vector<TFoundRow> Rows;
-    int Row = 0;  ///< 0-based current row; meaningless while there is none
-
-    /// The current row, nullptr when there is none.
-    TFoundRow* Current();
-    int SelectedCount() const;
-    /// What a column (0-based) shows of a row.
-    static std::string Cell(const TFoundRow& row, int column);
-};
 
 /// What the review shows.
 struct TFoundInput {
@@ -38,23 +22,31 @@ struct TFoundInput {
     TCallStyle Style;
     std::vector<TExistingString> Existing;
     TmlFoundSourceStrings Found;
+    std::string IDPrefix = "IDS_";  ///< of the IDs that the scan gives out
+    /// Writes the call of a row in the style; empty writes it as the style says.
+    std::function<std::string(const TmlFoundSourceString& row, const TCallStyle& style)> CallOf = {};
 };
 
 /// The source lines around a row.
 struct TFoundPreview {
     std::string Text;
-    std::size_t Begin = 0;  ///< of the literal in Text, in bytes
+    std::size_t Begin = 0;  ///< in Text, in bytes, of what the call replaces
     std::size_t End = 0;    ///< behind it
 };
 
 class TfrmFound;
+
+/// What a command of the review needs so that it does something.
+enum class TFoundNeed { Nothing, Row, FoundRow, DeletedRow, MarkedRow, UnmarkedRow, Selection, Advice };
 
 /// A command of the review.
 struct TFoundAction {
     std::string_view Name;
     std::string_view Caption;
     std::string_view ShortCut;
-    void (TfrmFound::*Execute)();
+    void (TfrmFound::*Execute)();  ///< nullptr for what the host does: help, and the entries of a menu
+    TFoundNeed Need = TFoundNeed::Nothing;
+    std::string_view Hint = {};  ///< what it does where the caption does not tell
 };
 
 /// The review between scanning and rewriting. What is left among the found rows when it closes with mrOk
@@ -66,6 +58,7 @@ class TfrmFound : public TForm {
     TFoundGrid sgStrings;
     TFoundGrid sgDeleted;
     bool ShowsDeleted = false;
+    std::string Filter;  ///< what the shown rows of both grids contain
     std::vector<int> GridCols{60, 100, 250, 290};
     bool NoticeVisible = true;
     int PreviewHeight = 100;
@@ -73,14 +66,20 @@ class TfrmFound : public TForm {
 
     static const std::array<std::string, 4>& Headers();
     static std::span<const TFoundAction> Actions();
+    /// The buttons at both ends of the tool bar, whose commands are in no menu.
+    static std::span<const TFoundAction> ToolButtons();
+    /// The "Use method:" menu itself.
+    static const TFoundAction& MethodMenu();
     /// The entries of the "Use method:" menu.
     const std::vector<std::string>& Methods() const { return context_.Host.Runtime->GetTextMethods(); }
 
     /// The grid in front.
     TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
-    /// What a command is called just now, and what it does where the caption does not tell.
+    /// What a command is called just now, and its hint.
     std::string CaptionOf(const TFoundAction& action) const;
     std::string HintOf(const TFoundAction& action) const;
+    /// Whether it would do something now.
+    bool EnabledOf(const TFoundAction& action);
     /// The source lines around the current row.
     TFoundPreview Preview();
     /// Why a call cannot stand in the current row's place, "" when it can.
@@ -95,6 +94,8 @@ class TfrmFound : public TForm {
     void SelectCell(int row);
     /// Selects rows of the grid in front, or takes them out of the selection.
     void SelectRows(const std::vector<int>& rows, bool selected);
+    /// Shows the rows of which a cell contains the text. Commands work on shown rows only.
+    void SetFilter(const std::string& text);
     /// Takes a typed ID for a found row.
     void SetEditText(int row, const std::string& id);
 
@@ -126,10 +127,10 @@ class TfrmFound : public TForm {
     /// The selected rows of a grid, or its current row; none of a grid that is not in front.
     std::vector<TFoundRow*> Affected(TFoundGrid& grid);
     bool Confirm(const std::string& question);
-    /// Moves the rows that fit from one grid to the other; both stay in the order of the source.
-    template <typename Fits>
-    void Move(TFoundGrid& from, TFoundGrid& to, Fits fits);
+    /// Moves the shown rows that fit from one grid to the other.
+    void Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits);
     void SetID(TmlFoundSourceString& record, const std::string& id);
+    void SetReplacement(TmlFoundSourceString& record, const std::string& text);
     void MarkRows(bool mark);
     void ExcludePhrases(const TStringList& phrases);
     /// What keeps the rows from being written, "" when nothing does.

@@ -11,8 +11,6 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kLineBreak = "\r\n";
-
 std::size_t BehindLine(std::string_view text, std::size_t pos) {
     const std::size_t end = text.find('\n', pos);
     return end == std::string_view::npos ? text.size() : end + 1;
@@ -98,11 +96,9 @@ TEdits TagEdits(const TmlFoundSourceStrings& rows, const TSourceText& source) {
     TEdits edits;
     for (const TTextRange& range : IgnoredLines(rows, source)) {
         const bool lastLineEnds = source.Text()[range.End - 1] == '\n';
-        edits.push_back(
-            {range.Begin, range.Begin, std::string(source.Language().STARTIGNORE).append(kLineBreak)});
-        std::string stop(lastLineEnds ? "" : kLineBreak);
-        stop.append(source.Language().STOPIGNORE).append(kLineBreak);
-        edits.push_back({range.End, range.End, stop});
+        TIgnoreTags tags(source.Language(), true, lastLineEnds);
+        edits.push_back({range.Begin, range.Begin, std::move(tags.Before)});
+        edits.push_back({range.End, range.End, std::move(tags.Behind)});
     }
     return edits;
 }

@@ -140,7 +140,14 @@ bool TRun::Review() {
     MergeDuplicates(strings_);
     if (consts_) consts_->FetchAnew(strings_);
     context_.Dialogs().HideProgress();
-    TfrmFound window(context_, {unitFile_, text_, style, input_.Existing, std::move(strings_)});
+    TFoundInput found{unitFile_, text_, style, input_.Existing, std::move(strings_), input_.HCPrefix};
+    if (consts_) {
+        found.IDPrefix = context_.Settings.Get().CnstPrefix;
+        found.CallOf = [this](const TmlFoundSourceString& row, const TCallStyle& rowStyle) {
+            return consts_->CallOf(row, rowStyle);
+        };
+    }
+    TfrmFound window(context_, std::move(found));
     if (context_.Dialogs().ShowModal(window) != mrOk) return false;
     strings_ = window.Kept();
     return !strings_.Empty();

@@ -8,6 +8,8 @@
 namespace tml {
 namespace {
 
+constexpr std::string_view kLineBreak = "\r\n";
+
 char AsciiUpper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
@@ -88,6 +90,12 @@ bool TTagState::NextLine(std::string_view line) {
     inBlock_ = translateNext_;
     translateNext_ = false;
     return true;
+}
+
+TIgnoreTags::TIgnoreTags(const TLanguage& language, bool beginsLine, bool endsLine)
+    : Before(beginsLine ? "" : kLineBreak), Behind(endsLine ? "" : kLineBreak) {
+    Before.append(language.STARTIGNORE).append(kLineBreak);
+    Behind.append(language.STOPIGNORE).append(kLineBreak);
 }
 
 bool IsTagLine(std::string_view line, const TLanguage& language) {

@@ -85,6 +85,15 @@ class TTagState {
 /// True when the line, blanks around it aside, is one of the five tags.
 bool IsTagLine(std::string_view line, const TLanguage& language);
 
+/// What goes in front of a text and behind it so that later scans take nothing of it: each tag on a line of
+/// its own, whether or not the text begins at the start of a line and ends with a line's end.
+struct TIgnoreTags {
+    TIgnoreTags(const TLanguage& language, bool beginsLine, bool endsLine);
+
+    std::string Before;
+    std::string Behind;
+};
+
 /// True when a line of the text can change a TTagState, so that its lines have to be followed.
 bool HasTagLines(std::string_view text, const TLanguage& language);
 

@@ -103,6 +103,9 @@ TEST_F(TEditorCommands, TheLinesOfAFoundStringAreEnclosed) {
         {"Helper.cpp", "a\r\n  F(\"One\"\r\n  \"Two\");\r\nb\r\n",
          "a\r\n\r\n/*TML:IGNORE ON*/\r\n  F(\"One\"\r\n  \"Two\");\r\n\r\n/*TML:IGNORE OFF*/\r\nb\r\n",
          "OneTwo"},
+        {"Joined.cpp", "F(\"One\"\r\n  L\"\"\r\n  \"T\");\r\nb\r\n",
+         "\r\n/*TML:IGNORE ON*/\r\nF(\"One\"\r\n  L\"\"\r\n  \"T\");\r\n\r\n/*TML:IGNORE OFF*/\r\nb\r\n",
+         "OneT"},
     };
     Open();
     for (const TRow& row : rows) {
@@ -112,6 +115,7 @@ TEST_F(TEditorCommands, TheLinesOfAFoundStringAreEnclosed) {
         TmlFoundSourceString found;
         found.Position = static_cast<int>(row.Text.find("One"));
         found.StrContent = row.Content;
+        found.SpanEnd = static_cast<std::int32_t>(row.Text.find(");") + 1);
         MarkStringToSkip(Context(), found);
         EXPECT_EQ(*editor->GetText(), row.Marked);
     }

@@ -44,6 +44,17 @@ TEST_F(TFound, ShowsEveryStringWithItsCall) {
     EXPECT_NE(window.Preview().Text.find("g('Two'#13);"), std::string::npos);
 }
 
+TEST_F(TFound, ThePreviewMarksWhatTheCallReplaces) {
+    TfrmFound window =
+        Make("f(L\"One\",\r\n _T(\"Two\"));\r\ng(\"Three\"\r\n  \"Four\");\r\n", "/p/Unit1.cpp");
+    Settings.SetPreviewLines(0);
+    for (const std::string expected : {"L\"One\"", "_T(\"Two\")", "\"Three\"\r\n"}) {
+        const TFoundPreview preview = window.Preview();
+        EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), expected);
+        window.SelectCell(window.sgStrings.Row + 1);
+    }
+}
+
 TEST_F(TFound, MarksAndSelectionsCanBeTakenBackAndSkippedStringsBeSeen) {
     TfrmFound window = Make("f('One');\r\ng('Two');\r\n");
     const auto marks = [&] {
@@ -131,6 +142,54 @@ TEST_F(TFound, ExcludedPhrasesGoForGood) {
     window.acExclude();
     EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok"}));
     EXPECT_TRUE(window.sgDeleted.Rows.empty());
+    TfrmFound cpp = Make("f(\"a\\nb\", \"c\\r\", \"dd\");\r\n", "/p/Unit1.cpp");
+    cpp.acInvertSelection();
+    User.OnMessage(
+        "This will exclude phrases:\r\na\nb\r\nc\r\r\ndd\r\nand add them to \"Skip Words\" option for "
+        "future skipping! Continue?",
+        mrYes);
+    User.OnMessage(
+        "A phrase of more than one line cannot be kept in the \"Skip Words\" option. Its rows are removed, "
+        "but the next scan will find it again.");
+    cpp.acExclude();
+    EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok", "dd"}));
+    EXPECT_TRUE(cpp.sgStrings.Rows.empty());
+}
+
+TEST_F(TFound, OnlyWhatDoesSomethingIsEnabled) {
+    TfrmFound window = Make("f('a1', 'b1');\r\n");
+    const auto disabled = [&] {
+        std::string names;
+        for (const TFoundAction& action : TfrmFound::Actions())
+            if (!window.EnabledOf(action)) names += std::string(action.Name) + " ";
+        return names + (window.EnabledOf(TfrmFound::MethodMenu()) ? "" : "UseMethod ");
+    };
+    const std::string always = "acRestoreDeletedRow acRemoveSelection ";
+    EXPECT_EQ(disabled(), "acRemoveIgnoreMark " + always);
+    window.acMarktoIgnore();
+    EXPECT_EQ(disabled(), "acMarktoIgnore " + always);
+    window.acInvertSelection();
+    EXPECT_EQ(disabled(), "acRestoreDeletedRow ") << "one is marked, the other is not";
+    const std::string ofFound = "acDeleteRow acStartID acExclude acMarktoIgnore acRemoveIgnoreMark ";
+    window.acSwitchDeleted();
+    EXPECT_EQ(disabled(), ofFound +
+                              "acRestoreDeletedRow acSelectRow acInvertSelection acRemoveSelection "
+                              "acSelectAdvised acDeleteRowsContains acTypecastPChar UseMethod ");
+    window.acSwitchDeleted();
+    User.OnMessage("Delete selected rows?", mrYes);
+    window.acDeleteRow();
+    window.acSwitchDeleted();
+    EXPECT_EQ(disabled(), ofFound + "acRemoveSelection acDeleteRowsContains acTypecastPChar UseMethod ");
+}
+
+TEST_F(TFound, WhatChangesNothingIsNoChange) {
+    TfrmFound window = Make("x\r\n");
+    window.acMarktoIgnore();
+    window.acTypecastPChar();
+    window.UseMethod("GetTextC(");
+    window.acSwitchDeleted();
+    window.acRestoreDeletedRow();
+    EXPECT_TRUE(window.FormCloseQuery());
 }
 
 TEST_F(TFound, AsksBeforeItCloses) {
@@ -160,6 +219,68 @@ TEST_F(TFound, RemembersItsLayout) {
     window.FormClose();
     EXPECT_EQ(Registry.Writes, (std::vector<std::string>{"FoundStrings\\GridCols=string 1,100,3,290",
                                                          "FoundStrings\\NoticeVisible=bool 0"}));
+}
+
+TEST_F(TFound, CommandsLeaveHiddenRowsAlone) {
+    TfrmFound window = Make("f('one Ä', 'two', 'ONE ä', 'two', 'six');\r\n");
+    window.SelectCell(4);
+    User.OnMessage("Delete selected row (IDS_4)?", mrYes);
+    window.acDeleteRow();
+    window.acInvertSelection();
+    window.acSwitchDeleted();
+    window.acSelectRow();
+    window.acSwitchDeleted();
+    window.SelectCell(1);
+    window.SetFilter("One ä");
+    EXPECT_EQ(window.sgStrings.Row, 2) << "the next that is shown";
+    EXPECT_EQ(window.StatusPanels[2], "Selected rows: 2");
+    EXPECT_EQ(window.sgDeleted.SelectedCount(), 0);
+    window.acMarktoIgnore();
+    window.acInvertSelection();
+    EXPECT_EQ(window.sgStrings.SelectedCount(), 0);
+    window.SelectRows({1, 2}, true);
+    EXPECT_EQ(window.sgStrings.SelectedCount(), 1);
+    window.SelectCell(0);
+    User.OnInput("Input start ID (IDS_):", "70");
+    window.acStartID();
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_70|IDS_1|IDS_71|IDS_3|");
+    User.OnInput("Type string which is included in rows which should be deleted:", "o");
+    window.acDeleteRowsContains();
+    EXPECT_EQ(Column(window.sgStrings, 2), "two|ONE ä|two|");
+    window.acRemoveSelection();
+    window.SetFilter("'\xC5\xBFix'");
+    EXPECT_EQ(window.sgStrings.Current(), nullptr);
+    window.acDeleteRow();
+    window.acExclude();
+    window.acStartID();
+    window.acSwitchDeleted();
+    ASSERT_NE(window.sgDeleted.Current(), nullptr) << "a long s is an s";
+    EXPECT_EQ(window.sgDeleted.Current()->Record.StrContent, "six");
+    window.SetFilter("");
+    window.acSwitchDeleted();
+    EXPECT_EQ(window.sgStrings.Row, 1) << "what was hidden comes back as it was";
+}
+
+TEST_F(TFound, TheCurrentRowKeepsItsPlace) {
+    TfrmFound window = Make("f('a1', 'b1', 'c1', 'D1', 'e1', 'd1', 'f1');\r\n");
+    const auto current = [&] { return window.sgStrings.Current()->Record.StrContent; };
+    window.SelectCell(4);
+    window.SelectRows({0, 2}, true);
+    User.OnMessage("Delete selected rows?", mrYes);
+    window.acDeleteRow();
+    EXPECT_EQ(current(), "e1");
+    window.acSwitchDeleted();
+    window.acRestoreDeletedRow();
+    window.acSwitchDeleted();
+    EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|D1|e1|d1|f1|");
+    EXPECT_EQ(current(), "e1");
+    window.SelectCell(4);
+    User.OnMessage("Exclude all \"d1\" and add it to Skip Words for future skipping?", mrYes);
+    window.acExclude();
+    EXPECT_EQ(current(), "f1");
+    User.OnMessage("Delete selected row (IDS_6)?", mrYes);
+    window.acDeleteRow();
+    EXPECT_EQ(current(), "e1") << "the last one that is left";
 }
 
 TEST_F(TFound, RowsWithAnAdviceCanBeSelected) {

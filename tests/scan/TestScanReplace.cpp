@@ -240,6 +240,30 @@ TEST_F(TScanReplace, SeveralUnitsAreSeveralSteps) {
     EXPECT_EQ(GetmlLang(Context(), "Form2")->GetStrings().size(), 1U);
 }
 
+TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
+    Put("/p/Unit2.pas",
+        "unit Unit2;\n\ninterface\n\ntype\n  TForm2 = class(TForm)\n    mlLang1: TmlLang;\n  end;\n\nvar\n  "
+        "Form2: TForm2;\n\nimplementation\n\nconst\n  A: PChar = 'One';\n\nprocedure P;\nconst\n"
+        "  B = 'Two';\nbegin\nend;\n\nend.\n");
+    Prepare(2);
+    Review([this](TfrmFound& window) {
+        const TFoundPreview preview = window.Preview();
+        EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), "A: PChar = 'One';");
+        window.acInvertSelection();
+        window.UseMethod("GetText(");
+        EXPECT_EQ(window.sgStrings.Rows.at(0).Record.Replacement, "mlLang1.GetTextC('strA' (* 'One' *) )");
+        EXPECT_EQ(window.sgStrings.Rows.at(1).Record.Replacement,
+                  "Form2.mlLang1.GetText('strB' (* 'Two' *) )");
+        User.OnInput("Input start ID (str):", "7");
+        window.acStartID();
+        EXPECT_EQ(User.Proposed, "A");
+        EXPECT_EQ(window.sgStrings.Rows[1].Record.StrID, "str8");
+        User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
+        window.tbCancelClick();
+    });
+    Expert->Window()->Run("ConstWithForm");
+}
+
 TEST_F(TScanReplace, APascalUnitCannotCallACppForm) {
     Open();
     TListItem& row = AddRow(Rows(), "CForm", "Cform", "/p/Cform.cpp");
