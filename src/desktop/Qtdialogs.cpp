@@ -58,6 +58,24 @@ TModalResult ResultOfEsc(const TMsgDlgButtons& buttons) {
     return mrCancel;
 }
 
+constexpr qsizetype kMostLines = 16;
+constexpr qsizetype kLastLines = 2;
+constexpr qsizetype kLongestLine = 300;
+
+/// A message of hundreds of lines would push the buttons off the screen: its begin and end stay.
+QString ShortText(const QString& text) {
+    QStringList lines = text.split('\n');
+    const qsizetype left = lines.size() - kMostLines;
+    if (left > 0) {
+        const qsizetype first = kMostLines - kLastLines;
+        lines.remove(first, left);
+        lines.insert(first, QString("... (%1 more lines)").arg(left));
+    }
+    for (QString& line : lines)
+        if (line.size() > kLongestLine) line = line.left(kLongestLine) + "...";
+    return lines.join('\n');
+}
+
 QString ProjectFolder(const THost& host) {
     const auto project = host.Services->GetModuleServices()->GetActiveProject();
     return project == nullptr ? QString() : ToQt(FolderOf(project->GetFileName()));
@@ -76,7 +94,9 @@ TModalResult TQtDialogs::MessageDlg(const std::string& text, TMsgDlgType type,
     QMessageBox box(QMessageBox::NoIcon, kCaption, {}, QMessageBox::NoButton, Front());
     box.setIconPixmap(PictureOf(kPictures.at(type)).pixmap(kPictureSize));
     box.setTextFormat(Qt::PlainText);
-    box.setText(ToQt(text));
+    const QString whole = ToQt(text);
+    box.setText(ShortText(whole));
+    if (box.text() != whole) box.setDetailedText(whole);
     std::map<const QAbstractButton*, TModalResult> results;
     for (const TButton& button : kButtons) {
         if (std::find(buttons.begin(), buttons.end(), button.Result) == buttons.end()) continue;

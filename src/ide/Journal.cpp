@@ -7,6 +7,7 @@
 #include "base/Diff.h"
 #include "base/Errors.h"
 #include "base/Files.h"
+#include "base/Format.h"
 
 namespace tml {
 namespace {
@@ -241,7 +242,7 @@ std::string TJournal::Patch(std::size_t from) {
         if (IsDiffable(text.first) && IsDiffable(text.second))
             patch += UnifiedDiff(oldName, newName, text.first, text.second);
         else
-            patch += "Binary files " + oldName + " and " + newName + " differ\n";
+            patch += Format("Binary files %s and %s differ\n", oldName, newName);
     }
     return patch;
 }

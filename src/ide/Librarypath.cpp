@@ -12,7 +12,7 @@ constexpr const char* kLibraryFile = "TmlLang_Common.so";
 }  // namespace
 
 std::string CommonLibraryPath(IFileSystem& files, const std::string& programFolder) {
-    const std::string beside = JoinPath(programFolder, kLibraryFile);
+    std::string beside = JoinPath(programFolder, kLibraryFile);
     if (files.Stat(beside)) return beside;
     return JoinPath(JoinPath(FolderOf(programFolder), "lib/tmllang"), kLibraryFile);
 }

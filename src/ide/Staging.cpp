@@ -103,6 +103,7 @@ void StageAll(IFileSystem& files, const std::vector<TPending>& pending) {
 
 void WriteRecord(IFileSystem& files, const std::string& recordPath, const std::vector<TPending>& pending) {
     std::vector<TCommitLine> lines;
+    lines.reserve(pending.size());
     for (const TPending& file : pending)
         lines.push_back(file.Line);
     const std::string staged = StagePath(recordPath, recordPath);

@@ -127,7 +127,7 @@ class TfrmFound : public TForm {
     /// The selected rows of a grid, or its current row; none of a grid that is not in front.
     std::vector<TFoundRow*> Affected(TFoundGrid& grid);
     bool Confirm(const std::string& question);
-    /// Moves the shown rows that fit from one grid to the other.
+    /// Moves the rows that fit from one grid to the other.
     void Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits);
     void SetID(TmlFoundSourceString& record, const std::string& id);
     void SetReplacement(TmlFoundSourceString& record, const std::string& text);

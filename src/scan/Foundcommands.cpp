@@ -27,7 +27,7 @@ std::vector<TFoundRow*> TfrmFound::Affected(TFoundGrid& grid) {
 }
 
 void TfrmFound::Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits) {
-    std::vector<TFoundRow> rows = from.TakeOut([&](const TFoundRow& row) { return row.Shown && fits(row); });
+    std::vector<TFoundRow> rows = from.TakeOut(fits);
     changed_ = changed_ || !rows.empty();
     to.PutIn(std::move(rows));
 }
@@ -106,8 +106,9 @@ void TfrmFound::acDeleteRowsContains() {
 
 void TfrmFound::acExclude() {
     TStringList phrases;
+    std::set<std::string> known;
     for (const TFoundRow* row : Affected(sgStrings))
-        if (phrases.IndexOf(row->Record.StrContent) < 0) phrases.Add(row->Record.StrContent);
+        if (known.insert(UpperCase(row->Record.StrContent)).second) phrases.Add(row->Record.StrContent);
     if (phrases.Empty()) return;
     std::string lines = phrases.Text();
     lines.erase(lines.size() - 2);
@@ -122,6 +123,9 @@ void TfrmFound::acExclude() {
 
 void TfrmFound::ExcludePhrases(const TStringList& phrases) {
     TStringList words = context_.Settings.Get().SkipWords;
+    std::set<std::string> known;
+    for (const std::string& word : words)
+        known.insert(UpperCase(word));
     std::set<std::string> excluded;
     bool keepsAll = true;
     for (const std::string& phrase : phrases) {
@@ -129,7 +133,7 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
         // In the list each line is a phrase.
         const bool isLine = phrase.find_first_of("\r\n") == std::string::npos;
         keepsAll = keepsAll && isLine;
-        if (isLine && words.IndexOf(phrase) < 0) words.Add(phrase);
+        if (isLine && known.insert(UpperCase(phrase)).second) words.Add(phrase);
     }
     context_.Settings.SetSkipWords(words);
     // Hidden ones too: what is no longer found shall not be written either.
@@ -140,8 +144,7 @@ void TfrmFound::ExcludePhrases(const TStringList& phrases) {
     if (!keepsAll)
         context_.Dialogs().MessageDlg(
             "A phrase of more than one line cannot be kept in the \"Skip Words\" option. Its rows are "
-            "removed, "
-            "but the next scan will find it again.",
+            "removed, but the next scan will find it again.",
             TMsgDlgType::mtInformation, {mrOk});
 }
 

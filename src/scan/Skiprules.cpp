@@ -42,6 +42,7 @@ std::string_view WithoutLineEnd(std::string_view line) {
 
 std::string_view SkipReasonText(TStringSkipReason reason) {
 #define TML_SKIP_REASON(name, text) text,
+    // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): long texts are written in two parts
     static constexpr std::string_view kTexts[] = {TML_SKIP_REASONS(TML_SKIP_REASON)};
 #undef TML_SKIP_REASON
     return kTexts[reason];

@@ -243,6 +243,23 @@ TEST_F(TWorkbench, ProgressComesLateAndCanBeStopped) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(TWorkbench, LongMessagesLeaveRoomForTheButtons) {
+    std::string text = "first line\n" + std::string(10'000, 'x') + "\n";
+    for (int i = 0; i < 500; ++i)
+        text += "x\n";
+    User.On([&](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_LT(box.height(), 600);
+        EXPECT_TRUE(box.text().startsWith("first line")) << FromQt(box.text());
+        EXPECT_TRUE(box.text().endsWith("Continue?"));
+        EXPECT_TRUE(FromQt(box.detailedText()) == text + "Continue?");
+        box.close();
+    });
+    EXPECT_EQ(Window->Host().Host().Dialogs->MessageDlg(text + "Continue?", TMsgDlgType::mtConfirmation,
+                                                        {mrYes, mrNo}),
+              mrNo);
+}
+
 TEST_F(TWorkbench, ProblemsOfAProjectLeadToTheirFile) {
     std::filesystem::remove(Path("orchard/units/Pricing.pas"));
     OpenOrchard();
