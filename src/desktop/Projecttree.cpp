@@ -8,6 +8,7 @@
 #include "base/Files.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
+#include "expert/Formrows.h"
 
 namespace tml {
 namespace {
@@ -80,7 +81,8 @@ void TProjectTree::AddProject(QTreeWidgetItem& group, const std::shared_ptr<IOTA
     for (int i = 0; i < project->GetModuleCount(); ++i) {
         const TOTAModuleInfo module = project->GetModule(i);
         const QString unit = ToQt(FileNameOf(module.FileName));
-        if (module.FormName.empty())
+        // What a resource file calls its form is its compiled file.
+        if (module.FormName.empty() || !IsSourceUnit(module.FileName))
             item->addChild(NewItem(unit, "unit", Unit, module.FileName));
         else
             item->addChild(NewItem(ToQt(module.FormName) + "   " + unit, "form", Form, module.FileName));
