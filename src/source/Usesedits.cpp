@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kLineWidth = 80;
 constexpr std::string_view kLineBreak = "\r\n";
+constexpr std::string_view kUses = "uses";
 
 struct TUsedUnit {
     std::string Name;  ///< dots included
@@ -186,6 +187,25 @@ TEdits AddTo(const TSourceText& source, const TUsesReader& reader, const TRegion
                     "Write one that names " + unitName + ".");
 }
 
+/// Takes the unit out of a clause.
+TEdits TakeOut(const TSourceText& source, const TUsesClause& clause, const std::string& unitName) {
+    const auto unit = std::find_if(clause.Units.begin(), clause.Units.end(), [&](const TUsedUnit& candidate) {
+        return SameText(candidate.Name, unitName);
+    });
+    const bool isFirst = unit == clause.Units.begin();
+    const bool isLast = std::next(unit) == clause.Units.end();
+    std::size_t begin = unit->Begin;
+    if (isLast) begin = isFirst ? clause.WordEnd - kUses.size() : source.Text().rfind(',', unit->Begin);
+    std::size_t end = isLast ? clause.Semicolon : std::next(unit)->Begin;
+    if (isFirst && isLast) ++end;
+    const bool isPlain = source.Text().substr(begin, end - begin).find_first_of("{(/") == std::string::npos;
+    if (clause.EndsInCondition || !isPlain)
+        throw EBadInput(source.FileName(), source.LineOf(unit->Begin),
+                        "the implementation part uses " + unitName + " already",
+                        "Name it in the interface's uses clause instead.");
+    return {{begin, end, ""}};
+}
+
 }  // namespace
 
 bool UsesUnit(const TSourceText& source, const std::string& unitName) {
@@ -200,7 +220,14 @@ TEdits AddUsedUnit(const TSourceText& source, const std::string& unitName) {
     const TUsesReader reader(source);
     const TRegion* part = reader.Part(TRegionKind::Interface);
     if (Names(reader.ClauseOf(part), unitName)) return {};
-    return AddTo(source, reader, part, unitName);
+    TEdits edits = AddTo(source, reader, part, unitName);
+    // Compilers refuse a unit that is named in both clauses.
+    const TRegion* implementation = reader.Part(TRegionKind::Implementation);
+    const auto clause = implementation == nullptr ? std::nullopt : reader.ClauseOf(implementation);
+    if (Names(clause, unitName))
+        for (TEdit& edit : TakeOut(source, *clause, unitName))
+            edits.push_back(std::move(edit));
+    return edits;
 }
 
 TEdits AddImplementationUnit(const TSourceText& source, const std::string& unitName) {

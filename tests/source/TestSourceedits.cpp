@@ -109,7 +109,13 @@ TEST(Units, AreAddedToUsesClauses) {
     const TEditor add = [](const TSourceText& s) { return AddUsedUnit(s, "mlLang"); };
     ExpectEdits(
         kPascal, add,
-        {{"unit U;\ninterface\nuses\n  A, B.C;\nimplementation\nuses D;\n",
+        {{"interface\nuses A;\nimplementation\nuses D, MLLANG;\n",
+          "interface\nuses A, mlLang;\nimplementation\nuses D;\n"},
+         {"interface\nuses A;\nimplementation\nuses mlLang,\n  D;\n",
+          "interface\nuses A, mlLang;\nimplementation\nuses D;\n"},
+         {"interface\nuses A;\nimplementation\nuses mlLang;\n",
+          "interface\nuses A, mlLang;\nimplementation\n\n"},
+         {"unit U;\ninterface\nuses\n  A, B.C;\nimplementation\nuses D;\n",
           "unit U;\ninterface\nuses\n  A, B.C, mlLang;\nimplementation\nuses D;\n"},
          {"interface\nuses\n  A,\n  B { x };\n", "interface\nuses\n  A,\n  B { x },\n  mlLang;\n"},
          {"interface\nuses A, MLLANG;\n", "interface\nuses A, MLLANG;\n"},
