@@ -101,23 +101,25 @@ void THeadlessIde::SaveAll() {
 
 namespace {
 
-const TDocument* FindDocument(TModules& modules, const std::string& fileName) {
+/// The file's document, and its form's: what is done to the form belongs to the unit.
+TJournal::TDocuments FindDocuments(TModules& modules, const std::string& fileName) {
+    if (fileName.empty()) return {};
     const std::shared_ptr<TModule> module = modules.Find(fileName);
     if (!module) throw EBadInput(fileName, 0, "the file is not open", "Open it first");
-    if (const TSourceBuffer* source = module->FindSource(fileName)) return source;
-    return module->Files().Form.get();
+    TJournal::TDocuments documents;
+    if (const TSourceBuffer* source = module->FindSource(fileName)) documents.push_back(source);
+    if (const TFormDocument* form = module->Files().Form.get()) documents.push_back(form);
+    return documents;
 }
 
 }  // namespace
 
 std::string THeadlessIde::Undo(const std::string& fileName) {
-    TModules& modules = state_->Modules;
-    return modules.Journal().Undo(fileName.empty() ? nullptr : FindDocument(modules, fileName));
+    return state_->Modules.Journal().Undo(FindDocuments(state_->Modules, fileName));
 }
 
 std::string THeadlessIde::Redo(const std::string& fileName) {
-    TModules& modules = state_->Modules;
-    return modules.Journal().Redo(fileName.empty() ? nullptr : FindDocument(modules, fileName));
+    return state_->Modules.Journal().Redo(FindDocuments(state_->Modules, fileName));
 }
 
 void THeadlessIde::LoadPackage(const TPackage& package) {

@@ -176,19 +176,21 @@ void TJournal::DropRedoOf(const TEntry& entry) {
     }
 }
 
-std::string TJournal::Undo(const TDocument* document) {
-    return Move(done_, undone_, document, {ToggleBack, "taken back"});
+std::string TJournal::Undo(const TDocuments& documents) {
+    return Move(done_, undone_, documents, {ToggleBack, "taken back"});
 }
 
-std::string TJournal::Redo(const TDocument* document) {
-    return Move(undone_, done_, document, {ToggleForth, "made again"});
+std::string TJournal::Redo(const TDocuments& documents) {
+    return Move(undone_, done_, documents, {ToggleForth, "made again"});
 }
 
-std::string TJournal::Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocument* document,
+std::string TJournal::Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocuments& documents,
                            const TDirection& direction) {
     if (!scopes_.empty()) throw EBadInput("", 0, "a command is still running", "Try again when it has ended");
     const auto top = std::find_if(from.rbegin(), from.rend(), [&](const TEntry& entry) {
-        return document == nullptr || entry.Touches(*document);
+        return documents.empty() ||
+               std::any_of(documents.begin(), documents.end(),
+                           [&](const TDocument* document) { return entry.Touches(*document); });
     });
     if (top == from.rend()) return {};
     const std::string step = "\"" + top->Title + "\"";

@@ -64,9 +64,11 @@ class TJournal {
     /// The step by which the running command has saved the file, not written yet; nullptr without one.
     const TUndoStep* PendingSave(const std::string& fileName) const;
 
-    /// See THeadlessIde. document may be nullptr.
-    std::string Undo(const TDocument* document);
-    std::string Redo(const TDocument* document);
+    /// Documents whose topmost entry is moved; none for that of all.
+    using TDocuments = std::vector<const TDocument*>;
+    /// See THeadlessIde.
+    std::string Undo(const TDocuments& documents);
+    std::string Redo(const TDocuments& documents);
     /// Drops the entries of which all documents are closed; one with some open stays and says why it cannot
     /// be taken back.
     void ForgetClosed();
@@ -98,7 +100,7 @@ class TJournal {
         const char* Verb;  ///< "cannot be " + Verb
     };
     /// Moves the topmost entry from one stack to the other after the checks.
-    std::string Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocument* document,
+    std::string Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocuments& documents,
                      const TDirection& direction);
 
     TWriter write_;

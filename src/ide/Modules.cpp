@@ -29,8 +29,15 @@ std::shared_ptr<IOTAModule> TModules::FindModule(const std::string& fileName) {
 }
 
 std::shared_ptr<IOTAModule> TModules::FindFormModule(const std::string& formName) {
-    const auto found = byForm_.find(UpperCase(formName));
-    return found == byForm_.end() ? nullptr : found->second;
+    const auto [begin, end] = byForm_.equal_range(UpperCase(formName));
+    const auto own = std::find_if(begin, end, [&](const auto& entry) { return IsOfActive(*entry.second); });
+    if (own != end) return own->second;
+    return begin == end ? nullptr : begin->second;
+}
+
+bool TModules::IsOfActive(TModule& module) const {
+    const TProject* project = group_ ? group_->Active() : nullptr;
+    return project != nullptr && project->FindUnit(module.GetFileName()) != nullptr;
 }
 
 std::shared_ptr<IOTAModule> TModules::OpenModule(const std::string& fileName, bool show) {
@@ -145,8 +152,9 @@ void TModules::ForgetFormName(const TModule& module) {
 std::shared_ptr<IOTAComponent> TModules::FindForm(const std::string& formName) {
     std::shared_ptr<IOTAModule> module = FindFormModule(formName);
     const TProject* project = group_ ? group_->Active() : nullptr;
-    if (!module && project != nullptr)
-        if (const TProjectUnit* unit = project->FindForm(formName); unit != nullptr && !unit->Missing)
+    if (project != nullptr && (!module || !IsOfActive(*Find(module->GetFileName()))))
+        if (const TProjectUnit* unit = project->FindForm(formName);
+            unit != nullptr && !unit->Missing && !Find(unit->FileName))
             module = OpenModule(unit->FileName, false);
     return module && module->GetFormEditor() ? module->GetFormEditor()->GetRootComponent() : nullptr;
 }

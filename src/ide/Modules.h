@@ -72,6 +72,8 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     void NoteFormName(const std::shared_ptr<TModule>& module);
     void ForgetFormName(const TModule& module);
     std::shared_ptr<IOTAComponent> FindForm(const std::string& formName);
+    /// Projects of a group may have forms of one name: the active one's are meant.
+    bool IsOfActive(TModule& module) const;
     void Write(const std::vector<TStagedFile>& staged);
     /// False when a notifier refuses.
     bool Announce(TOTAFileNotification code, const std::string& fileName);

@@ -309,6 +309,31 @@ TEST(HeadlessIde, MenusWindowsAndPackages) {
     EXPECT_EQ(log, "released bad;finalized bad;released b;finalized b;released a;finalized a;");
 }
 
+TEST(HeadlessIde, AFormIsThatOfTheActiveProjectAndIsUndoneWithItsUnit) {
+    TMemoryFileSystem files;
+    AddSampleProject(files);
+    for (const char* file : {"Unit1.pas", "Unit1.dfm", "Project1.dpr"})
+        files.Files[std::string("/q/") + file] = files.Files[std::string("/p/") + file];
+    files.Files["/All.bpg"] =
+        "PROJECTS = A.exe B.exe\r\nA.exe: p\\Project1.dpr\r\nB.exe: q\\Project1.dpr\r\n";
+    const auto runtime = MakeMlRuntime();
+    THeadlessIde ide(files, *runtime);
+    ide.OpenProject("/All.bpg");
+    IOTAModuleServices& services = *ide.GetModuleServices();
+    services.OpenModule("/p/Unit1.pas", false);
+    EXPECT_EQ(services.FindFormModule("form1")->GetFileName(), "/p/Unit1.pas");
+    services.GetMainProjectGroup()->SetActiveProject(services.GetMainProjectGroup()->GetProject(1));
+    EXPECT_EQ(services.FindFormModule("form1")->GetFileName(), "/p/Unit1.pas") << "better than none";
+    const auto module = services.OpenModule("/q/Unit1.pas", false);
+    EXPECT_EQ(services.FindFormModule("form1"), module);
+    const auto form = module->GetFormEditor()->GetRootComponent();
+    form->SetPropValue("Caption", TFormValue::String("Changed"));
+    EXPECT_EQ(ide.Undo("/p/Unit1.pas"), "");
+    EXPECT_NE(ide.Undo("/q/Unit1.pas"), "");
+    EXPECT_EQ(form->GetPropValue("Caption"), TFormValue::String("Main"));
+    EXPECT_EQ(ide.Undo("/q/Unit1.pas"), "");
+}
+
 TEST(HeadlessIde, OpeningAndLookingTouchesNothing) {
     TMemoryFileSystem files;
     AddSampleProject(files);
