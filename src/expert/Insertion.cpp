@@ -46,25 +46,28 @@ void SetNames(ILanguages& languages, const TLangSetUp& setUp) {
     languages.SetLangNames(names);
 }
 
-/// Sets the language to the name at the active index; nothing where there is no name for it.
-void SetActiveName(ILanguages& languages) {
+/// Sets the language to the name at the index (1-based) that was the active one; to the first where the
+/// component has no such language any more, nothing where it has no names.
+void SetActiveName(ILanguages& languages, int index, int count) {
     const TStringList names = languages.GetLangNames();
-    const int index = languages.GetActiveLanguage();
-    if (index >= 1 && index <= names.Count()) languages.SetLanguage(names[index - 1]);
+    const int place = index <= count && index <= names.Count() ? index : 1;
+    if (!names.Empty()) languages.SetLanguage(names[place - 1]);
 }
 
 void Configure(TContext& context, TListItem& item, const std::shared_ptr<IOTAComponent>& component,
                const TLangSetUp& setUp) {
     if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
+        const int active = lang->GetActiveLanguage();
         SetNames(*lang, setUp);
         lang->SetNumLang(setUp.NumLang);
         item.SubItems[fcLanguages] = std::to_string(setUp.NumLang);
-        SetActiveName(*lang);
+        SetActiveName(*lang, active, setUp.NumLang);
         item.StateIndex = 1;
     } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
+        const int active = dispatcher->GetActiveLanguage();
         SetNames(*dispatcher, setUp);
         dispatcher->SetNumOfLanguages(setUp.NumLang);
-        SetActiveName(*dispatcher);
+        SetActiveName(*dispatcher, active, setUp.NumLang);
     }
     MarkModifiedForm(context, item.Caption);
 }

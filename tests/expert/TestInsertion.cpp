@@ -86,6 +86,17 @@ TEST_F(TInsertion, AClosedFormIsConfiguredSavedAndClosed) {
     EXPECT_EQ(Files.Files, saved) << "an open form stays open and unsaved";
 }
 
+TEST_F(TInsertion, TheActiveLanguageKeepsItsPlace) {
+    Open();
+    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
+    GetmlLang(Context(), "Form2")->SetLanguage("German");
+    ConfigureLangComponent(Context(), &Row("Form2"),
+                           {3, "", "TmlCustomLang", false, "English,Deutsch,German"});
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "Deutsch");
+    ConfigureLangComponent(Context(), &Row("Form2"), {1, "", "TmlCustomLang", false, ""});
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "English");
+}
+
 TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
     Open();
     Expert->Settings().SetDefaultLangNames("English");
