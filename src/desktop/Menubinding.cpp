@@ -91,7 +91,7 @@ void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& it
     action->setEnabled(item->Enabled);
     action->setCheckable(item->Checked);
     action->setChecked(item->Checked);
-    if (!item->Hint.empty()) action->setToolTip(ToQt(item->Hint));
+    SetHint(*action, ToQt(item->Hint));
     SetKeys(*action, item->ShortCut);
     // Not at once: the command may take away the menu that it was chosen from.
     QObject::connect(
@@ -104,6 +104,12 @@ void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& it
         Qt::QueuedConnection);
     target.addAction(action);
     if (isTop) made_ += action;
+}
+
+void TMenuBinding::SetHint(QAction& action, const QString& hint) {
+    if (hint.isEmpty()) return;
+    action.setToolTip(hint.section('|', 0, 0));
+    action.setStatusTip(hint.section('|', -1));
 }
 
 void TMenuBinding::SetKeys(QAction& action, TShortCut shortCut) {

@@ -30,6 +30,8 @@ class TMenuBinding {
   private:
     void Fill(QWidget& target, const TItems& items);
     void AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& item);
+    /// hint is "short|long" or one text for both.
+    static void SetHint(QAction& action, const QString& hint);
     void SetKeys(QAction& action, TShortCut shortCut);
 
     QPointer<QWidget> target_;

@@ -63,7 +63,9 @@ constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
 constexpr std::array kCommands{
     TCommand{"Translate", "&Translate", "Ctrl+T", 1, kFilePopupBar, None, nullptr, "Translate"},
     TCommand{"Wizard", "&Wizard", "Ctrl+W", 1, plFile | plToolBar, None, nullptr, "Translation Wizard"},
-    TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages"},
+    TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages",
+             false, nullptr, "Set up number of languages in selected form",
+             "Languages|Set up value of NumOfLanguages property for selected form(s)"},
     TCommand{"SaveForms", "&Save Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
     TCommand{"LoadForms", "&Load Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
     TCommand{"SaveFormsProperties", "Save Selected Form(s) &Properties...", "", 111, plFile, SaveLoad,

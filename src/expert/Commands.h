@@ -28,6 +28,8 @@ struct TCommand {
     bool PascalOnly = false;  ///< hidden while a C++ unit is selected
     /// For a command without rows that is not always available; nullptr where its tag alone decides.
     bool (*IsAvailable)(TContext&) = nullptr;
+    std::string_view Hint = {};
+    std::string_view ButtonHint = {};  ///< "short|long"
 };
 
 /// A menu that opens inside another one at the place of its first command.

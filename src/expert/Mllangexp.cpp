@@ -216,15 +216,18 @@ void TmlLangExpert::RunItemClick() {
     const TCommandGate::TCommand running(context_.Gate);
     context_.Project = {};
     CreateMainWindow();
-    TAllSteps closing;
-    closing.Try([this] { ProjectClosed(); });
+    // Settings of a project that cannot be read or stored must not keep it from being shown.
+    TAllSteps steps;
+    steps.Try([this] { ProjectClosed(); });
     const auto current = GetCurrentSourceEditor(context_);
-    if (FillList(*project)) ShowProject(*project, current.get());
-    closing.Finish();
+    if (FillList(*project)) {
+        steps.Try([&] { InitializeProjectSettings(project->GetFileName()); });
+        ShowProject(current.get());
+    }
+    steps.Finish();
 }
 
-void TmlLangExpert::ShowProject(IOTAProject& project, IOTASourceEditor* current) {
-    InitializeProjectSettings(project.GetFileName());
+void TmlLangExpert::ShowProject(IOTASourceEditor* current) {
     if (settings_.Get().OpenAllForms) OpenProjectForms();
     TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
     if (DockHost != nullptr || !MainWindow->Visible) {

@@ -70,7 +70,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     bool FillList(IOTAProject& project);
     bool ReadForms(IOTAProject& project);
     /// The list is filled; current is the source in front, nullptr without one.
-    void ShowProject(IOTAProject& project, IOTASourceEditor* current);
+    void ShowProject(IOTASourceEditor* current);
     void OpenProjectForms();
     void SortAgain();
     void SelectRowOf(const std::string& sourceFile);

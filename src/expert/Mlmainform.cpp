@@ -109,6 +109,7 @@ std::shared_ptr<TMenuItem> TfrmmlLang::Build(const TCommand& command, const std:
                                              bool isButton) {
     auto item = MakeItem(name, isButton ? command.ButtonCaption : command.Caption);
     item->ShortCut = isButton ? TShortCut{0} : TextToShortCut(command.ShortCut);
+    item->Hint = isButton ? command.ButtonHint : command.Hint;
     item->Tag = command.Tag;
     item->Enabled = command.Handler != nullptr;
     item->OnClick = [this, &command] { Execute(command); };

@@ -35,7 +35,7 @@ class TMenuItem {
   public:
     std::string Name;     ///< component name
     std::string Caption;  ///< "&" marks the accelerator, "-" is a separator
-    std::string Hint;
+    std::string Hint;     ///< "short|long" or one text for both
     TShortCut ShortCut = 0;
     int Tag = 0;
     bool Enabled = true;
