@@ -99,7 +99,7 @@ void TEditorTabs::ShowSource(const std::shared_ptr<IOTAModule>& module, int inde
 std::string TEditorTabs::FormTextOf(const std::string& formFile) {
     const auto module = std::dynamic_pointer_cast<TModule>(ide_.GetModuleServices()->FindModule(formFile));
     if (module == nullptr || module->Files().Form == nullptr) return {};
-    return TFormTree::Parse(module->Files().Form->Bytes(), formFile, {})->Text();
+    return module->Files().Form->ShownText();
 }
 
 void TEditorTabs::ShowFormText(const std::string& unitFile) {
@@ -141,7 +141,7 @@ void TEditorTabs::DropClosed() {
     for (int i = count() - 1; i >= 0; --i) {
         std::shared_ptr<IOTAModule> open;
         bool isOpen = false;
-        if (const auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) {
+        if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) {
             open = ide_.GetModuleServices()->FindModule(editor->FileName());
             isOpen = open != nullptr && editor->Module().lock() == open;
         } else if (const auto* text = dynamic_cast<TFormTextView*>(widget(i))) {
@@ -175,10 +175,17 @@ void TEditorTabs::FollowFormTexts() {
 void TEditorTabs::RefreshTitles() {
     for (int i = 0; i < count(); ++i) {
         auto* editor = dynamic_cast<TCodeEditor*>(widget(i));
-        if (editor == nullptr) continue;
-        const QString mark = editor->IsModified() ? " *" : "";
-        setTabText(i, ToQt(FileNameOf(editor->FileName())) + mark);
+        auto* form = dynamic_cast<TFormTextView*>(widget(i));
+        if (editor == nullptr && form == nullptr) continue;
+        const std::string file = editor == nullptr ? form->FileName() : editor->FileName();
+        const bool modified = (editor != nullptr && editor->IsModified()) || IsFormModified(file);
+        setTabText(i, ToQt(FileNameOf(file)) + (modified ? " *" : ""));
     }
+}
+
+bool TEditorTabs::IsFormModified(const std::string& fileName) const {
+    const auto module = std::dynamic_pointer_cast<TModule>(ide_.GetModuleServices()->FindModule(fileName));
+    return module != nullptr && module->Files().Form != nullptr && module->Files().Form->IsModified();
 }
 
 }  // namespace tml

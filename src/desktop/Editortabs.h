@@ -44,6 +44,8 @@ class TEditorTabs : public QTabWidget {
     void RefreshTitles();
     TCodeEditor* Find(const std::string& fileName) const;
     std::string FormTextOf(const std::string& formFile);
+    /// Of a unit or a form file.
+    bool IsFormModified(const std::string& fileName) const;
 
     THeadlessIde& ide_;
     TRunner& runner_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
@@ -49,6 +50,10 @@ TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, con
     : TDocument(journal, fileName, std::move(onDisk)),
       codePage_(std::move(codePage)),
       tree_(TFormTree::Parse(bytes, fileName, codePage_)) {}
+
+std::string TFormDocument::ShownText() const {
+    return TCodedText::TextOf(tree_->Text(), codePage_);
+}
 
 TFormDocument::~TFormDocument() {
     TFormDocument::Close();

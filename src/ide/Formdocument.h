@@ -38,6 +38,8 @@ class TFormDocument : public TDocument {
     ~TFormDocument() override;
 
     std::string Bytes() const override { return tree_->Bytes(); }
+    /// The form as text in UTF-8, for reading.
+    std::string ShownText() const;
     void Close() override;
     void Restored() override;
     void SetDesigner(IComponentDesigner* designer) { designer_ = designer; }

@@ -81,6 +81,7 @@ void TfrmProjectTranslationSettings::SwitchPage() {
 
 void TfrmProjectTranslationSettings::edDefaultDictionaryChange(const std::string& text) {
     edDefaultDictionary = text;
+    Changed();
     IFileSystem& files = *context_.Host.Files;
     const auto info = text.empty() ? std::nullopt : files.Stat(text);
     if (!info || info->IsFolder) return;

@@ -351,6 +351,11 @@ TEST_F(TWorkbench, TheFormInFrontIsSaved) {
     QTest::keyClicks(Window->Tabs().Current(), "// mine ");
     Window->Runner().Run([&] { Window->Tabs().ShowFormText(Path("orchard/Main.pas")); });
     EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    EXPECT_EQ(Window->Tabs().tabText(1), "Main.dfm");
+    Window->Runner().Run([&] {
+        Window->Host().Modules().FindModule(Path("orchard/Main.pas"))->GetFormEditor()->MarkModified();
+    });
+    EXPECT_EQ(Window->Tabs().tabText(1), "Main.dfm *");
     Click("Save1");
     EXPECT_TRUE(MakeDiskFileSystem()->Read(Path("orchard/Main.pas")).starts_with("// mine "));
 }
