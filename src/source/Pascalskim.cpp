@@ -32,8 +32,12 @@ std::size_t FindClosingRun(std::string_view text, std::size_t pos, std::size_t q
 
 /// True when a character code (#13, #$0D, ^M) ends at end.
 bool EndsWithCode(std::string_view text, std::size_t end) {
-    if (end >= 2 && text[end - 2] == '^' && !IsBlank(text[end - 1]))
-        return end == 2 || (!IsNameChar(text[end - 3]) && text[end - 3] != ')' && text[end - 3] != ']');
+    for (; end >= 2 && text[end - 2] == '^' && !IsBlank(text[end - 1]); end -= 2) {
+        if (end == 2) return true;
+        const char before = text[end - 3];
+        if (!IsNameChar(before) && before != ')' && before != ']') return true;
+        // Either of a pointer, or behind another code: "#10^M", "^M^J".
+    }
     std::size_t pos = end;
     while (pos > 0 && IsHexDigit(text[pos - 1]))
         --pos;

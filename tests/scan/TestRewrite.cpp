@@ -26,6 +26,8 @@ struct TCase {
 TEST(Rewrite, PutsCallsInPlace) {
     const TCase cases[] = {
         {"a.pas", "s := 'ab' + 'cd';\r\n", "s := mlLang1.GetText('IDS_0') + mlLang1.GetText('IDS_1');\r\n"},
+        {"a.pas", "s := #10^M'next' + ^M^J'more';\r\n",
+         "s := #10^M + mlLang1.GetText('IDS_0') + ^M^J + mlLang1.GetText('IDS_1');\r\n"},
         {"a.pas", "s := 'Line'#13#10'next'^M;\r\n",
          "s := mlLang1.GetText('IDS_0') + #13#10 + mlLang1.GetText('IDS_1') + ^M;\r\n"},
         {"a.cpp", "return\"ab\";\r\n", "return mlLang1->GetText(\"IDS_0\");\r\n"},
