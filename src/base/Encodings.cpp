@@ -75,12 +75,14 @@ UConverter* ConverterOf(const std::string& name) {
     return open.get();
 }
 
-std::string NameOfDetected(std::string_view detected) {
+/// holdsZero: the bytes hold a zero, without which a text is not UTF-16, whatever looks like a mark in it.
+std::string NameOfDetected(std::string_view detected, bool holdsZero) {
     const auto* known = std::find_if(kAliases.begin(), kAliases.end(),
                                      [&](const TAlias& alias) { return alias.Detected == detected; });
     if (known != kAliases.end()) return known->Name;
-    const bool known8Bit = detected.rfind("windows-", 0) == 0 || detected.rfind("UTF-16", 0) == 0;
-    return known8Bit ? std::string(detected) : std::string();
+    const bool isKnown =
+        detected.rfind("windows-", 0) == 0 || (holdsZero && detected.rfind("UTF-16", 0) == 0);
+    return isKnown ? std::string(detected) : std::string();
 }
 
 /// What the detector is given: the words with bytes above 127, a blank behind each. Keywords and names in
@@ -112,7 +114,7 @@ std::string Detected(std::string_view bytes) {
     const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
     if (U_FAILURE(error) || match == nullptr || ucsdet_getConfidence(match, &error) < kSure) return {};
     const char* name = ucsdet_getName(match, &error);
-    return U_SUCCESS(error) ? NameOfDetected(name) : std::string();
+    return U_SUCCESS(error) ? NameOfDetected(name, words.find('\0') != std::string::npos) : std::string();
 }
 
 bool DecodeUtf8(std::string_view bytes, std::string& text) {

@@ -29,6 +29,7 @@ TEST(Encodings, AreChosenByMarkThenUtf8ThenProjectThenDetector) {
         // A unit is mostly ASCII.
         {std::string(9000, 'x') + " '" + russian + "'", "", "windows-1251"},
         {"'\x80'", "", "windows-1252"},
+        {"x; // \xFF\xFE", "", "windows-1252"},
     };
     for (const TRow& row : rows)
         EXPECT_EQ(DetectEncoding(row.Bytes, row.CodePage).Name, row.Name) << row.Bytes;
