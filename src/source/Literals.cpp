@@ -72,7 +72,11 @@ class TCppDecoder {
             }
         }
     }
-    void AddRaw(std::string_view body) { text_ += body; }
+    /// Whatever ends a line of the source, the compiler sees a line feed.
+    void AddRaw(std::string_view body) {
+        for (std::size_t i = 0; i < body.size(); ++i)
+            if (body[i] != '\r' || body.substr(i + 1, 1) != "\n") text_ += body[i];
+    }
     const std::string& Text() const { return text_; }
 
   private:

@@ -65,6 +65,7 @@ TEST(Literals, OfCpp) {
         {R"(s = "a" "b" /* "x" */ "c";)", R"(["a" "b" /* "x" */ "c"=abc])"},
         {"s = \"a\" // it\r\n  \"b\";", "[\"a\" // it\r\n  \"b\"=ab]"},
         {R"x(s = R"y(a"b\n)y";)x", R"x([R"y(a"b\n)y"=a"b\n])x"},
+        {"s = R\"(a\r\nb)\";", "[R\"(a\r\nb)\"=a\nb]"},
         {R"(c = '"'; d = '\''; n = 1'000'000; s = "a";)", R"(["a"=a])"},
         {R"(s = _T("a") _T("b"); t = TEXT( "c" "d" );)", R"([_T("a") _T("b")=ab][TEXT( "c" "d" )=cd])"},
         {"/* c */ #include \"x.h\"", "[\"x.h\"=x.h]d"},
