@@ -4,6 +4,7 @@
 #include "base/Utf8.h"
 #include "source/Charclass.h"
 #include "source/Fields.h"
+#include "source/Pascalwords.h"
 #include "source/Sourceedits.h"
 
 namespace tml {
@@ -65,6 +66,15 @@ std::string FirstIndent(const TSourceText& source, const TClassFields& fields) {
     return std::string(IndentAt(text, fields.ClassEnd)).append(unit);
 }
 
+/// Whether a condition is open at a place behind begin: what is written there is compiled in one case only.
+bool IsUnderCondition(const TSourceText& source, std::size_t begin, std::size_t place) {
+    int depth = 0;
+    for (const TComment& comment : source.Comments())
+        if (comment.IsDirective && comment.Begin >= begin && comment.Begin < place)
+            depth += ConditionStep(source.Text().substr(comment.Begin, comment.End - comment.Begin));
+    return depth > 0;
+}
+
 }  // namespace
 
 TEdits AddField(const TSourceText& source, const std::string& formClass, const std::string& name,
@@ -75,7 +85,9 @@ TEdits AddField(const TSourceText& source, const std::string& formClass, const s
     const auto last = std::find_if(fields.Fields.rbegin(), fields.Fields.rend(),
                                    [](const TField& field) { return field.InFirstSection; });
     const TField* model = last == fields.Fields.rend() ? nullptr : &*last;
-    const std::size_t behind = model != nullptr ? model->DeclarationEnd : fields.SectionBegin;
+    const bool isLast =
+        model != nullptr && !IsUnderCondition(source, fields.SectionBegin, model->DeclarationEnd);
+    const std::size_t behind = isLast ? model->DeclarationEnd : fields.SectionBegin;
     const std::string indent(model != nullptr ? IndentAt(text, model->Declaration)
                                               : FirstIndent(source, fields));
     const std::string line = indent + Declaration(source, model, name, className);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 #include "source/Outline.h"
 #include "source/Pascalwords.h"
@@ -43,8 +44,17 @@ class TFieldReader {
     TClassFields Read() {
         result_.SectionBegin = tokens_.empty() ? result_.ClassEnd : tokens_.front().End;
         if (tokens_.size() < 2) return std::move(result_);
+        ExpectEnd();
         source_.Language().IsCPPSource ? ReadCpp() : ReadPascal();
         return std::move(result_);
+    }
+
+    /// A heading that stands in both branches of a condition leaves the first one without its end.
+    void ExpectEnd() const {
+        if (source_.Language().IsCPPSource || WordAt(tokens_.size() - 1) == Word::End) return;
+        throw EBadInput(source_.FileName(), source_.LineOf(regions_[class_].Begin),
+                        Format("the class %s has no end of its own", regions_[class_].Name),
+                        "Write its heading once, or declare the component by hand.");
     }
 
   private:
@@ -109,6 +119,8 @@ class TFieldReader {
 
     std::size_t BehindHeading() const {
         std::size_t index = 1;
+        const bool isModified = SameText(TextAt(index), "sealed") || SameText(TextAt(index), "abstract");
+        if (isModified && TextAt(index + 1) != ":" && TextAt(index + 1) != ",") ++index;
         if (TextAt(index) == "(")
             while (index < tokens_.size() && TextAt(index) != ")")
                 ++index;

@@ -50,6 +50,11 @@ TEST(Fields, AreAddedInPascal) {
           "TmlLang;\n  end;\n"},
          {"type\n  TForm1 = class(TForm)\n    procedure X;\n  end;\n",
           "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n    procedure X;\n  end;\n"},
+         {"type\n  TForm1 = class sealed(TForm)\n    procedure X;\n  end;\n",
+          "type\n  TForm1 = class sealed(TForm)\n    mlLang1: TmlLang;\n    procedure X;\n  end;\n"},
+         {"type\n  TForm1 = class(TForm)\n    A: TA;\n{$IFDEF X}\n    B: TB;\n{$ENDIF}\n  end;\n",
+          "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n    A: TA;\n{$IFDEF X}\n    B: "
+          "TB;\n{$ENDIF}\n  end;\n"},
          {"type\n  TForm1 = class(TForm) end;\n",
           "type\n  TForm1 = class(TForm)\n    mlLang1: TmlLang;\n  end;\n"},
          {"type\n  TForm1 = class(TForm)\n  public\n    MLLANG1: TmlLang;\n  end;\n",
