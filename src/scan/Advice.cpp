@@ -47,6 +47,8 @@ class TAdviser {
           tokens_(CodeTokens(source)),
           regions_(ReadOutline(source)),
           finder_(regions_),
+          isUnit_(std::any_of(regions_.begin(), regions_.end(),
+                              [](const TRegion& part) { return part.Kind == TRegionKind::Interface; })),
           header_(reach.Header, kCpp),
           advice_(source.Literals().size(), TAdvice::None) {
         if (IsCpp() && !reach.Everywhere) staticMethods_ = ReadStaticMethods(header_, reach.FormClass);
@@ -181,6 +183,7 @@ class TAdviser {
     /// The component is a member of the form's class; only the class's own methods (and routines nested
     /// in them) see it.
     TAdvice ReachAdvice(std::size_t region) const {
+        if (reach_.Everywhere && BeginsOrEndsUnit(region)) return TAdvice::NoForm;
         if (reach_.Everywhere) return InCode(region) ? TAdvice::None : TAdvice::OutsideMethod;
         for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
             const TRegion& around = regions_[index];
@@ -202,6 +205,11 @@ class TAdviser {
         return IsCpp() ? name == reach_.FormClass : SameText(name, reach_.FormClass);
     }
 
+    /// A program's main block is another matter: it creates the forms.
+    bool BeginsOrEndsUnit(std::size_t region) const {
+        return isUnit_ && region != kNoRegion && regions_[region].Kind == TRegionKind::Initialization;
+    }
+
     bool InCode(std::size_t region) const {
         for (std::size_t index = region; index != kNoRegion; index = regions_[index].Parent) {
             const TRegionKind kind = regions_[index].Kind;
@@ -217,6 +225,7 @@ class TAdviser {
     std::vector<TToken> tokens_;
     std::vector<TRegion> regions_;
     TRegionFinder finder_;
+    bool isUnit_;
     TSourceText header_;
     std::vector<std::string_view> staticMethods_;
     std::vector<TAdvice> advice_;

@@ -25,6 +25,7 @@ namespace tml {
     X(Range, "range", "The bound of a range cannot be a call.")                                             \
     X(Set, "set", "An element of a set of characters cannot be a call.")                                    \
     X(OutsideMethod, "outside-method", "The component is not known outside the form's own methods.")        \
+    X(NoForm, "no-form", "The form does not exist while a unit begins or ends.")                            \
     X(Declaration, "declaration", "A declaration cannot hold a call here.")                                 \
     X(UsesClause, "uses", "This is the name of a unit's file.")                                             \
     X(Assembler, "asm", "Assembler code cannot hold a call.")                                               \

@@ -151,6 +151,11 @@ TEST(Advice, ForCpp) {
     EXPECT_EQ(Advise(source, {"TForm1", false, header}),
               (std::vector<TAdvice>{TAdvice::OutsideMethod, TAdvice::None}));
     EXPECT_EQ(Words("void g() { f(\"a\"); }", kCpp, true), "-");
+    EXPECT_EQ(Words("unit U; interface implementation procedure P; begin F('a'); end;\n"
+                    "initialization F('b'); finalization F('c'); end.",
+                    kPascal, true),
+              "- no-form no-form");
+    EXPECT_EQ(Words("program P; begin F('a'); end.", kPascal, true), "-");
     EXPECT_EQ(AdviceText(TAdvice::Include), "This is the name of a file to include.");
 }
 
