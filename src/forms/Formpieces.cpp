@@ -30,8 +30,8 @@ std::string TFormPieces::Write(std::string_view wide) {
             text_ += " +" + lineBreak_;
             inPiece = 0;
         }
-        if (style_.RawCharacters && IsPairAt(wide, i)) {
-            PutRaw(PairAt(wide, i++));
+        if (style_.RawCharacters && IsPairAt(wide, i) && PutRaw(PairAt(wide, i))) {
+            ++i;
             ++inPiece;
         } else {
             Put(WideUnit(wide, i));
@@ -47,19 +47,22 @@ void TFormPieces::Put(char32_t unit) {
     if (unit == '\'' && style_.DoubledApostrophe) {
         Open();
         text_ += "''";
-    } else if (isPrintable || isRaw) {
-        PutRaw(unit);
-    } else {
+    } else if (isPrintable) {
+        Open();
+        text_.push_back(static_cast<char>(unit));
+    } else if (!isRaw || !PutRaw(unit)) {
         PutCode(unit);
     }
 }
 
-void TFormPieces::PutRaw(char32_t codePoint) {
-    Open();
-    if (codePoint < kDelete) return text_.push_back(static_cast<char>(codePoint));
+bool TFormPieces::PutRaw(char32_t codePoint) {
     std::string character;
     AppendCodePoint(character, codePoint);
-    text_ += EncodeFor(file_, character);
+    std::string bytes;
+    if (!Encode(file_.Encoding(), character, bytes)) return false;
+    Open();
+    text_ += bytes;
+    return true;
 }
 
 void TFormPieces::PutCode(char32_t code) {

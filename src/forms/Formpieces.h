@@ -13,12 +13,13 @@ class TFormPieces {
     /// lineBreak is what separates the pieces of a long string: a line end and the deeper indent.
     TFormPieces(const TFormFile& file, const TFormTextStyle& style, std::string lineBreak);
 
-    /// wide is UTF-16, little endian. Throws EBadInput when the file's encoding cannot hold the text.
+    /// wide is UTF-16, little endian. What the file's encoding cannot hold is written as character codes.
     std::string Write(std::string_view wide);
 
   private:
     void Put(char32_t unit);
-    void PutRaw(char32_t codePoint);
+    /// False when the file's encoding cannot hold it.
+    bool PutRaw(char32_t codePoint);
     void PutCode(char32_t code);
     void Open();
     void Close();

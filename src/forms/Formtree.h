@@ -32,8 +32,8 @@ class TFormTree {
     TFormNode* FindComponent(std::string_view name);
 
     /// Sets a property, adding it behind the others where the file has none. An equal value changes
-    /// nothing. Throws EBadInput when the file's code page cannot hold the text, or when the value is one
-    /// that no form can hold.
+    /// nothing. Throws EBadInput when the file's code page cannot hold a name, or when the value is one that
+    /// no form can hold.
     void SetProperty(TFormNode& node, const std::string& name, const TFormValue& value);
     /// Removes a property; one that is not there is no error.
     void RemoveProperty(TFormNode& node, std::string_view name);

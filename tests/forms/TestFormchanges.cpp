@@ -185,11 +185,18 @@ TEST(FormChanges, AreNoneWhereTheValueIsEqual) {
     EXPECT_EQ(tree->Bytes(), odd);
 }
 
+TEST(FormChanges, WriteCodesForWhatTheFilesEncodingCannotHold) {
+    const auto tree = TFormTree::Parse("object A: T\n  X = '\xCF\xF0'\nend\n", "a.dfm", "1251");
+    SetText("X", "\xD0\x9F \xE3\x82\xBD\xF0\x9F\x98\x80")(*tree);
+    EXPECT_EQ(tree->Bytes(), "object A: T\n  X = '\xCF '#12477#55357#56832\nend\n");
+    const auto again = TFormTree::Parse(tree->Bytes(), "a.dfm", "1251");
+    EXPECT_EQ(*again->Root().Find("X"), TFormValue::String("\xD0\x9F \xE3\x82\xBD\xF0\x9F\x98\x80"));
+}
+
 TEST(FormChanges, RefuseWhatAFormCannotHold) {
     const auto tree = TFormTree::Parse("object A: T\n  X = '\xCF\xF0'\nend\n", "a.dfm", "1251");
     const string before = tree->Bytes();
     const TChange refused[] = {
-        SetText("X", "\xE3\x82\xBD"),
         Set("X", TFormValue::Identifier("a b")),
         Set("X", TFormValue::Identifier("")),
         Set("X", {TFormValueKind::Integer, "1x", {}, {}}),
