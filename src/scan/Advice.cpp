@@ -38,6 +38,30 @@ constexpr std::array<std::string_view, 14> kCppWords = {"return",   "case", "els
                                                         "co_yield", "do",   "in",     "and",   "or",
                                                         "not",      "xor",  "delete", "new"};
 
+struct TCppCall {
+    std::string_view Name;
+    TAdvice Advice;
+};
+
+/// Names in front of parentheses that hold no code of the program.
+constexpr std::array kCppCalls{
+    TCppCall{"asm", TAdvice::Assembler},
+    TCppCall{"__asm", TAdvice::Assembler},
+    TCppCall{"__asm__", TAdvice::Assembler},
+    TCppCall{"__attribute__", TAdvice::Attribute},
+    TCppCall{"__declspec", TAdvice::Attribute},
+    TCppCall{"_Pragma", TAdvice::Directive},
+    TCppCall{"_D", TAdvice::Macro},
+    TCppCall{"static_assert", TAdvice::Declaration},
+    TCppCall{"_Static_assert", TAdvice::Declaration},
+};
+constexpr std::array<std::string_view, 9> kCharTypes{
+    "char", "wchar_t", "char8_t", "char16_t", "char32_t", "AnsiChar", "TCHAR", "WideChar", "WCHAR"};
+
+/// How far brackets and words are looked at: farther than people write, and not far enough to cost.
+constexpr std::size_t kFarBrackets = 8;
+constexpr std::size_t kFarTokens = 32;
+
 /// Where advice comes from that a literal's neighbours give.
 class TAdviser {
   public:
@@ -134,11 +158,12 @@ class TAdviser {
 
     TAdvice CppNeighbours() const {
         if (Before() == "extern") return TAdvice::LinkageName;
-        if (Before() == "(" && (Before(2) == "asm" || Before(2) == "__asm__")) return TAdvice::Assembler;
         if (IsName(at_ - 1, at_ > 0) || IsName(at_ + 1, at_ + 1 < tokens_.size())) return TAdvice::Macro;
         if (at_ > 0 && tokens_[at_ - 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
         if (at_ + 1 < tokens_.size() && tokens_[at_ + 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
-        if (InStaticAssert()) return TAdvice::Declaration;
+        if (const TAdvice around = CppBrackets(); around != TAdvice::None) return around;
+        if (IsCharArray()) return TAdvice::ArrayInitialiser;
+        if (IsCompileTime()) return TAdvice::Const;
         return HoldsComment() ? TAdvice::InnerComment : TAdvice::None;
     }
 
@@ -147,10 +172,41 @@ class TAdviser {
                std::find(kCppWords.begin(), kCppWords.end(), TextAt(index)) == kCppWords.end();
     }
 
-    bool InStaticAssert() const {
-        if (brackets_.empty() || brackets_.back() == 0) return false;
-        const std::string_view name = TextAt(brackets_.back() - 1);
-        return name == "static_assert" || name == "_Static_assert";
+    /// What the brackets around belong to: an assembler statement, an attribute and the like.
+    TAdvice CppBrackets() const {
+        for (std::size_t i = brackets_.size(); i > 0 && i + kFarBrackets > brackets_.size(); --i) {
+            std::size_t name = brackets_[i - 1];
+            while (name > 0 && IsAssemblerQualifier(TextAt(name - 1)))
+                --name;
+            const auto* known = std::find_if(kCppCalls.begin(), kCppCalls.end(), [&](const TCppCall& call) {
+                return name > 0 && call.Name == TextAt(name - 1);
+            });
+            if (known != kCppCalls.end()) return known->Advice;
+        }
+        return TAdvice::None;
+    }
+
+    static bool IsAssemblerQualifier(std::string_view word) {
+        return word == "volatile" || word == "__volatile__" || word == "goto" || word == "inline";
+    }
+
+    /// "char Name[20] =" in front: an array of characters, not an element of one.
+    bool IsCharArray() const {
+        if (Before() != "=" || Before(2) != "]") return false;
+        std::size_t open = 3;
+        while (open < kFarTokens && Before(open) != "[" && !Before(open).empty())
+            ++open;
+        return std::find(kCharTypes.begin(), kCharTypes.end(), Before(open + 2)) != kCharTypes.end();
+    }
+
+    /// The statement in front calls the value a constant of the compiler.
+    bool IsCompileTime() const {
+        for (std::size_t steps = 1; steps < kFarTokens; ++steps) {
+            const std::string_view word = Before(steps);
+            if (word == "constexpr" || word == "constinit") return true;
+            if (word.empty() || word == ";" || word == "{" || word == "}" || word == ")") return false;
+        }
+        return false;
     }
 
     /// A comment within the span lies between the pieces.

@@ -137,6 +137,13 @@ TEST(Advice, ForCpp) {
          "default-parameter - array-initialiser - - default-parameter"},
         {"[[deprecated(\"a\")]] void f();\nTForm1::~TForm1() { f(\"b\"); String a[] = {\"c\"}; /* \"d\" */ }",
          "attribute - array-initialiser comment"},
+        {"void TForm1::A() { asm volatile(\"a\" : \"=r\"(x) : : \"b\"); char c[] = \"c\"; s[2] = \"d\"; }",
+         "asm asm asm array-initialiser -"},
+        {"void TForm1::A() { static constexpr auto *c = \"a\"; const char *p = \"b\"; g(_D(\"c\")); "
+         "_Pragma(\"d\") }",
+         "const - macro directive"},
+        {"__attribute__((deprecated(\"a\"))) void f(); void TForm1::A() { constexpr int i = 1; s = \"b\"; }",
+         "attribute -"},
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Words(row.Text, kCpp), row.Expected) << row.Text;
