@@ -136,6 +136,34 @@ TEST(Consts, DeclarationsAreRewrittenForBothSettings) {
         }
 }
 
+TEST(Consts, AMethodOfAnotherSignatureIsNoHandler) {
+    const struct {
+        std::string Kind, Create, Change, Expected;
+    } cases[] = {
+        {"procedure ", "FormCreate(Sender: TObject)", "ChangeLanguage(It: tobject)",
+         "FormCreate ChangeLanguage"},
+        {"procedure ", "FormCreate(const S: TObject)", "ChangeLanguage(const ALang: string)",
+         "FormCreate1 mlLang1ChangeLanguage"},
+        {"procedure ", "FormCreate", "mlLang1ChangeLanguage(A, B: TObject)",
+         "FormCreate1 mlLang1ChangeLanguage1"},
+        {"class procedure ", "FormCreate(Sender: TObject)", "ChangeLanguage(Sender: TObject)",
+         "FormCreate1 mlLang1ChangeLanguage"},
+    };
+    for (const auto& [kind, create, change, expected] : cases) {
+        std::string text = Unit("const\n  A = 'one';\n");
+        for (const std::string& head : {create, change}) {
+            text.insert(text.find("  end;"), kind + head + ";\r\n");
+            text.insert(text.find("end.\r\n"), kind + "TForm1." + head + ";\r\nbegin\r\nend;\r\n");
+        }
+        const TConstInput input = ConstInput(text);
+        const std::vector<TStrRec> records = ScanConsts(input).Records;
+        const TmlFoundSourceStrings rows = ConstRows(input, records);
+        const TConstChanges changes = RewriteConsts(rows, input, records, kForm);
+        ProveConsts(rows, input, records, kForm, changes);
+        EXPECT_EQ(changes.OnCreate + " " + changes.OnChangeLanguage, expected);
+    }
+}
+
 struct TBadCase {
     const char* Text;
     const char* Message;
