@@ -8,6 +8,7 @@
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Calls.h"
 #include "scan/Constreplace.h"
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
@@ -103,6 +104,10 @@ TScanInput TRun::MakeInput() {
     input.Component.WithForm = input.Component.WithForm || !ownUnit;
     input.Component.FormClass =
         GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType();
+    const auto others = std::make_shared<TFormComponents>();
+    for (const auto& row : context_.Rows.FormNames.Items())
+        others->Add(row->Caption, row->SubItems[fcComponent]);
+    input.Others = others;
     for (TmlString& string : lang_->GetStrings())
         input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
     if (context_.ScanMode == kScanSelection) input.Selection = Selection();
