@@ -1,5 +1,6 @@
 #include "scan/Scanreplace.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -53,6 +54,7 @@ class TRun {
     bool Review();
     void Modify();
     std::vector<TmlString> NewStrings() const;
+    bool WritesCalls() const;
 
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
         if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
@@ -169,6 +171,12 @@ std::vector<TmlString> TRun::NewStrings() const {
     return strings;
 }
 
+/// Rows that are all marked to be ignored leave their unit without a call.
+bool TRun::WritesCalls() const {
+    return std::any_of(strings_.begin(), strings_.end(),
+                       [](const TmlFoundSourceString& row) { return !row.MarkedToIgnore; });
+}
+
 void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
@@ -180,7 +188,8 @@ void TRun::Modify() {
         changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
         ProveRewrite(strings_, input_, changes.Sources.front().Edits);
     }
-    if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
+    if (!SameText(unitFile_, formUnit_) && WritesCalls())
+        changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
     GetModuleServices(context_)->ApplyChangeSet(changes);
     MarkModifiedForm(context_, item_.Caption);
 }
