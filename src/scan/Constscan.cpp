@@ -113,16 +113,18 @@ class TConstWalk {
 
     /// A declaration over several lines is offered only when none of the later ones is a tag or refused.
     bool IsRefusedLater(const TConstDeclaration& declaration, std::size_t line) {
-        while (line < declaration.End) {
+        for (std::int32_t number = line_ + 1; line < declaration.End; ++number) {
             const std::size_t end = LineEnd(text_, line);
             const std::string_view later = text_.substr(line, end - line);
             if (IsTagLine(later, kPascal)) return true;
             const TStringSkipReason reason = rules_.RefusalOf(later);
             if (reason != ssrNone) {
-                SkipString(result_.Skipped, Trim(later), line_, reason, true);
+                // A line with a candidate of its own is recorded when the walk comes to it.
+                if (!rules_.HasCandidate(later, true))
+                    SkipString(result_.Skipped, later, number, reason, true);
                 return true;
             }
-            line = text_.find('\n', end) + 1;
+            line = std::min(text_.find('\n', end), text_.size() - 1) + 1;
         }
         return false;
     }

@@ -103,11 +103,10 @@ class TWalk {
             const TStringSkipReason reason = rules_.RefusalOf(later);
             if (IsTagLine(later, language_)) return true;
             if (reason != ssrNone) {
-                // A line with a delimiter of its own is recorded when the walk comes to it.
-                const bool recordsItself = later.find(language_.Delimiter()) != kNone;
-                if (!recordsItself)
+                // A line with a candidate of its own is recorded when the walk comes to it.
+                if (!rules_.HasCandidate(later, false))
                     SkipString(skipped, text_.substr(line, LineEnd(text_, line) - line),
-                               static_cast<std::int32_t>(literal.Open + 1), reason, false);
+                               static_cast<std::int32_t>(line + 1), reason, false);
                 return true;
             }
             line = end;
