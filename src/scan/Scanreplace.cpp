@@ -23,6 +23,13 @@ namespace {
 constexpr std::string_view kReplaced =
     "Source file translated. All string constants added to \"Strings\" property.";
 
+/// The name of a form's component. Since an insertion its row shows the class in place of it.
+std::string ComponentOf(TContext& context, const TListItem& row) {
+    const std::string& shown = row.SubItems[fcComponent];
+    const bool isInserted = shown == row.SubItems[fcClass] && !shown.empty();
+    return isInserted ? AnalyzeFile(context, row.SubItems[fcFileName]).ComponentName : shown;
+}
+
 /// One run over one unit.
 class TRun {
   public:
@@ -108,7 +115,7 @@ TScanInput TRun::MakeInput() {
         GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType();
     const auto others = std::make_shared<TFormComponents>();
     for (const auto& row : context_.Rows.FormNames.Items())
-        others->Add(row->Caption, row->SubItems[fcComponent]);
+        others->Add(row->Caption, ComponentOf(context_, *row));
     input.Others = others;
     for (TmlString& string : lang_->GetStrings())
         input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
