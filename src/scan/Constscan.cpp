@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -87,12 +88,13 @@ class TConstWalk {
         while (literal_ < literals.size() && literals[literal_].Open < begin)
             ++literal_;
         for (; literal_ < literals.size() && literals[literal_].Open < end; ++literal_)
-            if (literals[literal_].InComment && literals[literal_].RawLength() > Ignorable())
+            if (literals[literal_].InComment && !IsShort(literals[literal_].RawLength()))
                 IsExcluded(DecodeLiteral(source_, literals[literal_]), literals[literal_].Open);
     }
 
-    std::size_t Ignorable() const {
-        return static_cast<std::size_t>(std::max(input_.Scan.Skip.IgnorableLength, 0));
+    /// Of a negative length not even the empty literal is.
+    bool IsShort(std::size_t rawLength) const {
+        return std::cmp_less_equal(rawLength, input_.Scan.Skip.IgnorableLength);
     }
 
     bool IsExcluded(const std::string& text, std::size_t place) {
@@ -103,7 +105,7 @@ class TConstWalk {
     }
 
     void Test(const TConstDeclaration& declaration, std::size_t lineEnd) {
-        if (declaration.RawLength <= Ignorable()) return;
+        if (IsShort(declaration.RawLength)) return;
         if (IsRefusedLater(declaration, lineEnd)) return;
         if (IsExcluded(declaration.Text, declaration.Open)) return;
         result_.Records.push_back(Describe(declaration));

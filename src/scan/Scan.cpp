@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <unordered_set>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -73,8 +74,9 @@ class TWalk {
 
     template <typename OnFound>
     void Test(const TLiteral& literal, std::size_t lineEnd, TmlSkippedStrings& skipped, OnFound& onFound) {
-        const auto ignorable = static_cast<std::size_t>(std::max(input_.Skip.IgnorableLength, 0));
-        if (literal.RawLength() <= ignorable || literal.Begin < begin_ || literal.End > end_) return;
+        // A negative length lets even the empty literal through to the other tests.
+        const bool isShort = std::cmp_less_equal(literal.RawLength(), input_.Skip.IgnorableLength);
+        if (isShort || literal.Begin < begin_ || literal.End > end_) return;
         if (IsInCall(literal)) return;
         if (literal.End > lineEnd && IsRefusedLater(literal, lineEnd, skipped)) return;
         const std::string text = DecodeLiteral(source_, literal);

@@ -89,6 +89,8 @@ TEST(Scan, AppliesTheSettingsInOrder) {
     input.Skip.IgnorableLength = 0;
     input.Skip.ExcludeChars = "–";
     EXPECT_EQ(Dump(Scan(input)), "IDS_0=x | ssrBadChars:–");
+    input.Skip.IgnorableLength = -1;
+    EXPECT_EQ(Dump(Scan(input)), "IDS_0=x | ssrBadChars: ssrBadChars:–");
 }
 
 TEST(Scan, PassesOverCallsThatAreThere) {
