@@ -65,7 +65,7 @@ class TScanRun {
         progress_.Hide();
         if (options_.Count) PrintCount();
         if (failures_ > 0 && failures_ == static_cast<int>(targets.size())) return kBadInput;
-        if (failures_ > 0 || workplace_.HasProblems()) return kDoneInPart;
+        if (failures_ > 0 || incomplete_ || workplace_.HasProblems()) return kDoneInPart;
         return options_.Fail && found_ > 0 ? kFindings : kDone;
     }
 
@@ -77,16 +77,21 @@ class TScanRun {
             if (!options_.Forms.empty() || !options_.Units.empty())
                 throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",
                                 "Name a project file");
+            shared_ = SharedOfPaths(settings_.Get().DefaultComp);
             return TargetsOfPaths(*program_.Files, options_.Paths);
         }
         workplace_.OpenProject(options_.Paths.front());
+        shared_ = SharedOfProject(workplace_, settings_.Get().DefaultComp, [this](const EBadInput& error) {
+            PrintMessage(error.what());
+            incomplete_ = true;
+        });
         return TargetsOfProject(*workplace_.Modules().GetActiveProject(), options_.Forms, options_.Units);
     }
 
     void ScanOne(const TScanTarget& target) {
         try {
             TScanInput input = ScanInputOf(settings_.Get(), common_);
-            ReadTarget(workplace_, target, settings_.Get().DefaultComp, input);
+            ReadTarget(workplace_, target, shared_, input);
             if (options_.Count && !options_.Skipped)
                 found_ += CountStrings(input);
             else
@@ -169,10 +174,12 @@ class TScanRun {
     TWorkplace workplace_;
     TExpertSettings settings_;
     ICommonLibrary* common_ = nullptr;
+    TScanShared shared_;
     TProgressLine progress_;
     std::int64_t found_ = 0;
     std::int64_t skipped_ = 0;
     int failures_ = 0;
+    bool incomplete_ = false;  ///< units are scanned without the strings of their default form
 };
 
 }  // namespace

@@ -4,8 +4,10 @@
 #include <set>
 
 #include "base/Codedtext.h"
-#include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
+#include "expert/Closedforms.h"
+#include "translations/Memini.h"
 
 namespace tml {
 namespace {
@@ -73,18 +75,67 @@ std::string InsertedName(const std::string& className, const std::string& formNa
     return className.substr(1) + (formName.empty() ? "" : "_" + formName);
 }
 
-void FillFromForm(IMlRuntime& runtime, IOTAModule& module, const std::string& defaultClass,
-                  TScanInput& input) {
+TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& module, const std::string& defaultClass) {
+    TReceiver receiver;
     const auto editor = module.GetFormEditor();
-    const auto root = editor->GetRootComponent();
-    input.Component.FormName = module.GetFormName();
-    input.Component.FormClass = root->GetComponentType();
+    receiver.Component.FormName = module.GetFormName();
+    receiver.Component.FormClass = editor->GetRootComponent()->GetComponentType();
     const auto component = ComponentOf(runtime, *editor);
-    input.Component.ComponentName =
-        component != nullptr ? component->GetName() : InsertedName(defaultClass, input.Component.FormName);
-    if (component == nullptr) return;
-    for (const TmlString& entry : component->GetStrings())
-        input.Existing.push_back({entry.ID, entry.Text});
+    receiver.Component.ComponentName =
+        component != nullptr ? component->GetName() : InsertedName(defaultClass, receiver.Component.FormName);
+    if (component == nullptr) return receiver;
+    for (TmlString& entry : component->GetStrings())
+        receiver.Existing.push_back({std::move(entry.ID), std::move(entry.Text)});
+    return receiver;
+}
+
+void SetReceiver(TScanInput& input, TReceiver receiver) {
+    receiver.Component.WithForm = receiver.Component.WithForm || input.Component.WithForm;
+    input.Component = std::move(receiver.Component);
+    input.Existing = std::move(receiver.Existing);
+}
+
+/// A module that is open while this lives, and closed then unless it was open before.
+class TOpenModule {
+  public:
+    TOpenModule(TWorkplace& workplace, const std::string& fileName)
+        : wasOpen_(workplace.Modules().FindModule(fileName) != nullptr),
+          module_(workplace.Modules().OpenModule(fileName, false)) {}
+    ~TOpenModule() {
+        if (!wasOpen_) module_->Close();
+    }
+    TOpenModule(const TOpenModule&) = delete;
+    TOpenModule& operator=(const TOpenModule&) = delete;
+
+    IOTAModule* operator->() const { return module_.get(); }
+    IOTAModule& operator*() const { return *module_; }
+
+  private:
+    bool wasOpen_;
+    std::shared_ptr<IOTAModule> module_;
+};
+
+/// The component as the form's file tells it, read without opening the form.
+std::string ComponentInFile(TWorkplace& workplace, const std::string& formFile) {
+    const THost& host = workplace.Host();
+    try {
+        return AnalyzeClosedForm(*host.Files, formFile, host.Runtime->NamesArray()).ComponentName;
+    } catch (const EBadInput&) {
+        return {};  // opening the form tells what is wrong with it
+    }
+}
+
+/// The receiver of units is not the unit's own form, so it is always named with it.
+TReceiver ReceiverForUnits(TWorkplace& workplace, const TScanTarget& form, const std::string& defaultClass) {
+    const TOpenModule module(workplace, form.FileName);
+    TReceiver receiver = ReceiverOf(*workplace.Host().Runtime, *module, defaultClass);
+    receiver.Component.WithForm = true;
+    return receiver;
+}
+
+std::string DefaultFormForUnits(IFileSystem& files, const std::string& project) {
+    return TmlMemIniFile(files, WithExtension(project, ".mlproj"))
+        .ReadString("Settings", "DefaultFormForUnits", "");
 }
 
 }  // namespace
@@ -128,21 +179,50 @@ std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<st
     return found;
 }
 
-void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::string& defaultClass,
+TScanShared SharedOfPaths(const std::string& defaultClass) {
+    TScanShared shared{defaultClass, nullptr, {}};
+    shared.ForUnits.Component.ComponentName = InsertedName(defaultClass, "");
+    return shared;
+}
+
+TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultClass,
+                            const std::function<void(const EBadInput&)>& onProblem) {
+    TScanShared shared = SharedOfPaths(defaultClass);
+    IOTAProject& project = *workplace.Modules().GetActiveProject();
+    IFileSystem& files = *workplace.Host().Files;
+    TFolderIndex folders(files);
+    const auto components = std::make_shared<TFormComponents>();
+    const std::vector<TScanTarget> targets = TargetsOfProject(project, {}, {});
+    for (const TScanTarget& target : targets)
+        if (!target.FormName.empty())
+            components->Add(target.FormName, ComponentInFile(workplace, folders.FormFileOf(target.FileName)));
+    shared.Others = components;
+    try {
+        const std::string defaultForm = DefaultFormForUnits(files, project.GetFileName());
+        for (const TScanTarget& target : targets)
+            if (!target.FormName.empty() && SameText(target.FormName, defaultForm))
+                shared.ForUnits = ReceiverForUnits(workplace, target, defaultClass);
+    } catch (const EBadInput& error) {
+        onProblem(error);
+    }
+    return shared;
+}
+
+void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanShared& shared,
                 TScanInput& input) {
     input.FileName = target.FileName;
-    input.Component.ComponentName = InsertedName(defaultClass, "");
+    input.Others = shared.Others;
     if (target.FormName.empty()) {
         input.Text = TCodedText::TextOf(workplace.Host().Files->Read(target.FileName));
+        SetReceiver(input, shared.ForUnits);
         return;
     }
-    const bool wasOpen = workplace.Modules().FindModule(target.FileName) != nullptr;
-    const auto module = workplace.Modules().OpenModule(target.FileName, false);
+    const TOpenModule module(workplace, target.FileName);
     input.Text = *module->GetSourceEditor(0)->GetText();
     if (module->GetSourceEditorCount() > 1) input.Header = *module->GetSourceEditor(1)->GetText();
-    if (module->GetFormEditor() != nullptr)
-        FillFromForm(*workplace.Host().Runtime, *module, defaultClass, input);
-    if (!wasOpen) module->Close();
+    const bool hasForm = module->GetFormEditor() != nullptr;
+    SetReceiver(input, hasForm ? ReceiverOf(*workplace.Host().Runtime, *module, shared.DefaultClass)
+                               : SharedOfPaths(shared.DefaultClass).ForUnits);
 }
 
 }  // namespace tml

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "base/Errors.h"
 #include "cli/Workplace.h"
 #include "expert/Settings.h"
+#include "scan/Calls.h"
 #include "scan/Scan.h"
 
 namespace tml {
@@ -23,9 +27,30 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
 /// Every unit file that the paths name, folders searched through; EFileError for a path that is not there.
 std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<std::string>& paths);
 
-/// Fills in a unit: its text and its form's component with the strings that it holds (the one that an
-/// insertion would create where there is none). EBadInput for a unit that cannot be read.
-void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const std::string& defaultClass,
+/// The component that receives a unit's strings.
+struct TReceiver {
+    TComponentReference Component;
+    std::vector<TExistingString> Existing;
+};
+
+/// What the units of a scan have in common.
+struct TScanShared {
+    std::string DefaultClass;                       ///< of a component that is still to be inserted
+    std::shared_ptr<const TFormComponents> Others;  ///< of the project's forms; null outside a project
+    TReceiver ForUnits;                             ///< of units without a form
+};
+
+/// Outside a project: the component that an insertion would create serves all units.
+TScanShared SharedOfPaths(const std::string& defaultClass);
+/// Reads the components of the project's forms. Units without a form have that of the default form for
+/// units, where the project's settings choose one of its forms; one that cannot be read is told to
+/// onProblem and not taken.
+TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultClass,
+                            const std::function<void(const EBadInput&)>& onProblem);
+
+/// Fills in a unit: its text and its component with the strings that it holds (the one that an insertion
+/// would create where the form has none). EBadInput for a unit that cannot be read.
+void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanShared& shared,
                 TScanInput& input);
 
 }  // namespace tml

@@ -24,18 +24,30 @@ std::vector<std::size_t> FindMethods(std::string_view text) {
 /// Reads references like Form1.mlLang1.GetText( backwards from the method's name.
 class TReferenceReader {
   public:
-    TReferenceReader(std::string_view text, const TComponentReference& component)
-        : text_(text), component_(component) {}
+    TReferenceReader(std::string_view text, const TComponentReference& component,
+                     const TFormComponents* others)
+        : text_(text), component_(component), others_(others) {}
 
-    /// The start of the reference to the component in front of the method at method, npos when there is none.
+    /// The start of the reference to a component in front of the method at method, npos when there is none.
     std::size_t BeginOf(std::size_t method) const {
-        const std::size_t component = QualifierBefore(method, {component_.ComponentName});
-        if (component == std::string_view::npos) return component;
-        if (!IsQualified(component)) return component;
-        return QualifierBefore(component, {component_.FormName, "Self", "this"});
+        const std::string_view component = QualifierBefore(method);
+        if (component.empty()) return std::string_view::npos;
+        const bool isOwn = SameText(component, component_.ComponentName);
+        if (!isOwn && others_ == nullptr) return std::string_view::npos;
+        const std::size_t begin = PlaceOf(component);
+        if (!IsQualified(begin)) return isOwn ? begin : std::string_view::npos;
+        const std::string_view form = QualifierBefore(begin);
+        const bool known =
+            (isOwn && IsOwnForm(form)) || (others_ != nullptr && others_->Holds(form, component));
+        return known ? PlaceOf(form) : std::string_view::npos;
     }
 
   private:
+    bool IsOwnForm(std::string_view name) const {
+        return !name.empty() &&
+               (SameText(name, component_.FormName) || SameText(name, "Self") || SameText(name, "this"));
+    }
+
     bool IsQualified(std::size_t name) const { return PointBefore(SkipBlanksBack(text_, name)) != 0; }
 
     /// Length of the member access sign that ends at end, 0 when there is none.
@@ -44,22 +56,23 @@ class TReferenceReader {
         return end >= 2 && text_.substr(end - 2, 2) == "->" ? 2 : 0;
     }
 
-    /// The start of the name in front of the member access sign in front of place, when it is one of names.
-    std::size_t QualifierBefore(std::size_t place, std::initializer_list<std::string_view> names) const {
+    /// The name in front of the member access sign in front of place, "" when there is none.
+    std::string_view QualifierBefore(std::size_t place) const {
         const std::size_t pointEnd = SkipBlanksBack(text_, place);
         const std::size_t point = PointBefore(pointEnd);
-        if (point == 0) return std::string_view::npos;
+        if (point == 0) return {};
         const std::size_t end = SkipBlanksBack(text_, pointEnd - point);
         const std::size_t begin = WordBegin(text_, end);
-        const std::string_view name = text_.substr(begin, end - begin);
-        const bool known = std::any_of(names.begin(), names.end(), [&](std::string_view wanted) {
-            return !wanted.empty() && SameText(wanted, name);
-        });
-        return known ? begin : std::string_view::npos;
+        return text_.substr(begin, end - begin);
+    }
+
+    std::size_t PlaceOf(std::string_view name) const {
+        return static_cast<std::size_t>(name.data() - text_.data());
     }
 
     std::string_view text_;
     const TComponentReference& component_;
+    const TFormComponents* others_;
 };
 
 /// The parenthesis of the accessor whose name begins at method, npos when it is another name.
@@ -177,11 +190,16 @@ class TCloser {
 
 }  // namespace
 
-std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component) {
+std::string TFormComponents::Key(std::string_view form, std::string_view component) {
+    return UpperCase(form) + "." + UpperCase(component);
+}
+
+std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component,
+                                     const TFormComponents* others) {
     std::vector<TAccessorCall> calls;
-    if (component.ComponentName.empty()) return calls;
+    if (component.ComponentName.empty() && others == nullptr) return calls;
     const std::string_view text = source.Text();
-    const TReferenceReader references(text, component);
+    const TReferenceReader references(text, component, others);
     for (const std::size_t method : FindMethods(text)) {
         // First what stands in front: a name that holds the word many times is then read once at most.
         const std::size_t begin = references.BeginOf(method);

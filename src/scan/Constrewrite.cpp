@@ -140,26 +140,48 @@ std::string QualifierOf(const TConstInput& input, const TConstForm& form) {
     return IsOwnForm(input, form) ? std::string() : WithExtension(FileNameOf(input.Scan.FileName), "");
 }
 
-/// The handlers of the form, as they are or shall be.
-struct THandlers {
+/// The handlers of the form, as they are or shall be. A method that is bound to no event is taken for one
+/// only when it could be bound.
+class THandlers {
+  public:
     THandlers(const TUnitRoutines& routines, const TConstForm& form)
-        : Create(form.OnCreate), ChangeLanguage(form.OnChangeLanguage) {
-        const bool isDataModule = SameText(routines.AncestorOf(form.ClassName), "TDataModule");
-        if (Create.empty())
-            Create = routines.Find(form.ClassName, "FormCreate") == nullptr &&
-                             (isDataModule || routines.Find(form.ClassName, "DataModuleCreate") != nullptr)
-                         ? "DataModuleCreate"
-                         : "FormCreate";
-        for (const TUnitRoutines::TRoutine& routine : routines.Routines()) {
-            const bool isHandler = SameText(routine.Owner, form.ClassName) &&
-                                   UpperCase(routine.Name).ends_with(UpperCase(kChangeLanguage));
-            if (isHandler && ChangeLanguage.empty()) ChangeLanguage = routine.Name;
-        }
-        if (ChangeLanguage.empty()) ChangeLanguage = form.ComponentName + std::string(kChangeLanguage);
+        : Create(form.OnCreate), ChangeLanguage(form.OnChangeLanguage), routines_(routines), form_(form) {
+        if (Create.empty()) Create = FindCreate();
+        if (ChangeLanguage.empty()) ChangeLanguage = FindChangeLanguage();
     }
 
     std::string Create;
     std::string ChangeLanguage;
+
+  private:
+    bool IsHandler(std::string_view name) const {
+        return routines_.DeclaresEventHandler(form_.ClassName, name);
+    }
+
+    std::string FindCreate() const {
+        const bool isDataModule = SameText(routines_.AncestorOf(form_.ClassName), "TDataModule");
+        const bool ofDataModule = !IsHandler("FormCreate") && (isDataModule || IsHandler("DataModuleCreate"));
+        return NameLike(ofDataModule ? "DataModuleCreate" : "FormCreate");
+    }
+
+    std::string FindChangeLanguage() const {
+        for (const TUnitRoutines::TRoutine& routine : routines_.Routines())
+            if (SameText(routine.Owner, form_.ClassName) &&
+                UpperCase(routine.Name).ends_with(UpperCase(kChangeLanguage)) && IsHandler(routine.Name))
+                return std::string(routine.Name);
+        return NameLike(form_.ComponentName + std::string(kChangeLanguage));
+    }
+
+    /// The name, with a number behind it where the class uses it for something else.
+    std::string NameLike(const std::string& wanted) const {
+        std::string name = wanted;
+        for (int number = 1; !IsHandler(name) && !routines_.IsFreeName(form_.ClassName, name); ++number)
+            name = wanted + std::to_string(number);
+        return name;
+    }
+
+    const TUnitRoutines& routines_;
+    const TConstForm& form_;
 };
 
 class TConstRewriter {

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -87,12 +88,13 @@ class TConstWalk {
         while (literal_ < literals.size() && literals[literal_].Open < begin)
             ++literal_;
         for (; literal_ < literals.size() && literals[literal_].Open < end; ++literal_)
-            if (literals[literal_].InComment && literals[literal_].RawLength() > Ignorable())
+            if (literals[literal_].InComment && !IsShort(literals[literal_].RawLength()))
                 IsExcluded(DecodeLiteral(source_, literals[literal_]), literals[literal_].Open);
     }
 
-    std::size_t Ignorable() const {
-        return static_cast<std::size_t>(std::max(input_.Scan.Skip.IgnorableLength, 0));
+    /// Of a negative length not even the empty literal is.
+    bool IsShort(std::size_t rawLength) const {
+        return std::cmp_less_equal(rawLength, input_.Scan.Skip.IgnorableLength);
     }
 
     bool IsExcluded(const std::string& text, std::size_t place) {
@@ -103,7 +105,7 @@ class TConstWalk {
     }
 
     void Test(const TConstDeclaration& declaration, std::size_t lineEnd) {
-        if (declaration.RawLength <= Ignorable()) return;
+        if (IsShort(declaration.RawLength)) return;
         if (IsRefusedLater(declaration, lineEnd)) return;
         if (IsExcluded(declaration.Text, declaration.Open)) return;
         result_.Records.push_back(Describe(declaration));
@@ -113,16 +115,18 @@ class TConstWalk {
 
     /// A declaration over several lines is offered only when none of the later ones is a tag or refused.
     bool IsRefusedLater(const TConstDeclaration& declaration, std::size_t line) {
-        while (line < declaration.End) {
+        for (std::int32_t number = line_ + 1; line < declaration.End; ++number) {
             const std::size_t end = LineEnd(text_, line);
             const std::string_view later = text_.substr(line, end - line);
             if (IsTagLine(later, kPascal)) return true;
             const TStringSkipReason reason = rules_.RefusalOf(later);
             if (reason != ssrNone) {
-                SkipString(result_.Skipped, Trim(later), line_, reason, true);
+                // A line with a candidate of its own is recorded when the walk comes to it.
+                if (!rules_.HasCandidate(later, true))
+                    SkipString(result_.Skipped, later, number, reason, true);
                 return true;
             }
-            line = text_.find('\n', end) + 1;
+            line = std::min(text_.find('\n', end), text_.size() - 1) + 1;
         }
         return false;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <unordered_set>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -26,7 +27,7 @@ class TWalk {
           begin_(input.Selection ? input.Selection->Begin : 0),
           end_(std::min(input.Selection ? input.Selection->End : text_.size(), text_.size())),
           rules_(input.Skip, language_, input.Common),
-          calls_(FindCalls(source_, input.Component)) {
+          calls_(FindCalls(source_, input.Component, input.Others.get())) {
         if (text_.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) - 1)
             throw EBadInput(input.FileName, 0, "the text is larger than 2 GB", "Divide the unit.");
         begin_ = std::min(begin_, end_);
@@ -73,8 +74,9 @@ class TWalk {
 
     template <typename OnFound>
     void Test(const TLiteral& literal, std::size_t lineEnd, TmlSkippedStrings& skipped, OnFound& onFound) {
-        const auto ignorable = static_cast<std::size_t>(std::max(input_.Skip.IgnorableLength, 0));
-        if (literal.RawLength() <= ignorable || literal.Begin < begin_ || literal.End > end_) return;
+        // A negative length lets even the empty literal through to the other tests.
+        const bool isShort = std::cmp_less_equal(literal.RawLength(), input_.Skip.IgnorableLength);
+        if (isShort || literal.Begin < begin_ || literal.End > end_) return;
         if (IsInCall(literal)) return;
         if (literal.End > lineEnd && IsRefusedLater(literal, lineEnd, skipped)) return;
         const std::string text = DecodeLiteral(source_, literal);
@@ -103,11 +105,10 @@ class TWalk {
             const TStringSkipReason reason = rules_.RefusalOf(later);
             if (IsTagLine(later, language_)) return true;
             if (reason != ssrNone) {
-                // A line with a delimiter of its own is recorded when the walk comes to it.
-                const bool recordsItself = later.find(language_.Delimiter()) != kNone;
-                if (!recordsItself)
+                // A line with a candidate of its own is recorded when the walk comes to it.
+                if (!rules_.HasCandidate(later, false))
                     SkipString(skipped, text_.substr(line, LineEnd(text_, line) - line),
-                               static_cast<std::int32_t>(literal.Open + 1), reason, false);
+                               static_cast<std::int32_t>(line + 1), reason, false);
                 return true;
             }
             line = end;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@
 #include "scan/Skiprules.h"
 
 namespace tml {
+
+class TFormComponents;
 
 /// A string that the component holds already.
 struct TExistingString {
@@ -32,7 +35,8 @@ struct TScanInput {
     std::string FileName;  ///< its extension chooses the language
     std::string Header;    ///< the text of a C++ unit's header, "" when there is none; serves the advice
     TComponentReference Component;
-    std::vector<TExistingString> Existing;  ///< in the component's order
+    std::shared_ptr<const TFormComponents> Others;  ///< calls on these are passed over too; may be null
+    std::vector<TExistingString> Existing;          ///< in the component's order
     TSkipSettings Skip;
     std::string HCPrefix = "IDS_";
     std::string ReplaceMethod = "GetTextOrDefault(";

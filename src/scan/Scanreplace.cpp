@@ -1,5 +1,6 @@
 #include "scan/Scanreplace.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -8,6 +9,7 @@
 #include "base/Utf8.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "scan/Calls.h"
 #include "scan/Constreplace.h"
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
@@ -20,6 +22,13 @@ namespace {
 
 constexpr std::string_view kReplaced =
     "Source file translated. All string constants added to \"Strings\" property.";
+
+/// The name of a form's component. Since an insertion its row shows the class in place of it.
+std::string ComponentOf(TContext& context, const TListItem& row) {
+    const std::string& shown = row.SubItems[fcComponent];
+    const bool isInserted = shown == row.SubItems[fcClass] && !shown.empty();
+    return isInserted ? AnalyzeFile(context, row.SubItems[fcFileName]).ComponentName : shown;
+}
 
 /// One run over one unit.
 class TRun {
@@ -52,6 +61,7 @@ class TRun {
     bool Review();
     void Modify();
     std::vector<TmlString> NewStrings() const;
+    bool WritesCalls() const;
 
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
         if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
@@ -103,6 +113,10 @@ TScanInput TRun::MakeInput() {
     input.Component.WithForm = input.Component.WithForm || !ownUnit;
     input.Component.FormClass =
         GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType();
+    const auto others = std::make_shared<TFormComponents>();
+    for (const auto& row : context_.Rows.FormNames.Items())
+        others->Add(row->Caption, ComponentOf(context_, *row));
+    input.Others = others;
     for (TmlString& string : lang_->GetStrings())
         input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
     if (context_.ScanMode == kScanSelection) input.Selection = Selection();
@@ -164,6 +178,12 @@ std::vector<TmlString> TRun::NewStrings() const {
     return strings;
 }
 
+/// Rows that are all marked to be ignored leave their unit without a call.
+bool TRun::WritesCalls() const {
+    return std::any_of(strings_.begin(), strings_.end(),
+                       [](const TmlFoundSourceString& row) { return !row.MarkedToIgnore; });
+}
+
 void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
@@ -175,7 +195,8 @@ void TRun::Modify() {
         changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
         ProveRewrite(strings_, input_, changes.Sources.front().Edits);
     }
-    if (!SameText(unitFile_, formUnit_)) changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
+    if (!SameText(unitFile_, formUnit_) && WritesCalls())
+        changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
     GetModuleServices(context_)->ApplyChangeSet(changes);
     MarkModifiedForm(context_, item_.Caption);
 }

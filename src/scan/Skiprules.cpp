@@ -140,12 +140,16 @@ TSkipRules::TSkipRules(const TSkipSettings& settings, const TLanguage& language,
     }
 }
 
-bool TSkipRules::FindValidDelimitor(std::string_view line, bool constSection, std::int32_t position,
-                                    TmlSkippedStrings& skipped) const {
+bool TSkipRules::HasCandidate(std::string_view line, bool constSection) const {
     const std::size_t delimiter = line.find(language_->Delimiter());
     if (delimiter == std::string_view::npos) return false;
     if (line.substr(0, delimiter).find("//") != std::string_view::npos) return false;
-    if (constSection && line.find('=') == std::string_view::npos) return false;
+    return !constSection || line.find('=') != std::string_view::npos;
+}
+
+bool TSkipRules::FindValidDelimitor(std::string_view line, bool constSection, std::int32_t position,
+                                    TmlSkippedStrings& skipped) const {
+    if (!HasCandidate(line, constSection)) return false;
     const TStringSkipReason reason = RefusalOf(line);
     if (reason != ssrNone) SkipString(skipped, WithoutLineEnd(line), position, reason, constSection);
     return reason == ssrNone;

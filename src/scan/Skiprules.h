@@ -105,8 +105,10 @@ class TSkipRules {
   public:
     TSkipRules(const TSkipSettings& settings, const TLanguage& language, ICommonLibrary* common);
 
-    /// Whether the line is to be searched for literals. A line refused for a tag or a phrase is recorded
-    /// with the position (see SkipString).
+    /// Whether the line may hold a literal to offer, whatever the settings.
+    bool HasCandidate(std::string_view line, bool constSection) const;
+    /// Whether the line is to be searched for literals. One with a candidate that is refused for a tag or a
+    /// phrase is recorded with the position (see SkipString).
     bool FindValidDelimitor(std::string_view line, bool constSection, std::int32_t position,
                             TmlSkippedStrings& skipped) const;
 

@@ -134,23 +134,55 @@ std::size_t TUnitRoutines::EndOfInterface() const {
     return LineStart(source_.Text(), Part(Kind::Implementation)->Begin);
 }
 
+bool TUnitRoutines::IsHead(const TRegion& region, std::size_t parent, std::string_view name) const {
+    return region.Kind == Kind::Head && region.Parent == parent &&
+           SameText(TextAt(TokenAt(region.Begin) + 1), name);
+}
+
 /// The heads directly within a region name it.
-bool TUnitRoutines::DeclaresIn(const TRegion& around, TRegionKind kind, std::string_view name) const {
+bool TUnitRoutines::DeclaresIn(const TRegion& around, std::string_view name) const {
     const auto index = static_cast<std::size_t>(&around - regions_.data());
-    return std::any_of(regions_.begin(), regions_.end(), [&](const TRegion& region) {
-        return region.Kind == kind && region.Parent == index &&
-               SameText(TextAt(TokenAt(region.Begin) + 1), name);
-    });
+    return std::any_of(regions_.begin(), regions_.end(),
+                       [&](const TRegion& region) { return IsHead(region, index, name); });
 }
 
 bool TUnitRoutines::DeclaresRoutine(std::string_view name) const {
     const TRegion* interface = Part(Kind::Interface);
-    return interface != nullptr && DeclaresIn(*interface, Kind::Head, name);
+    return interface != nullptr && DeclaresIn(*interface, name);
 }
 
 bool TUnitRoutines::DeclaresMethod(std::string_view className, std::string_view name) const {
     const TRegion* declared = ClassOf(className);
-    return declared != nullptr && DeclaresIn(*declared, Kind::Head, name);
+    return declared != nullptr && DeclaresIn(*declared, name);
+}
+
+bool TUnitRoutines::IsEventHead(std::size_t index) const {
+    const bool ofClass = index > 0 && SameText(TextAt(index - 1), "class");
+    return !ofClass && SameText(TextAt(index), "procedure") && TextAt(index + 2) == "(" &&
+           TextAt(index + 4) == ":" && SameText(TextAt(index + 5), "TObject") && TextAt(index + 6) == ")";
+}
+
+bool TUnitRoutines::DeclaresEventHandler(std::string_view className, std::string_view name) const {
+    const TRegion* declared = ClassOf(className);
+    if (declared == nullptr) return false;
+    const auto index = static_cast<std::size_t>(declared - regions_.data());
+    bool isDeclared = false;
+    for (const TRegion& region : regions_) {
+        if (!IsHead(region, index, name)) continue;
+        if (!IsEventHead(TokenAt(region.Begin))) return false;
+        isDeclared = true;
+    }
+    return isDeclared;
+}
+
+bool TUnitRoutines::IsFreeName(std::string_view className, std::string_view name) const {
+    if (Find(className, name) != nullptr) return false;
+    const TRegion* declared = ClassOf(className);
+    if (declared == nullptr) return true;
+    for (std::size_t i = TokenAt(declared->Begin); i < tokens_.size() && tokens_[i].Begin < declared->End;
+         ++i)
+        if (SameText(TextAt(i), name)) return false;
+    return true;
 }
 
 std::string_view TUnitRoutines::AncestorOf(std::string_view className) const {

@@ -42,13 +42,20 @@ class TUnitRoutines {
     bool DeclaresRoutine(std::string_view name) const;
     /// True when the class declares a method of this name.
     bool DeclaresMethod(std::string_view className, std::string_view name) const;
+    /// True when the class declares the method, and each time as a handler of a plain event: a procedure of
+    /// an object whose parameters are one "Name: TObject".
+    bool DeclaresEventHandler(std::string_view className, std::string_view name) const;
+    /// True when nothing in the class and no body of it bears the name.
+    bool IsFreeName(std::string_view className, std::string_view name) const;
     /// The first ancestor in the class's heading, "" when it names none.
     std::string_view AncestorOf(std::string_view className) const;
     /// The edit that declares methods, a line each, at the end of the class's first section.
     TEdit DeclareMethods(const std::string& className, const std::vector<std::string>& lines) const;
 
   private:
-    bool DeclaresIn(const TRegion& around, TRegionKind kind, std::string_view name) const;
+    bool IsEventHead(std::size_t index) const;
+    bool IsHead(const TRegion& region, std::size_t parent, std::string_view name) const;
+    bool DeclaresIn(const TRegion& around, std::string_view name) const;
     const TRegion* Part(TRegionKind kind) const;
     const TRegion* ClassOf(std::string_view name) const;
     std::size_t TokenAt(std::size_t offset) const;

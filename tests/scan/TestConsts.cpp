@@ -49,8 +49,9 @@ TEST(Consts, TheScanTakesStringsOfConstSectionsOnly) {
         {"const\n  A = 'one'; {TML:IGNORE}\n{TML:IGNORE ON}\n  B = 'two';\n{TML:IGNORE OFF}\n  C = 'three';\n"
          "  D: string = ''; (* 'four' *) // TML: Localized (Don't modify!)\n  E = '...'; F = 'x' ;\n",
          "12:C=three() | 8:ssByIgnoreTag 14:ssrBadChars"},
-        {"const\n  A = 'one' +\n{TML:IGNORE}\n  'two';\n  B = 'three' +\n  'four'; {TML:IGNORE}\n",
-         " | 11:ssByIgnoreTag"},
+        {"const\n  A = 'one' +\n{TML:IGNORE}\n  'two';\n  B = 'three' +\n  'four'; {TML:IGNORE}\n"
+         "  C = 'five' +\n    'six'; D = 'seven'; {TML:IGNORE}\n",
+         " | 12:ssByIgnoreTag 14:ssByIgnoreTag"},
         {"const\n  A = 'one'; B = 'two' + 'more'; C = 'é';\n  U = A + X;\n{$IFDEF X} I = 'cond'; {$ENDIF}\n",
          "8:A=one(constant-use) 8:B=twomore() 8:C=é(character) 10:I=cond(conditional) |"},
         {"type TOuter = class\n  type TInner = class\n  const A = 'one';\n  end;\n  end;\n  TG<T> = class\n"
@@ -69,10 +70,18 @@ TEST(Consts, TheScanTakesStringsOfConstSectionsOnly) {
         dump += "|";
         for (const TmlSkippedString& s : result.Skipped) {
             EXPECT_EQ(s.Position, 0);
+            const bool isWhole = s.Text.starts_with("  ") && s.Text.ends_with("}");
+            EXPECT_TRUE(isWhole || s.Reason != ssByIgnoreTag) << s.Text;
             dump += " " + std::to_string(s.ConstLine) + ":" + std::string(SkipReasonName(s.Reason));
         }
         EXPECT_EQ(dump, test.Expected) << test.Consts;
     }
+}
+
+TEST(Consts, ADeclarationMayReachIntoALineWithoutEnd) {
+    EXPECT_EQ(
+        ScanConsts(ConstInput("unit U;\r\ninterface\r\nconst\r\n  A = 'one' +\r\n  'two';")).Records.size(),
+        1U);
 }
 
 TEST(Consts, IDsAreThePrefixAndTheNameAndRespectTheComponent) {
@@ -134,6 +143,34 @@ TEST(Consts, DeclarationsAreRewrittenForBothSettings) {
                 expected.replace(at, 1, done);
             EXPECT_EQ(Section(input), expected);
         }
+}
+
+TEST(Consts, AMethodOfAnotherSignatureIsNoHandler) {
+    const struct {
+        std::string Kind, Create, Change, Expected;
+    } cases[] = {
+        {"procedure ", "FormCreate(Sender: TObject)", "ChangeLanguage(It: tobject)",
+         "FormCreate ChangeLanguage"},
+        {"procedure ", "FormCreate(const S: TObject)", "ChangeLanguage(const ALang: string)",
+         "FormCreate1 mlLang1ChangeLanguage"},
+        {"procedure ", "FormCreate", "mlLang1ChangeLanguage(A, B: TObject)",
+         "FormCreate1 mlLang1ChangeLanguage1"},
+        {"class procedure ", "FormCreate(Sender: TObject)", "ChangeLanguage(Sender: TObject)",
+         "FormCreate1 mlLang1ChangeLanguage"},
+    };
+    for (const auto& [kind, create, change, expected] : cases) {
+        std::string text = Unit("const\n  A = 'one';\n");
+        for (const std::string& head : {create, change}) {
+            text.insert(text.find("  end;"), kind + head + ";\r\n");
+            text.insert(text.find("end.\r\n"), kind + "TForm1." + head + ";\r\nbegin\r\nend;\r\n");
+        }
+        const TConstInput input = ConstInput(text);
+        const std::vector<TStrRec> records = ScanConsts(input).Records;
+        const TmlFoundSourceStrings rows = ConstRows(input, records);
+        const TConstChanges changes = RewriteConsts(rows, input, records, kForm);
+        ProveConsts(rows, input, records, kForm, changes);
+        EXPECT_EQ(changes.OnCreate + " " + changes.OnChangeLanguage, expected);
+    }
 }
 
 struct TBadCase {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
+#include "scan/Calls.h"
 #include "scan/Lines.h"
 #include "scan/Scansupport.h"
 
@@ -81,12 +82,15 @@ TEST(Scan, AppliesTheSettingsInOrder) {
     TScanInput joined = InputFor("a.cpp", "s = \"ab\"\r\n  // log(\r\n  \"cd\";\r\n");
     joined.Skip.SkipLines = input.Skip.SkipLines;
     EXPECT_EQ(Dump(Scan(joined)), "| ssrByLine:  // log(");
+    EXPECT_EQ(Scan(joined).Skipped.front().Position, static_cast<int>(joined.Text.find("  //") + 1));
     input.Skip.IgnorableLength = 2;
     EXPECT_EQ(Dump(Scan(input)), "| ssrByLine:Log('cd');");
     input = InputFor("a.pas", "s := '' + 'x' + '–';\r\n");
     input.Skip.IgnorableLength = 0;
     input.Skip.ExcludeChars = "–";
     EXPECT_EQ(Dump(Scan(input)), "IDS_0=x | ssrBadChars:–");
+    input.Skip.IgnorableLength = -1;
+    EXPECT_EQ(Dump(Scan(input)), "IDS_0=x | ssrBadChars: ssrBadChars:–");
 }
 
 TEST(Scan, PassesOverCallsThatAreThere) {
@@ -103,6 +107,16 @@ TEST(Scan, PassesOverCallsThatAreThere) {
          {"{ it's mlLang1.GetText('X') } s := 'ab';\r\n", "IDS_0=ab | ssrComments:s mlLang1.GetText("}});
     ExpectScans("a.cpp", {{"s = mlLang1->GetText(\"XX\" /* \"Old\" */ ) + F('(', \"ab\");\r\n", "IDS_0=ab |"},
                           {"s = this->mlLang1->GetTextC(\"XX\" \"YY\");\r\n", "|"}});
+    TFormComponents others;
+    others.Add("Form2", "mlLang9");
+    TScanInput input =
+        InputFor("a.pas",
+                 "s := FORM2 . mlLang9.GetText('X' (* 'no' *) ) + Form1.mlLang1.GetText('X1');\r\n"
+                 "s := mlLang9.GetText('ab') + Form1.mlLang9.GetText('cd');\r\n");
+    input.Others = std::make_shared<const TFormComponents>(others);
+    EXPECT_EQ(Dump(Scan(input)), "IDS_0=ab IDS_1=cd |");
+    input.Component = {};
+    EXPECT_EQ(Dump(Scan(input)), "IDS_0=X1 IDS_1=ab IDS_2=cd |");
 }
 
 TEST(Scan, DescribesWhatItFinds) {

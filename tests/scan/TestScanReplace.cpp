@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "expert/Insertion.h"
+#include "scan/Constreplace.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
 #include "scan/Selunit.h"
@@ -262,6 +263,24 @@ TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
         window.tbCancelClick();
     });
     Expert->Window()->Run("ConstWithForm");
+}
+
+TEST_F(TScanReplace, AUnitWithoutACallDoesNotUseTheForm) {
+    Put("/p/Helper.pas", "unit Helper;\ninterface\nconst\n  A = 'One';\nimplementation\nend.\n");
+    Prepare(2);
+    for (const bool constSection : {false, true}) {
+        Review([this, constSection](TfrmFound& window) {
+            window.sgStrings.Row = 0;
+            window.acMarktoIgnore();
+            User.OnMessage(kApply, mrYes);
+            User.OnMessage(std::string(constSection ? kConstsReplaced : kDone));
+            window.tbModifyClick();
+        });
+        EXPECT_TRUE(DoScanReplace(Context(), Row("Form2"), "/p/Helper.pas", constSection));
+        const auto helper = Ide.GetModuleServices()->FindModule("/p/Helper.pas");
+        EXPECT_EQ(helper->GetSourceEditor(0)->GetText()->find("uses"), std::string::npos);
+        Ide.Undo("/p/Helper.pas");
+    }
 }
 
 TEST_F(TScanReplace, APascalUnitCannotCallACppForm) {
