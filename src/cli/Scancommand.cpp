@@ -70,7 +70,17 @@ class TScanRun {
     }
 
   private:
+    /// The source of a program counts as its project: scanned alone it would pass for the whole of it.
+    void ExpectOneProject() const {
+        if (options_.Paths.size() == 1) return;
+        for (const std::string& path : options_.Paths)
+            if (FindProjectParser(path) != nullptr)
+                throw EBadInput(path, 0, "a project file stands alone",
+                                "Call scan once for each project, and once for units and folders");
+    }
+
     std::vector<TScanTarget> Targets() {
+        ExpectOneProject();
         const bool project =
             options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
         if (!project) {
@@ -185,7 +195,7 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
                    "  tmllang scan src/Unit1.pas lib/ --count\n"
                    "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
     const auto options = std::make_shared<TScanOptions>();
-    command->add_option("PATH", options->Paths, "A project file, or unit files and folders")->required();
+    command->add_option("PATH", options->Paths, "One project file, or unit files and folders")->required();
     command
         ->add_option("--form", options->Forms, "Only the unit of this form of the project; may be repeated")
         ->allow_extra_args(false);
