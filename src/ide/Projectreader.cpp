@@ -34,6 +34,7 @@ class TProjectReader {
             members_.pop_back();
             ReadMember(member);
         }
+        if (set_.Projects.empty()) throw NothingToOpen();
         return std::move(set_);
     }
 
@@ -97,6 +98,18 @@ class TProjectReader {
         } catch (const EBadInput& error) {
             AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
+    }
+
+    /// A group that leaves nothing to work on, with all that is wrong with its members.
+    EBadInput NothingToOpen() const {
+        std::string reasons;
+        for (const TProjectProblem& problem : set_.Problems) {
+            const std::string place = problem.FileName == set_.GroupFile ? std::string() : problem.FileName;
+            reasons += (reasons.empty() ? ": " : "; ") +
+                       std::string(EBadInput(place, problem.Line, problem.Problem).what());
+        }
+        return {set_.GroupFile, 0, "the group has no project that can be opened" + reasons,
+                "Add a project to it or restore what it names"};
     }
 
     TProjectModel ReadProject(const std::string& fileName, const TParsedProject& parsed) {

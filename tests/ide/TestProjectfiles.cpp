@@ -124,5 +124,38 @@ TEST(Projectreader, FilesAreFoundInAnyLetterCaseAndBothListsCount) {
     EXPECT_THROW(ReadProjectSet(files, "/g/Extra.pas"), EBadInput);
 }
 
+TEST(Projectreader, AGroupWithoutAUsableProjectIsRefusedWithTheReasons) {
+    TMemoryFileSystem files;
+    files.Files["/g/Bad.dproj"] = "no xml";
+    const TCase cases[] = {
+        {"a.groupproj", "<Project/>"},
+        {"b.groupproj", "<Project><ItemGroup><Projects Include='b.groupproj'/></ItemGroup></Project>"},
+        {"c.groupproj", "<Project><ItemGroup><Projects Include='Gone.dproj'/></ItemGroup></Project>"},
+        {"d.groupproj", "<Project><ItemGroup><Projects Include='Bad.dproj'/></ItemGroup></Project>"},
+        {"e.bpg", "PROJECTS = "},
+        {"f.bpg", "PROJECTS = x.exe\nx.exe: x.bpr\n"},
+        {"g.lpg", "<CONFIG><ProjectGroup><Targets Count='0'/></ProjectGroup></CONFIG>"},
+    };
+    std::string messages;
+    for (const TCase& row : cases) {
+        files.Files["/g/" + std::string(row.Text)] = row.Expected;
+        try {
+            ReadProjectSet(files, "/g/" + std::string(row.Text));
+            ADD_FAILURE() << row.Text;
+        } catch (const EBadInput& error) {
+            const std::string text = error.Problem();
+            messages += FileNameOf(error.File()) + " " + text.substr(0, text.rfind('.')) + "\n";
+        }
+    }
+    const std::string none = " the group has no project that can be opened";
+    EXPECT_EQ(messages, "a.groupproj" + none + "\nb.groupproj" + none +
+                            ": the project b.groupproj is named a second time\nc.groupproj" + none +
+                            ": the project Gone.dproj does not exist\nd.groupproj" + none +
+                            ": /g/Bad.dproj:1: no valid XML: No document element found. Repair the project "
+                            "file\ne.bpg" +
+                            none + "\nf.bpg" + none + ": the project x.bpr does not exist\ng.lpg" + none +
+                            "\n");
+}
+
 }  // namespace
 }  // namespace tml
