@@ -5,6 +5,7 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
+#include "ide/Listablefiles.h"
 #include "ide/Projectfiles.h"
 #include "scan/Scansettings.h"
 
@@ -64,7 +65,7 @@ class TScanRun {
         }
         progress_.Hide();
         if (options_.Count) PrintCount();
-        if (failures_ > 0 && failures_ == static_cast<int>(targets.size())) return kBadInput;
+        if (failures_ > 0 && scanned_ == 0) return kBadInput;
         if (failures_ > 0 || workplace_.HasProblems()) return kDoneInPart;
         return options_.Fail && found_ > 0 ? kFindings : kDone;
     }
@@ -87,10 +88,24 @@ class TScanRun {
             if (!options_.Forms.empty() || !options_.Units.empty())
                 throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",
                                 "Name a project file");
-            return TargetsOfPaths(*program_.Files, options_.Paths);
+            return FindTargets();
         }
         workplace_.OpenProject(options_.Paths.front());
         return TargetsOfProject(*workplace_.Modules().GetActiveProject(), options_.Forms, options_.Units);
+    }
+
+    std::vector<TScanTarget> FindTargets() {
+        TListableFiles files(*program_.Files);
+        std::vector<TScanTarget> targets = TargetsOfPaths(files, options_.Paths);
+        for (const auto& [folder, reason] : files.Refused())
+            Fail(reason);
+        return targets;
+    }
+
+    void Fail(const std::string& message) {
+        progress_.Hide();
+        PrintMessage(message);
+        ++failures_;
     }
 
     void ScanOne(const TScanTarget& target) {
@@ -101,10 +116,9 @@ class TScanRun {
                 found_ += CountStrings(input);
             else
                 Print(input);
+            ++scanned_;
         } catch (const EBadInput& error) {
-            progress_.Hide();
-            PrintMessage(error.what());
-            ++failures_;
+            Fail(error.what());
         }
     }
 
@@ -182,7 +196,8 @@ class TScanRun {
     TProgressLine progress_;
     std::int64_t found_ = 0;
     std::int64_t skipped_ = 0;
-    int failures_ = 0;
+    int scanned_ = 0;
+    int failures_ = 0;  ///< units that cannot be read, folders that cannot be listed
 };
 
 }  // namespace

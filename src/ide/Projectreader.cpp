@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
+#include "ide/Listablefiles.h"
 #include "ide/Projectfiles.h"
 
 namespace tml {
@@ -17,7 +18,7 @@ constexpr const char* kMissingRemedy = "Restore the file or remove it from the p
 
 class TProjectReader {
   public:
-    explicit TProjectReader(IFileSystem& files) : files_(files), index_(files) {}
+    explicit TProjectReader(IFileSystem& files) : files_(files), listable_(files), index_(listable_) {}
 
     TProjectSet ReadSet(const std::string& path) {
         const std::string fileName = AbsolutePath(files_, path);
@@ -80,8 +81,8 @@ class TProjectReader {
     void ReadMember(const TMember& member) {
         const auto found = index_.Find(FolderOf(member.GroupFile), member.Name);
         if (!found) {
-            AddProblem(
-                {member.GroupFile, 0, "the project " + member.Name + " does not exist", kMissingRemedy});
+            AddNotFound({member.GroupFile, 0, "the project " + member.Name, {}},
+                        JoinPath(FolderOf(member.GroupFile), member.Name));
             return;
         }
         if (!seen_.insert(UpperCase(*found)).second) {
@@ -130,7 +131,8 @@ class TProjectReader {
         if (name.empty()) return;
         const auto found = index_.Find(FolderOf(model.FileName), name);
         if (!found) {
-            AddProblem({model.FileName, 0, "the main source " + name + " does not exist", kMissingRemedy});
+            AddNotFound({model.FileName, 0, "the main source " + name, {}},
+                        JoinPath(FolderOf(model.FileName), name));
             return;
         }
         model.MainSource = *found;
@@ -189,16 +191,33 @@ class TProjectReader {
             if (unit.Name.find('.') != std::string::npos) continue;
             const bool formMissing = !unit.FormName.empty() && unit.FormFile.empty();
             if (!unit.Missing && !formMissing) continue;
-            AddProblem(
-                {unit.NamedBy, unit.Line,
-                 (unit.Missing ? "the unit " : "the form file of ") + unit.FileName + " does not exist",
-                 kMissingRemedy});
+            AddNotFound({unit.NamedBy,
+                         unit.Line,
+                         (unit.Missing ? "the unit " : "the form file of ") + unit.FileName,
+                         {}},
+                        unit.FileName);
         }
+    }
+
+    /// The problem names the subject as yet; what is wrong with it is said here: it does not exist, or a
+    /// folder on its path cannot be listed.
+    void AddNotFound(TProjectProblem problem, const std::string& path) {
+        const std::string place = UpperCase(AbsolutePath(files_, path));
+        for (const auto& [folder, reason] : listable_.Refused())
+            if (place.starts_with(UpperCase(JoinPath(folder, "")))) {
+                problem.Problem += " cannot be reached: " + reason;
+                AddProblem(std::move(problem));
+                return;
+            }
+        problem.Problem += " does not exist";
+        problem.Remedy = kMissingRemedy;
+        AddProblem(std::move(problem));
     }
 
     void AddProblem(TProjectProblem problem) { set_.Problems.push_back(std::move(problem)); }
 
     IFileSystem& files_;
+    TListableFiles listable_;
     TFolderIndex index_;
     TProjectSet set_;
     /// What a group names and is not yet read, the next one last.
