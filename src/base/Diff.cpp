@@ -189,6 +189,11 @@ class TPrinter {
     std::string text_;
 };
 
+/// A tab ends a name with blanks: without it the patch program takes the first word for the whole name.
+std::string HeaderLine(const char* sign, const std::string& name) {
+    return sign + name + (name.find(' ') == std::string::npos ? "\n" : "\t\n");
+}
+
 }  // namespace
 
 std::string UnifiedDiff(const std::string& oldName, const std::string& newName, std::string_view oldText,
@@ -197,7 +202,8 @@ std::string UnifiedDiff(const std::string& oldName, const std::string& newName, 
     const TLines oldLines = SplitLines(oldText);
     const TLines newLines = SplitLines(newText);
     const std::vector<THunk> hunks = TComparison(oldLines, newLines).Run();
-    return "--- " + oldName + "\n+++ " + newName + "\n" + TPrinter(oldLines, newLines).Print(hunks);
+    return HeaderLine("--- ", oldName) + HeaderLine("+++ ", newName) +
+           TPrinter(oldLines, newLines).Print(hunks);
 }
 
 }  // namespace tml

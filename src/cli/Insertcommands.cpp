@@ -3,10 +3,12 @@
 #include <sstream>
 
 #include "base/Errors.h"
+#include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
 #include "expert/Insertion.h"
 #include "expert/Modules.h"
+#include "translations/Langconfig.h"
 
 namespace tml {
 namespace {
@@ -76,6 +78,47 @@ void PrintLanguages(TProgram& program, TSession& session, TListItem& row, bool e
                   << "\n";
 }
 
+/// "German, French of MainForm": what the form's component has beyond so many languages, "" for nothing.
+std::string LostLanguages(TSession& session, TListItem& row, int count) {
+    if (ToInteger(row.SubItems[fcLanguages]) <= count) return {};
+    const TRowGuard unchanged(row);  // it is refreshed when its module opens
+    const TModuleLease lease(session.Context(), row.SubItems[fcFileName]);
+    const auto component = GetmlLang(session.Context(), row.Caption);
+    if (component == nullptr) return {};
+    const TStringList names = component->GetLangNames();
+    std::string lost;
+    for (int i = count; i < component->GetNumLang(); ++i)
+        lost += (lost.empty() ? "" : ", ") + (i < names.Count() ? names[i] : GeneratedLangName(i + 1));
+    return lost.empty() ? lost : lost + " of " + row.Caption;
+}
+
+/// Asked of all forms before the first is changed, so that nothing is written for a part of them.
+void RefuseLoss(TSession& session, const std::vector<TListItem*>& rows, int count) {
+    std::string losses;
+    for (TListItem* row : rows) {
+        try {
+            const std::string lost = LostLanguages(session, *row, count);
+            if (!lost.empty()) losses += (losses.empty() ? "" : "; ") + lost;
+        } catch (const EBadInput&) {
+            // A form that cannot be read is reported when its turn comes; nothing is lost in it.
+        }
+    }
+    if (losses.empty()) return;
+    throw EBadInput("", 0, "fewer languages would lose the translations of " + losses,
+                    "Name the others as well, or say --yes to go on");
+}
+
+/// What is wrong with the names, "" for nothing.
+std::string CheckLanguages(const std::string& text) {
+    TStringList met;
+    for (const std::string& name : TStringList::FromCommaText(text)) {
+        if (Trim(name).empty()) return "a language has no name: " + text;
+        if (met.IndexOf(name) >= 0) return "the language " + name + " is named twice";
+        met.Add(name);
+    }
+    return {};
+}
+
 int RunLanguages(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
     const std::vector<TListItem*> rows = session.Rows(options.Forms);
@@ -84,6 +127,7 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
         return session.ExitCode();
     }
     const TStringList names = TStringList::FromCommaText(options.Languages);
+    if (!program.Yes) RefuseLoss(session, rows, names.Count());
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
     session.ForEach(rows, [&](TListItem& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
@@ -115,8 +159,10 @@ void AddLanguagesCommand(CLI::App& app, TProgram& program) {
                    "  tmllang languages Orchard.dproj\n"
                    "  tmllang languages Orchard.dproj --form MainForm --set English,German"),
         *options);
-    command->add_option("--set", options->Languages,
-                        "The languages in order, separated by commas; a form without a component gets one");
+    CLI::Option* set = command->add_option(
+        "--set", options->Languages,
+        "The languages in order, separated by commas; a form without a component gets one");
+    set->check(CLI::Validator(CheckLanguages, ""));
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunLanguages(shared, *options); };
     });

@@ -5,6 +5,7 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
+#include "ide/Listablefiles.h"
 #include "ide/Projectfiles.h"
 #include "scan/Scansettings.h"
 
@@ -64,13 +65,23 @@ class TScanRun {
         }
         progress_.Hide();
         if (options_.Count) PrintCount();
-        if (failures_ > 0 && failures_ == static_cast<int>(targets.size())) return kBadInput;
+        if (failures_ > 0 && scanned_ == 0) return kBadInput;
         if (failures_ > 0 || incomplete_ || workplace_.HasProblems()) return kDoneInPart;
         return options_.Fail && found_ > 0 ? kFindings : kDone;
     }
 
   private:
+    /// The source of a program counts as its project: scanned alone it would pass for the whole of it.
+    void ExpectOneProject() const {
+        if (options_.Paths.size() == 1) return;
+        for (const std::string& path : options_.Paths)
+            if (FindProjectParser(path) != nullptr)
+                throw EBadInput(path, 0, "a project file stands alone",
+                                "Call scan once for each project, and once for units and folders");
+    }
+
     std::vector<TScanTarget> Targets() {
+        ExpectOneProject();
         const bool project =
             options_.Paths.size() == 1 && FindProjectParser(options_.Paths.front()) != nullptr;
         if (!project) {
@@ -78,7 +89,7 @@ class TScanRun {
                 throw EBadInput(options_.Paths.front(), 0, "--form and --unit choose from a project",
                                 "Name a project file");
             shared_ = SharedOfPaths(settings_.Get().DefaultComp);
-            return TargetsOfPaths(*program_.Files, options_.Paths);
+            return FindTargets();
         }
         workplace_.OpenProject(options_.Paths.front());
         shared_ = SharedOfProject(workplace_, settings_.Get().DefaultComp, [this](const EBadInput& error) {
@@ -86,6 +97,20 @@ class TScanRun {
             incomplete_ = true;
         });
         return TargetsOfProject(*workplace_.Modules().GetActiveProject(), options_.Forms, options_.Units);
+    }
+
+    std::vector<TScanTarget> FindTargets() {
+        TListableFiles files(*program_.Files);
+        std::vector<TScanTarget> targets = TargetsOfPaths(files, options_.Paths);
+        for (const auto& [folder, reason] : files.Refused())
+            Fail(reason);
+        return targets;
+    }
+
+    void Fail(const std::string& message) {
+        progress_.Hide();
+        PrintMessage(message);
+        ++failures_;
     }
 
     void ScanOne(const TScanTarget& target) {
@@ -96,10 +121,9 @@ class TScanRun {
                 found_ += CountStrings(input);
             else
                 Print(input);
+            ++scanned_;
         } catch (const EBadInput& error) {
-            progress_.Hide();
-            PrintMessage(error.what());
-            ++failures_;
+            Fail(error.what());
         }
     }
 
@@ -178,7 +202,8 @@ class TScanRun {
     TProgressLine progress_;
     std::int64_t found_ = 0;
     std::int64_t skipped_ = 0;
-    int failures_ = 0;
+    int scanned_ = 0;
+    int failures_ = 0;         ///< units that cannot be read, folders that cannot be listed
     bool incomplete_ = false;  ///< units are scanned without the strings of their default form
 };
 
@@ -192,7 +217,7 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
                    "  tmllang scan src/Unit1.pas lib/ --count\n"
                    "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
     const auto options = std::make_shared<TScanOptions>();
-    command->add_option("PATH", options->Paths, "A project file, or unit files and folders")->required();
+    command->add_option("PATH", options->Paths, "One project file, or unit files and folders")->required();
     command
         ->add_option("--form", options->Forms, "Only the unit of this form of the project; may be repeated")
         ->allow_extra_args(false);

@@ -33,12 +33,13 @@ std::string ProgramFolder() {
 
 TWorkplace::TWorkplace(TProgram& program)
     : projectName_(program.ProjectName),
+      files_(*program.Files),
       runtime_(MakeMlRuntime()),
       registry_(OpenUserRegistry(program)),
       common_(MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder()))),
       answers_(program.Yes),
       ide_(std::make_unique<THeadlessIde>(*program.Files, *runtime_, false)),
-      host_{ide_.get(), runtime_.get(), registry_.get(), &answers_, program.Files, common_.get()} {}
+      host_{ide_.get(), runtime_.get(), registry_.get(), &answers_, &files_, common_.get()} {}
 
 TWorkplace::~TWorkplace() = default;
 

@@ -5,6 +5,7 @@
 #include "cli/Answers.h"
 #include "cli/Program.h"
 #include "ide/Headlesside.h"
+#include "ide/Listablefiles.h"
 #include "platform/Host.h"
 
 namespace tml {
@@ -33,6 +34,7 @@ class TWorkplace {
     void ChooseProject(const std::string& name);
 
     std::string projectName_;
+    TListableFiles files_;  ///< what the system looks beside units with
     std::unique_ptr<IMlRuntime> runtime_;
     std::unique_ptr<IRegistry> registry_;
     std::unique_ptr<ICommonLibraryLoader> common_;

@@ -31,8 +31,8 @@ class THeadlessIde : public IBorlandIDEServices {
     IOTAModuleServices* GetModuleServices() override;
 
     /// Completes what a crash left of an earlier save, then opens a project or a group of projects (the
-    /// first is the active one), closing an open one. EBadInput for a file that is no project; missing or
-    /// unreadable units only add to Problems.
+    /// first is the active one), closing an open one. EBadInput for a file that is no project and for a group
+    /// without one, the open project stays; missing or unreadable units only add to Problems.
     void OpenProject(const std::string& path);
     /// Closes all modules without saving, then the project; nothing when none is open.
     void CloseProject();

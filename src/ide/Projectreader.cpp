@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
+#include "ide/Listablefiles.h"
 #include "ide/Projectfiles.h"
 
 namespace tml {
@@ -17,7 +18,7 @@ constexpr const char* kMissingRemedy = "Restore the file or remove it from the p
 
 class TProjectReader {
   public:
-    explicit TProjectReader(IFileSystem& files) : files_(files), index_(files) {}
+    explicit TProjectReader(IFileSystem& files) : files_(files), listable_(files), index_(listable_) {}
 
     TProjectSet ReadSet(const std::string& path) {
         const std::string fileName = AbsolutePath(files_, path);
@@ -34,6 +35,7 @@ class TProjectReader {
             members_.pop_back();
             ReadMember(member);
         }
+        if (set_.Projects.empty()) throw NothingToOpen();
         return std::move(set_);
     }
 
@@ -79,8 +81,8 @@ class TProjectReader {
     void ReadMember(const TMember& member) {
         const auto found = index_.Find(FolderOf(member.GroupFile), member.Name);
         if (!found) {
-            AddProblem(
-                {member.GroupFile, 0, "the project " + member.Name + " does not exist", kMissingRemedy});
+            AddNotFound({member.GroupFile, 0, "the project " + member.Name, {}},
+                        JoinPath(FolderOf(member.GroupFile), member.Name));
             return;
         }
         if (!seen_.insert(UpperCase(*found)).second) {
@@ -97,6 +99,18 @@ class TProjectReader {
         } catch (const EBadInput& error) {
             AddProblem({error.File(), error.Line(), error.Problem(), {}});
         }
+    }
+
+    /// A group that leaves nothing to work on, with all that is wrong with its members.
+    EBadInput NothingToOpen() const {
+        std::string reasons;
+        for (const TProjectProblem& problem : set_.Problems) {
+            const std::string place = problem.FileName == set_.GroupFile ? std::string() : problem.FileName;
+            reasons += (reasons.empty() ? ": " : "; ") +
+                       std::string(EBadInput(place, problem.Line, problem.Problem).what());
+        }
+        return {set_.GroupFile, 0, "the group has no project that can be opened" + reasons,
+                "Add a project to it or restore what it names"};
     }
 
     TProjectModel ReadProject(const std::string& fileName, const TParsedProject& parsed) {
@@ -117,7 +131,8 @@ class TProjectReader {
         if (name.empty()) return;
         const auto found = index_.Find(FolderOf(model.FileName), name);
         if (!found) {
-            AddProblem({model.FileName, 0, "the main source " + name + " does not exist", kMissingRemedy});
+            AddNotFound({model.FileName, 0, "the main source " + name, {}},
+                        JoinPath(FolderOf(model.FileName), name));
             return;
         }
         model.MainSource = *found;
@@ -176,16 +191,33 @@ class TProjectReader {
             if (unit.Name.find('.') != std::string::npos) continue;
             const bool formMissing = !unit.FormName.empty() && unit.FormFile.empty();
             if (!unit.Missing && !formMissing) continue;
-            AddProblem(
-                {unit.NamedBy, unit.Line,
-                 (unit.Missing ? "the unit " : "the form file of ") + unit.FileName + " does not exist",
-                 kMissingRemedy});
+            AddNotFound({unit.NamedBy,
+                         unit.Line,
+                         (unit.Missing ? "the unit " : "the form file of ") + unit.FileName,
+                         {}},
+                        unit.FileName);
         }
+    }
+
+    /// The problem names the subject as yet; what is wrong with it is said here: it does not exist, or a
+    /// folder on its path cannot be listed.
+    void AddNotFound(TProjectProblem problem, const std::string& path) {
+        const std::string place = UpperCase(AbsolutePath(files_, path));
+        for (const auto& [folder, reason] : listable_.Refused())
+            if (place.starts_with(UpperCase(JoinPath(folder, "")))) {
+                problem.Problem += " cannot be reached: " + reason;
+                AddProblem(std::move(problem));
+                return;
+            }
+        problem.Problem += " does not exist";
+        problem.Remedy = kMissingRemedy;
+        AddProblem(std::move(problem));
     }
 
     void AddProblem(TProjectProblem problem) { set_.Problems.push_back(std::move(problem)); }
 
     IFileSystem& files_;
+    TListableFiles listable_;
     TFolderIndex index_;
     TProjectSet set_;
     /// What a group names and is not yet read, the next one last.

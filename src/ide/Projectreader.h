@@ -15,8 +15,9 @@ struct TProjectSet {
     std::vector<TProjectProblem> Problems;
 };
 
-/// Reads a project or a group with everything it names, and looks the files up. EBadInput when path itself
-/// is missing, no project or broken; whatever else is missing or broken becomes a problem.
+/// Reads a project or a group with everything it names, and looks the files up; there is always at least one
+/// project. EBadInput when path itself is missing, no project, broken, or a group without a project that can
+/// be read; whatever else is missing or broken becomes a problem.
 TProjectSet ReadProjectSet(IFileSystem& files, const std::string& path);
 
 }  // namespace tml

@@ -30,6 +30,11 @@ TEST(Diff, ShowsTheChangedLineInItsContext) {
               "--- a/U.pas\n+++ b/U.pas\n@@ -2,5 +2,5 @@\n 2\n 3\n 4\n-5\n+X\n 6\n");
 }
 
+TEST(Diff, ATabEndsANameWithBlanks) {
+    EXPECT_EQ(UnifiedDiff("a/U.pas", "b/My Unit.pas", "1\n", "2\n"),
+              "--- a/U.pas\n+++ b/My Unit.pas\t\n@@ -1 +1 @@\n-1\n+2\n");
+}
+
 TEST(Diff, IsWhatThePatchProgramNeedsToMakeTheNewText) {
     std::mt19937 random(7);
     const fs::path folder =

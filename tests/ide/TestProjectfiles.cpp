@@ -4,6 +4,7 @@
 #include "ide/Projectfiles.h"
 #include "ide/Projectreader.h"
 #include "support/Memoryfiles.h"
+#include "support/Wrappedfiles.h"
 
 namespace tml {
 namespace {
@@ -122,6 +123,73 @@ TEST(Projectreader, FilesAreFoundInAnyLetterCaseAndBothListsCount) {
               "All.groupproj:0 the project gone.dproj does not exist\n");
     EXPECT_THROW(ReadProjectSet(files, "/g/none.dpr"), EBadInput);
     EXPECT_THROW(ReadProjectSet(files, "/g/Extra.pas"), EBadInput);
+}
+
+TEST(Projectreader, AGroupWithoutAUsableProjectIsRefusedWithTheReasons) {
+    TMemoryFileSystem files;
+    files.Files["/g/Bad.dproj"] = "no xml";
+    const TCase cases[] = {
+        {"a.groupproj", "<Project/>"},
+        {"b.groupproj", "<Project><ItemGroup><Projects Include='b.groupproj'/></ItemGroup></Project>"},
+        {"c.groupproj", "<Project><ItemGroup><Projects Include='Gone.dproj'/></ItemGroup></Project>"},
+        {"d.groupproj", "<Project><ItemGroup><Projects Include='Bad.dproj'/></ItemGroup></Project>"},
+        {"e.bpg", "PROJECTS = "},
+        {"f.bpg", "PROJECTS = x.exe\nx.exe: x.bpr\n"},
+        {"g.lpg", "<CONFIG><ProjectGroup><Targets Count='0'/></ProjectGroup></CONFIG>"},
+    };
+    std::string messages;
+    for (const TCase& row : cases) {
+        files.Files["/g/" + std::string(row.Text)] = row.Expected;
+        try {
+            ReadProjectSet(files, "/g/" + std::string(row.Text));
+            ADD_FAILURE() << row.Text;
+        } catch (const EBadInput& error) {
+            const std::string text = error.Problem();
+            messages += FileNameOf(error.File()) + " " + text.substr(0, text.rfind('.')) + "\n";
+        }
+    }
+    const std::string none = " the group has no project that can be opened";
+    EXPECT_EQ(messages, "a.groupproj" + none + "\nb.groupproj" + none +
+                            ": the project b.groupproj is named a second time\nc.groupproj" + none +
+                            ": the project Gone.dproj does not exist\nd.groupproj" + none +
+                            ": /g/Bad.dproj:1: no valid XML: No document element found. Repair the project "
+                            "file\ne.bpg" +
+                            none + "\nf.bpg" + none + ": the project x.bpr does not exist\ng.lpg" + none +
+                            "\n");
+}
+
+class TClosedFolder : public TWrappedFileSystem {
+  public:
+    using TWrappedFileSystem::TWrappedFileSystem;
+
+  protected:
+    void Before(const std::string& call, const std::string& arguments) override {
+        if (call == "List" && arguments == "/p/closed")
+            throw EFileError(arguments, 0, "is closed", "Open it");
+    }
+};
+
+TEST(Projectreader, AFolderThatCannotBeListedCostsItsOwnUnitsOnly) {
+    TMemoryFileSystem files;
+    files.Files = {
+        {"/p/P.dpr",
+         "program P;\nuses\n B in 'Closed\\sub\\B.pas' {G},\n C in 'x\\..\\closed\\C.pas',\n"
+         " D in 'closed2\\D.pas',\n A in 'A.pas' {F};"},
+        {"/p/A.pas", ""},
+        {"/p/A.dfm", ""},
+        {"/p/x/x", ""},
+        {"/p/closed/C.pas", ""},
+        {"/p/closed/sub/B.pas", ""},
+    };
+    TClosedFolder closed(files);
+    const TProjectSet set = ReadProjectSet(closed, "/p/P.dpr");
+    std::string problems;
+    for (const TProjectProblem& problem : set.Problems)
+        problems += std::to_string(problem.Line) + " " + problem.Problem + "\n";
+    const std::string reason = " cannot be reached: /p/closed: is closed. Open it\n";
+    EXPECT_EQ(problems, "3 the unit /p/Closed/sub/B.pas" + reason + "4 the unit /p/x/../closed/C.pas" +
+                            reason + "5 the unit /p/closed2/D.pas does not exist\n");
+    EXPECT_NE(Dump(set.Projects.at(0)).find("A /p/A.pas F A.dfm"), std::string::npos);
 }
 
 }  // namespace
