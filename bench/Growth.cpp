@@ -9,7 +9,7 @@
 
 #include "base/Errors.h"
 #include "forms/Formtree.h"
-#include "ide/Projectfiles.h"
+#include "projects/Projectfiles.h"
 #include "scan/Rewrite.h"
 
 namespace tml::bench {

@@ -9,7 +9,7 @@
 #include "Inputfiles.h"
 #include "Scansettings.h"
 #include "base/Codedtext.h"
-#include "platform/Mlcommon.h"
+#include "host/Commonlibrary.h"
 #include "scan/Scan.h"
 #include "source/Sourcetext.h"
 

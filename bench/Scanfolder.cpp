@@ -7,6 +7,7 @@
 #include "Inputfiles.h"
 #include "Scansettings.h"
 #include "base/Codedtext.h"
+#include "host/Commonlibrary.h"
 
 namespace tml::bench {
 namespace {

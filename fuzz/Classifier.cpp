@@ -7,7 +7,7 @@
 
 #include "Expect.h"
 #include "base/Utf8.h"
-#include "platform/Mlcommon.h"
+#include "host/Commonlibrary.h"
 #include "source/Sourcetext.h"
 
 namespace tml::fuzz {

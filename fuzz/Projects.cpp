@@ -6,8 +6,8 @@
 
 #include "Expect.h"
 #include "base/Errors.h"
-#include "ide/Projectfiles.h"
-#include "ide/Projectreader.h"
+#include "projects/Projectfiles.h"
+#include "projects/Projectreader.h"
 #include "support/Memoryfiles.h"
 
 namespace tml::fuzz {

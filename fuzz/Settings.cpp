@@ -7,7 +7,7 @@
 
 #include "Expect.h"
 #include "base/Errors.h"
-#include "ide/Registryfile.h"
+#include "host/Registryfile.h"
 #include "support/Memoryfiles.h"
 
 namespace tml::fuzz {

@@ -6,9 +6,9 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
-#include "expert/Insertion.h"
-#include "expert/Modules.h"
-#include "translations/Langconfig.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "tables/Languages.h"
 
 namespace tml {
 namespace {

@@ -5,8 +5,8 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
-#include "ide/Listablefiles.h"
-#include "ide/Projectfiles.h"
+#include "projects/Listablefiles.h"
+#include "projects/Projectfiles.h"
 #include "scan/Scansettings.h"
 
 namespace tml {

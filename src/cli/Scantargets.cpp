@@ -6,7 +6,7 @@
 #include "base/Codedtext.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "expert/Closedforms.h"
+#include "core/Closedforms.h"
 #include "translations/Memini.h"
 
 namespace tml {

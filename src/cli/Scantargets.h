@@ -7,7 +7,7 @@
 
 #include "base/Errors.h"
 #include "cli/Workplace.h"
-#include "expert/Settings.h"
+#include "core/Settings.h"
 #include "scan/Calls.h"
 #include "scan/Scan.h"
 

@@ -8,21 +8,13 @@
 
 namespace tml {
 TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
-    TPackage package = MakePackage(workplace_.Host());
-    package_ = package.Name;
-    package.Register = [this](IRegistration& registration) {
-        expert_ = &ExpRegister(workplace_.Host(), registration);
-    };
     Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
-    Ide().LoadPackage(package);
+    expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
     expert_->RunItemClick();
 }
 
-TSession::~TSession() {
-    Ide().CloseProject();
-    Ide().UnloadPackage(package_);
-}
+TSession::~TSession() = default;
 
 TfrmmlLang& TSession::Window() {
     return *expert_->Window();
@@ -80,7 +72,7 @@ bool TSession::PrintErrors(const std::string& subject) {
     return !Answers().Errors.empty();
 }
 
-int TSession::ExitCode() const {
+int TSession::ExitCode() {
     if (failures_ > 0 && failures_ == attempts_) return kBadInput;
     return failures_ > 0 || workplace_.HasProblems() ? kDoneInPart : kDone;
 }

@@ -35,14 +35,13 @@ class TSession {
     /// Does the work for one subject; what goes wrong is printed under its name, and counts.
     void Attempt(const std::string& subject, const std::function<void()>& work);
     /// What the subjects that failed and the problems of the project make of the exit code.
-    int ExitCode() const;
+    int ExitCode();
 
   private:
     /// Prints the errors that the system has shown since; true when there were any.
     bool PrintErrors(const std::string& subject);
 
     TWorkplace workplace_;
-    std::string package_;
     TmlLangExpert* expert_ = nullptr;
     int attempts_ = 0;
     int failures_ = 0;

@@ -6,7 +6,7 @@
 #include "cli/Jsonlines.h"
 #include "cli/Program.h"
 #include "cli/Userregistry.h"
-#include "expert/Settings.h"
+#include "core/Settings.h"
 
 namespace tml {
 namespace {

@@ -1,6 +1,6 @@
 #include "cli/Userregistry.h"
 
-#include "ide/Registryfile.h"
+#include "host/Registryfile.h"
 
 namespace tml {
 namespace {

@@ -10,8 +10,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "cli/Userregistry.h"
-#include "ide/Librarypath.h"
-#include "runtime/Runtime.h"
+#include "host/Commonlibrary.h"
 
 namespace tml {
 namespace {
@@ -33,20 +32,22 @@ std::string ProgramFolder() {
 
 TWorkplace::TWorkplace(TProgram& program)
     : projectName_(program.ProjectName),
-      files_(*program.Files),
-      runtime_(MakeMlRuntime()),
       registry_(OpenUserRegistry(program)),
-      common_(MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder()))),
       answers_(program.Yes),
-      ide_(std::make_unique<THeadlessIde>(*program.Files, *runtime_, false)),
-      host_{ide_.get(), runtime_.get(), registry_.get(), &answers_, &files_, common_.get()} {}
+      host_(*program.Files, *registry_, answers_,
+            MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder())), false) {}
 
 TWorkplace::~TWorkplace() = default;
 
+TmlLangExpert& TWorkplace::LoadExpert() {
+    host_.LoadExpert();
+    return *host_.Expert();
+}
+
 void TWorkplace::OpenProject(const std::string& project) {
-    ide_->OpenProject(project);
+    Ide().OpenProject(project);
     if (!projectName_.empty()) ChooseProject(projectName_);
-    for (const TProjectProblem& problem : ide_->Problems())
+    for (const TProjectProblem& problem : Ide().Problems())
         PrintMessage(EBadInput(problem.FileName, problem.Line, problem.Problem, problem.Remedy).what());
 }
 

@@ -4,14 +4,11 @@
 
 #include "cli/Answers.h"
 #include "cli/Program.h"
-#include "ide/Headlesside.h"
-#include "ide/Listablefiles.h"
-#include "platform/Host.h"
+#include "host/Experthost.h"
 
 namespace tml {
 
-/// The host that the program gives the system: a headless IDE, the run-time library, the settings file,
-/// the common library beside the program.
+/// What a command works in: the expert's host over the user's settings, answered from the command's options.
 class TWorkplace {
   public:
     explicit TWorkplace(TProgram& program);
@@ -19,28 +16,26 @@ class TWorkplace {
     TWorkplace(const TWorkplace&) = delete;
     TWorkplace& operator=(const TWorkplace&) = delete;
 
-    const THost& Host() const { return host_; }
-    THeadlessIde& Ide() { return *ide_; }
+    const THost& Host() const { return host_.Host(); }
+    THeadlessIde& Ide() { return host_.Ide(); }
     TAnswers& Answers() { return answers_; }
-    IOTAModuleServices& Modules() { return *ide_->GetModuleServices(); }
+    IOTAModuleServices& Modules() { return host_.Modules(); }
+    /// Loads the expert's package.
+    TmlLangExpert& LoadExpert();
 
     /// Opens a project, or a group at the project that the options name, and prints what is wrong with it.
     /// EBadInput for a name that is not the group's.
     void OpenProject(const std::string& project);
     /// True when something of the project was missing or unreadable.
-    bool HasProblems() const { return !ide_->Problems().empty(); }
+    bool HasProblems() { return !Ide().Problems().empty(); }
 
   private:
     void ChooseProject(const std::string& name);
 
     std::string projectName_;
-    TListableFiles files_;  ///< what the system looks beside units with
-    std::unique_ptr<IMlRuntime> runtime_;
     std::unique_ptr<IRegistry> registry_;
-    std::unique_ptr<ICommonLibraryLoader> common_;
     TAnswers answers_;
-    std::unique_ptr<THeadlessIde> ide_;
-    THost host_;
+    TExpertHost host_;
 };
 
 /// Prints a message of the program to standard error.

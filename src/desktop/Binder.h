@@ -7,8 +7,8 @@
 
 #include "base/Stringlist.h"
 #include "desktop/Runner.h"
-#include "platform/Boxes.h"
-#include "platform/Controls.h"
+#include "windows/Boxes.h"
+#include "windows/Controls.h"
 
 class QAbstractButton;
 class QCheckBox;

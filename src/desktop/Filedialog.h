@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Filedialogs.h"
+#include "windows/Filedialogs.h"
 
 class QString;
 class QWidget;

@@ -2,7 +2,7 @@
 
 #include <QKeySequenceEdit>
 
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 namespace tml {
 

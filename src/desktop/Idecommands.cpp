@@ -4,7 +4,7 @@
 #include <array>
 
 #include "desktop/Mainwindow.h"
-#include "platform/Shortcuts.h"
+#include "windows/Shortcuts.h"
 
 namespace tml {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 namespace tml {
 

@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <vector>
 
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 class QTableView;
 

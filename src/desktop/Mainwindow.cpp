@@ -21,6 +21,8 @@
 #include "desktop/Projecttree.h"
 #include "desktop/Texts.h"
 #include "expert/Mllangexp.h"
+#include "host/Commonlibrary.h"
+#include "host/Registryfile.h"
 #include "ui_Mainwindow.h"
 
 namespace tml {
@@ -36,8 +38,12 @@ constexpr std::array kToolBar{"Open1", "Save1", "SaveAll1", "Undo1", "Redo1",
 
 }  // namespace
 
-TMainWindow::TMainWindow(const TDeskFolders& folders) : ui_(std::make_unique<Ui::Mainwindow>()) {
-    host_ = std::make_unique<TDeskHost>(folders, dialogs_);
+TMainWindow::TMainWindow(const TDeskFolders& folders)
+    : files_(MakeDiskFileSystem()),
+      registry_(std::make_unique<TRegistryFile>(*files_, JoinPath(folders.Settings, "settings"))),
+      ui_(std::make_unique<Ui::Mainwindow>()) {
+    host_ = std::make_unique<TExpertHost>(
+        *files_, *registry_, dialogs_, MakeCommonLibraryLoader(CommonLibraryPath(*files_, folders.Program)));
     places_ = std::make_unique<TPlaces>(*host_->Host().Registry);
     services_.reset(new TViewServices{runner_, host_->Host(), *places_,
                                       [this](const std::string& topic) { ShowTopic(topic); }});

@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "desktop/Deskhost.h"
 #include "desktop/Menubinding.h"
 #include "desktop/Qtdialogs.h"
+#include "host/Experthost.h"
 
 namespace Ui {
 class Mainwindow;
@@ -22,6 +22,12 @@ class TFindBar;
 class TMessagePane;
 class TProjectTree;
 
+/// What the workbench is given: tests and pictures take other folders than the user's.
+struct TDeskFolders {
+    std::string Settings;  ///< holds the settings file
+    std::string Program;   ///< the common library stands here or in ../lib/tmllang
+};
+
 /// The IDE's window: menus, project manager, code editor, messages, and the dock of the expert.
 class TMainWindow : public QMainWindow {
   public:
@@ -34,7 +40,7 @@ class TMainWindow : public QMainWindow {
     /// that cannot be opened leaves what is open.
     void OpenProject(const QString& path);
 
-    TDeskHost& Host() { return *host_; }
+    TExpertHost& Host() { return *host_; }
     TRunner& Runner() { return runner_; }
     TEditorTabs& Tabs() { return *tabs_; }
     TMessagePane& Messages() { return *messages_; }
@@ -85,7 +91,9 @@ class TMainWindow : public QMainWindow {
 
     TRunner runner_;
     TQtDialogs dialogs_;
-    std::unique_ptr<TDeskHost> host_;
+    std::unique_ptr<IFileSystem> files_;
+    std::unique_ptr<IRegistry> registry_;
+    std::unique_ptr<TExpertHost> host_;
     std::unique_ptr<TPlaces> places_;
     std::unique_ptr<TViewServices> services_;
     std::unique_ptr<Ui::Mainwindow> ui_;

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "desktop/Runner.h"
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 class QAction;
 

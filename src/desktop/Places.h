@@ -3,7 +3,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "expert/Placement.h"
+#include "core/Placement.h"
 #include "platform/Registry.h"
 
 class QMainWindow;

@@ -6,9 +6,9 @@
 #include <QTreeWidgetItemIterator>
 
 #include "base/Files.h"
+#include "core/Formrows.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
-#include "expert/Formrows.h"
 
 namespace tml {
 namespace {

@@ -24,7 +24,7 @@
 #include "desktop/Theme.h"
 #include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
-#include "platform/Projectsettings.h"
+#include "platform/Projectoptions.h"
 #include "scan/Dntcedit.h"
 
 // Takes a picture of every window on a copy of a sample project, without a screen.

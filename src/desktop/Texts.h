@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/Stringlist.h"
-#include "platform/Shortcuts.h"
+#include "windows/Shortcuts.h"
 
 namespace tml {
 

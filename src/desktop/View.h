@@ -2,9 +2,9 @@
 
 #include <QWidget>
 
+#include "core/Placement.h"
 #include "desktop/Places.h"
 #include "desktop/Runner.h"
-#include "expert/Placement.h"
 #include "platform/Host.h"
 
 namespace tml {

@@ -2,22 +2,35 @@
 
 #include <array>
 
+#include "core/Modules.h"
 #include "expert/Expopt.h"
-#include "expert/Insertion.h"
 #include "expert/Mlmainform.h"
-#include "expert/Modules.h"
-#include "platform/Projectsettings.h"
+#include "expert/Subjects.h"
+#include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
+#include "translations/Formlanguages.h"
 
 namespace tml {
 namespace {
 
 using enum TSubMenu;
 
-/// Lets a command over the context stand in the table.
+// Each lets a subject's command stand in the table.
+
 template <void (*Command)(TContext&)>
-void On(TfrmmlLang& window) {
-    Command(window.Context);
+void On(TContext& context, TSubjects& /*subjects*/) {
+    Command(context);
+}
+
+template <void (*Command)(TContext&, TScanMemory&)>
+void OnScan(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.Scan);
+}
+
+/// A command of the window itself.
+constexpr TCommand OfWindow(std::string_view name, std::string_view caption, std::string_view shortCut,
+                            unsigned places, void (TfrmmlLang::*method)()) {
+    return {name, caption, shortCut, 0, places, None, nullptr, {}, false, nullptr, {}, {}, method};
 }
 
 void ViewForm(TContext& context) {
@@ -33,28 +46,6 @@ bool HasProjectSettings(TContext& context) {
 void ProjectSettings(TContext& context) {
     const auto settings = context.Host.Runtime->mlLangProjectSettings;
     settings->DisplayEditDialog();
-}
-
-void Exit(TfrmmlLang& window) {
-    window.FormClose();
-}
-
-void SelectAll(TfrmmlLang& window) {
-    window.SelectAll1Click();
-}
-
-void StayOnTop(TfrmmlLang& window) {
-    window.StayOnTop = !window.StayOnTop;
-    window.SetChecked("StayOnTop", window.StayOnTop);
-}
-
-void Dockable(TfrmmlLang& window) {
-    window.Dockable = !window.Dockable;
-    window.SetChecked("Dockable", window.Dockable);
-}
-
-void HelpTopics(TfrmmlLang& window) {
-    window.Context.Dialogs().ShowHelp(window.Name);
 }
 
 constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
@@ -77,17 +68,17 @@ constexpr std::array kCommands{
     TCommand{"SaveProjectProperties", "Save Project Properties...", "", 0, plFile, SaveLoad, nullptr},
     TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, nullptr},
     TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
-    TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, On<SourceWithForm>},
-    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, On<SourceWithoutForm>},
-    TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, On<ConstWithForm>},
-    TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, On<ConstWithoutForm>},
+    TCommand{"SourceWithForm", "&With form...", "", 111, plFile, Source, OnScan<SourceWithForm>},
+    TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, OnScan<SourceWithoutForm>},
+    TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, OnScan<ConstWithForm>},
+    TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, OnScan<ConstWithoutForm>},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
              "Exclude"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
     TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
              HasProjectSettings},
-    TCommand{"Exit", "E&xit", "", 0, plFile, None, Exit},
+    OfWindow("Exit", "E&xit", "", plFile, &TfrmmlLang::FormClose),
     TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
              "Check IDs"},
     TCommand{"CheckBadIDsInUnits", "Check Bad String IDs in Unit(s)", "", 0, plTools, None, nullptr},
@@ -98,12 +89,12 @@ constexpr std::array kCommands{
     TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Replace"},
     TCommand{"Options", "&Options...", "", 0, plTools | plPopup, None, On<sbOptionsClick>},
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
-    TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, On<SourceWithForm>},
-    TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, On<ConstWithForm>, "", true},
-    TCommand{"SelectAll", "Select &All", "Ctrl+A", 0, plPopup, None, SelectAll},
-    TCommand{"StayOnTop", "&Stay on Top", "", 0, plPopup, None, StayOnTop},
-    TCommand{"Dockable", "&Dockable", "", 0, plPopup, None, Dockable},
-    TCommand{"HelpTopics", "&Help Topics", "", 0, plHelp, None, HelpTopics},
+    TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, OnScan<SourceWithForm>},
+    TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, OnScan<ConstWithForm>, "", true},
+    OfWindow("SelectAll", "Select &All", "Ctrl+A", plPopup, &TfrmmlLang::SelectAll1Click),
+    OfWindow("StayOnTop", "&Stay on Top", "", plPopup, &TfrmmlLang::StayOnTop1Click),
+    OfWindow("Dockable", "&Dockable", "", plPopup, &TfrmmlLang::Dockable1Click),
+    OfWindow("HelpTopics", "&Help Topics", "", plHelp, &TfrmmlLang::HelpTopics1Click),
 };
 
 constexpr std::array kSubMenus{

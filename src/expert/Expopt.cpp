@@ -16,6 +16,16 @@ constexpr const char* kInputPrompt = "Enter new language name:";
 constexpr std::array kMenuSections{"FileMenu", "EditMenu",      "SearchMenu", "ViewsMenu", "ProjectMenu",
                                    "RunMenu",  "ComponentMenu", "ToolsMenu",  "HelpMenu"};
 constexpr int kPages = 3;
+
+/// The controls that others send the person to.
+struct TControlPage {
+    std::string_view Control;
+    TfrmOptions::TPage Page;
+};
+constexpr std::array kControlPages{TControlPage{"edExcludeChars", TfrmOptions::ExcludeAndSkip},
+                                   TControlPage{"memSkipLines", TfrmOptions::ExcludeAndSkip},
+                                   TControlPage{"memSkipWords", TfrmOptions::ExcludeAndSkip}};
+
 constexpr int kMost = 255;
 constexpr int kFewestPreviewLines = 5;
 
@@ -237,12 +247,14 @@ void TfrmOptions::btCancelClick() {
 }
 
 void sbOptionsClick(TContext& context) {
-    OpenOptions(context, TfrmOptions::General, {});
+    OpenOptionsAt(context, {});
 }
 
-void OpenOptions(TContext& context, TfrmOptions::TPage page, const std::string& control) {
+void OpenOptionsAt(TContext& context, const std::string& control) {
     TfrmOptions window(context);
-    window.FirstPage = page;
+    const auto* place = std::find_if(kControlPages.begin(), kControlPages.end(),
+                                     [&](const TControlPage& each) { return each.Control == control; });
+    window.FirstPage = place == kControlPages.end() ? TfrmOptions::General : place->Page;
     window.ActiveControl = control;
     if (context.Dialogs().ShowModal(window) == mrOk && context.RebuildMenuItem) context.RebuildMenuItem();
 }

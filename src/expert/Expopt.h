@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "expert/Context.h"
-#include "platform/Boxes.h"
+#include "core/Context.h"
+#include "windows/Boxes.h"
 
 namespace tml {
 
@@ -87,7 +87,8 @@ class TfrmOptions : public TForm {
 /// The command "&Options...".
 void sbOptionsClick(TContext& context);
 
-/// The same, opened at a page and, unless the name is empty, with the focus in one of its controls.
-void OpenOptions(TContext& context, TfrmOptions::TPage page, const std::string& control);
+/// The same, opened at the page with the control of this name, which has the focus; at the first page where
+/// there is none.
+void OpenOptionsAt(TContext& context, const std::string& control);
 
 }  // namespace tml

@@ -4,9 +4,10 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
-#include "expert/Formrows.h"
+#include "core/Formrows.h"
+#include "core/Modules.h"
+#include "expert/Expopt.h"
 #include "expert/Mlmainform.h"
-#include "expert/Modules.h"
 #include "scan/Editorcommands.h"
 #include "translations/Projectsettings.h"
 
@@ -38,6 +39,7 @@ TmlLangExpert::TmlLangExpert(const THost& host)
         RemoveSettings();
         Configure();
     };
+    context_.OpenOptionsAt = [this](const std::string& control) { OpenOptionsAt(context_, control); };
     addInNotifier_ = std::make_shared<TmlAddInNotifier>(context_.Gate, *this);
     if (services_ != nullptr) notifierIndex_ = services_->AddNotifier(addInNotifier_);
     host_.Runtime->NavigateToSource = [this](const std::string& formName, const std::string& id) {
@@ -136,7 +138,7 @@ void TmlLangExpert::InstallEditorPopupMenu() {
         item->OnClick = [this, &command] {
             const TCommandGate::TCommand running(context_.Gate);
             try {
-                command.Handler(context_);
+                command.Handler(context_, subjects_.Scan);
             } catch (const EmlLangSilent&) {
                 // The command has ended without a message, as it wanted to.
             }
@@ -175,7 +177,7 @@ void TmlLangExpert::CreateMainWindow() {
     if (MainWindow != nullptr)
         context_.Dialogs().Show(*MainWindow);
     else
-        MainWindow = std::make_unique<TfrmmlLang>(context_, [this] { MainWindowClosed(); });
+        MainWindow = std::make_unique<TfrmmlLang>(context_, subjects_, [this] { MainWindowClosed(); });
     if (docks) DockMainWindow();
 }
 

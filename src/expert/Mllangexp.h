@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "expert/Context.h"
-#include "expert/Notifiers.h"
+#include "core/Context.h"
+#include "core/Notifiers.h"
+#include "expert/Subjects.h"
 #include "platform/Registration.h"
 
 namespace tml {
@@ -53,6 +54,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
 
     TExpertSettings& Settings() { return settings_; }
     TContext& Context() { return context_; }
+    TSubjects& Subjects() { return subjects_; }
     TmlExternalFiles& ExternalFiles() { return context_.ExternalFiles; }
     /// The main window for who shows it, nullptr while it is closed. A view that closes the window, or the
     /// host that it is docked in, calls its FormClose.
@@ -81,6 +83,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     THost host_;
     TExpertSettings settings_;
     TContext context_;
+    TSubjects subjects_;
     std::uint8_t menuRebuildCount_ = 0;
     std::vector<std::shared_ptr<TmlModuleNotifier>> moduleNotifiers_;
     std::shared_ptr<TMenuItem> menuItem_;

@@ -5,10 +5,10 @@
 #include <exception>
 
 #include "base/Errors.h"
-#include "expert/Formrows.h"
-#include "expert/Modules.h"
-#include "platform/Shortcuts.h"
+#include "core/Formrows.h"
+#include "core/Modules.h"
 #include "source/Language.h"
+#include "windows/Shortcuts.h"
 
 namespace tml {
 namespace {
@@ -38,8 +38,9 @@ std::shared_ptr<TMenuItem> MakeItem(std::string name, std::string_view caption) 
 
 }  // namespace
 
-TfrmmlLang::TfrmmlLang(TContext& context, std::function<void()> onClosed)
+TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<void()> onClosed)
     : Context(context),
+      Subjects(subjects),
       lvFormNames(context.Rows.FormNames),
       lvExternalFiles(context.Rows.ExternalFiles),
       MainMenu(MakeItem("MainMenu1", "")),
@@ -111,7 +112,7 @@ std::shared_ptr<TMenuItem> TfrmmlLang::Build(const TCommand& command, const std:
     item->ShortCut = isButton ? TShortCut{0} : TextToShortCut(command.ShortCut);
     item->Hint = isButton ? command.ButtonHint : command.Hint;
     item->Tag = command.Tag;
-    item->Enabled = command.Handler != nullptr;
+    item->Enabled = command.IsBuilt();
     item->OnClick = [this, &command] { Execute(command); };
     if (command.PascalOnly) pascalOnly_.push_back(item);
     built_.push_back({&command, item, isButton});
@@ -135,7 +136,7 @@ void TfrmmlLang::CheckEnableActions() {
     for (const TBuilt& built : built_) {
         const int tag = built.Command->Tag;
         if (built.Command->IsAvailable != nullptr) built.Item->Enabled = built.Command->IsAvailable(Context);
-        if (built.Command->Handler == nullptr || tag <= 0) continue;
+        if (!built.Command->IsBuilt() || tag <= 0) continue;
         if (!built.IsButton && tag == kAlwaysAvailable) continue;
         const bool needsComponent = !built.IsButton && tag == kNeedsComponent;
         built.Item->Enabled =
@@ -179,6 +180,20 @@ void TfrmmlLang::SelectAll1Click() {
     CheckEnableActions();
 }
 
+void TfrmmlLang::StayOnTop1Click() {
+    StayOnTop = !StayOnTop;
+    SetChecked("StayOnTop", StayOnTop);
+}
+
+void TfrmmlLang::Dockable1Click() {
+    Dockable = !Dockable;
+    SetChecked("Dockable", Dockable);
+}
+
+void TfrmmlLang::HelpTopics1Click() {
+    Context.Dialogs().ShowHelp(Name);
+}
+
 void TfrmmlLang::pcFormsListChange(TFormsPage page) {
     Context.Rows.Page = page;
     CheckEnableActions();
@@ -218,13 +233,16 @@ void TfrmmlLang::Run(std::string_view commandName) {
 }
 
 void TfrmmlLang::Execute(const TCommand& command) {
-    if (command.Handler == nullptr) return;
+    if (!command.IsBuilt()) return;
     // The window may be gone when the handler returns, the context is not.
     TContext& context = Context;
     const std::shared_ptr<bool> isAlive = isAlive_;
     const TCommandGate::TCommand running(context.Gate);
     try {
-        command.Handler(*this);
+        if (command.OfWindow != nullptr)
+            (this->*command.OfWindow)();
+        else
+            command.Handler(Context, Subjects);
     } catch (const EmlLangSilent&) {
         // The command has ended without a message, as it wanted to.
     }

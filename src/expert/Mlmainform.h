@@ -5,9 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Context.h"
 #include "expert/Commands.h"
-#include "expert/Context.h"
-#include "platform/Filedialogs.h"
+#include "expert/Subjects.h"
+#include "windows/Filedialogs.h"
 
 namespace tml {
 
@@ -15,12 +16,13 @@ namespace tml {
 class TfrmmlLang : public TForm {
   public:
     /// onClosed is called at the end of closing and may free the window.
-    TfrmmlLang(TContext& context, std::function<void()> onClosed);
+    TfrmmlLang(TContext& context, TSubjects& subjects, std::function<void()> onClosed);
     ~TfrmmlLang() override;
     TfrmmlLang(const TfrmmlLang&) = delete;
     TfrmmlLang& operator=(const TfrmmlLang&) = delete;
 
     TContext& Context;
+    TSubjects& Subjects;
     TListView& lvFormNames;
     TListView& lvExternalFiles;
     std::shared_ptr<TMenuItem> MainMenu;  ///< Menu of the window, or of the host that it is docked in
@@ -40,6 +42,9 @@ class TfrmmlLang : public TForm {
     void lvFormNamesDblClick() { Run("Translate"); }
     void lvFormNamesKeyDown(TShortCut key);
     void SelectAll1Click();
+    void StayOnTop1Click();
+    void Dockable1Click();
+    void HelpTopics1Click();
     void pcFormsListChange(TFormsPage page);
 
     // External files are not in use: their buttons are hidden, and nothing fills their page.

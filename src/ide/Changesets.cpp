@@ -6,7 +6,7 @@
 #include "base/Files.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
-#include "ide/Modules.h"
+#include "ide/Moduleservices.h"
 #include "source/Sourceedits.h"
 
 namespace tml {

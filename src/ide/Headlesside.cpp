@@ -3,9 +3,9 @@
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "ide/Menus.h"
-#include "ide/Modules.h"
+#include "ide/Moduleservices.h"
 #include "ide/Packagehost.h"
-#include "ide/Projectreader.h"
+#include "projects/Projectreader.h"
 
 namespace tml {
 

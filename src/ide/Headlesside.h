@@ -7,10 +7,10 @@
 
 #include "base/Errors.h"
 #include "base/Files.h"
-#include "ide/Projectmodel.h"
 #include "platform/Mlruntime.h"
 #include "platform/Registration.h"
 #include "platform/Toolsapi.h"
+#include "projects/Projectmodel.h"
 
 namespace tml {
 

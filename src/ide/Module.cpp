@@ -2,7 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Utf8.h"
-#include "ide/Modules.h"
+#include "ide/Moduleservices.h"
 #include "ide/Sourceeditor.h"
 
 namespace tml {

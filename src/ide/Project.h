@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ide/Projectmodel.h"
 #include "platform/Toolsapi.h"
+#include "projects/Projectmodel.h"
 
 namespace tml {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Files.h"
-#include "ide/Projectmodel.h"
+#include "projects/Projectmodel.h"
 
 namespace tml {
 

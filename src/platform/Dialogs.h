@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 namespace tml {
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 namespace tml {
@@ -28,8 +27,5 @@ class ICommonLibraryLoader {
     virtual ICommonLibrary* Load() = 0;
     virtual void Unload() = 0;
 };
-
-/// Loads from a path, or by name from where the system looks for libraries.
-std::unique_ptr<ICommonLibraryLoader> MakeCommonLibraryLoader(const std::string& path);
 
 }  // namespace tml

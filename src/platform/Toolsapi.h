@@ -7,7 +7,7 @@
 
 #include "forms/Formvalue.h"
 #include "platform/Changes.h"
-#include "platform/Controls.h"
+#include "windows/Controls.h"
 
 namespace tml {
 

@@ -5,9 +5,9 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
-#include "platform/Limits.h"
 #include "runtime/Classes.h"
-#include "runtime/Fields.h"
+#include "tables/Fieldcodec.h"
+#include "tables/Languages.h"
 
 namespace tml {
 namespace {

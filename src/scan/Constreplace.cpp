@@ -3,7 +3,7 @@
 #include "base/Files.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
-#include "expert/Modules.h"
+#include "core/Modules.h"
 
 namespace tml {
 namespace {

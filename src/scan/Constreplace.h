@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "expert/Context.h"
+#include "core/Context.h"
 #include "scan/Constrewrite.h"
 
 namespace tml {

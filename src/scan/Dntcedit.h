@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
-#include "expert/Placement.h"
-#include "platform/Boxes.h"
-#include "platform/Controls.h"
+#include "core/Placement.h"
+#include "windows/Boxes.h"
+#include "windows/Controls.h"
 
 namespace tml {
 

@@ -6,8 +6,8 @@
 
 #include "base/Format.h"
 #include "base/Utf8.h"
-#include "expert/Insertion.h"
-#include "expert/Modules.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
 #include "scan/Calls.h"
 #include "scan/Scanreplace.h"
 #include "scan/Skiprules.h"
@@ -37,13 +37,13 @@ std::optional<TCurrentBlock> CurrentBlock(TContext& context) {
 /// Restores the mode however the command ends.
 class TSelectionMode {
   public:
-    explicit TSelectionMode(TContext& context) : context_(context) { context_.ScanMode = kScanSelection; }
-    ~TSelectionMode() { context_.ScanMode = 0; }
+    explicit TSelectionMode(TScanMemory& memory) : memory_(memory) { memory_.ScanMode = kScanSelection; }
+    ~TSelectionMode() { memory_.ScanMode = 0; }
     TSelectionMode(const TSelectionMode&) = delete;
     TSelectionMode& operator=(const TSelectionMode&) = delete;
 
   private:
-    TContext& context_;
+    TScanMemory& memory_;
 };
 
 }  // namespace
@@ -75,7 +75,7 @@ void ReplaceSelectedSourceText(TContext& context, const std::string& text) {
     writer->Insert(text);
 }
 
-void TranslateSourceMenuClick(TContext& context) {
+void TranslateSourceMenuClick(TContext& context, TScanMemory& memory) {
     const auto editor = GetCurrentSourceEditor(context);
     if (editor == nullptr) return;
     const std::string fileName = editor->GetFileName();
@@ -85,11 +85,11 @@ void TranslateSourceMenuClick(TContext& context) {
                                      TMsgDlgType::mtError, {mrOk});
         return;
     }
-    const TSelectionMode mode(context);
+    const TSelectionMode mode(memory);
     if (context.Rows.Active().FirstSelected() != nullptr)
-        SourceWithForm(context);
+        SourceWithForm(context, memory);
     else
-        SourceWithoutForm(context);
+        SourceWithoutForm(context, memory);
 }
 
 void MarkSourceSelectionToSkip(TContext& context) {
@@ -100,7 +100,7 @@ void MarkSourceSelectionToSkip(TContext& context) {
     ReplaceSelectedSourceText(context, tags.Before + GetSelectedSourceText(context) + tags.Behind);
 }
 
-void MarkUnTranslatableSourceMenuClick(TContext& context) {
+void MarkUnTranslatableSourceMenuClick(TContext& context, TScanMemory& /*memory*/) {
     if (GetCurrentSourceEditor(context) == nullptr) return;
     if (GetSelectedSourceText(context).empty()) {
         context.Dialogs().MessageDlg("There are no lines selected in the source editor!",

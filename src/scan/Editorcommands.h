@@ -5,8 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "expert/Context.h"
+#include "core/Context.h"
 #include "scan/Foundstring.h"
+#include "scan/Scanmemory.h"
 
 namespace tml {
 
@@ -14,7 +15,7 @@ namespace tml {
 struct TEditorCommand {
     std::string_view Name;
     std::string_view Caption;
-    void (*Handler)(TContext&);
+    void (*Handler)(TContext&, TScanMemory&);
 };
 
 std::span<const TEditorCommand> AllEditorCommands();
@@ -33,12 +34,12 @@ void ReplaceSelectedSourceText(TContext& context, const std::string& text);
 
 /// The command: brings up the expert and scans the selected text only, with the form that is selected in
 /// the list, or without one. An error message for a file that the project does not have.
-void TranslateSourceMenuClick(TContext& context);
+void TranslateSourceMenuClick(TContext& context, TScanMemory& memory);
 
 /// Encloses the selected text between lines that later scans respect.
 void MarkSourceSelectionToSkip(TContext& context);
 /// The command: the same, or a message when nothing is selected.
-void MarkUnTranslatableSourceMenuClick(TContext& context);
+void MarkUnTranslatableSourceMenuClick(TContext& context, TScanMemory& memory);
 
 /// Encloses the whole lines of a found string, from its first to its last; the block is then on them.
 void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found);

@@ -60,7 +60,8 @@ bool HasShownAdvice(const TFoundRow& row) {
 
 // --- the window
 
-TfrmFound::TfrmFound(TContext& context, TFoundInput input) : context_(context), input_(std::move(input)) {
+TfrmFound::TfrmFound(TContext& context, TScanMemory& memory, TFoundInput input)
+    : context_(context), memory_(memory), input_(std::move(input)) {
     Name = "frmFound";
     Caption = Format("Found String Constants (%s)", FileNameOf(input_.FileName));
     if (!input_.CallOf)

@@ -9,9 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "expert/Context.h"
+#include "core/Context.h"
 #include "scan/Foundgrid.h"
 #include "scan/Scan.h"
+#include "scan/Scanmemory.h"
 
 namespace tml {
 
@@ -53,7 +54,7 @@ struct TFoundAction {
 /// is written to the source.
 class TfrmFound : public TForm {
   public:
-    TfrmFound(TContext& context, TFoundInput input);
+    TfrmFound(TContext& context, TScanMemory& memory, TFoundInput input);
 
     TFoundGrid sgStrings;
     TFoundGrid sgDeleted;
@@ -138,6 +139,7 @@ class TfrmFound : public TForm {
     void Update();
 
     TContext& context_;
+    TScanMemory& memory_;
     TFoundInput input_;
     bool changed_ = false;
 };

@@ -94,7 +94,7 @@ void TfrmFound::acRestoreDeletedRow() {
 
 void TfrmFound::acDeleteRowsContains() {
     if (ShowsDeleted) return;
-    std::string& part = context_.ExcludeRowsTypedStr;
+    std::string& part = memory_.ExcludeRowsTypedStr;
     std::string answer = part;
     if (!context_.Dialogs().InputQuery(
             kCaption, "Type string which is included in rows which should be deleted:", answer))
@@ -154,7 +154,7 @@ void TfrmFound::acSwitchDeleted() {
 }
 
 void TfrmFound::acViewSkipped() {
-    ViewSkipped(context_);
+    ViewSkipped(context_, memory_);
 }
 
 // --- what is written

@@ -7,8 +7,8 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
-#include "expert/Insertion.h"
-#include "expert/Modules.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
 #include "scan/Calls.h"
 #include "scan/Constreplace.h"
 #include "scan/Editorcommands.h"
@@ -33,8 +33,10 @@ std::string ComponentOf(TContext& context, const TListItem& row) {
 /// One run over one unit.
 class TRun {
   public:
-    TRun(TContext& context, TListItem& item, const std::string& unitFile, bool constSection)
+    TRun(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile,
+         bool constSection)
         : context_(context),
+          memory_(memory),
           end_(context.Dialogs()),
           item_(item),
           constSection_(constSection),
@@ -72,6 +74,7 @@ class TRun {
     }
 
     TContext& context_;
+    TScanMemory& memory_;
     TProgressEnd end_;
     TListItem& item_;
     bool constSection_;
@@ -119,7 +122,7 @@ TScanInput TRun::MakeInput() {
     input.Others = others;
     for (TmlString& string : lang_->GetStrings())
         input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
-    if (context_.ScanMode == kScanSelection) input.Selection = Selection();
+    if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
         return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
     };
@@ -134,10 +137,10 @@ TTextRange TRun::Selection() {
 }
 
 bool TRun::FindStrings() {
-    context_.Skipped.clear();
+    memory_.Skipped.clear();
     Progress("Scanning...");
     TScanResult result = consts_ ? consts_->Scan() : Scan(input_);
-    context_.Skipped = std::move(result.Skipped);
+    memory_.Skipped = std::move(result.Skipped);
     strings_ = std::move(result.Found);
     if (!strings_.Empty()) return true;
     Message(consts_ ? NoConstsMessage(unitFile_)
@@ -161,7 +164,7 @@ bool TRun::Review() {
             return consts_->CallOf(row, rowStyle);
         };
     }
-    TfrmFound window(context_, std::move(found));
+    TfrmFound window(context_, memory_, std::move(found));
     if (context_.Dialogs().ShowModal(window) != mrOk) return false;
     strings_ = window.Kept();
     return !strings_.Empty();
@@ -201,29 +204,30 @@ void TRun::Modify() {
     MarkModifiedForm(context_, item_.Caption);
 }
 
-void ReplaceInForm(TContext& context, bool constSection) {
+void ReplaceInForm(TContext& context, TScanMemory& memory, bool constSection) {
     if (TListItem* item = context.Rows.Active().FirstSelected())
-        DoScanReplace(context, *item, {}, constSection);
+        DoScanReplace(context, memory, *item, {}, constSection);
 }
 
-void ReplaceInUnits(TContext& context, bool constSection) {
+void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
     TfrmTranslUnits window(context);
     if (context.Dialogs().ShowModal(window) != mrOk) return;
     TListItem* item = FindRowOfForm(context.Rows.FormNames, window.cbForm.Text());
     if (item == nullptr) return;
     for (const std::string& unit : window.lbUnits.SelectedItems())
-        DoScanReplace(context, *item, unit, constSection);
+        DoScanReplace(context, memory, *item, unit, constSection);
 }
 
 }  // namespace
 
-bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile, bool constSection) {
+bool DoScanReplace(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile,
+                   bool constSection) {
     IOTAModuleServices* services = GetModuleServices(context);
     if (services == nullptr) return false;
     TRowGuard row(item);
     // Without Commit the scope takes everything back, the inserted component too.
     const auto scope = services->BeginCommand("Replace hard-coded strings");
-    if (!TRun(context, item, unitFile, constSection).Execute()) return false;
+    if (!TRun(context, memory, item, unitFile, constSection).Execute()) return false;
     scope->Commit();
     row.Keep();
     context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
@@ -231,20 +235,20 @@ bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFi
     return true;
 }
 
-void SourceWithForm(TContext& context) {
-    ReplaceInForm(context, false);
+void SourceWithForm(TContext& context, TScanMemory& memory) {
+    ReplaceInForm(context, memory, false);
 }
 
-void SourceWithoutForm(TContext& context) {
-    ReplaceInUnits(context, false);
+void SourceWithoutForm(TContext& context, TScanMemory& memory) {
+    ReplaceInUnits(context, memory, false);
 }
 
-void ConstWithForm(TContext& context) {
-    ReplaceInForm(context, true);
+void ConstWithForm(TContext& context, TScanMemory& memory) {
+    ReplaceInForm(context, memory, true);
 }
 
-void ConstWithoutForm(TContext& context) {
-    ReplaceInUnits(context, true);
+void ConstWithoutForm(TContext& context, TScanMemory& memory) {
+    ReplaceInUnits(context, memory, true);
 }
 
 }  // namespace tml

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "expert/Context.h"
+#include "core/Context.h"
+#include "scan/Scanmemory.h"
 
 namespace tml {
 
@@ -11,16 +12,16 @@ namespace tml {
 /// of undo. unitFile is "" for the form's own unit. constSection takes the constants of the unit's const
 /// sections instead, which a generated routine then sets. False when nothing was changed; then nothing is
 /// left of an inserted component either. Only the block of the unit's code editor is scanned while the
-/// context's ScanMode says so. EBadInput when the changes cannot be made as they should.
-bool DoScanReplace(TContext& context, TListItem& item, const std::string& unitFile = {},
+/// memory's ScanMode says so. EBadInput when the changes cannot be made as they should.
+bool DoScanReplace(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile = {},
                    bool constSection = false);
 
 /// The command "With form...": the unit of the selected row.
-void SourceWithForm(TContext& context);
+void SourceWithForm(TContext& context, TScanMemory& memory);
 /// The command "Without form...": chosen units, one after another, each a step of undo of its own.
-void SourceWithoutForm(TContext& context);
+void SourceWithoutForm(TContext& context, TScanMemory& memory);
 /// The same two commands for the const sections.
-void ConstWithForm(TContext& context);
-void ConstWithoutForm(TContext& context);
+void ConstWithForm(TContext& context, TScanMemory& memory);
+void ConstWithoutForm(TContext& context, TScanMemory& memory);
 
 }  // namespace tml

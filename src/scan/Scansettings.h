@@ -1,6 +1,6 @@
 #pragma once
 
-#include "expert/Settings.h"
+#include "core/Settings.h"
 #include "scan/Scan.h"
 
 namespace tml {

@@ -1,9 +1,9 @@
 #include "scan/Selunit.h"
 
 #include "base/Files.h"
-#include "expert/Formrows.h"
-#include "expert/Modules.h"
-#include "platform/Projectsettings.h"
+#include "core/Formrows.h"
+#include "core/Modules.h"
+#include "platform/Projectoptions.h"
 
 namespace tml {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "expert/Context.h"
-#include "platform/Boxes.h"
+#include "core/Context.h"
+#include "windows/Boxes.h"
 
 namespace tml {
 

@@ -6,8 +6,7 @@
 
 #include "base/Format.h"
 #include "base/Utf8.h"
-#include "expert/Expopt.h"
-#include "expert/Modules.h"
+#include "core/Modules.h"
 #include "scan/Lines.h"
 #include "scan/Scansettings.h"
 
@@ -19,14 +18,13 @@ const std::string kKey = "\\Software\\Velmora\\TmlLang\\SkippedStrings";
 /// The control of the options window that decides a reason; the other reasons come from the source itself.
 struct TDecidingOption {
     TStringSkipReason Reason;
-    TfrmOptions::TPage Page;
     const char* Control;
 };
 constexpr std::array kDecidingOptions{
-    TDecidingOption{ssrBadChars, TfrmOptions::ExcludeAndSkip, "edExcludeChars"},
-    TDecidingOption{ssrByLine, TfrmOptions::ExcludeAndSkip, "memSkipLines"},
-    TDecidingOption{ssrByPhrase, TfrmOptions::ExcludeAndSkip, "memSkipWords"},
-    TDecidingOption{ssrByPhrasesRE, TfrmOptions::ExcludeAndSkip, "memSkipWords"},
+    TDecidingOption{ssrBadChars, "edExcludeChars"},
+    TDecidingOption{ssrByLine, "memSkipLines"},
+    TDecidingOption{ssrByPhrase, "memSkipWords"},
+    TDecidingOption{ssrByPhrasesRE, "memSkipWords"},
 };
 
 const TDecidingOption* OptionOf(TStringSkipReason reason) {
@@ -46,7 +44,8 @@ TSkipSettings SkipSettingsOf(TContext& context) {
 
 }  // namespace
 
-TfrmSkippedStrings::TfrmSkippedStrings(TContext& context) : context_(context) {
+TfrmSkippedStrings::TfrmSkippedStrings(TContext& context, const TScanMemory& memory)
+    : context_(context), memory_(memory) {
     Name = "frmSkippedStrings";
     Caption = "Strings Skipped by Expert";
     ActiveControl = "lvStrings";
@@ -65,7 +64,7 @@ void TfrmSkippedStrings::FormShow() {
 
 void TfrmSkippedStrings::Fill(IOTASourceEditor& editor) {
     const auto view = editor.GetEditView(0);
-    for (const TmlSkippedString& skipped : context_.Skipped) {
+    for (const TmlSkippedString& skipped : memory_.Skipped) {
         TListItem& item = lvStrings.Add();
         item.Caption = std::to_string(LineOf(skipped, *view));
         item.SubItems = {skipped.Text, std::to_string(skipped.Position)};
@@ -133,9 +132,8 @@ void TfrmSkippedStrings::btWayOutClick() {
 }
 
 void TfrmSkippedStrings::OpenOption() {
-    const TDecidingOption& option = *OptionOf(ReasonOf(Row));
     const TSkipSettings before = SkipSettingsOf(context_);
-    OpenOptions(context_, option.Page, option.Control);
+    context_.OpenOptionsAt(OptionOf(ReasonOf(Row))->Control);
     const auto editor = GetCurrentSourceEditor(context_);
     if (editor == nullptr || SkipSettingsOf(context_) == before) return;
     lblNote = Format(
@@ -165,11 +163,11 @@ int TfrmSkippedStrings::CountTakenUp(IOTASourceEditor& editor) const {
         return rules.IsExcludeString(skipped.Text, std::max(skipped.Position - 1, 0), -1) != ssrNone;
     };
     return static_cast<int>(
-        std::count_if(context_.Skipped.begin(), context_.Skipped.end(), std::not_fn(skips)));
+        std::count_if(memory_.Skipped.begin(), memory_.Skipped.end(), std::not_fn(skips)));
 }
 
-void ViewSkipped(TContext& context) {
-    TfrmSkippedStrings window(context);
+void ViewSkipped(TContext& context, const TScanMemory& memory) {
+    TfrmSkippedStrings window(context, memory);
     context.Dialogs().ShowModal(window);
 }
 

@@ -3,15 +3,16 @@
 #include <cstddef>
 #include <string>
 
-#include "expert/Context.h"
-#include "expert/Placement.h"
+#include "core/Context.h"
+#include "core/Placement.h"
+#include "scan/Scanmemory.h"
 
 namespace tml {
 
 /// Shows what the last scan passed over, and why.
 class TfrmSkippedStrings : public TForm {
   public:
-    explicit TfrmSkippedStrings(TContext& context);
+    TfrmSkippedStrings(TContext& context, const TScanMemory& memory);
 
     /// A row per skipped string, in the order of the scan: the caption is its line (1-based), the first
     /// sub-item its text, the second, which no column shows, its offset.
@@ -53,9 +54,10 @@ class TfrmSkippedStrings : public TForm {
     int CountTakenUp(IOTASourceEditor& editor) const;
 
     TContext& context_;
+    const TScanMemory& memory_;
 };
 
 /// The command "Excluded" of the review.
-void ViewSkipped(TContext& context);
+void ViewSkipped(TContext& context, const TScanMemory& memory);
 
 }  // namespace tml

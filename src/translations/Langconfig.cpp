@@ -3,10 +3,9 @@
 #include <algorithm>
 
 #include "base/Errors.h"
-#include "base/Format.h"
 #include "base/Utf8.h"
-#include "platform/Boxes.h"
-#include "platform/Limits.h"
+#include "tables/Languages.h"
+#include "windows/Boxes.h"
 
 namespace tml {
 namespace {
@@ -23,10 +22,6 @@ int NumberOf(const std::string& text) {
 }
 
 }  // namespace
-
-std::string GeneratedLangName(int position) {
-    return Format("Language N%d", position);
-}
 
 TfrmLangConfig::TfrmLangConfig(IDialogs& dialogs, const std::string& defaultNames, const TStringList& names)
     : lbLangNames(names), dialogs_(dialogs), defaultNames_(SplitLangNames(defaultNames)) {

@@ -3,12 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "expert/Context.h"
+#include "core/Context.h"
 
 namespace tml {
-
-/// The name given to the language at a 1-based position when there is none for it.
-std::string GeneratedLangName(int position);
 
 /// Edits the number of languages and their ordered names.
 class TfrmLangConfig : public TForm {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "base/Files.h"
-#include "expert/Context.h"
-#include "platform/Projectsettings.h"
+#include "core/Context.h"
+#include "platform/Projectoptions.h"
 #include "translations/Memini.h"
 
 namespace tml {

@@ -4,8 +4,8 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
-#include "expert/Formrows.h"
-#include "platform/Filedialogs.h"
+#include "core/Formrows.h"
+#include "windows/Filedialogs.h"
 
 namespace tml {
 namespace {

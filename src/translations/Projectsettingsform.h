@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "expert/Context.h"
-#include "platform/Boxes.h"
-#include "platform/Projectsettings.h"
+#include "core/Context.h"
+#include "platform/Projectoptions.h"
+#include "windows/Boxes.h"
 
 namespace tml {
 

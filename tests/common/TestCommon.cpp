@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/Mlcommon.h"
+#include "host/Commonlibrary.h"
 
 namespace tml {
 namespace {

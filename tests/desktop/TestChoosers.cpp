@@ -34,6 +34,7 @@ struct TChoosers : TDesktop {
         return window.findChild<QLabel*>(label)->text();
     }
     TContext& Context() { return Window->Host().Expert()->Context(); }
+    TScanMemory& ScanMemory() { return Window->Host().Expert()->Subjects().Scan; }
     QDockWidget& Dock() { return Find<QDockWidget>("TmlLangExpertIDEDockableForm"); }
 };
 
@@ -144,9 +145,9 @@ TEST_F(TChoosers, TheSkippedStringsBearTwentyThousandRows) {
     constexpr int kRows = 20'000;
     Window->Runner().Run([&] { Window->GoTo(Path("orchard/Main.pas"), 1); });
     for (int i = 0; i < kRows; ++i)
-        Context().Skipped.push_back(
+        ScanMemory().Skipped.push_back(
             {"text number " + std::to_string(kRows - i), 1 + i % 900, 0, ssrByPhrase});
-    TfrmSkippedStrings form(Context());
+    TfrmSkippedStrings form(Context(), ScanMemory());
     User.On([&](QWidget& window) {
         auto& table = *window.findChild<QTableView*>("lvStrings");
         EXPECT_EQ(Cell(table, 0, 1), "text number 20000") << "in the order of the scan";

@@ -15,7 +15,7 @@
 
 #include "desktop/Deskfixture.h"
 #include "expert/Mllangexp.h"
-#include "platform/Filedialogs.h"
+#include "windows/Filedialogs.h"
 
 namespace tml {
 namespace {

@@ -130,7 +130,7 @@ TEST_F(TWorkbench, TheReviewBearsTwentyThousandRows) {
         found.Position = 6;
         found.SpanLength = 3;
     }
-    TfrmFound form(context, std::move(input));
+    TfrmFound form(context, Window->Host().Expert()->Subjects().Scan, std::move(input));
     User.On([&](QWidget& review) {
         auto& table = *review.findChild<TRowTable*>("sgStrings");
         ASSERT_EQ(table.model()->rowCount(), kRows);

@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "expert/Expopt.h"
+#include "host/Commonlibrary.h"
 #include "support/Expertfixture.h"
 
 namespace tml {

@@ -1,8 +1,8 @@
 #include "base/Errors.h"
-#include "expert/Modules.h"
-#include "platform/Projectsettings.h"
-#include "platform/Shortcuts.h"
+#include "core/Modules.h"
+#include "platform/Projectoptions.h"
 #include "support/Expertfixture.h"
+#include "windows/Shortcuts.h"
 
 namespace tml {
 namespace {
@@ -229,7 +229,7 @@ TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
     EXPECT_FALSE(Find(*window.MainMenu, "ConstSection1")->Visible);
     EXPECT_FALSE(Find(*window.pmEditor, "TranslateConst2")->Visible);
     for (const TCommand& command : AllCommands())
-        if (command.Handler == nullptr) {
+        if (!command.IsBuilt()) {
             EXPECT_FALSE(enabled((std::string(command.Name) + "1").c_str())) << command.Name;
         }
 }

@@ -3,8 +3,8 @@
 #include "base/Errors.h"
 #include "runtime/Classes.h"
 #include "runtime/Componentprops.h"
-#include "runtime/Fields.h"
 #include "support/Sampleproject.h"
+#include "tables/Fieldcodec.h"
 
 namespace tml {
 namespace {

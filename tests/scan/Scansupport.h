@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Mlcommon.h"
+#include "host/Commonlibrary.h"
 #include "scan/Scan.h"
 
 namespace tml {

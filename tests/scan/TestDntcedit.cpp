@@ -56,11 +56,11 @@ TEST_F(TSkipped, ShowsLineReasonAndSurroundings) {
     Open();
     const auto module = Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true);
     const std::string source = *module->GetSourceEditor(0)->GetText();
-    Context().Skipped = {
+    ScanMemory().Skipped = {
         {"Two", static_cast<int>(source.find("'Two'")) + 1, 0, ssrComments},
         {"Go", 0, 3, ssrByPhrase},
     };
-    TfrmSkippedStrings window(Context());
+    TfrmSkippedStrings window(Context(), ScanMemory());
     window.FormShow();
     ASSERT_EQ(window.lvStrings.Count(), 2);
     EXPECT_EQ(window.StatusPanel, "2");
@@ -73,7 +73,7 @@ TEST_F(TSkipped, ShowsLineReasonAndSurroundings) {
               "  F('One'); { 'Two' }\r\n");
     window.lvStringsSelectItem(1);
     EXPECT_EQ(window.memPreview.substr(window.SelBegin, window.SelEnd - window.SelBegin), "interface\r\n");
-    EXPECT_EQ(Context().Skipped.size(), 2U);
+    EXPECT_EQ(ScanMemory().Skipped.size(), 2U);
 
     // The second row's phrase is a skip word, the first one stands in a comment.
     Context().Settings.SetSkipWords(TStringList({"Go"}));

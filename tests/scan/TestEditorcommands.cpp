@@ -63,7 +63,7 @@ TEST_F(TEditorCommands, OnlyTheSelectionIsTranslated) {
     editor->SetBlock({second, 0}, {second + 1, 0}, TOTABlockType::btNonInclusive);
     EXPECT_EQ(Reviewed(), "Two|" + std::to_string(second + 1) + "|");
     EXPECT_EQ(editor->GetBlockStart(), (TOTACharPos{second, 0})) << "given up, it is where it was";
-    EXPECT_EQ(Context().ScanMode, 0);
+    EXPECT_EQ(ScanMemory().ScanMode, 0);
 
     for (const TOTABlockType type : {TOTABlockType::btNonInclusive, TOTABlockType::btColumn}) {
         const bool column = type == TOTABlockType::btColumn;

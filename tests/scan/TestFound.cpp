@@ -1,3 +1,4 @@
+#include "runtime/Runtime.h"
 #include "scan/Found.h"
 #include "support/Expertfixture.h"
 
@@ -13,6 +14,7 @@ struct TFound : testing::Test {
     std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime();
     TExpertSettings Settings{Registry, Runtime->NamesArray()};
     TContext Context{THost{.Runtime = Runtime.get(), .Registry = &Registry, .Dialogs = &User}, Settings};
+    TScanMemory Memory;
 
     TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas") {
         TScanInput input;
@@ -22,7 +24,7 @@ struct TFound : testing::Test {
         input.Component.ComponentName = "L";
         TFoundInput found{
             fileName, std::make_shared<std::string>(code), CallStyleOf(input), {}, Scan(input).Found};
-        return {Context, std::move(found)};
+        return {Context, Memory, std::move(found)};
     }
     static std::string Column(const TFoundGrid& grid, int column) {
         std::string text;
@@ -126,7 +128,7 @@ TEST_F(TFound, DeletedRowsComeBackInTheirOrder) {
     window.acSelectRow();
     window.acRestoreDeletedRow();
     EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|d1|");
-    EXPECT_EQ(Context.ExcludeRowsTypedStr, "c");
+    EXPECT_EQ(Memory.ExcludeRowsTypedStr, "c");
 }
 
 TEST_F(TFound, ExcludedPhrasesGoForGood) {

@@ -1,5 +1,5 @@
 #include "base/Errors.h"
-#include "expert/Insertion.h"
+#include "core/Insertion.h"
 #include "scan/Constreplace.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
@@ -276,7 +276,7 @@ TEST_F(TScanReplace, AUnitWithoutACallDoesNotUseTheForm) {
             User.OnMessage(std::string(constSection ? kConstsReplaced : kDone));
             window.tbModifyClick();
         });
-        EXPECT_TRUE(DoScanReplace(Context(), Row("Form2"), "/p/Helper.pas", constSection));
+        EXPECT_TRUE(DoScanReplace(Context(), ScanMemory(), Row("Form2"), "/p/Helper.pas", constSection));
         const auto helper = Ide.GetModuleServices()->FindModule("/p/Helper.pas");
         EXPECT_EQ(helper->GetSourceEditor(0)->GetText()->find("uses"), std::string::npos);
         Ide.Undo("/p/Helper.pas");
@@ -286,7 +286,7 @@ TEST_F(TScanReplace, AUnitWithoutACallDoesNotUseTheForm) {
 TEST_F(TScanReplace, APascalUnitCannotCallACppForm) {
     Open();
     TListItem& row = AddRow(Rows(), "CForm", "Cform", "/p/Cform.cpp");
-    EXPECT_THROW(DoScanReplace(Context(), row, "/p/Helper.pas"), EBadInput);
+    EXPECT_THROW(DoScanReplace(Context(), ScanMemory(), row, "/p/Helper.pas"), EBadInput);
 }
 
 }  // namespace

@@ -5,8 +5,7 @@
 
 #include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
-#include "ide/Headlesside.h"
-#include "runtime/Runtime.h"
+#include "host/Experthost.h"
 #include "source/Language.h"
 #include "support/Memoryfiles.h"
 #include "support/Memoryregistry.h"
@@ -17,7 +16,7 @@ namespace tml {
 /// The expert in a headless IDE, over a small project in memory: two forms (Form2 has a component with
 /// three languages), one unit without a form.
 struct TExpertFixture {
-    explicit TExpertFixture(bool dockable = true) : Ide(Files, *Runtime, dockable) {
+    explicit TExpertFixture(bool dockable = true) : Parts(Files, Registry, User, nullptr, dockable) {
         Put("/p/Demo.dpr",
             "program Demo;\n\nuses\n  Forms,\n  Unit1 in 'Unit1.pas' {Form1},\n  Unit2 in 'Unit2.pas' "
             "{Form2},\n"
@@ -35,11 +34,8 @@ struct TExpertFixture {
 
     /// Loads the expert's package and opens the project.
     void Start() {
-        TPackage package = MakePackage(Host());
-        package.Register = [this](IRegistration& registration) {
-            Expert = &ExpRegister(Host(), registration);
-        };
-        Ide.LoadPackage(package);
+        Parts.LoadExpert();
+        Expert = Parts.Expert();
         Ide.OpenProject("/p/Demo.dpr");
     }
     void Open() {
@@ -47,15 +43,9 @@ struct TExpertFixture {
         Expert->RunItemClick();
     }
 
-    THost Host() {
-        return {.Services = &Ide,
-                .Runtime = Runtime.get(),
-                .Registry = &Registry,
-                .Dialogs = &User,
-                .Files = &Files,
-                .CommonLibrary = nullptr};
-    }
+    const THost& Host() { return Parts.Host(); }
     TContext& Context() { return Expert->Context(); }
+    TScanMemory& ScanMemory() { return Expert->Subjects().Scan; }
     TListView& Rows() { return Expert->Context().Rows.FormNames; }
     TListItem& Row(const std::string& form) { return *FindRowOfForm(Rows(), form); }
     void Select(const std::string& form) {
@@ -95,8 +85,9 @@ struct TExpertFixture {
     TMemoryFileSystem Files;
     TMemoryRegistry Registry;
     TScriptedUser User;
-    std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime();
-    THeadlessIde Ide;
+    TExpertHost Parts;
+    THeadlessIde& Ide = Parts.Ide();
+    IMlRuntime* Runtime = Parts.Host().Runtime;
     TmlLangExpert* Expert = nullptr;
 };
 

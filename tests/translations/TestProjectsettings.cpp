@@ -1,11 +1,11 @@
 #include "base/Errors.h"
-#include "platform/Filedialogs.h"
 #include "support/Memoryfiles.h"
 #include "support/Memoryregistry.h"
 #include "support/Scripteduser.h"
 #include "support/Wrappedfiles.h"
 #include "translations/Projectsettings.h"
 #include "translations/Projectsettingsform.h"
+#include "windows/Filedialogs.h"
 
 namespace tml {
 namespace {

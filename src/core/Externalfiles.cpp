@@ -1,0 +1,26 @@
+#include "core/Externalfiles.h"
+
+namespace tml {
+
+void TmlExternalFiles::SetFiles(const TStringList& list) {
+    if (&list == &files_) return;
+    files_ = list;
+    ListChanged();
+}
+
+void TmlExternalFiles::SetProjectName(const std::string& name) {
+    if (name == projectName_) return;
+    projectName_ = name;
+    ListChanged();
+}
+
+void TmlExternalFiles::Add(const std::string& fileName) {
+    files_.Add(fileName);
+    ListChanged();
+}
+
+void TmlExternalFiles::ListChanged() {
+    if (!files_.Empty()) Save();
+}
+
+}  // namespace tml

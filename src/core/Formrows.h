@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "base/Folderindex.h"
+#include "core/Context.h"
+#include "windows/Boxes.h"
+
+namespace tml {
+
+/// True for a file of the unit kinds: ".pas", ".dpr", ".cpp", ".c".
+bool IsSourceUnit(const std::string& fileName);
+
+/// Adds a module of the project to the lists: its form as a row of the forms list, or its unit to the
+/// units without a form. A name with a "." is no unit's and is ignored.
+void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module);
+
+/// Reads the open form of a row's file again.
+void RefreshItem(TContext& context, TListItem* item);
+
+/// Lets go of the rows' notifiers and empties the list.
+void ClearRows(TListView& list);
+
+/// A box with the names of the listed forms, sorted; the one given is chosen where it is among them.
+TChoiceBox FormsBox(TContext& context, const std::string& chosen);
+
+/// Sorts the forms list by a column in the given direction (1 or -1); both are stored.
+void SortRows(TContext& context, int column, int order);
+
+}  // namespace tml

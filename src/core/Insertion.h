@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/Context.h"
+
+namespace tml {
+
+/// Makes sure that the row's form has a localization component; its unit is then open and shown.
+/// EmlLangSilent when the unit cannot be opened.
+void InsertTmlLang(TContext& context, TListItem& item);
+
+/// The localization component of a form of the list, nullptr for none. The form must be open.
+std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName);
+
+/// Creates a component on a form of the list, its unit shown; nullptr where there is no such row, form
+/// or class. EmlLangSilent when the unit cannot be opened.
+std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
+                                                     const std::string& className);
+
+/// How a component is to be configured.
+struct TLangSetUp {
+    int NumLang = 0;
+    std::string ComponentName;                     ///< "" for the first of the class
+    std::string ComponentClass = "TmlCustomLang";  ///< this class or one that derives from it
+    bool InsertIfMissing = false;
+    std::string LangNamesText;  ///< see SplitLangNames; "" keeps the names
+};
+
+/// Configures the component of one row. Its unit is saved and closed again unless it was open.
+void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp& setUp);
+/// Configures the components of the row and of every selected row behind it.
+void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp);
+
+}  // namespace tml

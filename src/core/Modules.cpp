@@ -1,0 +1,109 @@
+#include "core/Modules.h"
+
+#include "base/Errors.h"
+
+namespace tml {
+
+IOTAModuleServices* GetModuleServices(TContext& context) {
+    return context.Host.Services == nullptr ? nullptr : context.Host.Services->GetModuleServices();
+}
+
+std::unique_ptr<ICommandScope> BeginCommand(TContext& context, const std::string& title) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) throw EmlLangSilent();
+    return services->BeginCommand(title);
+}
+
+std::shared_ptr<IOTAProject> GetActiveProject(TContext& context) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services == nullptr ? nullptr : services->GetActiveProject();
+}
+
+std::shared_ptr<IOTAProjectGroup> GetActiveProjectGroup(TContext& context) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services == nullptr ? nullptr : services->GetMainProjectGroup();
+}
+
+std::shared_ptr<IOTASourceEditor> GetCurrentSourceEditor(TContext& context) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services == nullptr ? nullptr : services->GetCurrentSourceEditor();
+}
+
+std::shared_ptr<IOTAModule> GetModuleFromFileName(TContext& context, const std::string& fileName) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services == nullptr ? nullptr : services->FindModule(fileName);
+}
+
+std::shared_ptr<IOTAFormEditor> GetFormEditorFromModule(const std::shared_ptr<IOTAModule>& module) {
+    return module == nullptr ? nullptr : module->GetFormEditor();
+}
+
+std::shared_ptr<IOTAFormEditor> GetFormEditor(TContext& context, const std::string& formName) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services == nullptr ? nullptr : GetFormEditorFromModule(services->FindFormModule(formName));
+}
+
+bool IsFileOpen(TContext& context, const std::string& fileName) {
+    return GetModuleFromFileName(context, fileName) != nullptr;
+}
+
+bool OpenFile(TContext& context, const std::string& fileName, bool show) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) return false;
+    const TCommandGate::TOwnCall call(context.Gate);
+    try {
+        return services->OpenModule(fileName, show) != nullptr;
+    } catch (const EBadInput&) {
+        // No message: the caller ends its command, or leaves the row as it is.
+        return false;
+    }
+}
+
+void SaveFile(TContext& context, const std::string& fileName) {
+    const TCommandGate::TOwnCall call(context.Gate);
+    if (const auto module = GetModuleFromFileName(context, fileName)) module->Save();
+}
+
+void CloseFile(TContext& context, const std::string& fileName) {
+    const TCommandGate::TOwnCall call(context.Gate);
+    if (const auto module = GetModuleFromFileName(context, fileName)) module->Close();
+}
+
+void MarkModifiedForm(TContext& context, const std::string& formName) {
+    if (const auto editor = GetFormEditor(context, formName)) editor->MarkModified();
+}
+
+bool TestForCorrectForm(TContext& context, const std::string& formName) {
+    const auto editor = GetFormEditor(context, formName);
+    return editor != nullptr && editor->GetRootComponent() != nullptr;
+}
+
+TModuleLease::TModuleLease(TContext& context, std::string fileName)
+    : context_(context), fileName_(std::move(fileName)), wasOpen_(IsFileOpen(context_, fileName_)) {
+    if (!wasOpen_ && !OpenFile(context_, fileName_, false)) throw EmlLangSilent();
+}
+
+TModuleLease::~TModuleLease() {
+    if (!wasOpen_) CloseFile(context_, fileName_);
+}
+
+void TModuleLease::Save() {
+    if (!wasOpen_) SaveFile(context_, fileName_);
+}
+
+std::shared_ptr<TmlCustomLang> FindCustomLang(TContext& context, IOTAFormEditor& editor) {
+    const auto root = editor.GetRootComponent();
+    const int count = root == nullptr ? 0 : root->GetComponentCount();
+    for (int i = 0; i < count; ++i)
+        if (auto lang = context.Host.Runtime->AsCustomLang(root->GetComponent(i))) return lang;
+    return nullptr;
+}
+
+TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {
+    const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, fileName));
+    const auto lang = editor == nullptr ? nullptr : FindCustomLang(context, *editor);
+    if (lang == nullptr) return {};
+    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang()};
+}
+
+}  // namespace tml

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "core/Context.h"
+
+namespace tml {
+
+// What the expert asks of the IDE. Each gives nullptr (false) where the IDE has no such service.
+
+IOTAModuleServices* GetModuleServices(TContext& context);
+/// Begins a command that is one step of undo. EmlLangSilent in an IDE without modules: nothing can be opened
+/// there.
+std::unique_ptr<ICommandScope> BeginCommand(TContext& context, const std::string& title);
+std::shared_ptr<IOTAProject> GetActiveProject(TContext& context);
+std::shared_ptr<IOTAProjectGroup> GetActiveProjectGroup(TContext& context);
+std::shared_ptr<IOTASourceEditor> GetCurrentSourceEditor(TContext& context);
+/// The open module of a unit or form file.
+std::shared_ptr<IOTAModule> GetModuleFromFileName(TContext& context, const std::string& fileName);
+/// nullptr for no module and for one without a form.
+std::shared_ptr<IOTAFormEditor> GetFormEditorFromModule(const std::shared_ptr<IOTAModule>& module);
+/// The editor of an open form by the form's name.
+std::shared_ptr<IOTAFormEditor> GetFormEditor(TContext& context, const std::string& formName);
+
+bool IsFileOpen(TContext& context, const std::string& fileName);
+/// Opens a unit with its form, or brings the open one up when show is set. False when it cannot be opened.
+bool OpenFile(TContext& context, const std::string& fileName, bool show);
+/// Saves or closes (without saving) an open file; nothing when it is not open.
+void SaveFile(TContext& context, const std::string& fileName);
+void CloseFile(TContext& context, const std::string& fileName);
+void MarkModifiedForm(TContext& context, const std::string& formName);
+/// True for an open form that can be designed.
+bool TestForCorrectForm(TContext& context, const std::string& formName);
+
+/// Opens a file for a command, unless it is open, and closes it when it goes. Where the file cannot be
+/// opened the constructor throws EmlLangSilent.
+class TModuleLease {
+  public:
+    TModuleLease(TContext& context, std::string fileName);
+    /// Over a file that is open already; wasOpen tells whether it was before the command.
+    TModuleLease(TContext& context, std::string fileName, bool wasOpen)
+        : context_(context), fileName_(std::move(fileName)), wasOpen_(wasOpen) {}
+    ~TModuleLease();
+    TModuleLease(const TModuleLease&) = delete;
+    TModuleLease& operator=(const TModuleLease&) = delete;
+
+    bool WasOpen() const { return wasOpen_; }
+    /// Saves a file that the lease opened; one that was open stays the person's to save.
+    void Save();
+    /// The file stays open.
+    void Keep() { wasOpen_ = true; }
+
+  private:
+    TContext& context_;
+    std::string fileName_;
+    bool wasOpen_;
+};
+
+/// The localization component of a form.
+struct TFormAnalysis {
+    std::string ComponentName;
+    std::string ClassName;
+    int NumLang = 0;
+};
+
+/// The first localization component that the root owns, in form file order; nullptr when there is none.
+std::shared_ptr<TmlCustomLang> FindCustomLang(TContext& context, IOTAFormEditor& editor);
+/// Reads the open form of a file; empty names and 0 when it has no component or is not open.
+TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName);
+
+}  // namespace tml

@@ -1,0 +1,86 @@
+#include "core/Notifiers.h"
+
+#include "base/Errors.h"
+#include "core/Modules.h"
+
+namespace tml {
+
+TmlModuleNotifier::TmlModuleNotifier(TContext& context, TListView* list, const TListItem* item,
+                                     std::shared_ptr<IOTAModule> module)
+    : context_(context),
+      list_(list),
+      rowId_(item == nullptr ? 0 : item->Id()),
+      module_(std::move(module)),
+      editor_(GetFormEditorFromModule(module_)) {}
+
+std::shared_ptr<TmlModuleNotifier> TmlModuleNotifier::Create(TContext& context, TListView* list,
+                                                             TListItem* item,
+                                                             std::shared_ptr<IOTAModule> module) {
+    std::shared_ptr<TmlModuleNotifier> notifier(
+        new TmlModuleNotifier(context, list, item, std::move(module)));
+    if (notifier->editor_ == nullptr) throw EmlLangSilent();
+    if (item != nullptr) item->Data = notifier;
+    notifier->NotifierIndex = notifier->editor_->AddNotifier(notifier);
+    return notifier;
+}
+
+void TmlModuleNotifier::Unregister() {
+    if (IsRegistered() && editor_ != nullptr) editor_->RemoveNotifier(NotifierIndex);
+    Destroyed();
+}
+
+void TmlModuleNotifier::Detach() {
+    Unregister();
+    if (list_ == nullptr) return;
+    if (TListItem* item = list_->Find(rowId_)) item->Data.reset();
+    list_ = nullptr;
+}
+
+std::string TmlModuleNotifier::FormFileName() const {
+    return editor_ == nullptr ? std::string() : editor_->GetFileName();
+}
+
+void TmlModuleNotifier::Destroyed() {
+    NotifierIndex = -1;
+    editor_.reset();
+    module_.reset();
+}
+
+void TmlModuleNotifier::ComponentRenamed(TComponentHandle handle, const std::string& oldName,
+                                         const std::string& newName) {
+    if (oldName.empty() || newName.empty()) return;
+    TListItem* row = list_ == nullptr ? nullptr : list_->Find(rowId_);
+    // A notifier with a row follows the form's own name alone, on purpose: passing renames of other
+    // components on is the business of the notifiers without one.
+    if (row == nullptr) return PassRenameOn(handle, oldName, newName);
+    if (row->Caption != oldName) return;
+    row->Caption = newName;
+    list_->Touch();
+    if (context_.OnRowsChanged) context_.OnRowsChanged();
+}
+
+void TmlModuleNotifier::PassRenameOn(TComponentHandle handle, const std::string& oldName,
+                                     const std::string& newName) {
+    if (!IsRegistered()) return;
+    const auto lang = FindCustomLang(context_, *editor_);
+    if (lang == nullptr || lang->GetName() == newName) return;
+    if (lang->GetComponent()->GetComponentHandle() == handle) return;
+    lang->ComponentRenamed(oldName, newName);
+}
+
+void TmlAddInNotifier::FileNotification(TOTAFileNotification notifyCode, const std::string& fileName,
+                                        bool& /*cancel*/) {
+    gate_.Pass([self = shared_from_this(), notifyCode, fileName] {
+        if (self->owner_ == nullptr) return;
+        try {
+            self->owner_->FileNotified(notifyCode, fileName);
+        } catch (const EmlLangSilent&) {
+            // A unit without a form, for one: nobody needs to know.
+        } catch (const std::exception& error) {
+            // Whatever goes wrong here must not interrupt the IDE.
+            if (self->owner_ != nullptr) self->owner_->FileNotificationFailed(error);
+        }
+    });
+}
+
+}  // namespace tml

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "platform/Registry.h"
+#include "windows/Controls.h"
+
+namespace tml {
+
+inline constexpr std::string_view kSettingsKey = "\\Software\\Velmora\\TmlLang";
+inline constexpr std::string_view kExpSettingsKey = "\\Software\\Velmora\\TmlLang\\ExpSettings";
+
+/// The expert's settings with their defaults.
+struct TSettingValues {
+    std::string MenuSection = "ToolsMenu";
+    TShortCut ShortCut = 0x4000 | 'L';
+    int NumLang = 2;
+    bool OpenAllForms = false;
+    std::string DefaultComp = "TmlLang";
+    int CnstPermanent = 0;
+    std::string CnstPrefix = "str";
+    std::string HCPrefix = "IDS_";
+    bool AddFormName = false;
+    std::string ReplaceMethod = "GetTextOrDefault(";
+    int IgnorableLength = 1;
+    int SortOrder = -1;
+    int SortedColumn = 0;
+    std::string DefaultLangNames;  ///< one name a line, see SplitLangNames
+    int CommentsLength = 0;
+    bool EmptyConstsValues = true;
+    std::string ExcludeChars = "\\|/?><.,\":;]}[{=+-_)(!@#$%^&*`~' ";
+    TStringList SkipLines;
+    TStringList SkipWords;
+    std::string ColumnWidths;
+    int LastFilterIndex = 1;
+    bool UseRegExpForSkip = false;
+    int PreviewLines = 5;
+    bool NoCommentsInSources = false;
+    std::string MultiProjFolder;
+    std::string MultiProjFileName;
+    std::string MultiProjTemplate;
+    bool MultiProjUseTemplate = false;
+    std::string Delimiter = "~!@#$";
+    bool UseCustom = false;
+    std::string UserFile;
+};
+
+/// How a setting is stored. Lines is the text of a list, DecimalText a number as text that must be one,
+/// LooseDecimalText one that counts as missing where it is none.
+enum class TStoredAs {
+    String,
+    TrimmedString,
+    Lines,
+    DecimalText,
+    LooseDecimalText,
+    ShortCutText,
+    Integer,
+    Bool
+};
+/// What a read gives where nothing is stored: the value at hand, or always the default.
+enum class TReadDefault { Current, Fixed, NeverRead };
+/// What a setter does with an equal value.
+enum class TWriteWhen { Differs, Always };
+
+/// The member that holds a setting.
+using TSettingField =
+    std::variant<std::string TSettingValues::*, int TSettingValues::*, bool TSettingValues::*,
+                 TShortCut TSettingValues::*, TStringList TSettingValues::*>;
+
+/// One row of the table of settings.
+struct TSetting {
+    std::string_view Property;
+    std::string_view ValueName;
+    TSettingField Field;
+    TStoredAs Stored;
+    TReadDefault ReadDefault;
+    TWriteWhen Write;
+    std::string_view Key = kExpSettingsKey;
+};
+
+/// Every setting, in the order in which they are read.
+std::span<const TSetting> AllSettings();
+/// The row of a property (without regard to case), nullptr for a name that is none.
+const TSetting* FindSetting(std::string_view property);
+
+/// A setting as it is stored now, as text for a person: switches as true and false, "\n" between the
+/// lines of a list. It needs no expert and shows a value that the expert cannot read as it stands.
+std::string StoredSettingText(IRegistry& registry, const TSetting& setting);
+/// Stores a setting from such a text. EBadInput for a text that does not fit; nothing is stored then.
+void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text);
+
+/// The language names of a text: one a line, or separated by commas where it has no line break.
+TStringList SplitLangNames(std::string_view text);
+
+/// The settings at hand and their store: read once, each written back the moment it is set.
+class TExpertSettings {
+  public:
+    /// Starts with the defaults. classNames are those of the localization components.
+    TExpertSettings(IRegistry& registry, std::vector<std::string> classNames);
+
+    const TSettingValues& Get() const { return values_; }
+
+    /// Reads all settings. EConvertError for a "DefNumLang" or "CnstPermanent" that is no number.
+    void ReadSettings();
+    /// An unknown default component becomes the first class name, in memory only.
+    void CheckDefaultComponent();
+
+    void SetNumLang(int value);
+    void SetShortCut(TShortCut value);
+    void SetOpenAllForms(bool value);
+    void SetUseCustom(bool value);
+    void SetMenuSection(const std::string& value);
+    void SetMultiProjFileName(const std::string& value);
+    void SetMultiProjFolder(const std::string& value);
+    void SetMultiProjTemplate(const std::string& value);
+    void SetMultiProjUseTemplate(bool value);
+    void SetDefaultComp(const std::string& value);
+    void SetIgnorableLength(int value);
+    void SetCnstPermanent(int value);
+    void SetCnstPrefix(const std::string& value);
+    void SetHCPrefix(const std::string& value);
+    void SetAddFormName(bool value);
+    void SetReplaceMethod(const std::string& value);
+    void SetSortedColumn(int value);
+    void SetSortOrder(int value);
+    void SetDefaultLangNames(const std::string& value);
+    void SetCommentsLength(int value);
+    void SetEmptyConstsValues(bool value);
+    void SetExcludeChars(const std::string& value);
+    void SetSkipLines(const TStringList& value);
+    void SetSkipWords(const TStringList& value);
+    void SetColumnWidths(const std::string& value);
+    void SetLastFilterIndex(int value);
+    void SetUseRegExpForSkip(bool value);
+    void SetPreviewLines(int value);
+    void SetNoCommentsInSources(bool value);
+
+  private:
+    /// Sets the member and writes it as its row says.
+    template <typename T>
+    void Assign(T TSettingValues::*field, const T& value);
+
+    IRegistry* registry_;
+    std::vector<std::string> classNames_;
+    TSettingValues values_;
+};
+
+}  // namespace tml

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "scan/Scanmemory.h"
+
+namespace tml {
+
+/// What the subjects remember between their commands. It belongs to the expert, which hands it to them.
+struct TSubjects {
+    TScanMemory Scan;
+};
+
+}  // namespace tml

@@ -1,0 +1,235 @@
+#include "ide/Moduleservices.h"
+
+#include <algorithm>
+
+#include "base/Errors.h"
+#include "base/Folderindex.h"
+#include "base/Utf8.h"
+#include "ide/Changesets.h"
+
+namespace tml {
+
+TModules::TModules(IFileSystem& files, IMlRuntime& runtime)
+    : files_(files),
+      runtime_(runtime),
+      journal_([this](const std::vector<TStagedFile>& staged) { Write(staged); }) {}
+
+TModules::~TModules() {
+    for (const std::shared_ptr<TModule>& module : modules_)
+        module->CloseDocuments();
+}
+
+std::shared_ptr<TModule> TModules::Find(const std::string& fileName) {
+    const auto found = byFile_.find(UpperCase(AbsolutePath(files_, fileName)));
+    return found == byFile_.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<IOTAModule> TModules::FindModule(const std::string& fileName) {
+    return Find(fileName);
+}
+
+std::shared_ptr<IOTAModule> TModules::FindFormModule(const std::string& formName) {
+    const auto [begin, end] = byForm_.equal_range(UpperCase(formName));
+    const auto own = std::find_if(begin, end, [&](const auto& entry) { return IsOfActive(*entry.second); });
+    if (own != end) return own->second;
+    return begin == end ? nullptr : begin->second;
+}
+
+bool TModules::IsOfActive(TModule& module) const {
+    const TProject* project = group_ ? group_->Active() : nullptr;
+    return project != nullptr && project->FindUnit(module.GetFileName()) != nullptr;
+}
+
+std::shared_ptr<IOTAModule> TModules::OpenModule(const std::string& fileName, bool show) {
+    std::shared_ptr<TModule> module = Find(fileName);
+    if (!module) {
+        const TFoundUnit found = FindUnit(AbsolutePath(files_, fileName));
+        const std::string& unitFile = found.Unit.FileName;
+        if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
+        try {
+            module = std::make_shared<TModule>(*this, ReadFiles(found));
+        } catch (const EBadInput& error) {
+            if (OnError) OnError(error);
+            throw;
+        }
+        AttachDesigner(module);
+        Register(module);
+        Announce(TOTAFileNotification::ofnFileOpened, unitFile);
+    }
+    if (show) SetCurrent(module);
+    return module;
+}
+
+/// A project's unit knows its form and header already; for any other file the folder is searched.
+TModules::TFoundUnit TModules::FindUnit(const std::string& fileName) {
+    for (std::size_t i = 0; group_ && i < group_->Projects().size(); ++i) {
+        const TProject& project = *group_->Projects()[i];
+        if (const TProjectUnit* unit = project.FindUnit(fileName)) return {*unit, project.Model().CodePage};
+    }
+    TFolderIndex index(files_);
+    const auto found = index.Find(FolderOf(fileName), FileNameOf(fileName));
+    TProjectUnit unit;
+    unit.FileName = index.UnitFileOf(found ? *found : fileName);
+    unit.FormFile = index.FormFileOf(unit.FileName);
+    unit.HeaderFile = index.HeaderFileOf(unit.FileName);
+    const TProject* active = group_ ? group_->Active() : nullptr;
+    return {unit, active == nullptr ? std::string() : active->Model().CodePage};
+}
+
+TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
+    const TProjectUnit& unit = found.Unit;
+    TModuleFiles read;
+    read.Unit = ReadSource(unit.FileName, found.CodePage);
+    if (!unit.HeaderFile.empty()) read.Header = ReadSource(unit.HeaderFile, found.CodePage);
+    if (!unit.FormFile.empty()) read.Form = ReadForm(unit.FormFile, found.CodePage);
+    return read;
+}
+
+std::pair<std::string, std::string> TModules::ReadBytes(const std::string& fileName) {
+    if (const TUndoStep* saved = journal_.PendingSave(fileName))
+        return {saved->Document()->OnDisk(), *saved->BytesToWrite()};
+    const std::string bytes = files_.Read(fileName);
+    return {bytes, bytes};
+}
+
+std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
+                                                    const std::string& codePage) {
+    const auto [onDisk, bytes] = ReadBytes(fileName);
+    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, onDisk, codePage);
+}
+
+std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName, const std::string& codePage) {
+    const auto [onDisk, bytes] = ReadBytes(fileName);
+    return std::make_shared<TFormDocument>(journal_, fileName, bytes, onDisk, codePage);
+}
+
+void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {
+    const TModuleFiles& files = module->Files();
+    if (!files.Form) return;
+    TDesigner::TServices services;
+    services.Journal = &journal_;
+    services.Runtime = &runtime_;
+    services.FindForm = [this](const std::string& formName) { return FindForm(formName); };
+    const std::weak_ptr<TModule> weak = module;
+    services.Show = [this, weak] {
+        if (const auto self = weak.lock()) SetCurrent(self);
+    };
+    services.FormRenamed = [this, weak] {
+        if (const auto self = weak.lock()) NoteFormName(self);
+    };
+    module->SetDesigner(
+        std::make_shared<TDesigner>(files.Form, TUnitSource(files.Unit, files.Header), std::move(services)));
+}
+
+void TModules::Register(const std::shared_ptr<TModule>& module) {
+    modules_.push_back(module);
+    for (const TDocument* document : module->Documents())
+        byFile_[UpperCase(document->FileName())] = module;
+    NoteFormName(module);
+}
+
+void TModules::Unregister(const std::shared_ptr<TModule>& module) {
+    std::erase(modules_, module);
+    for (const TDocument* document : module->Documents())
+        byFile_.erase(UpperCase(document->FileName()));
+    ForgetFormName(*module);
+}
+
+void TModules::NoteFormName(const std::shared_ptr<TModule>& module) {
+    if (!module->Files().Form) return;
+    ForgetFormName(*module);
+    module->IndexedFormName = UpperCase(module->GetFormName());
+    byForm_.emplace(module->IndexedFormName, module);
+}
+
+void TModules::ForgetFormName(const TModule& module) {
+    const auto [begin, end] = byForm_.equal_range(module.IndexedFormName);
+    const auto found =
+        std::find_if(begin, end, [&](const auto& entry) { return entry.second.get() == &module; });
+    if (found != end) byForm_.erase(found);
+}
+
+std::shared_ptr<IOTAComponent> TModules::FindForm(const std::string& formName) {
+    std::shared_ptr<IOTAModule> module = FindFormModule(formName);
+    const TProject* project = group_ ? group_->Active() : nullptr;
+    if (project != nullptr && (!module || !IsOfActive(*Find(module->GetFileName()))))
+        if (const TProjectUnit* unit = project->FindForm(formName);
+            unit != nullptr && !unit->Missing && !Find(unit->FileName))
+            module = OpenModule(unit->FileName, false);
+    return module && module->GetFormEditor() ? module->GetFormEditor()->GetRootComponent() : nullptr;
+}
+
+void TModules::SetCurrent(const std::shared_ptr<TModule>& module, int editor) {
+    current_ = module;
+    currentEditor_ = editor;
+}
+
+std::shared_ptr<IOTASourceEditor> TModules::GetCurrentSourceEditor() {
+    const auto module = current_.lock();
+    return module ? module->GetSourceEditor(currentEditor_) : nullptr;
+}
+
+void TModules::CloseModule(const std::shared_ptr<TModule>& module) {
+    if (std::find(modules_.begin(), modules_.end(), module) == modules_.end()) return;
+    const std::string unitFile = module->GetFileName();
+    if (!Announce(TOTAFileNotification::ofnFileClosing, unitFile)) return;
+    if (module->Files().Form)
+        Announce(TOTAFileNotification::ofnFileClosing, module->Files().Form->FileName());
+    Unregister(module);
+    module->CloseDocuments();
+    if (current_.lock() == module) current_.reset();
+    journal_.ForgetClosed();
+}
+
+void TModules::CloseAll() {
+    const std::vector<std::shared_ptr<TModule>> open = modules_;
+    for (const std::shared_ptr<TModule>& module : open)
+        CloseModule(module);
+}
+
+std::shared_ptr<IOTAProject> TModules::GetActiveProject() {
+    return group_ ? group_->GetActiveProject() : nullptr;
+}
+
+void TModules::SetProjects(std::shared_ptr<TProjectGroup> group) {
+    group_ = std::move(group);
+    journal_.SetPatchFolder(FolderOf(group_->MainFile()));
+    const auto announce = [this](TProject& project) {
+        Announce(TOTAFileNotification::ofnActiveProjectChanged, project.GetFileName());
+    };
+    group_->OnActiveChanged(announce);
+    if (TProject* active = group_->Active()) announce(*active);
+}
+
+void TModules::ForgetProjects() {
+    if (!group_) return;
+    for (const std::shared_ptr<TProject>& project : group_->Projects())
+        Announce(TOTAFileNotification::ofnFileClosing, project->GetFileName());
+    if (!group_->GetFileName().empty()) Announce(TOTAFileNotification::ofnFileClosing, group_->GetFileName());
+    group_.reset();
+}
+
+std::unique_ptr<ICommandScope> TModules::BeginCommand(const std::string& title) {
+    return journal_.Begin(title);
+}
+
+void TModules::ApplyChangeSet(const TChangeSet& changes) {
+    tml::ApplyChangeSet(*this, changes);
+}
+
+int TModules::AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) {
+    return notifiers_.Add(std::move(notifier));
+}
+
+bool TModules::Announce(TOTAFileNotification code, const std::string& fileName) {
+    bool cancel = false;
+    notifiers_.Tell([&](IOTAIDENotifier& notifier) { notifier.FileNotification(code, fileName, cancel); });
+    return !cancel;
+}
+
+void TModules::Write(const std::vector<TStagedFile>& staged) {
+    const std::string beside = group_ ? group_->MainFile() : staged.front().Path;
+    WriteTogether(files_, CommitRecordPath(beside), staged);
+}
+
+}  // namespace tml

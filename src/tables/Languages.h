@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace tml {
+
+/// More languages than anyone has; keeps a slip of the finger, or a broken form, from filling the memory.
+inline constexpr int kMostLanguages = 10000;
+
+/// The name given to the language at a 1-based position when there is none for it.
+std::string GeneratedLangName(int position);
+
+}  // namespace tml

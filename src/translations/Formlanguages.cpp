@@ -1,0 +1,95 @@
+#include "translations/Formlanguages.h"
+
+#include <algorithm>
+#include <deque>
+
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "tables/Languages.h"
+#include "translations/Langconfig.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kEditDispatcher =
+    "Selected component is linked to a dispatcher! Do you wish to edit languages of the dispatcher "
+    "component?";
+
+/// The names to start from for a form without a component.
+TStringList DefaultNames(const TSettingValues& settings) {
+    TStringList names = SplitLangNames(settings.DefaultLangNames);
+    while (names.Count() > settings.NumLang)
+        names.Delete(names.Count() - 1);
+    while (names.Count() < std::min(settings.NumLang, kMostLanguages))
+        names.Add(GeneratedLangName(names.Count() + 1));
+    return names;
+}
+
+/// The dispatcher that drives the component of a form. It may sit on another form, which is then opened;
+/// the lease makes that as it was again.
+struct TLinkedDispatcher {
+    std::unique_ptr<TModuleLease> Lease;
+    std::shared_ptr<TmlLangDispatcher> Dispatcher;
+};
+
+TLinkedDispatcher FindDispatcher(TContext& context, TmlCustomLang* lang) {
+    if (lang == nullptr) return {};
+    std::vector<std::string> closed;
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (!IsFileOpen(context, row->SubItems[fcFileName])) closed.push_back(row->SubItems[fcFileName]);
+    TLinkedDispatcher found{nullptr, lang->GetDispatcher()};
+    const auto opened = std::find_if(closed.begin(), closed.end(),
+                                     [&](const std::string& file) { return IsFileOpen(context, file); });
+    if (opened != closed.end()) found.Lease = std::make_unique<TModuleLease>(context, *opened, false);
+    return found;
+}
+
+/// The dispatcher, where there is one and the person wants to edit it.
+std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
+                                                    const std::shared_ptr<TmlLangDispatcher>& dispatcher) {
+    if (dispatcher == nullptr) return nullptr;
+    const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
+                                                             TMsgDlgType::mtConfirmation, {mrYes, mrNo});
+    return answer == mrYes ? dispatcher : nullptr;
+}
+
+/// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
+void ApplyNames(TContext& context, TListItem& item, const TStringList& names, TmlLangDispatcher* dispatcher) {
+    if (dispatcher != nullptr) {
+        dispatcher->SetLangNames(names);
+        MarkModifiedForm(context, item.Caption);
+        return;
+    }
+    TLangSetUp setUp;
+    setUp.NumLang = names.Count();
+    setUp.LangNamesText = names.Text();
+    setUp.InsertIfMissing = true;
+    SetUpLang(context, &item, setUp);
+}
+
+}  // namespace
+
+void sbLanguagesClick(TContext& context) {
+    TListItem* item = context.Rows.Active().FirstSelected();
+    if (item == nullptr) return;
+    TModuleLease lease(context, item->SubItems[fcFileName]);
+    const auto lang = GetmlLang(context, item->Caption);
+    const TLinkedDispatcher linked = FindDispatcher(context, lang.get());
+    const auto dispatcher = AskForDispatcher(context, linked.Dispatcher);
+    TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
+                        : lang != nullptr     ? lang->GetLangNames()
+                                              : DefaultNames(context.Settings.Get());
+    if (ConfigureLanguages(context, names) != mrOk) return;
+    std::deque<TRowGuard> rows;
+    for (TListItem* row = item; row != nullptr; row = context.Rows.Active().NextSelected(*row))
+        rows.emplace_back(*row);
+    const auto scope = BeginCommand(context, "Languages");
+    ApplyNames(context, *item, names, dispatcher.get());
+    if (linked.Lease != nullptr) linked.Lease->Save();
+    lease.Save();
+    scope->Commit();
+    for (TRowGuard& row : rows)
+        row.Keep();
+}
+
+}  // namespace tml

@@ -1,0 +1,31 @@
+#include "core/Externalfiles.h"
+
+namespace tml {
+namespace {
+
+struct TCounted : TmlExternalFiles {
+    int Saves = 0;
+    void Save() override { ++Saves; }
+};
+
+TEST(Externalfiles, AreSavedWhenAChangeLeavesEntries) {
+    TCounted list;
+    list.SetProjectName("a");
+    EXPECT_EQ(list.Saves, 0) << "nothing to save yet";
+    list.Add("x.pas");
+    list.Add("x.pas");
+    EXPECT_EQ(list.Files(), TStringList({"x.pas", "x.pas"}));
+    EXPECT_EQ(list.Saves, 2);
+    list.SetFiles(list.Files());
+    list.SetProjectName("a");
+    EXPECT_EQ(list.Saves, 2);
+    list.SetProjectName("A");
+    list.SetFiles(TStringList({"y.pas"}));
+    EXPECT_EQ(list.Saves, 4);
+    list.Clear();
+    EXPECT_TRUE(list.Files().Empty());
+    EXPECT_EQ(list.Saves, 4);
+}
+
+}  // namespace
+}  // namespace tml

@@ -1,0 +1,182 @@
+#include "base/Errors.h"
+#include "base/Utf8.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "support/Expertfixture.h"
+#include "translations/Langconfig.h"
+
+namespace tml {
+namespace {
+
+struct TInsertion : TExpertFixture, testing::Test {
+    std::vector<std::string> Names(const std::string& form) {
+        const TModuleLease lease(Context(), Row(form).SubItems[fcFileName]);
+        const auto lang = GetmlLang(Context(), form);
+        return lang == nullptr ? std::vector<std::string>() : lang->GetLangNames().Items();
+    }
+    void Languages(std::function<void(TfrmLangConfig&)> use) {
+        User.OnWindow<TfrmLangConfig>("frmLangConfig", std::move(use));
+        Expert->Window()->Run("Languages");
+    }
+};
+
+TEST_F(TInsertion, PutsANamedComponentOnTheFormAndConfiguresItsRowOnly) {
+    PutForm(2, "");
+    Registry.Values["\\Software\\Velmora\\TmlLang\\ExpSettings\\DefaultLangNames"] =
+        std::string("English,German,Czech");
+    Open();
+    Expert->Window()->SelectAll1Click();
+    InsertTmlLang(Context(), Row("Form1"));
+    EXPECT_EQ(List(), "Form2|Unit2|0||0;Form1|Unit1|2|TmlLang|1;") << "the class is shown, only for this row";
+    EXPECT_EQ(Row("Form1").SubItems[fcClass], "TmlLang");
+    EXPECT_EQ(GetmlLang(Context(), "Form1")->GetName(), "mlLang_Form1");
+    EXPECT_EQ(Names("Form1"), (std::vector<std::string>{"English", "German"}));
+    EXPECT_EQ(Context().Rows.StatusPanels[2], "Forms translated: 1 of 2");
+    EXPECT_EQ(Ide.GetModuleServices()->GetCurrentSourceEditor()->GetFileName(), "/p/Unit1.pas")
+        << "it is shown";
+    InsertTmlLang(Context(), Row("Form1"));
+    EXPECT_EQ(GetFormEditor(Context(), "Form1")->GetRootComponent()->GetComponentCount(), 2) << "once only";
+    Expert->RunItemClick();
+    EXPECT_EQ(List(), "Form2|Unit2|0||0;Form1|Unit1|2|mlLang_Form1|1;");
+}
+
+TEST_F(TInsertion, TakesAComponentThatIsThere) {
+    Open();
+    TListItem& row = Row("Form2");
+    UpdateItem(&row, "", 0);
+    InsertTmlLang(Context(), row);
+    EXPECT_EQ(row.SubItems[fcLanguages] + row.SubItems[fcComponent], "3mlLang1");
+}
+
+TEST_F(TInsertion, AComponentThatCannotBeNamedDoesNotStay) {
+    std::string& form = Files.Files["/p/Unit1.dfm"];
+    form.replace(form.find("Button1"), 7, "mlLang_Form1");
+    Open();
+    const std::string list = List();
+    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EBadInput);
+    EXPECT_EQ(GetFormEditor(Context(), "Form1")->GetRootComponent()->GetComponentCount(), 1);
+    EXPECT_FALSE(GetModuleFromFileName(Context(), "/p/Unit1.pas")->GetModified());
+    EXPECT_EQ(List(), list);
+}
+
+TEST_F(TInsertion, EndsWithoutAMessageWhereTheUnitCannotBeOpened) {
+    Open();
+    Files.Files.erase("/p/Unit1.pas");
+    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EmlLangSilent);
+    Select("Form1");
+    Expert->Window()->Run("SourceWithForm");
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|0||0;");
+}
+
+TEST_F(TInsertion, AClosedFormIsConfiguredSavedAndClosed) {
+    Open();
+    const auto files = Files.Files;
+    ConfigureLangComponent(Context(), &Row("Form2"), {2, "", "TmlCustomLang", false, "A,B,C"});
+    EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
+    EXPECT_NE(Files.Files["/p/Unit2.dfm"].find("NumOfLanguages = 2\r\n"), std::string::npos);
+    EXPECT_EQ(Names("Form2"), (std::vector<std::string>{"A", "B"}));
+    EXPECT_EQ(Row("Form2").SubItems[fcLanguages], "2");
+
+    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
+    const auto saved = Files.Files;
+    ConfigureLangComponent(Context(), &Row("Form2"), {1, "MLLANG1", "TmlCustomLang", false, ""});
+    ConfigureLangComponent(Context(), &Row("Form2"), {9, "Other", "TmlCustomLang", false, ""});
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetNumLang(), 1);
+    EXPECT_TRUE(GetFormEditor(Context(), "Form2")->GetModified());
+    EXPECT_EQ(Files.Files, saved) << "an open form stays open and unsaved";
+}
+
+TEST_F(TInsertion, TheActiveLanguageKeepsItsPlace) {
+    Open();
+    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
+    GetmlLang(Context(), "Form2")->SetLanguage("German");
+    ConfigureLangComponent(Context(), &Row("Form2"),
+                           {3, "", "TmlCustomLang", false, "English,Deutsch,German"});
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "Deutsch");
+    ConfigureLangComponent(Context(), &Row("Form2"), {1, "", "TmlCustomLang", false, ""});
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "English");
+}
+
+TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
+    Open();
+    Expert->Settings().SetDefaultLangNames("English");
+    Select("Form1");
+    Languages([](TfrmLangConfig& window) {
+        EXPECT_EQ(window.lbLangNames, TStringList({"English", "Language N2"}));
+        window.ModalResult = mrCancel;
+    });
+    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "0");
+    Select("Form2");
+    Row("Form1").Selected = true;
+    Languages([](TfrmLangConfig& window) {
+        EXPECT_EQ(window.lbLangNames, TStringList({"English", "German", "French"}));
+        window.edLangCountChange("4");
+        window.ModalResult = mrOk;
+    });
+    EXPECT_EQ(List(), "Form2|Unit2|4|mlLang1|1;Form1|Unit1|4|TmlLang|1;");
+    EXPECT_EQ(Names("Form1"), (std::vector<std::string>{"English", "German", "French", "Language N4"}));
+    EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
+    EXPECT_NE(Files.Files["/p/Unit2.dfm"].find("NumOfLanguages = 4"), std::string::npos);
+}
+
+TEST_F(TInsertion, TheLanguagesCommandIsMadeForAllRowsOrForNone) {
+    Open();
+    const auto files = Files.Files;
+    Files.Files.erase("/p/Unit1.pas");
+    Select("Form2");
+    Row("Form1").Selected = true;
+    const std::string list = List();
+    Languages([](TfrmLangConfig& window) {
+        window.edLangCountChange("4");
+        window.ModalResult = mrOk;
+    });
+    EXPECT_EQ(List(), list);
+    EXPECT_EQ(Files.Files["/p/Unit2.dfm"], files.at("/p/Unit2.dfm"));
+}
+
+TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {
+    PutForm(1,
+            "  object D: TmlLangDispatcher\n    LangNames.Strings = (\n      'One')\n  end\n"
+            "  object mlLang1: TmlLang\n    Dispatcher = D\n  end\n");
+    Open();
+    Select("Form1");
+    User.OnMessage(
+        "Selected component is linked to a dispatcher! Do you wish to edit languages of the "
+        "dispatcher component?",
+        mrYes);
+    Languages([](TfrmLangConfig& window) {
+        EXPECT_EQ(window.lbLangNames, TStringList({"One"}));
+        window.edLangCountChange("2");
+        window.ModalResult = mrOk;
+    });
+    const TLangSetUp setUp{3, "", "TmlLangDispatcher", false, ""};
+    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1");
+    ConfigureLangComponent(Context(), &Row("Form1"), setUp);
+    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1") << "only a localization component counts";
+    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("NumOfLanguages = 3"), std::string::npos)
+        << Files.Files["/p/Unit1.dfm"];
+    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'Language N2'"), std::string::npos)
+        << Files.Files["/p/Unit1.dfm"];
+}
+
+TEST_F(TInsertion, ADispatchersFormIsSavedAndClosedAgain) {
+    PutForm(1, "  object mlLang1: TmlLang\n    Dispatcher = Form2.D\n  end\n");
+    PutForm(2, "  object D: TmlLangDispatcher\n    LangNames.Strings = (\n      'One')\n  end\n");
+    Open();
+    Select("Form1");
+    for (const TModalResult result : {mrCancel, mrOk}) {
+        User.OnMessage(
+            "Selected component is linked to a dispatcher! Do you wish to edit languages of the "
+            "dispatcher component?",
+            mrYes);
+        Languages([result](TfrmLangConfig& window) {
+            window.edLangCountChange("2");
+            window.ModalResult = result;
+        });
+        EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
+        EXPECT_EQ(Contains(Files.Files["/p/Unit2.dfm"], "'Language N2'"), result == mrOk);
+    }
+}
+
+}  // namespace
+}  // namespace tml

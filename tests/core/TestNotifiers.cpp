@@ -1,0 +1,104 @@
+#include "base/Errors.h"
+#include "core/Modules.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+struct TNotifiers : TExpertFixture, testing::Test {
+    std::shared_ptr<IOTAModule> OpenUnit(int number) {
+        return Ide.GetModuleServices()->OpenModule("/p/Unit" + std::to_string(number) + ".pas", true);
+    }
+    static void Rename(const std::shared_ptr<IOTAModule>& module, const std::string& from,
+                       const std::string& to) {
+        module->GetFormEditor()->FindComponent(from)->SetName(to);
+    }
+};
+
+TEST_F(TNotifiers, OpeningAFileReadsItsRow) {
+    Open();
+    PutForm(1, "  object mlLang1: TmlLang\n  end\n");
+    OpenUnit(1);
+    EXPECT_EQ(Row("Form1").SubItems[fcLanguages] + Row("Form1").SubItems[fcComponent], "1mlLang1");
+    EXPECT_EQ(Context().Rows.StatusPanels[2], "Forms translated: 2 of 2");
+}
+
+TEST_F(TNotifiers, RenamingTheFormRenamesItsRow) {
+    const auto module = [this] {
+        Start();
+        return OpenUnit(1);
+    }();
+    Expert->RunItemClick();
+    ASSERT_NE(Row("Form1").Data, nullptr);
+    Rename(module, "Form1", "FormX");
+    EXPECT_NE(FindRowOfForm(Rows(), "FormX"), nullptr);
+}
+
+TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
+    PutForm(2, "  object mlLang1: TmlLang\n    Captions.Strings = (\n      'Button1\x01Go')\n  end\n");
+    Start();
+    const auto module = OpenUnit(2);
+    const auto captions = [&] {
+        return FindCustomLang(Context(), *module->GetFormEditor())
+            ->GetTable(TStringsType::stCaptions)
+            .CommaText();
+    };
+    ASSERT_NE(captions().find("Button1"), std::string::npos);
+    Rename(module, "Button1", "OK");
+    EXPECT_NE(captions().find("OK"), std::string::npos) << captions();
+
+    module->Save();
+    module->Close();
+    Expert->RunItemClick();
+    const auto reopened = OpenUnit(2);
+    Expert->RunItemClick();
+    TmlModuleNotifier& withRow = *std::static_pointer_cast<TmlModuleNotifier>(Row("Form2").Data);
+    withRow.ComponentRenamed(nullptr, "OK", "Yes");
+    const auto table =
+        FindCustomLang(Context(), *reopened->GetFormEditor())->GetTable(TStringsType::stCaptions);
+    EXPECT_NE(table.CommaText().find("OK"), std::string::npos);
+    withRow.ComponentRenamed(nullptr, "", "Form9");
+    withRow.ComponentRenamed(nullptr, "form2", "Form9");
+    EXPECT_EQ(Row("Form2").Caption, "Form2");
+}
+
+TEST_F(TNotifiers, ClosingTheProjectEmptiesTheList) {
+    Open();
+    const auto notify = [&](TOTAFileNotification code, const std::string& file) {
+        Expert->FileNotified(code, file);
+        return Rows().Count();
+    };
+    EXPECT_EQ(notify(TOTAFileNotification::ofnFileClosing, "/p/Other.dpr"), 2);
+    EXPECT_EQ(notify(TOTAFileNotification::ofnFileClosing, "/P/demo.DPR"), 0);
+    EXPECT_EQ(Runtime->mlLangProjectSettings, nullptr);
+    EXPECT_EQ(notify(TOTAFileNotification::ofnActiveProjectChanged, "/p/Demo.dpr"), 2) << "read again";
+    Ide.CloseProject();
+    EXPECT_EQ(Rows().Count(), 0);
+}
+
+TEST_F(TNotifiers, AUnitWithoutAFormAndAnErrorAreSwallowed) {
+    Open();
+    Ide.GetModuleServices()->OpenModule("/p/Helper.pas", true);
+    EXPECT_THROW(Expert->FileNotified(TOTAFileNotification::ofnFileOpened, "/p/Helper.pas"), EmlLangSilent);
+    const auto notifier = std::make_shared<TmlAddInNotifier>(Context().Gate, *Expert);
+    bool cancel = false;
+    notifier->FileNotification(TOTAFileNotification::ofnFileOpened, "/p/Helper.pas", cancel);
+    EXPECT_FALSE(cancel);
+}
+
+TEST_F(TNotifiers, NotificationsFromOutsideWaitForTheCommand) {
+    Open();
+    {
+        const TCommandGate::TCommand running(Context().Gate);
+        PutForm(1, "  object mlLang1: TmlLang\n  end\n");
+        OpenUnit(1);  // not by the command
+        EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "0");
+        PutForm(2, "");
+        EXPECT_TRUE(OpenFile(Context(), "/p/Unit2.pas", false));  // by the command
+        EXPECT_EQ(Row("Form2").SubItems[fcLanguages], "0");
+    }
+    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1");
+}
+
+}  // namespace
+}  // namespace tml
