@@ -42,6 +42,9 @@ class IOTAIDENotifier : public IOTANotifier {
     virtual void AfterCompile(bool succeeded) = 0;
     virtual void BeforeCompile(const std::string& project, bool isCodeInsight, bool& cancel) = 0;
     virtual void AfterCompile(bool succeeded, bool isCodeInsight) = 0;
+    /// An undo, a redo or a command that was taken back has given these files (units and form files, full
+    /// paths, open or not) other bytes than they had.
+    virtual void FilesRestored(const std::vector<std::string>& /*fileNames*/) {}
 };
 
 class IOTAFormNotifier : public IOTANotifier {
