@@ -19,7 +19,7 @@ TScanInput InputOf(const std::string& text, const std::string& fileName) {
     input.Text = text;
     input.FileName = fileName;
     input.Component = {"MainForm", "mlLang1", false, "TMainForm"};
-    input.Existing = {{"IDS_1", "Close"}, {"IDS_5", "it's"}};
+    input.Existing = TTable(TStringsType::stStrings, TStringList({"IDS_1|Close", "IDS_5|it's"}), "|");
     input.Skip.SkipWords.SetText("OK\r\n");
     input.Skip.SkipLines.SetText("assert(\r\n");
     input.Skip.ExcludeChars = ".,:;'\" ";

@@ -8,7 +8,6 @@
 #include "cli/Session.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
-#include "tables/Languages.h"
 
 namespace tml {
 namespace {
@@ -87,8 +86,8 @@ std::string LostLanguages(TSession& session, TListItem& row, int count) {
     if (component == nullptr) return {};
     const TStringList names = component->GetLangNames();
     std::string lost;
-    for (int i = count; i < component->GetNumLang(); ++i)
-        lost += (lost.empty() ? "" : ", ") + (i < names.Count() ? names[i] : GeneratedLangName(i + 1));
+    for (int i = count; i < names.Count(); ++i)
+        lost += (lost.empty() ? "" : ", ") + names[i];
     return lost.empty() ? lost : lost + " of " + row.Caption;
 }
 

@@ -83,9 +83,7 @@ TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& module, const std::string&
     const auto component = ComponentOf(runtime, *editor);
     receiver.Component.ComponentName =
         component != nullptr ? component->GetName() : InsertedName(defaultClass, receiver.Component.FormName);
-    if (component == nullptr) return receiver;
-    for (TmlString& entry : component->GetStrings())
-        receiver.Existing.push_back({std::move(entry.ID), std::move(entry.Text)});
+    if (component != nullptr) receiver.Existing = component->GetTable(TStringsType::stStrings);
     return receiver;
 }
 

@@ -30,7 +30,7 @@ std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<st
 /// The component that receives a unit's strings.
 struct TReceiver {
     TComponentReference Component;
-    std::vector<TExistingString> Existing;
+    TTable Existing{TStringsType::stStrings};
 };
 
 /// What the units of a scan have in common.

@@ -156,9 +156,9 @@ void TFoundView::FillPopup() {
     auto* methods = new QMenu(ToQt(menu.Caption), this);
     methods->setObjectName(ToQt(menu.Name));
     actions_[methods->objectName()] = methods->menuAction();
-    for (const std::string& method : form_.Methods())
+    for (const std::string_view method : TfrmFound::Methods())
         connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
-                [this, &method] { Execute([&] { form_.UseMethod(method); }); });
+                [this, method] { Execute([&] { form_.UseMethod(std::string(method)); }); });
     ui_->sgStrings->addAction(methods->menuAction());
 }
 

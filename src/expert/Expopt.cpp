@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "tables/Textmethods.h"
 
 namespace tml {
 namespace {
@@ -88,7 +89,7 @@ void TfrmOptions::FillSourceStrings() {
     const TSettingValues& settings = context_.Settings.Get();
     edPreviewLines = std::to_string(settings.PreviewLines);
     edIgnoredLength = std::to_string(settings.IgnorableLength);
-    cbGetTextMethod = ChoiceOf(context_.Host.Runtime->GetTextMethods(), settings.ReplaceMethod);
+    cbGetTextMethod = ChoiceOf(mlLangGetTextMethods, settings.ReplaceMethod);
     cbGetTextMethod.ItemIndex = std::max(cbGetTextMethod.ItemIndex, 0);
     edCommentsLength = std::to_string(settings.CommentsLength);
     ckbAddFormName = settings.AddFormName;

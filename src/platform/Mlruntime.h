@@ -7,39 +7,18 @@
 
 #include "base/Stringlist.h"
 #include "platform/Toolsapi.h"
+#include "tables/Exclusions.h"
+#include "tables/Table.h"
 
 namespace tml {
 
 /// The suite's run-time library: the localization components as the system sees them.
 
-/// The tables of a localization component.
-enum class TStringsType {
-    stCaptions,
-    stHints,
-    stDisplayLabels,
-    stFonts,
-    stMultiLines,
-    stDlgsCaptions,
-    stStrings,
-    stOtherStrings,
-    stLocales,
-    stCollections,
-    stCharSets,
-    stListView_TreeView_Items,
-};
-
-/// An entry of the string table: the ID and the text in the base language.
-struct TmlString {
-    std::string ID;
-    std::string Text;
-
-    bool operator==(const TmlString&) const = default;
-};
-
 /// What a dispatcher and a localization component have in common. Language indexes are 1-based.
 class ILanguages {
   public:
     virtual ~ILanguages() = default;
+    /// As many as languages; generated ones stand in for those that are missing.
     virtual TStringList GetLangNames() = 0;
     virtual void SetLangNames(const TStringList& names) = 0;
     virtual int GetActiveLanguage() = 0;
@@ -66,15 +45,12 @@ class TmlCustomLang : public ILanguages {
     /// The dispatcher that it is linked to, nullptr when it is not.
     virtual std::shared_ptr<TmlLangDispatcher> GetDispatcher() = 0;
 
-    /// The character between the fields of a table line.
-    virtual std::string GetDelimiter() = 0;
-    /// The raw lines of a table: identifier and one value a language.
-    virtual TStringList GetTable(TStringsType type) = 0;
-    virtual void SetTable(TStringsType type, const TStringList& lines) = 0;
-    /// The entries of the string table in order, with the text in the base language.
-    virtual std::vector<TmlString> GetStrings() = 0;
-    /// The changes that add entries to the string table (every language gets the text).
-    virtual std::vector<TPropertyChange> PlanAddStrings(const std::vector<TmlString>& entries) = 0;
+    /// A table as it is now; a command reads it once, and writes it back once.
+    virtual TTable GetTable(TStringsType type) = 0;
+    /// Changes the lines of the form that differ. A table that the class does not have is left out.
+    virtual void SetTable(const TTable& table) = 0;
+    virtual TStringList GetExclusions(TExclusionList list) = 0;
+    virtual void SetExclusions(TExclusionList list, const TStringList& entries) = 0;
     /// Lets the stored translations follow a component that was renamed.
     virtual void ComponentRenamed(const std::string& oldName, const std::string& newName) = 0;
 };
@@ -88,8 +64,6 @@ class IMlRuntime {
 
     /// Class names of the localization components.
     virtual const std::vector<std::string>& NamesArray() const = 0;
-    /// The call texts by which source fetches a string.
-    virtual const std::vector<std::string>& GetTextMethods() const = 0;
     /// True for a class of the suite that can be put on a form.
     virtual bool IsRegistered(const std::string& className) const = 0;
     /// True when the class is the ancestor or derives from it ("TmlCustomLang").

@@ -53,10 +53,4 @@ const std::vector<std::string>& LangClassNames() {
     return names;
 }
 
-const std::vector<std::string>& GetTextMethodNames() {
-    static const std::vector<std::string> names = {"GetText(",           "GetTextC(", "GetTextOrDefault(",
-                                                   "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
-    return names;
-}
-
 }  // namespace tml

@@ -23,7 +23,4 @@ bool ClassInheritsFrom(std::string_view name, std::string_view ancestor);
 /// Class names of the localization components, the one that new forms get first.
 const std::vector<std::string>& LangClassNames();
 
-/// The call texts by which source fetches a string, in the order of their kinds.
-const std::vector<std::string>& GetTextMethodNames();
-
 }  // namespace tml

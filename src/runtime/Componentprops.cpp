@@ -1,6 +1,8 @@
 #include "runtime/Componentprops.h"
 
 #include <charconv>
+#include <utility>
+#include <vector>
 
 namespace tml {
 namespace {
@@ -9,11 +11,12 @@ void RemoveIfThere(IOTAComponent& component, const std::string& name) {
     if (component.GetPropValue(name)) component.RemoveProp(name);
 }
 
-}  // namespace
-
+/// Under what name a form stores a string list property.
 std::string ListPropName(const std::string& name) {
     return name + ".Strings";
 }
+
+}  // namespace
 
 int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue) {
     const auto value = component.GetPropValue(name);
@@ -45,12 +48,13 @@ void WriteStringProp(IOTAComponent& component, const std::string& name, const st
 }
 
 TStringList ReadListProp(IOTAComponent& component, const std::string& name) {
-    const auto value = component.GetPropValue(ListPropName(name));
-    TStringList list;
-    if (!value || value->Kind != TFormValueKind::List) return list;
-    for (const TFormValue& item : value->Items)
-        list.Add(item.Text);
-    return list;
+    auto value = component.GetPropValue(ListPropName(name));
+    if (!value || value->Kind != TFormValueKind::List) return {};
+    std::vector<std::string> lines;
+    lines.reserve(value->Items.size());
+    for (TFormValue& item : value->Items)
+        lines.push_back(std::move(item.Text));
+    return TStringList(std::move(lines));
 }
 
 void WriteListProp(IOTAComponent& component, const std::string& name, const TStringList& list) {

@@ -21,7 +21,4 @@ TStringList ReadListProp(IOTAComponent& component, const std::string& name);
 /// An empty list is not stored.
 void WriteListProp(IOTAComponent& component, const std::string& name, const TStringList& list);
 
-/// Under what name a form stores a string list property.
-std::string ListPropName(const std::string& name);
-
 }  // namespace tml

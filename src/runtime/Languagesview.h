@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -7,6 +8,7 @@
 #include "base/Stringlist.h"
 #include "platform/Mlruntime.h"
 #include "runtime/Componentprops.h"
+#include "tables/Languages.h"
 
 namespace tml {
 
@@ -19,12 +21,12 @@ class TLanguagesView : public Interface {
 
     std::shared_ptr<IOTAComponent> GetComponent() override { return component_; }
 
-    TStringList GetLangNames() override { return ReadListProp(*component_, "LangNames"); }
+    TStringList GetLangNames() override { return FitLangNames(StoredNames(), Count()); }
     void SetLangNames(const TStringList& names) override { WriteListProp(*component_, "LangNames", names); }
 
     int GetActiveLanguage() override {
         const int index = GetLangNames().IndexOf(ReadStringProp(*component_, "Language"));
-        return index < 0 || index >= Count() ? 1 : index + 1;
+        return std::max(index, 0) + 1;
     }
     std::string GetLanguage() override {
         const TStringList names = GetLangNames();
@@ -41,9 +43,16 @@ class TLanguagesView : public Interface {
   protected:
     IOTAComponent& Component() const { return *component_; }
     int Count() const { return ReadIntegerProp(*component_, "NumOfLanguages", 1); }
-    void StoreCount(int count) { WriteIntegerProp(*component_, "NumOfLanguages", count, 1); }
+    /// The names of languages that are dropped go, too.
+    void StoreCount(int count) {
+        const TStringList names = StoredNames();
+        if (names.Count() > count) SetLangNames(FitLangNames(names, count));
+        WriteIntegerProp(*component_, "NumOfLanguages", count, 1);
+    }
 
   private:
+    TStringList StoredNames() const { return ReadListProp(*component_, "LangNames"); }
+
     std::shared_ptr<IOTAComponent> component_;
 };
 

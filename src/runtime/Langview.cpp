@@ -1,12 +1,12 @@
 #include "runtime/Langview.h"
 
-#include <array>
-#include <unordered_set>
+#include <algorithm>
+#include <numeric>
+#include <vector>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "runtime/Classes.h"
-#include "tables/Fieldcodec.h"
 #include "tables/Languages.h"
 
 namespace tml {
@@ -14,16 +14,8 @@ namespace {
 
 constexpr std::string_view kDefaultDelimiter = "\x01";
 
-/// The property that holds a table, in the order of TStringsType.
-constexpr std::array<const char*, 12> kTableProperties = {
-    "Captions", "Hints",        "DisplayLabels", "Fonts",       "MultiLines", "DlgsCaptions",
-    "Strings",  "OtherStrings", "Locales",       "Collections", "CharSets",   "ListView_TreeView_Items",
-};
-
-constexpr const char* kExclusionLists[] = {"DoNotTranslate", "ExcludedProperties", "SmartExcludeProps"};
-
-const char* TableProperty(TStringsType type) {
-    return kTableProperties.at(static_cast<std::size_t>(type));
+std::string TableProperty(TStringsType type) {
+    return std::string(KindOf(type).Property);
 }
 
 void ExpectCount(IOTAComponent& component, int count) {
@@ -55,21 +47,18 @@ int TmlLangView::GetNumLang() {
 
 void TmlLangView::SetNumLang(int count) {
     ExpectCount(Component(), count);
-    if (count == Count()) return;
-    const std::string delimiter = GetDelimiter();
-    const std::size_t fieldCount = static_cast<std::size_t>(count) + 1;
-    for (std::size_t table = 0; table < kTableProperties.size(); ++table) {
-        const auto type = static_cast<TStringsType>(table);
-        TStringList lines = GetTable(type);
-        for (int i = 0; i < lines.Count(); ++i) {
-            std::vector<std::string> fields = SplitFields(lines[i], delimiter);
-            const std::string base = fields.size() > 1 ? fields[1] : std::string();
-            fields.resize(fieldCount, base);
-            lines.Set(i, JoinFields(fields, delimiter));
-        }
-        SetTable(type, lines);
-    }
+    if (count != Count()) FitTables(count);
     StoreCount(count);
+}
+
+void TmlLangView::FitTables(int count) {
+    std::vector<int> places(static_cast<std::size_t>(count));
+    std::iota(places.begin(), places.end(), 1);
+    for (const TTableKind& kind : kTableKinds) {
+        TTable table = GetTable(kind.Type);
+        table.MoveLanguages(places);
+        WriteTable(table);
+    }
 }
 
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
@@ -87,72 +76,53 @@ bool TmlLangView::HasTable(TStringsType type) {
     return type != TStringsType::stListView_TreeView_Items || ClassInheritsFrom(GetClassName(), "TmlLangTLV");
 }
 
-TStringList TmlLangView::GetTable(TStringsType type) {
-    return HasTable(type) ? ReadListProp(Component(), TableProperty(type)) : TStringList();
+TTable TmlLangView::GetTable(TStringsType type) {
+    if (!HasTable(type)) return TTable(type);
+    return TTable(type, ReadListProp(Component(), TableProperty(type)), GetDelimiter());
 }
 
-void TmlLangView::SetTable(TStringsType type, const TStringList& lines) {
-    if (HasTable(type)) WriteListProp(Component(), TableProperty(type), lines);
+void TmlLangView::SetTable(const TTable& table) {
+    ExpectCount(Component(), std::max(Count(), 1));
+    WriteTable(table);
 }
 
-std::vector<TmlString> TmlLangView::GetStrings() {
-    const std::string delimiter = GetDelimiter();
-    std::vector<TmlString> strings;
-    for (const std::string& line : GetTable(TStringsType::stStrings))
-        strings.push_back({DecodeField(ExtractWord(1, line, delimiter), delimiter),
-                           DecodeField(ExtractWord(2, line, delimiter), delimiter)});
-    return strings;
+void TmlLangView::WriteTable(const TTable& table) {
+    if (HasTable(table.Type()))
+        WriteListProp(Component(), TableProperty(table.Type()), table.Lines(GetDelimiter()));
 }
 
-std::vector<TPropertyChange> TmlLangView::PlanAddStrings(const std::vector<TmlString>& entries) {
-    const int count = std::max(Count(), 1);
-    ExpectCount(Component(), count);
-    std::unordered_set<std::string> known;
-    for (const TmlString& entry : GetStrings())
-        known.insert(UpperCase(entry.ID));
-    TStringList lines = GetTable(TStringsType::stStrings);
-    const int before = lines.Count();
-    for (const TmlString& entry : entries) {
-        if (!known.insert(UpperCase(entry.ID)).second) continue;
-        std::vector<std::string> fields(static_cast<std::size_t>(count) + 1, entry.Text);
-        fields.front() = entry.ID;
-        lines.Add(JoinFields(fields, GetDelimiter()));
-    }
-    if (lines.Count() == before) return {};
-    const std::shared_ptr<IOTAComponent> form = Component().GetOwner();
-    return {{form ? form->GetName() : GetName(), GetName(),
-             ListPropName(TableProperty(TStringsType::stStrings)), TFormValue::Strings(lines)}};
+TStringList TmlLangView::GetExclusions(TExclusionList list) {
+    return ReadListProp(Component(), std::string(PropertyOf(list)));
+}
+
+void TmlLangView::SetExclusions(TExclusionList list, const TStringList& entries) {
+    WriteListProp(Component(), std::string(PropertyOf(list)), entries);
 }
 
 void TmlLangView::ComponentRenamed(const std::string& oldName, const std::string& newName) {
-    for (std::size_t table = 0; table < kTableProperties.size(); ++table) {
-        const auto type = static_cast<TStringsType>(table);
+    for (const TTableKind& kind : kTableKinds) {
         // The string table's IDs are free texts and name no component.
-        if (type != TStringsType::stStrings) RenameInTable(type, oldName, newName);
+        if (kind.Type == TStringsType::stStrings) continue;
+        TTable table = GetTable(kind.Type);
+        table.Rename([&](const std::string& key) {
+            return BelongsTo(key, oldName) ? newName + key.substr(oldName.size()) : key;
+        });
+        WriteTable(table);
     }
-    for (const char* list : kExclusionLists)
-        RenameInList(list, oldName, newName);
-}
-
-void TmlLangView::RenameInTable(TStringsType type, const std::string& oldName, const std::string& newName) {
-    TStringList lines = GetTable(type);
-    const std::string delimiter = GetDelimiter();
-    for (int i = 0; i < lines.Count(); ++i)
-        if (BelongsTo(ExtractWord(1, lines[i], delimiter), oldName))
-            lines.Set(i, newName + lines[i].substr(oldName.size()));
-    SetTable(type, lines);
+    for (const TExclusionList list : kExclusionLists)
+        RenameInExclusions(list, oldName, newName);
 }
 
 /// An entry is "Name", "Name.Property" or either with "!" in front.
-void TmlLangView::RenameInList(const std::string& property, const std::string& oldName,
-                               const std::string& newName) {
-    TStringList entries = ReadListProp(Component(), property);
+void TmlLangView::RenameInExclusions(TExclusionList list, const std::string& oldName,
+                                     const std::string& newName) {
+    TStringList entries = GetExclusions(list);
     for (int i = 0; i < entries.Count(); ++i) {
         const std::size_t mark = entries[i].starts_with('!') ? 1 : 0;
         if (BelongsTo(std::string_view(entries[i]).substr(mark), oldName))
             entries.Set(i, entries[i].substr(0, mark) + newName + entries[i].substr(mark + oldName.size()));
     }
-    WriteListProp(Component(), property, entries);
+    SetExclusions(list, entries);
 }
 
 void TmlDispatcherView::SetNumOfLanguages(int count) {

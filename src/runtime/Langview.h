@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "runtime/Languagesview.h"
 
@@ -16,22 +15,24 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     std::string GetName() override;
     std::string GetClassName() override;
     int GetNumLang() override;
-    /// Every entry of every table keeps one value a language: values of dropped languages go, those of new
-    /// ones begin as the base language's. EBadInput below 1 and above kMostLanguages.
+    /// Every entry of every table keeps one value a language: names and values of dropped languages go,
+    /// values of new ones begin as the base language's. EBadInput below 1 and above kMostLanguages.
     void SetNumLang(int count) override;
     std::shared_ptr<TmlLangDispatcher> GetDispatcher() override;
-    std::string GetDelimiter() override;
-    TStringList GetTable(TStringsType type) override;
-    void SetTable(TStringsType type, const TStringList& lines) override;
-    std::vector<TmlString> GetStrings() override;
-    /// Entries whose ID the table has already are left out.
-    std::vector<TPropertyChange> PlanAddStrings(const std::vector<TmlString>& entries) override;
+    TTable GetTable(TStringsType type) override;
+    /// EBadInput where the form names more languages than kMostLanguages.
+    void SetTable(const TTable& table) override;
+    TStringList GetExclusions(TExclusionList list) override;
+    void SetExclusions(TExclusionList list, const TStringList& entries) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
 
   private:
+    /// The character between the fields of a table line.
+    std::string GetDelimiter();
     bool HasTable(TStringsType type);
-    void RenameInTable(TStringsType type, const std::string& oldName, const std::string& newName);
-    void RenameInList(const std::string& property, const std::string& oldName, const std::string& newName);
+    void WriteTable(const TTable& table);
+    void FitTables(int count);
+    void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
 };
 
 class TmlDispatcherView : public TLanguagesView<TmlLangDispatcher> {

@@ -15,7 +15,6 @@ std::shared_ptr<View> ViewOn(const std::shared_ptr<IOTAComponent>& component, co
 class TMlRuntime : public IMlRuntime {
   public:
     const std::vector<std::string>& NamesArray() const override { return LangClassNames(); }
-    const std::vector<std::string>& GetTextMethods() const override { return GetTextMethodNames(); }
 
     bool IsRegistered(const std::string& className) const override {
         const TRuntimeClass* found = FindRuntimeClass(className);

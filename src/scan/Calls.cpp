@@ -4,6 +4,7 @@
 
 #include "base/Utf8.h"
 #include "source/Charclass.h"
+#include "tables/Textmethods.h"
 
 namespace tml {
 namespace {
@@ -81,9 +82,9 @@ std::size_t OpenOf(std::string_view text, std::size_t method) {
     while (end < text.size() && IsNameChar(text[end]))
         ++end;
     const std::string_view name = text.substr(method, end - method);
-    const bool known = std::any_of(kAccessorMethods.begin(), kAccessorMethods.end(), [&](std::string_view m) {
-        return SameText(m.substr(0, m.size() - 1), name);
-    });
+    const bool known =
+        std::any_of(mlLangGetTextMethods.begin(), mlLangGetTextMethods.end(),
+                    [&](std::string_view m) { return SameText(m.substr(0, m.size() - 1), name); });
     const std::size_t open = SkipBlanks(text, end);
     return known && open < text.size() && text[open] == '(' ? open : std::string_view::npos;
 }

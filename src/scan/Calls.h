@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -11,10 +10,6 @@
 #include "source/Sourcetext.h"
 
 namespace tml {
-
-/// The methods by which source fetches a string by its ID, as they are written in a call.
-inline constexpr std::array<std::string_view, 6> kAccessorMethods = {
-    "GetText(", "GetTextC(", "GetTextOrDefault(", "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
 
 /// The components of a project's forms, which every unit of it may call: Form1.mlLang1.
 class TFormComponents {

@@ -1,7 +1,6 @@
 #include "scan/Constscan.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -17,10 +16,7 @@ namespace {
 /// Gives out the IDs. A name that the component holds with another text gets a number behind it.
 class TConstIDs {
   public:
-    explicit TConstIDs(const TConstInput& input) : input_(input) {
-        for (const TExistingString& string : input.Scan.Existing)
-            taken_.emplace(UpperCase(string.ID), string.Text);
-    }
+    explicit TConstIDs(const TConstInput& input) : input_(input) {}
 
     std::string IDFor(const std::string& name, const std::string& text) {
         const std::string base = input_.CnstPrefix + (input_.CnstPermanent != 0 ? UpperCase(name) : name);
@@ -33,13 +29,13 @@ class TConstIDs {
 
   private:
     bool IsFree(const std::string& id, const std::string& text) const {
-        const std::string upper = UpperCase(id);
-        const auto taken = taken_.find(upper);
-        return !given_.contains(upper) && (taken == taken_.end() || taken->second == text);
+        const TTable& existing = input_.Scan.Existing;
+        const int taken = existing.Find(id);
+        const bool fits = taken < 0 || existing.Entries()[static_cast<std::size_t>(taken)].Base() == text;
+        return fits && !given_.contains(UpperCase(id));
     }
 
     const TConstInput& input_;
-    std::map<std::string, std::string> taken_;  ///< upper-cased IDs of the component to their texts
     std::set<std::string> given_;
 };
 

@@ -6,16 +6,15 @@
 
 namespace tml {
 
-void VerifyAgainstExisting(TmlFoundSourceStrings& found, const std::vector<TExistingString>& existing,
-                           const TCallStyle& style) {
+void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style) {
     std::unordered_map<std::string_view, TmlFoundSourceString*> firstRows;
     for (TmlFoundSourceString& row : found)
         firstRows.emplace(row.StrContent, &row);
-    for (const TExistingString& string : existing) {
-        const auto row = firstRows.find(string.Text);
+    for (const TTableEntry& string : existing.Entries()) {
+        const auto row = firstRows.find(string.Base());
         if (row == firstRows.end()) continue;
-        row->second->StrID = string.ID;
-        row->second->Replacement = ReplacementText(style, string.ID, string.Text);
+        row->second->StrID = string.Key;
+        row->second->Replacement = ReplacementText(style, string.Key, string.Base());
     }
 }
 

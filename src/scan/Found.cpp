@@ -260,8 +260,8 @@ void TfrmFound::acSelectAdvised() {
 
 std::string TfrmFound::FindConflict() const {
     std::map<std::string, std::set<std::string>> known;  // upper-cased IDs to their texts
-    for (const TExistingString& string : input_.Existing)
-        known[UpperCase(string.ID)].insert(string.Text);
+    for (const TTableEntry& string : input_.Existing.Entries())
+        known[UpperCase(string.Key)].insert(string.Base());
     for (const TFoundRow& row : sgStrings.Rows) {
         if (row.Record.MarkedToIgnore) continue;
         if (row.Record.StrID.empty()) return Format("The string \"%s\" has no ID!", row.Record.StrContent);

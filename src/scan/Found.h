@@ -13,6 +13,7 @@
 #include "scan/Foundgrid.h"
 #include "scan/Scan.h"
 #include "scan/Scanmemory.h"
+#include "tables/Textmethods.h"
 
 namespace tml {
 
@@ -21,7 +22,7 @@ struct TFoundInput {
     std::string FileName;
     std::shared_ptr<const std::string> Source;
     TCallStyle Style;
-    std::vector<TExistingString> Existing;
+    TTable Existing{TStringsType::stStrings};  ///< of the component
     TmlFoundSourceStrings Found;
     std::string IDPrefix = "IDS_";  ///< of the IDs that the scan gives out
     /// Writes the call of a row in the style; empty writes it as the style says.
@@ -72,7 +73,7 @@ class TfrmFound : public TForm {
     /// The "Use method:" menu itself.
     static const TFoundAction& MethodMenu();
     /// The entries of the "Use method:" menu.
-    const std::vector<std::string>& Methods() const { return context_.Host.Runtime->GetTextMethods(); }
+    static std::span<const std::string_view> Methods() { return mlLangGetTextMethods; }
 
     /// The grid in front.
     TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }

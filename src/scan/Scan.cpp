@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <unordered_set>
 #include <utility>
 
 #include "base/Errors.h"
@@ -132,21 +131,18 @@ class TWalk {
 /// Gives out the IDs that the component does not hold yet.
 class TNewIDs {
   public:
-    TNewIDs(std::string prefix, const std::vector<TExistingString>& existing) : prefix_(std::move(prefix)) {
-        for (const TExistingString& string : existing)
-            taken_.insert(UpperCase(string.ID));
-    }
+    TNewIDs(std::string prefix, const TTable& existing) : prefix_(std::move(prefix)), existing_(existing) {}
 
     std::string Next() {
         for (;;) {
             std::string id = prefix_ + std::to_string(++counter_);
-            if (!taken_.contains(UpperCase(id))) return id;
+            if (existing_.Find(id) < 0) return id;
         }
     }
 
   private:
     std::string prefix_;
-    std::unordered_set<std::string> taken_;
+    const TTable& existing_;
     std::int32_t counter_ = -1;
 };
 

@@ -12,16 +12,11 @@
 #include "scan/Foundstring.h"
 #include "scan/Replacement.h"
 #include "scan/Skiprules.h"
+#include "tables/Table.h"
 
 namespace tml {
 
 class TFormComponents;
-
-/// A string that the component holds already.
-struct TExistingString {
-    std::string ID;
-    std::string Text;
-};
 
 /// Part of a text, byte offsets, 0-based, End exclusive.
 struct TTextRange {
@@ -36,7 +31,7 @@ struct TScanInput {
     std::string Header;    ///< the text of a C++ unit's header, "" when there is none; serves the advice
     TComponentReference Component;
     std::shared_ptr<const TFormComponents> Others;  ///< calls on these are passed over too; may be null
-    std::vector<TExistingString> Existing;          ///< in the component's order
+    TTable Existing{TStringsType::stStrings};       ///< what the component holds already
     TSkipSettings Skip;
     std::string HCPrefix = "IDS_";
     std::string ReplaceMethod = "GetTextOrDefault(";
@@ -65,8 +60,7 @@ int CountStrings(const TScanInput& input);
 
 /// For each string of the component, in its order: the first row with the same text (with case) takes
 /// its ID, and its replacement is written anew.
-void VerifyAgainstExisting(TmlFoundSourceStrings& found, const std::vector<TExistingString>& existing,
-                           const TCallStyle& style);
+void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style);
 
 /// A row whose text equals that of an earlier row takes that row's ID and replacement.
 void MergeDuplicates(TmlFoundSourceStrings& found);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <set>
 
 #include "base/Errors.h"
 #include "base/Format.h"
@@ -62,7 +61,7 @@ class TRun {
     bool FindStrings();
     bool Review();
     void Modify();
-    std::vector<TmlString> NewStrings() const;
+    void AddStrings();
     bool WritesCalls() const;
 
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
@@ -120,8 +119,7 @@ TScanInput TRun::MakeInput() {
     for (const auto& row : context_.Rows.FormNames.Items())
         others->Add(row->Caption, ComponentOf(context_, *row));
     input.Others = others;
-    for (TmlString& string : lang_->GetStrings())
-        input.Existing.push_back({std::move(string.ID), std::move(string.Text)});
+    input.Existing = lang_->GetTable(TStringsType::stStrings);
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
         return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
@@ -150,7 +148,7 @@ bool TRun::FindStrings() {
 
 bool TRun::Review() {
     const TCallStyle style = CallStyleOf(input_);
-    const int existing = static_cast<int>(input_.Existing.size());
+    const int existing = static_cast<int>(input_.Existing.Entries().size());
     Progress("Verifying found strings...", 0, existing);
     VerifyAgainstExisting(strings_, input_.Existing, style);
     Progress("Checking duplicates...", 0, strings_.Count());
@@ -170,15 +168,13 @@ bool TRun::Review() {
     return !strings_.Empty();
 }
 
-std::vector<TmlString> TRun::NewStrings() const {
-    std::set<std::string> known;
-    for (const TExistingString& string : input_.Existing)
-        known.insert(UpperCase(string.ID));
-    std::vector<TmlString> strings;
+/// Every language of a new string begins with its text.
+void TRun::AddStrings() {
+    TTable table = input_.Existing;
+    const int languages = std::max(lang_->GetLangNames().Count(), 1);
     for (const TmlFoundSourceString& row : strings_)
-        if (!row.MarkedToIgnore && known.insert(UpperCase(row.StrID)).second)
-            strings.push_back({row.StrID, row.StrContent});
-    return strings;
+        if (!row.MarkedToIgnore) table.Add(row.StrID, row.StrContent, languages);
+    lang_->SetTable(table);
 }
 
 /// Rows that are all marked to be ignored leave their unit without a call.
@@ -191,7 +187,6 @@ void TRun::Modify() {
     Progress("Modifying source...");
     TChangeSet changes;
     changes.Title = "Replace strings of " + FileNameOf(unitFile_);
-    changes.Properties = lang_->PlanAddStrings(NewStrings());
     if (consts_) {
         consts_->Plan(strings_, text_, changes);
     } else {
@@ -200,6 +195,7 @@ void TRun::Modify() {
     }
     if (!SameText(unitFile_, formUnit_) && WritesCalls())
         changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
+    AddStrings();
     GetModuleServices(context_)->ApplyChangeSet(changes);
     MarkModifiedForm(context_, item_.Caption);
 }

@@ -7,91 +7,77 @@
 namespace tml {
 namespace {
 
-struct TEscape {
-    char Mark;
-    std::array<char, 4> Letters;  ///< for the delimiter, CR, LF and the mark itself
+/// What is escaped by which letter behind the mark.
+struct TEscapes {
+    char Mark = '\x02';
+    std::array<char, 4> Letters = {'d', 'r', 'n', 'e'};
+    std::array<std::string_view, 4> Meanings;
+
+    explicit TEscapes(std::string_view delimiter) {
+        if (delimiter == "\x02") Mark = '\x03';
+        for (char& letter : Letters)
+            if (delimiter == std::string_view(&letter, 1)) letter = static_cast<char>(letter - 'a' + 'A');
+        Meanings = {delimiter, "\r", "\n", std::string_view(&Mark, 1)};
+    }
+    TEscapes(const TEscapes&) = delete;
+    TEscapes& operator=(const TEscapes&) = delete;
 };
 
-TEscape EscapeFor(std::string_view delimiter) {
-    TEscape escape{'\x02', {'d', 'r', 'n', 'e'}};
-    if (delimiter == "\x02") escape.Mark = '\x03';
-    for (char& letter : escape.Letters)
-        if (delimiter == std::string_view(&letter, 1)) letter = static_cast<char>(letter - 'a' + 'A');
-    return escape;
-}
-
-std::array<std::string_view, 4> Meanings(std::string_view delimiter, const TEscape& escape) {
-    return {delimiter, "\r", "\n", std::string_view(&escape.Mark, 1)};
-}
-
-/// The fields of a line as stored.
-std::vector<std::string_view> RawFields(std::string_view line, std::string_view delimiter) {
-    std::vector<std::string_view> fields;
-    while (true) {
-        const std::size_t end = line.find(delimiter);
-        fields.push_back(line.substr(0, end));
-        if (end == std::string_view::npos) return fields;
-        line.remove_prefix(end + delimiter.size());
+void AppendEncoded(std::string& line, std::string_view value, const TEscapes& escapes) {
+    for (std::size_t pos = 0; pos < value.size();) {
+        std::size_t kind = 0;
+        while (kind < escapes.Meanings.size() && !value.substr(pos).starts_with(escapes.Meanings[kind]))
+            ++kind;
+        if (kind == escapes.Meanings.size()) {
+            line += value[pos++];
+            continue;
+        }
+        line += {escapes.Mark, escapes.Letters[kind]};
+        pos += escapes.Meanings[kind].size();
     }
+}
+
+/// A mark without one of the letters behind it stands for itself.
+std::string Decode(std::string_view field, const TEscapes& escapes) {
+    std::size_t mark = field.find(escapes.Mark);
+    if (mark == std::string_view::npos) return std::string(field);
+    std::string value;
+    const std::string_view letters(escapes.Letters.data(), escapes.Letters.size());
+    for (; mark != std::string_view::npos; mark = field.find(escapes.Mark)) {
+        const std::size_t kind =
+            mark + 1 < field.size() ? letters.find(field[mark + 1]) : std::string_view::npos;
+        const bool isEscape = kind != std::string_view::npos;
+        value += field.substr(0, mark + (isEscape ? 0 : 1));
+        if (isEscape) value += escapes.Meanings[kind];
+        field.remove_prefix(mark + (isEscape ? 2 : 1));
+    }
+    return value += field;
 }
 
 }  // namespace
 
-std::string EncodeField(std::string_view value, std::string_view delimiter) {
-    const TEscape escape = EscapeFor(delimiter);
-    const auto meanings = Meanings(delimiter, escape);
-    std::string field;
-    for (std::size_t pos = 0; pos < value.size();) {
-        std::size_t kind = 0;
-        while (kind < meanings.size() && !value.substr(pos).starts_with(meanings[kind]))
-            ++kind;
-        if (kind == meanings.size()) {
-            field += value[pos++];
-            continue;
-        }
-        field += {escape.Mark, escape.Letters[kind]};
-        pos += meanings[kind].size();
-    }
-    return field;
-}
-
-std::string DecodeField(std::string_view field, std::string_view delimiter) {
-    const TEscape escape = EscapeFor(delimiter);
-    const auto meanings = Meanings(delimiter, escape);
-    std::string value;
-    for (std::size_t pos = 0; pos < field.size(); ++pos) {
-        const std::string_view letters(escape.Letters.data(), escape.Letters.size());
-        const std::size_t kind = field[pos] == escape.Mark && pos + 1 < field.size()
-                                     ? letters.find(field[pos + 1])
-                                     : std::string_view::npos;
-        if (kind == std::string_view::npos) {
-            value += field[pos];
-            continue;
-        }
-        value += meanings[kind];
-        ++pos;
-    }
-    return value;
-}
-
-std::string ExtractWord(int n, std::string_view line, std::string_view delimiter) {
-    const std::vector<std::string_view> fields = RawFields(line, delimiter);
-    if (n < 1 || static_cast<std::size_t>(n) > fields.size()) return {};
-    return std::string(fields[static_cast<std::size_t>(n) - 1]);
-}
-
 std::vector<std::string> SplitFields(std::string_view line, std::string_view delimiter) {
+    const TEscapes escapes(delimiter);
     std::vector<std::string> fields;
-    for (const std::string_view field : RawFields(line, delimiter))
-        fields.push_back(DecodeField(field, delimiter));
+    std::size_t count = 1;
+    for (std::size_t pos = 0; (pos = line.find(delimiter, pos)) != std::string_view::npos;
+         pos += delimiter.size())
+        ++count;
+    fields.reserve(count);
+    for (std::size_t end = line.find(delimiter); end != std::string_view::npos; end = line.find(delimiter)) {
+        fields.push_back(Decode(line.substr(0, end), escapes));
+        line.remove_prefix(end + delimiter.size());
+    }
+    fields.push_back(Decode(line, escapes));
     return fields;
 }
 
-std::string JoinFields(const std::vector<std::string>& fields, std::string_view delimiter) {
+std::string JoinFields(const std::vector<std::string_view>& fields, std::string_view delimiter) {
+    const TEscapes escapes(delimiter);
     std::string line;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0) line += delimiter;
-        line += EncodeField(fields[i], delimiter);
+        AppendEncoded(line, fields[i], escapes);
     }
     return line;
 }

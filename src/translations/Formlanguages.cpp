@@ -17,12 +17,7 @@ constexpr std::string_view kEditDispatcher =
 
 /// The names to start from for a form without a component.
 TStringList DefaultNames(const TSettingValues& settings) {
-    TStringList names = SplitLangNames(settings.DefaultLangNames);
-    while (names.Count() > settings.NumLang)
-        names.Delete(names.Count() - 1);
-    while (names.Count() < std::min(settings.NumLang, kMostLanguages))
-        names.Add(GeneratedLangName(names.Count() + 1));
-    return names;
+    return FitLangNames(SplitLangNames(settings.DefaultLangNames), settings.NumLang);
 }
 
 /// The dispatcher that drives the component of a form. It may sit on another form, which is then opened;

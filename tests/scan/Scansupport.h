@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/Commonlibrary.h"
 #include "scan/Scan.h"
@@ -24,6 +26,14 @@ inline TScanInput InputFor(const std::string& fileName, const std::string& text)
     input.Skip.ExcludeChars = kPunctuation;
     input.Common = CommonLibrary();
     return input;
+}
+
+/// A string table with these IDs and texts.
+inline TTable Strings(const std::vector<std::pair<std::string, std::string>>& strings) {
+    TStringList lines;
+    for (const auto& [id, text] : strings)
+        lines.Add(id + "|" + text);
+    return TTable(TStringsType::stStrings, lines, "|");
 }
 
 /// "ID=text" for each found string, a bar, "reason:text" for each skipped one.

@@ -86,7 +86,7 @@ TEST(Consts, ADeclarationMayReachIntoALineWithoutEnd) {
 
 TEST(Consts, IDsAreThePrefixAndTheNameAndRespectTheComponent) {
     TConstInput input = ConstInput(Unit("const\n  Hello = 'one'; Bye = 'two'; Bye = 'three';\n"));
-    input.Scan.Existing = {{"STRHELLO", "other"}, {"strBye", "two"}};
+    input.Scan.Existing = Strings({{"STRHELLO", "other"}, {"strBye", "two"}});
     for (const auto& [permanent, expected] :
          {std::pair(0, "strHello1 strBye strBye1 "), std::pair(1, "strHELLO1 strBYE strBYE1 ")}) {
         input.CnstPermanent = permanent;

@@ -22,8 +22,8 @@ struct TFound : testing::Test {
         input.FileName = fileName;
         input.Component.FormName = "Form1";
         input.Component.ComponentName = "L";
-        TFoundInput found{
-            fileName, std::make_shared<std::string>(code), CallStyleOf(input), {}, Scan(input).Found};
+        TFoundInput found{fileName, std::make_shared<std::string>(code), CallStyleOf(input), input.Existing,
+                          Scan(input).Found};
         return {Context, Memory, std::move(found)};
     }
     static std::string Column(const TFoundGrid& grid, int column) {

@@ -121,7 +121,7 @@ TEST(Scan, PassesOverCallsThatAreThere) {
 
 TEST(Scan, DescribesWhatItFinds) {
     TScanInput input = InputFor("a.cpp", "int x;\r\ns = L\"a\\\"b\";\r\nreturn \"cd\";\r\n");
-    input.Existing = {{"ids_0", "x"}, {"IDS_2", "y"}};
+    input.Existing = Strings({{"ids_0", "x"}, {"IDS_2", "y"}});
     input.WithAdvice = false;
     const TScanResult result = Scan(input);
     ASSERT_EQ(result.Found.Count(), 2);
@@ -186,7 +186,7 @@ TEST(Scan, ReportsProgressAndStops) {
 
 TEST(Rows, OneTextGetsOneID) {
     TScanInput input = InputFor("a.pas", "s := 'ab' + 'cd' + 'ab' + 'AB' + 'cd';\r\n");
-    input.Existing = {{"OLD", "cd"}, {"X", "none"}, {"NEWER", "cd"}};
+    input.Existing = Strings({{"OLD", "cd"}, {"X", "none"}, {"NEWER", "cd"}});
     TmlFoundSourceStrings found = Scan(input).Found;
     VerifyAgainstExisting(found, input.Existing, CallStyleOf(input));
     MergeDuplicates(found);

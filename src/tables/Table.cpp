@@ -1,0 +1,107 @@
+#include "tables/Table.h"
+
+#include <utility>
+
+#include "base/Utf8.h"
+#include "tables/Fieldcodec.h"
+
+namespace tml {
+namespace {
+
+TTableEntry ReadEntry(std::string_view line, std::string_view delimiter) {
+    std::vector<std::string> fields = SplitFields(line, delimiter);
+    TTableEntry entry{std::move(fields.front()), {}};
+    entry.Values.reserve(fields.size() - 1);
+    for (auto field = fields.begin() + 1; field != fields.end(); ++field)
+        entry.Values.push_back({std::move(*field)});
+    return entry;
+}
+
+std::string LineOf(const TTableEntry& entry, std::string_view delimiter) {
+    std::vector<std::string_view> fields = {entry.Key};
+    for (const TTableValue& value : entry.Values)
+        fields.emplace_back(value.Text);
+    return JoinFields(fields, delimiter);
+}
+
+std::vector<TTableValue> Moved(const std::vector<TTableValue>& values, const std::vector<int>& former) {
+    const auto valueAt = [&](int place, const TTableValue& missing) {
+        const bool isThere = place > 0 && place <= static_cast<int>(values.size());
+        return isThere ? values[static_cast<std::size_t>(place) - 1] : missing;
+    };
+    const TTableValue base = valueAt(former.front(), valueAt(1, {}));
+    std::vector<TTableValue> moved;
+    for (const int place : former)
+        moved.push_back(valueAt(place, base));
+    return moved;
+}
+
+}  // namespace
+
+const std::string& TTableEntry::Base() const {
+    static const std::string none;
+    return Values.empty() ? none : Values.front().Text;
+}
+
+TTable::TTable(TStringsType type, TStringList lines, std::string_view delimiter)
+    : type_(type), delimiter_(delimiter), stored_(std::move(lines)) {
+    entries_.reserve(stored_.Items().size());
+    for (const std::string& line : stored_)
+        entries_.push_back(ReadEntry(line, delimiter));
+    Reindex();
+}
+
+TStringList TTable::Lines(std::string_view delimiter) const {
+    TStringList lines = stored_;
+    for (int i = 0; i < lines.Count(); ++i)
+        if (lines[i].empty() || delimiter != delimiter_)
+            lines.Set(i, LineOf(entries_[static_cast<std::size_t>(i)], delimiter));
+    return lines;
+}
+
+int TTable::Find(std::string_view key) const {
+    const auto found = index_.find(IndexKey(key));
+    return found == index_.end() ? -1 : found->second;
+}
+
+bool TTable::Add(const std::string& key, const std::string& text, int languages) {
+    if (!index_.emplace(IndexKey(key), static_cast<int>(entries_.size())).second) return false;
+    entries_.push_back({key, std::vector<TTableValue>(static_cast<std::size_t>(languages), {text})});
+    stored_.Add({});
+    return true;
+}
+
+void TTable::Rename(const std::function<std::string(const std::string& key)>& newKey) {
+    for (int i = 0; i < stored_.Count(); ++i) {
+        const std::string& old = entries_[static_cast<std::size_t>(i)].Key;
+        std::string key = newKey(old);
+        if (key != old) Touch(i).Key = std::move(key);
+    }
+    Reindex();
+}
+
+void TTable::MoveLanguages(const std::vector<int>& former) {
+    for (int i = 0; i < stored_.Count(); ++i) {
+        const std::vector<TTableValue>& old = entries_[static_cast<std::size_t>(i)].Values;
+        std::vector<TTableValue> moved = Moved(old, former);
+        if (moved != old) Touch(i).Values = std::move(moved);
+    }
+}
+
+std::string TTable::IndexKey(std::string_view key) const {
+    return type_ == TStringsType::stStrings ? UpperCase(key) : std::string(key);
+}
+
+void TTable::Reindex() {
+    index_.clear();
+    index_.reserve(entries_.size());
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+        index_.emplace(IndexKey(entries_[i].Key), static_cast<int>(i));
+}
+
+TTableEntry& TTable::Touch(int index) {
+    stored_.Set(index, {});
+    return entries_[static_cast<std::size_t>(index)];
+}
+
+}  // namespace tml

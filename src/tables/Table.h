@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "tables/Tablekinds.h"
+
+namespace tml {
+
+/// A text in one language; what is known of its state stands beside it.
+struct TTableValue {
+    std::string Text;
+
+    bool operator==(const TTableValue&) const = default;
+};
+
+struct TTableEntry {
+    std::string Key;
+    /// One a language, the base language's first; an odd entry has fewer or more.
+    std::vector<TTableValue> Values;
+
+    /// The text in the base language.
+    const std::string& Base() const;
+};
+
+/// A translation table as a value: entries in a stable order, found by key in constant time. An entry that
+/// nobody changes is written back byte for byte, odd ones (no value, more values than languages, a key that
+/// stands twice) included.
+class TTable {
+  public:
+    explicit TTable(TStringsType type) : type_(type) {}
+    /// Reads the lines of a component whose fields are separated by the delimiter (one character, UTF-8).
+    TTable(TStringsType type, TStringList lines, std::string_view delimiter);
+
+    /// The lines as a component with this delimiter stores them.
+    TStringList Lines(std::string_view delimiter) const;
+
+    TStringsType Type() const { return type_; }
+    const std::vector<TTableEntry>& Entries() const { return entries_; }
+    /// Index of the first entry with the key, -1 without it. IDs of "Strings" are compared without case.
+    int Find(std::string_view key) const;
+
+    /// Appends an entry with the text in each of so many languages; false where the key is there already.
+    bool Add(const std::string& key, const std::string& text, int languages);
+    /// Gives each entry the key that newKey makes of its own.
+    void Rename(const std::function<std::string(const std::string& key)>& newKey);
+    /// Moves the values along with their languages. former holds, for each language from now on, the place
+    /// (1-based) that it had, 0 for a new one, which begins with the base text.
+    void MoveLanguages(const std::vector<int>& former);
+
+  private:
+    std::string IndexKey(std::string_view key) const;
+    void Reindex();
+    /// From now on the entry is written anew.
+    TTableEntry& Touch(int index);
+
+    TStringsType type_;
+    std::string delimiter_;  ///< of the stored lines
+    std::vector<TTableEntry> entries_;
+    TStringList stored_;  ///< the line of each entry, "" where it is to be written anew
+    std::unordered_map<std::string, int> index_;
+};
+
+}  // namespace tml

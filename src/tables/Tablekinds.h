@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace tml {
+
+/// The tables of a localization component, in the order of their ordinals: Row(Name) for each. Name is the
+/// property that holds the table.
+#define TML_TABLE_KINDS(Row)                                                                              \
+    Row(Captions) Row(Hints) Row(DisplayLabels) Row(Fonts) Row(MultiLines) Row(DlgsCaptions) Row(Strings) \
+        Row(OtherStrings) Row(Locales) Row(Collections) Row(CharSets) Row(ListView_TreeView_Items)
+
+#define TML_ROW(Property) st##Property,
+enum class TStringsType { TML_TABLE_KINDS(TML_ROW) };
+#undef TML_ROW
+
+struct TTableKind {
+    TStringsType Type;
+    std::string_view Name;      ///< of the enumerator
+    std::string_view Property;  ///< of the component
+};
+
+#define TML_ROW(Property) TTableKind{TStringsType::st##Property, "st" #Property, #Property},
+inline constexpr std::array kTableKinds{TML_TABLE_KINDS(TML_ROW)};
+#undef TML_ROW
+#undef TML_TABLE_KINDS
+
+constexpr const TTableKind& KindOf(TStringsType type) {
+    return kTableKinds[static_cast<std::size_t>(type)];
+}
+
+}  // namespace tml
