@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "Expect.h"
 #include "base/Errors.h"
@@ -12,10 +13,6 @@
 
 namespace tml::fuzz {
 namespace {
-
-constexpr const char* kExtensions[] = {".dpr",       ".dpk",     ".lpr",      ".cpp", ".dproj",
-                                       ".groupproj", ".bdsproj", ".bdsgroup", ".bpg", ".bpr",
-                                       ".cbproj",    ".lpi",     ".lpg"};
 
 void CheckProject(TProjectParser parse, const std::string& name, const std::string& bytes) {
     std::size_t units = 0;
@@ -47,10 +44,11 @@ void CheckProject(TProjectParser parse, const std::string& name, const std::stri
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     tml::ParseOptionsCodePage(bytes);
-    for (const char* extension : tml::fuzz::kExtensions) {
-        const std::string name = std::string("Fuzz") + extension;
-        const tml::TProjectParser parse = tml::FindMainSourceParser(name);
-        if (parse != nullptr) tml::fuzz::CheckProject(parse, name, bytes);
+    std::vector<std::string> extensions = tml::ProjectExtensions();
+    extensions.insert(extensions.end(), {".lpr", ".cpp"});  // main sources
+    for (const std::string& extension : extensions) {
+        const std::string name = "Fuzz" + extension;
+        tml::fuzz::CheckProject(tml::FindMainSourceParser(name), name, bytes);
     }
     return 0;
 }

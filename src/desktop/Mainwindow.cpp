@@ -23,18 +23,25 @@
 #include "expert/Mllangexp.h"
 #include "host/Commonlibrary.h"
 #include "host/Registryfile.h"
+#include "projects/Projectfiles.h"
 #include "ui_Mainwindow.h"
 
 namespace tml {
 namespace {
 
-constexpr const char* kProjectFilter =
-    "Projects (*.dproj *.dpr *.groupproj *.bdsproj *.bdsgroup *.bpg *.lpi *.bpr *.cbproj);;All files (*)";
 constexpr int kStatusTime = 5000;  ///< ms
 
 /// The tool bar, by the names of items in the menus.
 constexpr std::array kToolBar{"Open1", "Save1", "SaveAll1", "Undo1", "Redo1",
                               "Cut1",  "Copy1", "Paste1",   "Find1", "mlLangExpertMenuItem"};
+
+/// The filters of the dialog that chooses a project.
+QString ProjectFilters() {
+    QString patterns;
+    for (const std::string& extension : ProjectExtensions())
+        patterns += " *" + Q(extension);
+    return "Projects (" + patterns.trimmed() + ");;All files (*)";
+}
 
 }  // namespace
 
@@ -249,7 +256,7 @@ void TMainWindow::OpenProject(const QString& path) {
 }
 
 void TMainWindow::AskProject() {
-    const QString path = QFileDialog::getOpenFileName(this, "Open Project", {}, kProjectFilter);
+    const QString path = QFileDialog::getOpenFileName(this, "Open Project", {}, ProjectFilters());
     if (!path.isEmpty()) OpenProject(path);
 }
 

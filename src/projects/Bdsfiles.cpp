@@ -3,10 +3,11 @@
 // <Projects Name="App.exe">App.bdsproj</Projects>. A C++ project holds a list of <FILE> elements too; the
 // units of a Pascal project stand in its main source alone. Text that is no XML, a project without a main
 // source and a group without projects are errors.
+#include "projects/Bdsfiles.h"
+
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
-#include "projects/Projectfiles.h"
 #include "projects/Xmlfile.h"
 
 namespace tml {

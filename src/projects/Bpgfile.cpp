@@ -1,11 +1,12 @@
 // A group of projects as makefile: "PROJECTS = App.exe Tool.exe" and for each a rule that names its
 // project, "App.exe: src\App.dpr". A target without a rule stands for itself, so that whoever looks the
 // projects up reports it; a text without PROJECTS is an error.
+#include "projects/Bpgfile.h"
+
 #include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "projects/Makefile.h"
-#include "projects/Projectfiles.h"
 
 namespace tml {
 

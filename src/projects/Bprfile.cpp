@@ -4,12 +4,13 @@
 // list of files or else in the main source, which has the project's name unless <MAINSOURCE> says another.
 // (RESDEPEN lists the form files without the names of their forms and is not read.) Text that begins like
 // XML and is none, another root and a file without any of the lists are errors.
+#include "projects/Bprfile.h"
+
 #include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
 #include "projects/Makefile.h"
-#include "projects/Projectfiles.h"
 #include "projects/Xmlfile.h"
 
 namespace tml {

@@ -3,13 +3,14 @@
 //     USEFORM("forms\Main.cpp", MainForm); /* TDataModule: File Type */
 // A path is taken as it stands: its back slashes are no escapes. Calls in comments and on preprocessor
 // lines do not count; a call that is cut off is passed over, so that no text is an error.
+#include "projects/Cppprogram.h"
+
 #include <algorithm>
 #include <array>
 
 #include "base/Codedtext.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
-#include "projects/Projectfiles.h"
 #include "source/Charclass.h"
 #include "source/Tokens.h"
 

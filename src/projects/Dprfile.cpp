@@ -2,43 +2,40 @@
 // the first uses clause is read; units without a path are libraries and not part of the project. Both
 // sides of a conditional count. A package has a clause "contains" in its place. What is broken behind the
 // clause is not looked at; a comment, text or clause without an end in front of it is an error.
+#include "projects/Dprfile.h"
+
 #include <algorithm>
 
 #include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
-#include "projects/Projectfiles.h"
+#include "source/Charclass.h"
 
 namespace tml {
 namespace {
 
-enum class TTokenKind { End, Word, Text, Comment, Symbol };
+enum class TDprTokenKind { End, Word, Text, Comment, Symbol };
 
-struct TToken {
-    TTokenKind Kind = TTokenKind::End;
+struct TDprToken {
+    TDprTokenKind Kind = TDprTokenKind::End;
     std::string_view Text;  ///< of a text or comment: without its delimiters
     std::size_t Begin = 0;
 };
-
-bool IsWordByte(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
 
 class TDprLexer {
   public:
     TDprLexer(std::string_view text, const std::string& fileName) : text_(text), fileName_(fileName) {}
 
-    TToken Next() {
+    TDprToken Next() {
         while (pos_ < text_.size() && static_cast<unsigned char>(text_[pos_]) <= ' ')
             ++pos_;
-        if (pos_ >= text_.size()) return {TTokenKind::End, {}, pos_};
+        if (pos_ >= text_.size()) return {TDprTokenKind::End, {}, pos_};
         const std::string_view rest = text_.substr(pos_);
-        if (rest.starts_with("//")) return Delimited(TTokenKind::Symbol, 2, "\n", true);
-        if (rest.starts_with("(*")) return Delimited(TTokenKind::Symbol, 2, "*)", false);
-        if (rest.starts_with("{")) return Delimited(TTokenKind::Comment, 1, "}", false);
-        if (rest.starts_with("'")) return Delimited(TTokenKind::Text, 1, "'", false);
+        if (rest.starts_with("//")) return Delimited(TDprTokenKind::Symbol, 2, "\n", true);
+        if (rest.starts_with("(*")) return Delimited(TDprTokenKind::Symbol, 2, "*)", false);
+        if (rest.starts_with("{")) return Delimited(TDprTokenKind::Comment, 1, "}", false);
+        if (rest.starts_with("'")) return Delimited(TDprTokenKind::Text, 1, "'", false);
         return WordOrSymbol();
     }
 
@@ -49,13 +46,14 @@ class TDprLexer {
         counted_ = offset;
         return line_;
     }
-    [[noreturn]] void Fail(const TToken& token, const std::string& problem) {
+    [[noreturn]] void Fail(const TDprToken& token, const std::string& problem) {
         throw EBadInput(fileName_, LineOf(token.Begin), problem, "Check the uses clause of the program");
     }
 
   private:
-    TToken Delimited(TTokenKind kind, std::size_t openerSize, std::string_view closer, bool endsWithText) {
-        TToken token{kind, {}, pos_};
+    TDprToken Delimited(TDprTokenKind kind, std::size_t openerSize, std::string_view closer,
+                        bool endsWithText) {
+        TDprToken token{kind, {}, pos_};
         const std::size_t begin = pos_ + openerSize;
         std::size_t end = text_.find(closer, begin);
         if (end == std::string_view::npos) {
@@ -65,15 +63,15 @@ class TDprLexer {
         token.Text = text_.substr(begin, end - begin);
         pos_ = std::min(end + closer.size(), text_.size());
         // Comments of other kinds than braces say nothing about units.
-        return kind == TTokenKind::Symbol ? Next() : token;
+        return kind == TDprTokenKind::Symbol ? Next() : token;
     }
 
-    TToken WordOrSymbol() {
+    TDprToken WordOrSymbol() {
         std::size_t end = pos_;
-        while (end < text_.size() && IsWordByte(text_[end]))
+        while (end < text_.size() && IsNameChar(text_[end]))
             ++end;
         const bool isWord = end > pos_;
-        TToken token{isWord ? TTokenKind::Word : TTokenKind::Symbol, {}, pos_};
+        TDprToken token{isWord ? TDprTokenKind::Word : TDprTokenKind::Symbol, {}, pos_};
         token.Text = text_.substr(pos_, isWord ? end - pos_ : 1);
         pos_ += token.Text.size();
         return token;
@@ -94,7 +92,7 @@ class TUsesParser {
     bool FindClause() {
         bool isProgram = false;
         bool isPackage = false;
-        for (; token_.Kind != TTokenKind::End; Advance()) {
+        for (; token_.Kind != TDprTokenKind::End; Advance()) {
             if (IsWord(isPackage ? "contains" : "uses")) {
                 Advance();
                 return true;
@@ -122,7 +120,7 @@ class TUsesParser {
 
   private:
     TNamedUnit ParseUnit() {
-        if (token_.Kind != TTokenKind::Word)
+        if (token_.Kind != TDprTokenKind::Word)
             lexer_.Fail(token_, "expected the name of a unit in the uses clause");
         TNamedUnit unit;
         unit.Line = lexer_.LineOf(token_.Begin);
@@ -131,11 +129,11 @@ class TUsesParser {
         if (!IsWord("in")) return unit;
         Advance();
         SkipComments();
-        if (token_.Kind != TTokenKind::Text)
+        if (token_.Kind != TDprTokenKind::Text)
             lexer_.Fail(token_, "expected the path of the unit behind \"in\"");
         unit.Path = std::string(token_.Text);
         Advance();
-        for (; token_.Kind == TTokenKind::Comment; Advance())
+        for (; token_.Kind == TDprTokenKind::Comment; Advance())
             if (unit.FormName.empty()) ReadForm(unit);
         return unit;
     }
@@ -153,10 +151,8 @@ class TUsesParser {
     void ReadForm(TNamedUnit& unit) const {
         const std::size_t colon = token_.Text.find(':');
         const std::string_view name = Trim(token_.Text.substr(0, colon));
-        if (name.empty() || !std::all_of(name.begin(), name.end(), IsWordByte)) return;
-        unit.FormName = std::string(name);
-        if (colon != std::string_view::npos)
-            unit.DesignClass = std::string(Trim(token_.Text.substr(colon + 1)));
+        const bool hasBase = colon != std::string_view::npos;
+        SetForm(unit, name, hasBase ? Trim(token_.Text.substr(colon + 1)) : std::string_view());
     }
 
     void Advance() { token_ = lexer_.Next(); }
@@ -165,18 +161,18 @@ class TUsesParser {
         SkipComments();
     }
     void SkipComments() {
-        while (token_.Kind == TTokenKind::Comment)
+        while (token_.Kind == TDprTokenKind::Comment)
             Advance();
     }
     bool IsWord(std::string_view word) const {
-        return token_.Kind == TTokenKind::Word && SameText(token_.Text, word);
+        return token_.Kind == TDprTokenKind::Word && SameText(token_.Text, word);
     }
     bool IsSymbol(char symbol) const {
-        return token_.Kind == TTokenKind::Symbol && token_.Text.front() == symbol;
+        return token_.Kind == TDprTokenKind::Symbol && token_.Text.front() == symbol;
     }
 
     TDprLexer& lexer_;
-    TToken token_;
+    TDprToken token_;
 };
 
 }  // namespace

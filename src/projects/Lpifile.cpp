@@ -3,11 +3,12 @@
 // numbered in older files and all have one name in newer ones; both count by their place. Units that are
 // only open in the editor (IsPartOfProject is not True) are left out. Text that is no XML, another root
 // and a file without its list are errors.
+#include "projects/Lpifile.h"
+
 #include <algorithm>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
-#include "projects/Projectfiles.h"
 #include "projects/Xmlfile.h"
 
 namespace tml {

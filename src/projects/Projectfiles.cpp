@@ -1,8 +1,19 @@
 #include "projects/Projectfiles.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/Files.h"
 #include "base/Stringlist.h"
 #include "base/Utf8.h"
+#include "projects/Bdsfiles.h"
+#include "projects/Bpgfile.h"
+#include "projects/Bprfile.h"
+#include "projects/Cppprogram.h"
+#include "projects/Dprfile.h"
+#include "projects/Lpifile.h"
+#include "projects/Xmlprojects.h"
+#include "source/Charclass.h"
 
 namespace tml {
 namespace {
@@ -17,8 +28,8 @@ constexpr TProjectFormat kFormats[] = {
     {".dproj", ParseDproj},     {".groupproj", ParseGroupproj},
     {".bdsproj", ParseBdsproj}, {".bdsgroup", ParseBdsgroup},
     {".bpg", ParseBpg},         {".bpr", ParseBpr},
-    {".cbproj", ParseCbproj},   {".lpi", ParseLpi},
-    {".lpg", ParseLpg},
+    {".bpk", ParseBpr},         {".cbproj", ParseCbproj},
+    {".lpi", ParseLpi},         {".lpg", ParseLpg},
 };
 
 /// What is a project only as the main source of one.
@@ -46,11 +57,15 @@ TProjectParser FindMainSourceParser(const std::string& fileName) {
     return parse == nullptr ? FindProjectParser(fileName) : parse;
 }
 
-std::string KnownProjectFiles() {
-    std::string names;
-    for (const TProjectFormat& format : kFormats)
-        names += (names.empty() ? "*" : ", *") + std::string(format.Extension);
-    return names;
+std::vector<std::string> ProjectExtensions() {
+    std::vector<std::string> extensions;
+    std::transform(std::begin(kFormats), std::end(kFormats), std::back_inserter(extensions),
+                   [](const TProjectFormat& format) { return std::string(format.Extension); });
+    return extensions;
+}
+
+bool IsFormlessPackage(const std::string& fileName) {
+    return SameText(ExtensionOf(fileName), ".lpk");
 }
 
 std::string LastNamePart(const std::string& unitName) {
@@ -63,6 +78,13 @@ std::string UnitNameOf(const std::string& path) {
     const bool isUnit = SameText(extension, ".pas") || SameText(extension, ".pp") ||
                         SameText(extension, ".cpp") || SameText(extension, ".c");
     return isUnit ? LastNamePart(WithExtension(file, "")) : file;
+}
+
+void SetForm(TNamedUnit& unit, std::string_view name, std::string_view base) {
+    if (name.empty() || !std::all_of(name.begin(), name.end(), IsNameChar) || SameText(base, "CoClass"))
+        return;
+    unit.FormName = std::string(name);
+    unit.DesignClass = std::string(base);
 }
 
 std::string ParseOptionsCodePage(const std::string& text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tml {
@@ -29,34 +30,22 @@ struct TParsedProject {
 using TProjectParser = TParsedProject (*)(const std::string& bytes, const std::string& fileName,
                                           const std::string& codePage);
 
-TParsedProject ParseDpr(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseDproj(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseGroupproj(const std::string& bytes, const std::string& fileName,
-                              const std::string& codePage);
-TParsedProject ParseCbproj(const std::string& bytes, const std::string& fileName,
-                           const std::string& codePage);
-TParsedProject ParseBdsproj(const std::string& bytes, const std::string& fileName,
-                            const std::string& codePage);
-TParsedProject ParseBdsgroup(const std::string& bytes, const std::string& fileName,
-                             const std::string& codePage);
-TParsedProject ParseBpg(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseBpr(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseLpi(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseLpg(const std::string& bytes, const std::string& fileName, const std::string& codePage);
-TParsedProject ParseCppProgram(const std::string& bytes, const std::string& fileName,
-                               const std::string& codePage);
-
 /// The parser for a file by its extension (any letter case); nullptr when the file is no project.
 TProjectParser FindProjectParser(const std::string& fileName);
 /// The parser for the main source that a project names; nullptr when it names no units.
 TProjectParser FindMainSourceParser(const std::string& fileName);
-/// "*.dpr, *.dproj ..." for messages.
-std::string KnownProjectFiles();
+/// Extensions, with their dot, of the files that open as a project.
+std::vector<std::string> ProjectExtensions();
+/// Whether a group's member is a package whose file does not name its forms; a group is read without it.
+bool IsFormlessPackage(const std::string& fileName);
 
 /// The last part of a unit's name: "Forms.Main" gives "Main".
 std::string LastNamePart(const std::string& unitName);
 /// The unit's name by its file's; what is no unit keeps its extension, and so is told apart by the dot.
 std::string UnitNameOf(const std::string& path);
+/// Notes the form that a project file names for a unit, with its base. What is no name (a directive) and the
+/// COM class of a unit ("CoClass") are no forms.
+void SetForm(TNamedUnit& unit, std::string_view name, std::string_view base);
 /// The code page in the text of an options file ("CodePage=932" on a line of its own); "" without one.
 std::string ParseOptionsCodePage(const std::string& text);
 

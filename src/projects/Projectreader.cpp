@@ -47,10 +47,15 @@ class TProjectReader {
 
     TParsedProject Parse(const std::string& fileName) {
         const TProjectParser parse = FindProjectParser(fileName);
-        if (parse == nullptr)
-            throw EBadInput(fileName, 0, "the file is no known project",
-                            "Choose one of " + KnownProjectFiles());
+        if (parse == nullptr) throw NoProject(fileName);
         return WithOwnPaths(parse(files_.Read(fileName), fileName, CodePageFor(fileName)));
+    }
+
+    static EBadInput NoProject(const std::string& fileName) {
+        std::string known;
+        for (const std::string& extension : ProjectExtensions())
+            known += (known.empty() ? "*" : ", *") + extension;
+        return {fileName, 0, "the file is no known project", "Choose one of " + known};
     }
 
     /// Projects carry the separators of the system that wrote them; nobody behind this meets those.
@@ -79,6 +84,7 @@ class TProjectReader {
 
     /// A group among them gives its members their place in the order.
     void ReadMember(const TMember& member) {
+        if (IsFormlessPackage(member.Name)) return;
         const auto found = index_.Find(FolderOf(member.GroupFile), member.Name);
         if (!found) {
             AddNotFound({member.GroupFile, 0, "the project " + member.Name, {}},

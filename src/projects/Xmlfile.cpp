@@ -44,8 +44,7 @@ std::vector<TNamedUnit> ReadFileList(const TXmlFile& xml) {
         TNamedUnit unit;
         unit.Path = file.attribute("FILENAME").value();
         unit.Name = UnitNameOf(unit.Path);
-        unit.FormName = file.attribute("FORMNAME").value();
-        unit.DesignClass = file.attribute("DESIGNCLASS").value();
+        SetForm(unit, file.attribute("FORMNAME").value(), file.attribute("DESIGNCLASS").value());
         unit.Line = xml.LineOf(file);
         units.push_back(std::move(unit));
     }

@@ -1,10 +1,11 @@
 // Projects and groups in XML: a root "Project" with "ItemGroup" and "PropertyGroup" elements. Elements and
 // attributes that are not known are passed over; text that is no XML or has another root is an error.
+#include "projects/Xmlprojects.h"
+
 #include <charconv>
 
 #include "base/Files.h"
 #include "base/Utf8.h"
-#include "projects/Projectfiles.h"
 #include "projects/Xmlfile.h"
 
 namespace tml {
@@ -41,8 +42,7 @@ TNamedUnit ReadItem(const TXmlFile& xml, const pugi::xml_node& item) {
     TNamedUnit unit;
     unit.Path = ItemPath(item);
     unit.Name = UnitNameOf(unit.Path);
-    unit.FormName = std::string(Trim(item.child_value("Form")));
-    unit.DesignClass = std::string(Trim(item.child_value("DesignClass")));
+    SetForm(unit, Trim(item.child_value("Form")), Trim(item.child_value("DesignClass")));
     unit.Line = xml.LineOf(item);
     return unit;
 }

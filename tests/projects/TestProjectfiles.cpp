@@ -43,6 +43,8 @@ TEST(Projectfiles, ProgramSource) {
          "A a.pas 2\nA b.pas Real 2\n"},
         {"\xEF\xBB\xBFprogram P; uses A in 'C:\\d\\A.pas' {F: TDataModule} {more};",
          "A C:\\d\\A.pas F: TDataModule 1\n"},
+        {"program P; uses A in 'a.pas' {Maker: CoClass}, B in 'b.pas' {$IFDEF X} {F: TForm2} {$ENDIF};",
+         "A a.pas 1\nB b.pas F: TForm2 1\n"},
         {"program P; begin uses A in 'a.pas'; end.", ""},
         {"program P;", ""},
         {"program P;\nuses A in 'a.pas'",
@@ -62,8 +64,9 @@ TEST(Projectfiles, XmlProject) {
         {"\xEF\xBB\xBF<Project>\n<PropertyGroup><MainSource>P.dpr</MainSource></PropertyGroup>\n<ItemGroup>\n"
          "<DCCReference Include=\"rtl.dcp\"/>\n<DCCReference Include=\"s%20x\\A.B.pas\"><Form>F</Form>"
          "<FormType>dfm</FormType><DesignClass>TFrame</DesignClass></DCCReference>\n"
-         "<RcCompile Include=\"m.rc\"><Form>m.res</Form></RcCompile></ItemGroup></Project>",
-         "rtl.dcp rtl.dcp 4\nB s x\\A.B.pas F: TFrame 5\nm.rc m.rc m.res 6\n"},
+         "<RcCompile Include=\"m.rc\"><Form>m.res</Form></RcCompile>\n<DCCReference Include=\"d.pas\"><Form>"
+         "$IFNDEF CPUX64</Form></DCCReference></ItemGroup></Project>",
+         "rtl.dcp rtl.dcp 4\nB s x\\A.B.pas F: TFrame 5\nd d.pas 7\nm.rc m.rc 6\n"},
         {"<Project>\n<ItemGroup>\n<DCC",
          "3: no valid XML: Error parsing start element tag. Repair the project file"},
         {"<Other/>", "1: the root element is not \"Project\". Choose a project file"},

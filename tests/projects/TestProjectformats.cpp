@@ -79,6 +79,8 @@ constexpr TFormatRow kFormats[] = {
      "<FILE FILENAME=\"gr\xFC\xDF\x65.cpp\" FORMNAME=\"AForm\" CONTAINERID=\"CCompiler\" DESIGNCLASS=\"\"/>\n"
      "</FILELIST></PROJECT>",
      "C++ main q.cpp: q.res q.res @2; grüße grüße.cpp AForm: @3; "},
+    {"p.bpk", "<PROJECT><MACROS><OBJFILES value=\"a.obj\"/></MACROS></PROJECT>",
+     "C++ main p.cpp: a a.obj @1; "},
     {"p.cpp",
      "#include <vcl.h>\r\n//USEFORM(\"no.cpp\", No);\r\nUSEFORM(\"new\\table.cpp\", Table); "
      "/* TDataModule: File Type */\r\nUSEUNIT(\"u.pas\"); // note: plain\r\n"
@@ -150,9 +152,11 @@ TEST(ProjectGroups, GoOnBehindMembersThatAreMissingBrokenOrInACircle) {
     TMemoryFileSystem files;
     const std::string program = "program P; uses A in 'a.pas'; begin end.";
     files.Files = {{"/p/all.bpg",
-                    "PROJECTS = one gone bad inner self\none: one.dpr\ngone: gone.dpr\nbad: bad.lpi\n"
+                    "PROJECTS = one gone bad lib tool inner self\none: one.dpr\nlib: lib.lpk\ntool: "
+                    "tool.dpk\ngone: gone.dpr\nbad: bad.lpi\n"
                     "inner: sub\\inner.lpg\nself: ALL.bpg\n"},
                    {"/p/one.dpr", program},
+                   {"/p/tool.dpk", "package T; contains A in 'a.pas'; end."},
                    {"/p/a.pas", ""},
                    {"/p/bad.lpi", "<CONFIG>"},
                    {"/p/sub/inner.lpg",
@@ -162,6 +166,7 @@ TEST(ProjectGroups, GoOnBehindMembersThatAreMissingBrokenOrInACircle) {
                    {"/p/sub/a.pas", ""}};
     EXPECT_EQ(DumpSet(ReadProjectSet(files, "/p/all.bpg")),
               "/p/one.dpr 1\n"
+              "/p/tool.dpk 1\n"
               "/p/sub/two.dpr 1\n"
               "! /p/all.bpg: the project gone.dpr does not exist\n"
               "! /p/bad.lpi: no valid XML: Start-end tags mismatch. Repair the project file\n"
