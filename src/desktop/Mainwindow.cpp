@@ -39,7 +39,7 @@ constexpr std::array kToolBar{"Open1", "Save1", "SaveAll1", "Undo1", "Redo1",
 QString ProjectFilters() {
     QString patterns;
     for (const std::string& extension : ProjectExtensions())
-        patterns += " *" + Q(extension);
+        patterns += " *" + ToQt(extension);
     return "Projects (" + patterns.trimmed() + ");;All files (*)";
 }
 

@@ -16,7 +16,6 @@ namespace tml {
 namespace {
 
 constexpr std::size_t kMaxShort = 255;
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 constexpr std::array<std::pair<std::string_view, TFormMark>, 3> kWords{
     {{"true", TFormMark::True}, {"false", TFormMark::False}, {"nil", TFormMark::Nil}}};

@@ -6,6 +6,9 @@
 
 namespace tml {
 
+/// What marks a text file as UTF-8 at its beginning.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
 enum TFormCharClass : std::uint8_t { kOtherChar = 0, kNameStart = 1, kDigit = 2, kHexDigit = 4, kBlank = 8 };
 
 /// What a byte can be in a text form. Bytes above 127 belong to names in other scripts.

@@ -20,7 +20,6 @@ namespace tml {
 
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::array<std::pair<std::string_view, TFormPrefix>, 3> kPrefixes{
     {{"object", TFormPrefix::Object},
      {"inherited", TFormPrefix::Inherited},

@@ -14,7 +14,7 @@
 namespace tml {
 namespace {
 
-constexpr const char* kRoot = "CONFIG";
+constexpr const char* kLpiRoot = "CONFIG";
 
 std::string ValueOf(const pugi::xml_node& node, const char* name) {
     return std::string(Trim(node.child(name).attribute("Value").value()));
@@ -48,7 +48,7 @@ pugi::xml_node ListIn(const TXmlFile& xml, const std::string& fileName, const ch
 }  // namespace
 
 TParsedProject ParseLpi(const std::string& bytes, const std::string& fileName, const std::string& codePage) {
-    const TXmlFile xml(bytes, fileName, codePage, kRoot);
+    const TXmlFile xml(bytes, fileName, codePage, kLpiRoot);
     const pugi::xml_node list = ListIn(xml, fileName, "ProjectOptions", "Units");
     const int mainUnit =
         xml.Root().child("ProjectOptions").child("General").child("MainUnit").attribute("Value").as_int();
@@ -67,7 +67,7 @@ TParsedProject ParseLpi(const std::string& bytes, const std::string& fileName, c
 }
 
 TParsedProject ParseLpg(const std::string& bytes, const std::string& fileName, const std::string& codePage) {
-    const TXmlFile xml(bytes, fileName, codePage, kRoot);
+    const TXmlFile xml(bytes, fileName, codePage, kLpiRoot);
     TParsedProject group;
     group.IsGroup = true;
     for (const pugi::xml_node target : ListIn(xml, fileName, "ProjectGroup", "Targets").children())

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
-#include "projects/Projectfiles.h"
+#include "projects/Dprfile.h"
 #include "projects/Projectreader.h"
+#include "projects/Xmlprojects.h"
 #include "support/Memoryfiles.h"
 #include "support/Wrappedfiles.h"
 
