@@ -16,7 +16,7 @@ struct TSettingsOptions {
     std::optional<std::string> Value;
 };
 
-void Print(const TProgram& program, IRegistry& registry, const TSetting& setting, bool withName) {
+void Print(const TProgram& program, IRegistryReader& registry, const TSetting& setting, bool withName) {
     const std::string value = StoredSettingText(registry, setting);
     if (program.Json)
         TJsonLine(std::cout).Text("name", setting.Property).Text("value", value);
@@ -27,8 +27,9 @@ void Print(const TProgram& program, IRegistry& registry, const TSetting& setting
 int RunSettings(TProgram& program, const TSettingsOptions& options) {
     const auto registry = OpenUserRegistry(program);
     if (options.Name.empty()) {
+        const auto stored = registry->OpenForReading();
         for (const TSetting& setting : AllSettings())
-            Print(program, *registry, setting, true);
+            Print(program, *stored, setting, true);
         return kDone;
     }
     const TSetting* setting = FindSetting(options.Name);

@@ -15,7 +15,7 @@ constexpr std::array kValues{
 
 }  // namespace
 
-void ReadPlacement(IRegistry& registry, const std::string& key, TPlacement& placement) {
+void ReadPlacement(IRegistryReader& registry, const std::string& key, TPlacement& placement) {
     for (const TPlacementValue& value : kValues)
         if (const auto stored = registry.ReadInteger(key, value.Name)) placement.*value.Field = stored;
 }

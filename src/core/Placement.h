@@ -14,7 +14,7 @@ struct TPlacement {
 };
 
 /// Takes over what is stored under the key.
-void ReadPlacement(IRegistry& registry, const std::string& key, TPlacement& placement);
+void ReadPlacement(IRegistryReader& registry, const std::string& key, TPlacement& placement);
 /// Stores what is set.
 void WritePlacement(IRegistry& registry, const std::string& key, const TPlacement& placement);
 

@@ -61,26 +61,26 @@ EBadInput Unfit(const TSetting& setting, std::string_view text, const std::strin
 
 // --- one setting out of the store
 
-void ReadField(IRegistry& registry, const TSetting& setting, std::string& value) {
+void ReadField(IRegistryReader& registry, const TSetting& setting, std::string& value) {
     const auto stored = registry.ReadString(std::string(setting.Key), std::string(setting.ValueName));
     if (stored) value = setting.Stored == TrimmedString ? std::string(Trim(*stored)) : *stored;
 }
 
-void ReadField(IRegistry& registry, const TSetting& setting, TStringList& value) {
+void ReadField(IRegistryReader& registry, const TSetting& setting, TStringList& value) {
     const auto stored = registry.ReadString(std::string(setting.Key), std::string(setting.ValueName));
     if (stored) value.SetText(*stored);
 }
 
-void ReadField(IRegistry& registry, const TSetting& setting, TShortCut& value) {
+void ReadField(IRegistryReader& registry, const TSetting& setting, TShortCut& value) {
     const auto stored = registry.ReadString(std::string(setting.Key), std::string(setting.ValueName));
     if (stored) value = TextToShortCut(*stored);
 }
 
-void ReadField(IRegistry& registry, const TSetting& setting, bool& value) {
+void ReadField(IRegistryReader& registry, const TSetting& setting, bool& value) {
     value = registry.ReadBool(std::string(setting.Key), std::string(setting.ValueName)).value_or(value);
 }
 
-void ReadField(IRegistry& registry, const TSetting& setting, int& value) {
+void ReadField(IRegistryReader& registry, const TSetting& setting, int& value) {
     const std::string key(setting.Key), name(setting.ValueName);
     if (setting.Stored == Integer) {
         value = registry.ReadInteger(key, name).value_or(value);
@@ -96,7 +96,7 @@ void ReadField(IRegistry& registry, const TSetting& setting, int& value) {
     }
 }
 
-void ReadSetting(IRegistry& registry, const TSetting& setting, TSettingValues& values) {
+void ReadSetting(IRegistryReader& registry, const TSetting& setting, TSettingValues& values) {
     if (setting.ReadDefault == NeverRead) return;
     std::visit(
         [&](auto field) {
@@ -217,7 +217,7 @@ const TSetting* FindSetting(std::string_view property) {
     return found == kSettings.end() ? nullptr : &*found;
 }
 
-std::string StoredSettingText(IRegistry& registry, const TSetting& setting) {
+std::string StoredSettingText(IRegistryReader& registry, const TSetting& setting) {
     TSettingValues values;
     try {
         ReadSetting(registry, setting, values);
@@ -242,8 +242,9 @@ TExpertSettings::TExpertSettings(IRegistry& registry, std::vector<std::string> c
     : registry_(&registry), classNames_(std::move(classNames)) {}
 
 void TExpertSettings::ReadSettings() {
+    const auto stored = registry_->OpenForReading();
     for (const TSetting& setting : kSettings) {
-        ReadSetting(*registry_, setting, values_);
+        ReadSetting(*stored, setting, values_);
         if (setting.Property == "DefaultComp") CheckDefaultComponent();
     }
 }

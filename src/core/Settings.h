@@ -90,7 +90,7 @@ const TSetting* FindSetting(std::string_view property);
 
 /// A setting as it is stored now, as text for a person: switches as true and false, "\n" between the
 /// lines of a list. It needs no expert and shows a value that the expert cannot read as it stands.
-std::string StoredSettingText(IRegistry& registry, const TSetting& setting);
+std::string StoredSettingText(IRegistryReader& registry, const TSetting& setting);
 /// Stores a setting from such a text. EBadInput for a text that does not fit; nothing is stored then.
 void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text);
 

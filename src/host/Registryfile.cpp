@@ -9,19 +9,32 @@ namespace {
 constexpr const char* kNewFile =
     "# Settings of TmlLang Expert. Lines like this one, and what you add, are kept.\n";
 
-std::optional<TRegistryValue> FindValue(const std::string& text, const std::string& key,
-                                        const std::string& name) {
-    std::vector<TRegistryLine> lines = ParseRegistryText(text);
-    const auto index = FindRegistryValue(lines, key, name);
-    return index ? std::optional(std::move(lines[*index].Value)) : std::nullopt;
-}
+/// The file as it was when it was opened.
+class TSnapshot : public IRegistryReader {
+  public:
+    explicit TSnapshot(const std::string& text) : text_(text) {}
 
-void RefuseBroken(const std::string& path, const std::vector<TRegistryLine>& lines) {
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i].Kind == TRegistryLine::TKind::Broken)
-            throw EBadInput(path, static_cast<int>(i) + 1, "the line is no key and no value",
-                            "Repair or delete the line; a value looks like \"Name\" = string \"text\"");
-}
+    std::optional<std::string> ReadString(const std::string& key, const std::string& name) override {
+        const auto value = text_.Find(key, name);
+        if (!value) return std::nullopt;
+        if (const auto* text = std::get_if<std::string>(&*value)) return *text;
+        if (const auto* number = std::get_if<int>(&*value)) return std::to_string(*number);
+        return std::get<bool>(*value) ? "1" : "0";
+    }
+    std::optional<int> ReadInteger(const std::string& key, const std::string& name) override {
+        const auto value = text_.Find(key, name);
+        if (!value || std::holds_alternative<std::string>(*value)) return std::nullopt;
+        const auto* number = std::get_if<int>(&*value);
+        return number != nullptr ? *number : static_cast<int>(std::get<bool>(*value));
+    }
+    std::optional<bool> ReadBool(const std::string& key, const std::string& name) override {
+        const auto number = ReadInteger(key, name);
+        return number ? std::optional(*number != 0) : std::nullopt;
+    }
+
+  private:
+    TRegistryText text_;
+};
 
 }  // namespace
 
@@ -29,24 +42,20 @@ std::string TRegistryFile::Load() {
     return files_.Stat(path_) ? files_.Read(path_) : std::string();
 }
 
+std::unique_ptr<IRegistryReader> TRegistryFile::OpenForReading() {
+    return std::make_unique<TSnapshot>(Load());
+}
+
 std::optional<std::string> TRegistryFile::ReadString(const std::string& key, const std::string& name) {
-    const auto value = FindValue(Load(), key, name);
-    if (!value) return std::nullopt;
-    if (const auto* text = std::get_if<std::string>(&*value)) return *text;
-    if (const auto* number = std::get_if<int>(&*value)) return std::to_string(*number);
-    return std::get<bool>(*value) ? "1" : "0";
+    return OpenForReading()->ReadString(key, name);
 }
 
 std::optional<int> TRegistryFile::ReadInteger(const std::string& key, const std::string& name) {
-    const auto value = FindValue(Load(), key, name);
-    if (!value || std::holds_alternative<std::string>(*value)) return std::nullopt;
-    const auto* number = std::get_if<int>(&*value);
-    return number != nullptr ? *number : static_cast<int>(std::get<bool>(*value));
+    return OpenForReading()->ReadInteger(key, name);
 }
 
 std::optional<bool> TRegistryFile::ReadBool(const std::string& key, const std::string& name) {
-    const auto number = ReadInteger(key, name);
-    return number ? std::optional(*number != 0) : std::nullopt;
+    return OpenForReading()->ReadBool(key, name);
 }
 
 void TRegistryFile::WriteString(const std::string& key, const std::string& name, const std::string& value) {
@@ -65,10 +74,13 @@ void TRegistryFile::Write(const std::string& key, const std::string& name, const
     const std::string folder = FolderOf(path_);
     if (!folder.empty() && !files_.Stat(folder)) files_.MakeFolder(folder);
     const auto lock = files_.Lock(path_ + ".lock");
-    const std::string text = Load();
-    const std::vector<TRegistryLine> lines = ParseRegistryText(text.empty() ? kNewFile : text);
-    RefuseBroken(path_, lines);
-    WriteFileSafely(files_, path_, SetRegistryValue(lines, key, name, value));
+    const std::string bytes = Load();
+    TRegistryText text(bytes.empty() ? kNewFile : bytes);
+    if (text.BrokenLine() != 0)
+        throw EBadInput(path_, text.BrokenLine(), "the line is no key and no value",
+                        "Repair or delete the line; a value looks like \"Name\" = string \"text\"");
+    text.Set(key, name, value);
+    WriteFileSafely(files_, path_, text.Text());
 }
 
 }  // namespace tml

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,7 @@ class TRegistryFile : public IRegistry {
     /// The file need not exist; its folder is made by the first write.
     TRegistryFile(IFileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
+    std::unique_ptr<IRegistryReader> OpenForReading() override;
     std::optional<std::string> ReadString(const std::string& key, const std::string& name) override;
     std::optional<int> ReadInteger(const std::string& key, const std::string& name) override;
     std::optional<bool> ReadBool(const std::string& key, const std::string& name) override;

@@ -49,7 +49,7 @@ std::optional<std::string> TakeQuoted(std::string_view& rest) {
     return std::nullopt;
 }
 
-std::optional<TRegistryValue> ParseValue(std::string_view text) {
+std::optional<TRegistryValue> ParseRegistryValue(std::string_view text) {
     const std::string_view type = text.substr(0, text.find(' '));
     std::string_view rest = Trim(text.substr(type.size()));
     if (type == "bool" && rest == "true") return TRegistryValue(true);
@@ -66,97 +66,52 @@ std::optional<TRegistryValue> ParseValue(std::string_view text) {
     return TRegistryValue(number);
 }
 
-void ParseValueLine(std::string_view text, TRegistryLine& line) {
-    line.Kind = TRegistryLine::TKind::Broken;
-    auto name = TakeQuoted(text);
-    text = Trim(text);
-    if (!name || !text.starts_with('=')) return;
-    line.Name = std::move(*name);
-    auto value = ParseValue(Trim(text.substr(1)));
-    if (!value) return;
-    line.Value = std::move(*value);
-    line.Kind = TRegistryLine::TKind::Value;
-}
-
+/// A section is a key without its leading separator; it may be asked for with one.
 std::string_view WithoutLeadingSeparator(std::string_view key) {
     return key.starts_with('\\') ? key.substr(1) : key;
 }
 
-TRegistryLine ParseLine(std::string_view text) {
-    TRegistryLine line;
-    line.Text = std::string(text);
-    std::string_view content = Trim(text);
-    if (content.starts_with("\xEF\xBB\xBF")) content = Trim(content.substr(3));
-    if (content.starts_with('[')) {
-        const bool closed = content.ends_with(']');
-        line.Kind = closed ? TRegistryLine::TKind::Key : TRegistryLine::TKind::Broken;
-        if (closed) line.Name = std::string(WithoutLeadingSeparator(content.substr(1, content.size() - 2)));
-    } else if (content.starts_with('"')) {
-        ParseValueLine(content, line);
-    }
-    return line;
+TIniLine ReadValueLine(std::string_view line) {
+    TIniLine read{TIniLine::TKind::Broken, {}, {}};
+    auto name = TakeQuoted(line);
+    line = Trim(line);
+    if (!name || !line.starts_with('=')) return read;
+    read.Value = Trim(line.substr(1));
+    if (!ParseRegistryValue(read.Value)) return read;
+    read.Name = std::move(*name);
+    read.Kind = TIniLine::TKind::Value;
+    return read;
 }
 
-bool IsBlank(const TRegistryLine& line) {
-    return Trim(line.Text).empty();
+TIniLine ReadLine(std::string_view line) {
+    if (line.starts_with('"')) return ReadValueLine(line);
+    if (!line.starts_with('[')) return {};
+    if (!line.ends_with(']')) return {TIniLine::TKind::Broken, {}, {}};
+    return {
+        TIniLine::TKind::Section, std::string(WithoutLeadingSeparator(line.substr(1, line.size() - 2))), {}};
 }
 
-/// Begin and end of the lines under a key (its own line left out); none without the key. A key that stands
-/// twice counts where it stands first.
-std::optional<std::pair<std::size_t, std::size_t>> KeyRange(const std::vector<TRegistryLine>& lines,
-                                                            std::string_view key) {
-    const auto isKey = [](const TRegistryLine& line) { return line.Kind == TRegistryLine::TKind::Key; };
-    const auto head = std::find_if(lines.begin(), lines.end(), [&](const TRegistryLine& line) {
-        return isKey(line) && SameText(line.Name, WithoutLeadingSeparator(key));
-    });
-    if (head == lines.end()) return std::nullopt;
-    const auto end = std::find_if(head + 1, lines.end(), isKey);
-    return std::pair(static_cast<std::size_t>(head - lines.begin()) + 1,
-                     static_cast<std::size_t>(end - lines.begin()));
+std::string SectionLine(std::string_view key) {
+    return "[\\" + std::string(key) + "]";
 }
+
+std::string ValueLine(std::string_view name, std::string_view value) {
+    return QuoteRegistryText(name) + " = " + std::string(value);
+}
+
+constexpr TIniSyntax kSyntax{ReadLine, SectionLine, ValueLine, "\n", true};
 
 }  // namespace
 
-std::vector<TRegistryLine> ParseRegistryText(std::string_view text) {
-    std::vector<TRegistryLine> lines;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
-        lines.push_back(ParseLine(text.substr(0, end)));
-        text.remove_prefix(end);
-    }
-    return lines;
+TRegistryText::TRegistryText(std::string_view text) : document_(text, kSyntax) {}
+
+std::optional<TRegistryValue> TRegistryText::Find(std::string_view key, std::string_view name) const {
+    const auto value = document_.Find(WithoutLeadingSeparator(key), name);
+    return value ? ParseRegistryValue(*value) : std::nullopt;
 }
 
-std::optional<std::size_t> FindRegistryValue(const std::vector<TRegistryLine>& lines, std::string_view key,
-                                             std::string_view name) {
-    const auto range = KeyRange(lines, key);
-    for (std::size_t i = range ? range->first : 0; range && i < range->second; ++i)
-        if (lines[i].Kind == TRegistryLine::TKind::Value && SameText(lines[i].Name, name)) return i;
-    return std::nullopt;
-}
-
-std::string SetRegistryValue(const std::vector<TRegistryLine>& lines, std::string_view key,
-                             std::string_view name, std::string_view value) {
-    const bool dos = !lines.empty() && lines.front().Text.ends_with("\r\n");
-    const std::string lineEnd = dos ? "\r\n" : "\n";
-    std::string added = QuoteRegistryText(name) + " = " + std::string(value) + lineEnd;
-    const auto range = KeyRange(lines, key);
-    const auto old = FindRegistryValue(lines, key, name);
-    std::size_t place = old ? *old : (range ? range->second : lines.size());
-    while (!old && range && place > range->first && IsBlank(lines[place - 1]))
-        --place;
-    if (!range)
-        added = (lines.empty() ? "" : lineEnd) + "[\\" + std::string(WithoutLeadingSeparator(key)) + "]" +
-                lineEnd + added;
-
-    std::string text;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (i == place) text += added;
-        if (i == place && old) continue;
-        text += lines[i].Text;
-        if (!text.ends_with('\n')) text += lineEnd;
-    }
-    return place == lines.size() ? text + added : text;
+void TRegistryText::Set(std::string_view key, std::string_view name, std::string_view value) {
+    document_.Set(WithoutLeadingSeparator(key), name, value);
 }
 
 std::string QuoteRegistryText(std::string_view text) {

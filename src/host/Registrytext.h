@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
+
+#include "base/Inidocument.h"
 
 namespace tml {
 
@@ -18,25 +19,23 @@ namespace tml {
 
 using TRegistryValue = std::variant<std::string, int, bool>;
 
-struct TRegistryLine {
-    enum class TKind { Other, Key, Value, Broken };
-    TKind Kind = TKind::Other;
-    std::string Text;  ///< as it stands, its line end included
-    std::string Name;  ///< of a key (without a leading "\") or value
-    TRegistryValue Value;
+class TRegistryText {
+  public:
+    /// Never fails; see BrokenLine.
+    explicit TRegistryText(std::string_view text);
+
+    /// Keys with or without a leading "\"; keys and names without regard to case.
+    std::optional<TRegistryValue> Find(std::string_view key, std::string_view name) const;
+    /// value: type and text as they stand in the file.
+    void Set(std::string_view key, std::string_view name, std::string_view value);
+    std::string Text() const { return document_.Text(); }
+
+    /// The first line (1-based) that begins like a key or a value and is none, 0 without one.
+    int BrokenLine() const { return document_.BrokenLine(); }
+
+  private:
+    TIniDocument document_;
 };
-
-/// One entry a line; never fails.
-std::vector<TRegistryLine> ParseRegistryText(std::string_view text);
-
-/// Index of the line with the value (names without regard to case), none without it.
-std::optional<std::size_t> FindRegistryValue(const std::vector<TRegistryLine>& lines, std::string_view key,
-                                             std::string_view name);
-
-/// The text with the value set, in its place or behind the last line of its key. value: type and text as
-/// QuoteRegistryText and its like give them.
-std::string SetRegistryValue(const std::vector<TRegistryLine>& lines, std::string_view key,
-                             std::string_view name, std::string_view value);
 
 std::string QuoteRegistryText(std::string_view text);
 

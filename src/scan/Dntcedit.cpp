@@ -22,8 +22,9 @@ TfrmNotTranslate::TfrmNotTranslate(IRegistry& registry, TStringList available, T
 }
 
 void TfrmNotTranslate::FormShow() {
-    ReadPlacement(registry_, kKey, Placement);
-    if (const auto width = registry_.ReadInteger(kKey, kLeftWidth)) LeftWidth = width;
+    const auto stored = registry_.OpenForReading();
+    ReadPlacement(*stored, kKey, Placement);
+    if (const auto width = stored->ReadInteger(kKey, kLeftWidth)) LeftWidth = width;
     Changed();
 }
 

@@ -161,8 +161,8 @@ TmlFoundSourceStrings TfrmFound::Kept() const {
 }
 
 void TfrmFound::FormShow() {
-    IRegistry& registry = *context_.Host.Registry;
-    const TStringList widths = TStringList::FromCommaText(registry.ReadString(kKey, "GridCols").value_or(""));
+    const auto stored = context_.Host.Registry->OpenForReading();
+    const TStringList widths = TStringList::FromCommaText(stored->ReadString(kKey, "GridCols").value_or(""));
     for (std::size_t i = 0; i < std::min(GridCols.size(), widths.Items().size()); ++i) {
         try {
             GridCols[i] = ToInteger(widths.Items()[i]);
@@ -170,8 +170,8 @@ void TfrmFound::FormShow() {
             // The column keeps the width of its design.
         }
     }
-    NoticeVisible = registry.ReadBool(kKey, "NoticeVisible").value_or(NoticeVisible);
-    PreviewHeight = registry.ReadInteger(kKey, "PreviewHeight").value_or(PreviewHeight);
+    NoticeVisible = stored->ReadBool(kKey, "NoticeVisible").value_or(NoticeVisible);
+    PreviewHeight = stored->ReadInteger(kKey, "PreviewHeight").value_or(PreviewHeight);
     Changed();
 }
 
@@ -187,11 +187,12 @@ void TfrmFound::FormClose() {
     for (const int width : GridCols)
         widths.Add(std::to_string(width));
     IRegistry& registry = *context_.Host.Registry;
-    if (registry.ReadString(kKey, "GridCols") != widths.CommaText())
+    const auto stored = registry.OpenForReading();
+    if (stored->ReadString(kKey, "GridCols") != widths.CommaText())
         registry.WriteString(kKey, "GridCols", widths.CommaText());
-    if (registry.ReadBool(kKey, "NoticeVisible") != NoticeVisible)
+    if (stored->ReadBool(kKey, "NoticeVisible") != NoticeVisible)
         registry.WriteBool(kKey, "NoticeVisible", NoticeVisible);
-    if (registry.ReadInteger(kKey, "PreviewHeight") != PreviewHeight)
+    if (stored->ReadInteger(kKey, "PreviewHeight") != PreviewHeight)
         registry.WriteInteger(kKey, "PreviewHeight", PreviewHeight);
 }
 

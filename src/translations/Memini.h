@@ -4,11 +4,12 @@
 #include <string_view>
 
 #include "base/Files.h"
+#include "base/Inidocument.h"
 
 namespace tml {
 
-/// An ini file in memory. Sections and keys are found without regard to case; lines that are not changed
-/// stay as they are, comments and foreign lines among them.
+/// An ini file in memory: "[Section]", "key=value", "; comment". Sections and keys are found without regard
+/// to case; lines that are not changed stay as they are.
 class TmlMemIniFile {
   public:
     /// Reads the file; a missing one gives an empty store.
@@ -25,21 +26,12 @@ class TmlMemIniFile {
     void UpdateFile();
 
   private:
-    /// A place in the text: the line of a key, or where one would be inserted.
-    struct TPlace {
-        bool HasSection = false;
-        bool HasKey = false;
-        std::size_t Begin = 0;
-        std::size_t End = 0;  ///< in front of the line break
-    };
-    TPlace Find(std::string_view section, std::string_view key) const;
     std::string ReadDisk() const;
 
     IFileSystem& files_;
     std::string fileName_;
-    std::string text_;
     std::string onDisk_;  ///< what the file held last; "" for a missing one, too
-    std::string lineEnd_ = "\r\n";
+    TIniDocument document_;
 };
 
 }  // namespace tml

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
+#include "core/Settings.h"
 #include "host/Registryfile.h"
 #include "support/Memoryfiles.h"
+#include "support/Wrappedfiles.h"
 
 namespace tml {
 namespace {
@@ -27,6 +29,19 @@ TEST(Registryfile, ValuesOfEveryKindSurvive) {
     EXPECT_EQ(registry.ReadString(kKey, "Switch"), "1");
     EXPECT_EQ(registry.ReadInteger(kKey, "Text"), std::nullopt);
     EXPECT_EQ(registry.ReadString(kKey, "Delimiter"), std::nullopt);
+}
+
+TEST(Registryfile, APassOfReadsOpensTheFileOnce) {
+    TMemoryFileSystem memory;
+    TLoggingFileSystem files(memory);
+    TRegistryFile registry(files, "/c/s");
+    TExpertSettings settings(registry, {"TmlLang"});
+    settings.SetHCPrefix("S_");
+    files.Log.clear();
+    TExpertSettings read(registry, {"TmlLang"});
+    read.ReadSettings();
+    EXPECT_EQ(read.Get().HCPrefix, "S_");
+    EXPECT_EQ(files.Log, (std::vector<std::string>{"Stat /c/s", "Read /c/s"}));
 }
 
 TEST(Registryfile, EverythingElseStaysAndBrokenLinesRefuseWrites) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -17,6 +18,9 @@ class TMemoryRegistry : public IRegistry {
     std::vector<std::string> Writes;
     bool IsReadOnly = false;  ///< every write fails
 
+    std::unique_ptr<IRegistryReader> OpenForReading() override {
+        return std::make_unique<TMemoryRegistry>(*this);
+    }
     std::optional<std::string> ReadString(const std::string& key, const std::string& name) override {
         const auto found = Values.find(key + "\\" + name);
         if (found == Values.end()) return std::nullopt;
