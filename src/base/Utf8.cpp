@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 #include "base/Errors.h"
 
@@ -14,38 +15,16 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// Length of the sequence that the lead byte announces, 0 when it can be none.
-int SequenceLength(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead <= 0xDF) return 2;
-    if (lead >= 0xE0 && lead <= 0xEF) return 3;
-    if (lead >= 0xF0 && lead <= 0xF4) return 4;
-    return 0;
-}
-
-/// Decodes a sequence of 2 to 4 bytes at pos; false when it is not well formed.
-bool DecodeSequence(std::string_view text, std::size_t pos, int length, char32_t& codePoint) {
-    static constexpr std::array<char32_t, 5> kLowest = {0, 0, 0x80, 0x800, 0x10000};
-    if (length < 2 || pos + static_cast<std::size_t>(length) > text.size()) return false;
-    codePoint = static_cast<unsigned char>(text[pos]) & (0xFFU >> (length + 1));
-    for (int i = 1; i < length; ++i) {
-        const auto byte = static_cast<unsigned char>(text[pos + static_cast<std::size_t>(i)]);
-        if ((byte & 0xC0U) != 0x80) return false;
-        codePoint = (codePoint << 6U) | (byte & 0x3FU);
-    }
-    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    return codePoint >= kLowest[static_cast<std::size_t>(length)] && codePoint <= 0x10FFFF && !surrogate;
-}
-
-int Utf8Length(char32_t codePoint) {
-    if (codePoint < 0x80) return 1;
-    if (codePoint < 0x800) return 2;
-    return codePoint < 0x10000 ? 3 : 4;
+/// The code point at pos, which moves behind it; below 0 for bytes that are no valid sequence.
+UChar32 NextCodePoint(std::string_view text, std::size_t& pos) {
+    UChar32 codePoint = 0;
+    U8_NEXT(text.data(), pos, text.size(), codePoint);
+    return codePoint;
 }
 
 char32_t MapKeepingLength(char32_t codePoint, UChar32 (*map)(UChar32)) {
     const auto mapped = static_cast<char32_t>(map(static_cast<UChar32>(codePoint)));
-    return Utf8Length(mapped) == Utf8Length(codePoint) ? mapped : codePoint;
+    return U8_LENGTH(mapped) == U8_LENGTH(codePoint) ? mapped : codePoint;
 }
 
 // Objects, not functions, so that MapCase has them in line.
@@ -87,34 +66,18 @@ std::string MapCase(std::string_view text, TAsciiMap ascii, UChar32 (*map)(UChar
 }  // namespace
 
 char32_t DecodeCodePoint(std::string_view text, std::size_t& pos) {
-    const auto lead = static_cast<unsigned char>(text[pos]);
-    if (lead < 0x80) {
-        ++pos;
-        return lead;
-    }
-    char32_t codePoint = 0;
-    const int length = SequenceLength(lead);
-    if (!DecodeSequence(text, pos, length, codePoint)) {
-        ++pos;
-        return kReplacement;
-    }
-    pos += static_cast<std::size_t>(length);
-    return codePoint;
+    const std::size_t begin = pos;
+    const UChar32 codePoint = NextCodePoint(text, pos);
+    if (codePoint >= 0) return static_cast<char32_t>(codePoint);
+    pos = begin + 1;
+    return kReplacement;
 }
 
 void AppendCodePoint(std::string& text, char32_t codePoint) {
-    if (codePoint < 0x80) {
-        text += static_cast<char>(codePoint);
-        return;
-    }
-    const int length = Utf8Length(codePoint);
-    static constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
-    for (int shift = 6 * (length - 1), first = 1; shift >= 0; shift -= 6, first = 0) {
-        const unsigned bits =
-            first != 0 ? (codePoint >> static_cast<unsigned>(shift)) | kLead[static_cast<std::size_t>(length)]
-                       : ((codePoint >> static_cast<unsigned>(shift)) & 0x3FU) | 0x80U;
-        text += static_cast<char>(bits);
-    }
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t size = 0;
+    U8_APPEND_UNSAFE(bytes.data(), size, codePoint);
+    text.append(bytes.data(), size);
 }
 
 // Most texts have few such bytes, so eight are tested in one step.
@@ -130,12 +93,8 @@ std::size_t FindNonAscii(std::string_view text, std::size_t pos) {
 }
 
 bool IsValidUtf8(std::string_view text) {
-    for (std::size_t pos = FindNonAscii(text, 0); pos < text.size(); pos = FindNonAscii(text, pos)) {
-        char32_t codePoint = 0;
-        const int length = SequenceLength(static_cast<unsigned char>(text[pos]));
-        if (!DecodeSequence(text, pos, length, codePoint)) return false;
-        pos += static_cast<std::size_t>(length);
-    }
+    for (std::size_t pos = FindNonAscii(text, 0); pos < text.size(); pos = FindNonAscii(text, pos))
+        if (NextCodePoint(text, pos) < 0) return false;
     return true;
 }
 
