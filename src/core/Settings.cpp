@@ -265,46 +265,16 @@ void TExpertSettings::Assign(T V::*field, const T& value) {
     WriteSetting(*registry_, *row, values_);
 }
 
+template void TExpertSettings::Assign(std::string V::*, const std::string&);
+template void TExpertSettings::Assign(int V::*, const int&);
+template void TExpertSettings::Assign(bool V::*, const bool&);
+template void TExpertSettings::Assign(TShortCut V::*, const TShortCut&);
+template void TExpertSettings::Assign(TStringList V::*, const TStringList&);
+
 void TExpertSettings::SetUseCustom(bool value) {
     if (values_.UseCustom == value) return;
     Assign(&V::UseCustom, value);
     Assign(&V::UserFile, std::string(values_.UserFile));
 }
-
-#define TML_SETTER(Property, Type)                    \
-    void TExpertSettings::Set##Property(Type value) { \
-        Assign(&V::Property, value);                  \
-    }
-
-TML_SETTER(NumLang, int)
-TML_SETTER(ShortCut, TShortCut)
-TML_SETTER(OpenAllForms, bool)
-TML_SETTER(MenuSection, const std::string&)
-TML_SETTER(MultiProjFileName, const std::string&)
-TML_SETTER(MultiProjFolder, const std::string&)
-TML_SETTER(MultiProjTemplate, const std::string&)
-TML_SETTER(MultiProjUseTemplate, bool)
-TML_SETTER(DefaultComp, const std::string&)
-TML_SETTER(IgnorableLength, int)
-TML_SETTER(CnstPermanent, int)
-TML_SETTER(CnstPrefix, const std::string&)
-TML_SETTER(HCPrefix, const std::string&)
-TML_SETTER(AddFormName, bool)
-TML_SETTER(ReplaceMethod, const std::string&)
-TML_SETTER(SortedColumn, int)
-TML_SETTER(SortOrder, int)
-TML_SETTER(DefaultLangNames, const std::string&)
-TML_SETTER(CommentsLength, int)
-TML_SETTER(EmptyConstsValues, bool)
-TML_SETTER(ExcludeChars, const std::string&)
-TML_SETTER(SkipLines, const TStringList&)
-TML_SETTER(SkipWords, const TStringList&)
-TML_SETTER(ColumnWidths, const std::string&)
-TML_SETTER(LastFilterIndex, int)
-TML_SETTER(UseRegExpForSkip, bool)
-TML_SETTER(PreviewLines, int)
-TML_SETTER(NoCommentsInSources, bool)
-
-#undef TML_SETTER
 
 }  // namespace tml

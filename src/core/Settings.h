@@ -110,35 +110,42 @@ class TExpertSettings {
     /// An unknown default component becomes the first class name, in memory only.
     void CheckDefaultComponent();
 
-    void SetNumLang(int value);
-    void SetShortCut(TShortCut value);
-    void SetOpenAllForms(bool value);
+    // A setter for each property: SetNumLang(3).
+#define TML_SETTER(Property)                                              \
+    void Set##Property(const decltype(TSettingValues::Property)& value) { \
+        Assign(&TSettingValues::Property, value);                         \
+    }
+    TML_SETTER(NumLang)
+    TML_SETTER(ShortCut)
+    TML_SETTER(OpenAllForms)
+    TML_SETTER(MenuSection)
+    TML_SETTER(MultiProjFileName)
+    TML_SETTER(MultiProjFolder)
+    TML_SETTER(MultiProjTemplate)
+    TML_SETTER(MultiProjUseTemplate)
+    TML_SETTER(DefaultComp)
+    TML_SETTER(IgnorableLength)
+    TML_SETTER(CnstPermanent)
+    TML_SETTER(CnstPrefix)
+    TML_SETTER(HCPrefix)
+    TML_SETTER(AddFormName)
+    TML_SETTER(ReplaceMethod)
+    TML_SETTER(SortedColumn)
+    TML_SETTER(SortOrder)
+    TML_SETTER(DefaultLangNames)
+    TML_SETTER(CommentsLength)
+    TML_SETTER(EmptyConstsValues)
+    TML_SETTER(ExcludeChars)
+    TML_SETTER(SkipLines)
+    TML_SETTER(SkipWords)
+    TML_SETTER(ColumnWidths)
+    TML_SETTER(LastFilterIndex)
+    TML_SETTER(UseRegExpForSkip)
+    TML_SETTER(PreviewLines)
+    TML_SETTER(NoCommentsInSources)
+#undef TML_SETTER
+    /// Writes "UserFile", too.
     void SetUseCustom(bool value);
-    void SetMenuSection(const std::string& value);
-    void SetMultiProjFileName(const std::string& value);
-    void SetMultiProjFolder(const std::string& value);
-    void SetMultiProjTemplate(const std::string& value);
-    void SetMultiProjUseTemplate(bool value);
-    void SetDefaultComp(const std::string& value);
-    void SetIgnorableLength(int value);
-    void SetCnstPermanent(int value);
-    void SetCnstPrefix(const std::string& value);
-    void SetHCPrefix(const std::string& value);
-    void SetAddFormName(bool value);
-    void SetReplaceMethod(const std::string& value);
-    void SetSortedColumn(int value);
-    void SetSortOrder(int value);
-    void SetDefaultLangNames(const std::string& value);
-    void SetCommentsLength(int value);
-    void SetEmptyConstsValues(bool value);
-    void SetExcludeChars(const std::string& value);
-    void SetSkipLines(const TStringList& value);
-    void SetSkipWords(const TStringList& value);
-    void SetColumnWidths(const std::string& value);
-    void SetLastFilterIndex(int value);
-    void SetUseRegExpForSkip(bool value);
-    void SetPreviewLines(int value);
-    void SetNoCommentsInSources(bool value);
 
   private:
     /// Sets the member and writes it as its row says.
