@@ -7,7 +7,8 @@ class QWidget;
 
 namespace tml {
 
-/// Shows the desktop's dialog for files. startFolder is where it opens when nothing is proposed.
-TModalResult ShowFileDialog(TOpenDialog& form, const QString& startFolder, QWidget* parent);
+/// Shows the desktop's dialog for a window that chooses files or a folder; false for any other window.
+/// startFolder is where it opens when nothing is proposed.
+bool ShowFileDialog(TForm& form, const QString& startFolder, QWidget* parent);
 
 }  // namespace tml

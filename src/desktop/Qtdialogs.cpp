@@ -125,8 +125,7 @@ bool TQtDialogs::InputQuery(const std::string& caption, const std::string& promp
 TModalResult TQtDialogs::ShowModal(TForm& form) {
     progress_.Hide();
     const TViewServices& services = Services();
-    if (auto* files = dynamic_cast<TOpenDialog*>(&form))
-        return ShowFileDialog(*files, ProjectFolder(services.Host), Front());
+    if (ShowFileDialog(form, ProjectFolder(services.Host), Front())) return form.ModalResult;
     std::unique_ptr<TView> view = MakeView(form, services);
     if (view == nullptr)
         throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");

@@ -39,6 +39,7 @@ class TExpertHost {
     TListableFiles files_;  ///< what the system looks beside units with
     std::unique_ptr<IMlRuntime> runtime_;
     std::unique_ptr<ICommonLibraryLoader> common_;
+    std::unique_ptr<IClock> clock_ = MakeSystemClock();
     THeadlessIde ide_;
     THost host_;
     TmlLangExpert* expert_ = nullptr;

@@ -16,6 +16,21 @@ std::shared_ptr<IOTAComponent> TDesignComponent::GetOwner() {
     return owner == nullptr ? nullptr : form_.ComponentOf(*owner);
 }
 
+std::shared_ptr<IOTAComponent> TDesignComponent::GetParent() {
+    TFormNode* parent = Node().Parent();
+    return parent == nullptr ? nullptr : form_.ComponentOf(*parent);
+}
+
+TComponentOrigin TDesignComponent::GetOrigin() {
+    const TFormPrefix prefix = Node().Prefix();
+    if (prefix == TFormPrefix::Inline) return TComponentOrigin::coFrame;
+    return prefix == TFormPrefix::Inherited ? TComponentOrigin::coInherited : TComponentOrigin::coOwn;
+}
+
+std::shared_ptr<IOTAComponent> TDesignComponent::GetAncestor() {
+    return form_.Designer().FindAncestor(Node());
+}
+
 void TDesignComponent::SetName(const std::string& name) {
     TFormNode& node = Node();
     if (node.Name() != name) form_.Designer().Rename(node, name);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ide/Formdocument.h"
 #include "platform/Toolsapi.h"
@@ -17,15 +18,20 @@ class TDesignComponent : public IOTAComponent {
 
     void Bind(TFormNode* node) { node_ = node; }
     bool IsBound() const { return node_ != nullptr; }
+    bool IsOn(const TFormDocument& form) const { return IsBound() && &form_ == &form; }
     TFormNode& Node() const;
 
     TComponentHandle GetComponentHandle() override { return this; }
     std::string GetComponentType() override { return Node().ClassName(); }
     std::string GetName() override { return Node().Name(); }
     std::shared_ptr<IOTAComponent> GetOwner() override;
+    std::shared_ptr<IOTAComponent> GetParent() override;
+    TComponentOrigin GetOrigin() override;
+    std::shared_ptr<IOTAComponent> GetAncestor() override;
     void SetName(const std::string& name) override;
     int GetComponentCount() override;
     std::shared_ptr<IOTAComponent> GetComponent(int index) override;
+    std::vector<TFormProperty> GetProperties() override { return Node().Properties(); }
     std::optional<TFormValue> GetPropValue(const std::string& name) override { return Node().Find(name); }
     std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) override;
     void SetPropValue(const std::string& name, const TFormValue& value) override;

@@ -71,6 +71,24 @@ std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* contain
     return form_->ComponentOf(*created);
 }
 
+std::vector<std::shared_ptr<IOTAComponent>> TDesigner::GetSelections() {
+    std::vector<std::shared_ptr<IOTAComponent>> selected;
+    for (const auto& component : selection_)
+        if (component->IsBound()) selected.push_back(component);
+    return selected;
+}
+
+void TDesigner::SetSelections(const std::vector<std::shared_ptr<IOTAComponent>>& components) {
+    std::vector<std::shared_ptr<TDesignComponent>> selected;
+    for (const auto& component : components) {
+        auto own = std::dynamic_pointer_cast<TDesignComponent>(component);
+        if (own == nullptr || !own->IsOn(*form_))
+            throw EBadInput(GetFileName(), 0, "the component is not on this form");
+        selected.push_back(std::move(own));
+    }
+    selection_ = std::move(selected);
+}
+
 int TDesigner::AddNotifier(std::shared_ptr<IOTAFormNotifier> notifier) {
     return notifiers_.Add(std::move(notifier));
 }
@@ -167,6 +185,16 @@ std::shared_ptr<IOTAComponent> TDesigner::FindReference(const std::string& refer
     for (int i = 0; place && i < place->GetComponentCount(); ++i)
         if (SameText(place->GetComponent(i)->GetName(), name)) return place->GetComponent(i);
     return nullptr;
+}
+
+/// The project's form of a class has the class's name without its T.
+std::shared_ptr<IOTAComponent> TDesigner::FindAncestor(const TFormNode& node) {
+    const bool isForm = &node == &form_->Root();
+    if (!isForm && node.Prefix() != TFormPrefix::Inline) return nullptr;
+    const std::string className = isForm ? source_.AncestorOf(node.ClassName()) : node.ClassName();
+    if (className.size() < 2 || className.front() != 'T') return nullptr;
+    auto found = services_.FindForm(className.substr(1));
+    return found != nullptr && SameText(found->GetComponentType(), className) ? found : nullptr;
 }
 
 void TDesigner::NameRestored(TDesignComponent& component, const std::string& oldName) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ide/Formdocument.h"
 #include "ide/Journal.h"
@@ -15,7 +16,7 @@ namespace tml {
 
 /// The form editor of a module. It keeps the form's class and its units in step with the form: every
 /// change of both is one command.
-class TDesigner : public IOTAFormEditor, private IComponentDesigner {
+class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDesigner {
   public:
     struct TServices {
         TJournal* Journal = nullptr;
@@ -38,6 +39,11 @@ class TDesigner : public IOTAFormEditor, private IComponentDesigner {
     std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
     std::shared_ptr<IOTAComponent> CreateComponent(IOTAComponent* container, const std::string& typeName,
                                                    int x, int y, int w, int h) override;
+    IDesigner& GetDesigner() override { return *this; }
+    std::shared_ptr<IOTAComponent> GetRoot() override { return GetRootComponent(); }
+    std::vector<std::shared_ptr<IOTAComponent>> GetSelections() override;
+    void SetSelections(const std::vector<std::shared_ptr<IOTAComponent>>& components) override;
+    void Modified() override { MarkModified(); }
     void MarkModified() override { form_->MarkModified(); }
     int AddNotifier(std::shared_ptr<IOTAFormNotifier> notifier) override;
     void RemoveNotifier(int index) override { notifiers_.Remove(index); }
@@ -51,6 +57,7 @@ class TDesigner : public IOTAFormEditor, private IComponentDesigner {
     void Rename(TFormNode& node, const std::string& name) override;
     void Delete(TFormNode& node) override;
     std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) override;
+    std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
     void NameRestored(TDesignComponent& component, const std::string& oldName) override;
 
     std::string FreeName(const std::string& className);
@@ -64,6 +71,7 @@ class TDesigner : public IOTAFormEditor, private IComponentDesigner {
     TUnitSource source_;
     TServices services_;
     TNotifierList<IOTAFormNotifier> notifiers_;
+    std::vector<std::shared_ptr<TDesignComponent>> selection_;
 };
 
 }  // namespace tml

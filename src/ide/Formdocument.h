@@ -24,6 +24,8 @@ class IComponentDesigner {
     virtual void Delete(TFormNode& node) = 0;
     /// "Name" on this form or "Form1.Name"; nullptr when there is none.
     virtual std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) = 0;
+    /// The form that the node repeats, see IOTAComponent::GetAncestor.
+    virtual std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) = 0;
     /// A component got its name back by an undo.
     virtual void NameRestored(TDesignComponent& component, const std::string& oldName) = 0;
 };

@@ -126,6 +126,10 @@ void THeadlessIde::LoadPackage(const TPackage& package) {
     state_->Packages.Load(package);
 }
 
+TRegistrations THeadlessIde::Registered() const {
+    return state_->Packages.Registered();
+}
+
 void THeadlessIde::UnloadPackage(const std::string& name) {
     state_->Packages.Unload(name);
 }

@@ -7,8 +7,8 @@
 
 #include "base/Errors.h"
 #include "base/Files.h"
+#include "ide/Registrations.h"
 #include "platform/Mlruntime.h"
-#include "platform/Registration.h"
 #include "platform/Toolsapi.h"
 #include "projects/Projectmodel.h"
 
@@ -59,6 +59,8 @@ class THeadlessIde : public IBorlandIDEServices {
     /// package is unloaded. An error of the registration releases what was registered and passes on.
     void LoadPackage(const TPackage& package);
     void UnloadPackage(const std::string& name);
+    /// What the loaded packages have registered for components and the palette.
+    TRegistrations Registered() const;
 
   private:
     std::unique_ptr<TIdeState> state_;

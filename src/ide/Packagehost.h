@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Registration.h"
+#include "ide/Registrations.h"
 
 namespace tml {
 
@@ -20,6 +20,8 @@ class TPackageHost {
     void Load(const TPackage& package);
     /// Nothing for a package that is not loaded.
     void Unload(const std::string& name);
+    /// What the loaded packages have registered.
+    TRegistrations Registered() const;
 
   private:
     class TLoaded;

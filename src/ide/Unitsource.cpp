@@ -5,6 +5,7 @@
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
+#include "source/Ancestors.h"
 #include "source/Sourceedits.h"
 
 namespace tml {
@@ -120,6 +121,13 @@ void TUnitSource::RenameForm(const std::string& oldName, const std::string& newN
     const auto plan = [&](const TSourceText& source) { return RenameIdentifier(source, oldName, newName); };
     Edit(*unit_, "Rename " + oldName, plan);
     if (header_) Edit(*header_, "Rename " + oldName, plan);
+}
+
+std::string TUnitSource::AncestorOf(const std::string& formClass) {
+    const TSourceBuffer& declaration = Declaration();
+    const std::shared_ptr<const std::string> text = declaration.Text();
+    return tml::AncestorOf(TSourceText(*text, LanguageOf(declaration.FileName()), declaration.FileName()),
+                           formClass);
 }
 
 }  // namespace tml

@@ -25,6 +25,9 @@ class TUnitSource {
     /// The form's variable, wherever the unit itself names it.
     void RenameForm(const std::string& oldName, const std::string& newName);
 
+    /// The class that the form's class derives from, "" without one.
+    std::string AncestorOf(const std::string& formClass);
+
   private:
     /// Where the form's class is declared. EBadInput for a C++ unit without a header.
     TSourceBuffer& Declaration();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Clock.h"
 #include "base/Files.h"
 #include "platform/Dialogs.h"
 #include "platform/Mlcommon.h"
@@ -18,6 +19,7 @@ struct THost {
     IDialogs* Dialogs = nullptr;
     IFileSystem* Files = nullptr;
     ICommonLibraryLoader* CommonLibrary = nullptr;
+    IClock* Clock = nullptr;
 };
 
 }  // namespace tml

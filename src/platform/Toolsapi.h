@@ -65,6 +65,10 @@ class IOTAWizard : public IOTANotifier {
     virtual void Execute() = 0;
 };
 
+/// Where a component comes from: the form itself, its ancestor, or a frame that stands on it (the frame's own
+/// components are those that it owns).
+enum class TComponentOrigin { coOwn, coInherited, coFrame };
+
 /// A component on a form. It stays valid while its form is open; a component that has been deleted raises
 /// EBadInput.
 class IOTAComponent {
@@ -75,11 +79,19 @@ class IOTAComponent {
     virtual std::string GetName() = 0;
     /// The form or frame that owns it, nullptr for the form itself.
     virtual std::shared_ptr<IOTAComponent> GetOwner() = 0;
+    /// The component whose block in the form file it stands in, nullptr for the form itself.
+    virtual std::shared_ptr<IOTAComponent> GetParent() = 0;
+    virtual TComponentOrigin GetOrigin() = 0;
+    /// What this one repeats: the ancestor form of a form, the frame's own form of a frame, opened if need
+    /// be; nullptr for other components and where the project has no such form.
+    virtual std::shared_ptr<IOTAComponent> GetAncestor() = 0;
     /// Renames the component; its field in the form's class follows and the form's notifiers are told.
     virtual void SetName(const std::string& name) = 0;
     /// The components that this one owns, in form file order (those inside a frame belong to the frame).
     virtual int GetComponentCount() = 0;
     virtual std::shared_ptr<IOTAComponent> GetComponent(int index) = 0;
+    /// What the form holds, names and values in file order; the rest has its default.
+    virtual std::vector<TFormProperty> GetProperties() = 0;
     /// None when the form does not hold the property (it has its default then).
     virtual std::optional<TFormValue> GetPropValue(const std::string& name) = 0;
     /// The component that a reference names, on the same form or ("Form1.Name") on another form of the
@@ -99,8 +111,22 @@ class IOTAEditor {
     virtual void Show() = 0;
 };
 
+/// The designer of a form, as component and property editors see it.
+class IDesigner {
+  public:
+    virtual ~IDesigner() = default;
+    virtual std::shared_ptr<IOTAComponent> GetRoot() = 0;
+    /// In the order in which they were selected; deleted components are left out.
+    virtual std::vector<std::shared_ptr<IOTAComponent>> GetSelections() = 0;
+    /// EBadInput for a component that is not on this form.
+    virtual void SetSelections(const std::vector<std::shared_ptr<IOTAComponent>>& components) = 0;
+    /// Marks the form as modified.
+    virtual void Modified() = 0;
+};
+
 class IOTAFormEditor : public virtual IOTAEditor {
   public:
+    virtual IDesigner& GetDesigner() = 0;
     virtual std::shared_ptr<IOTAComponent> GetRootComponent() = 0;
     virtual std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) = 0;
     /// Creates a component on the form (container nullptr: the form itself) with a name of its own;

@@ -7,14 +7,29 @@
 
 namespace tml {
 
-/// The platform's dialog for choosing files, shown with ShowModal. Its title is Caption.
-class TOpenDialog : public TForm {
+/// The platform's dialogs for files and folders, shown with ShowModal. Their title is Caption.
+class TFileDialog : public TForm {
   public:
-    std::string DefaultExt;      ///< without a dot
-    std::string Filter;          ///< "Texts (*.txt)|*.txt|All files|*.*"
-    bool FileMustExist = false;  ///< and more than one may be chosen
+    std::string DefaultExt;  ///< without a dot
+    std::string Filter;      ///< "Texts (*.txt)|*.txt|All files|*.*"
+    int FilterIndex = 1;     ///< 1-based: the filter that is proposed, then the one that was chosen
     /// Full paths: the proposal, then what was chosen, in the person's order.
     std::vector<std::string> Files;
+};
+
+class TOpenDialog : public TFileDialog {
+  public:
+    bool FileMustExist = false;  ///< and more than one may be chosen
+};
+
+class TSaveDialog : public TFileDialog {
+  public:
+    bool OverwritePrompt = false;  ///< asks before a file that exists is chosen
+};
+
+class TSelectDirectory : public TForm {
+  public:
+    std::string Folder;  ///< full path: the proposal, then what was chosen
 };
 
 }  // namespace tml

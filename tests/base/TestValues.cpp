@@ -1,5 +1,7 @@
+#include <ctime>
 #include <gtest/gtest.h>
 
+#include "base/Clock.h"
 #include "base/Edits.h"
 #include "base/Errors.h"
 #include "base/Format.h"
@@ -88,6 +90,19 @@ TEST(Edits, TurnBack) {
 TEST(Errors, NameFileLineProblemAndRemedy) {
     EXPECT_STREQ(EBadInput("U.pas", 3, "no end", "Add one").what(), "U.pas:3: no end. Add one");
     EXPECT_STREQ(EBadInput("", 0, "no end").what(), "no end");
+}
+
+TEST(Clock, ShowsTheLocalTime) {
+    const std::time_t seconds = std::time(nullptr);
+    std::tm local = *std::localtime(&seconds);
+    const TDateTime now = MakeSystemClock()->Now();
+    const TDateTime before{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                           local.tm_hour,        local.tm_min,     local.tm_sec};
+    EXPECT_LE(before, now);
+    local.tm_min += 5;
+    std::mktime(&local);
+    EXPECT_LT(now, (TDateTime{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+                              local.tm_min, local.tm_sec}));
 }
 
 }  // namespace

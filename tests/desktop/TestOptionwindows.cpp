@@ -259,6 +259,35 @@ TEST_F(TOptionWindows, SeveralFilesThatExist) {
     EXPECT_EQ(Window->Host().Host().Dialogs->ShowModal(files), mrCancel);
 }
 
+TEST_F(TOptionWindows, AFileToWriteAndAFolder) {
+    TSaveDialog save;
+    save.DefaultExt = "mll";
+    save.Filter = "TmlLang text files (*.mll)|*.mll|TmlLang binary files (*.mlb)|*.mlb";
+    save.FilterIndex = 2;
+    save.OverwritePrompt = true;
+    std::ofstream(Path("orchard/There.mlb")) << "x";
+    User.On([this](QWidget& window) {
+        auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.selectedNameFilter(), "TmlLang binary files (*.mlb)");
+        Type(dialog, "fileNameEdit", "There");
+        User.On([](QWidget& question) { QTest::keyClick(&question, Qt::Key_Escape); });
+        QTest::keyClick(&EditOf(dialog, "fileNameEdit"), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        Activate(dialog);
+        Type(dialog, "fileNameEdit", "New");
+        QTest::keyClick(&EditOf(dialog, "fileNameEdit"), Qt::Key_Return);
+    });
+    EXPECT_EQ(Window->Host().Host().Dialogs->ShowModal(save), mrOk);
+    EXPECT_EQ(save.Files, std::vector{Path("orchard/New.mlb")});
+    EXPECT_EQ(save.FilterIndex, 2);
+
+    TSelectDirectory folder;
+    folder.Folder = Path("orchard");
+    User.On([](QWidget& dialog) { QTest::keyClick(&EditOf(dialog, "fileNameEdit"), Qt::Key_Return); });
+    EXPECT_EQ(Window->Host().Host().Dialogs->ShowModal(folder), mrOk);
+    EXPECT_EQ(folder.Folder, Path("orchard"));
+}
+
 TEST_F(TOptionWindows, HelpOfAModalWindowCanBeRead) {
     User.On([](QWidget& dialog) {
         Press(dialog, "btHelp");

@@ -130,5 +130,49 @@ TEST_F(TDesignerTest, ReferencesFollow) {
     EXPECT_EQ(Form->FindComponent("Panel1")->GetPropValue("ActiveControl"), std::nullopt);
 }
 
+TEST_F(TDesignerTest, PropertiesParentsAndSelection) {
+    const auto button = Form->FindComponent("Button1");
+    EXPECT_EQ(button->GetParent()->GetName(), "Panel1");
+    EXPECT_EQ(Form->GetRootComponent()->GetParent(), nullptr);
+    std::string names;
+    for (const TFormProperty& property : Form->FindComponent("mlLang1")->GetProperties())
+        names += property.Name + " ";
+    EXPECT_EQ(names,
+              "NumOfLanguages LangNames.Strings Dispatcher Captions.Strings ExcludedProperties.Strings ");
+
+    IDesigner& designer = Form->GetDesigner();
+    EXPECT_EQ(designer.GetRoot(), Form->GetRootComponent());
+    designer.SetSelections({button, Form->FindComponent("mlLang1")});
+    button->Delete();
+    ASSERT_EQ(designer.GetSelections().size(), 1U);
+    EXPECT_EQ(designer.GetSelections()[0]->GetName(), "mlLang1");
+    const auto other = Open("/p/sub/App.Unit2.pas")->GetFormEditor()->FindComponent("Disp");
+    EXPECT_THROW(designer.SetSelections({other}), EBadInput);
+    EXPECT_EQ(designer.GetSelections().size(), 1U);
+}
+
+TEST(Designer, TellsWhereComponentsComeFrom) {
+    TSampleIde sample;
+    std::string& unit = sample.Files.Files["/p/Unit1.pas"];
+    unit.replace(unit.find("class(TForm)"), 12, "class(TForm2)");
+    sample.Files.Files["/p/Unit1.dfm"] =
+        "inherited Form1: TForm1\r\n  inherited Disp: TmlLangDispatcher\r\n  end\r\n  inline Part: TForm2\r\n"
+        "  end\r\n  inline Strange: TFrame9\r\n  end\r\n  object Own: TButton\r\n  end\r\nend\r\n";
+    const auto editor = sample.Open("/p/Unit1.pas")->GetFormEditor();
+    const auto ancestorOf = [](const std::shared_ptr<IOTAComponent>& component) {
+        const auto ancestor = component->GetAncestor();
+        return ancestor == nullptr ? "" : ancestor->GetName();
+    };
+    EXPECT_EQ(ancestorOf(editor->GetRootComponent()), "Form2");
+    EXPECT_EQ(ancestorOf(editor->FindComponent("Part")), "Form2");
+    for (const char* name : {"Disp", "Strange", "Own"})
+        EXPECT_EQ(ancestorOf(editor->FindComponent(name)), "") << name;
+    EXPECT_EQ(editor->FindComponent("Disp")->GetOrigin(), TComponentOrigin::coInherited);
+    EXPECT_EQ(editor->FindComponent("Part")->GetOrigin(), TComponentOrigin::coFrame);
+    EXPECT_EQ(editor->FindComponent("Own")->GetOrigin(), TComponentOrigin::coOwn);
+    EXPECT_EQ(ancestorOf(editor->GetRootComponent()->GetAncestor()), "")
+        << "its class is none of the project";
+}
+
 }  // namespace
 }  // namespace tml

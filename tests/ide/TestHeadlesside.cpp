@@ -309,6 +309,50 @@ TEST(HeadlessIde, MenusWindowsAndPackages) {
     EXPECT_EQ(log, "released bad;finalized bad;released b;finalized b;released a;finalized a;");
 }
 
+struct TTestEditor : IPropertyEditor {
+    explicit TTestEditor(IDesigner& designer) : Designer(designer) {}
+    std::vector<TPropertyAttribute> GetAttributes() override { return {TPropertyAttribute::paDialog}; }
+    void GetValues(const std::function<void(const std::string&)>&) override {}
+    void Edit() override { Designer.Modified(); }
+    IDesigner& Designer;
+};
+
+TEST(HeadlessIde, KeepsWhatAPackageRegistersUntilItIsUnloaded) {
+    TSampleIde sample;
+    sample.Ide.LoadPackage({"editors",
+                            [](IRegistration& registration) {
+                                registration.RegisterComponents("Page", {"TmlLang", "TmlLabel"});
+                                registration.RegisterActions("Category", {"TAction"});
+                                registration.RegisterComponentEditor("TmlLang", nullptr);
+                                registration.RegisterSelectionEditor("TComponent", nullptr);
+                                registration.RegisterPropertyEditor(
+                                    "TStrings", "TmlCustomLang", "Captions",
+                                    [](const auto&, const std::string&, IDesigner& designer) {
+                                        return std::make_unique<TTestEditor>(designer);
+                                    });
+                            },
+                            {}});
+    const TRegistrations kept = sample.Ide.Registered();
+    ASSERT_EQ(kept.Components.size() + kept.Actions.size() + kept.ComponentEditors.size() +
+                  kept.SelectionEditors.size() + kept.PropertyEditors.size(),
+              5U);
+    EXPECT_EQ(kept.Components[0].Title, "Page");
+    EXPECT_EQ(kept.Components[0].Classes, (std::vector<std::string>{"TmlLang", "TmlLabel"}));
+    EXPECT_EQ(kept.Actions[0].Title + kept.ComponentEditors[0].ComponentClass +
+                  kept.SelectionEditors[0].ComponentClass,
+              "CategoryTmlLangTComponent");
+    EXPECT_EQ(kept.PropertyEditors[0].PropertyType + "." + kept.PropertyEditors[0].PropertyName,
+              "TStrings.Captions");
+    const auto editor = sample.Open("/p/Unit1.pas")->GetFormEditor();
+    kept.PropertyEditors[0]
+        .Editor(editor->FindComponent("mlLang1"), "Captions", editor->GetDesigner())
+        ->Edit();
+    EXPECT_TRUE(editor->GetModified());
+    sample.Ide.UnloadPackage("editors");
+    EXPECT_TRUE(sample.Ide.Registered().PropertyEditors.empty());
+    EXPECT_TRUE(sample.Ide.Registered().Components.empty());
+}
+
 TEST(HeadlessIde, AFormIsThatOfTheActiveProjectAndIsUndoneWithItsUnit) {
     TMemoryFileSystem files;
     AddSampleProject(files);
