@@ -57,8 +57,7 @@ constexpr std::array kInputs{
 
 void ScanAndRewrite(const std::string& text, const std::string& file) {
     TScanInput input;
-    input.Text = text;
-    input.FileName = file;
+    input.Source = ReadSource(text, file);
     input.Component = {"F", "mlLang1", false, "TF"};
     TmlFoundSourceStrings kept;
     for (const TmlFoundSourceString& found : Scan(input).Found)

@@ -10,8 +10,7 @@ namespace tml::bench {
 /// lists are those that "ratios" stores for the program.
 inline TScanInput EveryRule(std::string text, const std::string& fileName, ICommonLibrary* common) {
     TScanInput input;
-    input.Text = std::move(text);
-    input.FileName = fileName;
+    input.Source = ReadSource(std::move(text), fileName);
     input.Component.ComponentName = "mlLang1";
     input.Skip.SkipWords.SetText("OK\r\nCancel\r\n\\d+\r\n[A-Z]{2,4}\r\n");
     input.Skip.SkipLines.SetText("RaiseLastOSError\r\nDebugMessage(\r\n");

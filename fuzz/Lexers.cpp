@@ -6,8 +6,7 @@
 
 #include "Expect.h"
 #include "base/Utf8.h"
-#include "source/Sourcetext.h"
-#include "source/Tokens.h"
+#include "source/Literals.h"
 
 namespace tml::fuzz {
 namespace {
@@ -51,7 +50,7 @@ void CheckLiterals(const TSourceText& source) {
 
 void CheckTokens(const TSourceText& source) {
     std::size_t last = 0;
-    for (const TToken& token : Tokenize(source)) {
+    for (const TToken& token : source.Tokens()) {
         Expect(token.Begin >= last && token.Begin < token.End, "tokens are in order and not empty");
         for (const char c : source.Text().substr(last, token.Begin - last))
             Expect(static_cast<unsigned char>(c) <= ' ' || c == '\\', "only blanks lie between tokens");

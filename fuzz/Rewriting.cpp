@@ -9,15 +9,13 @@
 #include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "scan/Rewrite.h"
-#include "source/Tokens.h"
 
 namespace tml::fuzz {
 namespace {
 
 TScanInput InputOf(const std::string& text, const std::string& fileName) {
     TScanInput input;
-    input.Text = text;
-    input.FileName = fileName;
+    input.Source = ReadSource(text, fileName);
     input.Component = {"MainForm", "mlLang1", false, "TMainForm"};
     input.Existing = TTable(TStringsType::stStrings, TStringList({"IDS_1|Close", "IDS_5|it's"}), "|");
     input.Skip.SkipWords.SetText("OK\r\n");
@@ -37,7 +35,7 @@ void CheckFound(const TScanInput& input, const TScanResult& result) {
         Expect(ids.insert(found.StrID).second, "every string has an ID of its own");
         last = found.SpanEnd;
     }
-    Expect(last <= static_cast<std::int32_t>(input.Text.size()) + 1, "found strings lie in the text");
+    Expect(last <= static_cast<std::int32_t>(input.Text().size()) + 1, "found strings lie in the text");
     Expect(CountStrings(input) == result.Found.Count(), "counting and finding agree");
 }
 
@@ -62,10 +60,10 @@ bool Proven(const TmlFoundSourceStrings& kept, const TScanInput& input, const TE
 /// Quotes that no compiler takes: what they enclose is anybody's guess, so that a rewrite between them may
 /// be refused.
 bool HasStrayQuotes(const TScanInput& input) {
-    const TSourceText source(std::string_view(input.Text), LanguageOf(input.FileName));
-    const auto tokens = Tokenize(source);
+    const auto& tokens = input.Source->Tokens();
     return std::any_of(tokens.begin(), tokens.end(), [&](const TToken& token) {
-        const bool inQuotes = token.Kind != TTokenKind::Literal && TextOf(source, token).front() == '"';
+        const bool inQuotes =
+            token.Kind != TTokenKind::Literal && TextOf(*input.Source, token).front() == '"';
         return token.Kind == TTokenKind::Stray || inQuotes;
     });
 }
@@ -73,12 +71,12 @@ bool HasStrayQuotes(const TScanInput& input) {
 void CheckRewrite(const TScanInput& input, const TScanResult& result) {
     const TmlFoundSourceStrings kept = Kept(result, false);
     const TEdits edits = Rewrite(kept, input);
-    Expect(AreValid(edits, input.Text.size()), "the edits fit the text");
+    Expect(AreValid(edits, input.Text().size()), "the edits fit the text");
     const bool proven = Proven(kept, input, edits);
     Expect(proven || HasStrayQuotes(input), "a rewrite without advised rows is proven");
     if (!proven) return;
     TScanInput second = input;
-    second.Text = ApplyEdits(input.Text, edits);
+    second.Source = ReadSource(ApplyEdits(input.Text(), edits), input.FileName());
     Expect(CountStrings(second) == result.Found.Count() - kept.Count(), "a second scan finds no call again");
 }
 

@@ -7,7 +7,6 @@
 #include "cli/Scantargets.h"
 #include "projects/Listablefiles.h"
 #include "projects/Projectfiles.h"
-#include "scan/Scansettings.h"
 
 namespace tml {
 namespace {
@@ -134,13 +133,13 @@ class TScanRun {
         found_ += result.Found.Count();
         skipped_ += static_cast<std::int64_t>(result.Skipped.size());
         if (options_.Count) return;
-        TLineCounter lines(input.Text);
+        TLineCounter lines(input.Text());
         for (const TmlFoundSourceString& found : result.Found)
-            PrintFound(input.FileName, found, lines);
+            PrintFound(input.FileName(), found, lines);
         if (!options_.Skipped) return;
-        TLineCounter skippedLines(input.Text);
+        TLineCounter skippedLines(input.Text());
         for (const TmlSkippedString& skipped : result.Skipped)
-            PrintSkipped(input.FileName, skipped, skippedLines);
+            PrintSkipped(input.FileName(), skipped, skippedLines);
     }
 
     void PrintFound(const std::string& file, const TmlFoundSourceString& found, TLineCounter& lines) const {

@@ -63,36 +63,6 @@ std::vector<std::string> NamesOf(const TOTAModuleInfo& module) {
     return {module.Name, WithExtension(FileNameOf(module.FileName), "")};
 }
 
-std::shared_ptr<TmlCustomLang> ComponentOf(IMlRuntime& runtime, IOTAFormEditor& editor) {
-    const auto root = editor.GetRootComponent();
-    for (int i = 0; i < root->GetComponentCount(); ++i)
-        if (auto component = runtime.AsCustomLang(root->GetComponent(i))) return component;
-    return nullptr;
-}
-
-/// The name that an inserted component gets.
-std::string InsertedName(const std::string& className, const std::string& formName) {
-    return className.substr(1) + (formName.empty() ? "" : "_" + formName);
-}
-
-TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& module, const std::string& defaultClass) {
-    TReceiver receiver;
-    const auto editor = module.GetFormEditor();
-    receiver.Component.FormName = module.GetFormName();
-    receiver.Component.FormClass = editor->GetRootComponent()->GetComponentType();
-    const auto component = ComponentOf(runtime, *editor);
-    receiver.Component.ComponentName =
-        component != nullptr ? component->GetName() : InsertedName(defaultClass, receiver.Component.FormName);
-    if (component != nullptr) receiver.Existing = component->GetTable(TStringsType::stStrings);
-    return receiver;
-}
-
-void SetReceiver(TScanInput& input, TReceiver receiver) {
-    receiver.Component.WithForm = receiver.Component.WithForm || input.Component.WithForm;
-    input.Component = std::move(receiver.Component);
-    input.Existing = std::move(receiver.Existing);
-}
-
 /// A module that is open while this lives, and closed then unless it was open before.
 class TOpenModule {
   public:
@@ -123,12 +93,9 @@ std::string ComponentInFile(TWorkplace& workplace, const std::string& formFile) 
     }
 }
 
-/// The receiver of units is not the unit's own form, so it is always named with it.
 TReceiver ReceiverForUnits(TWorkplace& workplace, const TScanTarget& form, const std::string& defaultClass) {
     const TOpenModule module(workplace, form.FileName);
-    TReceiver receiver = ReceiverOf(*workplace.Host().Runtime, *module, defaultClass);
-    receiver.Component.WithForm = true;
-    return receiver;
+    return ReceiverOf(*workplace.Host().Runtime, *module, defaultClass);
 }
 
 std::string DefaultFormForUnits(IFileSystem& files, const std::string& project) {
@@ -208,19 +175,22 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
 
 void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanShared& shared,
                 TScanInput& input) {
-    input.FileName = target.FileName;
     input.Others = shared.Others;
-    if (target.FormName.empty()) {
-        input.Text = TCodedText::TextOf(workplace.Host().Files->Read(target.FileName));
-        SetReceiver(input, shared.ForUnits);
-        return;
+    // Outside a project there is no code page that an IDE would read the unit in.
+    if (shared.Others == nullptr) {
+        input.Source =
+            ReadSource(TCodedText::TextOf(workplace.Host().Files->Read(target.FileName)), target.FileName);
+        return TakeReceiver(input, shared.ForUnits, true);
     }
     const TOpenModule module(workplace, target.FileName);
-    input.Text = *module->GetSourceEditor(0)->GetText();
-    if (module->GetSourceEditorCount() > 1) input.Header = *module->GetSourceEditor(1)->GetText();
+    TakeUnit(input, *module);
+    if (target.FormName.empty())
+        return TakeReceiver(input, shared.ForUnits, shared.ForUnits.Component.FormName.empty());
     const bool hasForm = module->GetFormEditor() != nullptr;
-    SetReceiver(input, hasForm ? ReceiverOf(*workplace.Host().Runtime, *module, shared.DefaultClass)
-                               : SharedOfPaths(shared.DefaultClass).ForUnits);
+    TakeReceiver(input,
+                 hasForm ? ReceiverOf(*workplace.Host().Runtime, *module, shared.DefaultClass)
+                         : SharedOfPaths(shared.DefaultClass).ForUnits,
+                 true);
 }
 
 }  // namespace tml

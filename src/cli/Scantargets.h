@@ -7,9 +7,8 @@
 
 #include "base/Errors.h"
 #include "cli/Workplace.h"
-#include "core/Settings.h"
 #include "scan/Calls.h"
-#include "scan/Scan.h"
+#include "scan/Scaninput.h"
 
 namespace tml {
 
@@ -26,12 +25,6 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
 
 /// Every unit file that the paths name, folders searched through; EFileError for a path that is not there.
 std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<std::string>& paths);
-
-/// The component that receives a unit's strings.
-struct TReceiver {
-    TComponentReference Component;
-    TTable Existing{TStringsType::stStrings};
-};
 
 /// What the units of a scan have in common.
 struct TScanShared {

@@ -89,7 +89,7 @@ void InsertTmlLang(TContext& context, TListItem& item) {
 
 std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName) {
     const auto editor = GetFormEditor(context, formName);
-    return editor == nullptr ? nullptr : FindCustomLang(context, *editor);
+    return editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
 }
 
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,

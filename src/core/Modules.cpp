@@ -91,17 +91,17 @@ void TModuleLease::Save() {
     if (!wasOpen_) SaveFile(context_, fileName_);
 }
 
-std::shared_ptr<TmlCustomLang> FindCustomLang(TContext& context, IOTAFormEditor& editor) {
+std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor) {
     const auto root = editor.GetRootComponent();
     const int count = root == nullptr ? 0 : root->GetComponentCount();
     for (int i = 0; i < count; ++i)
-        if (auto lang = context.Host.Runtime->AsCustomLang(root->GetComponent(i))) return lang;
+        if (auto lang = runtime.AsCustomLang(root->GetComponent(i))) return lang;
     return nullptr;
 }
 
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {
     const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, fileName));
-    const auto lang = editor == nullptr ? nullptr : FindCustomLang(context, *editor);
+    const auto lang = editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
     if (lang == nullptr) return {};
     return {lang->GetName(), lang->GetClassName(), lang->GetNumLang()};
 }

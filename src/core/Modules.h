@@ -66,7 +66,7 @@ struct TFormAnalysis {
 };
 
 /// The first localization component that the root owns, in form file order; nullptr when there is none.
-std::shared_ptr<TmlCustomLang> FindCustomLang(TContext& context, IOTAFormEditor& editor);
+std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor);
 /// Reads the open form of a file; empty names and 0 when it has no component or is not open.
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName);
 

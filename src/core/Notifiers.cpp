@@ -62,7 +62,7 @@ void TmlModuleNotifier::ComponentRenamed(TComponentHandle handle, const std::str
 void TmlModuleNotifier::PassRenameOn(TComponentHandle handle, const std::string& oldName,
                                      const std::string& newName) {
     if (!IsRegistered()) return;
-    const auto lang = FindCustomLang(context_, *editor_);
+    const auto lang = FindCustomLang(*context_.Host.Runtime, *editor_);
     if (lang == nullptr || lang->GetName() == newName) return;
     if (lang->GetComponent()->GetComponentHandle() == handle) return;
     lang->ComponentRenamed(oldName, newName);

@@ -7,7 +7,8 @@
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "ide/Moduleservices.h"
-#include "source/Sourceedits.h"
+#include "source/Includeedits.h"
+#include "source/Usesedits.h"
 
 namespace tml {
 namespace {
@@ -55,13 +56,12 @@ std::string HeaderOf(const std::string& unit) {
 
 /// A unit of the project by the name in the uses clause or by its header.
 void UseUnit(TSourceBuffer& buffer, const std::string& unit, const std::string& title) {
-    const std::shared_ptr<const std::string> text = buffer.Text();
-    const TSourceText source(*text, LanguageOf(buffer.FileName()), buffer.FileName());
+    const TSharedSource source = buffer.Source();
     const std::string file = FileNameOf(unit);
-    if (source.Language().IsCPPSource)
-        buffer.Apply(AddInclude(source, HeaderOf(file)), title);
+    if (source->Language().IsCPPSource)
+        buffer.Apply(AddInclude(*source, HeaderOf(file)), title);
     else
-        buffer.Apply(AddImplementationUnit(source, WithExtension(file, "")), title);
+        buffer.Apply(AddImplementationUnit(*source, WithExtension(file, "")), title);
 }
 
 }  // namespace

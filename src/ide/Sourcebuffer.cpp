@@ -76,6 +76,14 @@ class TSourceBuffer::TStep : public TUndoStep {
     TCodedText::TUndo undo_;
 };
 
+TSharedSource TSourceBuffer::Source() const {
+    if (readText_ != Text()) {
+        readText_ = Text();
+        source_ = std::make_shared<const TSourceText>(readText_, FileName());
+    }
+    return source_;
+}
+
 void TSourceBuffer::Check(const TEdits& edits) const {
     if (!AreValid(edits, Text()->size()))
         throw EBadInput(FileName(), 0, "the change does not fit the text", "Repeat the command");

@@ -7,6 +7,7 @@
 #include "base/Codedtext.h"
 #include "ide/Document.h"
 #include "platform/Toolsapi.h"
+#include "source/Sourcetext.h"
 
 namespace tml {
 
@@ -19,6 +20,8 @@ class TSourceBuffer : public TDocument {
 
     std::string Bytes() const override { return coded_.Bytes(); }
     std::shared_ptr<const std::string> Text() const { return coded_.SharedText(); }
+    /// The text as it was read, kept until there is another one.
+    TSharedSource Source() const;
 
     /// EBadInput when the edits do not fit the text, or touch a line that cannot be written back.
     void Check(const TEdits& edits) const;
@@ -40,6 +43,8 @@ class TSourceBuffer : public TDocument {
     class TStep;
 
     TCodedText coded_;
+    mutable std::shared_ptr<const std::string> readText_;  ///< what source_ was read from
+    mutable TSharedSource source_;
 };
 
 }  // namespace tml

@@ -96,6 +96,7 @@ class TSourceEditor : public IOTASourceEditor {
     bool GetModified() override { return buffer_->IsModified(); }
     void Show() override { show_(); }
     std::shared_ptr<const std::string> GetText() override { return buffer_->Text(); }
+    TSharedSource GetSource() override { return buffer_->Source(); }
     std::unique_ptr<IOTAEditReader> CreateReader() override {
         return std::make_unique<TEditReader>(buffer_->Text());
     }

@@ -6,7 +6,10 @@
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "source/Ancestors.h"
-#include "source/Sourceedits.h"
+#include "source/Fieldedits.h"
+#include "source/Fields.h"
+#include "source/Includeedits.h"
+#include "source/Usesedits.h"
 
 namespace tml {
 namespace {
@@ -14,9 +17,8 @@ namespace {
 /// Works an edit out on the buffer's text and makes it.
 template <typename PlanEdits>
 void Edit(TSourceBuffer& buffer, const std::string& title, PlanEdits planEdits) {
-    const std::shared_ptr<const std::string> text = buffer.Text();
-    const TSourceText source(*text, LanguageOf(buffer.FileName()), buffer.FileName());
-    buffer.Apply(planEdits(source), title);
+    const TSharedSource source = buffer.Source();
+    buffer.Apply(planEdits(*source), title);
 }
 
 /// AddField has nothing to do where the field is there already.
@@ -25,56 +27,16 @@ bool HasField(const TSourceText& source, const std::string& formClass, const std
     return AddField(source, formClass, name, className).empty();
 }
 
-bool IsNameByte(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
-/// End of the comment or literal that begins at the offset, the offset itself when none does there. Both
-/// lists are walked along with the offset.
-class TNoCode {
-  public:
-    explicit TNoCode(const TSourceText& source) : source_(source) {}
-
-    std::size_t EndAt(std::size_t offset) {
-        return std::max(EndIn(source_.Comments(), comment_, offset),
-                        EndIn(source_.Literals(), literal_, offset));
-    }
-
-  private:
-    template <typename List>
-    static std::size_t EndIn(const List& list, std::size_t& next, std::size_t offset) {
-        while (next < list.size() && list[next].End <= offset)
-            ++next;
-        return next < list.size() && list[next].Begin <= offset ? list[next].End : offset;
-    }
-
-    const TSourceText& source_;
-    std::size_t comment_ = 0;
-    std::size_t literal_ = 0;
-};
-
 /// Every use of a name in code that is not a member of something else.
 TEdits RenameIdentifier(const TSourceText& source, const std::string& oldName, const std::string& newName) {
-    const std::string_view text = source.Text();
-    const bool isCpp = source.Language().IsCPPSource;
-    TNoCode noCode(source);
     TEdits edits;
-    for (std::size_t pos = 0; pos < text.size();) {
-        const std::size_t codeBegin = noCode.EndAt(pos);
-        if (codeBegin > pos) {
-            pos = codeBegin;
-            continue;
-        }
-        std::size_t end = pos;
-        while (end < text.size() && IsNameByte(text[end]))
-            ++end;
-        const std::string_view word = text.substr(pos, end - pos);
-        const std::string_view before = text.substr(0, pos);
-        const bool isMember = before.ends_with('.') || before.ends_with("->");
-        if (!isMember && (isCpp ? word == oldName : SameText(word, oldName)))
-            edits.push_back({pos, end, newName});
-        pos = std::max(end, pos + 1);
+    std::string_view before;
+    for (const TToken& token : source.CodeTokens()) {
+        const std::string_view text = TextOf(source, token);
+        const bool isMember = before == "." || before == "->";
+        if (token.Kind == TTokenKind::Name && !isMember && SameName(source.Language(), text, oldName))
+            edits.push_back({token.Begin, token.End, newName});
+        before = text;
     }
     return edits;
 }
@@ -91,13 +53,14 @@ TSourceBuffer& TUnitSource::Declaration() {
 
 void TUnitSource::AddComponent(const std::string& formClass, const std::string& name,
                                const std::string& className, const std::string& unitName) {
-    TSourceBuffer& declaration = Declaration();
-    const std::string title = "Declare " + name;
-    Edit(declaration, title,
-         [&](const TSourceText& source) { return AddField(source, formClass, name, className); });
-    Edit(declaration, title, [&](const TSourceText& source) {
-        return source.Language().IsCPPSource ? AddInclude(source, unitName + ".hpp")
-                                             : AddUsedUnit(source, unitName);
+    Edit(Declaration(), "Declare " + name, [&](const TSourceText& source) {
+        TEdits edits = source.Language().IsCPPSource ? AddInclude(source, unitName + ".hpp")
+                                                     : AddUsedUnit(source, unitName);
+        for (TEdit& edit : AddField(source, formClass, name, className))
+            edits.push_back(std::move(edit));
+        std::stable_sort(edits.begin(), edits.end(),
+                         [](const TEdit& left, const TEdit& right) { return left.Begin < right.Begin; });
+        return edits;
     });
 }
 

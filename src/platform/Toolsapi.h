@@ -7,6 +7,7 @@
 
 #include "forms/Formvalue.h"
 #include "platform/Changes.h"
+#include "source/Sourcetext.h"
 #include "windows/Controls.h"
 
 namespace tml {
@@ -179,6 +180,8 @@ class IOTASourceEditor : public virtual IOTAEditor {
   public:
     /// The whole text; shared, so that taking it costs nothing.
     virtual std::shared_ptr<const std::string> GetText() = 0;
+    /// The same text as it was read; one object for all who ask, as long as the text stays.
+    virtual TSharedSource GetSource() = 0;
     virtual std::unique_ptr<IOTAEditReader> CreateReader() = 0;
     virtual std::unique_ptr<IOTAEditWriter> CreateUndoableWriter() = 0;
     virtual int GetEditViewCount() = 0;

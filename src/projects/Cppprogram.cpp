@@ -12,7 +12,7 @@
 #include "base/Files.h"
 #include "base/Utf8.h"
 #include "source/Charclass.h"
-#include "source/Tokens.h"
+#include "source/Sourcetext.h"
 
 namespace tml {
 namespace {
@@ -22,7 +22,7 @@ constexpr std::array<std::string_view, 3> kMacros = {"USEFORM", "USEFORMNS", "US
 
 class TProgramReader {
   public:
-    explicit TProgramReader(const TSourceText& source) : source_(source), tokens_(Tokenize(source)) {}
+    explicit TProgramReader(const TSourceText& source) : source_(source), tokens_(source.Tokens()) {}
 
     std::vector<TNamedUnit> Run() {
         std::vector<TNamedUnit> units;
@@ -80,7 +80,7 @@ class TProgramReader {
     }
 
     const TSourceText& source_;
-    const std::vector<TToken> tokens_;
+    const std::vector<TToken>& tokens_;
     std::size_t counted_ = 0;
     int line_ = 1;
 };

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "base/Utf8.h"
-#include "source/Outline.h"
-#include "source/Tokens.h"
+#include "source/Cppoutline.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {
@@ -68,14 +68,14 @@ class TAdviser {
     TAdviser(const TSourceText& source, const TReach& reach)
         : source_(source),
           reach_(reach),
-          tokens_(CodeTokens(source)),
-          regions_(ReadOutline(source)),
+          tokens_(source.CodeTokens()),
+          regions_(source.Outline()),
           finder_(regions_),
           isUnit_(std::any_of(regions_.begin(), regions_.end(),
                               [](const TRegion& part) { return part.Kind == TRegionKind::Interface; })),
-          header_(reach.Header, kCpp),
           advice_(source.Literals().size(), TAdvice::None) {
-        if (IsCpp() && !reach.Everywhere) staticMethods_ = ReadStaticMethods(header_, reach.FormClass);
+        if (reach.Header != nullptr && !reach.Everywhere)
+            staticMethods_ = ReadStaticMethods(*reach.Header, reach.FormClass);
     }
 
     std::vector<TAdvice> Run() {
@@ -278,11 +278,10 @@ class TAdviser {
 
     const TSourceText& source_;
     const TReach& reach_;
-    std::vector<TToken> tokens_;
-    std::vector<TRegion> regions_;
+    const std::vector<TToken>& tokens_;
+    const std::vector<TRegion>& regions_;
     TRegionFinder finder_;
     bool isUnit_;
-    TSourceText header_;
     std::vector<std::string_view> staticMethods_;
     std::vector<TAdvice> advice_;
     std::size_t at_ = 0;

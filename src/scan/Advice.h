@@ -53,8 +53,8 @@ std::string_view AdviceText(TAdvice advice);
 struct TReach {
     std::string_view FormClass;  ///< the form's class; its methods reach the component
     bool Everywhere = false;     ///< the reference names the form, so that any code reaches it
-    /// The text of a C++ unit's header, which tells the methods without an object; "" when there is none.
-    std::string_view Header = {};
+    /// A C++ unit's header, which tells the methods without an object; nullptr when there is none.
+    const TSourceText* Header = nullptr;
 };
 
 /// The advice for each literal of the source, in the order of Literals().

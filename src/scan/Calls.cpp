@@ -4,6 +4,7 @@
 
 #include "base/Utf8.h"
 #include "source/Charclass.h"
+#include "source/Literals.h"
 #include "tables/Textmethods.h"
 
 namespace tml {

@@ -8,6 +8,7 @@
 #include "base/Utf8.h"
 #include "scan/Lines.h"
 #include "source/Charclass.h"
+#include "source/Literals.h"
 #include "source/Pascalwords.h"
 
 namespace tml {
@@ -45,7 +46,7 @@ void Join(std::string& value, std::string_view piece, bool touches) {
 }  // namespace
 
 TConstReader::TConstReader(const TSourceText& source)
-    : source_(source), tokens_(Tokenize(source)), regions_(ReadPascalOutline(source)), finder_(regions_) {
+    : source_(source), tokens_(source.Tokens()), regions_(source.Outline()), finder_(regions_) {
     CheckEnds();
     FollowConditions();
     std::size_t token = 0;

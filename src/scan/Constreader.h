@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "scan/Advice.h"
-#include "source/Outline.h"
-#include "source/Tokens.h"
+#include "source/Sourcetext.h"
 
 namespace tml {
 
@@ -54,8 +53,8 @@ class TConstReader {
     std::string_view TextAt(std::size_t index) const { return TextOf(source_, tokens_[index]); }
 
     const TSourceText& source_;
-    std::vector<TToken> tokens_;
-    std::vector<TRegion> regions_;
+    const std::vector<TToken>& tokens_;
+    const std::vector<TRegion>& regions_;
     TRegionFinder finder_;
     std::vector<bool> conditional_;  ///< for each token: compiled under a condition only
     std::vector<TConstDeclaration> declarations_;

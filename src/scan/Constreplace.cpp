@@ -38,19 +38,16 @@ void TConstRun::Plan(const TmlFoundSourceStrings& kept, const std::shared_ptr<co
                      TChangeSet& changes) const {
     const auto editor = GetFormEditor(context_, formName_);
     const std::string& component = input_.Scan.Component.ComponentName;
-    const auto formText = GetModuleFromFileName(context_, formUnit_)->GetSourceEditor(0)->GetText();
-    const TConstForm form{*formText,
-                          formUnit_,
-                          input_.Scan.Component.ClassName(),
-                          component,
+    const auto formSource = GetModuleFromFileName(context_, formUnit_)->GetSourceEditor(0);
+    const TConstForm form{formSource->GetSource(), input_.Scan.Component.ClassName(), component,
                           HandlerOf(*editor->GetRootComponent(), "OnCreate"),
                           HandlerOf(*editor->FindComponent(component), kOnChangeLanguage)};
     const TConstChanges planned = RewriteConsts(kept, input_, records_, form);
     ProveConsts(kept, input_, records_, form, planned);
-    changes.Sources.push_back({input_.Scan.FileName, text, planned.Unit});
+    changes.Sources.push_back({input_.Scan.FileName(), text, planned.Unit});
     if (!planned.FormUnit.empty()) {
-        changes.Sources.push_back({formUnit_, formText, planned.FormUnit});
-        changes.UsedUnits.emplace_back(formUnit_, FileNameOf(input_.Scan.FileName));
+        changes.Sources.push_back({formUnit_, formSource->GetText(), planned.FormUnit});
+        changes.UsedUnits.emplace_back(formUnit_, FileNameOf(input_.Scan.FileName()));
     }
     const auto set = [&](const std::string& owner, const char* event, const std::string& handler) {
         if (!handler.empty())

@@ -11,7 +11,6 @@
 #include "scan/Calls.h"
 #include "source/Charclass.h"
 #include "source/Methods.h"
-#include "source/Tokens.h"
 
 namespace tml {
 namespace {
@@ -83,8 +82,7 @@ void Append(TEdits& edits, TEdit edit) {
 /// Collects what is added to a unit.
 class TUnitPatch {
   public:
-    TUnitPatch(std::string_view text, const std::string& fileName)
-        : source_(text, kPascal, fileName), routines_(source_) {}
+    explicit TUnitPatch(const TSourceText& source) : source_(source), routines_(source) {}
 
     const TUnitRoutines& Routines() const { return routines_; }
     void Add(TEdit edit) { edits_.push_back(std::move(edit)); }
@@ -123,7 +121,7 @@ class TUnitPatch {
     }
 
   private:
-    TSourceText source_;
+    const TSourceText& source_;
     TUnitRoutines routines_;
     TEdits edits_;
     std::string className_;
@@ -132,12 +130,12 @@ class TUnitPatch {
 };
 
 bool IsOwnForm(const TConstInput& input, const TConstForm& form) {
-    return SameText(input.Scan.FileName, form.FileName);
+    return SameText(input.Scan.FileName(), form.FileName());
 }
 
 /// "" for the form's own routine, else the unit in front of the procedure's name.
 std::string QualifierOf(const TConstInput& input, const TConstForm& form) {
-    return IsOwnForm(input, form) ? std::string() : WithExtension(FileNameOf(input.Scan.FileName), "");
+    return IsOwnForm(input, form) ? std::string() : WithExtension(FileNameOf(input.Scan.FileName()), "");
 }
 
 /// The handlers of the form, as they are or shall be. A method that is bound to no event is taken for one
@@ -188,11 +186,7 @@ class TConstRewriter {
   public:
     TConstRewriter(const TmlFoundSourceStrings& kept, const TConstInput& input,
                    const std::vector<TStrRec>& records, const TConstForm& form)
-        : kept_(kept),
-          input_(input),
-          records_(records),
-          form_(form),
-          unit_(input.Scan.Text, input.Scan.FileName) {}
+        : kept_(kept), input_(input), records_(records), form_(form), unit_(*input.Scan.Source) {}
 
     TConstChanges Run() {
         std::string lines;
@@ -200,7 +194,7 @@ class TConstRewriter {
         for (const TmlFoundSourceString& row : kept_) {
             if (row.MarkedToIgnore) continue;
             const TStrRec& record = RecordOf(records_, row);
-            Append(declarations, DeclarationEdit(record, input_.Scan.Text, input_.EmptyConstsValues));
+            Append(declarations, DeclarationEdit(record, input_.Scan.Text(), input_.EmptyConstsValues));
             const std::string statement = Assignment(record, row);
             if (record.IsLocal)
                 unit_.AddFirst(RoutineAt(record), statement);
@@ -224,7 +218,7 @@ class TConstRewriter {
     const TUnitRoutines::TRoutine& RoutineAt(const TStrRec& record) const {
         for (const TUnitRoutines::TRoutine& routine : unit_.Routines().Routines())
             if (routine.Begin == record.Routine) return routine;
-        throw EBadInput(input_.Scan.FileName, record.StrLine,
+        throw EBadInput(input_.Scan.FileName(), record.StrLine,
                         "the routine around the constant " + record.StrName + " has no body in Pascal",
                         "Leave this constant out.");
     }
@@ -243,7 +237,7 @@ class TConstRewriter {
             return;
         }
         if (!unit_.Routines().DeclaresRoutine(name)) unit_.DeclareInInterface(name);
-        TUnitPatch formUnit(form_.Text, form_.FileName);
+        TUnitPatch formUnit(*form_.Source);
         AddHandlers(formUnit, changes);
         changes.FormUnit = formUnit.Take();
     }
@@ -251,7 +245,7 @@ class TConstRewriter {
     void AddHandlers(TUnitPatch& patch, TConstChanges& changes) const {
         const std::string_view ancestor = patch.Routines().AncestorOf(form_.ClassName);
         if (SameText(ancestor, "TFrame") || SameText(ancestor, "TCustomFrame"))
-            throw EBadInput(form_.FileName, 0, "a frame has no creation handler to set the constants in",
+            throw EBadInput(form_.FileName(), 0, "a frame has no creation handler to set the constants in",
                             "Use the component of a form.");
         const THandlers handlers(patch.Routines(), form_);
         const std::string qualifier = QualifierOf(input_, form_);
@@ -272,7 +266,7 @@ class TConstRewriter {
             return;
         }
         if (routines.DeclaresMethod(form_.ClassName, name))
-            throw EBadInput(form_.FileName, 0, "the handler " + name + " has no body in the unit",
+            throw EBadInput(form_.FileName(), 0, "the handler " + name + " has no body in the unit",
                             "Write it, or call " + call + " where the form is created.");
         const std::string head = name + "(" + std::string(kPascal.EVENTPARAMETER) + ": TObject)";
         patch.Declare(form_.ClassName, head);
@@ -304,7 +298,7 @@ class TConstProof {
           records_(records),
           form_(form),
           changes_(changes),
-          newText_(ApplyEdits(input.Scan.Text, changes.Unit)) {}
+          newSource_(ReadSource(ApplyEdits(input.Scan.Text(), changes.Unit), input.Scan.FileName())) {}
 
     void Run() const {
         CheckAssignments();
@@ -314,12 +308,12 @@ class TConstProof {
 
   private:
     [[noreturn]] void Fail(int line, const std::string& problem) const {
-        throw EBadInput(input_.Scan.FileName, line, problem, "Nothing was changed; leave this constant out.");
+        throw EBadInput(input_.Scan.FileName(), line, problem,
+                        "Nothing was changed; leave this constant out.");
     }
 
     void CheckAssignments() const {
-        const TSourceText source(std::string_view(newText_), kPascal, input_.Scan.FileName);
-        const std::set<std::pair<std::string, std::string>> assigned = ReadAssignments(source);
+        const std::set<std::pair<std::string, std::string>> assigned = ReadAssignments(*newSource_);
         for (const TmlFoundSourceString& row : kept_) {
             if (row.MarkedToIgnore) continue;
             const TStrRec& record = RecordOf(records_, row);
@@ -332,7 +326,7 @@ class TConstProof {
     /// Names and IDs, upper-cased, of "name := call".
     std::set<std::pair<std::string, std::string>> ReadAssignments(const TSourceText& source) const {
         std::set<std::pair<std::string, std::string>> assigned;
-        const std::vector<TToken> tokens = CodeTokens(source);
+        const std::vector<TToken>& tokens = source.CodeTokens();
         std::size_t token = 0;
         for (const TAccessorCall& call : FindCalls(source, input_.Scan.Component)) {
             while (token < tokens.size() && tokens[token].Begin < call.Begin)
@@ -356,7 +350,7 @@ class TConstProof {
             if (!row.MarkedToIgnore)
                 --left[{RecordOf(records_, row).StrName, RecordOf(records_, row).StrContent}];
         TConstInput input = input_;
-        input.Scan.Text = newText_;
+        input.Scan.Source = newSource_;
         input.Scan.Progress = nullptr;
         for (const TStrRec& record : ScanConsts(input).Records)
             --left[{record.StrName, record.StrContent}];
@@ -370,10 +364,11 @@ class TConstProof {
             return !row.MarkedToIgnore && !RecordOf(records_, row).IsLocal;
         });
         if (!anyShared) return;
-        const std::string formText =
-            IsOwnForm(input_, form_) ? newText_ : ApplyEdits(form_.Text, changes_.FormUnit);
-        const TSourceText source(std::string_view(formText), kPascal, form_.FileName);
-        const TUnitRoutines routines(source);
+        const TSharedSource source =
+            IsOwnForm(input_, form_)
+                ? newSource_
+                : ReadSource(ApplyEdits(form_.Source->Text(), changes_.FormUnit), form_.FileName());
+        const TUnitRoutines routines(*source);
         const THandlers handlers(routines, form_);
         for (const std::string& name : {handlers.Create, handlers.ChangeLanguage}) {
             const auto* routine = routines.Find(form_.ClassName, name);
@@ -387,7 +382,7 @@ class TConstProof {
     const std::vector<TStrRec>& records_;
     const TConstForm& form_;
     const TConstChanges& changes_;
-    std::string newText_;
+    TSharedSource newSource_;
 };
 
 }  // namespace

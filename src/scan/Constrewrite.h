@@ -10,12 +10,13 @@ namespace tml {
 
 /// The form whose component fetches the texts.
 struct TConstForm {
-    std::string Text;      ///< its unit, UTF-8, lines end with CR LF
-    std::string FileName;  ///< its unit; that of the scan for a unit with its own form
+    TSharedSource Source;  ///< its unit; that of the scan for a unit with its own form
     std::string ClassName;
     std::string ComponentName;
     std::string OnCreate;          ///< the handler that the form file names, "" when it names none
     std::string OnChangeLanguage;  ///< the component's, likewise
+
+    const std::string& FileName() const { return Source->FileName(); }
 };
 
 /// What a rewrite of constants changes.

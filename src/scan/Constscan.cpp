@@ -9,6 +9,7 @@
 #include "base/Utf8.h"
 #include "scan/Constreader.h"
 #include "source/Charclass.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {
@@ -44,12 +45,12 @@ class TConstWalk {
   public:
     explicit TConstWalk(const TConstInput& input)
         : input_(input),
-          text_(input.Scan.Text),
-          source_(text_, kPascal, input.Scan.FileName),
+          source_(*input.Scan.Source),
+          text_(source_.Text()),
           reader_(source_),
           rules_(input.Scan.Skip, kPascal, input.Scan.Common),
           ids_(input) {
-        if (input.Scan.Common != nullptr) input.Scan.Common->InitInternalPasSource(input.Scan.Text);
+        if (input.Scan.Common != nullptr) input.Scan.Common->InitInternalPasSource(std::string(text_));
     }
 
     TConstScanResult Run() {
@@ -181,8 +182,8 @@ class TConstWalk {
     }
 
     const TConstInput& input_;
+    const TSourceText& source_;
     std::string_view text_;
-    TSourceText source_;
     TConstReader reader_;
     TSkipRules rules_;
     TConstIDs ids_;
@@ -195,7 +196,7 @@ class TConstWalk {
 }  // namespace
 
 TConstScanResult ScanConsts(const TConstInput& input) {
-    if (LanguageOf(input.Scan.FileName).IsCPPSource) return {};
+    if (input.Scan.Source->Language().IsCPPSource) return {};
     return TConstWalk(input).Run();
 }
 

@@ -128,13 +128,12 @@ void ShowStringInSource(TContext& context, const std::string& formName, const st
     const auto lang = GetmlLang(context, formName);
     if (lang == nullptr) return;
     const auto editor = GetModuleFromFileName(context, row->SubItems[fcFileName])->GetSourceEditor(0);
-    const auto text = editor->GetText();
-    const TSourceText source(std::string_view(*text), LanguageOf(editor->GetFileName()));
+    const TSharedSource source = editor->GetSource();
     TComponentReference component;
     component.FormName = formName;
     component.ComponentName = lang->GetName();
-    for (const TAccessorCall& call : FindCalls(source, component)) {
-        if (!SameText(CalledID(source, call), id)) continue;
+    for (const TAccessorCall& call : FindCalls(*source, component)) {
+        if (!SameText(CalledID(*source, call), id)) continue;
         const auto view = editor->GetEditView(0);
         view->SetCursorPos(view->PosToCharPos(static_cast<int>(call.Begin)));
         return;

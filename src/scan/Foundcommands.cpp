@@ -3,7 +3,7 @@
 #include "base/Utf8.h"
 #include "scan/Found.h"
 #include "scan/Skippedstrings.h"
-#include "source/Sourcetext.h"
+#include "source/Literals.h"
 
 // What the commands of the review do to its rows.
 

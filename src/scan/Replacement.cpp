@@ -1,7 +1,7 @@
 #include "scan/Replacement.h"
 
 #include "base/Utf8.h"
-#include "source/Sourcetext.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {

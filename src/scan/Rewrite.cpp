@@ -107,7 +107,10 @@ TEdits TagEdits(const TmlFoundSourceStrings& rows, const TSourceText& source) {
 class TProof {
   public:
     TProof(const TmlFoundSourceStrings& kept, const TScanInput& input, const TEdits& edits)
-        : kept_(kept), input_(input), edits_(edits), newText_(ApplyEdits(input.Text, edits)) {}
+        : kept_(kept),
+          input_(input),
+          edits_(edits),
+          newSource_(ReadSource(ApplyEdits(std::string(input.Text()), edits), input.FileName())) {}
 
     void Run() {
         CheckRest();
@@ -117,15 +120,15 @@ class TProof {
 
   private:
     [[noreturn]] void Fail(std::size_t oldOffset, const std::string& problem) const {
-        const std::string_view before = std::string_view(input_.Text).substr(0, oldOffset);
+        const std::string_view before = input_.Text().substr(0, oldOffset);
         const int line = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
-        throw EBadInput(input_.FileName, line, problem, "Nothing was changed; leave this string out.");
+        throw EBadInput(input_.FileName(), line, problem, "Nothing was changed; leave this string out.");
     }
 
     /// Compares what lies between the edits in both texts.
     void CheckRest() const {
-        const std::string_view oldText = input_.Text;
-        const std::string_view newText = newText_;
+        const std::string_view oldText = input_.Text();
+        const std::string_view newText = newSource_->Text();
         std::size_t oldPos = 0;
         std::size_t newPos = 0;
         for (const TEdit& edit : edits_) {
@@ -141,8 +144,7 @@ class TProof {
 
     /// Every kept row must have become a call with its ID, at its place.
     void CheckCalls() {
-        const TSourceText source(std::string_view(newText_), LanguageOf(input_.FileName));
-        const std::vector<TAccessorCall> calls = FindCalls(source, input_.Component);
+        const std::vector<TAccessorCall> calls = FindCalls(*newSource_, input_.Component);
         const std::vector<const TmlFoundSourceString*> rows = Rewritten();
         std::size_t call = 0;
         std::ptrdiff_t shift = 0;
@@ -156,7 +158,7 @@ class TProof {
             while (call < calls.size() && calls[call].Begin < begin)
                 ++call;
             const bool found = call < calls.size() && calls[call].End <= calls_.back().End &&
-                               CalledID(source, calls[call]) == row.StrID;
+                               CalledID(*newSource_, calls[call]) == row.StrID;
             if (!found) Fail(edit.Begin, "the string '" + row.StrID + "' would not be found as a call");
         }
         if (calls_.size() < rows.size())
@@ -179,7 +181,7 @@ class TProof {
     /// The next scan must pass over every call.
     void CheckSecondScan() const {
         TScanInput input = input_;
-        input.Text = newText_;
+        input.Source = newSource_;
         input.Selection.reset();
         input.WithAdvice = false;
         input.Progress = nullptr;
@@ -199,7 +201,7 @@ class TProof {
     const TmlFoundSourceStrings& kept_;
     const TScanInput& input_;
     const TEdits& edits_;
-    std::string newText_;
+    TSharedSource newSource_;
     std::vector<TTextRange> calls_;  ///< the rewritten rows in the new text
 };
 
@@ -208,9 +210,8 @@ class TProof {
 TEdits Rewrite(const TmlFoundSourceStrings& kept, const TScanInput& input) {
     TmlFoundSourceStrings rows = kept;
     rows.Sort();
-    const TSourceText source(std::string_view(input.Text), LanguageOf(input.FileName), input.FileName);
-    const TEdits calls = CallEdits(rows, input.Text);
-    const TEdits tags = TagEdits(rows, source);
+    const TEdits calls = CallEdits(rows, input.Text());
+    const TEdits tags = TagEdits(rows, *input.Source);
     TEdits edits;
     // At one place a tag line comes in front of a call.
     std::merge(tags.begin(), tags.end(), calls.begin(), calls.end(), std::back_inserter(edits),

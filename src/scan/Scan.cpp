@@ -8,6 +8,7 @@
 #include "base/Utf8.h"
 #include "scan/Calls.h"
 #include "source/Charclass.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {
@@ -20,20 +21,18 @@ class TWalk {
   public:
     explicit TWalk(const TScanInput& input)
         : input_(input),
-          text_(input.Text),
-          language_(LanguageOf(input.FileName)),
-          source_(text_, language_, input.FileName),
+          source_(*input.Source),
+          text_(source_.Text()),
+          language_(source_.Language()),
           begin_(input.Selection ? input.Selection->Begin : 0),
           end_(std::min(input.Selection ? input.Selection->End : text_.size(), text_.size())),
           rules_(input.Skip, language_, input.Common),
           calls_(FindCalls(source_, input.Component, input.Others.get())) {
         if (text_.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) - 1)
-            throw EBadInput(input.FileName, 0, "the text is larger than 2 GB", "Divide the unit.");
+            throw EBadInput(input.FileName(), 0, "the text is larger than 2 GB", "Divide the unit.");
         begin_ = std::min(begin_, end_);
-        if (input.Common != nullptr) input.Common->InitInternalPasSource(input.Text);
+        if (input.Common != nullptr) input.Common->InitInternalPasSource(std::string(text_));
     }
-
-    const TSourceText& Source() const { return source_; }
 
     /// onFound(index of the literal, its decoded text, end of its line) for each accepted literal.
     template <typename OnFound>
@@ -116,9 +115,9 @@ class TWalk {
     }
 
     const TScanInput& input_;
+    const TSourceText& source_;
     std::string_view text_;
     const TLanguage& language_;
-    TSourceText source_;
     std::size_t begin_;
     std::size_t end_;
     TSkipRules rules_;
@@ -146,17 +145,6 @@ class TNewIDs {
     std::int32_t counter_ = -1;
 };
 
-TCallStyle StyleIn(const TSourceText& source, const TScanInput& input) {
-    TCallStyle style;
-    style.Language = &source.Language();
-    style.Reference = input.Component.Text(source.Language());
-    style.ReplaceMethod = input.ReplaceMethod;
-    style.CommentsLength = input.CommentsLength;
-    style.NoCommentsInSources = input.NoCommentsInSources;
-    style.CommentsNest = source.CommentsNest();
-    return style;
-}
-
 void Describe(TmlFoundSourceString& row, const TLiteral& literal, const std::string& text,
               const TLanguage& language) {
     row.StrContent = text;
@@ -180,14 +168,21 @@ std::int32_t CountLines(std::string_view text) {
 }  // namespace
 
 TCallStyle CallStyleOf(const TScanInput& input) {
-    return StyleIn(TSourceText(std::string_view(input.Text), LanguageOf(input.FileName)), input);
+    TCallStyle style;
+    style.Language = &input.Source->Language();
+    style.Reference = input.Component.Text(*style.Language);
+    style.ReplaceMethod = input.ReplaceMethod;
+    style.CommentsLength = input.CommentsLength;
+    style.NoCommentsInSources = input.NoCommentsInSources;
+    style.CommentsNest = input.Source->CommentsNest();
+    return style;
 }
 
 TScanResult Scan(const TScanInput& input) {
     TScanResult result;
     TWalk walk(input);
-    const TSourceText& source = walk.Source();
-    const TCallStyle style = StyleIn(source, input);
+    const TSourceText& source = *input.Source;
+    const TCallStyle style = CallStyleOf(input);
     TNewIDs ids(input.HCPrefix, input.Existing);
     std::vector<std::size_t> places;
     std::int32_t line = 0;
@@ -207,7 +202,8 @@ TScanResult Scan(const TScanInput& input) {
     });
     if (!input.WithAdvice || places.empty()) return result;
     const std::string formClass = input.Component.ClassName();
-    const std::vector<TAdvice> advice = Advise(source, {formClass, input.Component.WithForm, input.Header});
+    const std::vector<TAdvice> advice =
+        Advise(source, {formClass, input.Component.WithForm, input.Header.get()});
     for (std::size_t i = 0; i < places.size(); ++i)
         result.Found[static_cast<int>(i)].Advice = advice[places[i]];
     return result;

@@ -12,6 +12,7 @@
 #include "scan/Foundstring.h"
 #include "scan/Replacement.h"
 #include "scan/Skiprules.h"
+#include "source/Sourcetext.h"
 #include "tables/Table.h"
 
 namespace tml {
@@ -26,9 +27,8 @@ struct TTextRange {
 
 /// All that a scan of one unit depends on.
 struct TScanInput {
-    std::string Text;      ///< the whole unit, UTF-8, lines end with CR LF
-    std::string FileName;  ///< its extension chooses the language
-    std::string Header;    ///< the text of a C++ unit's header, "" when there is none; serves the advice
+    TSharedSource Source;  ///< the whole unit; its lines end with CR LF
+    TSharedSource Header;  ///< of a C++ unit, may be null; serves the advice
     TComponentReference Component;
     std::shared_ptr<const TFormComponents> Others;  ///< calls on these are passed over too; may be null
     TTable Existing{TStringsType::stStrings};       ///< what the component holds already
@@ -42,6 +42,9 @@ struct TScanInput {
     bool WithAdvice = true;               ///< off, every Advice is None and the scan is quicker
     /// Told the number of strings found so far after each; false ends the scan by EmlLangSilent.
     std::function<bool(int)> Progress;
+
+    std::string_view Text() const { return Source->Text(); }
+    const std::string& FileName() const { return Source->FileName(); }
 };
 
 struct TScanResult {

@@ -13,7 +13,7 @@
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"
-#include "scan/Scansettings.h"
+#include "scan/Scaninput.h"
 #include "scan/Selunit.h"
 
 namespace tml {
@@ -104,22 +104,16 @@ void TRun::Open() {
 
 TScanInput TRun::MakeInput() {
     ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
-    const bool ownUnit = SameText(unitFile_, formUnit_);
     TScanInput input = ScanInputOf(context_.Settings.Get(), loader != nullptr ? loader->Load() : nullptr);
-    input.Text = *text_;
-    input.FileName = unitFile_;
-    const auto module = GetModuleFromFileName(context_, unitFile_);
-    if (module->GetSourceEditorCount() > 1) input.Header = *module->GetSourceEditor(1)->GetText();
-    input.Component.FormName = item_.Caption;
-    input.Component.ComponentName = lang_->GetName();
-    input.Component.WithForm = input.Component.WithForm || !ownUnit;
-    input.Component.FormClass =
-        GetFormEditor(context_, item_.Caption)->GetRootComponent()->GetComponentType();
+    TakeUnit(input, *GetModuleFromFileName(context_, unitFile_));
+    TakeReceiver(input,
+                 ReceiverOf(*context_.Host.Runtime, *GetModuleFromFileName(context_, formUnit_),
+                            lang_->GetClassName()),
+                 SameText(unitFile_, formUnit_));
     const auto others = std::make_shared<TFormComponents>();
     for (const auto& row : context_.Rows.FormNames.Items())
         others->Add(row->Caption, ComponentOf(context_, *row));
     input.Others = others;
-    input.Existing = lang_->GetTable(TStringsType::stStrings);
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
         return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));

@@ -8,7 +8,7 @@
 #include "base/Utf8.h"
 #include "core/Modules.h"
 #include "scan/Lines.h"
-#include "scan/Scansettings.h"
+#include "scan/Scaninput.h"
 
 namespace tml {
 namespace {

@@ -1,10 +1,10 @@
 // One walk over the tokens of a C++ text. What an opening brace opens is told from the tokens of its
 // statement, those since the last semicolon or brace: a namespace, a class, a function or a block. The
 // branches of conditional compilation are read one after the other.
+#include "source/Cppoutline.h"
+
 #include <algorithm>
 #include <array>
-
-#include "source/Outline.h"
 
 namespace tml {
 namespace {
@@ -21,7 +21,7 @@ bool IsIn(const List& list, std::string_view word) {
 
 class TCppReader {
   public:
-    explicit TCppReader(const TSourceText& source) : source_(source), tokens_(CodeTokens(source)) {
+    explicit TCppReader(const TSourceText& source) : source_(source), tokens_(source.CodeTokens()) {
         std::erase_if(tokens_, [](const TToken& token) { return token.OnDirectiveLine; });
     }
 
@@ -249,8 +249,8 @@ std::vector<TRegion> ReadCppOutline(const TSourceText& source) {
 }
 
 std::vector<std::string_view> ReadStaticMethods(const TSourceText& source, std::string_view className) {
-    const std::vector<TToken> tokens = CodeTokens(source);
-    const std::vector<TRegion> regions = ReadCppOutline(source);
+    const std::vector<TToken>& tokens = source.CodeTokens();
+    const std::vector<TRegion>& regions = source.Outline();
     TRegionFinder finder(regions);
     std::vector<std::string_view> names;
     bool isStatic = false;

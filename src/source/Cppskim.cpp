@@ -1,11 +1,12 @@
 // C++ text: strings with escapes and prefixes, raw strings, character constants, digit separators,
 // comments, preprocessor lines. Adjacent strings, which the compiler joins, become one literal, and so
 // does a string with the _T( ) or TEXT( ) around it.
+#include "source/Cppskim.h"
+
 #include <algorithm>
 #include <array>
 
 #include "source/Charclass.h"
-#include "source/Skim.h"
 
 namespace tml {
 namespace {

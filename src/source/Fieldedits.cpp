@@ -1,3 +1,5 @@
+#include "source/Fieldedits.h"
+
 #include <algorithm>
 
 #include "base/Errors.h"
@@ -5,7 +7,6 @@
 #include "source/Charclass.h"
 #include "source/Fields.h"
 #include "source/Pascalwords.h"
-#include "source/Sourceedits.h"
 
 namespace tml {
 namespace {

@@ -6,9 +6,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
-#include "source/Outline.h"
 #include "source/Pascalwords.h"
-#include "source/Tokens.h"
 
 namespace tml {
 namespace {
@@ -35,7 +33,7 @@ class TFieldReader {
   public:
     TFieldReader(const TSourceText& source, const std::vector<TRegion>& regions, const TRegion& around)
         : source_(source), regions_(regions), class_(&around - regions.data()) {
-        for (const TToken& token : CodeTokens(source))
+        for (const TToken& token : source.CodeTokens())
             if (token.Begin >= around.Begin && token.End <= around.End && !token.OnDirectiveLine)
                 tokens_.push_back(token);
         result_.ClassEnd = tokens_.empty() ? around.End : tokens_.back().Begin;
@@ -220,7 +218,7 @@ class TFieldReader {
 }  // namespace
 
 TClassFields ReadFields(const TSourceText& source, const std::string& className) {
-    const std::vector<TRegion> regions = ReadOutline(source);
+    const std::vector<TRegion>& regions = source.Outline();
     return TFieldReader(source, regions, FindClass(source, regions, className)).Read();
 }
 

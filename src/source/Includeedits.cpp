@@ -1,10 +1,10 @@
+#include "source/Includeedits.h"
+
 #include <algorithm>
 
 #include "base/Utf8.h"
 #include "source/Charclass.h"
-#include "source/Skim.h"
-#include "source/Sourceedits.h"
-#include "source/Tokens.h"
+#include "source/Cppskim.h"
 
 namespace tml {
 namespace {
@@ -21,7 +21,7 @@ struct TPlace {
 class TIncludeReader {
   public:
     TIncludeReader(const TSourceText& source, const std::string& header)
-        : source_(source), header_(header), tokens_(CodeTokens(source)) {}
+        : source_(source), header_(header), tokens_(source.CodeTokens()) {}
 
     TPlace Read() {
         for (std::size_t i = 0; i + 1 < tokens_.size(); ++i) {
@@ -53,7 +53,7 @@ class TIncludeReader {
 
     const TSourceText& source_;
     const std::string& header_;
-    std::vector<TToken> tokens_;
+    const std::vector<TToken>& tokens_;
     int conditions_ = 0;
     TPlace place_;
 };

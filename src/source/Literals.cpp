@@ -1,12 +1,12 @@
 // The text of a literal, and a literal for a text.
+#include "source/Literals.h"
+
 #include <algorithm>
 #include <array>
-#include <string>
 
 #include "base/Utf8.h"
 #include "source/Charclass.h"
-#include "source/Skim.h"
-#include "source/Sourcetext.h"
+#include "source/Cppskim.h"
 
 namespace tml {
 namespace {

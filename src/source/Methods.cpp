@@ -31,7 +31,7 @@ bool IsVisibility(std::string_view name) {
 }  // namespace
 
 TUnitRoutines::TUnitRoutines(const TSourceText& source)
-    : source_(source), tokens_(Tokenize(source)), regions_(ReadPascalOutline(source)) {
+    : source_(source), tokens_(source.Tokens()), regions_(source.Outline()) {
     std::erase_if(tokens_, [](const TToken& token) { return token.Kind == TTokenKind::Comment; });
     if (Part(Kind::Implementation) == nullptr)
         throw EBadInput(source.FileName(), source.LineOf(source.Text().size()),

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Edits.h"
-#include "source/Outline.h"
+#include "source/Sourcetext.h"
 
 namespace tml {
 
@@ -65,7 +65,7 @@ class TUnitRoutines {
 
     const TSourceText& source_;
     std::vector<TToken> tokens_;  ///< comments aside
-    std::vector<TRegion> regions_;
+    const std::vector<TRegion>& regions_;
     std::vector<TRoutine> routines_;
     std::size_t end_ = 0;
 };

@@ -1,5 +1,9 @@
 #include "source/Outline.h"
 
+#include "source/Cppoutline.h"
+#include "source/Pascaloutline.h"
+#include "source/Sourcetext.h"
+
 namespace tml {
 
 std::vector<TRegion> ReadOutline(const TSourceText& source) {

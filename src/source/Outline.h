@@ -5,10 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "source/Sourcetext.h"
-#include "source/Tokens.h"
-
 namespace tml {
+
+class TSourceText;
 
 enum class TRegionKind : std::uint8_t {
     Interface,
@@ -48,13 +47,9 @@ struct TRegion {
 
 /// The regions in the order of their beginnings. A text that does not follow the language gives the
 /// regions that could be told; what is in doubt ends where the next routine or section begins. Of
-/// conditional branches each is read as if it went on from where the first one began.
+/// conditional branches each is read as if it went on from where the first one began. The source keeps
+/// them: see its Outline().
 std::vector<TRegion> ReadOutline(const TSourceText& source);
-std::vector<TRegion> ReadPascalOutline(const TSourceText& source);
-std::vector<TRegion> ReadCppOutline(const TSourceText& source);
-
-/// The methods that a C++ text, mostly a header, declares static in a class: their names.
-std::vector<std::string_view> ReadStaticMethods(const TSourceText& source, std::string_view className);
 
 /// Index of the innermost region around an offset, kNoRegion outside all. For ascending offsets.
 class TRegionFinder {

@@ -1,12 +1,13 @@
 // One walk over the tokens of a Pascal text with a stack of open regions. What a token means is decided
 // by the innermost region: in a body blocks are counted, elsewhere declarations are told apart by their
 // first words.
+#include "source/Pascaloutline.h"
+
 #include <algorithm>
 #include <string>
 #include <utility>
 
 #include "base/Utf8.h"
-#include "source/Outline.h"
 #include "source/Pascalwords.h"
 
 namespace tml {
@@ -20,7 +21,7 @@ using Kind = TRegionKind;
 
 class TPascalReader {
   public:
-    explicit TPascalReader(const TSourceText& source) : source_(source), tokens_(Tokenize(source)) {
+    explicit TPascalReader(const TSourceText& source) : source_(source), tokens_(source.Tokens()) {
         std::erase_if(tokens_, [](const TToken& token) { return token.Kind == TTokenKind::Comment; });
         for (const TToken& token : tokens_)
             words_.push_back(token.Kind == TTokenKind::Name ? PascalWordOf(TextOf(source, token))

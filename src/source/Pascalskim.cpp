@@ -2,11 +2,12 @@
 // more apostrophes ends the first line and, behind blanks only, closes the last), comments of three
 // kinds, directives. Double quotes mean something in assembler code only, where they may hold an
 // apostrophe.
+#include "source/Pascalskim.h"
+
 #include <algorithm>
 
 #include "base/Utf8.h"
 #include "source/Charclass.h"
-#include "source/Skim.h"
 
 namespace tml {
 namespace {

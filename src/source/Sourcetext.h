@@ -2,11 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "source/Language.h"
+#include "source/Outline.h"
+#include "source/Tokens.h"
 
 namespace tml {
 
@@ -35,13 +39,18 @@ struct TLiteral {
     std::size_t RawLength() const { return BodyEnd - BodyBegin; }
 };
 
-/// A source text with its comments and literals. The text (UTF-8) is not copied and must outlive the
-/// object.
+/// A source text with all that is read from it: comments and literals at once, tokens and outline when they
+/// are first asked for. Whoever reads the text is handed this one object, so that it is read once; another
+/// text is another object. To be used by one thread at a time.
 class TSourceText {
   public:
-    /// fileName serves messages only.
+    /// The text (UTF-8) is not copied and must outlive the object. fileName serves messages only.
     TSourceText(std::string_view text, const TLanguage& language, std::string fileName = {});
     TSourceText(std::string&& text, const TLanguage& language, std::string fileName = {}) = delete;
+    /// Keeps the text alive. The file's name chooses the language.
+    TSourceText(std::shared_ptr<const std::string> text, std::string fileName);
+    TSourceText(const TSourceText&) = delete;
+    TSourceText& operator=(const TSourceText&) = delete;
 
     std::string_view Text() const { return text_; }
     const TLanguage& Language() const { return *language_; }
@@ -53,6 +62,12 @@ class TSourceText {
     const std::vector<TLiteral>& Literals() const { return literals_; }
     /// True when a mode or directive lets Pascal comments nest somewhere in the text.
     bool CommentsNest() const { return commentsNest_; }
+    /// See Tokenize.
+    const std::vector<TToken>& Tokens() const;
+    /// The same without comments and directives.
+    const std::vector<TToken>& CodeTokens() const;
+    /// See ReadOutline.
+    const std::vector<TRegion>& Outline() const;
 
     /// True when the 0-based byte offset lies in a comment, its delimiters included; a directive is none.
     bool IsCommentAt(std::size_t offset) const;
@@ -60,19 +75,26 @@ class TSourceText {
     int LineOf(std::size_t offset) const;
 
   private:
+    std::shared_ptr<const std::string> owned_;
     std::string_view text_;
     const TLanguage* language_;
     std::string fileName_;
     std::vector<TComment> comments_;
     std::vector<TLiteral> literals_;
     bool commentsNest_ = false;
+    mutable std::optional<std::vector<TToken>> tokens_;
+    mutable std::optional<std::vector<TToken>> codeTokens_;
+    mutable std::optional<std::vector<TRegion>> outline_;
 };
 
-/// The literal's text in UTF-8: delimiters taken away, doublings and escapes decoded, pieces joined.
-std::string DecodeLiteral(const TSourceText& source, const TLiteral& literal);
+/// A text that several hold together.
+using TSharedSource = std::shared_ptr<const TSourceText>;
 
-/// The text as it stands between the delimiters of a literal of the language: a Pascal delimiter is
-/// doubled and a control character leaves the quotes ('#13'), C++ writes escapes.
-std::string EncodeLiteralBody(std::string_view text, const TLanguage& language);
+/// Reads a text that the object keeps; the file's name chooses the language.
+TSharedSource ReadSource(std::string text, const std::string& fileName);
+
+inline std::string_view TextOf(const TSourceText& source, const TToken& token) {
+    return source.Text().substr(token.Begin, token.End - token.Begin);
+}
 
 }  // namespace tml

@@ -4,7 +4,9 @@
 #include <array>
 
 #include "source/Charclass.h"
-#include "source/Skim.h"
+#include "source/Cppskim.h"
+#include "source/Pascalskim.h"
+#include "source/Sourcetext.h"
 
 namespace tml {
 namespace {
@@ -182,14 +184,6 @@ class TTokenizer {
 
 std::vector<TToken> Tokenize(const TSourceText& source) {
     return TTokenizer(source).Run();
-}
-
-std::vector<TToken> CodeTokens(const TSourceText& source) {
-    std::vector<TToken> tokens = Tokenize(source);
-    std::erase_if(tokens, [](const TToken& token) {
-        return token.Kind == TTokenKind::Comment || token.Kind == TTokenKind::Directive;
-    });
-    return tokens;
 }
 
 }  // namespace tml

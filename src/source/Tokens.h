@@ -2,12 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
-#include "source/Sourcetext.h"
-
 namespace tml {
+
+class TSourceText;
 
 enum class TTokenKind : std::uint8_t {
     Name,  ///< identifier or keyword
@@ -30,14 +29,7 @@ struct TToken {
 };
 
 /// All tokens of the text, in order; between them are blanks only (and the back slashes of continued
-/// lines). Agrees with the comments and literals of the source.
+/// lines). Agrees with the comments and literals of the source, which keeps them: see its Tokens().
 std::vector<TToken> Tokenize(const TSourceText& source);
-
-/// The same without comments and directives.
-std::vector<TToken> CodeTokens(const TSourceText& source);
-
-inline std::string_view TextOf(const TSourceText& source, const TToken& token) {
-    return source.Text().substr(token.Begin, token.End - token.Begin);
-}
 
 }  // namespace tml

@@ -1,3 +1,5 @@
+#include "source/Usesedits.h"
+
 #include <algorithm>
 #include <optional>
 #include <vector>
@@ -5,10 +7,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "source/Charclass.h"
-#include "source/Outline.h"
 #include "source/Pascalwords.h"
-#include "source/Sourceedits.h"
-#include "source/Tokens.h"
 
 namespace tml {
 namespace {
@@ -32,7 +31,7 @@ struct TUsesClause {
 
 class TUsesReader {
   public:
-    explicit TUsesReader(const TSourceText& source) : source_(source), regions_(ReadPascalOutline(source)) {}
+    explicit TUsesReader(const TSourceText& source) : source_(source), regions_(source.Outline()) {}
 
     const TRegion* Part(TRegionKind kind) const {
         const auto found = std::find_if(regions_.begin(), regions_.end(),
@@ -58,7 +57,7 @@ class TUsesReader {
         bool joins = false;
         bool mixed = false;  // the condition holds more than clauses
         std::size_t clauseEnd = 0;
-        for (const TToken& token : Tokenize(source_)) {
+        for (const TToken& token : source_.Tokens()) {
             if (token.Begin < (part == nullptr ? 0 : part->Begin)) continue;
             const int step = token.Kind == TTokenKind::Directive ? ConditionStep(TextOf(source_, token)) : 0;
             if (step > 0) open.push_back(token);
@@ -106,7 +105,7 @@ class TUsesReader {
         TUsesClause clause;
         int conditions = 0;
         bool expectsName = true;
-        for (const TToken& token : Tokenize(source_)) {
+        for (const TToken& token : source_.Tokens()) {
             if (token.Begin < region.Begin || token.Begin >= region.End) continue;
             const std::string_view text = TextOf(source_, token);
             if (token.Begin == region.Begin)
@@ -138,7 +137,7 @@ class TUsesReader {
     }
 
     const TSourceText& source_;
-    std::vector<TRegion> regions_;
+    const std::vector<TRegion>& regions_;
 };
 
 bool Names(const std::optional<TUsesClause>& clause, const std::string& unitName) {

@@ -20,8 +20,7 @@ inline ICommonLibrary* CommonLibrary() {
 
 inline TScanInput InputFor(const std::string& fileName, const std::string& text) {
     TScanInput input;
-    input.FileName = fileName;
-    input.Text = text;
+    input.Source = ReadSource(text, fileName);
     input.Component = {"Form1", "mlLang1", false, ""};
     input.Skip.ExcludeChars = kPunctuation;
     input.Common = CommonLibrary();

@@ -152,10 +152,11 @@ TEST(Advice, ForCpp) {
         std::string_view(
             "void TForm1::S() { f(\"a\"); }\nvoid TForm1::M() { f(\"b\"); }\nint TForm1::V = g();"),
         kCpp);
-    const char* header =
+    const auto header = ReadSource(
         "class TOther { static void M(); };\nclass TForm1 : public TForm {\npublic:\n"
-        " static int V; virtual void M(); static void __fastcall S(int x = 1);\n};";
-    EXPECT_EQ(Advise(source, {"TForm1", false, header}),
+        " static int V; virtual void M(); static void __fastcall S(int x = 1);\n};",
+        "Unit1.h");
+    EXPECT_EQ(Advise(source, {"TForm1", false, header.get()}),
               (std::vector<TAdvice>{TAdvice::OutsideMethod, TAdvice::None}));
     EXPECT_EQ(Words("void g() { f(\"a\"); }", kCpp, true), "-");
     EXPECT_EQ(Words("unit U; interface implementation procedure P; begin F('a'); end;\n"

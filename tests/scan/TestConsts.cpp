@@ -26,7 +26,7 @@ TConstInput ConstInput(const std::string& text) {
     return input;
 }
 
-const TConstForm kForm{"", "Unit1.pas", "TForm1", "mlLang1", "", ""};
+const TConstForm kForm{ReadSource("", "Unit1.pas"), "TForm1", "mlLang1", "", ""};
 
 struct TScanCase {
     const char* Consts;
@@ -109,7 +109,7 @@ std::string Section(const TConstInput& input) {
     const TmlFoundSourceStrings rows = ConstRows(input, records);
     const TConstChanges changes = RewriteConsts(rows, input, records, kForm);
     ProveConsts(rows, input, records, kForm, changes);
-    std::string text = ApplyEdits(input.Scan.Text, changes.Unit);
+    std::string text = ApplyEdits(input.Scan.Text(), changes.Unit);
     text.erase(0, text.find("  end;\r\n") + 8);
     text.erase(text.find("implementation"));
     std::erase(text, '\r');

@@ -18,8 +18,7 @@ struct TFound : testing::Test {
 
     TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas") {
         TScanInput input;
-        input.Text = code;
-        input.FileName = fileName;
+        input.Source = ReadSource(code, fileName);
         input.Component.FormName = "Form1";
         input.Component.ComponentName = "L";
         TFoundInput found{fileName, std::make_shared<std::string>(code), CallStyleOf(input), input.Existing,

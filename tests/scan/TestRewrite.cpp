@@ -14,7 +14,7 @@ namespace {
 std::string Rewritten(const TScanInput& input, const TmlFoundSourceStrings& rows) {
     const TEdits edits = Rewrite(rows, input);
     ProveRewrite(rows, input, edits);
-    return ApplyEdits(input.Text, edits);
+    return ApplyEdits(input.Text(), edits);
 }
 
 struct TCase {
@@ -56,7 +56,7 @@ TEST(Rewrite, TakesWhatTheReviewMadeOfTheRows) {
     EXPECT_EQ(text,
               "begin\r\n  s := PChar(mlLang1.GetTextC('OWN')) + #13;\r\n{TML:IGNORE ON}\r\n  t := 'cd';\r\n"
               "  u := 'ef';\r\n{TML:IGNORE OFF}\r\nend.\r\n");
-    input.Text = text;
+    input.Source = ReadSource(text, "a.pas");
     EXPECT_EQ(Dump(Scan(input)), "|");
 }
 
@@ -124,7 +124,7 @@ TEST(Rewrite, SecondScanOfRealUnitsFindsNothing) {
         TmlFoundSourceStrings rows = Scan(input).Found;
         MergeDuplicates(rows);
         strings += rows.Count();
-        input.Text = Rewritten(input, rows);
+        input.Source = ReadSource(Rewritten(input, rows), entry.path().string());
         EXPECT_EQ(Scan(input).Found.Count(), 0) << entry.path();
     }
     EXPECT_GT(strings, 1000);

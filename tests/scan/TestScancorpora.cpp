@@ -59,15 +59,16 @@ TEST(Corpora, EveryPascalLiteralThatAScanReportsIsOne) {
     for (const fs::path& path : files) {
         const std::string bytes = ReadFileOf(path);
         TScanInput input = InputFor(path.string(), TCodedText::TextOf(bytes));
-        EXPECT_TRUE(input.Text == TCodedText(bytes).Text()) << path;
+        EXPECT_TRUE(input.Text() == TCodedText(bytes).Text()) << path;
         input.WithAdvice = false;
         const TScanResult result = Scan(input);
         found += static_cast<std::size_t>(result.Found.Count());
         skipped += result.Skipped.size();
-        const bool nests = TSourceText(std::string_view(input.Text), kPascal).CommentsNest();
-        std::string wrong = Misplaced(result, input.Text, SimpleReading(input.Text, nests));
+        const bool nests = input.Source->CommentsNest();
+        std::string wrong = Misplaced(result, input.Text(), SimpleReading(input.Text(), nests));
         // A text that turns nesting on half-way has no single simple reading.
-        if (!wrong.empty() && nests) wrong = Misplaced(result, input.Text, SimpleReading(input.Text, false));
+        if (!wrong.empty() && nests)
+            wrong = Misplaced(result, input.Text(), SimpleReading(input.Text(), false));
         EXPECT_EQ(wrong, "") << path;
     }
     EXPECT_GT(found, 10'000U);

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "source/Outline.h"
-#include "source/Tokens.h"
+#include "source/Sourcetext.h"
 #include "support/Corpora.h"
 
 namespace tml {
@@ -15,7 +14,7 @@ namespace fs = std::filesystem;
 
 void ExpectTiles(const TSourceText& source, const std::string& name) {
     std::size_t end = 0;
-    for (const TToken& token : Tokenize(source)) {
+    for (const TToken& token : source.Tokens()) {
         ASSERT_LE(end, token.Begin) << name;
         ASSERT_LT(token.Begin, token.End) << name;
         for (std::size_t i = end; i < token.Begin; ++i)
@@ -52,7 +51,7 @@ TEST(Corpora, PascalLiteralsAgreeWithASimpleReading) {
         compared += found.size();
         if (path.extension() == ".inc") continue;
         ExpectTiles(source, path.string());
-        ExpectNests(ReadPascalOutline(source), path.string());
+        ExpectNests(source.Outline(), path.string());
         if (HasFatalFailure()) return;
     }
     EXPECT_GT(compared, 20'000U);
@@ -74,7 +73,7 @@ TEST(Corpora, CppLiteralsAgreeWithTheCompiler) {
         const std::string text = ReadFileOf(file);
         const TSourceText source(std::string_view(text), kCpp);
         ExpectTiles(source, file.string());
-        ExpectNests(ReadCppOutline(source), file.string());
+        ExpectNests(source.Outline(), file.string());
         std::string expected;
         for (const TCompilerToken& token : CompilerTokens(file))
             expected += Squeezed(token.Text);

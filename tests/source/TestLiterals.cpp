@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "source/Sourcetext.h"
-#include "source/Tokens.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {
@@ -109,7 +108,7 @@ TEST(Tokens, TellThePartsApart) {
     const std::string text = "x:=$FF..1.5e-3+^M'a'p^.&end#$0D;";
     const TSourceText source(std::string_view(text), kPascal);
     std::string dump;
-    for (const TToken& token : Tokenize(source))
+    for (const TToken& token : source.Tokens())
         dump += std::string(TextOf(source, token)) + "nNsLcCDS"[static_cast<int>(token.Kind)] + ' ';
     EXPECT_EQ(dump, "xn :=s $FFN ..s 1.5e-3N +s ^Mc 'a'L pn ^s .s &endn #$0Dc ;s ");
 }

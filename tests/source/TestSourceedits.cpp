@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
-#include "source/Sourceedits.h"
+#include "source/Fieldedits.h"
+#include "source/Includeedits.h"
+#include "source/Usesedits.h"
 
 namespace tml {
 namespace {
