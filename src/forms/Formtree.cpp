@@ -26,9 +26,16 @@ TFormNode* FindBelow(TFormNode& node, std::string_view name) {
 
 }  // namespace
 
-TFormTree::TFormTree(std::unique_ptr<TFormFile> file) : file_(std::move(file)), root_(file_->Parse()) {}
+TFormTree::TFormTree(std::unique_ptr<TFormFile> file) : file_(std::move(file)), root_(file_->Parse()) {
+    ++ParseCount();
+}
 
 TFormTree::~TFormTree() = default;
+
+int& TFormTree::ParseCount() {
+    thread_local int count = 0;
+    return count;
+}
 
 std::unique_ptr<TFormTree> TFormTree::Parse(std::string bytes, const std::string& fileName,
                                             std::string_view codePage) {

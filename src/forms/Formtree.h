@@ -21,6 +21,8 @@ class TFormTree {
     static std::unique_ptr<TFormTree> Parse(std::string bytes, const std::string& fileName,
                                             std::string_view codePage = {});
     ~TFormTree();
+    /// How many form files this thread has parsed, for tests that hold a command to one reading of each.
+    static int& ParseCount();
     TFormTree(const TFormTree&) = delete;
     TFormTree& operator=(const TFormTree&) = delete;
 

@@ -21,12 +21,6 @@ void Edit(TSourceBuffer& buffer, const std::string& title, PlanEdits planEdits) 
     buffer.Apply(planEdits(*source), title);
 }
 
-/// AddField has nothing to do where the field is there already.
-bool HasField(const TSourceText& source, const std::string& formClass, const std::string& name,
-              const std::string& className) {
-    return AddField(source, formClass, name, className).empty();
-}
-
 /// Every use of a name in code that is not a member of something else.
 TEdits RenameIdentifier(const TSourceText& source, const std::string& oldName, const std::string& newName) {
     TEdits edits;

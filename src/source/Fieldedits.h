@@ -12,8 +12,13 @@ namespace tml {
 /// and with it in C++. EBadInput with file and line where the class or member that must be changed is
 /// missing. For a C++ form the text is that of its header.
 
-/// A component's field in the form's class, behind the last field of the first section. No edits when
-/// the field is there already.
+/// Whether the form's class has the field, of that type.
+bool HasField(const TSourceText& source, const std::string& formClass, const std::string& name,
+              const std::string& className);
+/// A component's field in each declaration of the form's class, behind the last field of the designer's
+/// section (in C++ the published one, which is made where there is none). No edits where the field is there
+/// already. It stands where every build sees it and in no comment; EBadInput where that cannot be had, and
+/// where the class declares something else by the name.
 TEdits AddField(const TSourceText& source, const std::string& formClass, const std::string& name,
                 const std::string& className);
 /// The declared name alone is replaced; uses of the field in code are left to the person.

@@ -6,6 +6,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "source/Charclass.h"
 #include "source/Pascalwords.h"
 
 namespace tml {
@@ -13,12 +14,31 @@ namespace {
 
 using Word = TPascalWord;
 
-const TRegion& FindClass(const TSourceText& source, const std::vector<TRegion>& regions,
-                         const std::string& name) {
-    const auto found = std::find_if(regions.begin(), regions.end(), [&](const TRegion& region) {
-        return region.Kind == TRegionKind::Class && SameName(source.Language(), region.Name, name);
-    });
-    if (found != regions.end()) return *found;
+/// First words of C++ members that declare no field.
+constexpr std::array<std::string_view, 7> kOtherMembers = {"friend", "typedef", "using", "enum",
+                                                           "class",  "struct",  "union"};
+
+/// "TForm1<T> = class" is another class than TForm1.
+bool IsGeneric(const TSourceText& source, const TRegion& region) {
+    const auto nameEnd = static_cast<std::size_t>(region.Name.end() - source.Text().begin());
+    return source.Text().substr(SkipBlanks(source.Text(), nameEnd), 1) == "<";
+}
+
+bool IsNested(const std::vector<TRegion>& regions, const TRegion& region) {
+    std::size_t around = region.Parent;
+    while (around != kNoRegion && regions[around].Kind != TRegionKind::Class)
+        around = regions[around].Parent;
+    return around != kNoRegion;
+}
+
+std::vector<const TRegion*> FindClasses(const TSourceText& source, const std::string& name) {
+    const std::vector<TRegion>& regions = source.Outline();
+    std::vector<const TRegion*> found;
+    for (const TRegion& region : regions)
+        if (region.Kind == TRegionKind::Class && SameName(source.Language(), region.Name, name) &&
+            !IsNested(regions, region) && !IsGeneric(source, region))
+            found.push_back(&region);
+    if (!found.empty()) return found;
     const auto part = std::find_if(regions.begin(), regions.end(), [](const TRegion& region) {
         return region.Kind == TRegionKind::Interface;
     });
@@ -33,14 +53,18 @@ class TFieldReader {
   public:
     TFieldReader(const TSourceText& source, const std::vector<TRegion>& regions, const TRegion& around)
         : source_(source), regions_(regions), class_(&around - regions.data()) {
-        for (const TToken& token : source.CodeTokens())
-            if (token.Begin >= around.Begin && token.End <= around.End && !token.OnDirectiveLine)
-                tokens_.push_back(token);
+        const std::vector<TToken>& all = source.CodeTokens();
+        auto token = std::lower_bound(all.begin(), all.end(), around.Begin,
+                                      [](const TToken& t, std::size_t at) { return t.Begin < at; });
+        for (; token != all.end() && token->End <= around.End; ++token)
+            if (!token->OnDirectiveLine) tokens_.push_back(*token);
+        result_.Begin = around.Begin;
         result_.ClassEnd = tokens_.empty() ? around.End : tokens_.back().Begin;
     }
 
     TClassFields Read() {
-        result_.SectionBegin = tokens_.empty() ? result_.ClassEnd : tokens_.front().End;
+        result_.HeadingEnd = tokens_.empty() ? result_.ClassEnd : tokens_.front().End;
+        result_.SectionBegin = result_.HeadingEnd;
         if (tokens_.size() < 2) return std::move(result_);
         ExpectEnd();
         source_.Language().IsCPPSource ? ReadCpp() : ReadPascal();
@@ -84,13 +108,15 @@ class TFieldReader {
 
     void ReadPascal() {
         std::size_t index = BehindHeading();
-        result_.SectionBegin = tokens_[index - 1].End;
+        result_.HeadingEnd = tokens_[index - 1].End;
+        result_.SectionBegin = result_.HeadingEnd;
         TRegionFinder finder(regions_);
         while (index + 1 < tokens_.size()) {
             const std::size_t region = finder.At(tokens_[index].Begin);
             const Word word = WordAt(index);
             if (region != class_) {
-                inFirst_ = false;
+                inSection_ = false;
+                AddOther(region, index);
                 index = BehindRegion(region, index);
             } else if (IsVisibility(word)) {
                 StartSection(index, word);
@@ -98,7 +124,7 @@ class TFieldReader {
             } else if (IsName(index) && word == Word::None) {
                 index = ReadPascalField(index);
             } else {
-                inFirst_ = false;
+                inSection_ = false;
                 ++index;
             }
         }
@@ -110,9 +136,9 @@ class TFieldReader {
     }
 
     void StartSection(std::size_t index, Word word) {
-        const bool isFirst = inFirst_ && result_.Fields.empty() && word == Word::Published;
+        const bool isFirst = inSection_ && result_.Fields.empty() && word == Word::Published;
         if (isFirst) result_.SectionBegin = tokens_[index].End;
-        inFirst_ = isFirst;
+        inSection_ = isFirst;
     }
 
     std::size_t BehindHeading() const {
@@ -123,6 +149,13 @@ class TFieldReader {
             while (index < tokens_.size() && TextAt(index) != ")")
                 ++index;
         return std::min(TextAt(index) == ")" ? index + 1 : index, tokens_.size() - 1);
+    }
+
+    /// The name that a method or property declares.
+    void AddOther(std::size_t region, std::size_t index) {
+        const bool names = region != kNoRegion && (regions_[region].Kind == TRegionKind::Head ||
+                                                   regions_[region].Kind == TRegionKind::Property);
+        if (names && IsName(index + 1)) result_.Others.push_back(tokens_[index + 1].Begin);
     }
 
     std::size_t BehindRegion(std::size_t region, std::size_t index) const {
@@ -155,7 +188,7 @@ class TFieldReader {
         field.Declaration = tokens_[begin].Begin;
         field.Name = tokens_[index].Begin;
         field.NameEnd = tokens_[index].End;
-        field.InFirstSection = inFirst_;
+        field.IsDesigned = inSection_;
         if (index > begin) {
             field.Previous = result_.Fields.back().NameEnd;
             result_.Fields.back().Next = field.Name;
@@ -174,11 +207,12 @@ class TFieldReader {
     // ---- C++: Type *Name, *Name; -------------------------------------------------------------------
 
     void ReadCpp() {
+        inSection_ = result_.HasSection = false;
         for (std::size_t index = 1; index + 1 < tokens_.size();) {
             if (IsName(index) && TextAt(index + 1) == ":") {
-                const bool isFirst = TextAt(index) == "__published" && result_.Fields.empty();
-                if (isFirst) result_.SectionBegin = tokens_[index + 1].End;
-                inFirst_ = isFirst;
+                inSection_ = TextAt(index) == "__published" && !result_.HasSection;
+                if (inSection_) result_.SectionBegin = tokens_[index + 1].End;
+                result_.HasSection = result_.HasSection || inSection_;
                 index += 2;
             } else {
                 index = ReadCppMember(index);
@@ -188,13 +222,21 @@ class TFieldReader {
 
     std::size_t ReadCppMember(std::size_t begin) {
         const std::size_t end = BehindMember(begin);
-        const bool isMethod = std::any_of(tokens_.begin() + static_cast<std::ptrdiff_t>(begin),
-                                          tokens_.begin() + static_cast<std::ptrdiff_t>(end),
-                                          [&](const TToken& t) { return TextOf(source_, t) == "("; });
-        if (isMethod) {
-            inFirst_ = false;
+        std::size_t call = begin;
+        while (call < end && TextAt(call) != "(" && TextAt(call) != "{")
+            ++call;
+        if (call < end) {
+            if (TextAt(call) == "(" && call > begin) result_.Others.push_back(tokens_[call - 1].Begin);
+            inSection_ = false;
             return end;
         }
+        const bool isField =
+            std::find(kOtherMembers.begin(), kOtherMembers.end(), TextAt(begin)) == kOtherMembers.end();
+        if (isField) ReadCppField(begin, end);
+        return end;
+    }
+
+    void ReadCppField(std::size_t begin, std::size_t end) {
         const std::size_t first = result_.Fields.size();
         for (std::size_t index = begin + 1; index + 1 <= end; ++index) {
             const std::string_view behind = TextAt(index + 1);
@@ -204,22 +246,23 @@ class TFieldReader {
         for (std::size_t i = first; i < result_.Fields.size(); ++i)
             result_.Fields[i].Declaration = tokens_[begin].Begin;
         Finish(first, begin, end);
-        return end;
     }
 
     const TSourceText& source_;
     const std::vector<TRegion>& regions_;
     std::size_t class_;
     std::vector<TToken> tokens_;
-    bool inFirst_ = true;
+    bool inSection_ = true;
     TClassFields result_;
 };
 
 }  // namespace
 
-TClassFields ReadFields(const TSourceText& source, const std::string& className) {
-    const std::vector<TRegion>& regions = source.Outline();
-    return TFieldReader(source, regions, FindClass(source, regions, className)).Read();
+std::vector<TClassFields> ReadFields(const TSourceText& source, const std::string& className) {
+    std::vector<TClassFields> declarations;
+    for (const TRegion* region : FindClasses(source, className))
+        declarations.push_back(TFieldReader(source, source.Outline(), *region).Read());
+    return declarations;
 }
 
 bool SameName(const TLanguage& language, std::string_view left, std::string_view right) {

@@ -1,73 +1,54 @@
 #include "source/Includeedits.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "base/Utf8.h"
-#include "source/Charclass.h"
-#include "source/Cppskim.h"
+#include "source/Conditions.h"
+#include "source/Newlines.h"
+#include "source/Preprocessor.h"
 
 namespace tml {
 namespace {
 
-/// The preprocessor lines that say where an include belongs.
-struct TPlace {
-    std::size_t LastInclude = 0;  ///< of those in the fewest conditions; offset within its line
-    int Conditions = -1;          ///< around it, -1 when there is no include
-    std::size_t Guard = 0;        ///< within the line of the first #define or #pragma once
-    bool HasGuard = false;
-    bool IsThere = false;
-};
+std::string_view IncludedBy(const TSourceText& source, const TPreprocessorLine& line) {
+    const std::string_view text = source.Text().substr(line.Begin, line.End - line.Begin);
+    const std::size_t name = text.find_first_of("\"<") + 1;
+    const std::size_t end = text.find_first_of("\">", name);
+    return name == 0 || end == std::string_view::npos ? std::string_view() : text.substr(name, end - name);
+}
 
-class TIncludeReader {
-  public:
-    TIncludeReader(const TSourceText& source, const std::string& header)
-        : source_(source), header_(header), tokens_(source.CodeTokens()) {}
-
-    TPlace Read() {
-        for (std::size_t i = 0; i + 1 < tokens_.size(); ++i) {
-            const bool opens = tokens_[i].OnDirectiveLine && TextOf(source_, tokens_[i]) == "#" &&
-                               (i == 0 || LineStart(source_.Text(), tokens_[i].Begin) >= tokens_[i - 1].End);
-            if (opens) Take(tokens_[i].Begin, TextOf(source_, tokens_[i + 1]));
-        }
-        return place_;
-    }
-
-  private:
-    void Take(std::size_t place, std::string_view word) {
-        if (word.starts_with("if")) ++conditions_;
-        if (word == "endif") --conditions_;
-        if (!place_.HasGuard && (word == "define" || word == "pragma")) {
-            place_.HasGuard = true;
-            place_.Guard = place;
-        }
-        if (word != "include") return;
-        const std::string_view line = source_.Text().substr(place, LineEnd(source_.Text(), place) - place);
-        const std::size_t name = line.find_first_of("\"<") + 1;
-        const std::size_t end = line.find_first_of("\">", name);
-        if (name != 0 && end != std::string_view::npos && SameText(line.substr(name, end - name), header_))
-            place_.IsThere = true;
-        if (place_.Conditions != -1 && conditions_ > place_.Conditions) return;
-        place_.Conditions = conditions_;
-        place_.LastInclude = place;
-    }
-
-    const TSourceText& source_;
-    const std::string& header_;
-    const std::vector<TToken>& tokens_;
-    int conditions_ = 0;
-    TPlace place_;
-};
+/// Behind it an include would come too late for somebody.
+std::size_t FirstDefinition(const TSourceText& source) {
+    for (const TRegion& region : source.Outline())
+        if (region.Kind == TRegionKind::Class || region.Kind == TRegionKind::Routine) return region.Begin;
+    return source.Text().size();
+}
 
 }  // namespace
 
 TEdits AddInclude(const TSourceText& source, const std::string& header) {
-    const TPlace place = TIncludeReader(source, header).Read();
-    if (place.IsThere) return {};
+    const TConditions conditions(source);
+    const std::size_t limit = FirstDefinition(source);
+    std::vector<std::size_t> there;
+    std::size_t behind = 0;  // the last include that every build sees, else the guard or "#pragma once"
+    bool isInclude = false;
+    for (const TPreprocessorLine& line : PreprocessorLines(source)) {
+        const bool includes = line.Word == "include";
+        if (includes && SameText(IncludedBy(source, line), header)) there.push_back(line.Begin);
+        const std::string_view text = source.Text().substr(line.Begin, line.End - line.Begin);
+        const bool isGuard = conditions.Guard() != 0 ? line.Word == "define" && behind == 0
+                                                     : line.Word == "pragma" && text.ends_with("once");
+        const bool isSeen = line.Begin < limit && conditions.IsSeen(line.Begin, conditions.Guard());
+        if (!isSeen || !(includes || (isGuard && !isInclude))) continue;
+        behind = line.End;
+        isInclude = includes;
+    }
+    if (conditions.Reach(there, conditions.Guard())) return {};
     const std::string line = "#include \"" + header + "\"";
-    if (place.Conditions == -1 && !place.HasGuard) return {{0, 0, line + "\r\n"}};
-    const std::size_t end =
-        LogicalLineEnd(source.Text(), place.Conditions == -1 ? place.Guard : place.LastInclude);
-    return {{end, end, "\r\n" + line}};
+    if (behind == 0) return {{0, 0, line + "\r\n"}};
+    if (const auto place = LineBehind(source, behind)) return {{*place, *place, line + "\r\n"}};
+    return {{behind, behind, "\r\n" + line}};
 }
 
 }  // namespace tml

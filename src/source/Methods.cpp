@@ -195,7 +195,7 @@ std::string_view TUnitRoutines::AncestorOf(std::string_view className) const {
 TEdit TUnitRoutines::DeclareMethods(const std::string& className,
                                     const std::vector<std::string>& lines) const {
     const std::string_view text = source_.Text();
-    const TClassFields fields = ReadFields(source_, className);
+    const TClassFields fields = ReadFields(source_, className).front();
     const std::size_t index = static_cast<std::size_t>(ClassOf(className) - regions_.data());
     TRegionFinder finder(regions_);
     std::size_t token = TokenAt(fields.SectionBegin);

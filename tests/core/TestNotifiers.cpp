@@ -39,7 +39,7 @@ TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
     Start();
     const auto module = OpenUnit(2);
     const auto captions = [&] {
-        return FindCustomLang(Context(), *module->GetFormEditor())
+        return FindCustomLang(*Runtime, *module->GetFormEditor())
             ->GetTable(TStringsType::stCaptions)
             .Entries()[0]
             .Key;
@@ -56,7 +56,7 @@ TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
     TmlModuleNotifier& withRow = *std::static_pointer_cast<TmlModuleNotifier>(Row("Form2").Data);
     withRow.ComponentRenamed(nullptr, "OK", "Yes");
     const auto table =
-        FindCustomLang(Context(), *reopened->GetFormEditor())->GetTable(TStringsType::stCaptions);
+        FindCustomLang(*Runtime, *reopened->GetFormEditor())->GetTable(TStringsType::stCaptions);
     EXPECT_EQ(table.Find("OK"), 0);
     withRow.ComponentRenamed(nullptr, "", "Form9");
     withRow.ComponentRenamed(nullptr, "form2", "Form9");
