@@ -81,10 +81,7 @@ void TUnitSource::RenameForm(const std::string& oldName, const std::string& newN
 }
 
 std::string TUnitSource::AncestorOf(const std::string& formClass) {
-    const TSourceBuffer& declaration = Declaration();
-    const std::shared_ptr<const std::string> text = declaration.Text();
-    return tml::AncestorOf(TSourceText(*text, LanguageOf(declaration.FileName()), declaration.FileName()),
-                           formClass);
+    return tml::AncestorOf(*Declaration().Source(), formClass);
 }
 
 }  // namespace tml

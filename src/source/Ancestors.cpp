@@ -2,7 +2,6 @@
 
 #include "source/Charclass.h"
 #include "source/Fields.h"
-#include "source/Outline.h"
 
 namespace tml {
 namespace {
@@ -41,7 +40,7 @@ std::string_view AncestorIn(std::string_view declaration, const TLanguage& langu
 }  // namespace
 
 std::string AncestorOf(const TSourceText& source, std::string_view className) {
-    for (const TRegion& region : ReadOutline(source)) {
+    for (const TRegion& region : source.Outline()) {
         if (region.Kind != TRegionKind::Class || !SameName(source.Language(), region.Name, className))
             continue;
         const std::string_view ancestor = AncestorIn(HeadingOf(source, region), source.Language());
