@@ -82,7 +82,7 @@ TEST(Scan, AppliesTheSettingsInOrder) {
     TScanInput joined = InputFor("a.cpp", "s = \"ab\"\r\n  // log(\r\n  \"cd\";\r\n");
     joined.Skip.SkipLines = input.Skip.SkipLines;
     EXPECT_EQ(Dump(Scan(joined)), "| ssrByLine:  // log(");
-    EXPECT_EQ(Scan(joined).Skipped.front().Position, static_cast<int>(joined.Text.find("  //") + 1));
+    EXPECT_EQ(Scan(joined).Skipped.front().Position, static_cast<int>(joined.Text().find("  //") + 1));
     input.Skip.IgnorableLength = 2;
     EXPECT_EQ(Dump(Scan(input)), "| ssrByLine:Log('cd');");
     input = InputFor("a.pas", "s := '' + 'x' + '–';\r\n");

@@ -64,11 +64,11 @@ TEST(Corpora, EveryPascalLiteralThatAScanReportsIsOne) {
         const TScanResult result = Scan(input);
         found += static_cast<std::size_t>(result.Found.Count());
         skipped += result.Skipped.size();
+        const std::string text(input.Text());
         const bool nests = input.Source->CommentsNest();
-        std::string wrong = Misplaced(result, input.Text(), SimpleReading(input.Text(), nests));
+        std::string wrong = Misplaced(result, text, SimpleReading(text, nests));
         // A text that turns nesting on half-way has no single simple reading.
-        if (!wrong.empty() && nests)
-            wrong = Misplaced(result, input.Text(), SimpleReading(input.Text(), false));
+        if (!wrong.empty() && nests) wrong = Misplaced(result, text, SimpleReading(text, false));
         EXPECT_EQ(wrong, "") << path;
     }
     EXPECT_GT(found, 10'000U);
