@@ -53,6 +53,13 @@ TCodedText::TCodedText(std::string bytes, std::string fileName, std::string_view
     ReadLines();
 }
 
+void TCodedText::Reread(std::string bytes) {
+    original_ = std::move(bytes);
+    if (!original_.starts_with(encoding_.Bom)) encoding_ = DetectEncoding(original_, {});
+    lines_.clear();
+    ReadLines();
+}
+
 std::string TCodedText::TextOf(std::string_view bytes, std::string_view codePage) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     if (!IsValidUtf8(bytes)) return TCodedText(std::string(bytes), {}, codePage).Text();

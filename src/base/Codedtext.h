@@ -22,6 +22,9 @@ class TCodedText {
     /// fileName serves messages only; for codePage see DetectEncoding.
     explicit TCodedText(std::string bytes, std::string fileName = {}, std::string_view codePage = {});
 
+    /// Other bytes of the same file, which keeps the encoding that it was found to have.
+    void Reread(std::string bytes);
+
     /// What Text() would give, for those who write nothing back: quicker, as no line's origin is kept.
     static std::string TextOf(std::string_view bytes, std::string_view codePage = {});
 

@@ -1,21 +1,27 @@
 // The file system of the machine: POSIX calls where the standard library has none (owner, mode, flush,
 // lock), the portable ones elsewhere.
+#include "base/Diskfiles.h"
+
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "base/Errors.h"
-#include "base/Files.h"
 
 #ifndef _WIN32
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
+#ifdef __linux__
+#include <sys/xattr.h>
 #endif
 
 namespace tml {
@@ -43,6 +49,7 @@ constexpr TRemedy kRemedies[] = {
     {ENOSPC, "Free some space on the disk and try again"},
     {EDQUOT, "Free some space on the disk and try again"},
     {ENOENT, "Check the name"},
+    {ELOOP, "Remove the symbolic link in its place"},
 };
 
 constexpr const char* kNoFile = "cannot be read: it is no file";
@@ -105,22 +112,63 @@ class TDescriptor {
     int handle_;
 };
 
-/// Mode must be kept; the owner only where the user may give files away.
-void CopyModeAndOwner(const TDescriptor& to, const std::string& modelPath, const std::string& path) {
+/// Only root gives files away, so a file of somebody else is refused; a group the user is in can be kept.
+void CopyModeAndOwner(const TDescriptor& to, const std::string& modelPath) {
     struct stat model {};
+    struct stat own {};
     if (::stat(modelPath.c_str(), &model) != 0) return;
-    if (::fchown(to.Handle(), model.st_uid, model.st_gid) != 0 && errno != EPERM)
-        Fail(path, "the owner cannot be kept", errno);
-    if (::fchmod(to.Handle(), model.st_mode & 07777U) != 0) Fail(path, "the mode cannot be kept", errno);
+    if (::fstat(to.Handle(), &own) != 0) Fail(modelPath, "the owner cannot be kept", errno);
+    if (own.st_uid != model.st_uid && ::fchown(to.Handle(), model.st_uid, static_cast<gid_t>(-1)) != 0)
+        throw EFileError(modelPath, 0, "belongs to another user, and writing it would make it yours",
+                         "Let its owner run the command, or work on a copy");
+    if (own.st_gid != model.st_gid && ::fchown(to.Handle(), static_cast<uid_t>(-1), model.st_gid) != 0)
+        throw EFileError(modelPath, 0, "belongs to a group that you are not in, and would leave it",
+                         "Let its owner run the command, or work on a copy");
+    if (::fchmod(to.Handle(), model.st_mode & 07777U) != 0) Fail(modelPath, "the mode cannot be kept", errno);
 }
+
+#ifdef __linux__
+/// The names (their bytes end with NUL) or, with one, its value; "" where there is none.
+template <typename Get>
+std::string ReadAttribute(Get get) {
+    const ssize_t size = get(nullptr, 0);
+    std::string bytes(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
+    const ssize_t read = bytes.empty() ? 0 : get(bytes.data(), bytes.size());
+    bytes.resize(read > 0 ? static_cast<std::size_t>(read) : 0);
+    return bytes;
+}
+
+/// What people set (also access lists) must be kept; what the system sets by itself it sets anew.
+void CopyAttributes(const TDescriptor& to, const std::string& modelPath) {
+    const char* model = modelPath.c_str();
+    const std::string names =
+        ReadAttribute([&](char* data, std::size_t size) { return ::listxattr(model, data, size); });
+    for (std::size_t i = 0; i < names.size(); i = names.find('\0', i) + 1) {
+        const char* name = names.c_str() + i;
+        const std::string value =
+            ReadAttribute([&](char* data, std::size_t size) { return ::getxattr(model, name, data, size); });
+        const bool isPeoples = std::strncmp(name, "user.", 5) == 0 || std::strncmp(name, "system.", 7) == 0;
+        if (::fsetxattr(to.Handle(), name, value.data(), value.size(), 0) != 0 && isPeoples)
+            Fail(modelPath, std::string("the extended attribute ") + name + " cannot be kept", errno);
+    }
+}
+#else
+void CopyAttributes(const TDescriptor&, const std::string&) {}
+#endif
 
 class TFileLock : public IFileLock {
   public:
-    explicit TFileLock(const std::string& path) {
+    TFileLock(const std::string& path, const std::function<bool()>& stop) {
+        constexpr std::chrono::milliseconds kPause(20);
         do {
-            file_.emplace(path, O_RDWR | O_CREAT, "cannot be locked");
-            while (::flock(file_->Handle(), LOCK_EX) != 0)
-                if (errno != EINTR) Fail(path, "cannot be locked", errno);
+            file_.emplace(path, O_RDWR | O_CREAT | O_NOFOLLOW, "cannot be locked");
+            while (::flock(file_->Handle(), LOCK_EX | LOCK_NB) != 0) {
+                if (errno != EWOULDBLOCK && errno != EINTR) Fail(path, "cannot be locked", errno);
+                if (stop && stop())
+                    throw EFileError(path, 0, "stopped while another program holds the lock",
+                                     "Nothing was written");
+                std::this_thread::sleep_for(kPause);
+            }
         } while (!IsAt(path));
     }
 
@@ -137,8 +185,11 @@ class TFileLock : public IFileLock {
 };
 
 void WriteNew(const std::string& path, std::string_view bytes, const std::string& modelPath) {
-    TDescriptor file(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, "cannot be written");
-    CopyModeAndOwner(file, modelPath, path);
+    // Whatever stands there (a pipe would wait for its reader for ever) is a left-over.
+    ::unlink(path.c_str());
+    TDescriptor file(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, "cannot be written");
+    CopyModeAndOwner(file, modelPath);
+    CopyAttributes(file, modelPath);
     file.Write(bytes);
     file.Flush();
     file.Close();
@@ -178,7 +229,7 @@ std::string ReadWhole(const std::string& path) {
 #else
 class TFileLock : public IFileLock {
   public:
-    explicit TFileLock(const std::string& path) : file_(ToPath(path), std::ios::app) {
+    TFileLock(const std::string& path, const std::function<bool()>&) : file_(ToPath(path), std::ios::app) {
         if (!file_) Fail(path, "cannot be locked", errno);
     }
 
@@ -223,6 +274,8 @@ std::string ReadWhole(const std::string& path) {
 
 class TDiskFileSystem : public IFileSystem {
   public:
+    explicit TDiskFileSystem(std::function<bool()> stop) : stop_(std::move(stop)) {}
+
     std::optional<TFileInfo> Stat(const std::string& path) override { return InfoOf(path); }
 
     std::string Read(const std::string& path) override { return ReadWhole(path); }
@@ -274,14 +327,17 @@ class TDiskFileSystem : public IFileSystem {
     }
 
     std::unique_ptr<IFileLock> Lock(const std::string& path) override {
-        return std::make_unique<TFileLock>(path);
+        return std::make_unique<TFileLock>(path, stop_);
     }
+
+  private:
+    std::function<bool()> stop_;
 };
 
 }  // namespace
 
-std::unique_ptr<IFileSystem> MakeDiskFileSystem() {
-    return std::make_unique<TDiskFileSystem>();
+std::unique_ptr<IFileSystem> MakeDiskFileSystem(std::function<bool()> stop) {
+    return std::make_unique<TDiskFileSystem>(std::move(stop));
 }
 
 }  // namespace tml

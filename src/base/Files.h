@@ -39,19 +39,16 @@ class IFileSystem {
     /// Names (without folder) in a folder, sorted.
     virtual std::vector<std::string> List(const std::string& folder) = 0;
     virtual void MakeFolder(const std::string& folder) = 0;
-    /// Writes a new file with the bytes and brings it to the disk; takes mode and owner of modelPath
-    /// where that exists. A failure leaves no file behind.
+    /// Writes a new file with the bytes and brings it to the disk; takes mode, owner, group and
+    /// extended attributes of modelPath where that exists. A failure leaves no file behind.
     virtual void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) = 0;
     /// Puts the file in the other's place in one step and brings the folder to the disk.
     virtual void Rename(const std::string& from, const std::string& to) = 0;
     virtual void Remove(const std::string& path) = 0;
     /// Waits for the lock file and holds it, so that only one process at a time changes what it guards. The
-    /// holder may remove the file.
+    /// holder may remove the file. A symbolic link in its place is refused.
     virtual std::unique_ptr<IFileLock> Lock(const std::string& path) = 0;
 };
-
-/// The file system of the machine.
-std::unique_ptr<IFileSystem> MakeDiskFileSystem();
 
 /// Path helpers; both "/" and "\" separate when reading.
 std::string FolderOf(std::string_view path);     ///< without the last separator, "" when there is none

@@ -197,7 +197,10 @@ void AddReplaceCommand(CLI::App& app, TProgram& program) {
     command->add_flag("--const", options->Const, "The string constants of the const sections instead");
     command->add_flag("--all", options->All, "Also strings that carry an advice against it");
     command->add_flag("--dry-run", options->DryRun, "List what would be replaced; write nothing");
-    command->add_flag("--patch", options->Patch, "Print the change as a unified diff; write nothing");
+    command->add_flag(
+        "--patch", options->Patch,
+        "Print the change for git apply; write nothing. Paths begin below the project's folder or, where "
+        "files lie outside of it, below the folder that holds them all");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TReplaceRun(shared, *options).Run(); };
     });

@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "base/Diskfiles.h"
 #include "base/Errors.h"
 #include "cli/Interrupt.h"
 #include "cli/Program.h"
@@ -53,7 +54,7 @@ int RunChosen(TProgram& program) {
 }
 
 int RunProgram(int argc, char** argv) {
-    const auto files = MakeDiskFileSystem();
+    const auto files = MakeDiskFileSystem(Interrupted);
     TProgram program;
     program.Files = files.get();
     program.ConfigFolder = UserConfigFolder();
@@ -80,7 +81,6 @@ int RunProgram(int argc, char** argv) {
         const int code = app.exit(error);
         return code == 0 ? kDone : kBadInput;
     }
-    WatchInterrupts();
     return RunChosen(program);
 }
 

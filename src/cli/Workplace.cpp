@@ -9,6 +9,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "cli/Interrupt.h"
 #include "cli/Userregistry.h"
 #include "host/Commonlibrary.h"
 
@@ -35,7 +36,10 @@ TWorkplace::TWorkplace(TProgram& program)
       registry_(OpenUserRegistry(program)),
       answers_(program.Yes),
       host_(*program.Files, *registry_, answers_,
-            MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder())), false) {}
+            MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder())), false) {
+    // Commands without a workplace do one thing, which a signal may end at any time.
+    WatchInterrupts();
+}
 
 TWorkplace::~TWorkplace() = default;
 

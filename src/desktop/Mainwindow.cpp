@@ -9,6 +9,7 @@
 #include <Qsci/qsciscintilla.h>
 #include <utility>
 
+#include "base/Diskfiles.h"
 #include "base/Errors.h"
 #include "desktop/Codeeditor.h"
 #include "desktop/Editortabs.h"

@@ -1,14 +1,27 @@
-// One line a rename: old size, old hash, new size, new hash ("-" for a file that was not there), staged
-// path, target path, separated by tabs; a tab, a line break or a "%" in a path is written as "%" and two
-// hex digits.
+// One line a file: old size, old hash, new size, new hash ("-" for a file that is not there), path, separated
+// by tabs; a tab, a line break or a "%" in a path is written as "%" and two hex digits.
 #include "ide/Commitrecord.h"
 
 #include <array>
 #include <charconv>
-#include <optional>
+#include <filesystem>
+
+#include "base/Errors.h"
+#include "base/Files.h"
 
 namespace tml {
 namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(const std::string& path) {
+    return fs::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string FromPath(const fs::path& path) {
+    const std::u8string text = path.generic_u8string();
+    return {text.begin(), text.end()};
+}
 
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
@@ -60,8 +73,8 @@ std::optional<TContentMark> ParseMark(std::string_view size, std::string_view ha
     return TContentMark{true, *sizeNumber, *hashNumber};
 }
 
-std::optional<TCommitLine> ParseLine(std::string_view line) {
-    std::array<std::string_view, 6> fields;
+std::optional<TCommitLine> ParseLine(std::string_view line, const std::string& folder) {
+    std::array<std::string_view, 5> fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const std::size_t end = line.find('\t');
         if ((end == std::string_view::npos) != (i + 1 == fields.size())) return std::nullopt;
@@ -70,8 +83,15 @@ std::optional<TCommitLine> ParseLine(std::string_view line) {
     }
     const auto oldMark = ParseMark(fields[0], fields[1]);
     const auto newMark = ParseMark(fields[2], fields[3]);
-    if (!oldMark || !newMark) return std::nullopt;
-    return TCommitLine{UnescapePath(fields[4]), UnescapePath(fields[5]), *oldMark, *newMark};
+    if (!oldMark || !newMark || fields[4].empty()) return std::nullopt;
+    const std::string path = JoinPath(folder, UnescapePath(fields[4]));
+    return TCommitLine{FromPath(ToPath(path).lexically_normal()), *oldMark, *newMark};
+}
+
+/// The path of a file from the folder on; the whole path where none leads there (another drive).
+std::string PathFrom(const std::string& folder, const std::string& file) {
+    const fs::path relative = ToPath(file).lexically_relative(ToPath(folder));
+    return relative.empty() ? file : FromPath(relative);
 }
 
 }  // namespace
@@ -84,19 +104,29 @@ TContentMark MarkOf(std::string_view bytes) {
     return {true, bytes.size(), hash};
 }
 
-std::string WriteCommitRecord(const std::vector<TCommitLine>& lines) {
+TContentMark MarkOfFile(const std::optional<std::string>& bytes) {
+    return bytes ? MarkOf(*bytes) : TContentMark();
+}
+
+std::string WriteCommitRecord(const std::vector<TCommitLine>& lines, const std::string& folder) {
     std::string text;
     for (const TCommitLine& line : lines)
-        text += MarkText(line.Old) + '\t' + MarkText(line.New) + '\t' + EscapePath(line.Staged) + '\t' +
-                EscapePath(line.Target) + '\n';
+        text += MarkText(line.Old) + '\t' + MarkText(line.New) + '\t' +
+                EscapePath(PathFrom(folder, line.Target)) + '\n';
     return text;
 }
 
-std::vector<TCommitLine> ParseCommitRecord(std::string_view text) {
+std::vector<TCommitLine> ParseCommitRecord(std::string_view text, const std::string& folder,
+                                           const std::string& fileName) {
     std::vector<TCommitLine> lines;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
-        if (auto line = ParseLine(text.substr(0, end))) lines.push_back(std::move(*line));
+        auto line = ParseLine(text.substr(0, end), folder);
+        if (!line)
+            throw EBadInput(fileName, static_cast<int>(lines.size()) + 1,
+                            "the record of an interrupted save is damaged",
+                            "Compare the files beside it, then delete it");
+        lines.push_back(std::move(*line));
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
     return lines;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,18 +18,20 @@ struct TContentMark {
 };
 
 TContentMark MarkOf(std::string_view bytes);
+/// The same of a file that may be missing (none).
+TContentMark MarkOfFile(const std::optional<std::string>& bytes);
 
-/// One rename that is to be made: the staged file takes the target's place.
+/// One file that is to get other bytes, or to go.
 struct TCommitLine {
-    std::string Staged;
-    std::string Target;
+    std::string Target;  ///< full path
     TContentMark Old;
     TContentMark New;
 };
 
-/// The record as text, and back. A line that cannot be read is left out: what it names is then taken for
-/// a left-over.
-std::string WriteCommitRecord(const std::vector<TCommitLine>& lines);
-std::vector<TCommitLine> ParseCommitRecord(std::string_view text);
+/// The record that stands in a folder (full path) as text, and back; the text names files relative to the
+/// folder, so that both can be moved together. A line that cannot be read is EBadInput with fileName.
+std::string WriteCommitRecord(const std::vector<TCommitLine>& lines, const std::string& folder);
+std::vector<TCommitLine> ParseCommitRecord(std::string_view text, const std::string& folder,
+                                           const std::string& fileName);
 
 }  // namespace tml

@@ -4,8 +4,13 @@
 
 namespace tml {
 
+bool TDesignComponent::IsBound() const {
+    if (node_ == nullptr && !alive_.expired()) form_.Read();
+    return node_ != nullptr;
+}
+
 TFormNode& TDesignComponent::Node() const {
-    if (node_ == nullptr)
+    if (!IsBound())
         throw EBadInput("", 0, "the component has been deleted or its form is closed",
                         "Open the form again and repeat the command");
     return *node_;

@@ -14,11 +14,14 @@ namespace tml {
 /// closed) every operation is refused with EBadInput, and an undo may bring it back.
 class TDesignComponent : public IOTAComponent {
   public:
-    TDesignComponent(TFormDocument& form, TFormNode& node) : form_(form), node_(&node) {}
+    TDesignComponent(TFormDocument& form, TFormNode& node)
+        : form_(form), alive_(form.weak_from_this()), node_(&node) {}
 
     void Bind(TFormNode* node) { node_ = node; }
-    bool IsBound() const { return node_ != nullptr; }
-    bool IsOn(const TFormDocument& form) const { return IsBound() && &form_ == &form; }
+    /// False for one that has been deleted, or whose form is closed.
+    bool IsBound() const;
+    bool IsOn(const TFormDocument& form) const { return IsBound() && IsOf(form); }
+    bool IsOf(const TFormDocument& form) const { return &form_ == &form && !alive_.expired(); }
     TFormNode& Node() const;
 
     TComponentHandle GetComponentHandle() override { return this; }
@@ -39,7 +42,8 @@ class TDesignComponent : public IOTAComponent {
     void Delete() override;
 
   private:
-    TFormDocument& form_;  ///< used only while there is a node
+    TFormDocument& form_;  ///< used only while it is alive
+    std::weak_ptr<TDocument> alive_;
     TFormNode* node_;
 };
 

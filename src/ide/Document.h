@@ -8,7 +8,8 @@ namespace tml {
 
 class TJournal;
 
-/// A file that is open in the IDE: what it holds now, what the disk holds, and whether that is the same.
+/// A file that is open in the IDE: what it holds now, what the disk holds, and whether that is the same. For
+/// the journal it gives its bytes and takes others.
 class TDocument : public std::enable_shared_from_this<TDocument> {
   public:
     /// onDisk: the file's bytes as they are known to stand on the disk.
@@ -19,12 +20,11 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
     TDocument& operator=(const TDocument&) = delete;
 
     const std::string& FileName() const { return fileName_; }
-    /// The file as it would be saved. EBadInput where the file's encoding cannot hold it.
+    /// The file as it would be saved.
     virtual std::string Bytes() const = 0;
     const std::string& OnDisk() const { return onDisk_; }
-    bool IsModified() const { return state_.Marked || state_.Version != state_.Saved; }
+    bool IsModified() const { return state_.Changed || state_.Marked; }
     bool IsClosed() const { return closed_; }
-    /// From now on the document only serves the rolling back of a command that is still running.
     virtual void Close() { closed_ = true; }
 
     /// Counts as modified until it is saved, changed or not.
@@ -32,29 +32,37 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
     /// Has the bytes written when the running command ends, at once when none is running.
     void Save();
 
-    /// What tells modified from saved; taken and put back by the journal.
+    /// What belongs to the document besides its bytes and comes back with them: the components of a form on
+    /// their nodes, the block of a source.
+    class TView {
+      public:
+        virtual ~TView() = default;
+    };
+    virtual std::shared_ptr<const TView> View() const = 0;
+    /// Takes bytes that it, or the same file opened before, had once; cannot fail. view may be nullptr, or
+    /// that of another document.
+    virtual void Take(std::string bytes, const std::shared_ptr<const TView>& view) = 0;
+    /// Called when all documents of a step have taken their bytes.
+    virtual void Restored() {}
+
     struct TState {
-        unsigned Version = 0;
-        unsigned Saved = 0;
+        bool Changed = false;  ///< holds other bytes than were saved
         bool Marked = false;
     };
     const TState& State() const { return state_; }
     void SetState(const TState& state) { state_ = state; }
     void Written(std::string bytes) { onDisk_ = std::move(bytes); }
-    /// Called when a whole step has been taken back or made again.
-    virtual void Restored() {}
 
   protected:
     TJournal& Journal() const { return journal_; }
-    /// Gives the document a state that it never had.
-    void NewVersion() { state_.Version = ++lastVersion_; }
+    /// Called before every change, within a command.
+    void Changing();
 
   private:
     TJournal& journal_;
     std::string fileName_;
     std::string onDisk_;
     TState state_;
-    unsigned lastVersion_ = 0;
     bool closed_ = false;
 };
 

@@ -27,22 +27,14 @@ std::vector<TFormNode*> NodesBelow(TFormNode& node, bool intoFrames) {
     return nodes;
 }
 
-/// The whole form before (after an undo: behind) the changes of one scope.
-class TFormDocument::TStep : public TUndoStep {
-  public:
-    TStep(std::shared_ptr<TDocument> document, TFormDocument& form)
-        : TUndoStep(std::move(document)), form_(form), other_(form.Take()) {}
-
-  protected:
-    void ToggleContent() override {
-        TSnapshot current = form_.Take();
-        form_.Restore(other_);
-        other_ = std::move(current);
-    }
-
-  private:
-    TFormDocument& form_;
-    TSnapshot other_;
+/// Components, the place of their node, counted through the file from 0, and their names.
+struct TFormDocument::TPlaces : TView {
+    struct TPlace {
+        std::shared_ptr<TDesignComponent> Component;
+        std::size_t Node;
+        std::string Name;
+    };
+    std::vector<TPlace> Places;
 };
 
 TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, const std::string& bytes,
@@ -51,8 +43,8 @@ TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, con
       codePage_(std::move(codePage)),
       tree_(TFormTree::Parse(bytes, fileName, codePage_)) {}
 
-std::string TFormDocument::ShownText() const {
-    return TCodedText::TextOf(tree_->Text(), codePage_);
+std::string TFormDocument::ShownText() {
+    return TCodedText::TextOf(Tree().Text(), codePage_);
 }
 
 TFormDocument::~TFormDocument() {
@@ -64,6 +56,7 @@ void TFormDocument::Close() {
     for (const auto& [node, component] : components_)
         component->Bind(nullptr);
     components_.clear();
+    places_.reset();
 }
 
 void TFormDocument::ExpectOpen() const {
@@ -107,10 +100,8 @@ void TFormDocument::Change(const std::string& title, const std::function<void(TF
     ExpectOpen();
     const auto command = Journal().BeginUnlessRunning(title);
     formerNames_.clear();
-    // One picture of the form a scope is enough, whatever the number of its changes.
-    if (!Journal().ChangedInScope(*this)) Journal().Add(std::make_unique<TStep>(shared_from_this(), *this));
-    NewVersion();
-    change(*tree_);
+    Changing();
+    change(Tree());
     if (command) command->Commit();
 }
 
@@ -134,40 +125,64 @@ void TFormDocument::Unbind(TFormNode& node) {
     components_.erase(found);
 }
 
-TFormDocument::TSnapshot TFormDocument::Take() {
-    TSnapshot snapshot{tree_->Bytes(), {}};
-    if (components_.empty()) return snapshot;
-    const std::vector<TFormNode*> nodes = NodesBelow(Root(), true);
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const auto found = components_.find(nodes[i]);
-        if (found != components_.end()) snapshot.Places.emplace_back(found->second, i);
-    }
-    return snapshot;
+TFormTree& TFormDocument::Tree() {
+    Read();
+    return *tree_;
 }
 
-void TFormDocument::Restore(const TSnapshot& snapshot) {
-    const bool noteNames = formerNames_.empty();
-    for (const auto& [node, component] : components_) {
-        if (noteNames) formerNames_.emplace_back(component, node->Name());
-        component->Bind(nullptr);
-    }
-    components_.clear();
+void TFormDocument::Read() {
+    if (!unread_ || IsClosed()) return;
     owned_.clear();
-    tree_ = TFormTree::Parse(snapshot.Bytes, FileName(), codePage_);
-    if (IsClosed()) return;
-    const std::vector<TFormNode*> nodes = NodesBelow(Root(), true);
-    for (const auto& [component, place] : snapshot.Places) {
-        component->Bind(nodes.at(place));
-        components_[nodes[place]] = component;
+    tree_ = TFormTree::Parse(*unread_, FileName(), codePage_);
+    unread_.reset();
+    if (!places_) return;
+    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root(), true);
+    for (const TPlaces::TPlace& place : places_->Places) {
+        place.Component->Bind(nodes.at(place.Node));
+        components_[nodes[place.Node]] = place.Component;
     }
+    places_.reset();
+}
+
+std::shared_ptr<const TDocument::TView> TFormDocument::View() const {
+    if (unread_) return places_;
+    auto view = std::make_shared<TPlaces>();
+    if (components_.empty()) return view;
+    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root(), true);
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        if (const auto found = components_.find(nodes[i]); found != components_.end())
+            view->Places.push_back({found->second, i, nodes[i]->Name()});
+    return view;
+}
+
+TFormDocument::TNames TFormDocument::Names() const {
+    TNames names;
+    for (const auto& [node, component] : components_)
+        names.emplace(component, node->Name());
+    if (places_)
+        for (const TPlaces::TPlace& place : places_->Places)
+            names.emplace(place.Component, place.Name);
+    return names;
+}
+
+void TFormDocument::Take(std::string bytes, const std::shared_ptr<const TView>& view) {
+    if (formerNames_.empty()) formerNames_ = Names();
+    for (const auto& [node, component] : components_)
+        component->Bind(nullptr);
+    components_.clear();
+    unread_ = std::move(bytes);
+    places_ = std::dynamic_pointer_cast<const TPlaces>(view);
+    // A form that was opened anew has components of its own.
+    if (places_ && !places_->Places.empty() && !places_->Places.front().Component->IsOf(*this))
+        places_.reset();
 }
 
 void TFormDocument::Restored() {
-    const auto formerNames = std::move(formerNames_);
+    const TNames former = std::move(formerNames_);
     formerNames_.clear();
-    if (IsClosed()) return;
-    for (const auto& [component, name] : formerNames)
-        if (component->IsBound() && component->GetName() != name) designer_->NameRestored(*component, name);
+    for (const auto& [component, name] : Names())
+        if (const auto old = former.find(component); old != former.end() && old->second != name)
+            designer_->NameRestored(*component, old->second);
 }
 
 }  // namespace tml

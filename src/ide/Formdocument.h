@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -39,15 +40,19 @@ class TFormDocument : public TDocument {
                   std::string onDisk, std::string codePage);
     ~TFormDocument() override;
 
-    std::string Bytes() const override { return tree_->Bytes(); }
+    std::string Bytes() const override { return unread_ ? *unread_ : tree_->Bytes(); }
+    std::shared_ptr<const TView> View() const override;
+    void Take(std::string bytes, const std::shared_ptr<const TView>& view) override;
+    /// Makes the tree of bytes that were taken; whoever uses nodes does so by himself.
+    void Read();
     /// The form as text in UTF-8, for reading.
-    std::string ShownText() const;
+    std::string ShownText();
     void Close() override;
     void Restored() override;
     void SetDesigner(IComponentDesigner* designer) { designer_ = designer; }
     IComponentDesigner& Designer() const { return *designer_; }
 
-    TFormNode& Root() { return tree_->Root(); }
+    TFormNode& Root() { return Tree().Root(); }
     /// The one component on a node. EBadInput when the form is closed.
     std::shared_ptr<TDesignComponent> ComponentOf(TFormNode& node);
     /// The components that the form or frame owns, in file order; none for other components.
@@ -65,25 +70,24 @@ class TFormDocument : public TDocument {
     void Remove(TFormTree& tree, TFormNode& node);
 
   private:
-    class TStep;
-    struct TSnapshot {
-        std::string Bytes;
-        /// Components and the place of their node, counted through the file from 0.
-        std::vector<std::pair<std::shared_ptr<TDesignComponent>, std::size_t>> Places;
-    };
+    struct TPlaces;
+    using TNames = std::unordered_map<std::shared_ptr<TDesignComponent>, std::string>;
 
-    TSnapshot Take();
-    void Restore(const TSnapshot& snapshot);
+    TFormTree& Tree();
+    /// The components that are known, and their names.
+    TNames Names() const;
     void Unbind(TFormNode& node);
     void ExpectOpen() const;
 
     std::string codePage_;
     std::unique_ptr<TFormTree> tree_;
+    std::optional<std::string> unread_;      ///< what the tree is to be made of, on first use
+    std::shared_ptr<const TPlaces> places_;  ///< of the components then
     IComponentDesigner* designer_ = nullptr;
     std::unordered_map<const TFormNode*, std::shared_ptr<TDesignComponent>> components_;
     std::unordered_map<const TFormNode*, std::vector<TFormNode*>> owned_;
-    /// Names before the first Restore since the last Restored.
-    std::vector<std::pair<std::shared_ptr<TDesignComponent>, std::string>> formerNames_;
+    /// Names before the first Take since the last Restored.
+    TNames formerNames_;
 };
 
 /// The component and all below it in file order; those inside frames only with intoFrames.

@@ -26,10 +26,13 @@ namespace {
 
 std::vector<std::string> FilesOf(const TProjectSet& set) {
     std::vector<std::string> paths;
-    for (const TProjectModel& project : set.Projects)
+    if (!set.GroupFile.empty()) paths.push_back(set.GroupFile);
+    for (const TProjectModel& project : set.Projects) {
+        paths.push_back(project.FileName);
         for (const TProjectUnit& unit : project.Units)
             for (const std::string& path : {unit.FileName, unit.HeaderFile, unit.FormFile})
                 if (!path.empty() && !unit.Missing) paths.push_back(path);
+    }
     return paths;
 }
 
@@ -62,11 +65,9 @@ IOTAModuleServices* THeadlessIde::GetModuleServices() {
 void THeadlessIde::OpenProject(const std::string& path) {
     const std::string fileName = AbsolutePath(state_->Files, path);
     TProjectSet set = ReadProjectSet(state_->Files, fileName);
-    std::vector<TProjectProblem> problems =
-        RecoverStaged(state_->Files, CommitRecordPath(fileName), FilesOf(set));
+    RecoverStaged(state_->Files, FilesOf(set));
     CloseProject();
-    problems.insert(problems.end(), set.Problems.begin(), set.Problems.end());
-    state_->Problems = std::move(problems);
+    state_->Problems = std::move(set.Problems);
     state_->Modules.SetProjects(MakeGroup(set));
 }
 
@@ -99,27 +100,16 @@ void THeadlessIde::SaveAll() {
     if (command) command->Commit();
 }
 
-namespace {
-
-/// The file's document, and its form's: what is done to the form belongs to the unit.
-TJournal::TDocuments FindDocuments(TModules& modules, const std::string& fileName) {
-    if (fileName.empty()) return {};
-    const std::shared_ptr<TModule> module = modules.Find(fileName);
-    if (!module) throw EBadInput(fileName, 0, "the file is not open", "Open it first");
-    TJournal::TDocuments documents;
-    if (const TSourceBuffer* source = module->FindSource(fileName)) documents.push_back(source);
-    if (const TFormDocument* form = module->Files().Form.get()) documents.push_back(form);
-    return documents;
-}
-
-}  // namespace
-
 std::string THeadlessIde::Undo(const std::string& fileName) {
-    return state_->Modules.Journal().Undo(FindDocuments(state_->Modules, fileName));
+    TModules& modules = state_->Modules;
+    return modules.Journal().Undo(fileName.empty() ? std::vector<std::string>()
+                                                   : modules.FilesOfUnit(fileName));
 }
 
 std::string THeadlessIde::Redo(const std::string& fileName) {
-    return state_->Modules.Journal().Redo(FindDocuments(state_->Modules, fileName));
+    TModules& modules = state_->Modules;
+    return modules.Journal().Redo(fileName.empty() ? std::vector<std::string>()
+                                                   : modules.FilesOfUnit(fileName));
 }
 
 void THeadlessIde::LoadPackage(const TPackage& package) {

@@ -49,9 +49,9 @@ class THeadlessIde : public IBorlandIDEServices {
     /// Saves every modified file in one step: all of them or none.
     void SaveAll();
 
-    /// Takes back the topmost step of the file or its form ("": of all files) in all of its documents and
-    /// gives its title; "" when there is nothing to take back. EBadInput names the document that stands in
-    /// the way.
+    /// Takes back the topmost step of the unit and its form ("": of all files) in all of its files, open or
+    /// not, and gives its title; "" when there is nothing to take back. A closed file is written at once.
+    /// EBadInput names the file that has changed since or stands in the way.
     std::string Undo(const std::string& fileName = {});
     std::string Redo(const std::string& fileName = {});
 

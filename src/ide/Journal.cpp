@@ -1,94 +1,53 @@
 #include "ide/Journal.h"
 
 #include <algorithm>
-#include <map>
 #include <stdexcept>
 
-#include "base/Diff.h"
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Format.h"
+#include "base/Gitpatch.h"
 
 namespace tml {
 namespace {
 
-/// Text, as far as a unified diff goes; forms in binary and wide encodings are not.
-bool IsDiffable(const std::string& bytes) {
-    return bytes.find('\0') == std::string::npos;
+/// The folder, or the nearest one above it that the file is in.
+std::string CommonFolder(std::string folder, const std::string& file) {
+    while (!file.starts_with(JoinPath(folder, "")) && folder != FolderOf(folder))
+        folder = FolderOf(folder);
+    return folder;
 }
 
 }  // namespace
 
-void TUndoStep::Toggle() {
-    // Taking a change back that has been saved since makes the document modified.
-    const TDocument::TState current = document_->State();
-    ToggleContent();
-    document_->SetState(aspect_ == TAspect::Content
-                            ? TDocument::TState{state_.Version, current.Saved, current.Marked}
-                            : TDocument::TState{current.Version, state_.Saved, state_.Marked});
-    state_ = current;
-}
+const TJournal::TDirection TJournal::kBack = {TFileStep::TSide::After, TFileStep::TSide::Before,
+                                              "taken back"};
+const TJournal::TDirection TJournal::kForth = {TFileStep::TSide::Before, TFileStep::TSide::After,
+                                               "made again"};
 
 class TJournal::TScope : public ICommandScope {
   public:
-    explicit TScope(TJournal& journal) : journal_(journal), begin_(journal.running_.Steps.size()) {
-        journal_.scopes_.push_back(begin_);
-        journal_.changed_.clear();
-    }
+    explicit TScope(TJournal& journal) : journal_(journal) { journal_.scopes_.emplace_back(); }
     ~TScope() override {
-        if (committed_) return;
-        journal_.RollBack(begin_);
-        Leave();
+        if (!committed_) journal_.RollBack();
     }
     TScope(const TScope&) = delete;
     TScope& operator=(const TScope&) = delete;
 
     void Commit() override {
         if (committed_) throw std::logic_error("the command has ended already");
-        if (journal_.scopes_.size() == 1) journal_.Commit();
+        journal_.Commit();
         committed_ = true;
-        Leave();
     }
-    std::string Patch() override { return journal_.Patch(begin_); }
+    std::string Patch() override { return journal_.Patch(); }
 
   private:
-    void Leave() {
-        journal_.scopes_.pop_back();
-        // The outer scope may take a second step for a document; one too many does no harm.
-        journal_.changed_.clear();
-    }
-
     TJournal& journal_;
-    std::size_t begin_;
     bool committed_ = false;
 };
 
-bool TJournal::TEntry::Touches(const TDocument& document) const {
-    return std::any_of(Steps.begin(), Steps.end(),
-                       [&](const auto& step) { return step->Document().get() == &document; });
-}
-
-bool TJournal::TEntry::SharesDocument(const TEntry& other) const {
-    const std::vector<TDocument*> documents = Documents();
-    return std::any_of(documents.begin(), documents.end(),
-                       [&](const TDocument* document) { return other.Touches(*document); });
-}
-
-bool TJournal::TEntry::IsClosed() const {
-    return std::all_of(Steps.begin(), Steps.end(),
-                       [](const auto& step) { return step->Document()->IsClosed(); });
-}
-
-std::vector<TDocument*> TJournal::TEntry::Documents() const {
-    std::vector<TDocument*> documents;
-    std::unordered_set<const TDocument*> seen;
-    for (const auto& step : Steps)
-        if (seen.insert(step->Document().get()).second) documents.push_back(step->Document().get());
-    return documents;
-}
-
 std::unique_ptr<ICommandScope> TJournal::Begin(const std::string& title) {
-    if (scopes_.empty()) running_.Title = title;
+    if (scopes_.empty()) title_ = title;
     return std::make_unique<TScope>(*this);
 }
 
@@ -96,78 +55,185 @@ std::unique_ptr<ICommandScope> TJournal::BeginUnlessRunning(const std::string& t
     return scopes_.empty() ? Begin(title) : nullptr;
 }
 
-void TJournal::Add(std::unique_ptr<TUndoStep> step) {
+// --- what a command does
+
+TDocument* TJournal::Document(const std::string& fileName) const {
+    const auto found = open_.find(fileName);
+    return found == open_.end() ? nullptr : found->second;
+}
+
+const TJournal::TPending* TJournal::Pending(const std::string& fileName) const {
+    const auto found = pending_.find(fileName);
+    return found == pending_.end() ? nullptr : &found->second;
+}
+
+std::optional<std::string> TJournal::Bytes(const std::string& fileName) const {
+    if (const TDocument* document = Document(fileName)) return document->Bytes();
+    const TPending* pending = Pending(fileName);
+    return pending != nullptr ? pending->Bytes : host_.Read(fileName);
+}
+
+// One picture of a file a scope is enough, whatever the number of its changes.
+TJournal::TFound& TJournal::NoteFile(const std::string& fileName, TNoted noted) {
     if (scopes_.empty()) throw std::logic_error("a change outside of every command");
-    if (step->Aspect() == TUndoStep::TAspect::Content) changed_.insert(step->Document().get());
-    if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].push_back(step.get());
-    running_.Steps.push_back(std::move(step));
+    const auto [place, isNew] = scopes_.back().try_emplace(fileName);
+    TFound& found = place->second;
+    if (isNew) {
+        found.Bytes = Bytes(fileName);
+        if (const TPending* pending = Pending(fileName)) found.Pending = *pending;
+    }
+    found.HasNewContent = found.HasNewContent || noted == TNoted::Content;
+    return found;
 }
 
-bool TJournal::ChangedInScope(const TDocument& document) const {
-    return changed_.contains(&document);
+void TJournal::Note(const TDocument& document, TNoted noted) {
+    const std::size_t known = scopes_.empty() ? 0 : scopes_.back().size();
+    TFound& found = NoteFile(document.FileName(), noted);
+    if (scopes_.back().size() == known) return;
+    found.View = document.View();
+    found.Marked = document.State().Marked;
 }
 
-const TUndoStep* TJournal::PendingSave(const std::string& fileName) const {
-    const auto found = saves_.find(fileName);
-    return found == saves_.end() || found->second.empty() ? nullptr : found->second.back();
+void TJournal::SetPending(const std::string& fileName, std::optional<std::string> bytes) {
+    const auto [place, isNew] = pending_.try_emplace(fileName);
+    if (isNew) {
+        const TDocument* document = Document(fileName);
+        place->second.OnDisk = document != nullptr ? document->OnDisk() : host_.Read(fileName);
+    }
+    place->second.Bytes = std::move(bytes);
 }
 
-void TJournal::ToggleBack(TSteps& steps, std::size_t downTo) {
-    for (std::size_t i = steps.size(); i-- > downTo;)
-        steps[i]->Toggle();
+void TJournal::Save(const TDocument& document) {
+    Note(document, TNoted::State);
+    SetPending(document.FileName(), document.Bytes());
 }
 
-void TJournal::ToggleForth(TSteps& steps, std::size_t from) {
-    for (std::size_t i = from; i < steps.size(); ++i)
-        steps[i]->Toggle();
+void TJournal::Write(const std::string& fileName, std::optional<std::string> bytes) {
+    if (Document(fileName) != nullptr)
+        throw EBadInput(fileName, 0, "the file is open", "Close it and repeat the command");
+    const auto command = BeginUnlessRunning("Write " + FileNameOf(fileName));
+    NoteFile(fileName, TNoted::Content);
+    SetPending(fileName, std::move(bytes));
+    if (command) command->Commit();
 }
 
-void TJournal::TellRestored(const TSteps& steps, std::size_t from) {
-    for (std::size_t i = from; i < steps.size(); ++i)
-        steps[i]->Document()->Restored();
+// --- how it ends
+
+void TJournal::SetState(TDocument& document, const std::optional<std::string>& bytes, bool marked) {
+    const TPending* pending = Pending(document.FileName());
+    document.SetState({bytes != (pending == nullptr ? document.OnDisk() : pending->Bytes), marked});
 }
 
-void TJournal::RollBack(std::size_t downTo) {
-    ToggleBack(running_.Steps, downTo);
-    TSteps dropped(std::make_move_iterator(running_.Steps.begin() + static_cast<std::ptrdiff_t>(downTo)),
-                   std::make_move_iterator(running_.Steps.end()));
-    running_.Steps.resize(downTo);
-    for (const auto& step : dropped)
-        if (step->BytesToWrite() != nullptr) saves_[step->Document()->FileName()].pop_back();
-    TellRestored(dropped, 0);
+void TJournal::TellRestored(const TFileNames& files) {
+    for (const std::string& fileName : files)
+        if (TDocument* document = Document(fileName)) document->Restored();
+    if (!files.empty()) host_.Restored(files);
+}
+
+void TJournal::RollBack() {
+    const TFiles files = std::move(scopes_.back());
+    scopes_.pop_back();
+    TFileNames restored;
+    for (const auto& [fileName, found] : files) {
+        pending_.erase(fileName);
+        if (found.Pending) pending_.emplace(fileName, *found.Pending);
+        TDocument* document = Document(fileName);
+        if (document != nullptr && found.Bytes && found.HasNewContent)
+            document->Take(*found.Bytes, found.View);
+        if (document != nullptr) SetState(*document, found.Bytes, found.Marked);
+        if (found.HasNewContent) restored.push_back(fileName);
+    }
+    TellRestored(restored);
 }
 
 void TJournal::Commit() {
-    WriteSaved();
-    TEntry entry = std::move(running_);
-    running_ = TEntry();
-    saves_.clear();
-    std::erase_if(entry.Steps, [](const auto& step) { return step->Aspect() == TUndoStep::TAspect::Saving; });
+    if (scopes_.size() > 1) {
+        const TFiles inner = std::move(scopes_.back());
+        scopes_.pop_back();
+        for (const auto& [fileName, found] : inner) {
+            const auto [place, isNew] = scopes_.back().try_emplace(fileName, found);
+            place->second.HasNewContent |= found.HasNewContent;
+        }
+        return;
+    }
+    TEntry entry = MakeEntry();
+    WritePending();
+    scopes_.pop_back();
     if (entry.Steps.empty()) return;
     DropRedoOf(entry);
-    if (!entry.IsClosed()) done_.push_back(std::move(entry));
+    done_.push_back(std::move(entry));
 }
 
-void TJournal::WriteSaved() {
-    std::map<std::string, std::pair<TDocument*, std::string>> last;
-    for (const auto& step : running_.Steps)
-        if (const std::string* bytes = step->BytesToWrite())
-            last[step->Document()->FileName()] = {step->Document().get(), *bytes};
+TJournal::TEntry TJournal::MakeEntry() const {
+    TEntry entry{title_, {}};
+    for (const auto& [fileName, found] : scopes_.back()) {
+        const TDocument* document = Document(fileName);
+        // What was closed without being saved has come to nothing.
+        if (!found.HasNewContent || (document == nullptr && Pending(fileName) == nullptr)) continue;
+        const std::optional<std::string> bytes = Bytes(fileName);
+        if (bytes != found.Bytes)
+            entry.Steps.emplace_back(fileName, found.Bytes, found.View, bytes,
+                                     document != nullptr ? document->View() : nullptr);
+    }
+    return entry;
+}
+
+void TJournal::WritePending() {
     std::vector<TStagedFile> files;
-    for (const auto& [fileName, save] : last)
-        if (save.second != save.first->OnDisk())
-            files.push_back({fileName, save.second, save.first->OnDisk()});
-    if (!files.empty()) write_(files);
-    for (auto& [fileName, save] : last)
-        save.first->Written(std::move(save.second));
+    for (const auto& [fileName, pending] : pending_)
+        if (pending.Bytes != pending.OnDisk) files.push_back({fileName, pending.Bytes, pending.OnDisk});
+    if (!files.empty()) host_.Write(files);
+    for (auto& [fileName, pending] : pending_)
+        if (TDocument* document = Document(fileName)) document->Written(std::move(*pending.Bytes));
+    pending_.clear();
 }
 
-/// What was taken back can be made again only on the text that it left; entries that stand on a dropped
+void TJournal::Closed(const TDocument& document) {
+    const std::string& fileName = document.FileName();
+    if (Document(fileName) != &document) return;
+    open_.erase(fileName);
+    if (!document.State().Changed) return;
+    const TPending* pending = Pending(fileName);
+    const TContentMark left = pending != nullptr ? MarkOfFile(pending->Bytes) : MarkOf(document.OnDisk());
+    Lose(done_, document, left, kBack);
+    Lose(undone_, document, left, kForth);
+}
+
+void TJournal::Lose(TEntries& entries, const TDocument& document, const TContentMark& left,
+                    const TDirection& direction) {
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+        for (TFileStep& step : entry->Steps) {
+            if (step.FileName() != document.FileName()) continue;
+            if (step.Mark(direction.From) == left) return;
+            step.IsLost = true;
+        }
+    std::erase_if(entries, [](const TEntry& entry) {
+        return std::all_of(entry.Steps.begin(), entry.Steps.end(),
+                           [](const TFileStep& step) { return step.IsLost; });
+    });
+}
+
+void TJournal::Forget() {
+    done_.clear();
+    undone_.clear();
+}
+
+// --- back and forth
+
+const TFileStep* TJournal::TEntry::Find(const std::string& fileName) const {
+    const auto found = std::find_if(Steps.begin(), Steps.end(),
+                                    [&](const TFileStep& step) { return step.FileName() == fileName; });
+    return found == Steps.end() ? nullptr : &*found;
+}
+
+/// What was taken back can be made again only on the bytes that it left; entries that stand on a dropped
 /// one go too.
 void TJournal::DropRedoOf(const TEntry& entry) {
     TEntry dropped;
     const auto depends = [&](const TEntry& undone) {
-        return undone.SharesDocument(entry) || undone.SharesDocument(dropped);
+        return std::any_of(undone.Steps.begin(), undone.Steps.end(), [&](const TFileStep& step) {
+            return entry.Find(step.FileName()) != nullptr || dropped.Find(step.FileName()) != nullptr;
+        });
     };
     for (std::size_t i = undone_.size(); i-- > 0;) {
         if (!depends(undone_[i])) continue;
@@ -176,76 +242,90 @@ void TJournal::DropRedoOf(const TEntry& entry) {
     }
 }
 
-std::string TJournal::Undo(const TDocuments& documents) {
-    return Move(done_, undone_, documents, {ToggleBack, "taken back"});
+std::string TJournal::Undo(const TFileNames& files) {
+    return Move(done_, undone_, files, kBack);
 }
 
-std::string TJournal::Redo(const TDocuments& documents) {
-    return Move(undone_, done_, documents, {ToggleForth, "made again"});
+std::string TJournal::Redo(const TFileNames& files) {
+    return Move(undone_, done_, files, kForth);
 }
 
-std::string TJournal::Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocuments& documents,
+std::string TJournal::Move(TEntries& from, TEntries& to, const TFileNames& files,
                            const TDirection& direction) {
     if (!scopes_.empty()) throw EBadInput("", 0, "a command is still running", "Try again when it has ended");
     const auto top = std::find_if(from.rbegin(), from.rend(), [&](const TEntry& entry) {
-        return documents.empty() ||
-               std::any_of(documents.begin(), documents.end(),
-                           [&](const TDocument* document) { return entry.Touches(*document); });
+        return files.empty() || std::any_of(files.begin(), files.end(), [&](const std::string& fileName) {
+                   return entry.Find(fileName) != nullptr;
+               });
     });
     if (top == from.rend()) return {};
-    const std::string step = "\"" + top->Title + "\"";
-    for (const TDocument* touched : top->Documents()) {
-        if (touched->IsClosed())
-            throw EBadInput(touched->FileName(), 0, "the file was closed since " + step,
-                            "Change the file by hand");
-        for (auto later = from.rbegin(); later != top; ++later)
-            if (later->Touches(*touched))
-                throw EBadInput(touched->FileName(), 0,
-                                step + " cannot be " + direction.Verb + " before \"" + later->Title + "\"");
+    ExpectTopmost(from, *top, direction);
+    std::vector<std::optional<std::string>> bytes = Lead(*top, direction);
+
+    for (std::size_t i = 0; i < top->Steps.size(); ++i)
+        if (Document(top->Steps[i].FileName()) == nullptr) SetPending(top->Steps[i].FileName(), bytes[i]);
+    try {
+        WritePending();
+    } catch (...) {
+        pending_.clear();
+        throw;
     }
-    TEntry entry = std::move(*top);
+    TFileNames restored;
+    for (std::size_t i = 0; i < top->Steps.size(); ++i) {
+        restored.push_back(top->Steps[i].FileName());
+        TDocument* document = Document(restored.back());
+        if (document == nullptr) continue;
+        SetState(*document, bytes[i], document->State().Marked);
+        document->Take(std::move(*bytes[i]), top->Steps[i].View(direction.To));
+    }
+    to.push_back(std::move(*top));
     from.erase(std::next(top).base());
-    direction.Toggle(entry.Steps, 0);
-    to.push_back(std::move(entry));
-    TellRestored(to.back().Steps, 0);
-    return to.back().Title;
+    const std::string title = to.back().Title;
+    TellRestored(restored);
+    return title;
 }
 
-void TJournal::ForgetClosed() {
-    const auto isClosed = [](const TEntry& entry) { return entry.IsClosed(); };
-    std::erase_if(done_, isClosed);
-    std::erase_if(undone_, isClosed);
+void TJournal::ExpectTopmost(const TEntries& entries, const TEntry& entry, const TDirection& direction) {
+    for (auto later = entries.rbegin(); &*later != &entry; ++later)
+        for (const TFileStep& step : entry.Steps)
+            if (later->Find(step.FileName()) != nullptr)
+                throw EBadInput(
+                    step.FileName(), 0,
+                    Format("\"%s\" cannot be %s before \"%s\"", entry.Title, direction.Verb, later->Title));
 }
 
-std::string TJournal::PatchName(const std::string& fileName) const {
-    const std::string prefix = patchFolder_.empty() ? std::string() : JoinPath(patchFolder_, "");
-    std::string name = fileName.starts_with(prefix) ? fileName.substr(prefix.size()) : fileName;
-    name.erase(0, name.find_first_not_of("/\\"));
-    return name;
-}
-
-// Both texts are had by going back and forth once: the undo is exact, so no second way to earlier texts
-// is needed.
-std::string TJournal::Patch(std::size_t from) {
-    std::map<std::string, std::pair<std::string, std::string>> texts;
-    ToggleBack(running_.Steps, from);
-    for (auto step = running_.Steps.begin() + static_cast<std::ptrdiff_t>(from); step != running_.Steps.end();
-         ++step)
-        texts.try_emplace((*step)->Document()->FileName(), (*step)->Document()->Bytes(), std::string());
-    ToggleForth(running_.Steps, from);
-    for (auto step = running_.Steps.begin() + static_cast<std::ptrdiff_t>(from); step != running_.Steps.end();
-         ++step)
-        texts[(*step)->Document()->FileName()].second = (*step)->Document()->Bytes();
-    std::string patch;
-    for (const auto& [fileName, text] : texts) {
-        const std::string oldName = "a/" + PatchName(fileName);
-        const std::string newName = "b/" + PatchName(fileName);
-        if (text.first == text.second) continue;
-        if (IsDiffable(text.first) && IsDiffable(text.second))
-            patch += UnifiedDiff(oldName, newName, text.first, text.second);
-        else
-            patch += Format("Binary files %s and %s differ\n", oldName, newName);
+std::vector<std::optional<std::string>> TJournal::Lead(const TEntry& entry,
+                                                       const TDirection& direction) const {
+    std::vector<std::optional<std::string>> led;
+    for (const TFileStep& step : entry.Steps) {
+        const std::optional<std::string> bytes = Bytes(step.FileName());
+        if (step.IsLost || MarkOfFile(bytes) != step.Mark(direction.From))
+            throw EBadInput(
+                step.FileName(), 0,
+                Format("\"%s\" cannot be %s: the file has changed since", entry.Title, direction.Verb),
+                "Change the file by hand");
+        led.push_back(step.Lead(bytes, direction.From, direction.To));
+        if (!led.back() && Document(step.FileName()) != nullptr)
+            throw EBadInput(step.FileName(), 0, "the file is open", "Close it and try again");
     }
+    return led;
+}
+
+// --- patch
+
+std::string TJournal::Patch() const {
+    std::map<std::string, std::optional<std::string>> changed;
+    std::string folder = patchFolder_;
+    for (const auto& [fileName, found] : scopes_.back()) {
+        std::optional<std::string> bytes = Bytes(fileName);
+        if (bytes == found.Bytes) continue;
+        folder = CommonFolder(folder, fileName);
+        changed.emplace(fileName, std::move(bytes));
+    }
+    std::string patch;
+    for (const auto& [fileName, bytes] : changed)
+        patch +=
+            FilePatch(fileName.substr(JoinPath(folder, "").size()), scopes_.back().at(fileName).Bytes, bytes);
     return patch;
 }
 

@@ -1,117 +1,129 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "ide/Document.h"
+#include "ide/Filestep.h"
 #include "ide/Staging.h"
 #include "platform/Changes.h"
 
 namespace tml {
 
-/// One change of one document. Toggle leads back and, called again, forth.
-class TUndoStep {
-  public:
-    /// What of the document's state goes with the step.
-    enum class TAspect { Content, Saving };
-
-    explicit TUndoStep(std::shared_ptr<TDocument> document, TAspect aspect = TAspect::Content)
-        : document_(std::move(document)), aspect_(aspect), state_(document_->State()) {}
-    virtual ~TUndoStep() = default;
-    TUndoStep(const TUndoStep&) = delete;
-    TUndoStep& operator=(const TUndoStep&) = delete;
-
-    const std::shared_ptr<TDocument>& Document() const { return document_; }
-    TAspect Aspect() const { return aspect_; }
-    void Toggle();
-    /// What is to be written when the command ends; nullptr for a step that changes the document.
-    virtual const std::string* BytesToWrite() const { return nullptr; }
-
-  protected:
-    virtual void ToggleContent() = 0;
-
-  private:
-    std::shared_ptr<TDocument> document_;
-    TAspect aspect_;
-    TDocument::TState state_;  ///< the other state
-};
-
-/// The undo of all documents together. An entry is a whole command with all its documents; files that the
-/// command saves are written in one go when it ends.
+/// The undo of all files together, open or not. An entry is a whole command with all its files; what the
+/// command saves is written in one go when it ends. Of a document it needs two things: that it gives its
+/// bytes, and that it takes others.
 class TJournal {
   public:
-    using TWriter = std::function<void(const std::vector<TStagedFile>&)>;
+    /// What the journal asks of the IDE.
+    struct THost {
+        /// The bytes of a file on the disk; none when it is not there.
+        std::function<std::optional<std::string>(const std::string& fileName)> Read;
+        /// Writes all files of a command; what it throws ends the commit.
+        std::function<void(const std::vector<TStagedFile>&)> Write;
+        /// An undo, a redo or a rollback has given the files other bytes.
+        std::function<void(const std::vector<std::string>& fileNames)> Restored;
+    };
+    explicit TJournal(THost host) : host_(std::move(host)) {}
 
-    /// write is called with all files of a command; what it throws ends the commit.
-    explicit TJournal(TWriter write) : write_(std::move(write)) {}
+    /// Documents take part from Opened to Closed. What was not saved by then cannot be undone any more.
+    void Opened(TDocument& document) { open_[document.FileName()] = &document; }
+    void Closed(const TDocument& document);
 
-    /// Everything up to Commit is one entry; scopes nest, the outermost one counts. The diffs of Patch
-    /// name files relative to folder.
+    /// Everything up to Commit is one entry; scopes nest, the outermost one counts. Patch names
+    /// files from the patch folder on, or from the folder that it has in common with them.
     std::unique_ptr<ICommandScope> Begin(const std::string& title);
     /// Begin, but nothing (nullptr) when a command is running already. A change that is one step by itself
     /// uses it: it joins the running command or is one.
     std::unique_ptr<ICommandScope> BeginUnlessRunning(const std::string& title);
     bool IsRunning() const { return !scopes_.empty(); }
-    /// Notes a change; a command must be running.
-    void Add(std::unique_ptr<TUndoStep> step);
-    /// True when the innermost scope holds a change of the document.
-    bool ChangedInScope(const TDocument& document) const;
-    /// The step by which the running command has saved the file, not written yet; nullptr without one.
-    const TUndoStep* PendingSave(const std::string& fileName) const;
 
-    /// Documents whose topmost entry is moved; none for that of all.
-    using TDocuments = std::vector<const TDocument*>;
-    /// See THeadlessIde.
-    std::string Undo(const TDocuments& documents);
-    std::string Redo(const TDocuments& documents);
-    /// Drops the entries of which all documents are closed; one with some open stays and says why it cannot
-    /// be taken back.
-    void ForgetClosed();
+    /// What is about to change of a document: its bytes, or only whether it counts as modified.
+    enum class TNoted { State, Content };
+    /// Called before the change; a command must be running.
+    void Note(const TDocument& document, TNoted noted);
+    /// Has the document's bytes written when the command ends.
+    void Save(const TDocument& document);
+    /// The same for a file that is not open; none removes it. EBadInput for an open one.
+    void Write(const std::string& fileName, std::optional<std::string> bytes);
+    /// The file as the running command has left it, saved or not; none when there is no such file.
+    std::optional<std::string> Bytes(const std::string& fileName) const;
+
+    /// A file that the running command is to write when it ends.
+    struct TPending {
+        std::optional<std::string> Bytes;   ///< none: it is removed
+        std::optional<std::string> OnDisk;  ///< what it replaces; none: the file is not there
+    };
+    /// nullptr for a file that is not to be written.
+    const TPending* Pending(const std::string& fileName) const;
+
+    using TFileNames = std::vector<std::string>;
+    /// Move the topmost entry that changed one of the files; that of all for no files. See THeadlessIde.
+    std::string Undo(const TFileNames& files);
+    std::string Redo(const TFileNames& files);
+    void Forget();
     void SetPatchFolder(std::string folder) { patchFolder_ = std::move(folder); }
 
   private:
     class TScope;
-    using TSteps = std::vector<std::unique_ptr<TUndoStep>>;
+    /// A file as a scope found it.
+    struct TFound {
+        std::optional<std::string> Bytes;
+        std::shared_ptr<const TDocument::TView> View;
+        bool Marked = false;
+        std::optional<TPending> Pending;
+        bool HasNewContent = false;
+    };
+    using TFiles = std::map<std::string, TFound>;
     struct TEntry {
         std::string Title;
-        TSteps Steps;
-        bool Touches(const TDocument& document) const;
-        bool IsClosed() const;
-        bool SharesDocument(const TEntry& other) const;
-        std::vector<TDocument*> Documents() const;
+        std::vector<TFileStep> Steps;
+        const TFileStep* Find(const std::string& fileName) const;
     };
 
-    static void ToggleBack(TSteps& steps, std::size_t downTo);
-    static void ToggleForth(TSteps& steps, std::size_t from);
-    static void TellRestored(const TSteps& steps, std::size_t from);
-    void RollBack(std::size_t downTo);
+    TDocument* Document(const std::string& fileName) const;
+    TFound& NoteFile(const std::string& fileName, TNoted noted);
+    void SetPending(const std::string& fileName, std::optional<std::string> bytes);
+    /// The state of a document that holds these bytes.
+    void SetState(TDocument& document, const std::optional<std::string>& bytes, bool marked);
+    void TellRestored(const TFileNames& files);
+    void RollBack();
     void Commit();
-    void WriteSaved();
+    void WritePending();
+    TEntry MakeEntry() const;
     void DropRedoOf(const TEntry& entry);
-    std::string Patch(std::size_t from);
-    std::string PatchName(const std::string& fileName) const;
+    std::string Patch() const;
+
     struct TDirection {
-        void (*Toggle)(TSteps&, std::size_t);
+        TFileStep::TSide From;
+        TFileStep::TSide To;
         const char* Verb;  ///< "cannot be " + Verb
     };
+    static const TDirection kBack;
+    static const TDirection kForth;
+    using TEntries = std::vector<TEntry>;
     /// Moves the topmost entry from one stack to the other after the checks.
-    std::string Move(std::vector<TEntry>& from, std::vector<TEntry>& to, const TDocuments& documents,
+    std::string Move(TEntries& from, TEntries& to, const TFileNames& files, const TDirection& direction);
+    static void ExpectTopmost(const TEntries& entries, const TEntry& entry, const TDirection& direction);
+    /// The bytes to which the entry leads, in the order of its steps.
+    std::vector<std::optional<std::string>> Lead(const TEntry& entry, const TDirection& direction) const;
+    /// What is not at the end where undo (redo) would find it is lost; an entry that has lost all goes.
+    static void Lose(TEntries& entries, const TDocument& document, const TContentMark& left,
                      const TDirection& direction);
 
-    TWriter write_;
+    THost host_;
     std::string patchFolder_;
-    std::vector<TEntry> done_;
-    std::vector<TEntry> undone_;
-    TEntry running_;
-    std::vector<std::size_t> scopes_;  ///< per open scope: count of steps when it began
-    /// The saves of the running command by file, in order.
-    std::unordered_map<std::string, std::vector<const TUndoStep*>> saves_;
-    std::unordered_set<const TDocument*> changed_;  ///< in the innermost scope
+    std::unordered_map<std::string, TDocument*> open_;
+    TEntries done_;
+    TEntries undone_;
+    std::string title_;           ///< of the running command
+    std::vector<TFiles> scopes_;  ///< per open scope what it has touched
+    std::map<std::string, TPending> pending_;
 };
 
 }  // namespace tml

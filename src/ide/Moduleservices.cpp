@@ -12,15 +12,26 @@ namespace tml {
 TModules::TModules(IFileSystem& files, IMlRuntime& runtime)
     : files_(files),
       runtime_(runtime),
-      journal_([this](const std::vector<TStagedFile>& staged) { Write(staged); }) {}
+      journal_({[this](const std::string& fileName) { return ReadOnDisk(fileName); },
+                [this](const std::vector<TStagedFile>& staged) { Write(staged); },
+                [this](const std::vector<std::string>& fileNames) { TellRestored(fileNames); }}) {
+    runtime.Files = this;
+}
 
 TModules::~TModules() {
+    runtime_.Files = nullptr;
     for (const std::shared_ptr<TModule>& module : modules_)
         module->CloseDocuments();
 }
 
+const std::string& TModules::KeyOf(const std::string& fileName) {
+    std::string& key = keys_[fileName];
+    if (key.empty()) key = UpperCase(files_.Resolve(AbsolutePath(files_, fileName)));
+    return key;
+}
+
 std::shared_ptr<TModule> TModules::Find(const std::string& fileName) {
-    const auto found = byFile_.find(UpperCase(AbsolutePath(files_, fileName)));
+    const auto found = byFile_.find(KeyOf(fileName));
     return found == byFile_.end() ? nullptr : found->second;
 }
 
@@ -76,6 +87,14 @@ TModules::TFoundUnit TModules::FindUnit(const std::string& fileName) {
     return {unit, active == nullptr ? std::string() : active->Model().CodePage};
 }
 
+std::vector<std::string> TModules::FilesOfUnit(const std::string& fileName) {
+    const TProjectUnit unit = FindUnit(AbsolutePath(files_, fileName)).Unit;
+    std::vector<std::string> files;
+    for (const std::string& file : {unit.FileName, unit.HeaderFile, unit.FormFile})
+        if (!file.empty()) files.push_back(file);
+    return files;
+}
+
 TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
     const TProjectUnit& unit = found.Unit;
     TModuleFiles read;
@@ -86,10 +105,26 @@ TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
 }
 
 std::pair<std::string, std::string> TModules::ReadBytes(const std::string& fileName) {
-    if (const TUndoStep* saved = journal_.PendingSave(fileName))
-        return {saved->Document()->OnDisk(), *saved->BytesToWrite()};
+    const TJournal::TPending* pending = journal_.Pending(fileName);
+    if (pending != nullptr && pending->Bytes) return {pending->OnDisk.value_or(""), *pending->Bytes};
     const std::string bytes = files_.Read(fileName);
     return {bytes, bytes};
+}
+
+std::optional<std::string> TModules::ReadOnDisk(const std::string& fileName) {
+    return files_.Stat(fileName) ? std::optional(files_.Read(fileName)) : std::nullopt;
+}
+
+std::optional<std::string> TModules::ReadFile(const std::string& fileName) {
+    return journal_.Bytes(AbsolutePath(files_, fileName));
+}
+
+void TModules::WriteFile(const std::string& fileName, std::string bytes) {
+    journal_.Write(AbsolutePath(files_, fileName), std::move(bytes));
+}
+
+void TModules::RemoveFile(const std::string& fileName) {
+    journal_.Write(AbsolutePath(files_, fileName), std::nullopt);
 }
 
 std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
@@ -123,15 +158,19 @@ void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {
 
 void TModules::Register(const std::shared_ptr<TModule>& module) {
     modules_.push_back(module);
-    for (const TDocument* document : module->Documents())
-        byFile_[UpperCase(document->FileName())] = module;
+    for (TDocument* document : module->Documents()) {
+        byFile_[KeyOf(document->FileName())] = module;
+        journal_.Opened(*document);
+    }
     NoteFormName(module);
 }
 
 void TModules::Unregister(const std::shared_ptr<TModule>& module) {
     std::erase(modules_, module);
-    for (const TDocument* document : module->Documents())
-        byFile_.erase(UpperCase(document->FileName()));
+    for (const TDocument* document : module->Documents()) {
+        byFile_.erase(KeyOf(document->FileName()));
+        journal_.Closed(*document);
+    }
     ForgetFormName(*module);
 }
 
@@ -175,10 +214,13 @@ void TModules::CloseModule(const std::shared_ptr<TModule>& module) {
     if (!Announce(TOTAFileNotification::ofnFileClosing, unitFile)) return;
     if (module->Files().Form)
         Announce(TOTAFileNotification::ofnFileClosing, module->Files().Form->FileName());
+    std::vector<std::string> unsaved;
+    for (const TDocument* document : module->Documents())
+        if (document->State().Changed) unsaved.push_back(document->FileName());
     Unregister(module);
     module->CloseDocuments();
     if (current_.lock() == module) current_.reset();
-    journal_.ForgetClosed();
+    if (!unsaved.empty()) TellRestored(unsaved);
 }
 
 void TModules::CloseAll() {
@@ -207,6 +249,8 @@ void TModules::ForgetProjects() {
         Announce(TOTAFileNotification::ofnFileClosing, project->GetFileName());
     if (!group_->GetFileName().empty()) Announce(TOTAFileNotification::ofnFileClosing, group_->GetFileName());
     group_.reset();
+    journal_.Forget();
+    keys_.clear();
 }
 
 std::unique_ptr<ICommandScope> TModules::BeginCommand(const std::string& title) {
@@ -227,9 +271,12 @@ bool TModules::Announce(TOTAFileNotification code, const std::string& fileName) 
     return !cancel;
 }
 
+void TModules::TellRestored(const std::vector<std::string>& fileNames) {
+    notifiers_.Tell([&](IOTAIDENotifier& notifier) { notifier.FilesRestored(fileNames); });
+}
+
 void TModules::Write(const std::vector<TStagedFile>& staged) {
-    const std::string beside = group_ ? group_->MainFile() : staged.front().Path;
-    WriteTogether(files_, CommitRecordPath(beside), staged);
+    WriteTogether(files_, staged);
 }
 
 }  // namespace tml

@@ -19,7 +19,7 @@
 namespace tml {
 
 /// The open modules and the project: module services and notifications.
-class TModules : public IOTAModuleServices, public IOTAServices {
+class TModules : public IOTAModuleServices, public IOTAServices, public ICommandFiles {
   public:
     TModules(IFileSystem& files, IMlRuntime& runtime);
     ~TModules() override;
@@ -35,6 +35,12 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) override;
     void ApplyChangeSet(const TChangeSet& changes) override;
 
+    ICommandFiles& GetFiles() override { return *this; }
+
+    std::optional<std::string> ReadFile(const std::string& fileName) override;
+    void WriteFile(const std::string& fileName, std::string bytes) override;
+    void RemoveFile(const std::string& fileName) override;
+
     int AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) override;
     void RemoveNotifier(int index) override { notifiers_.Remove(index); }
 
@@ -43,6 +49,8 @@ class TModules : public IOTAModuleServices, public IOTAServices {
 
     TJournal& Journal() { return journal_; }
     const std::vector<std::shared_ptr<TModule>>& Open() const { return modules_; }
+    /// The unit's files by one of them, open or not.
+    std::vector<std::string> FilesOfUnit(const std::string& fileName);
     /// The open module that the file belongs to, nullptr without one.
     std::shared_ptr<TModule> Find(const std::string& fileName);
     void SetCurrent(const std::shared_ptr<TModule>& module, int editor = 0);
@@ -55,6 +63,8 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     void ForgetProjects();
 
   private:
+    /// The upper-cased path behind symbolic links: one file is one module, whatever path leads there.
+    const std::string& KeyOf(const std::string& fileName);
     /// A unit and the code page of the project that names it.
     struct TFoundUnit {
         TProjectUnit Unit;
@@ -66,6 +76,7 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName, const std::string& codePage);
     /// What the disk holds, and what the running command has made of it.
     std::pair<std::string, std::string> ReadBytes(const std::string& fileName);
+    std::optional<std::string> ReadOnDisk(const std::string& fileName);
     void AttachDesigner(const std::shared_ptr<TModule>& module);
     void Register(const std::shared_ptr<TModule>& module);
     void Unregister(const std::shared_ptr<TModule>& module);
@@ -75,6 +86,7 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     /// Projects of a group may have forms of one name: the active one's are meant.
     bool IsOfActive(TModule& module) const;
     void Write(const std::vector<TStagedFile>& staged);
+    void TellRestored(const std::vector<std::string>& fileNames);
     /// False when a notifier refuses.
     bool Announce(TOTAFileNotification code, const std::string& fileName);
 
@@ -83,7 +95,8 @@ class TModules : public IOTAModuleServices, public IOTAServices {
     TJournal journal_;
     TNotifierList<IOTAIDENotifier> notifiers_;
     std::vector<std::shared_ptr<TModule>> modules_;
-    /// By upper-cased path of each of the module's files.
+    std::unordered_map<std::string, std::string> keys_;  ///< by path as asked for
+    /// By key of each of the module's files.
     std::unordered_map<std::string, std::shared_ptr<TModule>> byFile_;
     /// By upper-cased form name; two forms may have the same.
     std::multimap<std::string, std::shared_ptr<TModule>> byForm_;

@@ -48,32 +48,10 @@ int MovedBy(const TEdits& edits, int place) {
 
 }  // namespace
 
-/// Remembers the block too: a change that is taken back leaves the selection where it was.
-class TSourceBuffer::TStep : public TUndoStep {
-  public:
-    TStep(std::shared_ptr<TDocument> document, TSourceBuffer& buffer, const TEdits& edits)
-        : TUndoStep(std::move(document)),
-          buffer_(buffer),
-          blockStart_(buffer.BlockStart),
-          blockAfter_(buffer.BlockAfter) {
-        const int start = buffer.OffsetOf(blockStart_), after = buffer.OffsetOf(blockAfter_);
-        undo_ = buffer.coded_.Apply(edits);
-        if (buffer.BlockType == TOTABlockType::btColumn) return;
-        buffer.BlockStart = buffer.CharPosOf(MovedBy(edits, start));
-        buffer.BlockAfter = buffer.CharPosOf(MovedBy(edits, after));
-    }
-
-  protected:
-    void ToggleContent() override {
-        undo_ = buffer_.coded_.Apply(undo_);
-        std::swap(buffer_.BlockStart, blockStart_);
-        std::swap(buffer_.BlockAfter, blockAfter_);
-    }
-
-  private:
-    TSourceBuffer& buffer_;
-    TOTACharPos blockStart_, blockAfter_;
-    TCodedText::TUndo undo_;
+/// A change that is taken back leaves the selection where it was.
+struct TSourceBuffer::TBlock : TView {
+    TBlock(TOTACharPos start, TOTACharPos after) : Start(start), After(after) {}
+    TOTACharPos Start, After;
 };
 
 TSharedSource TSourceBuffer::Source() const {
@@ -82,6 +60,18 @@ TSharedSource TSourceBuffer::Source() const {
         source_ = std::make_shared<const TSourceText>(readText_, FileName());
     }
     return source_;
+}
+
+std::shared_ptr<const TDocument::TView> TSourceBuffer::View() const {
+    return std::make_shared<TBlock>(BlockStart, BlockAfter);
+}
+
+void TSourceBuffer::Take(std::string bytes, const std::shared_ptr<const TView>& view) {
+    coded_.Reread(std::move(bytes));
+    const auto block = std::dynamic_pointer_cast<const TBlock>(view);
+    if (!block) return;
+    BlockStart = block->Start;
+    BlockAfter = block->After;
 }
 
 void TSourceBuffer::Check(const TEdits& edits) const {
@@ -96,8 +86,13 @@ void TSourceBuffer::Apply(const TEdits& edits, const std::string& title) {
     Check(normalised);
     if (ApplyEdits(*Text(), normalised) == *Text()) return;
     const auto command = Journal().BeginUnlessRunning(title);
-    Journal().Add(std::make_unique<TStep>(shared_from_this(), *this, normalised));
-    NewVersion();
+    Changing();
+    const int start = OffsetOf(BlockStart), after = OffsetOf(BlockAfter);
+    coded_.Apply(normalised);
+    if (BlockType != TOTABlockType::btColumn) {
+        BlockStart = CharPosOf(MovedBy(normalised, start));
+        BlockAfter = CharPosOf(MovedBy(normalised, after));
+    }
     if (command) command->Commit();
 }
 

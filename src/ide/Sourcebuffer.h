@@ -19,6 +19,8 @@ class TSourceBuffer : public TDocument {
         : TDocument(journal, fileName, std::move(onDisk)), coded_(bytes, fileName, codePage) {}
 
     std::string Bytes() const override { return coded_.Bytes(); }
+    std::shared_ptr<const TView> View() const override;
+    void Take(std::string bytes, const std::shared_ptr<const TView>& view) override;
     std::shared_ptr<const std::string> Text() const { return coded_.SharedText(); }
     /// The text as it was read, kept until there is another one.
     TSharedSource Source() const;
@@ -40,7 +42,7 @@ class TSourceBuffer : public TDocument {
     bool HasWriter = false;
 
   private:
-    class TStep;
+    struct TBlock;
 
     TCodedText coded_;
     mutable std::shared_ptr<const std::string> readText_;  ///< what source_ was read from

@@ -1,9 +1,12 @@
-// The commit record is the point of no return: a crash before it stands leaves the old files, a crash
-// behind it the new ones (RecoverStaged makes the missing renames). One file alone needs no record, its
+// Everything is staged and flushed before the first record is written, so a record means that its save can be
+// completed: a crash before it leaves the old files, a crash behind it the new ones. There is a copy in each
+// folder concerned, so that any project which uses one of the files finds it. One file alone needs none, its
 // rename is one step.
 #include "ide/Staging.h"
 
 #include <algorithm>
+#include <set>
+#include <unordered_map>
 
 #include "base/Errors.h"
 #include "ide/Commitrecord.h"
@@ -11,59 +14,81 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kStageEnd = ".tml-new";
+constexpr std::string_view kStageEnd = ".tml-staged";
+constexpr const char* kRecordName = ".tml-commit";
+constexpr const char* kLockName = ".tml-lock";
 
-/// The name tells whose record a stage file belongs to, so that nobody else takes it for a left-over.
-std::string StagePath(const std::string& target, const std::string& recordPath) {
-    const auto owner = static_cast<std::uint32_t>(MarkOf(recordPath).Hash);
-    return JoinPath(FolderOf(target), "." + FileNameOf(target) + "." + std::to_string(owner))
-        .append(kStageEnd);
+using TFolders = std::set<std::string>;
+using TLines = std::vector<TCommitLine>;
+
+std::string StagePath(const std::string& target) {
+    return JoinPath(FolderOf(target), "." + FileNameOf(target)).append(kStageEnd);
 }
 
-/// True where the line names a stage file beside its target. A record may come with somebody's project: it
-/// must not move or remove any other file. (Its owner may differ: a folder has more than one path.)
-bool IsOurs(const TCommitLine& line) {
-    const std::string name = FileNameOf(line.Staged);
-    return FolderOf(line.Staged) == FolderOf(line.Target) &&
-           name.starts_with("." + FileNameOf(line.Target) + ".") && name.ends_with(kStageEnd);
+std::string RecordPath(const std::string& folder) {
+    return JoinPath(folder, kRecordName);
 }
 
-/// Held while files are renamed, so that a second program does not take our stage files for left-overs.
-/// The lock file goes with it.
-class TSaveLock {
+TFolders FoldersOf(const TLines& lines) {
+    TFolders folders;
+    for (const TCommitLine& line : lines)
+        folders.insert(FolderOf(line.Target));
+    return folders;
+}
+
+/// Held while files of the folders are renamed, so that a second program does not take our stage files for
+/// left-overs. In the order of their names, so that two programs never wait for each other; the lock files
+/// go with it.
+class TFolderLocks {
   public:
-    TSaveLock(IFileSystem& files, const std::string& recordPath)
-        : files_(files), path_(recordPath + "-lock"), lock_(files.Lock(path_)) {}
-    ~TSaveLock() {
-        try {
-            files_.Remove(path_);
-        } catch (const EFileError&) {
-            // A lock file that stays does no harm.
+    TFolderLocks(IFileSystem& files, const TFolders& folders) : files_(files) {
+        for (const std::string& folder : folders) {
+            const std::string path = JoinPath(folder, kLockName);
+            locks_.emplace_back(path, files.Lock(path));
         }
     }
-    TSaveLock(const TSaveLock&) = delete;
-    TSaveLock& operator=(const TSaveLock&) = delete;
+    ~TFolderLocks() {
+        for (const auto& [path, lock] : locks_)
+            try {
+                files_.Remove(path);
+            } catch (const EFileError&) {
+                // A lock file that stays does no harm.
+            }
+    }
+    TFolderLocks(const TFolderLocks&) = delete;
+    TFolderLocks& operator=(const TFolderLocks&) = delete;
 
   private:
     IFileSystem& files_;
-    std::string path_;
-    std::unique_ptr<IFileLock> lock_;
+    std::vector<std::pair<std::string, std::unique_ptr<IFileLock>>> locks_;
 };
 
 struct TPending {
     TCommitLine Line;
-    std::string Bytes;
+    std::optional<std::string> Bytes;
     std::optional<std::string> Old;
 };
+using TAllPending = std::vector<TPending>;
 
-std::vector<TPending> Resolve(IFileSystem& files, const std::string& recordPath,
-                              const std::vector<TStagedFile>& staged) {
-    std::vector<TPending> pending;
+TLines LinesOf(const TAllPending& pending) {
+    TLines lines;
+    for (const TPending& file : pending)
+        lines.push_back(file.Line);
+    return lines;
+}
+
+/// A file that is reached by two paths is written once, if both agree.
+TAllPending Resolve(IFileSystem& files, const std::vector<TStagedFile>& staged) {
+    TAllPending pending;
+    std::unordered_map<std::string, TContentMark> known;
     for (const TStagedFile& file : staged) {
-        const std::string target = files.Resolve(file.Path);
-        const TContentMark old = file.Expected ? MarkOf(*file.Expected) : TContentMark();
-        pending.push_back(
-            {{StagePath(target, recordPath), target, old, MarkOf(file.Bytes)}, file.Bytes, file.Expected});
+        TCommitLine line{files.Resolve(file.Path), MarkOfFile(file.Expected), MarkOfFile(file.Bytes)};
+        const auto [same, isNew] = known.try_emplace(line.Target, line.New);
+        if (isNew)
+            pending.push_back({std::move(line), file.Bytes, file.Expected});
+        else if (same->second != line.New)
+            throw EBadInput(file.Path, 0, "is the same file as " + line.Target + " and would get other bytes",
+                            "Name it once in the project");
     }
     return pending;
 }
@@ -76,14 +101,11 @@ void RemoveQuietly(IFileSystem& files, const std::string& path) {
     }
 }
 
-void RemoveStaged(IFileSystem& files, const std::vector<TPending>& pending) {
-    for (const TPending& file : pending)
-        RemoveQuietly(files, file.Line.Staged);
-}
-
 TContentMark MarkOnDisk(IFileSystem& files, const std::string& path) {
     return files.Stat(path) ? MarkOf(files.Read(path)) : TContentMark();
 }
+
+// --- writing
 
 void CheckTarget(IFileSystem& files, const TCommitLine& line) {
     const auto info = files.Stat(line.Target);
@@ -94,29 +116,31 @@ void CheckTarget(IFileSystem& files, const TCommitLine& line) {
                          "Close it without saving and open it again, then repeat the command");
 }
 
-void StageAll(IFileSystem& files, const std::vector<TPending>& pending) {
-    for (const TPending& file : pending)
-        files.Stage(file.Line.Staged, file.Bytes, file.Line.Target);
-    for (const TPending& file : pending)
-        CheckTarget(files, file.Line);
+/// For a file that is to go an empty one stands in, so that no record alone removes anything.
+void Stage(IFileSystem& files, const TPending& file) {
+    files.Stage(StagePath(file.Line.Target), file.Bytes.value_or(""), file.Line.Target);
 }
 
-void WriteRecord(IFileSystem& files, const std::string& recordPath, const std::vector<TPending>& pending) {
-    std::vector<TCommitLine> lines;
-    lines.reserve(pending.size());
-    for (const TPending& file : pending)
-        lines.push_back(file.Line);
-    const std::string staged = StagePath(recordPath, recordPath);
-    files.Stage(staged, WriteCommitRecord(lines), recordPath);
+void WriteRecord(IFileSystem& files, const std::string& folder, const TLines& lines) {
+    const std::string path = RecordPath(folder), staged = StagePath(path);
+    files.Stage(staged, WriteCommitRecord(lines, folder), path);
     try {
-        files.Rename(staged, recordPath);
+        files.Rename(staged, path);
     } catch (const EFileError&) {
         RemoveQuietly(files, staged);
         throw;
     }
 }
 
-/// Not everything could be put back, so record and stage files stay for the next start.
+/// Without its records nothing is renamed any more, so they go before the stage files.
+void GiveUp(IFileSystem& files, const TLines& lines) {
+    for (const std::string& folder : FoldersOf(lines))
+        RemoveQuietly(files, RecordPath(folder));
+    for (const TCommitLine& line : lines)
+        RemoveQuietly(files, StagePath(line.Target));
+}
+
+/// Not everything could be put back, so records and stage files stay for the next start.
 class EHalfWritten : public EFileError {
   public:
     explicit EHalfWritten(const EFileError& cause)
@@ -124,41 +148,57 @@ class EHalfWritten : public EFileError {
                      "Some files are written already; opening the project again completes the rest") {}
 };
 
-/// What leads back from the files already renamed. The disk is asked: a rename may report a failure after
-/// it was made. A file that was not there before cannot be staged as absent, so it is removed.
-std::vector<TPending> Reversed(IFileSystem& files, const std::vector<TPending>& pending) {
-    std::vector<TPending> back;
-    for (const TPending& file : pending) {
-        if (file.Line.Old == file.Line.New || MarkOnDisk(files, file.Line.Target) != file.Line.New) continue;
-        if (!file.Old) {
-            files.Remove(file.Line.Target);
-            continue;
-        }
-        TCommitLine line = file.Line;
-        std::swap(line.Old, line.New);
-        back.push_back({line, *file.Old, file.Bytes});
+void Install(IFileSystem& files, const TCommitLine& line) {
+    if (line.New.Exists) {
+        files.Rename(StagePath(line.Target), line.Target);
+    } else {
+        files.Remove(line.Target);
+        files.Remove(StagePath(line.Target));
     }
+}
+
+/// What somebody else has done to either file since is not overwritten, nor installed.
+void InstallUnchanged(IFileSystem& files, const TCommitLine& line) {
+    CheckTarget(files, line);
+    if (line.New.Exists && MarkOnDisk(files, StagePath(line.Target)) != line.New)
+        throw EFileError(StagePath(line.Target), 0, "the file has been changed while it was being saved",
+                         "Repeat the command");
+    Install(files, line);
+}
+
+/// What leads back from the files already renamed. The disk is asked: a rename may report a failure after
+/// it was made.
+TAllPending Reversed(IFileSystem& files, const TAllPending& pending) {
+    TAllPending back;
+    for (const TPending& file : pending)
+        if (file.Line.Old != file.Line.New && MarkOnDisk(files, file.Line.Target) == file.Line.New)
+            back.push_back({{file.Line.Target, file.Line.New, file.Line.Old}, file.Old, file.Bytes});
     return back;
 }
 
-/// Puts the old contents back with a record of its own, so that a crash in its midst is completed too.
-void PutBack(IFileSystem& files, const std::string& recordPath, const std::vector<TPending>& pending) {
-    const std::vector<TPending> back = Reversed(files, pending);
+/// Puts the old contents back with a record of its own, so that a crash in its midst is completed too. The
+/// first folder's record changes from forth to back in one step, so no other may be there then.
+void PutBack(IFileSystem& files, const TAllPending& pending) {
+    const TAllPending back = Reversed(files, pending);
     if (back.empty()) return;
+    const TFolders folders = FoldersOf(LinesOf(pending));
     for (const TPending& file : back)
-        files.Stage(file.Line.Staged, file.Bytes, file.Line.Target);
-    WriteRecord(files, recordPath, back);
+        Stage(files, file);
+    for (auto folder = std::next(folders.begin()); folder != folders.end(); ++folder)
+        files.Remove(RecordPath(*folder));
+    for (const std::string& folder : folders)
+        WriteRecord(files, folder, LinesOf(back));
     for (const TPending& file : back)
-        files.Rename(file.Line.Staged, file.Line.Target);
+        Install(files, file.Line);
 }
 
-void RenameAll(IFileSystem& files, const std::string& recordPath, const std::vector<TPending>& pending) {
+void InstallAll(IFileSystem& files, const TAllPending& pending) {
     try {
         for (const TPending& file : pending)
-            files.Rename(file.Line.Staged, file.Line.Target);
+            InstallUnchanged(files, file.Line);
     } catch (const EFileError& failure) {
         try {
-            PutBack(files, recordPath, pending);
+            PutBack(files, pending);
         } catch (const EFileError&) {
             throw EHalfWritten(failure);
         }
@@ -166,88 +206,159 @@ void RenameAll(IFileSystem& files, const std::string& recordPath, const std::vec
     }
 }
 
-void CommitStaged(IFileSystem& files, const std::string& recordPath, const std::vector<TPending>& pending) {
-    const bool recorded = pending.size() > 1;
-    try {
-        if (recorded) WriteRecord(files, recordPath, pending);
-        RenameAll(files, recordPath, pending);
-    } catch (const EHalfWritten&) {
-        throw;
-    } catch (const EFileError&) {
-        // Without its record nothing is renamed any more, so the record goes before the stage files.
-        RemoveQuietly(files, recordPath);
-        throw;
-    }
+void Commit(IFileSystem& files, const TAllPending& pending) {
+    const TLines lines = LinesOf(pending);
+    for (const TPending& file : pending)
+        Stage(files, file);
+    for (const TCommitLine& line : lines)
+        CheckTarget(files, line);
+    if (lines.size() > 1)
+        for (const std::string& folder : FoldersOf(lines))
+            WriteRecord(files, folder, lines);
+    InstallAll(files, pending);
     // All files are in place: a record that stays has nothing left to rename.
-    if (recorded) RemoveQuietly(files, recordPath);
+    if (lines.size() > 1)
+        for (const std::string& folder : FoldersOf(lines))
+            RemoveQuietly(files, RecordPath(folder));
 }
 
-/// False when neither the old nor the new content is in place.
-bool CompleteRename(IFileSystem& files, const TCommitLine& line) {
-    // A staged file that is gone has been renamed before the crash.
-    if (!files.Stat(line.Staged)) return true;
-    const TContentMark current = MarkOnDisk(files, line.Target);
-    if (current == line.Old && MarkOnDisk(files, line.Staged) == line.New) {
-        files.Rename(line.Staged, line.Target);
-        return true;
+void ExpectNoRecord(IFileSystem& files, const TFolders& folders) {
+    for (const std::string& folder : folders)
+        if (files.Stat(RecordPath(folder)))
+            throw EFileError(RecordPath(folder), 0, "a save was interrupted here and is not completed",
+                             "Open the project again, which completes it, and repeat the command");
+}
+
+// --- recovery
+
+enum class TProgress { ToDo, Done, NotStaged, Stuck };
+
+TProgress ProgressOf(IFileSystem& files, const TCommitLine& line) {
+    const bool isStaged = files.Stat(StagePath(line.Target)).has_value();
+    const TContentMark target = MarkOnDisk(files, line.Target);
+    if (target == line.New) return TProgress::Done;
+    if (isStaged) {
+        const bool fits = !line.New.Exists || MarkOnDisk(files, StagePath(line.Target)) == line.New;
+        return target == line.Old && fits ? TProgress::ToDo : TProgress::Stuck;
     }
-    files.Remove(line.Staged);
-    return current == line.New;
+    if (target == line.Old) return TProgress::NotStaged;
+    // Renamed before the crash and changed since, or it has been moved away.
+    return target.Exists ? TProgress::Done : TProgress::Stuck;
 }
 
-std::vector<TProjectProblem> CompleteRecord(IFileSystem& files, const std::string& recordPath) {
-    std::vector<TProjectProblem> problems;
-    for (const TCommitLine& line : ParseCommitRecord(files.Read(recordPath))) {
-        if (!IsOurs(line) || CompleteRename(files, line)) continue;
-        problems.push_back({line.Target, 0,
-                            "an interrupted save could not be completed: the file has changed since",
-                            "Compare the file with the others of that save and repeat the command"});
+[[noreturn]] void Refuse(const std::string& recordPath, const TCommitLine& line) {
+    throw EFileError(recordPath, 0,
+                     "an interrupted save cannot be completed: " + line.Target +
+                         " has changed since or is not where it was",
+                     "Put the file back as it was, or compare the files of the folder and delete " +
+                         std::string(kRecordName) + " to keep them as they are");
+}
+
+/// A save of which nothing is renamed yet and not everything staged any more is given up.
+void CarryOut(IFileSystem& files, const std::string& recordPath, const TLines& lines) {
+    std::vector<TProgress> progress;
+    for (const TCommitLine& line : lines) {
+        progress.push_back(ProgressOf(files, line));
+        if (progress.back() == TProgress::Stuck) Refuse(recordPath, line);
     }
-    files.Remove(recordPath);
-    return problems;
+    const auto has = [&](TProgress wanted) {
+        return std::find(progress.begin(), progress.end(), wanted) != progress.end();
+    };
+    if (has(TProgress::NotStaged) && has(TProgress::Done))
+        Refuse(recordPath,
+               lines[static_cast<std::size_t>(
+                   std::find(progress.begin(), progress.end(), TProgress::NotStaged) - progress.begin())]);
+    if (!has(TProgress::NotStaged) && has(TProgress::ToDo)) {
+        // Should this be cut off too, any door must find it.
+        for (const std::string& folder : FoldersOf(lines))
+            if (!files.Stat(RecordPath(folder))) WriteRecord(files, folder, lines);
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            if (progress[i] == TProgress::ToDo) Install(files, lines[i]);
+    }
+    for (const TCommitLine& line : lines)
+        if (files.Stat(StagePath(line.Target))) files.Remove(StagePath(line.Target));
 }
 
-bool HasLeftOvers(IFileSystem& files, const std::string& recordPath,
-                  const std::vector<std::string>& stagePaths) {
-    return files.Stat(recordPath) || std::any_of(stagePaths.begin(), stagePaths.end(),
-                                                 [&](const std::string& path) { return files.Stat(path); });
+TLines ReadRecord(IFileSystem& files, const std::string& folder) {
+    const std::string path = RecordPath(folder);
+    return files.Stat(path) ? ParseCommitRecord(files.Read(path), folder, path) : TLines();
+}
+
+/// The names of what staging may have left in the folder; none where it cannot be listed.
+std::vector<std::string> LeftOversIn(IFileSystem& files, const std::string& folder) {
+    std::vector<std::string> names;
+    try {
+        names = files.List(folder);
+    } catch (const EFileError&) {
+        // Told where its units are read.
+    }
+    std::erase_if(names, [](const std::string& name) {
+        return name != kRecordName && !(name.starts_with('.') && name.ends_with(kStageEnd));
+    });
+    return names;
+}
+
+/// The folders in which something is left, and those that their records name.
+TFolders FoldersToRecover(IFileSystem& files, const TFolders& folders) {
+    TFolders found;
+    for (const std::string& folder : folders) {
+        if (LeftOversIn(files, folder).empty()) continue;
+        found.insert(folder);
+        found.merge(FoldersOf(ReadRecord(files, folder)));
+    }
+    return found;
+}
+
+void RecoverLocked(IFileSystem& files, const TFolders& folders) {
+    for (const std::string& folder : folders) {
+        const TLines lines = ReadRecord(files, folder);
+        if (lines.empty()) continue;
+        CarryOut(files, RecordPath(folder), lines);
+        for (const std::string& concerned : FoldersOf(lines))
+            if (files.Stat(RecordPath(concerned))) files.Remove(RecordPath(concerned));
+    }
+    for (const std::string& folder : folders)
+        for (const std::string& name : LeftOversIn(files, folder))
+            files.Remove(JoinPath(folder, name));
+}
+
+bool HasRecord(IFileSystem& files, const TFolders& folders) {
+    return std::any_of(folders.begin(), folders.end(),
+                       [&](const std::string& folder) { return files.Stat(RecordPath(folder)); });
 }
 
 }  // namespace
 
-std::string CommitRecordPath(const std::string& projectFile) {
-    return JoinPath(FolderOf(projectFile), "." + WithExtension(FileNameOf(projectFile), "") + ".tml-commit");
-}
-
-void WriteTogether(IFileSystem& files, const std::string& recordPath,
-                   const std::vector<TStagedFile>& staged) {
+void WriteTogether(IFileSystem& files, const std::vector<TStagedFile>& staged) {
     if (staged.empty()) return;
-    const std::vector<TPending> pending = Resolve(files, recordPath, staged);
-    const TSaveLock lock(files, recordPath);
+    const TAllPending pending = Resolve(files, staged);
+    const TFolders folders = FoldersOf(LinesOf(pending));
+    const TFolderLocks locks(files, folders);
+    ExpectNoRecord(files, folders);
     try {
-        StageAll(files, pending);
-        CommitStaged(files, recordPath, pending);
+        Commit(files, pending);
     } catch (const EHalfWritten&) {
         throw;
     } catch (const EFileError&) {
-        RemoveStaged(files, pending);
+        GiveUp(files, LinesOf(pending));
         throw;
     }
 }
 
-std::vector<TProjectProblem> RecoverStaged(IFileSystem& files, const std::string& recordPath,
-                                           const std::vector<std::string>& paths) {
-    std::vector<std::string> stagePaths = {StagePath(recordPath, recordPath)};
+void RecoverStaged(IFileSystem& files, const std::vector<std::string>& paths) {
+    TFolders folders;
     for (const std::string& path : paths)
-        stagePaths.push_back(StagePath(files.Resolve(path), recordPath));
+        folders.insert(FolderOf(files.Resolve(path)));
     // A project on a read-only disk must open, so nothing is locked unless there is work.
-    if (!HasLeftOvers(files, recordPath, stagePaths)) return {};
-    const TSaveLock lock(files, recordPath);
-    std::vector<TProjectProblem> problems;
-    if (files.Stat(recordPath)) problems = CompleteRecord(files, recordPath);
-    for (const std::string& path : stagePaths)
-        if (files.Stat(path)) files.Remove(path);
-    return problems;
+    const TFolders found = FoldersToRecover(files, folders);
+    if (found.empty()) return;
+    try {
+        const TFolderLocks locks(files, found);
+        RecoverLocked(files, found);
+    } catch (const EFileError&) {
+        // Left-overs that cannot be removed are no harm; half a save is.
+        if (HasRecord(files, found)) throw;
+    }
 }
 
 }  // namespace tml

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,13 +37,26 @@ struct TChangeSet {
     std::vector<std::pair<std::string, std::string>> UsedUnits;
 };
 
+/// The files as the running command has left them, written or not yet; without one those on the disk. A file
+/// that is open in the IDE is read as it stands there. Paths are full ones.
+class ICommandFiles {
+  public:
+    virtual ~ICommandFiles() = default;
+    /// None when there is no such file; EFileError for one that cannot be read.
+    virtual std::optional<std::string> ReadFile(const std::string& fileName) = 0;
+    /// Written when the command ends, together with all that it saves; one step by itself when none is
+    /// running. EBadInput for a file that is open.
+    virtual void WriteFile(const std::string& fileName, std::string bytes) = 0;
+    virtual void RemoveFile(const std::string& fileName) = 0;
+};
+
 /// Everything that is done while it lives becomes one step of undo. Destroyed without Commit it takes
 /// everything back.
 class ICommandScope {
   public:
     virtual ~ICommandScope() = default;
     virtual void Commit() = 0;
-    /// What has been done so far, as a unified diff over all documents.
+    /// What has been done so far over all files, as FilePatch gives it: for git apply.
     virtual std::string Patch() = 0;
 };
 

@@ -73,6 +73,8 @@ class IMlRuntime {
     virtual std::shared_ptr<TmlLangDispatcher> AsDispatcher(
         const std::shared_ptr<IOTAComponent>& component) = 0;
 
+    /// By which the library reads and writes files; the host's, nullptr without one.
+    ICommandFiles* Files = nullptr;
     /// Callbacks of the translation editor.
     std::function<void(const std::string& formName, const std::string& id)> NavigateToSource;
     std::function<void()> ShowAboutBox;

@@ -43,8 +43,8 @@ class IOTAIDENotifier : public IOTANotifier {
     virtual void AfterCompile(bool succeeded) = 0;
     virtual void BeforeCompile(const std::string& project, bool isCodeInsight, bool& cancel) = 0;
     virtual void AfterCompile(bool succeeded, bool isCodeInsight) = 0;
-    /// An undo, a redo or a command that was taken back has given these files (units and form files, full
-    /// paths, open or not) other bytes than they had.
+    /// An undo, a redo, a command that was taken back or closing without saving has given these files (units
+    /// and form files, full paths, open or not) other bytes than they had.
     virtual void FilesRestored(const std::vector<std::string>& /*fileNames*/) {}
 };
 
@@ -248,6 +248,7 @@ class IOTAModuleServices {
     virtual std::shared_ptr<IOTAProjectGroup> GetMainProjectGroup() = 0;
 
     virtual std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) = 0;
+    virtual ICommandFiles& GetFiles() = 0;
     /// Checks the whole set, then makes it; a set that does not fit is refused with EBadInput and nothing
     /// is changed.
     virtual void ApplyChangeSet(const TChangeSet& changes) = 0;

@@ -1,10 +1,14 @@
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
+#include <thread>
+
+#include "base/Diskfiles.h"
 
 namespace tml {
 namespace {
@@ -39,6 +43,35 @@ TEST(Interrupt, EverySignalStopsACommandAtASafePlace) {
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << signal << " " << status;
         std::signal(signal, before);
     }
+    fs::remove_all(folder);
+}
+
+TEST(Interrupt, WhoWaitsForAnotherProgramWritesNothingAfterwards) {
+    const fs::path folder =
+        fs::temp_directory_path() / ("tml-wait-" + std::to_string(std::random_device{}()));
+    fs::copy(fs::path(TML_TESTS) / "../examples/orchard", folder, fs::copy_options::recursive);
+    const auto disk = MakeDiskFileSystem();
+    auto lock = disk->Lock((folder / ".tml-lock").string());
+    const std::string unit = disk->Read((folder / "Main.pas").string());
+    const auto before = std::signal(SIGTERM, SIG_DFL);
+    const std::string command = "echo $$; exec '" TML_BIN "/tmllang' --config '" +
+                                (folder / "config").string() + "' replace '" +
+                                (folder / "Orchard.dproj").string() + "' --form MainForm 2>&1";
+    FILE* pipe = ::popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::array<char, 4096> line{};
+    ASSERT_NE(std::fgets(line.data(), line.size(), pipe), nullptr);
+    const int process = std::stoi(line.data());
+    // Staging begins when all locks are held; by then it has worked for a while.
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    ::kill(process, SIGTERM);
+    while (std::fgets(line.data(), line.size(), pipe) != nullptr) {
+    }
+    const int status = ::pclose(pipe);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << status << line.data();
+    EXPECT_EQ(disk->Read((folder / "Main.pas").string()), unit);
+    std::signal(SIGTERM, before);
+    lock.reset();
     fs::remove_all(folder);
 }
 

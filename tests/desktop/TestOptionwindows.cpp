@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 #include <fstream>
 
+#include "base/Diskfiles.h"
 #include "desktop/Deskfixture.h"
 #include "expert/Mllangexp.h"
 #include "windows/Filedialogs.h"

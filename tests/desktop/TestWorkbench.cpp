@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 #include <fstream>
 
+#include "base/Diskfiles.h"
 #include "desktop/Deskfixture.h"
 #include "desktop/Rowtable.h"
 #include "expert/Mllangexp.h"

@@ -40,6 +40,8 @@ TEST_F(TIdeTest, ProjectIsSeen) {
     EXPECT_EQ(module->GetFileName(), "/p/sub/App.Unit2.pas");
     EXPECT_EQ(Services.FindModule("/P/sub/../sub/APP.UNIT2.PAS"), module);
     EXPECT_EQ(Services.GetCurrentSourceEditor()->GetFileName(), module->GetFileName());
+    Files.Links["/q/Same.pas"] = "/p/sub/App.Unit2.pas";
+    EXPECT_EQ(Services.OpenModule("/q/Same.pas", false), module) << "one file is one module";
     EXPECT_EQ(Open("/p/Plain.pas")->GetFormEditor(), nullptr);
 }
 
@@ -97,7 +99,12 @@ TEST_F(TIdeTest, CommandsNestRollBackAndShowTheirPatch) {
     }
     EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'Yes'"), std::string::npos);
     EXPECT_TRUE(Open("/p/Plain.pas")->GetModified());
-    EXPECT_THROW(Ide.Undo(), EBadInput) << "Unit1.dfm was closed and opened anew since";
+    EXPECT_EQ(Ide.Undo(), "outer");
+    EXPECT_EQ(Component("Button1")->GetPropValue("Caption"), TFormValue::String("&OK"));
+    EXPECT_TRUE(Open("/p/Unit1.pas")->GetModified()) << "opened anew since";
+    EXPECT_FALSE(Open("/p/Plain.pas")->GetModified());
+    Ide.Redo();
+    EXPECT_FALSE(Open("/p/Unit1.pas")->GetModified());
     {
         const auto command = Services.BeginCommand("dropped");
         Component("Button1")->SetPropValue("Caption", TFormValue::String("No"));
@@ -230,6 +237,66 @@ TEST_F(TIdeTest, DamagedFilesNeverDoMoreThanFail) {
     EXPECT_GT(refused, 20);
 }
 
+TEST_F(TIdeTest, ClosedFilesAreUndoneWhereTheDiskHoldsWhatTheCommandLeft) {
+    ICommandFiles& view = *Runtime->Files;
+    Files.Files["/p/Old.txt"] = "old";
+    const auto before = Files.Files;
+    {
+        const auto command = Services.BeginCommand("all");
+        Component("Button1")->SetPropValue("Caption", TFormValue::String("Yes"));
+        Insert("/p/Plain.pas", "// kept\r\n");
+        view.WriteFile("/p/New.txt", "1");
+        {
+            const auto inner = Services.BeginCommand("inner");
+            view.WriteFile("/p/New.txt", "2");
+            view.RemoveFile("/p/Unit2.pas");
+        }
+        view.RemoveFile("/p/Old.txt");
+        EXPECT_EQ(view.ReadFile("/p/New.txt").value(), "1");
+        EXPECT_EQ(view.ReadFile("/p/Old.txt"), std::nullopt);
+        EXPECT_NE(view.ReadFile("/p/Unit1.dfm")->find("'Yes'"), std::string::npos);
+        EXPECT_THROW(view.WriteFile("/p/Plain.pas", ""), EBadInput) << "it is open";
+        EXPECT_EQ(Files.Files, before);
+        Open("/p/Unit1.pas")->Save();
+        Open("/p/Unit1.pas")->Close();
+        command->Commit();
+    }
+    auto after = Files.Files;
+    EXPECT_EQ(after["/p/New.txt"], "1");
+    EXPECT_FALSE(after.contains("/p/Old.txt"));
+    Files.Files["/p/Unit1.dfm"] += " ";
+    try {
+        Ide.Undo();
+        ADD_FAILURE();
+    } catch (const EBadInput& error) {
+        EXPECT_EQ(error.File(), "/p/Unit1.dfm");
+    }
+    Files.Files["/p/Unit1.dfm"] = after["/p/Unit1.dfm"];
+    EXPECT_TRUE(Open("/p/Plain.pas")->GetModified());
+    EXPECT_EQ(Ide.Undo("/p/unit1.PAS"), "all") << "by a file that is closed";
+    EXPECT_EQ(Files.Files, before);
+    EXPECT_FALSE(Open("/p/Plain.pas")->GetModified());
+    EXPECT_EQ(Ide.Redo(), "all");
+    EXPECT_EQ(Files.Files, after);
+    EXPECT_EQ(Editor("/p/Plain.pas")->GetText()->substr(0, 7), "// kept");
+}
+
+TEST_F(TIdeTest, WhatWasClosedUnsavedIsNoLongerUndone) {
+    Insert("/p/Plain.pas", "1");
+    Open("/p/Plain.pas")->Save();
+    Insert("/p/Plain.pas", "2");
+    Component("Button1")->SetPropValue("Hint", TFormValue::String("B"));
+    TChangeSet both = SourceChange("/p/Plain.pas", nullptr, {{0, 0, "3"}});
+    both.Properties.push_back({"Form1", "Button1", "Caption", TFormValue::String("A")});
+    Services.ApplyChangeSet(both);
+    Open("/p/Plain.pas")->Close();
+    EXPECT_THROW(Ide.Undo(), EBadInput) << "half of it is gone";
+    Open("/p/Unit1.pas")->Close();
+    EXPECT_EQ(Ide.Undo(), "Edit Plain.pas");
+    EXPECT_EQ(Files.Files["/p/Plain.pas"][0], 'u');
+    EXPECT_EQ(Ide.Undo(), "");
+}
+
 /// Logs what it is told; may remove itself or refuse.
 struct TIdeNotifier : IOTAIDENotifier {
     explicit TIdeNotifier(IOTAServices& services) : Services(services) {}
@@ -247,6 +314,10 @@ struct TIdeNotifier : IOTAIDENotifier {
         cancel = Refuse;
         if (RemoveOnCall >= 0) Services.RemoveNotifier(RemoveOnCall);
         throw std::runtime_error("must not reach the IDE");
+    }
+    void FilesRestored(const std::vector<std::string>& fileNames) override {
+        for (const std::string& fileName : fileNames)
+            Log += "restored " + fileName + "\n";
     }
     void BeforeCompile(const std::string&, bool&) override {}
     void AfterCompile(bool) override {}
@@ -271,6 +342,38 @@ TEST_F(TIdeTest, NotificationsComeOnceInOrderOverACopy) {
     first->Refuse = true;
     EXPECT_THROW(Open("/p/Plain.pas"), EmlLangSilent);
     EXPECT_TRUE(Ide.Modules().empty());
+}
+
+TEST_F(TIdeTest, EveryWayBackNamesItsFiles) {
+    const auto notifier = std::make_shared<TIdeNotifier>(*Ide.GetServices());
+    Component("Button1");
+    Ide.GetServices()->AddNotifier(notifier);
+    const auto told = [&] { return std::exchange(notifier->Log, {}); };
+    {
+        const auto outer = Services.BeginCommand("outer");
+        Open("/p/Unit1.pas")->GetFormEditor()->MarkModified();
+        const auto inner = Services.BeginCommand("inner");
+        Component("Button1")->SetPropValue("Hint", TFormValue::String("B"));
+    }
+    EXPECT_EQ(told(), "restored /p/Unit1.dfm\n") << "the outer one has changed nothing";
+    Component("Button1")->SetName("Button2");
+    const TChangeSet set = SourceChange("/p/Unit1.pas", nullptr, {{0, 0, "{}"}});
+    Services.ApplyChangeSet(set);
+    Ide.Undo();
+    EXPECT_EQ(told(), "restored /p/Unit1.pas\n");
+    Ide.Undo();
+    EXPECT_EQ(told(), "restored /p/Unit1.dfm\nrestored /p/Unit1.pas\n");
+    Ide.Redo();
+    Ide.SaveAll();
+    told();
+    Open("/p/Unit1.pas")->Close();
+    EXPECT_EQ(told(), "closing /p/Unit1.pas\nclosing /p/Unit1.dfm\n");
+    Ide.Undo();
+    EXPECT_EQ(told(), "restored /p/Unit1.dfm\nrestored /p/Unit1.pas\n");
+    Insert("/p/Unit1.pas", "{}");
+    told();
+    Open("/p/Unit1.pas")->Close();
+    EXPECT_EQ(told(), "closing /p/Unit1.pas\nclosing /p/Unit1.dfm\nrestored /p/Unit1.pas\n");
 }
 
 TEST(HeadlessIde, MenusWindowsAndPackages) {

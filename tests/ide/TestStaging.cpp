@@ -1,9 +1,9 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
+#include "base/Diskfiles.h"
 #include "base/Errors.h"
 #include "ide/Commitrecord.h"
 #include "ide/Staging.h"
@@ -16,9 +16,8 @@ namespace {
 using TFault = TFaultyFileSystem::TFault;
 using TFiles = std::map<std::string, std::string>;
 
-const std::string kRecord = CommitRecordPath("/p/Project1.dpr");
-const std::vector<std::string> kPaths = {"/p/A.pas", "/p/A.dfm", "/q/link.pas"};
-const TFiles kOld = {{"/p/A.pas", "a1"}, {"/p/A.dfm", "b1"}, {"/r/B.pas", "c1"}};
+const std::vector<std::string> kPaths = {"/p/A.pas", "/p/A.dfm", "/q/link.pas", "/p/Gone.txt"};
+const TFiles kOld = {{"/p/A.pas", "a1"}, {"/p/A.dfm", "b1"}, {"/r/B.pas", "c1"}, {"/p/Gone.txt", "d1"}};
 const TFiles kNew = {{"/p/A.pas", "a2"}, {"/p/A.dfm", "b2"}, {"/r/B.pas", "c2"}};
 
 TMemoryFileSystem OldDisk() {
@@ -28,26 +27,43 @@ TMemoryFileSystem OldDisk() {
     return disk;
 }
 
-std::vector<TStagedFile> Staged(std::size_t count) {
-    const std::vector<TStagedFile> all = {
-        {kPaths[0], "a2", "a1"}, {kPaths[1], "b2", "b1"}, {kPaths[2], "c2", "c1"}};
-    return {all.begin(), all.begin() + static_cast<std::ptrdiff_t>(count)};
-}
+const std::vector<TStagedFile> kStaged = {{kPaths[0], "a2", "a1"},
+                                          {kPaths[1], "b2", "b1"},
+                                          {kPaths[2], "c2", "c1"},
+                                          {"/r/B.pas", "c2", "c1"},
+                                          {kPaths[3], std::nullopt, "d1"}};
 
-/// What is on the disk but for the lock file that a crash leaves.
+/// What is on the disk but for the lock files that a crash leaves.
 TFiles Contents(const TMemoryFileSystem& disk) {
     TFiles files = disk.Files;
-    files.erase(kRecord + "-lock");
+    std::erase_if(files, [](const auto& file) { return file.first.ends_with("/.tml-lock"); });
+    return files;
+}
+
+/// The same without all that staging made.
+TFiles Targets(const TMemoryFileSystem& disk) {
+    TFiles files = Contents(disk);
+    std::erase_if(files, [](const auto& file) { return file.first.find("/.") != std::string::npos; });
     return files;
 }
 
 bool Throws(IFileSystem& files) {
     try {
-        WriteTogether(files, kRecord, Staged(3));
+        WriteTogether(files, kStaged);
     } catch (const EFileError&) {
         return true;
     }
     return false;
+}
+
+/// A disk on which a save was cut off when A.pas had been renamed.
+TMemoryFileSystem HalfWritten() {
+    for (int n = 1;; ++n) {
+        TMemoryFileSystem disk = OldDisk();
+        TFaultyFileSystem faulty(disk, n, TFault::Crash);
+        Throws(faulty);
+        if (disk.Files["/p/A.pas"] == "a2") return disk;
+    }
 }
 
 TEST(Staging, EveryFailedCallLeavesAllOldOrAllNew) {
@@ -60,29 +76,32 @@ TEST(Staging, EveryFailedCallLeavesAllOldOrAllNew) {
             EXPECT_GT(n, 15);
             break;
         }
-        RecoverStaged(disk, kRecord, kPaths);
+        RecoverStaged(disk, kPaths);
         EXPECT_EQ(Contents(disk), threw ? kOld : kNew);
     }
 }
 
-TEST(Staging, EveryCrashIsRecoveredAlsoAfterACrashedRecovery) {
+TEST(Staging, EveryCrashIsRecoveredFromAnyDoorAlsoAfterACrashedRecovery) {
     for (int n = 1;; ++n) {
         TMemoryFileSystem crashed = OldDisk();
         TFaultyFileSystem faulty(crashed, n, TFault::Crash);
         Throws(faulty);
         if (!faulty.HasFailed()) break;
-        for (int m = 0; m < 20; ++m) {
+        for (int m = 0; m < 60; ++m) {
             SCOPED_TRACE(std::to_string(n) + " " + std::to_string(m));
             TMemoryFileSystem disk = crashed;
             TFaultyFileSystem recovery(disk, m, TFault::Crash);
+            const std::vector<std::string> doors[] = {{"/p/P.dpr"}, {"/q/link.pas"}};
             try {
-                RecoverStaged(recovery, kRecord, kPaths);
+                RecoverStaged(recovery, doors[m % 2]);
             } catch (const EFileError&) {
                 EXPECT_TRUE(recovery.HasFailed());
             }
-            EXPECT_TRUE(RecoverStaged(disk, kRecord, kPaths).empty());
-            const TFiles files = Contents(disk);
+            RecoverStaged(disk, doors[n % 2]);
+            const TFiles files = Targets(disk);
             EXPECT_TRUE(files == kOld || files == kNew) << testing::PrintToString(files);
+            RecoverStaged(disk, doors[(n + 1) % 2]);
+            EXPECT_EQ(Contents(disk), files);
         }
     }
 }
@@ -98,61 +117,95 @@ TEST(Staging, ForeignChangesAndReadOnlyFilesAreRefused) {
     disk.ReadOnlyFiles = {"/r/B.pas"};
     EXPECT_TRUE(Throws(disk));
     EXPECT_EQ(disk.Files, kOld);
+
+    disk = OldDisk();
+    const std::vector<TStagedFile> differing = {{"/r/B.pas", "x", "c1"}, {"/q/link.pas", "y", "c1"}};
+    EXPECT_THROW(WriteTogether(disk, differing), EBadInput);
+    EXPECT_EQ(disk.Files, kOld);
 }
 
-TEST(Staging, ACrashedSaveDoesNotOverwriteWhatCameLater) {
-    TMemoryFileSystem disk = OldDisk();
-    int renames = 0;
-    for (int n = 1; renames == 0; ++n) {
-        disk = OldDisk();
-        TFaultyFileSystem faulty(disk, n, TFault::Crash);
-        Throws(faulty);
-        renames = disk.Files["/p/A.pas"] == "a2" ? 1 : 0;
+/// Changes a file when another is about to be renamed.
+struct TRival : TWrappedFileSystem {
+    TRival(TMemoryFileSystem& disk, std::string path)
+        : TWrappedFileSystem(disk), Disk(disk), Path(std::move(path)) {}
+    void Before(const std::string& call, const std::string& arguments) override {
+        if (call == "Rename" && arguments.ends_with("/p/A.pas")) Disk.Files[Path] = "";
     }
-    disk.Files["/p/A.dfm"] = "edited after the crash";
-    const std::vector<TProjectProblem> problems = RecoverStaged(disk, kRecord, kPaths);
-    ASSERT_EQ(problems.size(), 1U);
-    EXPECT_EQ(problems[0].FileName, "/p/A.dfm");
-    EXPECT_EQ(Contents(disk),
-              (TFiles{{"/p/A.pas", "a2"}, {"/p/A.dfm", "edited after the crash"}, {"/r/B.pas", "c2"}}));
+    TMemoryFileSystem& Disk;
+    std::string Path;
+};
+
+TEST(Staging, WhatARivalDoesBetweenTwoRenamesIsNotLost) {
+    for (const char* path : {"/p/A.dfm", "/r/B.pas", "/p/.A.dfm.tml-staged"}) {
+        TMemoryFileSystem disk = OldDisk();
+        TRival rival(disk, path);
+        EXPECT_TRUE(Throws(rival)) << path;
+        TFiles expected = kOld;
+        if (expected.contains(path)) expected[path] = "";
+        EXPECT_EQ(disk.Files, expected);
+    }
+}
+
+TEST(Staging, ACrashedSaveThatDoesNotFitAnyMoreIsRefusedAndKept) {
+    using TDamage = void (*)(TFiles&);
+    const TDamage damages[] = {
+        [](TFiles& files) { files["/p/A.dfm"] = "edited after the crash"; },
+        [](TFiles& files) { files["/p/.A.dfm.tml-staged"] = "edited after the crash"; },
+        [](TFiles& files) { files.erase("/p/.A.dfm.tml-staged"); },
+        [](TFiles& files) {
+            // The folder was moved away alone.
+            files.erase("/r/B.pas");
+            files.erase("/r/.B.pas.tml-staged");
+        },
+    };
+    for (const TDamage damage : damages) {
+        TMemoryFileSystem disk = HalfWritten();
+        damage(disk.Files);
+        const TFiles before = Contents(disk);
+        try {
+            RecoverStaged(disk, {"/p/P.dpr"});
+            ADD_FAILURE();
+        } catch (const EFileError& error) {
+            EXPECT_EQ(error.File(), "/p/.tml-commit");
+        }
+        EXPECT_EQ(Contents(disk), before);
+        EXPECT_TRUE(Throws(disk)) << "nor is anything written meanwhile";
+        disk.Files.erase("/p/.tml-commit");
+        disk.Files.erase("/r/.tml-commit");
+        RecoverStaged(disk, kPaths);
+        EXPECT_EQ(Contents(disk), Targets(disk)) << "the person keeps the files as they are";
+    }
+}
+
+TEST(Staging, ACrashedSaveIsCompletedWhereItsFoldersHaveBeenMovedTo) {
+    TMemoryFileSystem disk = HalfWritten();
+    TFiles moved, expected;
+    for (const auto& [path, bytes] : disk.Files)
+        moved["/new/place" + path] = bytes;
+    for (const auto& [path, bytes] : kNew)
+        expected["/new/place" + path] = bytes;
+    disk.Files = moved;
+    RecoverStaged(disk, {"/new/place/r/Other.dpr"});
+    EXPECT_EQ(Targets(disk), expected);
 }
 
 TEST(Staging, NothingIsTouchedWhereNothingIsLeft) {
     TMemoryFileSystem disk = OldDisk();
     TLoggingFileSystem log(disk);
-    RecoverStaged(log, kRecord, kPaths);
+    RecoverStaged(log, kPaths);
     EXPECT_TRUE(log.Changes().empty());
 }
 
 TEST(Staging, ARecordThatNamesOtherFilesMovesNothing) {
     TMemoryFileSystem disk = OldDisk();
     const TContentMark a1 = MarkOf("a1"), c1 = MarkOf("c1");
-    disk.Files["/p/.B.pas.7.tml-new"] = "a1";
-    const TFiles before = disk.Files;
-    disk.Files[kRecord] = WriteCommitRecord({{"/p/A.pas", "/r/New.pas", TContentMark(), a1},
-                                             {"/p/.B.pas.7.tml-new", "/r/B.pas", c1, a1},
-                                             {"/p/A.pas", "/r/B.pas", a1, a1}});
-    EXPECT_TRUE(RecoverStaged(disk, kRecord, kPaths).empty());
-    EXPECT_EQ(Contents(disk), before);
-}
-
-TEST(Staging, TheDisksLockIsNeverOnARemovedFileAndAPipeIsNotRead) {
-    const std::string path = testing::TempDir() + "tml-lock-" + std::to_string(::getpid());
-    const auto disk = MakeDiskFileSystem();
-    std::unique_ptr<IFileLock> first = disk->Lock(path);
-    std::thread waiting([&] {
-        const auto second = disk->Lock(path);
-        EXPECT_TRUE(disk->Stat(path));
-        disk->Remove(path);
-    });
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    disk->Remove(path);
-    first.reset();
-    waiting.join();
-
-    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-    EXPECT_THROW(disk->Read(path), EFileError);
-    disk->Remove(path);
+    disk.Files["/p/.tml-commit"] =
+        WriteCommitRecord({{"/r/New.pas", TContentMark(), a1}, {"/r/B.pas", c1, TContentMark()}}, "/p");
+    EXPECT_NE(disk.Files["/p/.tml-commit"].find("\t../r/New.pas\n"), std::string::npos);
+    RecoverStaged(disk, kPaths);
+    EXPECT_EQ(Contents(disk), kOld);
+    disk.Files["/p/.tml-commit"] = "1\t2\n";
+    EXPECT_THROW(RecoverStaged(disk, kPaths), EBadInput);
 }
 
 TEST(Staging, TheDiskKeepsLinksAndModes) {
@@ -167,9 +220,8 @@ TEST(Staging, TheDiskKeepsLinksAndModes) {
         fs::permissions(folder / name, mode);
     }
     fs::create_symlink("real/Unit1.pas", folder / "Unit1.pas");
-    WriteTogether(
-        *disk, CommitRecordPath((folder / "P.dpr").string()),
-        {{(folder / "Unit1.pas").string(), "new", "old"}, {(folder / "Unit1.dfm").string(), "new", "old"}});
+    WriteTogether(*disk, {{(folder / "Unit1.pas").string(), "new", "old"},
+                          {(folder / "Unit1.dfm").string(), "new", "old"}});
     EXPECT_TRUE(fs::is_symlink(folder / "Unit1.pas"));
     for (const char* name : {"real/Unit1.pas", "Unit1.dfm"}) {
         EXPECT_EQ(disk->Read((folder / name).string()), "new");

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Codedtext.h"
+#include "base/Diskfiles.h"
 #include "base/Errors.h"
 #include "projects/Projectfiles.h"
 #include "projects/Projectreader.h"

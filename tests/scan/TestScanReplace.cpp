@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "core/Insertion.h"
+#include "forms/Formtree.h"
 #include "scan/Constreplace.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
@@ -70,6 +71,19 @@ TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
     EXPECT_EQ(Source(1), files.at("/p/Unit1.pas"));
     Ide.SaveAll();
     EXPECT_EQ(Files.Files, files) << "the form file too is as it was";
+}
+
+TEST_F(TScanReplace, ReadsItsFormOnceThePatchAndTheWayBackIncluded) {
+    Prepare(1);
+    const int before = TFormTree::ParseCount();
+    {
+        const auto scope = Ide.GetModuleServices()->BeginCommand("given up");
+        ReviewAll();
+        Run();
+        EXPECT_NE(scope->Patch().find("+  object mlLang_Form1: TmlLang"), std::string::npos);
+    }
+    EXPECT_EQ(TFormTree::ParseCount() - before, 1);
+    EXPECT_EQ(GetmlLang(Context(), "Form1"), nullptr);
 }
 
 TEST_F(TScanReplace, ASecondRunFindsNothing) {
