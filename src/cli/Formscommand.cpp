@@ -12,12 +12,12 @@ namespace {
 void PrintJson(TContext& context) {
     for (const auto& row : context.Rows.FormNames.Items()) {
         TJsonLine(std::cout)
-            .Text("form", row->Caption)
-            .Text("unit", row->SubItems[fcUnitName])
-            .Text("file", row->SubItems[fcFileName])
-            .Number("languages", ToInteger(row->SubItems[fcLanguages]))
-            .Text("component", row->SubItems[fcComponent])
-            .Text("class", row->SubItems[fcClass]);
+            .Text("form", row->FormName)
+            .Text("unit", row->UnitName)
+            .Text("file", row->FileName)
+            .Number("languages", row->Component.NumLang)
+            .Text("component", row->Component.ComponentName)
+            .Text("class", row->Component.ClassName);
     }
     TJsonLine(std::cout).Texts("units", context.Project.UnitFiles);
     const auto& panels = context.Rows.StatusPanels;
@@ -44,9 +44,8 @@ void PrintTable(const std::vector<TCells>& rows) {
 void PrintText(TContext& context, const std::string& folder) {
     std::vector<TCells> table = {{"Form Name", "Unit Name", "File Name", "Languages", "TmlLang", "Class"}};
     for (const auto& row : context.Rows.FormNames.Items())
-        table.push_back({row->Caption, row->SubItems[fcUnitName],
-                         RelativeTo(folder, row->SubItems[fcFileName]), row->SubItems[fcLanguages],
-                         row->SubItems[fcComponent], row->SubItems[fcClass]});
+        table.push_back({row->FormName, row->UnitName, RelativeTo(folder, row->FileName),
+                         row->Cell(fcLanguages), row->Cell(fcComponent), row->Component.ClassName});
     PrintTable(table);
     for (const std::string& unit : context.Project.UnitFiles)
         std::cout << "unit without a form: " << RelativeTo(folder, unit) << "\n";

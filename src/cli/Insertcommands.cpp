@@ -32,9 +32,9 @@ void CheckClass(IMlRuntime& runtime, const std::string& className) {
 }
 
 /// A form without a form file takes none; what a frame on a form brings along is not the form's own.
-void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TListItem& row) {
+void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TFormRow& row) {
     if (component != nullptr) return;
-    throw EBadInput(row.SubItems[fcFileName], 0, "the form has no component of its own and takes none",
+    throw EBadInput(row.FileName, 0, "the form has no component of its own and takes none",
                     "Check that its form file is beside the unit, and look for a frame that has one");
 }
 
@@ -43,58 +43,58 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
     CheckClass(*session.Context().Host.Runtime, options.Class);
     std::ostringstream report;  // told when the files are written, not before
-    session.ForEach(session.Rows(options.Forms), [&](TListItem& row) {
-        const bool had = row.SubItems[fcLanguages] != "0";
+    session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
+        const bool had = row.HasComponent();
         if (!had) InsertTmlLang(session.Context(), row);
-        const auto component = GetmlLang(session.Context(), row.Caption);
+        const auto component = GetmlLang(session.Context(), row.FormName);
         if (!had) ExpectComponent(component, row);
-        const std::string name = component != nullptr ? component->GetName() : row.SubItems[fcComponent];
+        const std::string name = component != nullptr ? component->GetName() : row.Component.ComponentName;
         if (program.Json)
             TJsonLine(report)
-                .Text("form", row.Caption)
+                .Text("form", row.FormName)
                 .Text("component", name)
                 .Text("done", had ? "kept" : "inserted");
         else
-            report << row.Caption << ": " << name << (had ? " is there already" : " inserted") << "\n";
+            report << row.FormName << ": " << name << (had ? " is there already" : " inserted") << "\n";
     });
     session.Ide().SaveAll();
     std::cout << report.str();
     return session.ExitCode();
 }
 
-void PrintLanguages(TProgram& program, TSession& session, TListItem& row, bool expected) {
-    const TModuleLease lease(session.Context(), row.SubItems[fcFileName]);
-    const auto component = GetmlLang(session.Context(), row.Caption);
+void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool expected) {
+    const TModuleLease lease(session.Context(), row.FileName);
+    const auto component = GetmlLang(session.Context(), row.FormName);
     if (expected) ExpectComponent(component, row);
     const TStringList names = component != nullptr ? component->GetLangNames() : TStringList();
     if (program.Json)
         TJsonLine(std::cout)
-            .Text("form", row.Caption)
+            .Text("form", row.FormName)
             .Texts("languages", names)
             .Text("active", component != nullptr ? component->GetLanguage() : "");
     else
-        std::cout << row.Caption << ": " << (component != nullptr ? names.CommaText() : "no component")
+        std::cout << row.FormName << ": " << (component != nullptr ? names.CommaText() : "no component")
                   << "\n";
 }
 
 /// "German, French of MainForm": what the form's component has beyond so many languages, "" for nothing.
-std::string LostLanguages(TSession& session, TListItem& row, int count) {
-    if (ToInteger(row.SubItems[fcLanguages]) <= count) return {};
+std::string LostLanguages(TSession& session, TFormRow& row, int count) {
+    if (row.Component.NumLang <= count) return {};
     const TRowGuard unchanged(row);  // it is refreshed when its module opens
-    const TModuleLease lease(session.Context(), row.SubItems[fcFileName]);
-    const auto component = GetmlLang(session.Context(), row.Caption);
+    const TModuleLease lease(session.Context(), row.FileName);
+    const auto component = GetmlLang(session.Context(), row.FormName);
     if (component == nullptr) return {};
     const TStringList names = component->GetLangNames();
     std::string lost;
     for (int i = count; i < names.Count(); ++i)
         lost += (lost.empty() ? "" : ", ") + names[i];
-    return lost.empty() ? lost : lost + " of " + row.Caption;
+    return lost.empty() ? lost : lost + " of " + row.FormName;
 }
 
 /// Asked of all forms before the first is changed, so that nothing is written for a part of them.
-void RefuseLoss(TSession& session, const std::vector<TListItem*>& rows, int count) {
+void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, int count) {
     std::string losses;
-    for (TListItem* row : rows) {
+    for (TFormRow* row : rows) {
         try {
             const std::string lost = LostLanguages(session, *row, count);
             if (!lost.empty()) losses += (losses.empty() ? "" : "; ") + lost;
@@ -120,15 +120,15 @@ std::string CheckLanguages(const std::string& text) {
 
 int RunLanguages(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
-    const std::vector<TListItem*> rows = session.Rows(options.Forms);
+    const std::vector<TFormRow*> rows = session.Rows(options.Forms);
     if (options.Languages.empty()) {
-        session.ForEach(rows, [&](TListItem& row) { PrintLanguages(program, session, row, false); });
+        session.ForEach(rows, [&](TFormRow& row) { PrintLanguages(program, session, row, false); });
         return session.ExitCode();
     }
     const TStringList names = TStringList::FromCommaText(options.Languages);
     if (!program.Yes) RefuseLoss(session, rows, names.Count());
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
-    session.ForEach(rows, [&](TListItem& row) {
+    session.ForEach(rows, [&](TFormRow& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
         PrintLanguages(program, session, row, true);
     });

@@ -53,7 +53,7 @@ class TReplaceRun {
     int Run() {
         const auto command = session_.Modules().BeginCommand("Replace strings");
         if (options_.Units.empty())
-            session_.ForEach(session_.Rows(options_.Forms), [this](TListItem& row) { ReplaceIn(row); });
+            session_.ForEach(session_.Rows(options_.Forms), [this](TFormRow& row) { ReplaceIn(row); });
         else
             ReplaceInUnits();
         if (options_.Patch) std::cout << command->Patch();
@@ -66,16 +66,16 @@ class TReplaceRun {
     }
 
   private:
-    void ReplaceIn(TListItem& row) {
-        const std::string file = row.SubItems[fcFileName];
-        const std::string form = row.Caption;
+    void ReplaceIn(TFormRow& row) {
+        const std::string file = row.FileName;
+        const std::string form = row.FormName;
         session_.Select(row);
         RunAndPrint(options_.Const ? "ConstWithForm" : "SourceWithForm", form, file);
     }
 
     /// Units one by one, so that one that fails does not keep the others back.
     void ReplaceInUnits() {
-        const std::string form = session_.Rows({ReceivingForm()}).front()->Caption;
+        const std::string form = session_.Rows({ReceivingForm()}).front()->FormName;
         for (const std::string& unit : UnitFiles()) {
             session_.Answers().ChooseUnits = [&](TfrmTranslUnits& window) {
                 window.lbUnits.Selected.assign(window.lbUnits.Selected.size(), false);

@@ -20,16 +20,16 @@ TfrmmlLang& TSession::Window() {
     return *expert_->Window();
 }
 
-std::vector<TListItem*> TSession::Rows(const std::vector<std::string>& formNames) {
-    std::vector<TListItem*> rows;
-    TListView& list = Context().Rows.FormNames;
+std::vector<TFormRow*> TSession::Rows(const std::vector<std::string>& formNames) {
+    std::vector<TFormRow*> rows;
+    TFormRows& list = Context().Rows.FormNames;
     if (formNames.empty())
         for (const auto& row : list.Items())
             rows.push_back(row.get());
     for (const std::string& name : formNames) {
-        TListItem* found = nullptr;
+        TFormRow* found = nullptr;
         for (const auto& row : list.Items())
-            if (SameText(row->Caption, name)) found = row.get();
+            if (SameText(row->FormName, name)) found = row.get();
         if (found == nullptr)
             throw EBadInput("", 0, "the project has no form " + name,
                             "\"tmllang forms PROJECT\" lists its forms");
@@ -38,15 +38,15 @@ std::vector<TListItem*> TSession::Rows(const std::vector<std::string>& formNames
     return rows;
 }
 
-void TSession::Select(TListItem& row) {
+void TSession::Select(TFormRow& row) {
     for (const auto& item : Context().Rows.FormNames.Items())
         item->Selected = item->Focused = item.get() == &row;
     Window().lvFormNamesChange();
 }
 
-void TSession::ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work) {
-    for (TListItem* row : rows)
-        Attempt(row->Caption, [&] { work(*row); });
+void TSession::ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work) {
+    for (TFormRow* row : rows)
+        Attempt(row->FormName, [&] { work(*row); });
 }
 
 void TSession::Attempt(const std::string& subject, const std::function<void()>& work) {

@@ -26,12 +26,12 @@ class TSession {
     IOTAModuleServices& Modules() { return workplace_.Modules(); }
 
     /// The rows of the forms with these names, all rows without one. EBadInput for an unknown name.
-    std::vector<TListItem*> Rows(const std::vector<std::string>& formNames);
+    std::vector<TFormRow*> Rows(const std::vector<std::string>& formNames);
     /// Makes this the only selected row, as a click does.
-    void Select(TListItem& row);
+    void Select(TFormRow& row);
 
     /// Does the work for each row, going on behind one that fails; prints what went wrong.
-    void ForEach(const std::vector<TListItem*>& rows, const std::function<void(TListItem&)>& work);
+    void ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work);
     /// Does the work for one subject; what goes wrong is printed under its name, and counts.
     void Attempt(const std::string& subject, const std::function<void()>& work);
     /// What the subjects that failed and the problems of the project make of the exit code.

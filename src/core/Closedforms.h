@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Files.h"
-#include "core/Modules.h"
+#include "core/Formrow.h"
 
 namespace tml {
 

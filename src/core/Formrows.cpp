@@ -6,6 +6,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Closedforms.h"
+#include "core/Modules.h"
 #include "core/Notifiers.h"
 
 namespace tml {
@@ -30,34 +31,31 @@ void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModule
         context.Project.TranslatableUnits.Add(module.FileName);
         return;
     }
-    TListView& list = context.Rows.FormNames;
-    TListItem& item = AddRow(list, module.FormName, module.Name, module.FileName);
+    TFormRows& list = context.Rows.FormNames;
+    TFormRow& row = list.Add(module.FormName, module.Name, module.FileName);
     if (const auto open = GetModuleFromFileName(context, module.FileName)) {
-        RefreshItem(context, &item);
-        if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &item, open);
+        RefreshItem(context, &row);
+        if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &row, open);
     } else if (const std::string formFile = folders.FormFileOf(module.FileName); !formFile.empty()) {
-        const TFormAnalysis form =
-            AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray());
-        UpdateItem(&item, form.ComponentName, form.NumLang, form.ClassName);
+        UpdateItem(&row,
+                   AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray()));
     }
 }
 
-void RefreshItem(TContext& context, TListItem* item) {
-    if (item == nullptr) return;
-    const TFormAnalysis form = AnalyzeFile(context, item->SubItems[fcFileName]);
-    UpdateItem(item, form.ComponentName, form.NumLang, form.ClassName);
+void RefreshItem(TContext& context, TFormRow* row) {
+    if (row != nullptr) UpdateItem(row, AnalyzeFile(context, row->FileName));
 }
 
-void ClearRows(TListView& list) {
-    for (const auto& item : list.Items())
-        if (item->Data != nullptr) std::static_pointer_cast<TmlModuleNotifier>(item->Data)->Detach();
+void ClearRows(TFormRows& list) {
+    for (const auto& row : list.Items())
+        if (row->Notifier != nullptr) row->Notifier->Detach();
     list.Clear();
 }
 
 TChoiceBox FormsBox(TContext& context, const std::string& chosen) {
     TChoiceBox box;
     for (const auto& row : context.Rows.FormNames.Items())
-        box.Items.Add(row->Caption);
+        box.Items.Add(row->FormName);
     box.Items.Sort();
     box.ItemIndex = box.Items.IndexOf(chosen);
     return box;
@@ -68,7 +66,7 @@ void SortRows(TContext& context, int column, int order) {
     steps.Try([&] { context.Settings.SetSortOrder(order); });
     steps.Try([&] { context.Settings.SetSortedColumn(column); });
     context.Rows.FormNames.Sort(
-        [&](const TListItem& a, const TListItem& b) { return CompareRows(a, b, column) * order; });
+        [&](const TFormRow& a, const TFormRow& b) { return CompareRows(a, b, column) * order; });
     steps.Finish();
 }
 

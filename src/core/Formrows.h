@@ -16,10 +16,10 @@ bool IsSourceUnit(const std::string& fileName);
 void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module);
 
 /// Reads the open form of a row's file again.
-void RefreshItem(TContext& context, TListItem* item);
+void RefreshItem(TContext& context, TFormRow* row);
 
 /// Lets go of the rows' notifiers and empties the list.
-void ClearRows(TListView& list);
+void ClearRows(TFormRows& list);
 
 /// A box with the names of the listed forms, sorted; the one given is chosen where it is among them.
 TChoiceBox FormsBox(TContext& context, const std::string& chosen);

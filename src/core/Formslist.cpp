@@ -1,9 +1,11 @@
 #include "core/Formslist.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 
 #include "base/Errors.h"
+#include "base/Files.h"
 #include "base/Format.h"
 #include "base/Stringlist.h"
 #include "base/Utf8.h"
@@ -22,10 +24,9 @@ std::optional<int> ParseNumber(std::string_view text) {
     }
 }
 
-TListItem* FindRow(TListView& list, const std::function<bool(const TListItem&)>& fits) {
-    const auto found =
-        std::find_if(list.Items().begin(), list.Items().end(), [&](const auto& item) { return fits(*item); });
-    return found == list.Items().end() ? nullptr : found->get();
+/// Under this a unit, its header and its form file are found.
+std::string KeyOf(const std::string& fileName) {
+    return UpperCase(WithExtension(fileName, ""));
 }
 
 }  // namespace
@@ -35,14 +36,14 @@ TFormsList::TFormsList() : StatusPanels{"Form count: 0", "Unit count: 0", "Forms
     ExternalFiles.Columns = kColumns;
 }
 
-std::string ColumnWidthsText(const TListView& list) {
+std::string ColumnWidthsText(const TFormRows& list) {
     TStringList widths;
     for (const TListColumn& column : list.Columns)
         widths.Add(std::to_string(column.Width));
     return widths.CommaText();
 }
 
-void SetColumnWidths(TListView& list, std::string_view text) {
+void SetColumnWidths(TFormRows& list, std::string_view text) {
     const TStringList widths = TStringList::FromCommaText(Trim(text));
     const std::size_t count = std::min(list.Columns.size(), widths.Items().size());
     for (std::size_t i = 0; i < count; ++i)
@@ -50,52 +51,42 @@ void SetColumnWidths(TListView& list, std::string_view text) {
     list.Touch();
 }
 
-void UpdateItem(TListItem* item, const std::string& componentName, int numLang,
-                const std::string& className) {
-    if (item == nullptr) return;
-    const bool localized = numLang >= 1;
-    item->SubItems[fcLanguages] = localized ? std::to_string(numLang) : "0";
-    item->SubItems[fcComponent] = localized ? componentName : "";
-    item->SubItems[fcClass] = localized ? className : "";
-    item->StateIndex = localized ? 1 : 0;
+TFormRow& TFormRows::Add(const std::string& formName, const std::string& unitName,
+                         const std::string& fileName) {
+    TFormRow& row = TListOf::Add(formName, unitName, fileName);
+    byFile_.emplace(KeyOf(fileName), &row);
+    return row;
 }
 
-TListItem& AddRow(TListView& list, const std::string& formName, const std::string& unitName,
-                  const std::string& fileName) {
-    TListItem& item = list.Add();
-    item.Caption = formName;
-    item.SubItems = {unitName, fileName, "", "", "", UpperCase(fileName)};
-    UpdateItem(&item, "", 0);
-    return item;
+void TFormRows::Clear() {
+    byFile_.clear();
+    TListOf::Clear();
 }
 
-TRowGuard::~TRowGuard() {
-    if (kept_) return;
-    item_.SubItems = cells_;
-    item_.StateIndex = stateIndex_;
+std::vector<TFormRow*> TFormRows::FindUnitOrForm(const std::string& fileName) const {
+    std::vector<TFormRow*> rows;
+    const auto [begin, end] = byFile_.equal_range(KeyOf(fileName));
+    std::transform(begin, end, std::back_inserter(rows), [](const auto& entry) { return entry.second; });
+    return rows;
 }
 
-TListItem* FindRowOfFile(TListView& list, const std::string& fileName) {
-    return FindRow(
-        list, [key = UpperCase(fileName)](const TListItem& item) { return item.SubItems[fcFileKey] == key; });
+TFormRow* TFormRows::FindFile(const std::string& fileName) const {
+    const auto [begin, end] = byFile_.equal_range(KeyOf(fileName));
+    const auto found = std::find_if(
+        begin, end, [&](const auto& entry) { return SameText(entry.second->FileName, fileName); });
+    return found == end ? nullptr : found->second;
 }
 
-TListItem* FindRowOfForm(TListView& list, const std::string& formName) {
-    return FindRow(list, [&](const TListItem& item) { return item.Caption == formName; });
-}
-
-int CompareRows(const TListItem& a, const TListItem& b, int column) {
-    if (column <= 0 || column > fcComponent + 1) return CompareText(a.Caption, b.Caption);
-    const auto cell = static_cast<std::size_t>(column - 1);
-    if (cell != fcLanguages) return CompareText(a.SubItems[cell], b.SubItems[cell]);
-    // Equal counts never give 0, on purpose: their order is the one in which the sort leaves them.
-    return ParseNumber(a.SubItems[cell]) <= ParseNumber(b.SubItems[cell]) ? -1 : 1;
+TFormRow* TFormRows::FindForm(const std::string& formName) const {
+    const auto found = std::find_if(Items().begin(), Items().end(),
+                                    [&](const auto& row) { return row->FormName == formName; });
+    return found == Items().end() ? nullptr : found->get();
 }
 
 void UpdateStatusBar(TFormsList& list, int unitCount) {
     const auto& rows = list.FormNames.Items();
     const auto translated = std::count_if(
-        rows.begin(), rows.end(), [](const auto& row) { return !row->SubItems[fcComponent].empty(); });
+        rows.begin(), rows.end(), [](const auto& row) { return !row->Component.ComponentName.empty(); });
     list.StatusPanels[0] = Format("Forms count: %d", rows.size());
     list.StatusPanels[1] = Format("Units count: %d", unitCount);
     list.StatusPanels[2] = Format("Forms translated: %d of %d", translated, rows.size());

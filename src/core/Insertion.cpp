@@ -39,49 +39,50 @@ void SetActiveName(ILanguages& languages, int index, int count) {
     if (!names.Empty()) languages.SetLanguage(names[place - 1]);
 }
 
-void Configure(TContext& context, TListItem& item, const std::shared_ptr<IOTAComponent>& component,
+void Configure(TContext& context, TFormRow& row, const std::shared_ptr<IOTAComponent>& component,
                const TLangSetUp& setUp) {
     if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
         const int active = lang->GetActiveLanguage();
         SetNames(*lang, setUp);
         lang->SetNumLang(setUp.NumLang);
-        item.SubItems[fcLanguages] = std::to_string(setUp.NumLang);
+        row.Component.NumLang = setUp.NumLang;
         SetActiveName(*lang, active, setUp.NumLang);
-        item.StateIndex = 1;
     } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
         const int active = dispatcher->GetActiveLanguage();
         SetNames(*dispatcher, setUp);
         dispatcher->SetNumOfLanguages(setUp.NumLang);
         SetActiveName(*dispatcher, active, setUp.NumLang);
     }
-    MarkModifiedForm(context, item.Caption);
+    MarkModifiedForm(context, row.FormName);
 }
 
-void InsertOn(TContext& context, TListItem& item) {
+void InsertOn(TContext& context, TFormRow& row) {
     const TSettingValues& settings = context.Settings.Get();
     // All or nothing: a component that cannot be named or configured does not stay on the form.
-    TRowGuard row(item);
+    TRowGuard guard(row);
     const auto scope = BeginCommand(context, "Insert " + settings.DefaultComp);
-    if (InsertComponentOnForm(context, item.Caption, settings.DefaultComp) == nullptr) return;
+    const auto component = InsertComponentOnForm(context, row.FormName, settings.DefaultComp);
+    if (component == nullptr) return;
+    UpdateItem(&row, {component->GetName(), settings.DefaultComp, settings.NumLang});
     // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
-    UpdateItem(&item, settings.DefaultComp, settings.NumLang, settings.DefaultComp);
+    row.ShowsClass = true;
     TLangSetUp setUp;
     setUp.NumLang = settings.NumLang;
     setUp.LangNamesText = settings.DefaultLangNames;
-    ConfigureLangComponent(context, &item, setUp);
+    ConfigureLangComponent(context, &row, setUp);
     scope->Commit();
-    row.Keep();
+    guard.Keep();
 }
 
 }  // namespace
 
-void InsertTmlLang(TContext& context, TListItem& item) {
-    if (item.SubItems[fcLanguages] == "0") {
-        if (!OpenFile(context, item.SubItems[fcFileName], true)) throw EmlLangSilent();
-        if (const auto lang = GetmlLang(context, item.Caption))
-            UpdateItem(&item, lang->GetName(), lang->GetNumLang(), lang->GetClassName());
+void InsertTmlLang(TContext& context, TFormRow& row) {
+    if (!row.HasComponent()) {
+        if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
+        if (const auto lang = GetmlLang(context, row.FormName))
+            UpdateItem(&row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang()});
         else
-            InsertOn(context, item);
+            InsertOn(context, row);
         context.Rows.FormNames.Touch();
     }
     UpdateStatusBar(context);
@@ -94,9 +95,9 @@ std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& f
 
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
                                                      const std::string& className) {
-    const TListItem* row = FindRowOfForm(context.Rows.FormNames, formName);
+    const TFormRow* row = context.Rows.FormNames.FindForm(formName);
     if (row == nullptr) return nullptr;
-    if (!OpenFile(context, row->SubItems[fcFileName], true)) throw EmlLangSilent();
+    if (!OpenFile(context, row->FileName, true)) throw EmlLangSilent();
     if (!TestForCorrectForm(context, formName) || !context.Host.Runtime->IsRegistered(className))
         return nullptr;
     auto component = GetFormEditor(context, formName)->CreateComponent(nullptr, className, 0, 0, 0, 0);
@@ -105,29 +106,29 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
     return component;
 }
 
-void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp& setUp) {
-    if (item == nullptr) return;
-    TRowGuard row(*item);
+void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
+    if (row == nullptr) return;
+    TRowGuard guard(*row);
     const auto scope = BeginCommand(context, "Languages");
-    if (item->SubItems[fcLanguages] == "0" && setUp.InsertIfMissing) InsertTmlLang(context, *item);
-    TModuleLease lease(context, item->SubItems[fcFileName]);
-    if (!TestForCorrectForm(context, item->Caption)) {
+    if (!row->HasComponent() && setUp.InsertIfMissing) InsertTmlLang(context, *row);
+    TModuleLease lease(context, row->FileName);
+    if (!TestForCorrectForm(context, row->FormName)) {
         // A file that was opened for this is left open, on purpose.
         lease.Keep();
     } else {
-        if (const auto component = FindToSetUp(context, *GetFormEditor(context, item->Caption), setUp))
-            Configure(context, *item, component, setUp);
+        if (const auto component = FindToSetUp(context, *GetFormEditor(context, row->FormName), setUp))
+            Configure(context, *row, component, setUp);
         lease.Save();
     }
     scope->Commit();
-    row.Keep();
+    guard.Keep();
 }
 
-void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp) {
-    while (item != nullptr) {
-        ConfigureLangComponent(context, item, setUp);
-        item->Focused = false;
-        item = context.Rows.Active().NextSelected(*item);
+void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
+    while (row != nullptr) {
+        ConfigureLangComponent(context, row, setUp);
+        row->Focused = false;
+        row = context.Rows.Active().NextSelected(*row);
     }
     context.Rows.Active().Touch();
 }

@@ -9,7 +9,7 @@ namespace tml {
 
 /// Makes sure that the row's form has a localization component; its unit is then open and shown.
 /// EmlLangSilent when the unit cannot be opened.
-void InsertTmlLang(TContext& context, TListItem& item);
+void InsertTmlLang(TContext& context, TFormRow& row);
 
 /// The localization component of a form of the list, nullptr for none. The form must be open.
 std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName);
@@ -29,8 +29,8 @@ struct TLangSetUp {
 };
 
 /// Configures the component of one row. Its unit is saved and closed again unless it was open.
-void ConfigureLangComponent(TContext& context, TListItem* item, const TLangSetUp& setUp);
+void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp);
 /// Configures the components of the row and of every selected row behind it.
-void SetUpLang(TContext& context, TListItem* item, const TLangSetUp& setUp);
+void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp);
 
 }  // namespace tml

@@ -58,13 +58,6 @@ class TModuleLease {
     bool wasOpen_;
 };
 
-/// The localization component of a form.
-struct TFormAnalysis {
-    std::string ComponentName;
-    std::string ClassName;
-    int NumLang = 0;
-};
-
 /// The first localization component that the root owns, in form file order; nullptr when there is none.
 std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor);
 /// Reads the open form of a file; empty names and 0 when it has no component or is not open.

@@ -5,21 +5,20 @@
 
 namespace tml {
 
-TmlModuleNotifier::TmlModuleNotifier(TContext& context, TListView* list, const TListItem* item,
+TmlModuleNotifier::TmlModuleNotifier(TContext& context, TFormRows* list, const TFormRow* row,
                                      std::shared_ptr<IOTAModule> module)
     : context_(context),
       list_(list),
-      rowId_(item == nullptr ? 0 : item->Id()),
+      rowId_(row == nullptr ? 0 : row->Id()),
       module_(std::move(module)),
       editor_(GetFormEditorFromModule(module_)) {}
 
-std::shared_ptr<TmlModuleNotifier> TmlModuleNotifier::Create(TContext& context, TListView* list,
-                                                             TListItem* item,
+std::shared_ptr<TmlModuleNotifier> TmlModuleNotifier::Create(TContext& context, TFormRows* list,
+                                                             TFormRow* row,
                                                              std::shared_ptr<IOTAModule> module) {
-    std::shared_ptr<TmlModuleNotifier> notifier(
-        new TmlModuleNotifier(context, list, item, std::move(module)));
+    std::shared_ptr<TmlModuleNotifier> notifier(new TmlModuleNotifier(context, list, row, std::move(module)));
     if (notifier->editor_ == nullptr) throw EmlLangSilent();
-    if (item != nullptr) item->Data = notifier;
+    if (row != nullptr) row->Notifier = notifier;
     notifier->NotifierIndex = notifier->editor_->AddNotifier(notifier);
     return notifier;
 }
@@ -32,7 +31,7 @@ void TmlModuleNotifier::Unregister() {
 void TmlModuleNotifier::Detach() {
     Unregister();
     if (list_ == nullptr) return;
-    if (TListItem* item = list_->Find(rowId_)) item->Data.reset();
+    if (TFormRow* row = list_->Find(rowId_)) row->Notifier.reset();
     list_ = nullptr;
 }
 
@@ -49,12 +48,12 @@ void TmlModuleNotifier::Destroyed() {
 void TmlModuleNotifier::ComponentRenamed(TComponentHandle handle, const std::string& oldName,
                                          const std::string& newName) {
     if (oldName.empty() || newName.empty()) return;
-    TListItem* row = list_ == nullptr ? nullptr : list_->Find(rowId_);
+    TFormRow* row = list_ == nullptr ? nullptr : list_->Find(rowId_);
     // A notifier with a row follows the form's own name alone, on purpose: passing renames of other
     // components on is the business of the notifiers without one.
     if (row == nullptr) return PassRenameOn(handle, oldName, newName);
-    if (row->Caption != oldName) return;
-    row->Caption = newName;
+    if (row->FormName != oldName) return;
+    row->FormName = newName;
     list_->Touch();
     if (context_.OnRowsChanged) context_.OnRowsChanged();
 }

@@ -10,9 +10,9 @@ namespace tml {
 /// Follows one open form. It keeps no row alive: a row is known by its id.
 class TmlModuleNotifier : public IOTAFormNotifier {
   public:
-    /// Registers with the module's form editor; with a row, the row's data becomes the notifier.
+    /// Registers with the module's form editor; with a row, the row holds the notifier.
     /// EmlLangSilent for a module without a form editor.
-    static std::shared_ptr<TmlModuleNotifier> Create(TContext& context, TListView* list, TListItem* item,
+    static std::shared_ptr<TmlModuleNotifier> Create(TContext& context, TFormRows* list, TFormRow* row,
                                                      std::shared_ptr<IOTAModule> module);
 
     /// Leaves the form editor and lets go of it.
@@ -34,13 +34,13 @@ class TmlModuleNotifier : public IOTAFormNotifier {
                           const std::string& newName) override;
 
   private:
-    TmlModuleNotifier(TContext& context, TListView* list, const TListItem* item,
+    TmlModuleNotifier(TContext& context, TFormRows* list, const TFormRow* row,
                       std::shared_ptr<IOTAModule> module);
     void PassRenameOn(TComponentHandle handle, const std::string& oldName, const std::string& newName);
 
     int NotifierIndex = -1;
     TContext& context_;
-    TListView* list_;
+    TFormRows* list_;
     int rowId_;
     std::shared_ptr<IOTAModule> module_;
     std::shared_ptr<IOTAFormEditor> editor_;

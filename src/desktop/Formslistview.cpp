@@ -16,7 +16,6 @@ namespace {
 constexpr TShortCut kEnter = 0x0D;
 constexpr std::array kPanelWidths{120, 120, 220, 50};
 const QStringList kStates{"untranslated", "translated"};
-constexpr int kFileColumn = fcFileName + 1;  ///< in front of the cells stands the caption
 
 /// The end of a path tells more than its beginning.
 class TPathDelegate : public QStyledItemDelegate {
@@ -46,7 +45,7 @@ TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
     }
     BindList(*ui_->lvFormNames, form_.lvFormNames, forms_);
     BindList(*ui_->lvExternalFiles, form_.lvExternalFiles, files_);
-    ui_->lvFormNames->setItemDelegateForColumn(kFileColumn, new TPathDelegate(this));
+    ui_->lvFormNames->setItemDelegateForColumn(fcFileName, new TPathDelegate(this));
     BindHeader();
     BindMenus();
     connect(ui_->lvFormNames, &QTableView::doubleClicked, this,
@@ -78,7 +77,7 @@ void TFormsListView::BindMenus() {
     }
 }
 
-void TFormsListView::BindList(QTableView& table, TListView& list, TListModel& model) {
+void TFormsListView::BindList(QTableView& table, TListRows& list, TListModel& model) {
     table.setModel(&model);
     SetUpTable(table);
     table.installEventFilter(this);
@@ -128,12 +127,12 @@ void TFormsListView::RefreshHeader() {
                             settings.SortOrder > 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
-void TFormsListView::RefreshList(QTableView& table, TListView& list, TListModel& model) {
+void TFormsListView::RefreshList(QTableView& table, TListRows& list, TListModel& model) {
     model.Refresh();
     SelectionFromList(table, list);
     int& wanted = form_.Context.Rows.ScrolledTo;
     for (int row = 0; wanted != 0 && row < list.Count(); ++row)
-        if (list.Items()[static_cast<std::size_t>(row)]->Id() == wanted) {
+        if (list.Row(row).Id() == wanted) {
             table.scrollTo(model.index(row, 0));
             wanted = 0;
         }

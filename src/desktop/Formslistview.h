@@ -35,9 +35,9 @@ class TFormsListView : public TView {
 
   private:
     void BindMenus();
-    void BindList(QTableView& table, TListView& list, TListModel& model);
+    void BindList(QTableView& table, TListRows& list, TListModel& model);
     void BindHeader();
-    void RefreshList(QTableView& table, TListView& list, TListModel& model);
+    void RefreshList(QTableView& table, TListRows& list, TListModel& model);
     void RefreshHeader();
 
     TfrmmlLang& form_;

@@ -16,9 +16,9 @@ constexpr int kDesignCharWidth = 5;  ///< pixels
 
 void TListModel::Refresh() {
     std::vector<int> ids;
-    ids.reserve(list_.Items().size());
-    for (const auto& item : list_.Items())
-        ids.push_back(item->Id());
+    ids.reserve(static_cast<std::size_t>(list_.Count()));
+    for (int row = 0; row < list_.Count(); ++row)
+        ids.push_back(list_.Row(row).Id());
     const bool same = ids == shown_ && !shown_.empty();
     if (!same) beginResetModel();
     shown_ = std::move(ids);
@@ -37,14 +37,11 @@ int TListModel::columnCount(const QModelIndex& parent) const {
 QVariant TListModel::data(const QModelIndex& index, int role) const {
     // Between two refreshes the list may have lost rows.
     if (!index.isValid() || index.row() >= list_.Count()) return {};
-    const TListItem& item = *list_.Items()[static_cast<std::size_t>(index.row())];
-    const auto cell = static_cast<std::size_t>(index.column()) - 1;
-    if (role == Qt::DecorationRole && index.column() == 0 && item.StateIndex < pictures_.size())
-        return PictureOf(pictures_[item.StateIndex]);
+    const TListRow& row = list_.Row(index.row());
+    if (role == Qt::DecorationRole && index.column() == 0 && row.StateIndex() < pictures_.size())
+        return PictureOf(pictures_[row.StateIndex()]);
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != SortRole) return {};
-    const bool exists = index.column() == 0 || cell < item.SubItems.size();
-    if (!exists) return QString();
-    const QString text = ToQt(index.column() == 0 ? item.Caption : item.SubItems[cell]);
+    const QString text = ToQt(row.Cell(static_cast<std::size_t>(index.column())));
     bool isNumber = false;
     const int number = role == SortRole && index.column() == 0 ? text.toInt(&isNumber) : 0;
     return isNumber ? QVariant(number) : QVariant(text);
@@ -83,22 +80,22 @@ int DesignWidth(const QWidget& widget, int shownWidth) {
     return (shownWidth * kDesignCharWidth + charWidth - 1) / charWidth;
 }
 
-void SelectionToList(const QTableView& table, TListView& list) {
+void SelectionToList(const QTableView& table, TListRows& list) {
     const auto* selection = table.selectionModel();
     for (int row = 0; row < list.Count(); ++row) {
-        TListItem& item = *list.Items()[static_cast<std::size_t>(row)];
+        TListRow& item = list.Row(row);
         item.Selected = selection->isRowSelected(row, {});
         item.Focused = table.currentIndex().row() == row;
     }
 }
 
-void SelectionFromList(QTableView& table, const TListView& list) {
+void SelectionFromList(QTableView& table, const TListRows& list) {
     auto* selection = table.selectionModel();
     const int last = list.Columns.empty() ? 0 : static_cast<int>(list.Columns.size()) - 1;
     QItemSelection rows;
     int first = -1;
     for (int row = 0; row < list.Count(); ++row) {
-        if (!list.Items()[static_cast<std::size_t>(row)]->Selected) continue;
+        if (!list.Row(row).Selected) continue;
         if (first < 0) first = row;
         rows.select(table.model()->index(row, 0), table.model()->index(row, last));
     }

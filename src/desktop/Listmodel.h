@@ -3,17 +3,17 @@
 #include <QAbstractTableModel>
 #include <vector>
 
-#include "windows/Controls.h"
+#include "windows/Listview.h"
 
 class QTableView;
 
 namespace tml {
 
-/// A TListView as a table. The first column shows the state's picture.
+/// A list as a table. The first column shows the state's picture.
 class TListModel : public QAbstractTableModel {
   public:
     /// pictures: by StateIndex, names of resources.
-    TListModel(TListView& list, QStringList pictures) : list_(list), pictures_(std::move(pictures)) {}
+    TListModel(TListRows& list, QStringList pictures) : list_(list), pictures_(std::move(pictures)) {}
 
     /// What rows are sorted by: numbers in the first column by their values.
     static constexpr int SortRole = Qt::UserRole;
@@ -27,7 +27,7 @@ class TListModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    TListView& list_;
+    TListRows& list_;
     QStringList pictures_;
     std::vector<int> shown_;  ///< IDs of the rows, in order
 };
@@ -38,7 +38,7 @@ void SetUpTable(QTableView& table);
 int ShownWidth(const QWidget& widget, int designWidth);
 int DesignWidth(const QWidget& widget, int shownWidth);
 /// Takes the selection of the table over into the rows, or shows that of the rows.
-void SelectionToList(const QTableView& table, TListView& list);
-void SelectionFromList(QTableView& table, const TListView& list);
+void SelectionToList(const QTableView& table, TListRows& list);
+void SelectionFromList(QTableView& table, const TListRows& list);
 
 }  // namespace tml

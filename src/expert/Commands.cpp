@@ -34,8 +34,7 @@ constexpr TCommand OfWindow(std::string_view name, std::string_view caption, std
 }
 
 void ViewForm(TContext& context) {
-    if (const TListItem* item = context.Rows.Active().FirstSelected())
-        OpenFile(context, item->SubItems[fcFileName], true);
+    if (const TFormRow* row = context.Rows.Active().FirstSelected()) OpenFile(context, row->FileName, true);
 }
 
 /// Only while a project with entries is open.

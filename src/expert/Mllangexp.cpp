@@ -266,12 +266,12 @@ bool TmlLangExpert::ReadForms(IOTAProject& project) {
 /// Forms that the person does not wait for stay closed; their rows are there already.
 void TmlLangExpert::OpenProjectForms() {
     const TProgressEnd end(context_.Dialogs());
-    const auto& items = context_.Rows.FormNames.Items();
+    const auto& rows = context_.Rows.FormNames.Items();
     int opened = 0;
-    for (const auto& item : items) {
-        if (!context_.Dialogs().ShowProgress("Opening forms...", opened++, static_cast<int>(items.size())))
+    for (const auto& row : rows) {
+        if (!context_.Dialogs().ShowProgress("Opening forms...", opened++, static_cast<int>(rows.size())))
             return;
-        if (OpenFile(context_, item->SubItems[fcFileName], false)) RefreshItem(context_, item.get());
+        if (OpenFile(context_, row->FileName, false)) RefreshItem(context_, row.get());
     }
 }
 
@@ -287,8 +287,8 @@ void TmlLangExpert::SortAgain() {
 
 void TmlLangExpert::SelectRowOf(const std::string& sourceFile) {
     const auto& rows = context_.Rows.FormNames.Items();
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& item) {
-        const std::string& unit = item->SubItems[fcFileName];
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& row) {
+        const std::string& unit = row->FileName;
         return SameText(unit, sourceFile) || SameText(WithExtension(unit, ".dfm"), sourceFile) ||
                SameText(WithExtension(unit, ".xfm"), sourceFile);
     });
@@ -339,9 +339,9 @@ void TmlLangExpert::FileOpened(const std::string& fileName) {
     if (module == nullptr) return;
     moduleNotifiers_.push_back(TmlModuleNotifier::Create(context_, nullptr, nullptr, module));
     if (MainWindow == nullptr || !MainWindow->Visible) return;
-    for (TListView* list : {&context_.Rows.FormNames, &context_.Rows.ExternalFiles})
-        if (TListItem* item = FindRowOfFile(*list, fileName)) {
-            RefreshItem(context_, item);
+    for (TFormRows* list : {&context_.Rows.FormNames, &context_.Rows.ExternalFiles})
+        if (TFormRow* row = list->FindFile(fileName)) {
+            RefreshItem(context_, row);
             list->Touch();
             MainWindow->UpdateStatusBar();
         }

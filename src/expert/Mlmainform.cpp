@@ -132,28 +132,27 @@ void TfrmmlLang::FormClose() {
 }
 
 void TfrmmlLang::CheckEnableActions() {
-    const TListItem* selected = Context.Rows.Active().FirstSelected();
+    const TFormRow* selected = Context.Rows.Active().FirstSelected();
     for (const TBuilt& built : built_) {
         const int tag = built.Command->Tag;
         if (built.Command->IsAvailable != nullptr) built.Item->Enabled = built.Command->IsAvailable(Context);
         if (!built.Command->IsBuilt() || tag <= 0) continue;
         if (!built.IsButton && tag == kAlwaysAvailable) continue;
         const bool needsComponent = !built.IsButton && tag == kNeedsComponent;
-        built.Item->Enabled =
-            selected != nullptr && (!needsComponent || !selected->SubItems[fcComponent].empty());
+        built.Item->Enabled = selected != nullptr && (!needsComponent || selected->HasComponent());
     }
-    if (selected != nullptr) Context.ComponentName = selected->SubItems[fcComponent];
+    if (selected != nullptr) Context.ComponentName = selected->Component.ComponentName;
     ShowLanguageItems();
     Changed();
 }
 
 void TfrmmlLang::ShowLanguageItems() {
-    const TListView& list = Context.Rows.Active();
-    const TListItem* deciding = list.FirstSelected();
+    const TFormRows& list = Context.Rows.Active();
+    const TFormRow* deciding = list.FirstSelected();
     if (deciding == nullptr && list.Count() > 0) deciding = list.Items().front().get();
     if (deciding == nullptr) return;
     for (const auto& item : pascalOnly_)
-        item->Visible = !LanguageOf(deciding->SubItems[fcFileName]).IsCPPSource;
+        item->Visible = !LanguageOf(deciding->FileName).IsCPPSource;
 }
 
 void TfrmmlLang::UpdateStatusBar() {
@@ -173,9 +172,9 @@ void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {
 }
 
 void TfrmmlLang::SelectAll1Click() {
-    TListView& list = Context.Rows.Active();
-    for (const auto& item : list.Items())
-        item->Selected = true;
+    TFormRows& list = Context.Rows.Active();
+    for (const auto& row : list.Items())
+        row->Selected = true;
     list.Touch();
     CheckEnableActions();
 }

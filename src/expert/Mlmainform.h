@@ -23,8 +23,8 @@ class TfrmmlLang : public TForm {
 
     TContext& Context;
     TSubjects& Subjects;
-    TListView& lvFormNames;
-    TListView& lvExternalFiles;
+    TFormRows& lvFormNames;
+    TFormRows& lvExternalFiles;
     std::shared_ptr<TMenuItem> MainMenu;  ///< Menu of the window, or of the host that it is docked in
     std::shared_ptr<TMenuItem> pmEditor;  ///< the lists' popup menu
     std::vector<std::shared_ptr<TMenuItem>> ToolBar;

@@ -123,11 +123,11 @@ void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found) {
 }
 
 void ShowStringInSource(TContext& context, const std::string& formName, const std::string& id) {
-    const TListItem* row = FindRowOfForm(context.Rows.FormNames, formName);
-    if (row == nullptr || !OpenFile(context, row->SubItems[fcFileName], true)) return;
+    const TFormRow* row = context.Rows.FormNames.FindForm(formName);
+    if (row == nullptr || !OpenFile(context, row->FileName, true)) return;
     const auto lang = GetmlLang(context, formName);
     if (lang == nullptr) return;
-    const auto editor = GetModuleFromFileName(context, row->SubItems[fcFileName])->GetSourceEditor(0);
+    const auto editor = GetModuleFromFileName(context, row->FileName)->GetSourceEditor(0);
     const TSharedSource source = editor->GetSource();
     TComponentReference component;
     component.FormName = formName;

@@ -22,30 +22,23 @@ namespace {
 constexpr std::string_view kReplaced =
     "Source file translated. All string constants added to \"Strings\" property.";
 
-/// The name of a form's component. Since an insertion its row shows the class in place of it.
-std::string ComponentOf(TContext& context, const TListItem& row) {
-    const std::string& shown = row.SubItems[fcComponent];
-    const bool isInserted = shown == row.SubItems[fcClass] && !shown.empty();
-    return isInserted ? AnalyzeFile(context, row.SubItems[fcFileName]).ComponentName : shown;
-}
-
 /// One run over one unit.
 class TRun {
   public:
-    TRun(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile,
+    TRun(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
          bool constSection)
         : context_(context),
           memory_(memory),
           end_(context.Dialogs()),
-          item_(item),
+          row_(row),
           constSection_(constSection),
-          formUnit_(item.SubItems[fcFileName]),
+          formUnit_(row.FileName),
           unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
 
     /// False when there is nothing to change.
     bool Execute() {
         CheckLanguages();
-        InsertTmlLang(context_, item_);
+        InsertTmlLang(context_, row_);
         Open();
         if (text_->empty() || !FindStrings()) return false;
         if (!Review()) return false;
@@ -75,7 +68,7 @@ class TRun {
     TContext& context_;
     TScanMemory& memory_;
     TProgressEnd end_;
-    TListItem& item_;
+    TFormRow& row_;
     bool constSection_;
     std::string formUnit_;
     std::string unitFile_;
@@ -95,11 +88,11 @@ void TRun::CheckLanguages() const {
 
 void TRun::Open() {
     if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
-    lang_ = GetmlLang(context_, item_.Caption);
+    lang_ = GetmlLang(context_, row_.FormName);
     if (lang_ == nullptr) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
-    if (constSection_) consts_.emplace(context_, input_, item_.Caption, formUnit_);
+    if (constSection_) consts_.emplace(context_, input_, row_.FormName, formUnit_);
 }
 
 TScanInput TRun::MakeInput() {
@@ -112,7 +105,7 @@ TScanInput TRun::MakeInput() {
                  SameText(unitFile_, formUnit_));
     const auto others = std::make_shared<TFormComponents>();
     for (const auto& row : context_.Rows.FormNames.Items())
-        others->Add(row->Caption, ComponentOf(context_, *row));
+        others->Add(row->FormName, row->Component.ComponentName);
     input.Others = others;
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
@@ -189,37 +182,37 @@ void TRun::Modify() {
     }
     if (!SameText(unitFile_, formUnit_) && WritesCalls())
         changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
-    AddStrings();
     GetModuleServices(context_)->ApplyChangeSet(changes);
-    MarkModifiedForm(context_, item_.Caption);
+    AddStrings();
+    MarkModifiedForm(context_, row_.FormName);
 }
 
 void ReplaceInForm(TContext& context, TScanMemory& memory, bool constSection) {
-    if (TListItem* item = context.Rows.Active().FirstSelected())
-        DoScanReplace(context, memory, *item, {}, constSection);
+    if (TFormRow* row = context.Rows.Active().FirstSelected())
+        DoScanReplace(context, memory, *row, {}, constSection);
 }
 
 void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
     TfrmTranslUnits window(context);
     if (context.Dialogs().ShowModal(window) != mrOk) return;
-    TListItem* item = FindRowOfForm(context.Rows.FormNames, window.cbForm.Text());
-    if (item == nullptr) return;
+    TFormRow* row = context.Rows.FormNames.FindForm(window.cbForm.Text());
+    if (row == nullptr) return;
     for (const std::string& unit : window.lbUnits.SelectedItems())
-        DoScanReplace(context, memory, *item, unit, constSection);
+        DoScanReplace(context, memory, *row, unit, constSection);
 }
 
 }  // namespace
 
-bool DoScanReplace(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile,
+bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
                    bool constSection) {
     IOTAModuleServices* services = GetModuleServices(context);
     if (services == nullptr) return false;
-    TRowGuard row(item);
+    TRowGuard guard(row);
     // Without Commit the scope takes everything back, the inserted component too.
     const auto scope = services->BeginCommand("Replace hard-coded strings");
-    if (!TRun(context, memory, item, unitFile, constSection).Execute()) return false;
+    if (!TRun(context, memory, row, unitFile, constSection).Execute()) return false;
     scope->Commit();
-    row.Keep();
+    guard.Keep();
     context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
                                  TMsgDlgType::mtInformation, {mrOk});
     return true;

@@ -13,7 +13,7 @@ namespace tml {
 /// sections instead, which a generated routine then sets. False when nothing was changed; then nothing is
 /// left of an inserted component either. Only the block of the unit's code editor is scanned while the
 /// memory's ScanMode says so. EBadInput when the changes cannot be made as they should.
-bool DoScanReplace(TContext& context, TScanMemory& memory, TListItem& item, const std::string& unitFile = {},
+bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile = {},
                    bool constSection = false);
 
 /// The command "With form...": the unit of the selected row.

@@ -6,6 +6,7 @@
 #include "core/Context.h"
 #include "core/Placement.h"
 #include "scan/Scanmemory.h"
+#include "windows/Listview.h"
 
 namespace tml {
 

@@ -31,7 +31,7 @@ TLinkedDispatcher FindDispatcher(TContext& context, TmlCustomLang* lang) {
     if (lang == nullptr) return {};
     std::vector<std::string> closed;
     for (const auto& row : context.Rows.FormNames.Items())
-        if (!IsFileOpen(context, row->SubItems[fcFileName])) closed.push_back(row->SubItems[fcFileName]);
+        if (!IsFileOpen(context, row->FileName)) closed.push_back(row->FileName);
     TLinkedDispatcher found{nullptr, lang->GetDispatcher()};
     const auto opened = std::find_if(closed.begin(), closed.end(),
                                      [&](const std::string& file) { return IsFileOpen(context, file); });
@@ -49,26 +49,26 @@ std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
 }
 
 /// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
-void ApplyNames(TContext& context, TListItem& item, const TStringList& names, TmlLangDispatcher* dispatcher) {
+void ApplyNames(TContext& context, TFormRow& row, const TStringList& names, TmlLangDispatcher* dispatcher) {
     if (dispatcher != nullptr) {
         dispatcher->SetLangNames(names);
-        MarkModifiedForm(context, item.Caption);
+        MarkModifiedForm(context, row.FormName);
         return;
     }
     TLangSetUp setUp;
     setUp.NumLang = names.Count();
     setUp.LangNamesText = names.Text();
     setUp.InsertIfMissing = true;
-    SetUpLang(context, &item, setUp);
+    SetUpLang(context, &row, setUp);
 }
 
 }  // namespace
 
 void sbLanguagesClick(TContext& context) {
-    TListItem* item = context.Rows.Active().FirstSelected();
-    if (item == nullptr) return;
-    TModuleLease lease(context, item->SubItems[fcFileName]);
-    const auto lang = GetmlLang(context, item->Caption);
+    TFormRow* first = context.Rows.Active().FirstSelected();
+    if (first == nullptr) return;
+    TModuleLease lease(context, first->FileName);
+    const auto lang = GetmlLang(context, first->FormName);
     const TLinkedDispatcher linked = FindDispatcher(context, lang.get());
     const auto dispatcher = AskForDispatcher(context, linked.Dispatcher);
     TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
@@ -76,10 +76,10 @@ void sbLanguagesClick(TContext& context) {
                                               : DefaultNames(context.Settings.Get());
     if (ConfigureLanguages(context, names) != mrOk) return;
     std::deque<TRowGuard> rows;
-    for (TListItem* row = item; row != nullptr; row = context.Rows.Active().NextSelected(*row))
+    for (TFormRow* row = first; row != nullptr; row = context.Rows.Active().NextSelected(*row))
         rows.emplace_back(*row);
     const auto scope = BeginCommand(context, "Languages");
-    ApplyNames(context, *item, names, dispatcher.get());
+    ApplyNames(context, *first, names, dispatcher.get());
     if (linked.Lease != nullptr) linked.Lease->Save();
     lease.Save();
     scope->Commit();

@@ -10,7 +10,7 @@ namespace {
 
 struct TInsertion : TExpertFixture, testing::Test {
     std::vector<std::string> Names(const std::string& form) {
-        const TModuleLease lease(Context(), Row(form).SubItems[fcFileName]);
+        const TModuleLease lease(Context(), Row(form).FileName);
         const auto lang = GetmlLang(Context(), form);
         return lang == nullptr ? std::vector<std::string>() : lang->GetLangNames().Items();
     }
@@ -28,7 +28,7 @@ TEST_F(TInsertion, PutsANamedComponentOnTheFormAndConfiguresItsRowOnly) {
     Expert->Window()->SelectAll1Click();
     InsertTmlLang(Context(), Row("Form1"));
     EXPECT_EQ(List(), "Form2|Unit2|0||0;Form1|Unit1|2|TmlLang|1;") << "the class is shown, only for this row";
-    EXPECT_EQ(Row("Form1").SubItems[fcClass], "TmlLang");
+    EXPECT_EQ(Row("Form1").Component.ClassName, "TmlLang");
     EXPECT_EQ(GetmlLang(Context(), "Form1")->GetName(), "mlLang_Form1");
     EXPECT_EQ(Names("Form1"), (std::vector<std::string>{"English", "German"}));
     EXPECT_EQ(Context().Rows.StatusPanels[2], "Forms translated: 1 of 2");
@@ -42,10 +42,10 @@ TEST_F(TInsertion, PutsANamedComponentOnTheFormAndConfiguresItsRowOnly) {
 
 TEST_F(TInsertion, TakesAComponentThatIsThere) {
     Open();
-    TListItem& row = Row("Form2");
-    UpdateItem(&row, "", 0);
+    TFormRow& row = Row("Form2");
+    UpdateItem(&row, {});
     InsertTmlLang(Context(), row);
-    EXPECT_EQ(row.SubItems[fcLanguages] + row.SubItems[fcComponent], "3mlLang1");
+    EXPECT_EQ(row.Cell(fcLanguages) + row.Cell(fcComponent), "3mlLang1");
 }
 
 TEST_F(TInsertion, AComponentThatCannotBeNamedDoesNotStay) {
@@ -75,7 +75,7 @@ TEST_F(TInsertion, AClosedFormIsConfiguredSavedAndClosed) {
     EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
     EXPECT_NE(Files.Files["/p/Unit2.dfm"].find("NumOfLanguages = 2\r\n"), std::string::npos);
     EXPECT_EQ(Names("Form2"), (std::vector<std::string>{"A", "B"}));
-    EXPECT_EQ(Row("Form2").SubItems[fcLanguages], "2");
+    EXPECT_EQ(Row("Form2").Cell(fcLanguages), "2");
 
     Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
     const auto saved = Files.Files;
@@ -105,7 +105,7 @@ TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
         EXPECT_EQ(window.lbLangNames, TStringList({"English", "Language N2"}));
         window.ModalResult = mrCancel;
     });
-    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "0");
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "0");
     Select("Form2");
     Row("Form1").Selected = true;
     Languages([](TfrmLangConfig& window) {
@@ -150,9 +150,9 @@ TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {
         window.ModalResult = mrOk;
     });
     const TLangSetUp setUp{3, "", "TmlLangDispatcher", false, ""};
-    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1");
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "1");
     ConfigureLangComponent(Context(), &Row("Form1"), setUp);
-    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1") << "only a localization component counts";
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "1") << "only a localization component counts";
     EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("NumOfLanguages = 3"), std::string::npos)
         << Files.Files["/p/Unit1.dfm"];
     EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'Language N2'"), std::string::npos)

@@ -19,7 +19,7 @@ TEST_F(TNotifiers, OpeningAFileReadsItsRow) {
     Open();
     PutForm(1, "  object mlLang1: TmlLang\n  end\n");
     OpenUnit(1);
-    EXPECT_EQ(Row("Form1").SubItems[fcLanguages] + Row("Form1").SubItems[fcComponent], "1mlLang1");
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages) + Row("Form1").Cell(fcComponent), "1mlLang1");
     EXPECT_EQ(Context().Rows.StatusPanels[2], "Forms translated: 2 of 2");
 }
 
@@ -29,9 +29,9 @@ TEST_F(TNotifiers, RenamingTheFormRenamesItsRow) {
         return OpenUnit(1);
     }();
     Expert->RunItemClick();
-    ASSERT_NE(Row("Form1").Data, nullptr);
+    ASSERT_NE(Row("Form1").Notifier, nullptr);
     Rename(module, "Form1", "FormX");
-    EXPECT_NE(FindRowOfForm(Rows(), "FormX"), nullptr);
+    EXPECT_NE(Rows().FindForm("FormX"), nullptr);
 }
 
 TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
@@ -53,14 +53,14 @@ TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
     Expert->RunItemClick();
     const auto reopened = OpenUnit(2);
     Expert->RunItemClick();
-    TmlModuleNotifier& withRow = *std::static_pointer_cast<TmlModuleNotifier>(Row("Form2").Data);
+    TmlModuleNotifier& withRow = *Row("Form2").Notifier;
     withRow.ComponentRenamed(nullptr, "OK", "Yes");
     const auto table =
         FindCustomLang(*Runtime, *reopened->GetFormEditor())->GetTable(TStringsType::stCaptions);
     EXPECT_EQ(table.Find("OK"), 0);
     withRow.ComponentRenamed(nullptr, "", "Form9");
     withRow.ComponentRenamed(nullptr, "form2", "Form9");
-    EXPECT_EQ(Row("Form2").Caption, "Form2");
+    EXPECT_EQ(Row("Form2").FormName, "Form2");
 }
 
 TEST_F(TNotifiers, ClosingTheProjectEmptiesTheList) {
@@ -93,12 +93,12 @@ TEST_F(TNotifiers, NotificationsFromOutsideWaitForTheCommand) {
         const TCommandGate::TCommand running(Context().Gate);
         PutForm(1, "  object mlLang1: TmlLang\n  end\n");
         OpenUnit(1);  // not by the command
-        EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "0");
+        EXPECT_EQ(Row("Form1").Cell(fcLanguages), "0");
         PutForm(2, "");
         EXPECT_TRUE(OpenFile(Context(), "/p/Unit2.pas", false));  // by the command
-        EXPECT_EQ(Row("Form2").SubItems[fcLanguages], "0");
+        EXPECT_EQ(Row("Form2").Cell(fcLanguages), "0");
     }
-    EXPECT_EQ(Row("Form1").SubItems[fcLanguages], "1");
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "1");
 }
 
 }  // namespace

@@ -224,8 +224,8 @@ TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
     EXPECT_TRUE(enabled("Translatesource2"));
     EXPECT_EQ(Context().ComponentName, "mlLang1");
     EXPECT_TRUE(Find(*window.MainMenu, "ConstSection1")->Visible);
-    Row("Form2").SubItems[fcFileName] = "/p/Unit2.CPP";
-    window.lvFormNamesChange();
+    Rows().Add("Form3", "Unit3", "/p/Unit3.CPP");
+    Select("Form3");
     EXPECT_FALSE(Find(*window.MainMenu, "ConstSection1")->Visible);
     EXPECT_FALSE(Find(*window.pmEditor, "TranslateConst2")->Visible);
     for (const TCommand& command : AllCommands())

@@ -303,7 +303,7 @@ TEST_F(TScanReplace, AUnitWithoutACallDoesNotUseTheForm) {
 
 TEST_F(TScanReplace, APascalUnitCannotCallACppForm) {
     Open();
-    TListItem& row = AddRow(Rows(), "CForm", "Cform", "/p/Cform.cpp");
+    TFormRow& row = Rows().Add("CForm", "Cform", "/p/Cform.cpp");
     EXPECT_THROW(DoScanReplace(Context(), ScanMemory(), row, "/p/Helper.pas"), EBadInput);
 }
 

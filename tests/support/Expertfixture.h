@@ -46,19 +46,19 @@ struct TExpertFixture {
     const THost& Host() { return Parts.Host(); }
     TContext& Context() { return Expert->Context(); }
     TScanMemory& ScanMemory() { return Expert->Subjects().Scan; }
-    TListView& Rows() { return Expert->Context().Rows.FormNames; }
-    TListItem& Row(const std::string& form) { return *FindRowOfForm(Rows(), form); }
+    TFormRows& Rows() { return Expert->Context().Rows.FormNames; }
+    TFormRow& Row(const std::string& form) { return *Rows().FindForm(form); }
     void Select(const std::string& form) {
         for (const auto& row : Rows().Items())
-            row->Selected = row->Caption == form;
+            row->Selected = row->FormName == form;
         Expert->Window()->lvFormNamesChange();
     }
     /// Rows as text, in order: "Form1|Unit1|0||0;" with the state image last.
     std::string List() {
         std::string text;
         for (const auto& row : Rows().Items())
-            text += row->Caption + "|" + row->SubItems[fcUnitName] + "|" + row->SubItems[fcLanguages] + "|" +
-                    row->SubItems[fcComponent] + "|" + std::to_string(row->StateIndex) + ";";
+            text += row->FormName + "|" + row->UnitName + "|" + row->Cell(fcLanguages) + "|" +
+                    row->Cell(fcComponent) + "|" + std::to_string(row->StateIndex()) + ";";
         return text;
     }
 

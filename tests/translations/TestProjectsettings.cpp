@@ -89,7 +89,7 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
     files.Files[kFile] = "[Settings]\nDispatcherForm=gone\nDefaultFormForUnits=MAIN\n";
     TProject project(files);
     for (const char* form : {"Main", "About"})
-        project.Context.Rows.FormNames.Add().Caption = form;
+        project.Context.Rows.FormNames.Add(form, form, form);
     TmlLangProjectSettings settings(project.Context);
     settings.SetFileName(kFile);
     project.User.OnWindow<TfrmProjectTranslationSettings>(
