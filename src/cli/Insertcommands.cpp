@@ -38,15 +38,23 @@ void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TFor
                     "Check that its form file is beside the unit, and look for a frame that has one");
 }
 
+/// A closed form may only seem to have a component, which is that of a frame; opened, its row tells.
+bool HasOwnComponent(TSession& session, TFormRow& row) {
+    if (!row.HasComponent()) return false;
+    const TModuleLease lease(session.Context(), row.FileName);
+    return GetmlLang(session.Context(), row.FormName) != nullptr;
+}
+
 int RunInsert(TProgram& program, const TInsertOptions& options) {
     program.ComponentClass = options.Class;
     TSession session(program, options.Project);
     CheckClass(*session.Context().Host.Runtime, options.Class);
     std::ostringstream report;  // told when the files are written, not before
     session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
-        const bool had = row.HasComponent();
+        const bool had = HasOwnComponent(session, row);
         if (!had) InsertTmlLang(session.Context(), row);
         const auto component = GetmlLang(session.Context(), row.FormName);
+        if (component == nullptr && !session.Answers().Errors.empty()) return;
         if (!had) ExpectComponent(component, row);
         const std::string name = component != nullptr ? component->GetName() : row.Component.ComponentName;
         if (program.Json)

@@ -7,11 +7,20 @@
 #include "expert/Mllangexp.h"
 
 namespace tml {
+namespace {
+
+void ExpectNotStopped() {
+    if (Interrupted()) throw EBadInput("", 0, "stopped", "Nothing was written");
+}
+
+}  // namespace
+
 TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
     Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
     expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
     expert_->RunItemClick();
+    ExpectNotStopped();  // the list would be empty
 }
 
 TSession::~TSession() = default;
@@ -46,11 +55,29 @@ void TSession::Select(TFormRow& row) {
 
 void TSession::ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work) {
     for (TFormRow* row : rows)
-        Attempt(row->FormName, [&] { work(*row); });
+        Attempt(row->FormName, [&] {
+            try {
+                work(*row);
+            } catch (const EmlLangSilent&) {
+                NoteOtherName(*row);
+                throw;
+            }
+            NoteOtherName(*row);
+        });
+}
+
+/// The system's message does not say what the names are.
+void TSession::NoteOtherName(const TFormRow& row) {
+    const auto module = Answers().Errors.empty() ? nullptr : Modules().FindModule(row.FileName);
+    if (module != nullptr && !module->GetFormName().empty() && !SameText(module->GetFormName(), row.FormName))
+        throw EBadInput(
+            row.FileName, 0,
+            "the project names the form " + row.FormName + ", its form file " + module->GetFormName(),
+            "Correct the name in the project");
 }
 
 void TSession::Attempt(const std::string& subject, const std::function<void()>& work) {
-    if (Interrupted()) throw EBadInput("", 0, "stopped", "Nothing was written");
+    ExpectNotStopped();
     ++attempts_;
     Answers().ClearMessages();
     bool failed = false;

@@ -38,6 +38,7 @@ class TSession {
     int ExitCode();
 
   private:
+    void NoteOtherName(const TFormRow& row);
     /// Prints the errors that the system has shown since; true when there were any.
     bool PrintErrors(const std::string& subject);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -13,6 +14,19 @@ namespace tml {
 namespace {
 
 constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
+
+TFormAnalysis ReadClosed(TContext& context, TFolderIndex& folders, const std::string& unitFile) {
+    const std::string formFile = folders.FormFileOf(unitFile);
+    if (formFile.empty()) return {};
+    return AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray());
+}
+
+/// The row of an inserted component goes on showing the class.
+void Follow(TFormRow& row, const TFormAnalysis& found) {
+    const bool showsClass = row.ShowsClass && found.ComponentName == row.Component.ComponentName;
+    UpdateItem(&row, found);
+    row.ShowsClass = showsClass;
+}
 
 }  // namespace
 
@@ -33,13 +47,33 @@ void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModule
     }
     TFormRows& list = context.Rows.FormNames;
     TFormRow& row = list.Add(module.FormName, module.Name, module.FileName);
-    if (const auto open = GetModuleFromFileName(context, module.FileName)) {
-        RefreshItem(context, &row);
+    UpdateItem(&row, ReadForm(context, folders, module.FileName));
+    if (const auto open = GetModuleFromFileName(context, module.FileName))
         if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &row, open);
-    } else if (const std::string formFile = folders.FormFileOf(module.FileName); !formFile.empty()) {
-        UpdateItem(&row,
-                   AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray()));
-    }
+}
+
+TFormAnalysis ReadForm(TContext& context, TFolderIndex& folders, const std::string& unitFile) {
+    return IsFileOpen(context, unitFile) ? AnalyzeFile(context, unitFile)
+                                         : ReadClosed(context, folders, unitFile);
+}
+
+void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames) {
+    TFolderIndex folders(*context.Host.Files);
+    std::set<TFormRow*> rows;
+    for (const std::string& fileName : fileNames)
+        for (TFormRow* row : context.Rows.FormNames.FindUnitOrForm(fileName))
+            rows.insert(row);
+    for (TFormRow* row : rows)
+        Follow(*row, ReadForm(context, folders, row->FileName));
+    context.Rows.FormNames.Touch();
+}
+
+void ReadRowOfClosing(TContext& context, const std::string& fileName) {
+    TFormRow* row = context.Rows.FormNames.FindFile(fileName);
+    if (row == nullptr) return;
+    TFolderIndex folders(*context.Host.Files);
+    Follow(*row, ReadClosed(context, folders, fileName));
+    context.Rows.FormNames.Touch();
 }
 
 void RefreshItem(TContext& context, TFormRow* row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/Folderindex.h"
 #include "core/Context.h"
@@ -15,6 +16,12 @@ bool IsSourceUnit(const std::string& fileName);
 /// units without a form. A name with a "." is no unit's and is ignored.
 void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module);
 
+/// What the form of a unit holds: the open form, else its form file.
+TFormAnalysis ReadForm(TContext& context, TFolderIndex& folders, const std::string& unitFile);
+/// Reads the rows of these units and form files again, open or not.
+void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames);
+/// The unit closes without a save: its row shows again what the form file holds.
+void ReadRowOfClosing(TContext& context, const std::string& fileName);
 /// Reads the open form of a row's file again.
 void RefreshItem(TContext& context, TFormRow* row);
 

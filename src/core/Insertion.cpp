@@ -56,14 +56,20 @@ void Configure(TContext& context, TFormRow& row, const std::shared_ptr<IOTACompo
     MarkModifiedForm(context, row.FormName);
 }
 
-void InsertOn(TContext& context, TFormRow& row) {
+/// "mlLang_Form1" for a TmlLang, freed; "" leaves the name of another component to the designer.
+std::string NameFor(TContext& context, IOTAFormEditor& editor, const std::string& formName,
+                    const std::string& className) {
+    if (!context.Host.Runtime->InheritsFrom(className, std::string(kCustomLang))) return {};
+    return editor.FreeName(className.substr(1) + "_" + formName, className);
+}
+
+void InsertOn(TContext& context, TFormRow& row, const std::string& name) {
     const TSettingValues& settings = context.Settings.Get();
-    // All or nothing: a component that cannot be named or configured does not stay on the form.
+    // All or nothing: a component that cannot be configured does not stay on the form.
     TRowGuard guard(row);
     const auto scope = BeginCommand(context, "Insert " + settings.DefaultComp);
-    const auto component = InsertComponentOnForm(context, row.FormName, settings.DefaultComp);
-    if (component == nullptr) return;
-    UpdateItem(&row, {component->GetName(), settings.DefaultComp, settings.NumLang});
+    if (InsertComponentOnForm(context, row.FormName, settings.DefaultComp, name) == nullptr) return;
+    UpdateItem(&row, {name, settings.DefaultComp, settings.NumLang});
     // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
     row.ShowsClass = true;
     TLangSetUp setUp;
@@ -76,13 +82,29 @@ void InsertOn(TContext& context, TFormRow& row) {
 
 }  // namespace
 
+TLangPlan PlanTmlLang(TContext& context, TFormRow& row) {
+    if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
+    if (!TestForCorrectForm(context, row)) throw EmlLangSilent();
+    const std::string& className = context.Settings.Get().DefaultComp;
+    const auto editor = GetFormEditor(context, row.FormName);
+    if (const auto lang = FindCustomLang(context, *editor)) {
+        if (!row.HasComponent())
+            UpdateItem(&row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang()});
+        return {lang->GetName(), lang};
+    }
+    if (!context.Host.Runtime->IsRegistered(className)) return {};
+    return {NameFor(context, *editor, row.FormName, className), nullptr};
+}
+
+std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, const TLangPlan& plan) {
+    if (plan.Lang != nullptr || plan.Name.empty()) return plan.Lang;
+    InsertOn(context, row, plan.Name);
+    return GetmlLang(context, row.FormName);
+}
+
 void InsertTmlLang(TContext& context, TFormRow& row) {
     if (!row.HasComponent()) {
-        if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
-        if (const auto lang = GetmlLang(context, row.FormName))
-            UpdateItem(&row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang()});
-        else
-            InsertOn(context, row);
+        MakePlanned(context, row, PlanTmlLang(context, row));
         context.Rows.FormNames.Touch();
     }
     UpdateStatusBar(context);
@@ -94,16 +116,14 @@ std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& f
 }
 
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
-                                                     const std::string& className) {
+                                                     const std::string& className, const std::string& name) {
     const TFormRow* row = context.Rows.FormNames.FindForm(formName);
     if (row == nullptr) return nullptr;
     if (!OpenFile(context, row->FileName, true)) throw EmlLangSilent();
-    if (!TestForCorrectForm(context, formName) || !context.Host.Runtime->IsRegistered(className))
-        return nullptr;
-    auto component = GetFormEditor(context, formName)->CreateComponent(nullptr, className, 0, 0, 0, 0);
-    if (component != nullptr && context.Host.Runtime->InheritsFrom(className, std::string(kCustomLang)))
-        component->SetName(className.substr(1) + "_" + formName);
-    return component;
+    if (!TestForCorrectForm(context, *row) || !context.Host.Runtime->IsRegistered(className)) return nullptr;
+    const auto editor = GetFormEditor(context, formName);
+    return editor->CreateComponent(nullptr, className, 0, 0, 0, 0,
+                                   name.empty() ? NameFor(context, *editor, formName, className) : name);
 }
 
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
@@ -112,12 +132,18 @@ void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& 
     const auto scope = BeginCommand(context, "Languages");
     if (!row->HasComponent() && setUp.InsertIfMissing) InsertTmlLang(context, *row);
     TModuleLease lease(context, row->FileName);
-    if (!TestForCorrectForm(context, row->FormName)) {
+    if (!TestForCorrectForm(context, *row)) {
         // A file that was opened for this is left open, on purpose.
         lease.Keep();
     } else {
-        if (const auto component = FindToSetUp(context, *GetFormEditor(context, row->FormName), setUp))
-            Configure(context, *row, component, setUp);
+        const auto editor = GetFormEditor(context, row->FormName);
+        auto component = FindToSetUp(context, *editor, setUp);
+        // What a closed form seemed to have was its frame's.
+        if (component == nullptr && setUp.InsertIfMissing && !row->HasComponent()) {
+            InsertTmlLang(context, *row);
+            component = FindToSetUp(context, *editor, setUp);
+        }
+        if (component != nullptr) Configure(context, *row, component, setUp);
         lease.Save();
     }
     scope->Commit();

@@ -7,6 +7,17 @@
 
 namespace tml {
 
+/// The localization component that a form has, or the one that an insertion will give it.
+struct TLangPlan {
+    std::string Name;  ///< "" where the form can have none: its default class is not registered
+    std::shared_ptr<TmlCustomLang> Lang;  ///< nullptr while it is only planned
+};
+/// Opens and shows the row's unit and brings the row up to date; nothing is inserted. EmlLangSilent when the
+/// unit cannot be opened or the form is not the row's.
+TLangPlan PlanTmlLang(TContext& context, TFormRow& row);
+/// The planned component; it is inserted unless it is there.
+std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, const TLangPlan& plan);
+
 /// Makes sure that the row's form has a localization component; its unit is then open and shown.
 /// EmlLangSilent when the unit cannot be opened.
 void InsertTmlLang(TContext& context, TFormRow& row);
@@ -15,9 +26,11 @@ void InsertTmlLang(TContext& context, TFormRow& row);
 std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName);
 
 /// Creates a component on a form of the list, its unit shown; nullptr where there is no such row, form
-/// or class. EmlLangSilent when the unit cannot be opened.
+/// or class. A localization component is named by its class and the form, or by name where one is given.
+/// EmlLangSilent when the unit cannot be opened.
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
-                                                     const std::string& className);
+                                                     const std::string& className,
+                                                     const std::string& name = {});
 
 /// How a component is to be configured.
 struct TLangSetUp {

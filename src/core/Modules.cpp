@@ -3,6 +3,12 @@
 #include "base/Errors.h"
 
 namespace tml {
+namespace {
+
+constexpr const char* kNoFormModule =
+    "Unable to obtain the interface of form module! Please check your project source.";
+
+}  // namespace
 
 IOTAModuleServices* GetModuleServices(TContext& context) {
     return context.Host.Services == nullptr ? nullptr : context.Host.Services->GetModuleServices();
@@ -73,9 +79,20 @@ void MarkModifiedForm(TContext& context, const std::string& formName) {
     if (const auto editor = GetFormEditor(context, formName)) editor->MarkModified();
 }
 
-bool TestForCorrectForm(TContext& context, const std::string& formName) {
-    const auto editor = GetFormEditor(context, formName);
-    return editor != nullptr && editor->GetRootComponent() != nullptr;
+bool TestForCorrectForm(TContext& context, const TFormRow& row) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    if (services == nullptr) return false;
+    const auto module = services->FindFormModule(row.FormName);
+    if (module == nullptr) {
+        context.Dialogs().MessageDlg(kNoFormModule, TMsgDlgType::mtError, {mrOk});
+        if (context.BringToTop) context.BringToTop();
+        return false;
+    }
+    if (module != services->FindModule(row.FileName))
+        throw EBadInput(row.FileName, 0,
+                        "the form of " + module->GetFileName() + " is named " + row.FormName + ", too",
+                        "Give one of the two forms another name");
+    return module->GetFormEditor() != nullptr;
 }
 
 TModuleLease::TModuleLease(TContext& context, std::string fileName)

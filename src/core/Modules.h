@@ -31,8 +31,9 @@ bool OpenFile(TContext& context, const std::string& fileName, bool show);
 void SaveFile(TContext& context, const std::string& fileName);
 void CloseFile(TContext& context, const std::string& fileName);
 void MarkModifiedForm(TContext& context, const std::string& formName);
-/// True for an open form that can be designed.
-bool TestForCorrectForm(TContext& context, const std::string& formName);
+/// True when the IDE has the module of the row's form, whose unit is open. An error message when it has none
+/// under that name. EBadInput when the name is that of another unit's form, too.
+bool TestForCorrectForm(TContext& context, const TFormRow& row);
 
 /// Opens a file for a command, unless it is open, and closes it when it goes. Where the file cannot be
 /// opened the constructor throws EmlLangSilent.

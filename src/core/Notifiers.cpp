@@ -69,10 +69,18 @@ void TmlModuleNotifier::PassRenameOn(TComponentHandle handle, const std::string&
 
 void TmlAddInNotifier::FileNotification(TOTAFileNotification notifyCode, const std::string& fileName,
                                         bool& /*cancel*/) {
-    gate_.Pass([self = shared_from_this(), notifyCode, fileName] {
+    Pass([notifyCode, fileName](IFileNotified& owner) { owner.FileNotified(notifyCode, fileName); });
+}
+
+void TmlAddInNotifier::FilesRestored(const std::vector<std::string>& fileNames) {
+    Pass([fileNames](IFileNotified& owner) { owner.FilesRestored(fileNames); });
+}
+
+void TmlAddInNotifier::Pass(std::function<void(IFileNotified&)> notification) {
+    gate_.Pass([self = shared_from_this(), notification = std::move(notification)] {
         if (self->owner_ == nullptr) return;
         try {
-            self->owner_->FileNotified(notifyCode, fileName);
+            notification(*self->owner_);
         } catch (const EmlLangSilent&) {
             // A unit without a form, for one: nobody needs to know.
         } catch (const std::exception& error) {

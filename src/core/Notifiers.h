@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Context.h"
 
@@ -51,7 +53,9 @@ class IFileNotified {
   public:
     virtual ~IFileNotified() = default;
     virtual void FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) = 0;
-    /// What FileNotified has thrown, but for the silent end.
+    /// Files that got other bytes by an undo, a redo or a command that was taken back.
+    virtual void FilesRestored(const std::vector<std::string>& fileNames) = 0;
+    /// What one of the two has thrown, but for the silent end.
     virtual void FileNotificationFailed(const std::exception& error) = 0;
 };
 
@@ -69,12 +73,15 @@ class TmlAddInNotifier : public IOTAIDENotifier, public std::enable_shared_from_
     void Modified() override {}
     void FileNotification(TOTAFileNotification notifyCode, const std::string& fileName,
                           bool& cancel) override;
+    void FilesRestored(const std::vector<std::string>& fileNames) override;
     void BeforeCompile(const std::string&, bool&) override {}
     void AfterCompile(bool) override {}
     void BeforeCompile(const std::string&, bool, bool&) override {}
     void AfterCompile(bool, bool) override {}
 
   private:
+    void Pass(std::function<void(IFileNotified&)> notification);
+
     TCommandGate& gate_;
     IFileNotified* owner_;
 };

@@ -184,7 +184,11 @@ std::string ToPerson(const TSetting&, TShortCut value) {
 }
 
 void FromPerson(const TSetting& setting, std::string_view text, std::string& value) {
-    value = setting.Stored == Lines ? LinesFromPerson(text).Text() : std::string(text);
+    // Names without a line break between them are separated by commas.
+    const bool isCommaText = text.find("\\n") == std::string_view::npos;
+    value = setting.Stored != Lines ? std::string(text)
+            : isCommaText           ? TStringList::FromCommaText(text).Text()
+                                    : LinesFromPerson(text).Text();
 }
 void FromPerson(const TSetting&, std::string_view text, TStringList& value) {
     value = LinesFromPerson(text);

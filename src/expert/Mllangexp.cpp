@@ -238,8 +238,7 @@ void TmlLangExpert::ShowProject(IOTASourceEditor* current) {
     }
     SortAgain();
     if (current != nullptr) SelectRowOf(current->GetFileName());
-    MainWindow->CheckEnableActions();
-    MainWindow->UpdateStatusBar();
+    RowsChanged();
 }
 
 bool TmlLangExpert::FillList(IOTAProject& project) {
@@ -303,10 +302,7 @@ void TmlLangExpert::ProjectClosed() {
     TAllSteps steps;
     steps.Try([this] { DestroyProjectSettings(); });
     ClearRows(context_.Rows.FormNames);
-    if (MainWindow != nullptr) {
-        MainWindow->CheckEnableActions();
-        MainWindow->UpdateStatusBar();
-    }
+    if (MainWindow != nullptr) RowsChanged();
     steps.Finish();
 }
 
@@ -347,8 +343,24 @@ void TmlLangExpert::FileOpened(const std::string& fileName) {
         }
 }
 
+void TmlLangExpert::FilesRestored(const std::vector<std::string>& fileNames) {
+    if (MainWindow == nullptr) return;
+    ReadRowsAgain(context_, fileNames);
+    RowsChanged();
+}
+
+void TmlLangExpert::RowsChanged() {
+    MainWindow->CheckEnableActions();
+    MainWindow->UpdateStatusBar();
+}
+
 void TmlLangExpert::FileClosing(const std::string& fileName) {
     ForgetNotifierOf(fileName);
+    // A command knows what it leaves in the files that it closes; they may not be written yet.
+    if (!context_.Gate.IsOwnCall()) {
+        ReadRowOfClosing(context_, fileName);
+        RowsChanged();
+    }
     const auto project = GetActiveProject(context_);
     if (project == nullptr) return;
     const auto group = GetActiveProjectGroup(context_);

@@ -50,6 +50,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     void RemoveSettings();
 
     void FileNotified(TOTAFileNotification notifyCode, const std::string& fileName) override;
+    void FilesRestored(const std::vector<std::string>& fileNames) override;
     void FileNotificationFailed(const std::exception& error) override { context_.Dialogs().NoteError(error); }
 
     TExpertSettings& Settings() { return settings_; }
@@ -78,6 +79,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     void SelectRowOf(const std::string& sourceFile);
     void FileOpened(const std::string& fileName);
     void FileClosing(const std::string& fileName);
+    void RowsChanged();
     void ForgetNotifierOf(const std::string& formFile);
 
     THost host_;

@@ -52,6 +52,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
     ClientHeight = 400;
     Context.Rows = TFormsList();
     Context.OnRowsChanged = [this] { Changed(); };
+    Context.BringToTop = [this] { Context.Dialogs().Show(Parent != nullptr ? *Parent : *this); };
     BuildMenus();
     AddHiddenButtons();
     odExternalFile.Name = "odExternalFile";
@@ -64,6 +65,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
 TfrmmlLang::~TfrmmlLang() {
     ClearRows(lvFormNames);
     Context.OnRowsChanged = nullptr;
+    Context.BringToTop = nullptr;
     *isAlive_ = false;
 }
 
@@ -205,7 +207,7 @@ void TfrmmlLang::tbAddExternalFileClick() {
     if (Context.Dialogs().ShowModal(odExternalFile) != mrOk) return;
     for (const std::string& fileName : odExternalFile.Files)
         AddExternalFile(fileName);
-    Context.Dialogs().Show(Parent != nullptr ? *Parent : *this);
+    Context.BringToTop();
     CheckEnableActions();
     UpdateStatusBar();
 }

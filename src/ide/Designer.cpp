@@ -1,7 +1,6 @@
 #include "ide/Designer.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -11,14 +10,17 @@
 namespace tml {
 namespace {
 
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 bool IsIdentifier(const std::string& name) {
     const auto isLetter = [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
                static_cast<unsigned char>(c) >= 0x80;
     };
-    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), [&](char c) {
-        return isLetter(c) || (c >= '0' && c <= '9');
-    });
+    return !name.empty() && isLetter(name.front()) &&
+           std::all_of(name.begin(), name.end(), [&](char c) { return isLetter(c) || IsDigit(c); });
 }
 
 }  // namespace
@@ -48,7 +50,7 @@ std::shared_ptr<IOTAComponent> TDesigner::FindComponent(const std::string& name)
 
 std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* container,
                                                           const std::string& typeName, int x, int y, int w,
-                                                          int h) {
+                                                          int h, const std::string& wantedName) {
     if (!services_.Runtime->IsRegistered(typeName)) return nullptr;
     TFormNode* parent = &form_->Root();
     if (container != nullptr) {
@@ -57,7 +59,7 @@ std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* contain
     }
     const TRuntimeClass& typeClass = *FindRuntimeClass(typeName);
     const std::string className(typeClass.Name);
-    const std::string name = FreeName(className);
+    const std::string name = NewName(wantedName, className);
     const std::pair<const char*, int> places[] = {{"Left", x}, {"Top", y}, {"Width", w}, {"Height", h}};
     const auto command = services_.Journal->Begin("Create " + name);
     TFormNode* created = nullptr;
@@ -98,16 +100,39 @@ void TDesigner::Destroyed() {
     notifiers_.Clear();
 }
 
-/// The class name without its T and the first free number.
-std::string TDesigner::FreeName(const std::string& className) {
-    std::unordered_set<std::string> taken = {UpperCase(form_->Root().Name())};
-    for (const TFormNode* node : form_->OwnedBy(form_->Root()))
-        taken.insert(UpperCase(node->Name()));
-    const std::string stem = className.starts_with('T') ? className.substr(1) : className;
-    for (int number = 1;; ++number) {
-        std::string name = stem + std::to_string(number);
-        if (!taken.contains(UpperCase(name))) return name;
+bool TDesigner::IsFree(const std::string& name, const std::string& typeName) {
+    return form_->FindOwned(name) == nullptr && source_.HasRoomFor(form_->Root().ClassName(), name, typeName);
+}
+
+std::string TDesigner::FreeName(const std::string& name, const std::string& typeName) {
+    const std::string stem = !name.empty() && IsDigit(name.back()) ? name + "_" : name;
+    std::string free = name;
+    for (int number = 2; !IsFree(free, typeName); ++number)
+        free = stem + std::to_string(number);
+    return free;
+}
+
+/// The wanted name, or the class name without its T and the first free number.
+std::string TDesigner::NewName(const std::string& name, const std::string& className) {
+    if (name.empty()) {
+        const std::string stem = className.starts_with('T') ? className.substr(1) : className;
+        for (int number = 1;; ++number)
+            if (std::string free = stem + std::to_string(number); IsFree(free, className)) return free;
     }
+    CheckName(name);
+    CheckNamesake(name, nullptr);
+    if (!IsFree(name, className))
+        throw EBadInput(GetFileName(), 0,
+                        "the class " + form_->Root().ClassName() + " has a member " + name + " already",
+                        "Choose another name");
+    return name;
+}
+
+void TDesigner::CheckNamesake(const std::string& name, const TFormNode* own) {
+    const TFormNode* namesake = form_->FindOwned(name);
+    if (namesake != nullptr && namesake != own)
+        throw EBadInput(GetFileName(), namesake->Line(), "the form has a component " + name + " already",
+                        "Choose another name");
 }
 
 void TDesigner::CheckName(const std::string& name) {
@@ -137,10 +162,7 @@ void TDesigner::ForEachReference(const std::string& name, Change change) {
 
 void TDesigner::Rename(TFormNode& node, const std::string& name) {
     CheckName(name);
-    const TFormNode* namesake = form_->FindOwned(name);
-    if (namesake != nullptr && namesake != &node)
-        throw EBadInput(GetFileName(), namesake->Line(), "the form has a component " + name + " already",
-                        "Choose another name");
+    CheckNamesake(name, &node);
     const bool isForm = &node == &form_->Root();
     if (!isForm) CheckOwn(node);
     const std::string oldName = node.Name();

@@ -37,8 +37,10 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void Show() override;
     std::shared_ptr<IOTAComponent> GetRootComponent() override;
     std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
+    std::string FreeName(const std::string& name, const std::string& typeName) override;
     std::shared_ptr<IOTAComponent> CreateComponent(IOTAComponent* container, const std::string& typeName,
-                                                   int x, int y, int w, int h) override;
+                                                   int x, int y, int w, int h,
+                                                   const std::string& name) override;
     IDesigner& GetDesigner() override { return *this; }
     std::shared_ptr<IOTAComponent> GetRoot() override { return GetRootComponent(); }
     std::vector<std::shared_ptr<IOTAComponent>> GetSelections() override;
@@ -60,8 +62,10 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
     void NameRestored(TDesignComponent& component, const std::string& oldName) override;
 
-    std::string FreeName(const std::string& className);
+    bool IsFree(const std::string& name, const std::string& typeName);
+    std::string NewName(const std::string& name, const std::string& className);
     void CheckName(const std::string& name);
+    void CheckNamesake(const std::string& name, const TFormNode* own);
     void CheckOwn(const TFormNode& node);
     template <typename Change>
     void ForEachReference(const std::string& name, Change change);

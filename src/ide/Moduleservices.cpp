@@ -211,7 +211,8 @@ std::shared_ptr<IOTASourceEditor> TModules::GetCurrentSourceEditor() {
 void TModules::CloseModule(const std::shared_ptr<TModule>& module) {
     if (std::find(modules_.begin(), modules_.end(), module) == modules_.end()) return;
     const std::string unitFile = module->GetFileName();
-    if (!Announce(TOTAFileNotification::ofnFileClosing, unitFile)) return;
+    // A project stays open when the text of its file is closed: nothing is announced of it.
+    if (!IsProjectFile(unitFile) && !Announce(TOTAFileNotification::ofnFileClosing, unitFile)) return;
     if (module->Files().Form)
         Announce(TOTAFileNotification::ofnFileClosing, module->Files().Form->FileName());
     std::vector<std::string> unsaved;
@@ -221,6 +222,13 @@ void TModules::CloseModule(const std::shared_ptr<TModule>& module) {
     module->CloseDocuments();
     if (current_.lock() == module) current_.reset();
     if (!unsaved.empty()) TellRestored(unsaved);
+}
+
+bool TModules::IsProjectFile(const std::string& fileName) const {
+    if (!group_) return false;
+    const auto& projects = group_->Projects();
+    return std::any_of(projects.begin(), projects.end(),
+                       [&](const auto& project) { return SameText(project->GetFileName(), fileName); });
 }
 
 void TModules::CloseAll() {

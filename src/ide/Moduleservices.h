@@ -85,6 +85,7 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     std::shared_ptr<IOTAComponent> FindForm(const std::string& formName);
     /// Projects of a group may have forms of one name: the active one's are meant.
     bool IsOfActive(TModule& module) const;
+    bool IsProjectFile(const std::string& fileName) const;
     void Write(const std::vector<TStagedFile>& staged);
     void TellRestored(const std::vector<std::string>& fileNames);
     /// False when a notifier refuses.

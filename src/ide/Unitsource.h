@@ -14,6 +14,9 @@ class TUnitSource {
     TUnitSource(std::shared_ptr<TSourceBuffer> unit, std::shared_ptr<TSourceBuffer> header)
         : unit_(std::move(unit)), header_(std::move(header)) {}
 
+    /// Whether the form's class can have a field of the name and type: no other member of it has the name.
+    /// EBadInput when the class cannot be found.
+    bool HasRoomFor(const std::string& formClass, const std::string& name, const std::string& className);
     /// The component's field in the form's class, and the unit that declares the component's class.
     /// EBadInput when the source has no place for them.
     void AddComponent(const std::string& formClass, const std::string& name, const std::string& className,

@@ -10,8 +10,9 @@ namespace {
 
 constexpr const char* kOnChangeLanguage = "OnChangeLanguage";
 
-std::string HandlerOf(IOTAComponent& component, const char* event) {
-    const auto value = component.GetPropValue(event);
+/// Of a component that is not there yet: "".
+std::string HandlerOf(IOTAComponent* component, const char* event) {
+    const auto value = component == nullptr ? std::nullopt : component->GetPropValue(event);
     const bool isName = value && value->Kind == TFormValueKind::Identifier && !SameText(value->Text, "nil");
     return isName ? value->Text : std::string();
 }
@@ -40,8 +41,8 @@ void TConstRun::Plan(const TmlFoundSourceStrings& kept, const std::shared_ptr<co
     const std::string& component = input_.Scan.Component.ComponentName;
     const auto formSource = GetModuleFromFileName(context_, formUnit_)->GetSourceEditor(0);
     const TConstForm form{formSource->GetSource(), input_.Scan.Component.ClassName(), component,
-                          HandlerOf(*editor->GetRootComponent(), "OnCreate"),
-                          HandlerOf(*editor->FindComponent(component), kOnChangeLanguage)};
+                          HandlerOf(editor->GetRootComponent().get(), "OnCreate"),
+                          HandlerOf(editor->FindComponent(component).get(), kOnChangeLanguage)};
     const TConstChanges planned = RewriteConsts(kept, input_, records_, form);
     ProveConsts(kept, input_, records_, form, planned);
     changes.Sources.push_back({input_.Scan.FileName(), text, planned.Unit});

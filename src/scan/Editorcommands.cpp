@@ -86,8 +86,9 @@ void TranslateSourceMenuClick(TContext& context, TScanMemory& memory) {
         return;
     }
     const TSelectionMode mode(memory);
-    if (context.Rows.Active().FirstSelected() != nullptr)
-        SourceWithForm(context, memory);
+    // The forms decide, whichever page is in front.
+    if (TFormRow* row = context.Rows.FormNames.FirstSelected())
+        DoScanReplace(context, memory, *row);
     else
         SourceWithoutForm(context, memory);
 }

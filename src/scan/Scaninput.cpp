@@ -38,7 +38,9 @@ TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& d
     receiver.Component.FormClass = editor->GetRootComponent()->GetComponentType();
     const auto component = FindCustomLang(runtime, *editor);
     receiver.Component.ComponentName =
-        component != nullptr ? component->GetName() : InsertedName(defaultClass, receiver.Component.FormName);
+        component != nullptr
+            ? component->GetName()
+            : editor->FreeName(InsertedName(defaultClass, receiver.Component.FormName), defaultClass);
     if (component != nullptr) receiver.Existing = component->GetTable(TStringsType::stStrings);
     return receiver;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Format.h"
@@ -38,13 +39,12 @@ class TRun {
     /// False when there is nothing to change.
     bool Execute() {
         CheckLanguages();
-        InsertTmlLang(context_, row_);
         Open();
-        if (text_->empty() || !FindStrings()) return false;
-        if (!Review()) return false;
+        if (text_->empty() || !FindStrings() || !Review()) return false;
         Modify();
         return true;
     }
+    bool WritesCalls() const;
 
   private:
     void CheckLanguages() const;
@@ -54,8 +54,8 @@ class TRun {
     bool FindStrings();
     bool Review();
     void Modify();
-    void AddStrings();
-    bool WritesCalls() const;
+    void AddStrings(TmlCustomLang& lang) const;
+    void Apply(const TChangeSet& sources, std::vector<TPropertyChange> properties);
 
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
         if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
@@ -72,7 +72,7 @@ class TRun {
     bool constSection_;
     std::string formUnit_;
     std::string unitFile_;
-    std::shared_ptr<TmlCustomLang> lang_;
+    TLangPlan plan_;
     std::shared_ptr<const std::string> text_;
     TScanInput input_;
     std::optional<TConstRun> consts_;  ///< what a run over const sections does its own way
@@ -87,9 +87,8 @@ void TRun::CheckLanguages() const {
 }
 
 void TRun::Open() {
-    if (!OpenFile(context_, formUnit_, true) || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
-    lang_ = GetmlLang(context_, row_.FormName);
-    if (lang_ == nullptr) throw EmlLangSilent();
+    plan_ = PlanTmlLang(context_, row_);
+    if (plan_.Name.empty() || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
     if (constSection_) consts_.emplace(context_, input_, row_.FormName, formUnit_);
@@ -101,11 +100,11 @@ TScanInput TRun::MakeInput() {
     TakeUnit(input, *GetModuleFromFileName(context_, unitFile_));
     TakeReceiver(input,
                  ReceiverOf(*context_.Host.Runtime, *GetModuleFromFileName(context_, formUnit_),
-                            lang_->GetClassName()),
+                            context_.Settings.Get().DefaultComp),
                  SameText(unitFile_, formUnit_));
     const auto others = std::make_shared<TFormComponents>();
     for (const auto& row : context_.Rows.FormNames.Items())
-        others->Add(row->FormName, row->Component.ComponentName);
+        others->Add(row->FormName, row.get() == &row_ ? plan_.Name : row->Component.ComponentName);
     input.Others = others;
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
@@ -156,12 +155,12 @@ bool TRun::Review() {
 }
 
 /// Every language of a new string begins with its text.
-void TRun::AddStrings() {
+void TRun::AddStrings(TmlCustomLang& lang) const {
     TTable table = input_.Existing;
-    const int languages = std::max(lang_->GetLangNames().Count(), 1);
+    const int languages = std::max(lang.GetLangNames().Count(), 1);
     for (const TmlFoundSourceString& row : strings_)
         if (!row.MarkedToIgnore) table.Add(row.StrID, row.StrContent, languages);
-    lang_->SetTable(table);
+    lang.SetTable(table);
 }
 
 /// Rows that are all marked to be ignored leave their unit without a call.
@@ -182,9 +181,25 @@ void TRun::Modify() {
     }
     if (!SameText(unitFile_, formUnit_) && WritesCalls())
         changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
-    GetModuleServices(context_)->ApplyChangeSet(changes);
-    AddStrings();
-    MarkModifiedForm(context_, row_.FormName);
+    std::vector<TPropertyChange> properties = std::exchange(changes.Properties, {});
+    Apply(changes, std::move(properties));
+}
+
+/// The sources first: they were worked out for the texts without the component's field. Without Commit the
+/// scope takes everything back, the inserted component too.
+void TRun::Apply(const TChangeSet& sources, std::vector<TPropertyChange> properties) {
+    TRowGuard guard(row_);
+    const auto scope = BeginCommand(context_, "Replace hard-coded strings");
+    IOTAModuleServices& services = *GetModuleServices(context_);
+    services.ApplyChangeSet(sources);
+    if (WritesCalls()) {
+        const auto lang = MakePlanned(context_, row_, plan_);
+        services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
+        AddStrings(*lang);
+        MarkModifiedForm(context_, row_.FormName);
+    }
+    scope->Commit();
+    guard.Keep();
 }
 
 void ReplaceInForm(TContext& context, TScanMemory& memory, bool constSection) {
@@ -205,16 +220,15 @@ void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
 
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
                    bool constSection) {
-    IOTAModuleServices* services = GetModuleServices(context);
-    if (services == nullptr) return false;
-    TRowGuard guard(row);
-    // Without Commit the scope takes everything back, the inserted component too.
-    const auto scope = services->BeginCommand("Replace hard-coded strings");
-    if (!TRun(context, memory, row, unitFile, constSection).Execute()) return false;
-    scope->Commit();
-    guard.Keep();
-    context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
-                                 TMsgDlgType::mtInformation, {mrOk});
+    if (GetModuleServices(context) == nullptr) return false;
+    TRun run(context, memory, row, unitFile, constSection);
+    if (!run.Execute()) return false;
+    UpdateStatusBar(context);
+    // Lines that were only marked to be ignored are seen in the source; there is nothing to be said of
+    // strings.
+    if (run.WritesCalls())
+        context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
+                                     TMsgDlgType::mtInformation, {mrOk});
     return true;
 }
 

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Insertion.h"
@@ -48,15 +50,78 @@ TEST_F(TInsertion, TakesAComponentThatIsThere) {
     EXPECT_EQ(row.Cell(fcLanguages) + row.Cell(fcComponent), "3mlLang1");
 }
 
-TEST_F(TInsertion, AComponentThatCannotBeNamedDoesNotStay) {
-    std::string& form = Files.Files["/p/Unit1.dfm"];
-    form.replace(form.find("Button1"), 7, "mlLang_Form1");
+TEST(Insertion, TheNameIsFreeFromTheStart) {
+    // What stands in the form and in its class, and the name.
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"", "    mlLang1: Integer;\r\n", "mlLang_Form1"},
+        {"", "    procedure Old; // mlLang_Form1\r\n", "mlLang_Form1"},
+        {"", "    mlLang_Form1: TmlLang;\r\n", "mlLang_Form1"},
+        {"  object MLLANG_form1: TTimer\n  end\n", "", "mlLang_Form1_2"},
+        {"", "    mlLang_Form1: TButton;\r\n    mllang_form1_2: TButton;\r\n", "mlLang_Form1_3"},
+        {"", "    procedure mlLang_Form1;\r\n", "mlLang_Form1_2"},
+        {"", "  private\r\n    property mlLang_Form1: Integer read Tag;\r\n", "mlLang_Form1_2"},
+    };
+    for (const auto& [component, member, name] : rows) {
+        TExpertFixture test;
+        test.PutForm(1, "");
+        const std::string edit = "  object Edit1: TEdit\r\n    Lang = mlLang1\r\n  end\r\n";
+        test.Files.Files["/p/Unit1.dfm"].insert(test.Files.Files["/p/Unit1.dfm"].find("  object"),
+                                                edit + component);
+        std::string& unit = test.Files.Files["/p/Unit1.pas"];
+        unit.insert(unit.find("  end;"), member);
+        const std::size_t size = unit.size();
+        test.Open();
+        InsertTmlLang(test.Context(), test.Row("Form1"));
+        test.Ide.SaveAll();
+        EXPECT_EQ(GetmlLang(test.Context(), "Form1")->GetName(), name) << member;
+        EXPECT_EQ(test.Row("Form1").Component.ComponentName, name);
+        const std::string line = "    " + std::string(name) + ": TmlLang;\r\n";
+        EXPECT_TRUE(Contains(unit, line)) << unit;
+        EXPECT_EQ(unit.size(), size + std::string(", Mllang").size() + (member == line ? 0 : line.size()));
+        EXPECT_TRUE(Contains(test.Files.Files["/p/Unit1.dfm"], edit)) << "the names of others stay";
+    }
+}
+
+TEST_F(TInsertion, AFormOfAnotherNameThanItsRowsIsToldOf) {
+    Files.Files["/p/Unit1.dfm"].replace(7, 5, "Other");
     Open();
+    const auto files = Files.Files;
+    Select("Form1");
+    for (const char* command : {"SourceWithForm", "ConstWithForm"}) {
+        User.OnMessage("Unable to obtain the interface of form module! Please check your project source.");
+        Expert->Window()->Run(command);
+    }
+    User.OnMessage("Unable to obtain the interface of form module! Please check your project source.");
+    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EmlLangSilent);
+    // The name is that of another unit's form.
+    Files.Files["/p/Unit1.dfm"].replace(7, 5, "Form2");
+    GetModuleFromFileName(Context(), "/p/Unit1.pas")->Close();
+    OpenFile(Context(), "/p/Unit2.pas", true);
+    TFormRow& twin = Rows().Add("Form2", "Unit1", "/p/Unit1.pas");
+    EXPECT_THROW(InsertTmlLang(Context(), twin), EBadInput);
+    Ide.SaveAll();
+    EXPECT_EQ(Files.Files.at("/p/Unit1.pas"), files.at("/p/Unit1.pas"));
+    EXPECT_EQ(Files.Files.at("/p/Unit2.dfm"), files.at("/p/Unit2.dfm"));
+}
+
+TEST_F(TInsertion, TheRowFollowsUndoRedoAndAClosingWithoutSave) {
+    Open();
+    Select("Form1");
     const std::string list = List();
-    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EBadInput);
-    EXPECT_EQ(GetFormEditor(Context(), "Form1")->GetRootComponent()->GetComponentCount(), 1);
-    EXPECT_FALSE(GetModuleFromFileName(Context(), "/p/Unit1.pas")->GetModified());
+    const std::vector<std::string> files{"/p/Unit1.pas", "/P/unit1.dfm"};
+    InsertTmlLang(Context(), Row("Form1"));
+    const std::string inserted = List();
+    EXPECT_EQ(inserted, "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
+    Ide.Undo();
+    Expert->FilesRestored(files);
     EXPECT_EQ(List(), list);
+    Ide.Redo();
+    Expert->FilesRestored(files);
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|mlLang_Form1|1;");
+    Expert->FilesRestored({"/p/Unit2.dfm", "/p/Other.dfm"});
+    GetModuleFromFileName(Context(), "/p/Unit1.pas")->Close();
+    EXPECT_EQ(List(), list);
+    EXPECT_EQ(Context().Rows.StatusPanels[2], "Forms translated: 1 of 2");
 }
 
 TEST_F(TInsertion, EndsWithoutAMessageWhereTheUnitCannotBeOpened) {

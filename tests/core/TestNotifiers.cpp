@@ -69,6 +69,8 @@ TEST_F(TNotifiers, ClosingTheProjectEmptiesTheList) {
         Expert->FileNotified(code, file);
         return Rows().Count();
     };
+    Ide.GetModuleServices()->OpenModule("/p/Demo.dpr", true)->Close();
+    EXPECT_EQ(Rows().Count(), 2) << "the project is open without its source";
     EXPECT_EQ(notify(TOTAFileNotification::ofnFileClosing, "/p/Other.dpr"), 2);
     EXPECT_EQ(notify(TOTAFileNotification::ofnFileClosing, "/P/demo.DPR"), 0);
     EXPECT_EQ(Runtime->mlLangProjectSettings, nullptr);

@@ -47,7 +47,7 @@ TEST_F(TDesignerTest, OwnedComponents) {
 
 TEST_F(TDesignerTest, CreateRenameDeleteKeepTheSourceInStepAndUndoExactly) {
     const auto before = Files.Files;
-    const auto created = Form->CreateComponent(nullptr, "TmlLang", 8, 0, 0, 0);
+    const auto created = Form->CreateComponent(nullptr, "TmlLang", 8, 0, 0, 0, "");
     ASSERT_NE(created, nullptr);
     EXPECT_EQ(created->GetName(), "mlLang2");
     EXPECT_EQ(created->GetPropValue("Left"), TFormValue::Integer(8));
@@ -71,7 +71,7 @@ TEST_F(TDesignerTest, CreateRenameDeleteKeepTheSourceInStepAndUndoExactly) {
     Ide.Redo();
     EXPECT_EQ(created->GetName(), "mlLang_Form1");
     EXPECT_EQ(Saved(), after);
-    EXPECT_EQ(Form->CreateComponent(nullptr, "TButton", 0, 0, 0, 0), nullptr);
+    EXPECT_EQ(Form->CreateComponent(nullptr, "TButton", 0, 0, 0, 0, ""), nullptr);
 }
 
 TEST_F(TDesignerTest, CppFormsFollowInTheHeader) {
@@ -82,7 +82,7 @@ TEST_F(TDesignerTest, CppFormsFollowInTheHeader) {
     Files.Files["/p/Main.dfm"] = "object Form3: TForm3\nend\n";
     const auto module = Open("/p/main.DFM");
     EXPECT_EQ(module->GetFileName(), "/p/Main.cpp");
-    module->GetFormEditor()->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0);
+    module->GetFormEditor()->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0, "");
     module->Save();
     EXPECT_EQ(Files.Files["/p/Main.h"],
               "#include <Forms.hpp>\n#include \"Mllang.hpp\"\nclass TForm3 : public TForm\n{\n__published:\n"
@@ -116,7 +116,7 @@ TEST_F(TDesignerTest, AFormWithoutItsClassIsLeftAlone) {
     Files.Files["/p/Unit1.pas"] = "unit Unit1;\r\ninterface\r\nimplementation\r\nend.\r\n";
     Module = Open("/p/Unit1.pas");
     Form = Module->GetFormEditor();
-    EXPECT_THROW(Form->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0), EBadInput);
+    EXPECT_THROW(Form->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0, ""), EBadInput);
     EXPECT_FALSE(Module->GetModified());
     EXPECT_EQ(Form->FindComponent("mlLang2"), nullptr);
 }

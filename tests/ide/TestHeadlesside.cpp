@@ -225,7 +225,7 @@ TEST_F(TIdeTest, DamagedFilesNeverDoMoreThanFail) {
         }
         try {
             Ide.OpenProject("/p/Project1.dpr");
-            Open("/p/Unit1.pas")->GetFormEditor()->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0);
+            Open("/p/Unit1.pas")->GetFormEditor()->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0, "");
             Ide.Undo();
             EXPECT_FALSE(Open("/p/Unit1.pas")->GetModified());
             ++opened;

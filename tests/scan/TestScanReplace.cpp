@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/Utf8.h"
 #include "core/Insertion.h"
 #include "forms/Formtree.h"
 #include "scan/Constreplace.h"
@@ -283,21 +284,25 @@ TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
     Expert->Window()->Run("ConstWithForm");
 }
 
-TEST_F(TScanReplace, AUnitWithoutACallDoesNotUseTheForm) {
+TEST_F(TScanReplace, WithoutACallNothingIsInsertedAndNoUnitUsed) {
     Put("/p/Helper.pas", "unit Helper;\ninterface\nconst\n  A = 'One';\nimplementation\nend.\n");
-    Prepare(2);
+    Prepare(1);
+    const std::string list = List();
+    const auto files = Files.Files;
     for (const bool constSection : {false, true}) {
-        Review([this, constSection](TfrmFound& window) {
+        Review([this](TfrmFound& window) {
             window.sgStrings.Row = 0;
             window.acMarktoIgnore();
             User.OnMessage(kApply, mrYes);
-            User.OnMessage(std::string(constSection ? kConstsReplaced : kDone));
             window.tbModifyClick();
         });
-        EXPECT_TRUE(DoScanReplace(Context(), ScanMemory(), Row("Form2"), "/p/Helper.pas", constSection));
-        const auto helper = Ide.GetModuleServices()->FindModule("/p/Helper.pas");
-        EXPECT_EQ(helper->GetSourceEditor(0)->GetText()->find("uses"), std::string::npos);
+        EXPECT_TRUE(DoScanReplace(Context(), ScanMemory(), Row("Form1"), "/p/Helper.pas", constSection));
+        Ide.SaveAll();
+        EXPECT_TRUE(Contains(Files.Files["/p/Helper.pas"], "{TML:IGNORE ON}\r\n  A = 'One';"));
         Ide.Undo("/p/Helper.pas");
+        Ide.SaveAll();
+        EXPECT_EQ(Files.Files, files);
+        EXPECT_EQ(List(), list);
     }
 }
 
