@@ -8,6 +8,7 @@
 #include "cli/Session.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "tables/Languageplaces.h"
 
 namespace tml {
 namespace {
@@ -85,33 +86,40 @@ void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool ex
                   << "\n";
 }
 
-/// "German, French of MainForm": what the form's component has beyond so many languages, "" for nothing.
-std::string LostLanguages(TSession& session, TFormRow& row, int count) {
-    if (row.Component.NumLang <= count) return {};
-    const TRowGuard unchanged(row);  // it is refreshed when its module opens
+std::string Joined(const TStringList& parts, const char* separator) {
+    std::string text;
+    for (const std::string& part : parts)
+        text += (text.empty() ? "" : separator) + part;
+    return text;
+}
+
+/// "the texts of German, French of MainForm", or "English as the base language of MainForm": what the form's
+/// component would lose; "" for nothing.
+std::string Losses(TSession& session, TFormRow& row, const TLangSetUp& setUp) {
+    if (!row.HasComponent()) return {};
     const TModuleLease lease(session.Context(), row.FileName);
     const auto component = GetmlLang(session.Context(), row.FormName);
     if (component == nullptr) return {};
-    const TStringList names = component->GetLangNames();
-    std::string lost;
-    for (int i = count; i < names.Count(); ++i)
-        lost += (lost.empty() ? "" : ", ") + names[i];
-    return lost.empty() ? lost : lost + " of " + row.FormName;
+    const std::vector<int> places = PlacesOf(*component, setUp);
+    const TStringList present = component->GetLangNames();
+    const TStringList lost = LostLanguages(present, places);
+    if (!lost.Empty()) return "the texts of " + Joined(lost, ", ") + " of " + row.FormName;
+    return places.front() == 1 ? "" : present[0] + " as the base language of " + row.FormName;
 }
 
 /// Asked of all forms before the first is changed, so that nothing is written for a part of them.
-void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, int count) {
-    std::string losses;
+void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, const TLangSetUp& setUp) {
+    TStringList losses;
     for (TFormRow* row : rows) {
         try {
-            const std::string lost = LostLanguages(session, *row, count);
-            if (!lost.empty()) losses += (losses.empty() ? "" : "; ") + lost;
+            const std::string lost = Losses(session, *row, setUp);
+            if (!lost.empty()) losses.Add(lost);
         } catch (const EBadInput&) {
             // A form that cannot be read is reported when its turn comes; nothing is lost in it.
         }
     }
-    if (losses.empty()) return;
-    throw EBadInput("", 0, "fewer languages would lose the translations of " + losses,
+    if (losses.Empty()) return;
+    throw EBadInput("", 0, "these languages would give up " + Joined(losses, "; "),
                     "Name the others as well, or say --yes to go on");
 }
 
@@ -134,8 +142,8 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
         return session.ExitCode();
     }
     const TStringList names = TStringList::FromCommaText(options.Languages);
-    if (!program.Yes) RefuseLoss(session, rows, names.Count());
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
+    if (!program.Yes) RefuseLoss(session, rows, setUp);
     session.ForEach(rows, [&](TFormRow& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
         PrintLanguages(program, session, row, true);

@@ -59,17 +59,20 @@ void TSession::ForEach(const std::vector<TFormRow*>& rows, const std::function<v
             try {
                 work(*row);
             } catch (const EmlLangSilent&) {
-                NoteOtherName(*row);
+                NoteWrongForm(*row);
                 throw;
             }
-            NoteOtherName(*row);
+            NoteWrongForm(*row);
         });
 }
 
-/// The system's message does not say what the names are.
-void TSession::NoteOtherName(const TFormRow& row) {
+/// The system's message does not say what is wrong with the form.
+void TSession::NoteWrongForm(const TFormRow& row) {
     const auto module = Answers().Errors.empty() ? nullptr : Modules().FindModule(row.FileName);
-    if (module != nullptr && !module->GetFormName().empty() && !SameText(module->GetFormName(), row.FormName))
+    if (module == nullptr) return;
+    if (module->GetFormName().empty())
+        throw EBadInput(row.FileName, 0, "the unit has no form file", "Restore it beside the unit");
+    if (!SameText(module->GetFormName(), row.FormName))
         throw EBadInput(
             row.FileName, 0,
             "the project names the form " + row.FormName + ", its form file " + module->GetFormName(),

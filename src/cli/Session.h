@@ -38,7 +38,8 @@ class TSession {
     int ExitCode();
 
   private:
-    void NoteOtherName(const TFormRow& row);
+    /// EBadInput with the reason where an error was shown because the form is not as the project says.
+    void NoteWrongForm(const TFormRow& row);
     /// Prints the errors that the system has shown since; true when there were any.
     bool PrintErrors(const std::string& subject);
 

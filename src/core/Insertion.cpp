@@ -3,6 +3,8 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Modules.h"
+#include "tables/Languageplaces.h"
+#include "tables/Languages.h"
 
 namespace tml {
 namespace {
@@ -21,6 +23,17 @@ std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& ed
             return component;
     }
     return nullptr;
+}
+
+/// The texts of every table follow their languages; those of new languages begin as the base language's.
+void MoveTexts(TmlCustomLang& lang, const TLangSetUp& setUp) {
+    const std::vector<int> places = PlacesOf(lang, setUp);
+    if (places.empty()) return;
+    for (const TTableKind& kind : kTableKinds) {
+        TTable table = lang.GetTable(kind.Type);
+        table.MoveLanguages(places);
+        lang.SetTable(table);
+    }
 }
 
 void SetNames(ILanguages& languages, const TLangSetUp& setUp) {
@@ -43,6 +56,7 @@ void Configure(TContext& context, TFormRow& row, const std::shared_ptr<IOTACompo
                const TLangSetUp& setUp) {
     if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
         const int active = lang->GetActiveLanguage();
+        MoveTexts(*lang, setUp);
         SetNames(*lang, setUp);
         lang->SetNumLang(setUp.NumLang);
         row.Component.NumLang = setUp.NumLang;
@@ -124,6 +138,14 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
     const auto editor = GetFormEditor(context, formName);
     return editor->CreateComponent(nullptr, className, 0, 0, 0, 0,
                                    name.empty() ? NameFor(context, *editor, formName, className) : name);
+}
+
+std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
+    if (setUp.LangNamesText.empty()) return {};
+    const TStringList& wanted =
+        setUp.FormerNames.Empty() ? SplitLangNames(setUp.LangNamesText) : setUp.FormerNames;
+    const TStringList present = languages.GetLangNames();
+    return PlacesOfLanguages(present, FitLangNames(wanted, setUp.NumLang));
 }
 
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp) {

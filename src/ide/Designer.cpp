@@ -101,7 +101,15 @@ void TDesigner::Destroyed() {
 }
 
 bool TDesigner::IsFree(const std::string& name, const std::string& typeName) {
-    return form_->FindOwned(name) == nullptr && source_.HasRoomFor(form_->Root().ClassName(), name, typeName);
+    return form_->FindOwned(name) == nullptr && !AncestorsHave(name) &&
+           source_.HasRoomFor(form_->Root().ClassName(), name, typeName);
+}
+
+bool TDesigner::AncestorsHave(const std::string& name) {
+    for (auto form = FindAncestor(form_->Root()); form != nullptr; form = form->GetAncestor())
+        for (int i = 0; i < form->GetComponentCount(); ++i)
+            if (SameText(form->GetComponent(i)->GetName(), name)) return true;
+    return false;
 }
 
 std::string TDesigner::FreeName(const std::string& name, const std::string& typeName) {

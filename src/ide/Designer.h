@@ -62,6 +62,7 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
     void NameRestored(TDesignComponent& component, const std::string& oldName) override;
 
+    bool AncestorsHave(const std::string& name);
     bool IsFree(const std::string& name, const std::string& typeName);
     std::string NewName(const std::string& name, const std::string& className);
     void CheckName(const std::string& name);

@@ -131,8 +131,8 @@ class IOTAFormEditor : public virtual IOTAEditor {
     virtual std::shared_ptr<IOTAComponent> GetRootComponent() = 0;
     virtual std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) = 0;
     /// The name where it is free for a component of the type, else the name with the first number behind it
-    /// that makes it so. It is taken by a component of the form and by a member of the form's class, but for
-    /// a field of that type. EBadInput when the class cannot be found.
+    /// that makes it so. It is taken by a component of the form or an ancestor and by a member of the form's
+    /// class, but for a field of that type. EBadInput when the class cannot be found.
     virtual std::string FreeName(const std::string& name, const std::string& typeName) = 0;
     /// Creates a component on the form (container nullptr: the form itself) with the name, which must be
     /// free, or with one of its class and a number for ""; field, uses clause or include follow. nullptr for

@@ -194,8 +194,8 @@ void TRun::Apply(const TChangeSet& sources, std::vector<TPropertyChange> propert
     services.ApplyChangeSet(sources);
     if (WritesCalls()) {
         const auto lang = MakePlanned(context_, row_, plan_);
-        services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
         AddStrings(*lang);
+        services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
         MarkModifiedForm(context_, row_.FormName);
     }
     scope->Commit();
@@ -221,12 +221,16 @@ void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
                    bool constSection) {
     if (GetModuleServices(context) == nullptr) return false;
-    TRun run(context, memory, row, unitFile, constSection);
-    if (!run.Execute()) return false;
+    bool writesCalls = false;
+    {
+        TRun run(context, memory, row, unitFile, constSection);
+        if (!run.Execute()) return false;
+        writesCalls = run.WritesCalls();
+    }
     UpdateStatusBar(context);
     // Lines that were only marked to be ignored are seen in the source; there is nothing to be said of
     // strings.
-    if (run.WritesCalls())
+    if (writesCalls)
         context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
                                      TMsgDlgType::mtInformation, {mrOk});
     return true;

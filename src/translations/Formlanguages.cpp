@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 
+#include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "tables/Languages.h"
@@ -48,8 +49,19 @@ std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
     return answer == mrYes ? dispatcher : nullptr;
 }
 
+/// Another base language changes what all texts are translated from.
+bool ConfirmBase(TContext& context, const std::string& base, const std::string& newBase,
+                 const TStringList& formerNames) {
+    if (formerNames[0] == base) return true;
+    return context.Dialogs().MessageDlg(
+               Format("%s would be the base language in place of %s, for every text. Continue?", newBase,
+                      base),
+               TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
+}
+
 /// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
-void ApplyNames(TContext& context, TFormRow& row, const TStringList& names, TmlLangDispatcher* dispatcher) {
+void ApplyNames(TContext& context, TFormRow& row, const TStringList& names, const TStringList& formerNames,
+                TmlLangDispatcher* dispatcher) {
     if (dispatcher != nullptr) {
         dispatcher->SetLangNames(names);
         MarkModifiedForm(context, row.FormName);
@@ -58,6 +70,7 @@ void ApplyNames(TContext& context, TFormRow& row, const TStringList& names, TmlL
     TLangSetUp setUp;
     setUp.NumLang = names.Count();
     setUp.LangNamesText = names.Text();
+    setUp.FormerNames = formerNames;
     setUp.InsertIfMissing = true;
     SetUpLang(context, &row, setUp);
 }
@@ -74,12 +87,16 @@ void sbLanguagesClick(TContext& context) {
     TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
                         : lang != nullptr     ? lang->GetLangNames()
                                               : DefaultNames(context.Settings.Get());
-    if (ConfigureLanguages(context, names) != mrOk) return;
+    const TStringList present = names;
+    TStringList formerNames;
+    if (ConfigureLanguages(context, names, &formerNames) != mrOk) return;
+    const bool hasBase = lang != nullptr && !present.Empty() && !names.Empty();
+    if (hasBase && !ConfirmBase(context, present[0], names[0], formerNames)) return;
     std::deque<TRowGuard> rows;
     for (TFormRow* row = first; row != nullptr; row = context.Rows.Active().NextSelected(*row))
         rows.emplace_back(*row);
     const auto scope = BeginCommand(context, "Languages");
-    ApplyNames(context, *first, names, dispatcher.get());
+    ApplyNames(context, *first, names, formerNames, dispatcher.get());
     if (linked.Lease != nullptr) linked.Lease->Save();
     lease.Save();
     scope->Commit();

@@ -24,7 +24,10 @@ int NumberOf(const std::string& text) {
 }  // namespace
 
 TfrmLangConfig::TfrmLangConfig(IDialogs& dialogs, const std::string& defaultNames, const TStringList& names)
-    : lbLangNames(names), dialogs_(dialogs), defaultNames_(SplitLangNames(defaultNames)) {
+    : lbLangNames(names),
+      dialogs_(dialogs),
+      defaultNames_(SplitLangNames(defaultNames)),
+      formerNames_(names) {
     Name = "frmLangConfig";
     Caption = "Configure Languages";
     edLangCountChange(std::to_string(names.Count()));
@@ -49,17 +52,25 @@ void TfrmLangConfig::CountChanged() {
         const bool hasDefault = defaultNames_.Count() > i && lbLangNames.IndexOf(defaultNames_[i]) < 0;
         lbLangNames.Add(hasDefault ? defaultNames_[i] : GeneratedLangName(i + 1));
     }
+    while (formerNames_.Count() < lbLangNames.Count())
+        formerNames_.Add("");
     Selected.resize(lbLangNames.Items().size());
     Changed();
 }
 
+void TfrmLangConfig::Move(void (*move)(TStringList&, std::vector<bool>&)) {
+    std::vector<bool> selected = Selected;
+    move(formerNames_, selected);
+    move(lbLangNames, Selected);
+}
+
 void TfrmLangConfig::btnMoveUpClick() {
-    MoveSelectedUp(lbLangNames, Selected);
+    Move(MoveSelectedUp);
     Changed();
 }
 
 void TfrmLangConfig::btnMoveDownClick() {
-    MoveSelectedDown(lbLangNames, Selected);
+    Move(MoveSelectedDown);
     Changed();
 }
 
@@ -85,14 +96,17 @@ void TfrmLangConfig::btnDeleteClick() {
     if (dialogs_.MessageDlg("Delete selected language name(s)?", TMsgDlgType::mtConfirmation,
                             {mrYes, mrNo}) != mrYes)
         return;
-    EraseSelected(lbLangNames, Selected);
+    Move(EraseSelected);
     edLangCountChange(std::to_string(lbLangNames.Count()));
 }
 
-TModalResult ConfigureLanguages(TContext& context, TStringList& names) {
+TModalResult ConfigureLanguages(TContext& context, TStringList& names, TStringList* formerNames) {
     TfrmLangConfig window(context.Dialogs(), context.Settings.Get().DefaultLangNames, names);
     const TModalResult result = context.Dialogs().ShowModal(window);
-    if (result == mrOk) names = window.lbLangNames;
+    if (result == mrOk) {
+        names = window.lbLangNames;
+        if (formerNames != nullptr) *formerNames = window.FormerNames();
+    }
     return result;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <tuple>
 
 #include "base/Errors.h"
@@ -182,6 +183,72 @@ TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
     EXPECT_EQ(Names("Form1"), (std::vector<std::string>{"English", "German", "French", "Language N4"}));
     EXPECT_FALSE(IsFileOpen(Context(), "/p/Unit2.pas"));
     EXPECT_NE(Files.Files["/p/Unit2.dfm"].find("NumOfLanguages = 4"), std::string::npos);
+}
+
+TEST_F(TInsertion, TextsGoWithTheirLanguages) {
+    const std::string form = Files.Files["/p/Unit2.dfm"];
+    std::string other = form;
+    other.replace(other.find("Form2: TForm2"), 13, "Form1: TForm1");
+    other.replace(other.find("'German'"), 8, "'Tongue'");
+    other.replace(other.find("'French'"), 8, "'German'");
+    // The line of the one string, "|" between its fields.
+    const auto lineOf = [this](const char* file) {
+        std::string line = Files.Files[file];
+        line.erase(0, line.find("'IDS_0") + 1);
+        line.erase(line.find(')') - 1);
+        for (std::size_t at = line.find("'#1'"); at != std::string::npos; at = line.find("'#1'"))
+            line.replace(at, 4, "|");
+        std::replace(line.begin(), line.end(), '\x01', '|');
+        return line;
+    };
+    // Base, German and French are deleted or moved in the window, or by their names; confirmed, where asked.
+    const struct {
+        std::vector<bool> Selected;
+        bool Up;
+        const char* Asked;
+        TModalResult Answer;
+        const char *Texts, *OtherTexts;
+    } rows[] = {
+        {{false, true, false}, false, "", mrNone, "IDS_0|Known|Connu", "IDS_0|Known|Bekannt"},
+        {{false, false, true}, true, "", mrNone, "IDS_0|Known|Connu|Bekannt", ""},
+        {{true, false, false},
+         false,
+         "German would be the base language in place of English, for every text. "
+         "Continue?",
+         mrNo,
+         "IDS_0|Known|Bekannt|Connu",
+         ""},
+        {{true, false, false},
+         false,
+         "German would be the base language in place of English, for every text. "
+         "Continue?",
+         mrYes,
+         "IDS_0|Bekannt|Connu",
+         ""},
+    };
+    for (const auto& row : rows) {
+        Files.Files["/p/Unit2.dfm"] = form;
+        Files.Files["/p/Unit1.dfm"] = other;
+        if (Expert == nullptr) Open();
+        Expert->RunItemClick();
+        Select("Form2");
+        Row("Form1").Selected = *row.OtherTexts != 0;
+        Languages([&](TfrmLangConfig& window) {
+            window.Selected = row.Selected;
+            if (row.Up) {
+                window.btnMoveUpClick();
+            } else {
+                User.OnMessage("Delete selected language name(s)?", mrYes);
+                window.btnDeleteClick();
+            }
+            if (row.Answer != mrNone) User.OnMessage(row.Asked, row.Answer);
+            window.ModalResult = mrOk;
+        });
+        EXPECT_EQ(lineOf("/p/Unit2.dfm"), row.Texts) << row.Asked;
+        if (*row.OtherTexts != 0) {
+            EXPECT_EQ(lineOf("/p/Unit1.dfm"), row.OtherTexts);
+        }
+    }
 }
 
 TEST_F(TInsertion, TheLanguagesCommandIsMadeForAllRowsOrForNone) {

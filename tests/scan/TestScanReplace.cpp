@@ -298,7 +298,7 @@ TEST_F(TScanReplace, WithoutACallNothingIsInsertedAndNoUnitUsed) {
         });
         EXPECT_TRUE(DoScanReplace(Context(), ScanMemory(), Row("Form1"), "/p/Helper.pas", constSection));
         Ide.SaveAll();
-        EXPECT_TRUE(Contains(Files.Files["/p/Helper.pas"], "{TML:IGNORE ON}\r\n  A = 'One';"));
+        EXPECT_EQ(Contains(Files.Files["/p/Helper.pas"], "{TML:IGNORE ON}\r\n  A = 'One';"), !constSection);
         Ide.Undo("/p/Helper.pas");
         Ide.SaveAll();
         EXPECT_EQ(Files.Files, files);

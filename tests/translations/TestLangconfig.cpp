@@ -40,12 +40,15 @@ TEST(Langconfig, NamesAreMovedRenamedAddedAndDeleted) {
     user.OnInput("Enter new language name:", "A");
     window.btnRenameClick();
     EXPECT_EQ(user.Proposed, "a");
+    EXPECT_EQ(window.FormerNames(), TStringList({"b", "a", "c", "d"}))
+        << "a renamed language keeps its texts";
     user.OnMessage("Delete selected language name(s)?", mrYes);
     window.btnDeleteClick();
     EXPECT_EQ(window.lbLangNames, TStringList({"b"}));
     user.OnInput("Enter new language name:", "b");
     window.btnAddClick();
     EXPECT_EQ(window.lbLangNames, TStringList({"b", "b"}));
+    EXPECT_EQ(window.FormerNames(), TStringList({"b", ""}));
     EXPECT_EQ(window.edLangCount, "2");
 }
 

@@ -1,0 +1,2 @@
+object PlanningForm: TPlanningForm
+end

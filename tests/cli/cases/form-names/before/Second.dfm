@@ -1,0 +1,2 @@
+object TwinForm: TTwinForm
+end
