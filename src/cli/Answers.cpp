@@ -2,10 +2,16 @@
 
 #include <algorithm>
 
-#include "scan/Found.h"
-#include "scan/Selunit.h"
-
 namespace tml {
+namespace {
+
+std::string OnOneLine(std::string text) {
+    for (std::size_t pos = 0; (pos = text.find("\r\n", pos)) != std::string::npos;)
+        text.replace(pos, 2, " ");
+    return text;
+}
+
+}  // namespace
 
 void TAnswers::ClearMessages() {
     Errors.clear();
@@ -17,7 +23,7 @@ TModalResult TAnswers::MessageDlg(const std::string& text, TMsgDlgType type, con
         return std::find(buttons.begin(), buttons.end(), result) != buttons.end();
     };
     if (type == TMsgDlgType::mtError) Errors.push_back(text);
-    if (type == TMsgDlgType::mtInformation) Information.push_back(text);
+    if (type == TMsgDlgType::mtInformation) Information.push_back(OnOneLine(text));
     if (!offers(mrYes)) return mrOk;
     if (type != TMsgDlgType::mtWarning || yes_) return mrYes;
     Errors.push_back(text + " (say --yes to go on)");
@@ -33,9 +39,8 @@ TModalResult TAnswers::ShowModal(TForm& form) {
     progress_.Hide();
     form.Visible = true;
     form.FormShow();
-    if (auto* found = dynamic_cast<TfrmFound*>(&form); found != nullptr && Review) Review(*found);
-    if (auto* units = dynamic_cast<TfrmTranslUnits*>(&form); units != nullptr && ChooseUnits)
-        ChooseUnits(*units);
+    const auto answer = windows_.find(typeid(form));
+    if (answer != windows_.end()) answer->second(form);
     form.Visible = false;
     form.FormClose();
     return form.ModalResult == mrNone ? mrCancel : form.ModalResult;

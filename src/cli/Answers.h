@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <string>
+#include <typeindex>
+#include <unordered_map>
 #include <vector>
 
 #include "cli/Progressline.h"
@@ -9,19 +11,21 @@
 
 namespace tml {
 
-class TfrmFound;
-class TfrmTranslUnits;
-
 /// Answers the system's questions from the command's options. Naming the command is consent to what it
 /// does; a warning (overwriting, deleting) is answered with Yes only on --yes.
 class TAnswers : public IDialogs {
   public:
     explicit TAnswers(bool yes) : yes_(yes) {}
 
-    /// What stands in for the person in the review: changes the rows and closes the window.
-    std::function<void(TfrmFound&)> Review;
-    /// What stands in for the person in the choice of units.
-    std::function<void(TfrmTranslUnits&)> ChooseUnits;
+    /// Has the answer stand in for the person in every window of the class: it works with the window until
+    /// that has a ModalResult. A window that nobody answers is cancelled.
+    template <typename Form>
+    void On(std::function<void(Form&)> answer) {
+        windows_[typeid(Form)] = [answer = std::move(answer)](TForm& form) {
+            answer(dynamic_cast<Form&>(form));
+        };
+    }
+
     /// Error messages shown since the last ClearErrors.
     std::vector<std::string> Errors;
     /// Texts of information since the last ClearErrors.
@@ -38,6 +42,7 @@ class TAnswers : public IDialogs {
 
   private:
     bool yes_;
+    std::unordered_map<std::type_index, std::function<void(TForm&)>> windows_;
     TProgressLine progress_;
 };
 

@@ -1,7 +1,10 @@
+#include "cli/Formfilecommands.h"
+
 #include <iostream>
 #include <memory>
 
-#include "cli/Program.h"
+#include "base/Errors.h"
+#include "cli/Terminal.h"
 #include "forms/Formtree.h"
 
 namespace tml {
@@ -23,6 +26,9 @@ void AddConversion(CLI::App* command, TProgram& program, TConversion conversion)
             const auto tree =
                 TFormTree::Parse(shared.Files->Read(options->File), options->File, options->CodePage);
             const std::string bytes = (tree.get()->*conversion)();
+            if (conversion == &TFormTree::Binary && IsTerminal(TStream::Output))
+                throw EBadInput("", 0, "a binary form file would be written to the terminal",
+                                "Say > FILE behind the command");
             std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
             return static_cast<int>(kDone);
         };

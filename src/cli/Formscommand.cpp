@@ -1,3 +1,5 @@
+#include "cli/Formscommand.h"
+
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -5,6 +7,7 @@
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
+#include "cli/Shownpath.h"
 
 namespace tml {
 namespace {
@@ -41,16 +44,37 @@ void PrintTable(const std::vector<TCells>& rows) {
     }
 }
 
-void PrintText(TContext& context, const std::string& folder) {
+void PrintText(TContext& context) {
     std::vector<TCells> table = {{"Form Name", "Unit Name", "File Name", "Languages", "TmlLang", "Class"}};
     for (const auto& row : context.Rows.FormNames.Items())
-        table.push_back({row->FormName, row->UnitName, RelativeTo(folder, row->FileName),
-                         row->Cell(fcLanguages), row->Cell(fcComponent), row->Component.ClassName});
+        table.push_back({row->FormName, row->UnitName, ShownPath(row->FileName), row->Cell(fcLanguages),
+                         row->Cell(fcComponent), row->Component.ClassName});
     PrintTable(table);
     for (const std::string& unit : context.Project.UnitFiles)
-        std::cout << "unit without a form: " << RelativeTo(folder, unit) << "\n";
+        std::cout << "unit without a form: " << ShownPath(unit) << "\n";
     const auto& panels = context.Rows.StatusPanels;
     std::cout << panels[0] << "  " << panels[1] << "  " << panels[2] << "\n";
+}
+
+/// Which of the group's projects was listed, and which others there are.
+void PrintGroup(const TProgram& program, IOTAProjectGroup& group) {
+    if (group.GetProjectCount() < 2) return;
+    const std::string shown = group.GetActiveProject()->GetFileName();
+    TStringList projects;
+    std::string others;
+    for (int i = 0; i < group.GetProjectCount(); ++i) {
+        const std::string file = group.GetProject(i)->GetFileName();
+        projects.Add(file);
+        if (file != shown) others += (others.empty() ? "" : ", ") + WithExtension(FileNameOf(file), "");
+    }
+    if (program.Json)
+        TJsonLine(std::cout)
+            .Text("group", group.GetFileName())
+            .Text("project", shown)
+            .Texts("projects", projects);
+    else
+        std::cout << "This is " << WithExtension(FileNameOf(shown), "") << " of "
+                  << FileNameOf(group.GetFileName()) << "; say --project for " << others << "\n";
 }
 
 int RunForms(TProgram& program, const std::string& project) {
@@ -58,7 +82,8 @@ int RunForms(TProgram& program, const std::string& project) {
     if (program.Json)
         PrintJson(session.Context());
     else
-        PrintText(session.Context(), FolderOf(program.Files->Resolve(project)));
+        PrintText(session.Context());
+    PrintGroup(program, *session.Modules().GetMainProjectGroup());
     return session.ExitCode();
 }
 

@@ -1,3 +1,5 @@
+#include "cli/Insertcommands.h"
+
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -67,6 +69,7 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
             report << row.FormName << ": " << name << (had ? " is there already" : " inserted") << "\n";
     });
     session.Ide().SaveAll();
+    program.HasWritten = true;
     std::cout << report.str();
     return session.ExitCode();
 }
@@ -149,6 +152,7 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
         PrintLanguages(program, session, row, true);
     });
     session.Ide().SaveAll();
+    program.HasWritten = true;
     return session.ExitCode();
 }
 

@@ -15,10 +15,13 @@ enum TExitCode : int { kDone = 0, kFindings = 1, kBadInput = 2, kDoneInPart = 3 
 struct TProgram {
     bool Json = false;
     bool Yes = false;
-    std::string ConfigFolder;  ///< of the settings; the user's unless --config names another
-    std::string ProjectName;   ///< of the group's project to work on; "" for its active one
+    /// Of the settings; the user's unless --config names another, "" where the system knows of no user's.
+    std::string ConfigFolder;
+    std::string ProjectName;  ///< of the group's project to work on; "" for its active one
     /// Class of inserted components in this run, the user's default when empty.
     std::string ComponentClass;
+    bool MakesConfig = false;  ///< the command stores settings and makes their folder
+    bool HasWritten = false;   ///< what the command was asked for is on the disk, whatever comes behind
     IFileSystem* Files = nullptr;
     /// Set by the command that the arguments name; gives the exit code.
     std::function<int(TProgram&)> Run;
@@ -26,15 +29,6 @@ struct TProgram {
 
 /// Adds a command's arguments and, once it is chosen, its work. One file a command.
 using TAddCommand = void (*)(CLI::App&, TProgram&);
-
-void AddFormsCommand(CLI::App& app, TProgram& program);
-void AddScanCommand(CLI::App& app, TProgram& program);
-void AddReplaceCommand(CLI::App& app, TProgram& program);
-void AddInsertCommand(CLI::App& app, TProgram& program);
-void AddLanguagesCommand(CLI::App& app, TProgram& program);
-void AddFormTextCommand(CLI::App& app, TProgram& program);
-void AddFormBinaryCommand(CLI::App& app, TProgram& program);
-void AddSettingsCommand(CLI::App& app, TProgram& program);
 
 /// A sub-command with its description and, below the options, examples.
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,

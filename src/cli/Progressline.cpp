@@ -3,12 +3,7 @@
 #include <iostream>
 
 #include "cli/Interrupt.h"
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include "cli/Terminal.h"
 
 namespace tml {
 namespace {
@@ -16,17 +11,9 @@ namespace {
 constexpr auto kDelay = std::chrono::milliseconds(100);
 constexpr auto kPeriod = std::chrono::milliseconds(50);
 
-bool IsTerminal() {
-#ifdef _WIN32
-    return _isatty(2) != 0;
-#else
-    return ::isatty(STDERR_FILENO) != 0;
-#endif
-}
-
 }  // namespace
 
-TProgressLine::TProgressLine() : terminal_(IsTerminal()), next_(TClock::now() + kDelay) {}
+TProgressLine::TProgressLine() : terminal_(IsTerminal(TStream::Error)), next_(TClock::now() + kDelay) {}
 
 bool TProgressLine::Show(const std::string& text, int position, int maximum) {
     if (terminal_ && TClock::now() >= next_) {

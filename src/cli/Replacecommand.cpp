@@ -1,3 +1,5 @@
+#include "cli/Replacecommand.h"
+
 #include <iostream>
 #include <map>
 #include <memory>
@@ -7,7 +9,9 @@
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
 #include "cli/Session.h"
+#include "cli/Shownpath.h"
 #include "scan/Found.h"
+#include "scan/Scanreplace.h"
 #include "scan/Selunit.h"
 
 namespace tml {
@@ -47,7 +51,8 @@ class TReplaceRun {
   public:
     TReplaceRun(TProgram& program, const TReplaceOptions& options)
         : program_(program), options_(options), session_(program, options.Project) {
-        session_.Answers().Review = [this](TfrmFound& found) { decision_ = Decide(found, options_.All); };
+        session_.Answers().On<TfrmFound>(
+            [this](TfrmFound& found) { decision_ = Decide(found, options_.All); });
     }
 
     int Run() {
@@ -60,34 +65,21 @@ class TReplaceRun {
         if (!options_.Patch && !options_.DryRun) {
             command->Commit();
             session_.Ide().SaveAll();
+            program_.HasWritten = true;
         }
         (options_.Patch ? std::cerr : std::cout) << report_.str();
         return session_.ExitCode();
     }
 
   private:
-    void ReplaceIn(TFormRow& row) {
-        const std::string file = row.FileName;
-        const std::string form = row.FormName;
-        session_.Select(row);
-        RunAndPrint(options_.Const ? "ConstWithForm" : "SourceWithForm", form, file);
-    }
+    void ReplaceIn(TFormRow& row) { RunAndPrint(row, row.FormName, row.FileName); }
 
     /// Units one by one, so that one that fails does not keep the others back.
     void ReplaceInUnits() {
-        const std::string form = session_.Rows({ReceivingForm()}).front()->FormName;
+        TFormRow& form = *session_.Rows({ReceivingForm()}).front();
         for (const std::string& unit : UnitFiles()) {
-            session_.Answers().ChooseUnits = [&](TfrmTranslUnits& window) {
-                window.lbUnits.Selected.assign(window.lbUnits.Selected.size(), false);
-                window.lbUnits.Selected.at(static_cast<std::size_t>(window.lbUnits.Items.IndexOf(unit))) =
-                    true;
-                window.cbForm.ItemIndex = window.cbForm.Items.IndexOf(form);
-                window.btOKClick();
-            };
-            const std::string name = RelativeTo(folder_, unit);
-            session_.Attempt(name, [&] {
-                RunAndPrint(options_.Const ? "ConstWithoutForm" : "SourceWithoutForm", name, unit);
-            });
+            const std::string name = ShownPath(unit);
+            session_.Attempt(name, [&] { RunAndPrint(form, name, unit); });
         }
     }
 
@@ -117,14 +109,16 @@ class TReplaceRun {
         return files;
     }
 
-    void RunAndPrint(const char* command, const std::string& subject, const std::string& file) {
+    void RunAndPrint(TFormRow& form, const std::string& subject, const std::string& file) {
         decision_ = {};
-        session_.Window().Run(command);
+        session_.Run([&](TContext& context, TSubjects& subjects) {
+            DoScanReplace(context, subjects.Scan, form, file, options_.Const);
+        });
         if (!session_.Answers().Errors.empty()) return;
         if (program_.Json)
             PrintJson(file);
         else
-            PrintText(subject, RelativeTo(folder_, file));
+            PrintText(subject, ShownPath(file));
     }
 
     void PrintJson(const std::string& file) {
@@ -143,6 +137,12 @@ class TReplaceRun {
             print(row, "replaced");
         for (const TFoundRow& row : decision_.LeftOut)
             print(row, "left");
+        TJsonLine(report_)
+            .Text("kind", "unit")
+            .Text("file", file)
+            .Number("replaced", static_cast<std::int64_t>(decision_.Replaced.size()))
+            .Number("left", static_cast<std::int64_t>(decision_.LeftOut.size()))
+            .Texts("messages", session_.Answers().Information);
     }
 
     void PrintText(const std::string& subject, const std::string& file) {
@@ -171,7 +171,6 @@ class TReplaceRun {
     TProgram& program_;
     const TReplaceOptions& options_;
     TSession session_;
-    std::string folder_ = FolderOf(program_.Files->Resolve(options_.Project));
     TDecision decision_;
     std::ostringstream report_;  ///< told when the files are written, not before
 };

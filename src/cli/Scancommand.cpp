@@ -1,10 +1,17 @@
+#include "cli/Scancommand.h"
+
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <memory>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "cli/Jsonlines.h"
+#include "cli/Scanpaths.h"
 #include "cli/Scantargets.h"
+#include "cli/Shownpath.h"
+#include "cli/Terminal.h"
 #include "projects/Listablefiles.h"
 #include "projects/Projectfiles.h"
 
@@ -15,10 +22,15 @@ struct TScanOptions {
     std::vector<std::string> Paths;
     std::vector<std::string> Forms;
     std::vector<std::string> Units;
+    std::vector<std::string> Excluded;  ///< globs
+    std::string InputName = "standard input";
     bool Skipped = false;
     bool Count = false;
     bool Fail = false;
+    bool All = false;  ///< strings that carry an advice fail as well
 };
+
+constexpr const char* kStandardInput = "-";
 
 /// Turns ascending offsets of a text into lines and columns in one pass.
 class TLineCounter {
@@ -66,7 +78,7 @@ class TScanRun {
         if (options_.Count) PrintCount();
         if (failures_ > 0 && scanned_ == 0) return kBadInput;
         if (failures_ > 0 || incomplete_ || workplace_.HasProblems()) return kDoneInPart;
-        return options_.Fail && found_ > 0 ? kFindings : kDone;
+        return options_.Fail && failing_ > 0 ? kFindings : kDone;
     }
 
   private:
@@ -99,8 +111,11 @@ class TScanRun {
     }
 
     std::vector<TScanTarget> FindTargets() {
+        if (options_.Paths == std::vector<std::string>{kStandardInput}) return {{kStandardInput, ""}};
         TListableFiles files(*program_.Files);
-        std::vector<TScanTarget> targets = TargetsOfPaths(files, options_.Paths);
+        std::vector<TScanTarget> targets;
+        for (std::string& file : FindUnitFiles(files, options_.Paths, options_.Excluded))
+            targets.push_back({std::move(file), ""});
         for (const auto& [folder, reason] : files.Refused())
             Fail(reason);
         return targets;
@@ -115,8 +130,8 @@ class TScanRun {
     void ScanOne(const TScanTarget& target) {
         try {
             TScanInput input = ScanInputOf(settings_.Get(), common_);
-            ReadTarget(workplace_, target, shared_, input);
-            if (options_.Count && !options_.Skipped)
+            if (!Take(target, input)) return;
+            if (options_.Count && !options_.Skipped && !options_.Fail)
                 found_ += CountStrings(input);
             else
                 Print(input);
@@ -126,20 +141,43 @@ class TScanRun {
         }
     }
 
+    /// False for a file of a folder that is no text.
+    bool Take(const TScanTarget& target, TScanInput& input) {
+        if (shared_.Others != nullptr) {
+            ReadTarget(workplace_, target, shared_, input);
+            return true;
+        }
+        const bool isInput = target.FileName == kStandardInput;
+        const std::string bytes = isInput ? std::string(std::istreambuf_iterator<char>(std::cin), {})
+                                          : program_.Files->Read(target.FileName);
+        if (IsBinary(bytes)) {
+            const auto& named = options_.Paths;
+            if (std::find(named.begin(), named.end(), target.FileName) == named.end()) return false;
+            throw EBadInput(target.FileName, 0, "is no text: there are zero bytes in it",
+                            "Name a source file");
+        }
+        TakeLooseUnit(isInput ? options_.InputName : target.FileName, bytes, shared_, input);
+        return true;
+    }
+
     void Print(const TScanInput& input) {
         TScanResult result = Scan(input);
         VerifyAgainstExisting(result.Found, input.Existing, CallStyleOf(input));
         MergeDuplicates(result.Found);
         found_ += result.Found.Count();
+        failing_ += std::count_if(result.Found.begin(), result.Found.end(), [this](const auto& found) {
+            return options_.All || found.Advice == TAdvice::None;
+        });
         skipped_ += static_cast<std::int64_t>(result.Skipped.size());
         if (options_.Count) return;
+        const std::string file = program_.Json ? input.FileName() : ShownPath(input.FileName());
         TLineCounter lines(input.Text());
         for (const TmlFoundSourceString& found : result.Found)
-            PrintFound(input.FileName(), found, lines);
+            PrintFound(file, found, lines);
         if (!options_.Skipped) return;
         TLineCounter skippedLines(input.Text());
         for (const TmlSkippedString& skipped : result.Skipped)
-            PrintSkipped(input.FileName(), skipped, skippedLines);
+            PrintSkipped(file, skipped, skippedLines);
     }
 
     void PrintFound(const std::string& file, const TmlFoundSourceString& found, TLineCounter& lines) const {
@@ -147,9 +185,9 @@ class TScanRun {
         const int line = lines.LineOf(offset);
         const std::string_view advice = AdviceWord(found.Advice);
         if (!program_.Json) {
-            std::cout << file << ":" << line << ":" << lines.ColumnOf(offset) << ": " << found.StrID << " '"
-                      << found.StrContent << "'" << (advice.empty() ? "" : " [" + std::string(advice) + "]")
-                      << "\n";
+            std::cout << Place(file, line) << ":" << lines.ColumnOf(offset) << ": "
+                      << Styled(TStream::Output, TStyle::Name, found.StrID) << " '" << found.StrContent << "'"
+                      << (advice.empty() ? "" : " [" + std::string(advice) + "]") << "\n";
             return;
         }
         TJsonLine row(std::cout);
@@ -167,9 +205,9 @@ class TScanRun {
 
     void PrintSkipped(const std::string& file, const TmlSkippedString& skipped, TLineCounter& lines) const {
         const int line = lines.LineOf(static_cast<std::size_t>(skipped.Position));
-        const std::string_view reason = SkipReasonName(skipped.Reason);
         if (!program_.Json) {
-            std::cout << file << ":" << line << ": skipped '" << Trim(skipped.Text) << "' " << reason << "\n";
+            std::cout << Place(file, line) << ": skipped '" << Trim(skipped.Text) << "' ["
+                      << SkipReasonWord(skipped.Reason) << "]\n";
             return;
         }
         TJsonLine(std::cout)
@@ -178,7 +216,11 @@ class TScanRun {
             .Number("line", line)
             .Number("offset", skipped.Position)
             .Text("text", skipped.Text)
-            .Text("reason", reason);
+            .Text("reason", SkipReasonName(skipped.Reason));
+    }
+
+    static std::string Place(const std::string& file, int line) {
+        return Styled(TStream::Output, TStyle::Place, file + ":" + std::to_string(line));
     }
 
     void PrintCount() const {
@@ -200,6 +242,7 @@ class TScanRun {
     TScanShared shared_;
     TProgressLine progress_;
     std::int64_t found_ = 0;
+    std::int64_t failing_ = 0;  ///< found ones for which a run fails that is asked to
     std::int64_t skipped_ = 0;
     int scanned_ = 0;
     int failures_ = 0;         ///< units that cannot be read, folders that cannot be listed
@@ -214,9 +257,21 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
                    "  tmllang scan Orchard.dproj --skipped\n"
                    "  tmllang scan Orchard.dproj --form MainForm --json\n"
                    "  tmllang scan src/Unit1.pas lib/ --count\n"
+                   "  tmllang scan . --exclude 'vendor/**' --exclude '*_test.pas'\n"
+                   "  git show HEAD:Unit1.cpp | tmllang scan - --input-name Unit1.cpp\n"
                    "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
     const auto options = std::make_shared<TScanOptions>();
-    command->add_option("PATH", options->Paths, "One project file, or unit files and folders")->required();
+    command
+        ->add_option("PATH", options->Paths,
+                     "One project file, or unit files and folders, or - for standard input")
+        ->required();
+    command
+        ->add_option("--exclude", options->Excluded,
+                     "Passes over what fits the pattern in a folder, by name or by path; may be repeated")
+        ->type_name("GLOB")
+        ->allow_extra_args(false);
+    command->add_option("--input-name", options->InputName,
+                        "Name of standard input; its extension tells the language");
     command
         ->add_option("--form", options->Forms, "Only the unit of this form of the project; may be repeated")
         ->allow_extra_args(false);
@@ -224,7 +279,8 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
         ->allow_extra_args(false);
     command->add_flag("--skipped", options->Skipped, "Also what was passed over, with the reason");
     command->add_flag("--count", options->Count, "Only count");
-    command->add_flag("--fail", options->Fail, "Exit code 1 when strings are found");
+    command->add_flag("--fail", options->Fail, "Exit code 1 when strings are found that carry no advice");
+    command->add_flag("--all", options->All, "With --fail: strings that carry an advice count too");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TScanRun(shared, *options).Run(); };
     });

@@ -1,7 +1,6 @@
 #include "cli/Scantargets.h"
 
 #include <algorithm>
-#include <set>
 
 #include "base/Codedtext.h"
 #include "base/Folderindex.h"
@@ -11,47 +10,6 @@
 
 namespace tml {
 namespace {
-
-constexpr const char* kUnitExtensions[] = {".pas", ".pp", ".dpr", ".lpr", ".inc", ".cpp", ".c", ".h"};
-
-bool IsUnitFile(const std::string& name) {
-    const std::string extension = ExtensionOf(name);
-    return std::any_of(std::begin(kUnitExtensions), std::end(kUnitExtensions),
-                       [&](const char* known) { return SameText(extension, known); });
-}
-
-/// Walks folders in order; a folder that links lead to twice is walked once.
-class TFolderWalk {
-  public:
-    TFolderWalk(IFileSystem& files, std::vector<TScanTarget>& found) : files_(files), found_(found) {}
-
-    void Visit(const std::string& top) {
-        std::vector<std::string> waiting = {top};
-        while (!waiting.empty()) {
-            const std::string folder = waiting.back();
-            waiting.pop_back();
-            if (seen_.insert(files_.Resolve(folder)).second) List(folder, waiting);
-        }
-    }
-
-  private:
-    void List(const std::string& folder, std::vector<std::string>& waiting) {
-        const std::size_t first = waiting.size();
-        for (const std::string& name : files_.List(folder)) {
-            const std::string path = JoinPath(folder, name);
-            const auto info = files_.Stat(path);
-            if (info && info->IsFolder)
-                waiting.push_back(path);
-            else if (info && IsUnitFile(name))
-                found_.push_back({path, ""});
-        }
-        std::reverse(waiting.begin() + static_cast<std::ptrdiff_t>(first), waiting.end());
-    }
-
-    IFileSystem& files_;
-    std::vector<TScanTarget>& found_;
-    std::set<std::string> seen_;
-};
 
 bool IsNamed(const std::vector<std::string>& names, const std::string& name) {
     return std::any_of(names.begin(), names.end(),
@@ -130,20 +88,6 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
     return targets;
 }
 
-std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<std::string>& paths) {
-    std::vector<TScanTarget> found;
-    TFolderWalk walk(files, found);
-    for (const std::string& path : paths) {
-        const auto info = files.Stat(path);
-        if (!info) throw EFileError(path, 0, "is not there", "Check the name");
-        if (info->IsFolder)
-            walk.Visit(path);
-        else
-            found.push_back({path, ""});
-    }
-    return found;
-}
-
 TScanShared SharedOfPaths(const std::string& defaultClass) {
     TScanShared shared{defaultClass, nullptr, {}};
     shared.ForUnits.Component.ComponentName = InsertedName(defaultClass, "");
@@ -173,15 +117,16 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
     return shared;
 }
 
+void TakeLooseUnit(const std::string& fileName, std::string_view bytes, const TScanShared& shared,
+                   TScanInput& input) {
+    // There is no code page that an IDE would read the unit in.
+    input.Source = ReadSource(TCodedText::TextOf(bytes), fileName);
+    TakeReceiver(input, shared.ForUnits, true);
+}
+
 void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanShared& shared,
                 TScanInput& input) {
     input.Others = shared.Others;
-    // Outside a project there is no code page that an IDE would read the unit in.
-    if (shared.Others == nullptr) {
-        input.Source =
-            ReadSource(TCodedText::TextOf(workplace.Host().Files->Read(target.FileName)), target.FileName);
-        return TakeReceiver(input, shared.ForUnits, true);
-    }
     const TOpenModule module(workplace, target.FileName);
     TakeUnit(input, *module);
     if (target.FormName.empty())

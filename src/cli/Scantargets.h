@@ -23,9 +23,6 @@ struct TScanTarget {
 std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vector<std::string>& forms,
                                           const std::vector<std::string>& units);
 
-/// Every unit file that the paths name, folders searched through; EFileError for a path that is not there.
-std::vector<TScanTarget> TargetsOfPaths(IFileSystem& files, const std::vector<std::string>& paths);
-
 /// What the units of a scan have in common.
 struct TScanShared {
     std::string DefaultClass;                       ///< of a component that is still to be inserted
@@ -41,8 +38,12 @@ TScanShared SharedOfPaths(const std::string& defaultClass);
 TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultClass,
                             const std::function<void(const EBadInput&)>& onProblem);
 
-/// Fills in a unit: its text and its component with the strings that it holds (the one that an insertion
-/// would create where the form has none). EBadInput for a unit that cannot be read.
+/// Fills in a unit outside a project from its bytes.
+void TakeLooseUnit(const std::string& fileName, std::string_view bytes, const TScanShared& shared,
+                   TScanInput& input);
+
+/// Fills in a unit of the project: its text and its component with the strings that it holds (the one that an
+/// insertion would create where the form has none). EBadInput for a unit that cannot be read.
 void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanShared& shared,
                 TScanInput& input);
 

@@ -4,6 +4,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "cli/Interrupt.h"
+#include "cli/Terminal.h"
 #include "expert/Mllangexp.h"
 
 namespace tml {
@@ -15,7 +16,7 @@ void ExpectNotStopped() {
 
 }  // namespace
 
-TSession::TSession(TProgram& program, const std::string& project) : workplace_(program) {
+TSession::TSession(TProgram& program, const std::string& project) : json_(program.Json), workplace_(program) {
     Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
     expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
@@ -25,8 +26,8 @@ TSession::TSession(TProgram& program, const std::string& project) : workplace_(p
 
 TSession::~TSession() = default;
 
-TfrmmlLang& TSession::Window() {
-    return *expert_->Window();
+TContext& TSession::Context() {
+    return expert_->Context();
 }
 
 std::vector<TFormRow*> TSession::Rows(const std::vector<std::string>& formNames) {
@@ -47,10 +48,9 @@ std::vector<TFormRow*> TSession::Rows(const std::vector<std::string>& formNames)
     return rows;
 }
 
-void TSession::Select(TFormRow& row) {
-    for (const auto& item : Context().Rows.FormNames.Items())
-        item->Selected = item->Focused = item.get() == &row;
-    Window().lvFormNamesChange();
+void TSession::Run(const std::function<void(TContext&, TSubjects&)>& command) {
+    const TCommandGate::TCommand running(Context().Gate);
+    command(Context(), expert_->Subjects());
 }
 
 void TSession::ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work) {
@@ -92,14 +92,17 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
         failed = true;
         Answers().Errors.emplace_back(error.what());
     }
-    failed = PrintErrors(subject) || failed;
-    failures_ += failed ? 1 : 0;
+    PrintMessages(subject);
+    failures_ += failed || !Answers().Errors.empty() ? 1 : 0;
 }
 
-bool TSession::PrintErrors(const std::string& subject) {
+/// Information stands in a field of the JSON.
+void TSession::PrintMessages(const std::string& subject) {
     for (const std::string& error : Answers().Errors)
         PrintMessage(Format("%s: %s", subject, error));
-    return !Answers().Errors.empty();
+    if (json_) return;
+    for (const std::string& text : Answers().Information)
+        PrintMessage(Format("%s: %s", subject, text));
 }
 
 int TSession::ExitCode() {

@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "cli/Workplace.h"
-#include "expert/Mlmainform.h"
+#include "core/Context.h"
+#include "expert/Subjects.h"
 
 namespace tml {
 
 class TmlLangExpert;
 
-/// A project with the expert at work: its package loaded, its main window open.
+/// A project with the expert at work: its package loaded, its forms listed.
 class TSession {
   public:
     TSession(TProgram& program, const std::string& project);
@@ -21,18 +22,17 @@ class TSession {
 
     THeadlessIde& Ide() { return workplace_.Ide(); }
     TAnswers& Answers() { return workplace_.Answers(); }
-    TfrmmlLang& Window();
-    TContext& Context() { return Window().Context; }
+    TContext& Context();
     IOTAModuleServices& Modules() { return workplace_.Modules(); }
 
     /// The rows of the forms with these names, all rows without one. EBadInput for an unknown name.
     std::vector<TFormRow*> Rows(const std::vector<std::string>& formNames);
-    /// Makes this the only selected row, as a click does.
-    void Select(TFormRow& row);
+    /// Runs a function that stands behind a command, as the window would: what the IDE tells meanwhile waits.
+    void Run(const std::function<void(TContext&, TSubjects&)>& command);
 
     /// Does the work for each row, going on behind one that fails; prints what went wrong.
     void ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work);
-    /// Does the work for one subject; what goes wrong is printed under its name, and counts.
+    /// Does the work for one subject; what is said is printed under its name, what goes wrong counts.
     void Attempt(const std::string& subject, const std::function<void()>& work);
     /// What the subjects that failed and the problems of the project make of the exit code.
     int ExitCode();
@@ -40,9 +40,9 @@ class TSession {
   private:
     /// EBadInput with the reason where an error was shown because the form is not as the project says.
     void NoteWrongForm(const TFormRow& row);
-    /// Prints the errors that the system has shown since; true when there were any.
-    bool PrintErrors(const std::string& subject);
+    void PrintMessages(const std::string& subject);
 
+    bool json_;
     TWorkplace workplace_;
     TmlLangExpert* expert_ = nullptr;
     int attempts_ = 0;

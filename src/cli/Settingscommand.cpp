@@ -1,10 +1,11 @@
+#include "cli/Settingscommand.h"
+
 #include <iostream>
 #include <memory>
 #include <optional>
 
 #include "base/Errors.h"
 #include "cli/Jsonlines.h"
-#include "cli/Program.h"
 #include "cli/Userregistry.h"
 #include "core/Settings.h"
 
@@ -25,7 +26,7 @@ void Print(const TProgram& program, IRegistryReader& registry, const TSetting& s
 }
 
 int RunSettings(TProgram& program, const TSettingsOptions& options) {
-    const auto registry = OpenUserRegistry(program);
+    const auto registry = options.Value ? OpenUserRegistry(program) : ReadUserRegistry(program);
     if (options.Name.empty()) {
         const auto stored = registry->OpenForReading();
         for (const TSetting& setting : AllSettings())
@@ -54,6 +55,7 @@ void AddSettingsCommand(CLI::App& app, TProgram& program) {
     command->add_option("NAME", options->Name, "A setting, as the list names it");
     command->add_option("VALUE", options->Value, "Its new value; \\n stands between the lines of a list");
     command->callback([&program, options] {
+        program.MakesConfig = options->Value.has_value();
         program.Run = [options](TProgram& shared) { return RunSettings(shared, *options); };
     });
 }

@@ -3,96 +3,71 @@
 
 #include "base/Diskfiles.h"
 #include "base/Errors.h"
+#include "cli/Commandline.h"
 #include "cli/Interrupt.h"
-#include "cli/Program.h"
+#include "cli/Terminal.h"
 
 namespace tml {
 namespace {
-
-constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,     AddScanCommand,     AddReplaceCommand,    AddInsertCommand,
-    AddLanguagesCommand, AddFormTextCommand, AddFormBinaryCommand, AddSettingsCommand,
-};
-
-constexpr const char* kFooter =
-    "Exit code: 0 done, 1 findings, 2 bad input or usage, 3 done in part.\n"
-    "\"tmllang COMMAND --help\" explains a command and gives examples.";
 
 std::string EnvironmentOf(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? "" : value;
 }
 
-/// The folder of the user's settings, by the conventions of the system.
+/// The folder of the user's settings, by the conventions of the system; "" where it does not tell: a path
+/// of the working folder would be somebody else's.
 std::string UserConfigFolder() {
 #ifdef _WIN32
-    return JoinPath(EnvironmentOf("APPDATA"), "tmllang");
+    const std::string folder = EnvironmentOf("APPDATA");
 #else
     std::string folder = EnvironmentOf("XDG_CONFIG_HOME");
-    if (folder.empty()) folder = JoinPath(EnvironmentOf("HOME"), ".config");
-    return JoinPath(folder, "tmllang");
+    const std::string home = EnvironmentOf("HOME");
+    if (!IsAbsolutePath(folder)) folder = IsAbsolutePath(home) ? JoinPath(home, ".config") : "";
 #endif
+    return folder.empty() ? folder : JoinPath(folder, "tmllang");
 }
 
-int Report(const std::exception& error) {
-    std::cerr << "tmllang: " << error.what() << "\n";
-    return kBadInput;
+/// A folder that was named and is not there is a slip of the pen, not the wish for settings of its own.
+void CheckConfigFolder(const TProgram& program, const std::string& usersFolder) {
+    if (program.MakesConfig || program.ConfigFolder == usersFolder) return;
+    const auto info = program.Files->Stat(program.ConfigFolder);
+    if (!info || !info->IsFolder)
+        throw EBadInput(program.ConfigFolder, 0, "there is no such folder of settings",
+                        "\"tmllang settings NAME VALUE\" makes it");
 }
 
-int RunChosen(TProgram& program) {
+int RunChosen(TProgram& program, const std::string& usersFolder) {
     try {
+        CheckConfigFolder(program, usersFolder);
         const int code = program.Run(program);
         std::cout.flush();
-        if (!std::cout)
-            throw EFileError("standard output", 0, "cannot be written", "Check the disk or the pipe");
-        return code;
+        if (std::cout) return code;
+        PrintMessage(EFileError("standard output", 0, "cannot be written",
+                                program.HasWritten ? "The files of the project are written all the same"
+                                                   : "Check the disk or the pipe")
+                         .what());
+        return program.HasWritten ? kDoneInPart : kBadInput;
     } catch (const EmlLangSilent&) {
         return kBadInput;
     } catch (const std::exception& error) {
-        return Report(error);
+        PrintMessage(error.what());
+        return kBadInput;
     }
 }
 
 int RunProgram(int argc, char** argv) {
     const auto files = MakeDiskFileSystem(Interrupted);
+    const std::string usersFolder = UserConfigFolder();
     TProgram program;
     program.Files = files.get();
-    program.ConfigFolder = UserConfigFolder();
-    CLI::App app(
-        "Localizes projects of forms and units: finds hard-coded strings and moves them into the "
-        "forms' localization components.",
-        "tmllang");
-    app.require_subcommand(1);
-    app.fallthrough();
-    app.set_version_flag("--version", std::string("tmllang ") + TML_VERSION);
-    app.add_flag("--json", program.Json, "Print one JSON object a line");
-    app.add_flag("--yes", program.Yes, "Answer warnings (overwriting, deleting) with Yes");
-    app.add_option("--config", program.ConfigFolder, "Folder of the settings instead of the user's")
-        ->type_name("DIR");
-    app.add_option("--project", program.ProjectName,
-                   "Project of a group to work on instead of its active one")
-        ->type_name("NAME");
-    app.footer(kFooter);
-    for (const TAddCommand add : kCommands)
-        add(app, program);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        const int code = app.exit(error);
-        return code == 0 ? kDone : kBadInput;
-    }
-    return RunChosen(program);
+    program.ConfigFolder = usersFolder;
+    TCommandLine line(program);
+    if (const auto code = line.Parse(argc, argv)) return *code;
+    return RunChosen(program, usersFolder);
 }
 
 }  // namespace
-
-CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
-                     const std::string& examples) {
-    CLI::App* command = app.add_subcommand(name, description);
-    command->footer("Examples:\n" + examples);
-    return command;
-}
-
 }  // namespace tml
 
 int main(int argc, char** argv) {

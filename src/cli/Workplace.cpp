@@ -1,7 +1,6 @@
 #include "cli/Workplace.h"
 
 #include <filesystem>
-#include <iostream>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -10,6 +9,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "cli/Interrupt.h"
+#include "cli/Terminal.h"
 #include "cli/Userregistry.h"
 #include "host/Commonlibrary.h"
 
@@ -33,7 +33,7 @@ std::string ProgramFolder() {
 
 TWorkplace::TWorkplace(TProgram& program)
     : projectName_(program.ProjectName),
-      registry_(OpenUserRegistry(program)),
+      registry_(ReadUserRegistry(program)),
       answers_(program.Yes),
       host_(*program.Files, *registry_, answers_,
             MakeCommonLibraryLoader(CommonLibraryPath(*program.Files, ProgramFolder())), false) {
@@ -68,11 +68,6 @@ void TWorkplace::ChooseProject(const std::string& name) {
         names += (i == 0 ? "" : ", ") + WithExtension(file, "");
     }
     throw EBadInput(group->GetFileName(), 0, "there is no project " + name, "Choose one of " + names);
-}
-
-void PrintMessage(const std::string& text) {
-    std::cout.flush();
-    std::cerr << "tmllang: " << text << "\n";
 }
 
 }  // namespace tml

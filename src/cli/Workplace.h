@@ -38,7 +38,4 @@ class TWorkplace {
     TExpertHost host_;
 };
 
-/// Prints a message of the program to standard error.
-void PrintMessage(const std::string& text);
-
 }  // namespace tml

@@ -101,7 +101,7 @@ TLangPlan PlanTmlLang(TContext& context, TFormRow& row) {
     if (!TestForCorrectForm(context, row)) throw EmlLangSilent();
     const std::string& className = context.Settings.Get().DefaultComp;
     const auto editor = GetFormEditor(context, row.FormName);
-    if (const auto lang = FindCustomLang(context, *editor)) {
+    if (const auto lang = FindCustomLang(*context.Host.Runtime, *editor)) {
         if (!row.HasComponent())
             UpdateItem(&row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang()});
         return {lang->GetName(), lang};

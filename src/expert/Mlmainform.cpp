@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
+#include <stdexcept>
 
 #include "base/Errors.h"
 #include "core/Formrows.h"
@@ -170,7 +170,7 @@ void TfrmmlLang::lvFormNamesColumnClick(int column) {
 }
 
 void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {
-    if (key == kEnter) Run("Translate");
+    if (key == kEnter) Translate();
 }
 
 void TfrmmlLang::SelectAll1Click() {
@@ -226,11 +226,22 @@ void TfrmmlLang::SetChecked(std::string_view commandName, bool checked) {
     Changed();
 }
 
-void TfrmmlLang::Run(std::string_view commandName) {
+TMenuItem* TfrmmlLang::FindCommand(std::string_view name) const {
     const auto found = std::find_if(built_.begin(), built_.end(), [&](const TBuilt& built) {
-        return built.Command->Name == commandName && !built.IsButton;
+        return built.Command->Name == name && !built.IsButton;
     });
-    if (found != built_.end()) found->Item->Click();
+    return found == built_.end() ? nullptr : found->Item.get();
+}
+
+void TfrmmlLang::Run(std::string_view commandName) {
+    TMenuItem* item = FindCommand(commandName);
+    if (item == nullptr || !item->Enabled)
+        throw std::invalid_argument("no command that can be run now: " + std::string(commandName));
+    item->Click();
+}
+
+void TfrmmlLang::Translate() {
+    if (TMenuItem* item = FindCommand("Translate")) item->Click();
 }
 
 void TfrmmlLang::Execute(const TCommand& command) {

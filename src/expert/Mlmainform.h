@@ -39,7 +39,7 @@ class TfrmmlLang : public TForm {
     void UpdateStatusBar();
     void lvFormNamesColumnClick(int column);
     void lvFormNamesChange() { CheckEnableActions(); }
-    void lvFormNamesDblClick() { Run("Translate"); }
+    void lvFormNamesDblClick() { Translate(); }
     void lvFormNamesKeyDown(TShortCut key);
     void SelectAll1Click();
     void StayOnTop1Click();
@@ -57,7 +57,8 @@ class TfrmmlLang : public TForm {
 
     /// Ticks a command in the menus, or takes the tick away.
     void SetChecked(std::string_view commandName, bool checked);
-    /// Runs a command by its name where it is enabled. What it throws passes on, but for EmlLangSilent.
+    /// Runs a command by its name; std::invalid_argument for one that there is not or that is not enabled.
+    /// What it throws passes on, but for EmlLangSilent.
     void Run(std::string_view commandName);
 
   private:
@@ -67,6 +68,9 @@ class TfrmmlLang : public TForm {
         bool IsButton;
     };
 
+    TMenuItem* FindCommand(std::string_view name) const;
+    /// As a click would, where the command is enabled.
+    void Translate();
     void BuildMenus();
     void AddHiddenButtons();
     void Place(const TCommand& command, TMenuItem& menu, char number);

@@ -1,7 +1,7 @@
 #include "ide/Unitsource.h"
 
 #include <algorithm>
-#include <optional>
+#include <set>
 #include <vector>
 
 #include "base/Errors.h"
@@ -23,59 +23,61 @@ void Edit(TSourceBuffer& buffer, const std::string& title, PlanEdits planEdits) 
     buffer.Apply(planEdits(*source), title);
 }
 
-/// AddField has nothing to do where the field is there already.
-bool HasField(const TSourceText& source, const std::string& formClass, const std::string& name,
-              const std::string& className) {
-    return AddField(source, formClass, name, className).empty();
+bool IsSelector(std::string_view text) {
+    return text == "." || text == "->";
 }
 
-/// Calls use(token, isMember) for every place in the code where the name stands; a member belongs to
-/// something in front of it.
+/// Calls use(token, before, behind) for every place in the code where the name stands, with the texts of
+/// the tokens around it.
 template <typename Use>
 void ForEachName(const TSourceText& source, const std::string& name, Use use) {
-    std::string_view before;
-    for (const TToken& token : source.CodeTokens()) {
-        const std::string_view text = TextOf(source, token);
-        if (token.Kind == TTokenKind::Name && SameName(source.Language(), text, name))
-            use(token, before == "." || before == "->");
-        before = text;
+    const std::vector<TToken>& tokens = source.CodeTokens();
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (tokens[i].Kind != TTokenKind::Name ||
+            !SameName(source.Language(), TextOf(source, tokens[i]), name))
+            continue;
+        use(tokens[i], i == 0 ? std::string_view() : TextOf(source, tokens[i - 1]),
+            i + 1 == tokens.size() ? std::string_view() : TextOf(source, tokens[i + 1]));
     }
 }
 
 /// Every use of a name in code that is not a member of something else.
 TEdits RenameIdentifier(const TSourceText& source, const std::string& oldName, const std::string& newName) {
     TEdits edits;
-    ForEachName(source, oldName, [&](const TToken& token, bool isMember) {
-        if (!isMember) edits.push_back({token.Begin, token.End, newName});
+    ForEachName(source, oldName, [&](const TToken& token, std::string_view before, std::string_view) {
+        if (!IsSelector(before)) edits.push_back({token.Begin, token.End, newName});
     });
     return edits;
 }
 
-/// The class's field of the name and type: where its name begins, none without one.
-std::optional<std::size_t> FieldPlace(const TSourceText& source, const TClassFields& fields,
-                                      const std::string& name, const std::string& className) {
+/// Where the names of the class's fields of the name and type begin.
+std::set<std::size_t> FieldPlaces(const TSourceText& source, const std::string& formClass,
+                                  const std::string& name, const std::string& className) {
     const auto says = [&](std::size_t begin, std::size_t end, const std::string& word) {
         return SameName(source.Language(), source.Text().substr(begin, end - begin), word);
     };
-    for (const TField& field : fields.Fields)
-        if (says(field.Name, field.NameEnd, name) && says(field.Type, field.TypeEnd, className))
-            return field.Name;
-    return std::nullopt;
+    std::set<std::size_t> places;
+    for (const TClassFields& declaration : ReadFields(source, formClass))
+        for (const TField& field : declaration.Fields)
+            if (says(field.Name, field.NameEnd, name) && says(field.Type, field.TypeEnd, className))
+                places.insert(field.Name);
+    return places;
 }
 
-/// True when the class says the name anywhere but at this place. What a method calls its parameter counts
-/// too: one name more is no harm.
+/// True when the class says the name anywhere but at these places. What a method calls its parameter counts
+/// too: one name more is no harm. What only uses it, such as a call in a default value, declares nothing.
 bool SaysElsewhere(const TSourceText& source, const std::string& formClass, const std::string& name,
-                   std::optional<std::size_t> place) {
+                   const std::set<std::size_t>& places) {
     const std::vector<TRegion>& regions = source.Outline();
+    const auto isInClass = [&](std::size_t place) {
+        return std::any_of(regions.begin(), regions.end(), [&](const TRegion& region) {
+            return region.Kind == TRegionKind::Class && region.Begin <= place && place < region.End &&
+                   SameName(source.Language(), region.Name, formClass);
+        });
+    };
     bool found = false;
-    ForEachName(source, name, [&](const TToken& token, bool) {
-        const std::size_t begin = token.Begin;
-        found =
-            found || (begin != place && std::any_of(regions.begin(), regions.end(), [&](const auto& region) {
-                          return region.Kind == TRegionKind::Class && region.Begin <= begin &&
-                                 begin < region.End && SameName(source.Language(), region.Name, formClass);
-                      }));
+    ForEachName(source, name, [&](const TToken& token, std::string_view, std::string_view behind) {
+        found = found || (!IsSelector(behind) && !places.contains(token.Begin) && isInClass(token.Begin));
     });
     return found;
 }
@@ -93,8 +95,7 @@ TSourceBuffer& TUnitSource::Declaration() {
 bool TUnitSource::HasRoomFor(const std::string& formClass, const std::string& name,
                              const std::string& className) {
     const TSharedSource source = Declaration().Source();
-    const auto place = FieldPlace(*source, ReadFields(*source, formClass), name, className);
-    return !SaysElsewhere(*source, formClass, name, place);
+    return !SaysElsewhere(*source, formClass, name, FieldPlaces(*source, formClass, name, className));
 }
 
 void TUnitSource::AddComponent(const std::string& formClass, const std::string& name,

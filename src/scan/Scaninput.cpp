@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Errors.h"
 #include "core/Modules.h"
 
 namespace tml {
@@ -31,16 +32,29 @@ std::string InsertedName(const std::string& className, const std::string& formNa
     return className.substr(1) + (formName.empty() ? "" : "_" + formName);
 }
 
+namespace {
+
+/// Where the unit does not declare the form's class nothing can be inserted, but its strings can be found.
+std::string FreeName(IOTAFormEditor& editor, const std::string& formName, const std::string& className) {
+    std::string name = InsertedName(className, formName);
+    try {
+        return editor.FreeName(name, className);
+    } catch (const EBadInput&) {
+        return name;
+    }
+}
+
+}  // namespace
+
 TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& defaultClass) {
     TReceiver receiver;
     const auto editor = form.GetFormEditor();
     receiver.Component.FormName = form.GetFormName();
     receiver.Component.FormClass = editor->GetRootComponent()->GetComponentType();
     const auto component = FindCustomLang(runtime, *editor);
-    receiver.Component.ComponentName =
-        component != nullptr
-            ? component->GetName()
-            : editor->FreeName(InsertedName(defaultClass, receiver.Component.FormName), defaultClass);
+    receiver.Component.ComponentName = component != nullptr
+                                           ? component->GetName()
+                                           : FreeName(*editor, receiver.Component.FormName, defaultClass);
     if (component != nullptr) receiver.Existing = component->GetTable(TStringsType::stStrings);
     return receiver;
 }

@@ -198,6 +198,7 @@ void TRun::Apply(const TChangeSet& sources, std::vector<TPropertyChange> propert
         services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
         MarkModifiedForm(context_, row_.FormName);
     }
+    OpenFile(context_, unitFile_, true);
     scope->Commit();
     guard.Keep();
 }

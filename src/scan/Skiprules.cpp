@@ -41,15 +41,22 @@ std::string_view WithoutLineEnd(std::string_view line) {
 }  // namespace
 
 std::string_view SkipReasonText(TStringSkipReason reason) {
-#define TML_SKIP_REASON(name, text) text,
+#define TML_SKIP_REASON(name, word, text) text,
     // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): long texts are written in two parts
     static constexpr std::string_view kTexts[] = {TML_SKIP_REASONS(TML_SKIP_REASON)};
 #undef TML_SKIP_REASON
     return kTexts[reason];
 }
 
+std::string_view SkipReasonWord(TStringSkipReason reason) {
+#define TML_SKIP_REASON(name, word, text) word,
+    static constexpr std::string_view kWords[] = {TML_SKIP_REASONS(TML_SKIP_REASON)};
+#undef TML_SKIP_REASON
+    return kWords[reason];
+}
+
 std::string_view SkipReasonName(TStringSkipReason reason) {
-#define TML_SKIP_REASON(name, text) #name,
+#define TML_SKIP_REASON(name, word, text) #name,
     static constexpr std::string_view kNames[] = {TML_SKIP_REASONS(TML_SKIP_REASON)};
 #undef TML_SKIP_REASON
     return kNames[reason];

@@ -13,33 +13,34 @@
 
 namespace tml {
 
-// The reasons for a skip, by value: enumerator, text for the person.
+// The reasons for a skip, by value: enumerator, short word, text for the person.
 #define TML_SKIP_REASONS(X)                                                                                 \
-    X(ssrNone, "None")                                                                                      \
-    X(ssrBadChars,                                                                                          \
+    X(ssrNone, "none", "None")                                                                              \
+    X(ssrBadChars, "excluded-characters",                                                                   \
       "Found string consists of the only characters specified for exclusion. Please see \"Exclude strings " \
       "containing only characters like:\" option settings.")                                                \
-    X(ssrByLine,                                                                                            \
+    X(ssrByLine, "skipped-line",                                                                            \
       "Found string contains phrase specified for skip. Please see \"Skip lines containing:\" option "      \
       "settings.")                                                                                          \
-    X(ssrByPhrase,                                                                                          \
+    X(ssrByPhrase, "skipped-phrase",                                                                        \
       "Found string is equal to phrase specified for skip. Please see \"Skip words and phrases:\" option "  \
       "settings.")                                                                                          \
-    X(ssrByPhrasesRE,                                                                                       \
+    X(ssrByPhrasesRE, "skipped-pattern",                                                                    \
       "Found string matches to Regular Expression specified for skip. Please see \"Skip words and "         \
       "phrases:\" option settings.")                                                                        \
-    X(ssByIgnoreTag,                                                                                        \
+    X(ssByIgnoreTag, "ignore-tag",                                                                          \
       "Source line with found string contains TML:IGNORE tag, that forces Expert to skip this line.")       \
-    X(ssrComments, "The string is found in source comments.")
+    X(ssrComments, "comment", "The string is found in source comments.")
 
 enum TStringSkipReason : std::uint8_t {
-#define TML_SKIP_REASON(name, text) name,
+#define TML_SKIP_REASON(name, word, text) name,
     TML_SKIP_REASONS(TML_SKIP_REASON)
 #undef TML_SKIP_REASON
 };
 
-/// The text shown for a reason, and the enumerator's name.
+/// The text shown for a reason, its short word, and the enumerator's name.
 std::string_view SkipReasonText(TStringSkipReason reason);
+std::string_view SkipReasonWord(TStringSkipReason reason);
 std::string_view SkipReasonName(TStringSkipReason reason);
 
 /// A literal or line that the scan passed over for a reason that the person can read.

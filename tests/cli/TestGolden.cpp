@@ -94,7 +94,7 @@ class TGoldenCase {
             name.erase(name.find_last_not_of(" \n") + 1);
             before = fs::path(TML_TESTS) / ".." / name;
         }
-        fs::create_directories(work_);
+        fs::create_directories(work_ / "config");
         if (fs::exists(before)) fs::copy(before, work_ / "p", fs::copy_options::recursive);
     }
     ~TGoldenCase() {

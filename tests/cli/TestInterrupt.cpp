@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 TEST(Interrupt, EverySignalStopsACommandAtASafePlace) {
     const fs::path folder =
         fs::temp_directory_path() / ("tml-signal-" + std::to_string(std::random_device{}()));
-    fs::create_directories(folder);
+    fs::create_directories(folder / "config");
     // More than a pipe holds, so that the program waits for its reader while the signal comes.
     std::string unit = "unit U; implementation procedure P; begin\n";
     for (int i = 0; i < 4000; ++i)
@@ -50,6 +50,7 @@ TEST(Interrupt, WhoWaitsForAnotherProgramWritesNothingAfterwards) {
     const fs::path folder =
         fs::temp_directory_path() / ("tml-wait-" + std::to_string(std::random_device{}()));
     fs::copy(fs::path(TML_TESTS) / "../examples/orchard", folder, fs::copy_options::recursive);
+    fs::create_directories(folder / "config");
     const auto disk = MakeDiskFileSystem();
     auto lock = disk->Lock((folder / ".tml-lock").string());
     const std::string unit = disk->Read((folder / "Main.pas").string());

@@ -96,6 +96,7 @@ TEST(Patch, GitMakesOfItWhatReplaceWrites) {
         const auto run = [&](const std::string& command) {
             return WEXITSTATUS(std::system(("cd '" + work.string() + "' && " + command).c_str()));
         };
+        fs::create_directories(work / "config");
         const std::string program = "'" TML_BIN "/tmllang' --config config replace ";
         const auto before = FilesBelow(work / "written");
         run(program + "written/" + variant.Project + " >log 2>&1");

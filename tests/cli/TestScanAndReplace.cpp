@@ -26,6 +26,7 @@ class TSample {
         : folder_(fs::temp_directory_path() / ("tml-same-" + std::to_string(std::random_device{}()))),
           project_(project) {
         fs::copy(fs::path(TML_TESTS) / ".." / "examples" / folder, folder_, fs::copy_options::recursive);
+        fs::create_directories(folder_ / "config");
         std::ofstream(folder_ / fs::path(project).replace_extension(".mlproj"))
             << "[Settings]\nDefaultFormForUnits=MainForm\n";
     }

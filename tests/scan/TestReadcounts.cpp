@@ -61,9 +61,9 @@ TEST(Readcounts, AReplaceReadsEachTextOnce) {
     host.LoadExpert();
     host.Ide().OpenProject("/p/Orchard.dproj");
     host.Expert()->RunItemClick();
-    TListView& rows = host.Expert()->Context().Rows.FormNames;
+    TFormRows& rows = host.Expert()->Context().Rows.FormNames;
     for (const auto& row : rows.Items())
-        row->Selected = row->Caption == "MainForm";
+        row->Selected = row->FormName == "MainForm";
     host.ExpertWindow()->lvFormNamesChange();
 
     user.OnWindow<TfrmFound>("frmFound", [&](TfrmFound& window) {
@@ -78,7 +78,7 @@ TEST(Readcounts, AReplaceReadsEachTextOnce) {
     ReadCounts() = {};
     TFormTree::ParseCount() = 0;
     host.ExpertWindow()->Run("SourceWithForm");
-    EXPECT_LE(ReadCounts().Skims + librarySkims, 6);
+    EXPECT_LE(ReadCounts().Skims + librarySkims, 5);
     EXPECT_LE(ReadCounts().Tokenizations, 3);
     EXPECT_LE(ReadCounts().Outlines, 3);
     EXPECT_LE(TFormTree::ParseCount(), 3);

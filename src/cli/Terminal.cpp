@@ -1,0 +1,73 @@
+#include "cli/Terminal.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace tml {
+namespace {
+
+bool AskTerminal(TStream stream) {
+    const int number = stream == TStream::Output ? 1 : 2;
+#ifdef _WIN32
+    return _isatty(number) != 0;
+#else
+    return ::isatty(number) != 0;
+#endif
+}
+
+bool AskColours(TStream stream) {
+    const char* refused = std::getenv("NO_COLOR");
+    const char* terminal = std::getenv("TERM");
+    return IsTerminal(stream) && (refused == nullptr || *refused == '\0') &&
+           (terminal == nullptr || std::string_view(terminal) != "dumb");
+}
+
+bool HasColours(TStream stream) {
+    static const bool output = AskColours(TStream::Output);
+    static const bool error = AskColours(TStream::Error);
+    return stream == TStream::Output ? output : error;
+}
+
+const char* CodeOf(TStyle style) {
+    switch (style) {
+        case TStyle::Error:
+            return "1;31";
+        case TStyle::Place:
+            return "35";
+        case TStyle::Name:
+            return "36";
+        case TStyle::Added:
+            return "32";
+        case TStyle::Removed:
+            return "31";
+        case TStyle::Heading:
+            return "1";
+    }
+    return "0";
+}
+
+}  // namespace
+
+bool IsTerminal(TStream stream) {
+    static const bool output = AskTerminal(TStream::Output);
+    static const bool error = AskTerminal(TStream::Error);
+    return stream == TStream::Output ? output : error;
+}
+
+std::string Styled(TStream stream, TStyle style, std::string_view text) {
+    if (!HasColours(stream)) return std::string(text);
+    return std::string("\x1b[") + CodeOf(style) + "m" + std::string(text) + "\x1b[m";
+}
+
+void PrintMessage(const std::string& text) {
+    std::cout.flush();
+    std::cerr << Styled(TStream::Error, TStyle::Error, "tmllang:") << " " << text << "\n";
+}
+
+}  // namespace tml
