@@ -43,10 +43,7 @@ void TBinder::Click(QAbstractButton* button, std::function<void()> handler) {
 }
 
 void TBinder::CloseWith(QAbstractButton* button, TForm& form, TModalResult result) {
-    Click(button, [&form, result] {
-        form.ModalResult = result;
-        form.Changed();
-    });
+    Click(button, [&form, result] { form.Close(result); });
 }
 
 void TBinder::Text(QLineEdit* edit, std::string& member, std::function<void(const std::string&)> handler) {

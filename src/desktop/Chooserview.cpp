@@ -10,7 +10,9 @@ TChooserView::TChooserView(TfrmNotTranslate& form, const TViewServices& services
     ui_->setupUi(this);
     BindLists();
     BindButtons();
-    binder_.Keys(this, QKeySequence::HelpContents, [&form, &services] { services.ShowHelp(form.Name); });
+    const auto help = [&form, &services] { services.ShowHelp(form.Name); };
+    binder_.Click(ui_->btHelp, help);
+    binder_.Keys(this, QKeySequence::HelpContents, help);
 }
 
 TChooserView::~TChooserView() = default;

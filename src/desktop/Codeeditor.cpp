@@ -45,11 +45,19 @@ void ReplaceRange(QsciScintilla& editor, std::size_t begin, std::size_t end, std
 
 }  // namespace
 
-TCodeEditor::TCodeEditor(const std::shared_ptr<IOTAModule>& module, std::shared_ptr<IOTASourceEditor> source)
-    : module_(module), source_(std::move(source)), fileName_(source_->GetFileName()) {
-    setObjectName("codeEditor");
+TTextPage::TTextPage(std::string fileName) : fileName_(std::move(fileName)) {
     SetUpEditor(*this);
     SetUpLanguage(*this, fileName_);
+}
+
+void TTextPage::changeEvent(QEvent* event) {
+    QsciScintilla::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) SetUpLanguage(*this, fileName_);
+}
+
+TCodeEditor::TCodeEditor(const std::shared_ptr<IOTAModule>& module, std::shared_ptr<IOTASourceEditor> source)
+    : TTextPage(source->GetFileName()), module_(module), source_(std::move(source)) {
+    setObjectName("codeEditor");
     Follow();
     connect(this, &QsciScintilla::textChanged, this, [this] {
         if (following_) return;
@@ -155,15 +163,8 @@ void TCodeEditor::contextMenuEvent(QContextMenuEvent* event) {
     if (OnLocalMenu) OnLocalMenu(event->globalPos());
 }
 
-void TCodeEditor::changeEvent(QEvent* event) {
-    QsciScintilla::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) SetUpLanguage(*this, fileName_);
-}
-
-TFormTextView::TFormTextView(const std::string& fileName) : fileName_(fileName) {
+TFormTextView::TFormTextView(const std::string& fileName) : TTextPage(fileName) {
     setObjectName("formText");
-    SetUpEditor(*this);
-    SetUpLanguage(*this, fileName);
 }
 
 void TFormTextView::SetContent(const std::string& text) {

@@ -8,16 +8,29 @@
 
 namespace tml {
 
+/// A text in a tab.
+class TTextPage : public QsciScintilla {
+  public:
+    explicit TTextPage(std::string fileName);
+
+    const std::string& FileName() const { return fileName_; }
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    std::string fileName_;
+};
+
 /// One source of the IDE in a tab. The IDE's buffer is the truth: what is typed goes there by Commit, what
 /// commands change comes from there by Follow. Both speak UTF-8 with CR LF, so their offsets are equal.
-class TCodeEditor : public QsciScintilla {
+class TCodeEditor : public TTextPage {
   public:
     TCodeEditor(const std::shared_ptr<IOTAModule>& module, std::shared_ptr<IOTASourceEditor> source);
 
     std::function<void()> OnTyped;
     std::function<void(const QPoint& at)> OnLocalMenu;
 
-    std::string FileName() const { return fileName_; }
     /// The module that it was opened for; expired when that is gone.
     const std::weak_ptr<IOTAModule>& Module() const { return module_; }
     IOTASourceEditor& Source() { return *source_; }
@@ -32,7 +45,6 @@ class TCodeEditor : public QsciScintilla {
 
   protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     std::string_view Shown() const;
@@ -43,22 +55,19 @@ class TCodeEditor : public QsciScintilla {
 
     std::weak_ptr<IOTAModule> module_;
     std::shared_ptr<IOTASourceEditor> source_;
-    std::string fileName_;
     std::shared_ptr<const std::string> taken_;  ///< the buffer's text that is shown
     bool typed_ = false;
     bool following_ = false;
 };
 
 /// A form file as text, only to be read.
-class TFormTextView : public QsciScintilla {
+class TFormTextView : public TTextPage {
   public:
     explicit TFormTextView(const std::string& fileName);
 
-    std::string FileName() const { return fileName_; }
     void SetContent(const std::string& text);
 
   private:
-    std::string fileName_;
     std::string text_;
 };
 

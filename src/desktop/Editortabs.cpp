@@ -26,33 +26,41 @@ TEditorTabs::TEditorTabs(THeadlessIde& ide, TRunner& runner) : ide_(ide), runner
     setMovable(true);
     connect(this, &QTabWidget::tabCloseRequested, this,
             [this](int index) { runner_.Run([&] { CloseTab(index); }); });
-    connect(this, &QTabWidget::currentChanged, this, [this] {
-        TCodeEditor* editor = Current();
-        if (editor == nullptr || editor->FileName() == current_) return;
-        current_ = editor->FileName();
-        runner_.Run([&] { editor->Source().Show(); });
+    connect(this, &QTabWidget::currentChanged, this, [this] { TellCurrent(); });
+}
+
+void TEditorTabs::TellCurrent() {
+    const std::string file = CurrentFile();
+    if (file.empty() || file == current_) return;
+    current_ = file;
+    runner_.Run([&] {
+        if (TCodeEditor* editor = Current())
+            editor->Source().Show();
+        else if (const auto module = ide_.GetModuleServices()->FindModule(file))
+            module->GetFormEditor()->Show();
     });
+}
+
+TTextPage* TEditorTabs::Page(int index) const {
+    return static_cast<TTextPage*>(widget(index));
 }
 
 TCodeEditor* TEditorTabs::Current() const {
     return dynamic_cast<TCodeEditor*>(currentWidget());
 }
 
-QsciScintilla* TEditorTabs::CurrentText() const {
-    return dynamic_cast<QsciScintilla*>(currentWidget());
+TTextPage* TEditorTabs::CurrentText() const {
+    return static_cast<TTextPage*>(currentWidget());
 }
 
 std::string TEditorTabs::CurrentFile() const {
-    if (const TCodeEditor* editor = Current()) return editor->FileName();
-    const auto* form = dynamic_cast<TFormTextView*>(currentWidget());
-    return form == nullptr ? std::string() : form->FileName();
+    const TTextPage* page = CurrentText();
+    return page == nullptr ? std::string() : page->FileName();
 }
 
-TCodeEditor* TEditorTabs::Find(const std::string& fileName) const {
-    for (int i = 0; i < count(); ++i) {
-        auto* editor = dynamic_cast<TCodeEditor*>(widget(i));
-        if (editor != nullptr && SameText(editor->FileName(), fileName)) return editor;
-    }
+TTextPage* TEditorTabs::Find(const std::string& fileName) const {
+    for (int i = 0; i < count(); ++i)
+        if (SameText(Page(i)->FileName(), fileName)) return Page(i);
     return nullptr;
 }
 
@@ -61,39 +69,38 @@ void TEditorTabs::Commit() {
         if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) editor->Commit();
 }
 
-void TEditorTabs::AddTab(QWidget& widget, const char* picture, const std::string& fileName) {
-    const int index = addTab(&widget, PictureOf(picture), ToQt(FileNameOf(fileName)));
-    setTabToolTip(index, ToQt(fileName));
+void TEditorTabs::AddTab(TTextPage& page, const char* picture) {
+    const int index = addTab(&page, PictureOf(picture), ToQt(FileNameOf(page.FileName())));
+    setTabToolTip(index, ToQt(page.FileName()));
     auto* close = new QToolButton(tabBar());
     close->setIcon(PictureOf("cancel"));
     close->setIconSize({kCloseSize, kCloseSize});
     close->setAutoRaise(true);
     close->setToolTip("Close (Ctrl+F4)");
-    connect(close, &QToolButton::clicked, &widget,
-            [this, &widget] { Q_EMIT tabCloseRequested(indexOf(&widget)); });
+    connect(close, &QToolButton::clicked, &page, [this, &page] { Q_EMIT tabCloseRequested(indexOf(&page)); });
     tabBar()->setTabButton(index, QTabBar::RightSide, close);
 }
 
-void TEditorTabs::ShowSource(const std::shared_ptr<IOTAModule>& module, int index) {
-    const auto source = module->GetSourceEditor(index);
-    TCodeEditor* editor = Find(source->GetFileName());
-    if (editor == nullptr) {
-        editor = new TCodeEditor(module, source);
-        editor->OnLocalMenu = [this](const QPoint& at) { OnLocalMenu(at); };
-        auto* pause = new QTimer(editor);
-        pause->setSingleShot(true);
-        pause->setInterval(kTypingPause);
-        editor->OnTyped = [this, pause] {
-            pause->start();
-            RefreshTitles();
-        };
-        connect(pause, &QTimer::timeout, this, [this] { runner_.Run([] {}); });
-        AddTab(*editor, "unit", editor->FileName());
-    }
-    current_ = editor->FileName();
-    source->Show();
-    setCurrentWidget(editor);
-    editor->setFocus();
+TTextPage* TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
+                                  const std::shared_ptr<IOTASourceEditor>& source) {
+    auto* editor = new TCodeEditor(module, source);
+    editor->OnLocalMenu = [this](const QPoint& at) { OnLocalMenu(at); };
+    auto* pause = new QTimer(editor);
+    pause->setSingleShot(true);
+    pause->setInterval(kTypingPause);
+    editor->OnTyped = [this, pause] {
+        pause->start();
+        RefreshTitles();
+    };
+    connect(pause, &QTimer::timeout, this, [this] { runner_.Run([] {}); });
+    AddTab(*editor, "unit");
+    return editor;
+}
+
+TTextPage* TEditorTabs::AddForm(const std::string& fileName) {
+    auto* view = new TFormTextView(fileName);
+    AddTab(*view, "form");
+    return view;
 }
 
 std::string TEditorTabs::FormTextOf(const std::string& formFile) {
@@ -102,35 +109,25 @@ std::string TEditorTabs::FormTextOf(const std::string& formFile) {
     return module->Files().Form->ShownText();
 }
 
-void TEditorTabs::ShowFormText(const std::string& unitFile) {
-    const auto module = ide_.GetModuleServices()->OpenModule(unitFile, false);
-    const auto form = module->GetFormEditor();
-    if (form == nullptr) return;
-    TFormTextView* view = nullptr;
-    for (int i = 0; i < count(); ++i) {
-        auto* candidate = dynamic_cast<TFormTextView*>(widget(i));
-        if (candidate != nullptr && candidate->FileName() == form->GetFileName()) view = candidate;
-    }
-    if (view == nullptr) {
-        view = new TFormTextView(form->GetFileName());
-        AddTab(*view, "form", view->FileName());
-    }
-    setCurrentWidget(view);
-    FollowFormTexts();
+void TEditorTabs::ShowForm(const std::string& unitFile) {
+    const auto form = ide_.GetModuleServices()->OpenModule(unitFile, false)->GetFormEditor();
+    if (form != nullptr) form->Show();
 }
 
 void TEditorTabs::CloseTab(int index) {
-    auto* editor = dynamic_cast<TCodeEditor*>(widget(index));
-    if (editor == nullptr) {
+    const auto module = ide_.GetModuleServices()->FindModule(Page(index)->FileName());
+    if (module == nullptr) return;
+    const bool isForm = dynamic_cast<TFormTextView*>(widget(index)) != nullptr;
+    if (isForm && Find(module->GetFileName()) != nullptr)
         delete widget(index);
-        return;
-    }
-    if (const auto module = editor->Module().lock()) OnCloseModule(module);
+    else
+        OnCloseModule(module);
 }
 
 void TEditorTabs::Follow() {
     DropClosed();
     FollowCurrent();
+    ShowUnsaved();
     for (int i = 0; i < count(); ++i)
         if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) editor->Follow();
     FollowFormTexts();
@@ -139,31 +136,36 @@ void TEditorTabs::Follow() {
 
 void TEditorTabs::DropClosed() {
     for (int i = count() - 1; i >= 0; --i) {
-        std::shared_ptr<IOTAModule> open;
-        bool isOpen = false;
-        if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) {
-            open = ide_.GetModuleServices()->FindModule(editor->FileName());
-            isOpen = open != nullptr && editor->Module().lock() == open;
-        } else if (const auto* text = dynamic_cast<TFormTextView*>(widget(i))) {
-            isOpen = ide_.GetModuleServices()->FindModule(text->FileName()) != nullptr;
-        }
-        if (isOpen) continue;
+        TTextPage* page = Page(i);
+        const auto open = ide_.GetModuleServices()->FindModule(page->FileName());
+        const auto* editor = dynamic_cast<TCodeEditor*>(page);
+        if (open != nullptr && (editor == nullptr || editor->Module().lock() == open)) continue;
         // Not at once: the signal of one of its own buttons may be on the way.
-        QWidget* closed = widget(i);
         removeTab(i);
-        closed->deleteLater();
+        page->deleteLater();
     }
 }
 
 void TEditorTabs::FollowCurrent() {
-    const auto source = ide_.GetModuleServices()->GetCurrentSourceEditor();
-    const std::string file = source == nullptr ? std::string() : source->GetFileName();
+    const auto shown = ide_.CurrentEditor();
+    const std::string file = shown == nullptr ? std::string() : shown->GetFileName();
     if (file == current_ && (file.empty() || Find(file) != nullptr)) return;
     current_ = file;
-    if (source == nullptr) return;
-    const auto module = ide_.GetModuleServices()->FindModule(file);
-    for (int i = 0; module != nullptr && i < module->GetSourceEditorCount(); ++i)
-        if (module->GetSourceEditor(i)->GetFileName() == file) ShowSource(module, i);
+    if (shown == nullptr) return;
+    TTextPage* page = Find(file);
+    if (page == nullptr) {
+        const auto source = std::dynamic_pointer_cast<IOTASourceEditor>(shown);
+        page =
+            source == nullptr ? AddForm(file) : AddSource(ide_.GetModuleServices()->FindModule(file), source);
+    }
+    setCurrentWidget(page);
+    page->setFocus();
+}
+
+void TEditorTabs::ShowUnsaved() {
+    for (const auto& module : ide_.Modules())
+        if (module->GetModified() && Find(module->GetFileName()) == nullptr)
+            AddSource(module, module->GetSourceEditor(0));
 }
 
 void TEditorTabs::FollowFormTexts() {
@@ -175,9 +177,7 @@ void TEditorTabs::FollowFormTexts() {
 void TEditorTabs::RefreshTitles() {
     for (int i = 0; i < count(); ++i) {
         auto* editor = dynamic_cast<TCodeEditor*>(widget(i));
-        auto* form = dynamic_cast<TFormTextView*>(widget(i));
-        if (editor == nullptr && form == nullptr) continue;
-        const std::string file = editor == nullptr ? form->FileName() : editor->FileName();
+        const std::string& file = Page(i)->FileName();
         const bool modified = (editor != nullptr && editor->IsModified()) || IsFormModified(file);
         setTabText(i, ToQt(FileNameOf(file)) + (modified ? " *" : ""));
     }

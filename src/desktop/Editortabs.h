@@ -5,12 +5,11 @@
 
 #include "ide/Headlesside.h"
 
-class QsciScintilla;
-
 namespace tml {
 
 class TCodeEditor;
 class TRunner;
+class TTextPage;
 
 /// The open sources and form texts, a tab each.
 class TEditorTabs : public QTabWidget {
@@ -23,33 +22,43 @@ class TEditorTabs : public QTabWidget {
 
     /// Hands everything that has been typed to the IDE.
     void Commit();
-    /// Tabs of closed modules go, the IDE's current source comes to the front, texts follow the buffers.
+    /// Tabs of closed modules go, the IDE's current editor comes to the front, texts follow the buffers.
     void Follow();
-    void ShowSource(const std::shared_ptr<IOTAModule>& module, int index);
-    void ShowFormText(const std::string& unitFile);
+    /// Opens the unit and brings its form to the front; nothing for a unit without one.
+    void ShowForm(const std::string& unitFile);
+    /// Closing a source, or a form whose source is not shown, closes their module.
     void CloseTab(int index);
 
     /// The source in front, nullptr when none is.
     TCodeEditor* Current() const;
     /// The same or a form's text.
-    QsciScintilla* CurrentText() const;
+    TTextPage* CurrentText() const;
     /// Of the source or form in front, "" when there is none.
     std::string CurrentFile() const;
 
   private:
-    void AddTab(QWidget& widget, const char* picture, const std::string& fileName);
+    TTextPage* Page(int index) const;
+    /// nullptr where the file has no tab.
+    TTextPage* Find(const std::string& fileName) const;
+    /// The tab in front becomes the IDE's current editor.
+    void TellCurrent();
+    TTextPage* AddSource(const std::shared_ptr<IOTAModule>& module,
+                         const std::shared_ptr<IOTASourceEditor>& source);
+    TTextPage* AddForm(const std::string& fileName);
+    void AddTab(TTextPage& page, const char* picture);
     void DropClosed();
     void FollowCurrent();
+    /// What a command leaves open and not saved gets a tab.
+    void ShowUnsaved();
     void FollowFormTexts();
     void RefreshTitles();
-    TCodeEditor* Find(const std::string& fileName) const;
     std::string FormTextOf(const std::string& formFile);
     /// Of a unit or a form file.
     bool IsFormModified(const std::string& fileName) const;
 
     THeadlessIde& ide_;
     TRunner& runner_;
-    std::string current_;  ///< the IDE's current source, as far as it is known here
+    std::string current_;  ///< file of the IDE's current editor, as far as it is known here
 };
 
 }  // namespace tml

@@ -7,8 +7,8 @@
 
 namespace tml {
 
-TExpertDock::TExpertDock(TfrmmlLang& form, const TViewServices& services, QWidget* parent)
-    : QDockWidget(parent), form_(form), runner_(services.Runner), view_(new TFormsListView(form, services)) {
+TExpertDock::TExpertDock(TForm& form, std::unique_ptr<TView> view, TRunner& runner, QWidget* parent)
+    : QDockWidget(parent), form_(form), runner_(runner), view_(view.release()) {
     const TForm& host = Host();
     setObjectName(ToQt(host.Name));
     setWindowTitle(ToQt(host.Caption));
@@ -28,6 +28,13 @@ TExpertDock::~TExpertDock() {
 
 TForm& TExpertDock::Host() const {
     return form_.Parent == nullptr ? form_ : *form_.Parent;
+}
+
+void TExpertDock::ComeForward() {
+    show();
+    raise();
+    activateWindow();
+    view_->setFocus();
 }
 
 void TExpertDock::Forget() {

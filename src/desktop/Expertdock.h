@@ -1,18 +1,22 @@
 #pragma once
 
 #include <QDockWidget>
+#include <memory>
 
-#include "desktop/Formslistview.h"
+#include "desktop/View.h"
 
 namespace tml {
 
-/// The dock host of the expert's main window, or its frame where it stands alone.
+/// The frame of a window that is not modal: the dock host of the expert's main window, or its frame where
+/// it stands alone.
 class TExpertDock : public QDockWidget {
   public:
-    TExpertDock(TfrmmlLang& form, const TViewServices& services, QWidget* parent);
+    TExpertDock(TForm& form, std::unique_ptr<TView> view, TRunner& runner, QWidget* parent);
     ~TExpertDock() override;
 
-    const TfrmmlLang& Form() const { return form_; }
+    const TForm& Form() const { return form_; }
+    /// In front, with the focus.
+    void ComeForward();
     /// The window is gone: nothing of it may be touched any more.
     void Forget();
 
@@ -26,9 +30,9 @@ class TExpertDock : public QDockWidget {
     void FollowDocking();
     void SetApart();
 
-    TfrmmlLang& form_;
+    TForm& form_;
     TRunner& runner_;
-    TFormsListView* view_;
+    TView* view_;
     bool gone_ = false;
     bool wasApart_ = false;
 };

@@ -1,6 +1,8 @@
 #include "desktop/Formdialog.h"
 
 #include <QCloseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "desktop/Texts.h"
@@ -37,12 +39,31 @@ TModalResult TFormDialog::Execute() {
     form_.FormShow();
     if (const TPlacement* place = view_->Place()) PutAt(*this, *place);
     FormChanged();
+    FitOnScreen();
     FocusActiveControl();
     exec();
     form_.Visible = false;
     // A layout that cannot be stored is told, but takes nothing from what was decided in the window.
     services_.Runner.Run([this] { StoreLayout(); });
     return form_.ModalResult;
+}
+
+void TFormDialog::FitOnScreen() {
+    const QSize room = RoomFor(*this);
+    const QSize least = view_->minimumSizeHint().expandedTo(view_->minimumSize());
+    if (least.boundedTo(room) != least) {
+        auto* area = new QScrollArea(this);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        layout()->removeWidget(view_);
+        layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        layout()->addWidget(area);
+        area->setWidget(view_);
+        resize(least + QSize(area->verticalScrollBar()->sizeHint().width(), 0));
+    }
+    resize(size().boundedTo(room));
 }
 
 void TFormDialog::StoreLayout() {
@@ -79,8 +100,7 @@ void TFormDialog::TryClose() {
 }
 
 void TFormDialog::reject() {
-    form_.ModalResult = mrCancel;
-    TryClose();
+    form_.Close(mrCancel);
 }
 
 void TFormDialog::closeEvent(QCloseEvent* event) {

@@ -25,6 +25,8 @@ class TFormDialog : public QDialog {
 
   private:
     void FormChanged();
+    /// Makes it as small as its screen; what has no room then is scrolled to.
+    void FitOnScreen();
     void FocusActiveControl();
     void TryClose();
     void StoreLayout();

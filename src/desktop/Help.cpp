@@ -9,6 +9,7 @@
 #include <array>
 #include <string_view>
 
+#include "desktop/Places.h"
 #include "desktop/Texts.h"
 
 namespace tml {
@@ -43,7 +44,7 @@ THelp::THelp(QWidget* parent) : QDialog(parent), contents_(new QListWidget), pag
     setObjectName("help");
     setWindowTitle("TmlLang Expert Help");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(820, 560);
+    resize(QSize(820, 560).boundedTo(RoomFor(*this)));
     auto* splitter = new QSplitter(this);
     splitter->addWidget(contents_);
     splitter->addWidget(page_);

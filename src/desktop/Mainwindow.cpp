@@ -11,6 +11,7 @@
 
 #include "base/Diskfiles.h"
 #include "base/Errors.h"
+#include "desktop/Changedfile.h"
 #include "desktop/Codeeditor.h"
 #include "desktop/Editortabs.h"
 #include "desktop/Expertdock.h"
@@ -21,9 +22,12 @@
 #include "desktop/Messagepane.h"
 #include "desktop/Projecttree.h"
 #include "desktop/Texts.h"
+#include "desktop/Views.h"
 #include "expert/Mllangexp.h"
+#include "expert/Mlmainform.h"
 #include "host/Commonlibrary.h"
 #include "host/Registryfile.h"
+#include "ide/Staging.h"
 #include "projects/Projectfiles.h"
 #include "ui_Mainwindow.h"
 
@@ -66,7 +70,9 @@ TMainWindow::TMainWindow(const TDeskFolders& folders)
     runner_.Run([this] {
         FillRecentProjects();
         places_->Restore(*this, "Window");
+        resize(size().boundedTo(RoomFor(*this)));
         places_->RestoreState(*this);
+        wantsExpert_ = places_->WantsExpert();
     });
 }
 
@@ -93,9 +99,7 @@ void TMainWindow::BuildPanes() {
 
     messages_->OnGoTo = [this](const std::string& file, int line) { runner_.Run([&] { GoTo(file, line); }); };
     tree_->OnOpen = [this](const std::string& file) { runner_.Run([&] { GoTo(file, 0); }); };
-    tree_->OnViewFormText = [this](const std::string& file) {
-        runner_.Run([&] { tabs_->ShowFormText(file); });
-    };
+    tree_->OnViewFormText = [this](const std::string& file) { runner_.Run([&] { tabs_->ShowForm(file); }); };
     tree_->SettingsCommand = [this]() -> std::shared_ptr<TMenuItem> {
         const TfrmmlLang* window = host_->ExpertWindow();
         return window == nullptr ? nullptr : FindItem(*window->MainMenu, "ProjectSettings1");
@@ -150,6 +154,7 @@ void TMainWindow::Follow() {
             dock_->hide();
             dock_->deleteLater();
             dock_ = nullptr;
+            wantsExpert_ = false;
         }
         tabs_->Follow();
         tree_->Refresh();
@@ -184,28 +189,45 @@ void TMainWindow::FillRecentProjects() {
 
 void TMainWindow::ReportError(const std::exception& error) {
     messages_->AddError(error);
-    dialogs_.MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
+    const auto* changed = dynamic_cast<const EChangedOnDisk*>(&error);
+    if (changed != nullptr && host_->Modules().FindModule(changed->File()) != nullptr)
+        runner_.Run([this, file = changed->File()] { AskAboutChanged(file); });
+    else
+        dialogs_.MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
+}
+
+void TMainWindow::AskAboutChanged(const std::string& file) {
+    const TChangedFileWay way = AskAboutChangedFile(this, file, host_->Ide().DiffToDisk(file));
+    const auto module = host_->Modules().FindModule(file);
+    if (module == nullptr || way == TChangedFileWay::Leave) return;
+    if (way == TChangedFileWay::Overwrite) {
+        host_->Ide().AcceptDisk(file);
+        module->Save();
+        return;
+    }
+    const std::string unit = module->GetFileName();
+    module->Close();
+    GoTo(unit, 0);
 }
 
 void TMainWindow::ShowWindow(TForm& form) {
     TfrmmlLang* window = host_->ExpertWindow();
     if (window == nullptr || (&form != window && &form != window->Parent))
-        throw std::logic_error("The window " + form.Name + " has no view.");
+        throw std::logic_error("The window \"" + form.Caption + "\" has no place in the workbench");
     if (dock_ != nullptr && &dock_->Form() != window) {
         dock_->Forget();
         delete std::exchange(dock_, nullptr).data();
     }
     if (dock_ == nullptr) {
-        dock_ = new TExpertDock(*window, *services_, this);
+        dock_ = new TExpertDock(*window, MakeView(*window, *services_), runner_, this);
         if (!restoreDockWidget(dock_)) {
             addDockWidget(Qt::BottomDockWidgetArea, dock_);
             tabifyDockWidget(ui_->messageDock, dock_);
             resizeDocks({dock_}, {form.ClientHeight * 3 / 4}, Qt::Vertical);
         }
     }
-    dock_->show();
-    dock_->raise();
-    dock_->activateWindow();
+    dock_->ComeForward();
+    wantsExpert_ = true;
 }
 
 void TMainWindow::ShowTopic(const std::string& topic) {
@@ -225,7 +247,6 @@ void TMainWindow::ShowLocalMenu(const QPoint& at) {
     runner_.Before();
     const auto binding = std::make_shared<TMenuBinding>(
         popup, [&menu] { return menu.Items; }, runner_);
-    // What has been chosen is run by a queued call, which needs the menu a moment longer.
     connect(popup, &QMenu::aboutToHide, popup, [popup, binding] { popup->deleteLater(); });
     popup->popup(at);
 }
@@ -238,11 +259,12 @@ void TMainWindow::OpenProject(const QString& path) {
     runner_.Run([&] {
         if (!AskToSaveAll()) return;
         messages_->ClearMessages();
-        // An expert whose window is open hears of the new project and lists it by itself.
+        // An expert whose window is open hears of the new project and lists it by itself; one that the
+        // person has closed stays closed.
         const bool listens = host_->ExpertWindow() != nullptr;
         host_->Ide().OpenProject(FromQt(file));
         opened = true;
-        if (!listens && host_->Expert() != nullptr) host_->Expert()->RunItemClick();
+        if (!listens && wantsExpert_ && host_->Expert() != nullptr) host_->Expert()->RunItemClick();
     });
     for (const TProjectProblem& problem : host_->Ide().Problems())
         messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
@@ -330,19 +352,19 @@ void TMainWindow::Redo() {
 }
 
 void TMainWindow::Cut() {
-    if (QsciScintilla* text = tabs_->CurrentText()) text->cut();
+    if (TTextPage* text = tabs_->CurrentText()) text->cut();
 }
 
 void TMainWindow::Copy() {
-    if (QsciScintilla* text = tabs_->CurrentText()) text->copy();
+    if (TTextPage* text = tabs_->CurrentText()) text->copy();
 }
 
 void TMainWindow::Paste() {
-    if (QsciScintilla* text = tabs_->CurrentText()) text->paste();
+    if (TTextPage* text = tabs_->CurrentText()) text->paste();
 }
 
 void TMainWindow::SelectAll() {
-    if (QsciScintilla* text = tabs_->CurrentText()) text->selectAll();
+    if (TTextPage* text = tabs_->CurrentText()) text->selectAll();
 }
 
 void TMainWindow::Find() {
@@ -402,8 +424,9 @@ void TMainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(agreed);
     if (!agreed) return;
     // What cannot be stored is told, but keeps nobody in.
-    runner_.Run([&] {
+    runner_.Run([&, wantsExpert = wantsExpert_] {
         if (host_->ExpertWindow() != nullptr) host_->ExpertWindow()->FormClose();
+        places_->SetWantsExpert(wantsExpert);
         places_->Save(*this, "Window");
         places_->SaveState(*this);
     });

@@ -81,6 +81,7 @@ class TMainWindow : public QMainWindow {
     void Follow();
     void FollowTitle();
     void ReportError(const std::exception& error);
+    void AskAboutChanged(const std::string& file);
     void ShowWindow(TForm& form);
     void ShowTopic(const std::string& topic);
     void ShowLocalMenu(const QPoint& at);
@@ -105,6 +106,7 @@ class TMainWindow : public QMainWindow {
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::string project_;
     bool following_ = false;
+    bool wantsExpert_ = true;  ///< opens with a project: its window was not closed by the person
 };
 
 }  // namespace tml

@@ -88,14 +88,17 @@ void TMenuBinding::AddItem(QWidget& target, const std::shared_ptr<TMenuItem>& it
     auto* action = new QAction(IconOf(item->Name), ToQt(item->Caption), &target);
     action->setObjectName(ToQt(item->Name));
     action->setSeparator(item->Caption == "-");
+    // A separator with a text would be drawn as a heading.
+    if (action->isSeparator()) action->setText({});
     action->setEnabled(item->Enabled);
     action->setCheckable(item->Checked);
     action->setChecked(item->Checked);
     SetHint(*action, ToQt(item->Hint));
     SetKeys(*action, item->ShortCut);
-    // Not at once: the command may take away the menu that it was chosen from.
+    // Not at once: the command may take away the menu that it was chosen from. By way of the owner: a menu
+    // that pops up is gone when the call comes.
     QObject::connect(
-        action, &QAction::triggered, target_,
+        action, &QAction::triggered, target_->parentWidget(),
         [&runner = runner_, weak = std::weak_ptr(item)] {
             runner.Run([&weak] {
                 if (const auto clicked = weak.lock()) clicked->Click();

@@ -18,8 +18,8 @@ class TMenuBinding {
   public:
     using TItems = std::vector<std::shared_ptr<TMenuItem>>;
 
-    /// source gives the items. Shortcuts count in the whole window, or only where keys or a child of it has
-    /// the focus.
+    /// source gives the items; target has a parent, which outlives what is chosen. Shortcuts count in the
+    /// whole window, or only where keys or a child of it has the focus.
     TMenuBinding(QWidget* target, std::function<TItems()> source, TRunner& runner, QWidget* keys = nullptr);
 
     /// Makes the actions anew where anything has changed.

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QScreen>
+#include <QStyle>
 
 #include "desktop/Texts.h"
 
@@ -11,10 +12,18 @@ namespace {
 
 const std::string kKey = "\\Software\\Velmora\\TmlLang\\Workbench";
 constexpr const char* kDocks = "Docks";
+constexpr const char* kExpert = "OpensExpert";
 constexpr const char* kRecent = "RecentProjects";
 constexpr int kMostRecent = 10;
 
 }  // namespace
+
+QSize RoomFor(const QWidget& window) {
+    const QStyle& style = *window.style();
+    const int border = 2 * style.pixelMetric(QStyle::PM_DefaultFrameWidth);
+    return window.screen()->availableGeometry().size() -
+           QSize(border, border + style.pixelMetric(QStyle::PM_TitleBarHeight));
+}
 
 void PutAt(QWidget& window, const TPlacement& place) {
     window.resize(place.Width.value_or(window.width()), place.Height.value_or(window.height()));
@@ -49,6 +58,14 @@ void TPlaces::RestoreState(QMainWindow& window) {
 
 void TPlaces::SaveState(const QMainWindow& window) {
     SetBytes(kDocks, window.saveState());
+}
+
+bool TPlaces::WantsExpert() {
+    return registry_.ReadInteger(kKey, kExpert).value_or(1) != 0;
+}
+
+void TPlaces::SetWantsExpert(bool wants) {
+    registry_.WriteInteger(kKey, kExpert, wants ? 1 : 0);
 }
 
 QStringList TPlaces::RecentProjects() {

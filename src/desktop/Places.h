@@ -10,6 +10,8 @@ class QMainWindow;
 
 namespace tml {
 
+/// What a window may fill of its screen, its frame left out.
+QSize RoomFor(const QWidget& window);
 /// Puts a window where its state says, but never where no screen is.
 void PutAt(QWidget& window, const TPlacement& place);
 /// Notes where it stands.
@@ -26,6 +28,10 @@ class TPlaces {
     /// With its tool bars and docks.
     void RestoreState(QMainWindow& window);
     void SaveState(const QMainWindow& window);
+
+    /// Whether the expert's window opens with a project; at first it does.
+    bool WantsExpert();
+    void SetWantsExpert(bool wants);
 
     QStringList RecentProjects();
     /// Puts the project in front; the oldest ones are dropped.

@@ -2,11 +2,12 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <array>
 #include <map>
-#include <stdexcept>
 
 #include "base/Files.h"
 #include "desktop/Filedialog.h"
@@ -48,6 +49,9 @@ const std::map<TMsgDlgType, const char*> kPictures{
     {TMsgDlgType::mtConfirmation, "help"},
 };
 constexpr int kPictureSize = 32;
+
+constexpr int kInputWidth = 360;    ///< pixels
+constexpr int kTitleButtons = 160;  ///< what the frame puts beside a title, pixels
 
 constexpr const char* kCaption = "TmlLang Expert";
 
@@ -116,7 +120,10 @@ bool TQtDialogs::InputQuery(const std::string& caption, const std::string& promp
     box.setWindowTitle(ToQt(caption));
     box.setLabelText(ToQt(prompt));
     box.setTextValue(ToQt(value));
-    box.setMinimumWidth(380);
+    // The box takes its width from its parts, its title is none of them.
+    QLineEdit& edit = *box.findChild<QLineEdit*>();
+    edit.setMinimumWidth(
+        std::max(kInputWidth, box.fontMetrics().horizontalAdvance(box.windowTitle()) + kTitleButtons));
     if (box.exec() != QDialog::Accepted) return false;
     value = FromQt(box.textValue());
     return true;
@@ -127,8 +134,6 @@ TModalResult TQtDialogs::ShowModal(TForm& form) {
     const TViewServices& services = Services();
     if (ShowFileDialog(form, ProjectFolder(services.Host), Front())) return form.ModalResult;
     std::unique_ptr<TView> view = MakeView(form, services);
-    if (view == nullptr)
-        throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");
     // A command has opened the unit that the window is about: it shall stand behind it.
     if (services.Runner.After) services.Runner.After();
     return TFormDialog(form, std::move(view), services, Front()).Execute();

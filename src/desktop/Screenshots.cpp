@@ -191,7 +191,7 @@ void TPictures::TakeAll() {
     RunCommand("SourceWithForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 78); });
     Take(*window_, "rewritten");
-    window_->Runner().Run([this] { window_->Tabs().ShowFormText(Path("orchard/Main.pas")); });
+    window_->Runner().Run([this] { window_->Tabs().ShowForm(Path("orchard/Main.pas")); });
     Take(*window_, "formtext");
     TakeOptions();
     TakeProjectSettings();

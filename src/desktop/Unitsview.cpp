@@ -19,6 +19,8 @@ TUnitsView::TUnitsView(TfrmTranslUnits& form, const TViewServices& services)
     ui_->setupUi(this);
     binder_.Label(ui_->lblUnits, form.lblUnits);
     binder_.Names(ui_->lbUnits, form.UnitNames, form.lbUnits.Selected, [&form] { form.lbUnitsClick(); });
+    binder_.Text(ui_->filter, form.Filter, [&form](const std::string& text) { form.SetFilter(text); });
+    binder_.Keys(this, QKeySequence::Find, [this] { ui_->filter->setFocus(); });
     binder_.Label(ui_->lblForm, form.lblForm);
     binder_.Choice(ui_->cbForm, form.cbForm, [&form] { form.cbFormChange(); });
     binder_.Click(ui_->btSelectAll, [&form] { form.SelectAll(); });
@@ -30,8 +32,10 @@ TUnitsView::TUnitsView(TfrmTranslUnits& form, const TViewServices& services)
     binder_.Show([this] {
         ui_->options->setVisible(form_.OptionsVisible);
         ui_->btOK->setEnabled(form_.OKEnabled());
-        for (int unit = 0; unit < ui_->lbUnits->count(); ++unit)
+        for (int unit = 0; unit < ui_->lbUnits->count(); ++unit) {
             ui_->lbUnits->item(unit)->setToolTip(ToQt(form_.lbUnits.Items[unit]));
+            ui_->lbUnits->item(unit)->setHidden(!form_.IsShown(unit));
+        }
     });
 }
 

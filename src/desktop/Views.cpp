@@ -1,5 +1,7 @@
 #include "desktop/Views.h"
 
+#include <stdexcept>
+
 #include "desktop/Chooserview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
@@ -32,7 +34,7 @@ constexpr TMakeView kViews[] = {
 std::unique_ptr<TView> MakeView(TForm& form, const TViewServices& services) {
     for (const TMakeView make : kViews)
         if (auto view = make(form, services)) return view;
-    return nullptr;
+    throw std::logic_error("The window \"" + form.Caption + "\" is not in the workbench yet");
 }
 
 }  // namespace tml

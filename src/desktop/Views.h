@@ -6,8 +6,8 @@
 
 namespace tml {
 
-/// The view of a window, nullptr for a class that has none. Which class is shown by which view stands in
-/// one table.
+/// The view of a window, modal or not. Which class is shown by which view stands in one table; a class that
+/// is not in it is a logic_error.
 std::unique_ptr<TView> MakeView(TForm& form, const TViewServices& services);
 
 }  // namespace tml

@@ -8,16 +8,27 @@
 #include "desktop/Texts.h"
 #include "desktop/Theme.h"
 
+namespace {
+
+/// What the program prints and ends with needs no display.
+void AnswerWithoutDisplay(int argc, char** argv, QCommandLineParser& arguments) {
+    const QCoreApplication application(argc, argv);
+    arguments.parse(QCoreApplication::arguments());
+    if (arguments.isSet("help")) arguments.showHelp();
+    if (arguments.isSet("version")) arguments.showVersion();
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace tml;
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("tmllang-workbench");
-    QApplication::setApplicationDisplayName("TmlLang Workbench");
-    LoadResources();
+    QCoreApplication::setApplicationName("tmllang-workbench");
+    QCoreApplication::setApplicationVersion(TML_VERSION);
 
     QCommandLineParser arguments;
     arguments.setApplicationDescription("The TmlLang Expert in windows.");
     arguments.addHelpOption();
+    arguments.addVersionOption();
     const QString settings =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/tmllang";
     const QCommandLineOption config("config", "Folder of the settings instead of the user's.", "DIR",
@@ -26,6 +37,10 @@ int main(int argc, char** argv) {
                                    "desktop");
     arguments.addOptions({config, theme});
     arguments.addPositionalArgument("PROJECT", "A project or a group of projects to open.", "[PROJECT]");
+    AnswerWithoutDisplay(argc, argv, arguments);
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName("TmlLang Workbench");
+    LoadResources();
     arguments.process(application);
 
     const QString side = arguments.value(theme);

@@ -34,7 +34,11 @@ constexpr TCommand OfWindow(std::string_view name, std::string_view caption, std
 }
 
 void ViewForm(TContext& context) {
-    if (const TFormRow* row = context.Rows.Active().FirstSelected()) OpenFile(context, row->FileName, true);
+    const TFormRow* row = context.Rows.Active().FirstSelected();
+    if (row == nullptr) return;
+    const std::string file = row->FileName;
+    if (!OpenFile(context, file, true)) return;
+    if (const auto form = GetFormEditorFromModule(GetModuleFromFileName(context, file))) form->Show();
 }
 
 /// Only while a project with entries is open.

@@ -238,13 +238,11 @@ void TfrmOptions::btOKClick() {
             Format("These phrases are no regular expressions and match as plain phrases only:\r\n%s",
                    broken.Text()),
             TMsgDlgType::mtInformation, {mrOk});
-    ModalResult = mrOk;
-    Changed();
+    Close(mrOk);
 }
 
 void TfrmOptions::btCancelClick() {
-    ModalResult = mrCancel;
-    Changed();
+    Close(mrCancel);
 }
 
 void sbOptionsClick(TContext& context) {

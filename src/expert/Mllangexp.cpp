@@ -23,7 +23,7 @@ std::unique_ptr<TForm> DockHost;
 std::unique_ptr<TfrmmlLang> MainWindow;
 
 /// What the about box shows.
-constexpr const char* kAbout = "TmlLang Expert\r\nVersion 1.0";
+constexpr const char* kAbout = "TmlLang Expert\r\nVersion " TML_VERSION;
 
 }  // namespace
 

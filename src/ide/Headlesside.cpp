@@ -89,8 +89,16 @@ std::vector<std::shared_ptr<IOTAModule>> THeadlessIde::Modules() const {
     return {state_->Modules.Open().begin(), state_->Modules.Open().end()};
 }
 
-void THeadlessIde::SetCurrentModule(const std::shared_ptr<IOTAModule>& module) {
-    state_->Modules.SetCurrent(module ? state_->Modules.Find(module->GetFileName()) : nullptr);
+std::shared_ptr<IOTAEditor> THeadlessIde::CurrentEditor() const {
+    return state_->Modules.CurrentEditor();
+}
+
+std::string THeadlessIde::DiffToDisk(const std::string& fileName) {
+    return state_->Modules.DiffToDisk(fileName);
+}
+
+void THeadlessIde::AcceptDisk(const std::string& fileName) {
+    state_->Modules.AcceptDisk(fileName);
 }
 
 void THeadlessIde::SaveAll() {

@@ -44,8 +44,12 @@ class THeadlessIde : public IBorlandIDEServices {
 
     /// The open modules in the order of their opening.
     std::vector<std::shared_ptr<IOTAModule>> Modules() const;
-    /// The code editor that has the focus becomes that of this module (nullptr: none).
-    void SetCurrentModule(const std::shared_ptr<IOTAModule>& module);
+    /// The source or form that was shown last, nullptr when its module is closed.
+    std::shared_ptr<IOTAEditor> CurrentEditor() const;
+    /// How an open file differs from what the disk holds of it, as a unified diff; "" where it does not.
+    std::string DiffToDisk(const std::string& fileName);
+    /// What the disk holds of an open file counts as known: the next save writes over it.
+    void AcceptDisk(const std::string& fileName);
     /// Saves every modified file in one step: all of them or none.
     void SaveAll();
 

@@ -2,12 +2,23 @@
 
 #include <algorithm>
 
+#include "base/Diff.h"
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "ide/Changesets.h"
 
 namespace tml {
+namespace {
+
+/// One of the files as a person reads it.
+std::string ShownText(const TModuleFiles& files, const std::string& fileName) {
+    if (files.Form && SameText(files.Form->FileName(), fileName)) return files.Form->ShownText();
+    const bool isHeader = files.Header && SameText(files.Header->FileName(), fileName);
+    return *(isHeader ? files.Header : files.Unit)->Text();
+}
+
+}  // namespace
 
 TModules::TModules(IFileSystem& files, IMlRuntime& runtime)
     : files_(files),
@@ -147,7 +158,7 @@ void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {
     services.FindForm = [this](const std::string& formName) { return FindForm(formName); };
     const std::weak_ptr<TModule> weak = module;
     services.Show = [this, weak] {
-        if (const auto self = weak.lock()) SetCurrent(self);
+        if (const auto self = weak.lock()) SetCurrent(self, kFormEditor);
     };
     services.FormRenamed = [this, weak] {
         if (const auto self = weak.lock()) NoteFormName(self);
@@ -205,7 +216,28 @@ void TModules::SetCurrent(const std::shared_ptr<TModule>& module, int editor) {
 
 std::shared_ptr<IOTASourceEditor> TModules::GetCurrentSourceEditor() {
     const auto module = current_.lock();
-    return module ? module->GetSourceEditor(currentEditor_) : nullptr;
+    return module ? module->GetSourceEditor(std::max(currentEditor_, 0)) : nullptr;
+}
+
+std::shared_ptr<IOTAEditor> TModules::CurrentEditor() const {
+    const auto module = current_.lock();
+    if (!module) return nullptr;
+    if (currentEditor_ == kFormEditor) return module->GetFormEditor();
+    return module->GetSourceEditor(currentEditor_);
+}
+
+std::string TModules::DiffToDisk(const std::string& fileName) {
+    const std::shared_ptr<TModule> open = Find(fileName);
+    if (!open) return {};
+    const TModuleFiles onDisk = ReadFiles(FindUnit(fileName));
+    return UnifiedDiff("on disk", "open", ShownText(onDisk, fileName), ShownText(open->Files(), fileName));
+}
+
+void TModules::AcceptDisk(const std::string& fileName) {
+    const std::shared_ptr<TModule> open = Find(fileName);
+    if (!open) return;
+    for (TDocument* document : open->Documents())
+        if (SameText(document->FileName(), fileName)) document->Written(files_.Read(fileName));
 }
 
 void TModules::CloseModule(const std::shared_ptr<TModule>& module) {

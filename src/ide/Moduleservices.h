@@ -44,6 +44,8 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     int AddNotifier(std::shared_ptr<IOTAIDENotifier> notifier) override;
     void RemoveNotifier(int index) override { notifiers_.Remove(index); }
 
+    static constexpr int kFormEditor = -1;
+
     /// Told why a module cannot be opened, as a person sees it, whoever asked for it.
     std::function<void(const EBadInput&)> OnError;
 
@@ -53,7 +55,12 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     std::vector<std::string> FilesOfUnit(const std::string& fileName);
     /// The open module that the file belongs to, nullptr without one.
     std::shared_ptr<TModule> Find(const std::string& fileName);
+    /// editor: of a source, or kFormEditor.
     void SetCurrent(const std::shared_ptr<TModule>& module, int editor = 0);
+    std::shared_ptr<IOTAEditor> CurrentEditor() const;
+    // See THeadlessIde.
+    std::string DiffToDisk(const std::string& fileName);
+    void AcceptDisk(const std::string& fileName);
     void CloseModule(const std::shared_ptr<TModule>& module);
     void CloseAll();
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Files.h"
 
 namespace tml {
@@ -16,10 +17,17 @@ struct TStagedFile {
     std::optional<std::string> Expected;
 };
 
+/// A file that somebody else has written since it was read; File() is its path.
+class EChangedOnDisk : public EFileError {
+  public:
+    using EFileError::EFileError;
+};
+
 /// Writes all files or none. They are staged beside their targets, compared with what is on the disk (a
-/// file that has changed since it was read, or is read-only, is refused), then renamed. A record in each of
-/// their folders lets RecoverStaged complete the renames after a crash. Throws EFileError or EBadInput; then
-/// every file is as it was, or, where even putting back failed, the message says what the next start does.
+/// file that has changed since it was read is EChangedOnDisk, one that is read-only is refused), then
+/// renamed. A record in each of their folders lets RecoverStaged complete the renames after a crash. Throws
+/// EFileError or EBadInput; then every file is as it was, or, where even putting back failed, the message
+/// says what the next start does.
 void WriteTogether(IFileSystem& files, const std::vector<TStagedFile>& staged);
 
 /// Completes what a crash left behind in the folders of the given files: what a record there names is

@@ -63,13 +63,11 @@ void TfrmNotTranslate::MoveAll(TNamesBox& from, TNamesBox& to) {
 }
 
 void TfrmNotTranslate::btOKClick() {
-    ModalResult = mrOk;
-    Changed();
+    Close(mrOk);
 }
 
 void TfrmNotTranslate::btCancelClick() {
-    ModalResult = mrCancel;
-    Changed();
+    Close(mrCancel);
 }
 
 }  // namespace tml

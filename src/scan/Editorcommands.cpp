@@ -17,7 +17,7 @@ namespace tml {
 namespace {
 
 constexpr std::array kEditorCommands{
-    TEditorCommand{"TranslateSourceMenu", "&Translate selected source", TranslateSourceMenuClick},
+    TEditorCommand{"TranslateSourceMenu", "T&ranslate selected source", TranslateSourceMenuClick},
     TEditorCommand{"MarkUnTranslatableSourceMenu", "Mark as &untranslatable",
                    MarkUnTranslatableSourceMenuClick},
 };

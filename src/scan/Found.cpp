@@ -281,13 +281,11 @@ void TfrmFound::tbModifyClick() {
     }
     if (sgStrings.SelectedCount() > 0 && !Confirm("There are some row(s) selected. Continue?")) return;
     if (!Confirm("This will apply changes and modify source code. Continue?")) return;
-    ModalResult = mrOk;
-    Changed();
+    Close(mrOk);
 }
 
 void TfrmFound::tbCancelClick() {
-    ModalResult = mrCancel;
-    Changed();
+    Close(mrCancel);
 }
 
 }  // namespace tml

@@ -1,6 +1,7 @@
 #include "scan/Selunit.h"
 
 #include "base/Files.h"
+#include "base/Utf8.h"
 #include "core/Formrows.h"
 #include "core/Modules.h"
 #include "platform/Projectoptions.h"
@@ -36,19 +37,29 @@ bool TfrmTranslUnits::OKEnabled() const {
 }
 
 void TfrmTranslUnits::SelectAll() {
-    lbUnits.Selected.assign(lbUnits.Selected.size(), true);
+    for (int unit = 0; unit < UnitNames.Count(); ++unit)
+        lbUnits.Selected[static_cast<std::size_t>(unit)] = IsShown(unit);
+    Changed();
+}
+
+bool TfrmTranslUnits::IsShown(int unit) const {
+    return Filter.empty() || Contains(FoldCase(UnitNames[unit]), FoldCase(Filter));
+}
+
+void TfrmTranslUnits::SetFilter(const std::string& text) {
+    Filter = text;
+    for (int unit = 0; unit < UnitNames.Count(); ++unit)
+        if (!IsShown(unit)) lbUnits.Selected[static_cast<std::size_t>(unit)] = false;
     Changed();
 }
 
 void TfrmTranslUnits::btOKClick() {
     if (!OKEnabled()) return;
-    ModalResult = mrOk;
-    Changed();
+    Close(mrOk);
 }
 
 void TfrmTranslUnits::btCancelClick() {
-    ModalResult = mrCancel;
-    Changed();
+    Close(mrCancel);
 }
 
 }  // namespace tml

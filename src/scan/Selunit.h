@@ -17,6 +17,7 @@ class TfrmTranslUnits : public TForm {
     std::string lblUnits = "Select &Unit(s):";
     TNamesBox lbUnits;      ///< full file names, in the order of the project
     TStringList UnitNames;  ///< what the list shows of each: its path from the project's folder on
+    std::string Filter;     ///< what the names of the shown units contain, without regard to case
     /// Off for a command that needs units only: the window is then as high as its list.
     bool OptionsVisible = true;
     std::string lblForm = "&Form that receives the strings:";
@@ -25,8 +26,12 @@ class TfrmTranslUnits : public TForm {
     /// At least one unit, and a form where it is asked for.
     bool OKEnabled() const;
 
+    bool IsShown(int unit) const;
+    /// A unit that is not shown is not selected.
+    void SetFilter(const std::string& text);
     void lbUnitsClick() { Changed(); }
     void cbFormChange() { Changed(); }
+    /// Selects what is shown.
     void SelectAll();
     void btOKClick();
     void btCancelClick();

@@ -105,8 +105,7 @@ int TfrmSkippedStrings::LineOfRow() const {
 }
 
 void TfrmSkippedStrings::btCloseClick() {
-    ModalResult = mrClose;
-    Changed();
+    Close(mrClose);
 }
 
 // --- the way out

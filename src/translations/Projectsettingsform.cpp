@@ -130,13 +130,11 @@ void TfrmProjectTranslationSettings::btOKClick() {
     settings_.SetOptionValue("DispatcherForm", cbDefFormForDispatcher.Text());
     settings_.SetOptionValue("CommonContainerForm", cbDefFormForCommonContainer.Text());
     settings_.SaveFile();
-    ModalResult = mrOk;
-    Changed();
+    Close(mrOk);
 }
 
 void TfrmProjectTranslationSettings::btCancelClick() {
-    ModalResult = mrCancel;
-    Changed();
+    Close(mrCancel);
 }
 
 }  // namespace tml

@@ -19,6 +19,11 @@ void TMenuItem::Click() {
     if (Enabled && handler) handler();
 }
 
+void TForm::Close(TModalResult result) {
+    ModalResult = result;
+    Changed();
+}
+
 void TForm::Changed() const {
     if (OnChange) OnChange();
 }

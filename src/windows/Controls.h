@@ -75,6 +75,9 @@ class TForm {
     bool Dockable = false;      ///< may be docked into the IDE's window
     std::string ActiveControl;  ///< name of the control with the focus on showing, "" for the first one
 
+    /// Ends the window with this result, unless FormCloseQuery keeps it open.
+    void Close(TModalResult result);
+
     virtual void FormShow() {}
     /// False keeps the window open.
     virtual bool FormCloseQuery() { return true; }

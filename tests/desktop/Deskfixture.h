@@ -2,7 +2,15 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
+#include <QContextMenuEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
@@ -15,12 +23,14 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "base/Diskfiles.h"
 #include "desktop/Codeeditor.h"
 #include "desktop/Editortabs.h"
 #include "desktop/Mainwindow.h"
 #include "desktop/Messagepane.h"
 #include "desktop/Resources.h"
 #include "desktop/Texts.h"
+#include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
 
 namespace tml {
@@ -35,6 +45,48 @@ inline void Activate(QWidget& window) {
         QApplication::processEvents();
         return guard == nullptr || guard->isActiveWindow();
     }));
+}
+
+inline void Press(QWidget& window, const char* button) {
+    // A check box answers to its box and text only, wherever the rest of its row ends.
+    QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton, {}, {8, 8});
+}
+
+/// The line of a field, which may be the field itself.
+inline QLineEdit& EditOf(QWidget& window, const char* name) {
+    auto* field = window.findChild<QWidget*>(name);
+    auto* edit = qobject_cast<QLineEdit*>(field);
+    return edit == nullptr ? *field->findChild<QLineEdit*>() : *edit;
+}
+
+inline void Type(QWidget& window, const char* name, const QString& text) {
+    QLineEdit& edit = EditOf(window, name);
+    edit.setFocus();
+    edit.selectAll();
+    QTest::keyClicks(&edit, text);
+}
+
+inline QString TextOf(QWidget& window, const char* label) {
+    return window.findChild<QLabel*>(label)->text();
+}
+
+inline void ClickItem(QListWidget& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    list.scrollToItem(list.item(row));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, list.visualItemRect(list.item(row)).center());
+}
+
+/// Clicks an entry of the menu that has popped up; false when none has.
+inline bool ClickEntry(const QString& text) {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return false;
+    for (QAction* action : menu->actions())
+        if (action->text().remove('&') == text) {
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+            return true;
+        }
+    menu->close();
+    ADD_FAILURE() << "no entry " << FromQt(text);
+    return true;
 }
 
 /// The person at the workbench: what is done with each modal window, in the order in which they come. A
@@ -55,6 +107,21 @@ class TDeskUser {
                 if (candidate->text().remove('&') == button)
                     return QTest::mouseClick(candidate, Qt::LeftButton);
             ADD_FAILURE() << "no button " << FromQt(button);
+        });
+    }
+    /// Expects a box for a text and gives it.
+    void AnswerInput(const QString& text) {
+        On([text](QWidget& window) {
+            dynamic_cast<QInputDialog&>(window).setTextValue(text);
+            dynamic_cast<QInputDialog&>(window).accept();
+        });
+    }
+    /// Expects the dialog for files and types a name.
+    void ChooseFile(const QString& file) {
+        On([file](QWidget& window) {
+            auto& dialog = dynamic_cast<QFileDialog&>(window);
+            Type(dialog, "fileNameEdit", file);
+            QTest::keyClick(&EditOf(dialog, "fileNameEdit"), Qt::Key_Return);
         });
     }
 
@@ -101,12 +168,14 @@ class TDesktop : public testing::Test {
         static int count = 1;
         static char name[] = "tests";
         static char* arguments[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        // A laptop's screen, and beside it the same one at twice the scale.
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TML_TESTS "/desktop/Screens.json");
         if (qApp == nullptr) new QApplication(count, arguments);
         LoadResources();
     }
 
     std::string Path(const std::string& name) const { return FromQt(folder_.path()) + "/" + name; }
+    std::string OnDisk(const std::string& name) const { return MakeDiskFileSystem()->Read(Path(name)); }
     void OpenOrchard() {
         Window->OpenProject(ToQt(Path("orchard/Orchard.dproj")));
         QApplication::processEvents();
@@ -124,6 +193,29 @@ class TDesktop : public testing::Test {
         Find<QAction>(action).trigger();
         QApplication::processEvents();
     }
+    /// Opens the local menu at a place of a widget and clicks an entry with the mouse.
+    void ChooseFromMenu(QWidget& target, const QPoint& at, const QString& entry) {
+        bool clicked = false;
+        // For a menu that is waited for; another one stands open when the event has been sent.
+        QTimer::singleShot(0, Window.get(), [&] { clicked = clicked || ClickEntry(entry); });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, target.mapToGlobal(at));
+        QApplication::sendEvent(&target, &event);
+        clicked = clicked || ClickEntry(entry);
+        EXPECT_TRUE(clicked) << "no menu";
+        // As the event loop does it: what is to be deleted goes before what is queued runs.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QApplication::processEvents();
+    }
+    /// Opens a menu of a menu bar and clicks an entry, both with the mouse.
+    static void ChooseFromBar(QMenuBar& bar, const QString& menu, const QString& entry) {
+        // Menus that have been made anew leave their old ones for the event loop to delete.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (QAction* action : bar.actions())
+            if (action->text().remove('&') == menu)
+                QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(action).center());
+        EXPECT_TRUE(ClickEntry(entry)) << "no menu " << FromQt(menu);
+        QApplication::processEvents();
+    }
     static void ClickCell(QTableView& table, int row, int column,
                           Qt::KeyboardModifiers keys = Qt::NoModifier) {
         const QModelIndex index = table.model()->index(row, column);
@@ -138,6 +230,11 @@ class TDesktop : public testing::Test {
         for (int row = 0; row < table.model()->rowCount(); ++row)
             if (Cell(table, row, 0) == form) return ClickCell(table, row, 0);
         FAIL() << "no form " << FromQt(form);
+    }
+    TContext& Context() { return Window->Host().Expert()->Context(); }
+    QDockWidget& Dock() { return Find<QDockWidget>("TmlLangExpertIDEDockableForm"); }
+    void GoTo(const std::string& file, int line) {
+        Window->Runner().Run([&] { Window->GoTo(Path(file), line); });
     }
     QString EditorText() { return Window->Tabs().Current()->text(); }
 

@@ -1,5 +1,3 @@
-#include <QLineEdit>
-#include <QMenu>
 #include <QToolBar>
 
 #include "desktop/Deskfixture.h"

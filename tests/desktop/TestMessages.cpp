@@ -1,0 +1,100 @@
+#include <QProcess>
+#include <QTreeWidget>
+#include <fstream>
+
+#include "desktop/Deskfixture.h"
+
+namespace tml {
+namespace {
+
+using TMessages = TDesktop;
+
+TEST_F(TMessages, ProgressComesLateAndCanBeStopped) {
+    IDialogs& dialogs = *Window->Host().Host().Dialogs;
+    EXPECT_TRUE(dialogs.ShowProgress("Working", 1, 3));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    QTest::qSleep(120);
+    User.On([](QWidget& box) { QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton); });
+    bool goesOn = true;
+    for (int i = 0; i < 500 && goesOn; ++i) {
+        QTest::qSleep(10);
+        goesOn = dialogs.ShowProgress("Working", 2, 3);
+    }
+    EXPECT_FALSE(goesOn);
+    dialogs.HideProgress();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(TMessages, LongMessagesLeaveRoomForTheButtons) {
+    std::string text = "first line\n" + std::string(10'000, 'x') + "\n";
+    for (int i = 0; i < 500; ++i)
+        text += "x\n";
+    User.On([&](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_LT(box.height(), 600);
+        EXPECT_TRUE(box.text().startsWith("first line")) << FromQt(box.text());
+        EXPECT_TRUE(box.text().endsWith("Continue?"));
+        EXPECT_TRUE(FromQt(box.detailedText()) == text + "Continue?");
+        box.close();
+    });
+    EXPECT_EQ(Window->Host().Host().Dialogs->MessageDlg(text + "Continue?", TMsgDlgType::mtConfirmation,
+                                                        {mrYes, mrNo}),
+              mrNo);
+}
+
+TEST_F(TMessages, ProblemsOfAProjectLeadToTheirFile) {
+    std::filesystem::remove(Path("orchard/units/Pricing.pas"));
+    OpenOrchard();
+    auto& messages = Window->Messages();
+    ASSERT_EQ(messages.topLevelItemCount(), 1);
+    EXPECT_TRUE(messages.isVisible());
+    auto& tree = Find<QTreeWidget>("projectTree");
+    for (QTreeWidgetItem* item : tree.findItems("MainForm", Qt::MatchStartsWith | Qt::MatchRecursive))
+        Q_EMIT tree.itemActivated(item, 0);
+    ASSERT_NE(Window->Tabs().Current(), nullptr);
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Main.pas"));
+    QTest::mouseClick(messages.viewport(), Qt::LeftButton, {},
+                      messages.visualItemRect(messages.topLevelItem(0)).center());
+    EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Orchard.dproj"));
+}
+
+TEST_F(TMessages, AFormThatCannotBeReadIsNamedInTheMessages) {
+    std::ofstream(Path("orchard/Main.dfm")) << "object MainForm: TMainForm\n  Caption = 'x\n";
+    OpenOrchard();
+    SelectForm("MainForm");
+    Click("ViewForm2");
+    Click("ViewForm2");
+    auto& messages = Window->Messages();
+    EXPECT_TRUE(messages.isVisible());
+    ASSERT_EQ(messages.topLevelItemCount(), 1) << "the same message stands once";
+    EXPECT_EQ(messages.topLevelItem(0)->text(0) + messages.topLevelItem(0)->text(1), "Main.dfm2");
+}
+
+TEST_F(TMessages, ATitleIsWhole) {
+    const std::string title(60, 'W');
+    std::string value;
+    User.On([&](QWidget& box) {
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(ToQt(title)) + 100);
+        box.close();
+    });
+    EXPECT_FALSE(Context().Dialogs().InputQuery(title, "Name:", value));
+}
+
+TEST_F(TMessages, HelpAndVersionNeedNoDisplay) {
+    const auto output = [](const char* option) {
+        QProcess program;
+        program.setProcessEnvironment({});
+        program.start(TML_BIN "/tmllang-workbench", {option});
+        EXPECT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+        return QString::fromUtf8(program.readAllStandardOutput());
+    };
+    EXPECT_TRUE(output("--help").contains("PROJECT"));
+    const QString version = output("--version").trimmed().section(' ', 1);
+    EXPECT_FALSE(version.isEmpty());
+    User.Answer("TmlLang Expert\r\nVersion " + version, "OK");
+    Window->Host().Host().Runtime->ShowAboutBox();
+}
+
+}  // namespace
+}  // namespace tml

@@ -1,0 +1,68 @@
+#include <QScreen>
+#include <set>
+
+#include "desktop/Deskfixture.h"
+#include "scan/Dntcedit.h"
+#include "scan/Skippedstrings.h"
+
+namespace tml {
+namespace {
+
+struct TScreens : TDesktop {
+    /// Expects a window and closes it after a look at its size.
+    void Expect(const QScreen& screen) {
+        User.On([&](QWidget& window) {
+            seen_.insert(FromQt(window.objectName()));
+            EXPECT_EQ(window.screen(), &screen);
+            EXPECT_LE(window.width(), RoomFor(window).width()) << FromQt(window.objectName());
+            EXPECT_LE(window.height(), RoomFor(window).height()) << FromQt(window.objectName());
+            if (window.objectName() == "frmFound") User.Answer("This will close", "Yes");
+            window.close();
+        });
+    }
+    void ShowChoosers(const QScreen& screen) {
+        TfrmNotTranslate names(*Window->Host().Host().Registry, TStringList({"Button1"}), {});
+        TfrmSkippedStrings skipped(Context(), Window->Host().Expert()->Subjects().Scan);
+        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped}) {
+            Expect(screen);
+            Context().Dialogs().ShowModal(*form);
+        }
+    }
+
+    void EveryWindowFits(const QScreen& screen);
+
+    std::set<std::string> seen_;
+};
+
+void TScreens::EveryWindowFits(const QScreen& screen) {
+    OpenOrchard();
+    Window->move(screen.geometry().topLeft());
+    Window->resize(RoomFor(*Window));
+    QApplication::processEvents();
+    EXPECT_EQ(Window->height(), RoomFor(*Window).height());
+    EXPECT_EQ(Window->width(), RoomFor(*Window).width());
+    SelectForm("MainForm");
+    for (const char* command :
+         {"Options1", "ProjectSettings1", "tbLanguages", "SourceWithForm1", "SourceWithoutForm1"}) {
+        Expect(screen);
+        Click(command);
+    }
+    ShowChoosers(screen);
+    Click("Contents1");
+    const auto& help = Find<QDialog>("help");
+    EXPECT_EQ(help.size().boundedTo(RoomFor(help)), help.size());
+    EXPECT_EQ(seen_, (std::set<std::string>{"frmFound", "frmLangConfig", "frmNotTranslate", "frmOptions",
+                                            "frmProjectTranslationSettings", "frmSkippedStrings",
+                                            "frmTranslUnits"}));
+}
+
+TEST_F(TScreens, EveryWindowFitsALaptops) {
+    EveryWindowFits(*QApplication::screens().at(0));
+}
+
+TEST_F(TScreens, EveryWindowFitsAtTwiceTheScale) {
+    EveryWindowFits(*QApplication::screens().at(1));
+}
+
+}  // namespace
+}  // namespace tml
