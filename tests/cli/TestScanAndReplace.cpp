@@ -51,6 +51,7 @@ class TSample {
         std::istringstream rows(output);
         for (std::string row; std::getline(rows, row);) {
             const nlohmann::json value = nlohmann::json::parse(row);
+            if (!value.contains("text")) continue;  // sums a unit up
             strings[fs::path(value["file"].get<std::string>()).filename().string()].insert(
                 value["text"].dump() + value["id"].dump() + value["replacement"].dump() +
                 value["advice"].dump());
