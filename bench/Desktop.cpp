@@ -111,7 +111,8 @@ void Review(TMainWindow& window, int count) {
     input.Style.Language = &LanguageOf(input.FileName);
     input.Found = Rows(count);
     const TWatch watch;
-    TfrmFound form(context, std::move(input));
+    TScanMemory memory;
+    TfrmFound form(context, memory, std::move(input));
     WhenModal(window, nullptr, [&](QWidget& review) {
         std::cout << watch.Seconds();
         MeasureRows(*review.findChild<QTableView*>("sgStrings"),

@@ -8,6 +8,7 @@
 #include "Expect.h"
 #include "base/Codedtext.h"
 #include "base/Errors.h"
+#include "scan/Duplicates.h"
 #include "scan/Rewrite.h"
 
 namespace tml::fuzz {

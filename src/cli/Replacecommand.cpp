@@ -33,13 +33,13 @@ struct TDecision {
     std::vector<TFoundRow> LeftOut;
 };
 
-/// Stands in for the person: rows with an advice are left out, the rest is confirmed.
+/// Stands in for the person: what the review takes is confirmed; rows with an advice are left out unless
+/// all are wanted.
 TDecision Decide(TfrmFound& found, bool all) {
-    if (!all) {
-        found.acSelectAdvised();
-        if (found.sgStrings.SelectedCount() > 0) found.acDeleteRow();
-    }
-    TDecision decision{found.sgStrings.Rows, found.sgDeleted.Rows};
+    if (all) found.acTakeAll();
+    TDecision decision;
+    for (const TFoundRow& row : found.Rows)
+        (row.IsTaken() ? decision.Replaced : decision.LeftOut).push_back(row);
     if (decision.Replaced.empty())
         found.tbCancelClick();
     else

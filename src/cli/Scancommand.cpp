@@ -14,6 +14,7 @@
 #include "cli/Terminal.h"
 #include "projects/Listablefiles.h"
 #include "projects/Projectfiles.h"
+#include "scan/Duplicates.h"
 
 namespace tml {
 namespace {

@@ -1,5 +1,7 @@
 #include "core/Notifiers.h"
 
+#include <utility>
+
 #include "base/Errors.h"
 #include "core/Modules.h"
 
@@ -30,9 +32,10 @@ void TmlModuleNotifier::Unregister() {
 
 void TmlModuleNotifier::Detach() {
     Unregister();
-    if (list_ == nullptr) return;
-    if (TFormRow* row = list_->Find(rowId_)) row->Notifier.reset();
-    list_ = nullptr;
+    TFormRows* list = std::exchange(list_, nullptr);
+    TFormRow* row = list == nullptr ? nullptr : list->Find(rowId_);
+    // The row may hold the last reference: nothing of the notifier is touched afterwards.
+    if (row != nullptr) row->Notifier.reset();
 }
 
 std::string TmlModuleNotifier::FormFileName() const {

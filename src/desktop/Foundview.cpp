@@ -1,14 +1,10 @@
 #include "desktop/Foundview.h"
 
-#include <QAction>
 #include <QFontDatabase>
+#include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
-#include <QShortcut>
-#include <QSignalBlocker>
-#include <QStyledItemDelegate>
-#include <QToolButton>
 
+#include "desktop/Filterbox.h"
 #include "desktop/Icons.h"
 #include "desktop/Listmodel.h"
 #include "desktop/Texts.h"
@@ -17,25 +13,8 @@
 namespace tml {
 namespace {
 
-/// The tool bar, "" for a separator; the other commands are in the popup menu.
-constexpr std::array kToolBar{
-    "ModifySource",   "Cancel", "",          "acDeleteRow",     "acExclude",
-    "acMarktoIgnore", "",       "acStartID", "acSwitchDeleted", "acRestoreDeletedRow",
-    "acViewSkipped",  "",       "Help"};
-
-/// The commands after which the popup menu has a line.
-constexpr std::array kGroupEnds{"acExclude", "acRemoveIgnoreMark", "acRestoreDeletedRow", "acViewSkipped",
-                                "acSelectAdvised"};
-
 constexpr int kMarkTint = 90;  ///< of 255
-
-std::vector<int> SourceRows(const QItemSelection& selection, const QSortFilterProxyModel& sorted) {
-    std::vector<int> rows;
-    for (const QItemSelectionRange& range : selection)
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.push_back(sorted.mapToSource(sorted.index(row, 0)).row());
-    return rows;
-}
+constexpr int kRemarkSize = 16;
 
 }  // namespace
 
@@ -44,7 +23,7 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
       services_(services),
       ui_(std::make_unique<Ui::Foundview>()),
       binder_(services.Runner),
-      model_(form) {
+      model_([&form]() -> TGrid& { return form.Shown(); }) {
     ui_->setupUi(this);
     for (QLabel*& panel : panels_) {
         panel = new QLabel(this);
@@ -54,186 +33,64 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
     ui_->splitter->setStretchFactor(0, 1);
     ui_->splitter->setStretchFactor(1, 0);
     ui_->memPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    ui_->adviceIcon->setPixmap(PictureOf("advice").pixmap(16));
     binder_.Click(ui_->hideNotice, [this] { form_.HideNotice(); });
+    binder_.Label(ui_->tableCaption, form_.TableCaption);
     BindTable();
-    BindActions();
-    FillToolBar();
-    FillPopup();
+    actions_ = std::make_unique<TActionBinding>(form_.Actions, *this, *ui_->toolBar, *ui_->sgStrings,
+                                                [this](const TAction& action) { Execute(action); });
 }
 
 TFoundView::~TFoundView() = default;
 
 void TFoundView::BindTable() {
-    sorted_.IsShown = [this](int row) { return form_.Shown().Rows[static_cast<std::size_t>(row)].Shown; };
-    sorted_.setSourceModel(&model_);
+    model_.Run = [this](const std::function<void()>& work) { services_.Runner.Run(work); };
     TRowTable& table = *ui_->sgStrings;
-    table.setModel(&sorted_);
+    table.setModel(&model_);
     SetUpTable(table);
+    table.horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     table.setSortingEnabled(true);
-    table.sortByColumn(TFoundModel::fcLine, Qt::AscendingOrder);
-    table.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    connect(&table, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
-        ui_->sgStrings->edit(index.siblingAtColumn(TFoundModel::fcID));
-    });
-    model_.OnEdit = [this](int row, const std::string& id) {
-        services_.Runner.Run([&] { form_.SetEditText(row, id); });
-    };
-    connect(table.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& current) {
-                if (refreshing_ || !current.isValid()) return;
-                services_.Runner.Run([&] { form_.SelectCell(sorted_.mapToSource(current).row()); });
-            });
-    connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this](const QItemSelection& selected, const QItemSelection& deselected) {
-                TakeSelection(selected, true);
-                TakeSelection(deselected, false);
-            });
-    connect(ui_->filter, &QLineEdit::textChanged, this,
-            [this](const QString& text) { services_.Runner.Run([&] { form_.SetFilter(FromQt(text)); }); });
+    BindFilter(*this, *ui_->filter, table, services_.Runner,
+               [this](const std::string& text) { form_.SetFilter(text); });
 }
 
-void TFoundView::RefreshFilter() {
-    if (filter_ == form_.Filter) return;
-    filter_ = form_.Filter;
-    sorted_.Refilter();
-}
-
-// --- commands
-
-void TFoundView::AddAction(const TFoundAction& action) {
-    const QString name = ToQt(action.Name);
-    auto* bound = new QAction(IconOf(action.Name), ToQt(action.Caption), this);
-    bound->setObjectName(name);
-    bound->setShortcut(KeysOf(TextToShortCut(action.ShortCut)));
-    connect(bound, &QAction::triggered, this, [this, &action] {
-        Execute(
-            [&] { action.Execute == nullptr ? services_.ShowHelp(form_.Name) : (form_.*action.Execute)(); });
-    });
-    addAction(bound);
-    actions_[name] = bound;
-}
-
-void TFoundView::Execute(const std::function<void()>& command) {
+void TFoundView::Execute(const TAction& action) {
     // Neither a key nor a tool button takes the focus from a cell's editor.
     ui_->sgStrings->CommitEditor();
-    services_.Runner.Run(command);
-}
-
-void TFoundView::BindActions() {
-    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
-        for (const TFoundAction& action : table)
-            AddAction(action);
-    const auto focusFilter = [this] {
-        ui_->filter->setFocus();
-        ui_->filter->selectAll();
-    };
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, focusFilter);
-    // Of the filter alone: in the table the key goes down.
-    new QShortcut(
-        Qt::Key_Down, ui_->filter, [this] { ui_->sgStrings->setFocus(); }, Qt::WidgetShortcut);
-}
-
-void TFoundView::FillToolBar() {
-    for (const QString name : kToolBar) {
-        if (name.isEmpty()) ui_->toolBar->addSeparator();
-        if (actions_.contains(name)) ui_->toolBar->addAction(actions_[name]);
-    }
-    actions_["acMarktoIgnore"]->setIconText("Ignore");
-}
-
-void TFoundView::FillPopup() {
-    ui_->sgStrings->setContextMenuPolicy(Qt::ActionsContextMenu);
-    for (const TFoundAction& action : TfrmFound::Actions()) {
-        const QString name = ToQt(action.Name);
-        ui_->sgStrings->addAction(actions_[name]);
-        if (std::find(kGroupEnds.begin(), kGroupEnds.end(), name) == kGroupEnds.end()) continue;
-        auto* line = new QAction(ui_->sgStrings);
-        line->setSeparator(true);
-        ui_->sgStrings->addAction(line);
-    }
-    const TFoundAction& menu = TfrmFound::MethodMenu();
-    auto* methods = new QMenu(ToQt(menu.Caption), this);
-    methods->setObjectName(ToQt(menu.Name));
-    actions_[methods->objectName()] = methods->menuAction();
-    for (const std::string_view method : TfrmFound::Methods())
-        connect(methods->addAction(ToQt(method)), &QAction::triggered, this,
-                [this, method] { Execute([&] { form_.UseMethod(std::string(method)); }); });
-    ui_->sgStrings->addAction(methods->menuAction());
+    services_.Runner.Run([&] { action.Execute ? action.Execute() : services_.ShowHelp(form_.Name); });
 }
 
 // --- showing
 
-void TFoundView::TakeSelection(const QItemSelection& rows, bool selected) {
-    if (refreshing_ || rows.isEmpty()) return;
-    services_.Runner.Run([&] { form_.SelectRows(SourceRows(rows, sorted_), selected); });
+void TFoundView::LayOut() {
+    laidOut_ = true;
+    const auto& columns = form_.sgStrings.Columns;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
+    int preview = form_.PreviewHeight;
+    if (preview <= 0) {
+        const QPlainTextEdit& pane = *ui_->memPreview;
+        const int frame = 2 * (pane.frameWidth() + static_cast<int>(pane.document()->documentMargin()));
+        const int around = ui_->previewPane->sizeHint().height() - pane.sizeHint().height();
+        preview = around + frame + form_.PreviewRows() * pane.fontMetrics().lineSpacing();
+        preview = std::min(preview, height() / 2);
+    }
+    // The least for the rows: what is left of the height goes to them.
+    ui_->splitter->setSizes({1, preview});
+    ui_->sgStrings->setFocus();
 }
 
 void TFoundView::Refresh() {
-    if (refreshing_) return;
-    refreshing_ = true;
-    if (!laidOut_ && form_.Visible) {
-        laidOut_ = true;
-        for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
-            ui_->sgStrings->setColumnWidth(static_cast<int>(i), ShownWidth(*this, form_.GridCols[i]));
-        // The least for the rows: what is left of the height goes to them.
-        ui_->splitter->setSizes({1, form_.PreviewHeight});
-        ui_->sgStrings->setFocus();
-    }
-    model_.Refresh();
-    RefreshFilter();
-    RefreshSelection();
-    refreshing_ = false;
-    RefreshActions();
+    if (!laidOut_ && form_.Visible) LayOut();
+    ui_->sgStrings->ShowGrid();
+    binder_.Refresh();
+    actions_->Refresh();
     RefreshPreview();
+    RefreshRemark();
     ui_->notice->setVisible(form_.NoticeVisible);
-    for (std::size_t i = 0; i < panels_.size(); ++i)
+    for (std::size_t i = 0; i < form_.StatusPanels.size(); ++i)
         panels_[i]->setText(ToQt(form_.StatusPanels[i]));
-    ui_->filterCount->setText(QString("%1 of %2").arg(sorted_.rowCount()).arg(model_.rowCount({})));
-    ui_->sgStrings->viewport()->update();
-}
-
-void TFoundView::RefreshActions() {
-    for (const auto& table : {TfrmFound::Actions(), TfrmFound::ToolButtons()})
-        for (const TFoundAction& action : table)
-            RefreshAction(action);
-    RefreshAction(TfrmFound::MethodMenu());
-}
-
-void TFoundView::RefreshAction(const TFoundAction& action) {
-    QAction* bound = actions_[ToQt(action.Name)];
-    bound->setText(ToQt(form_.CaptionOf(action)));
-    bound->setEnabled(form_.EnabledOf(action));
-    const std::string hint = form_.HintOf(action);
-    QString tip = hint.empty() ? bound->text().remove('&') : ToQt(hint);
-    if (!bound->shortcut().isEmpty())
-        tip += " (" + bound->shortcut().toString(QKeySequence::NativeText) + ")";
-    bound->setToolTip(tip);
-}
-
-void TFoundView::RefreshSelection() {
-    const auto& rows = form_.Shown().Rows;
-    QItemSelection selection;
-    for (int shown = 0; shown < sorted_.rowCount(); ++shown) {
-        const auto row = static_cast<std::size_t>(sorted_.mapToSource(sorted_.index(shown, 0)).row());
-        if (!rows[row].Selected) continue;
-        // Neighbours are one range, so that the cost stays that of the rows.
-        int last = shown;
-        while (last + 1 < sorted_.rowCount() &&
-               rows[static_cast<std::size_t>(sorted_.mapToSource(sorted_.index(last + 1, 0)).row())].Selected)
-            ++last;
-        selection.select(sorted_.index(shown, 0), sorted_.index(last, TFoundModel::fcReplacement));
-        shown = last;
-    }
-    auto* model = ui_->sgStrings->selectionModel();
-    if (model->selection() != selection) {
-        // In two steps: in one, each range of the old selection is compared with each of the new one.
-        model->clearSelection();
-        model->select(selection, QItemSelectionModel::Select);
-    }
-    const QModelIndex current = sorted_.mapFromSource(model_.index(form_.Shown().Row, TFoundModel::fcID));
-    if (current.isValid() && current.row() != ui_->sgStrings->currentIndex().row())
-        model->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    panels_.back()->setText(ToQt(form_.TakenPanel));
+    ui_->filterCount->setText(FilterCount(*ui_->sgStrings));
 }
 
 void TFoundView::RefreshPreview() {
@@ -253,14 +110,20 @@ void TFoundView::RefreshPreview() {
     cursor.setPosition(begin);
     ui_->memPreview->setTextCursor(cursor);
     ui_->memPreview->centerCursor();
-    const std::string advice = form_.Advice();
-    ui_->advice->setText(ToQt(advice));
-    ui_->adviceIcon->setVisible(!advice.empty());
+}
+
+void TFoundView::RefreshRemark() {
+    const bool isWrong = !form_.IDNotice.empty();
+    const std::string remark = isWrong ? form_.IDNotice : form_.Advice();
+    ui_->advice->setText(ToQt(remark));
+    ui_->adviceIcon->setPixmap(PictureOf(isWrong ? "error" : "advice").pixmap(kRemarkSize));
+    ui_->adviceIcon->setVisible(!remark.empty());
 }
 
 void TFoundView::BeforeClose() {
-    for (std::size_t i = 0; i < form_.GridCols.size(); ++i)
-        form_.GridCols[i] = DesignWidth(*this, ui_->sgStrings->columnWidth(static_cast<int>(i)));
+    auto& columns = form_.sgStrings.Columns;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        columns[i].Width = DesignWidth(*this, ui_->sgStrings->columnWidth(static_cast<int>(i)));
     form_.PreviewHeight = ui_->splitter->sizes().at(1);
 }
 

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <QPointer>
 #include <array>
-#include <map>
 #include <memory>
 
+#include "desktop/Actionbinding.h"
 #include "desktop/Binder.h"
-#include "desktop/Foundmodel.h"
-#include "desktop/Rowfilter.h"
+#include "desktop/Gridmodel.h"
 #include "desktop/View.h"
+#include "scan/Found.h"
 
-class QAction;
 class QLabel;
-class QMenu;
 
 namespace Ui {
 class Foundview;
@@ -30,30 +27,20 @@ class TFoundView : public TView {
     void BeforeClose() override;
 
   private:
-    void BindActions();
-    void FillToolBar();
-    void FillPopup();
     void BindTable();
-    void RefreshFilter();
-    void RefreshActions();
-    void RefreshSelection();
-    void RefreshPreview();
-    void TakeSelection(const QItemSelection& rows, bool selected);
     /// Runs a command on what has been typed.
-    void Execute(const std::function<void()>& command);
-    void AddAction(const TFoundAction& action);
-    void RefreshAction(const TFoundAction& action);
+    void Execute(const TAction& action);
+    void LayOut();
+    void RefreshPreview();
+    void RefreshRemark();
 
     TfrmFound& form_;
     const TViewServices& services_;
     std::unique_ptr<Ui::Foundview> ui_;
     TBinder binder_;
-    TFoundModel model_;
-    TRowFilter sorted_;
-    std::string filter_;  ///< the one that is shown
-    std::map<QString, QAction*> actions_;
-    std::array<QLabel*, 3> panels_{};
-    bool refreshing_ = false;
+    TGridModel model_;
+    std::unique_ptr<TActionBinding> actions_;
+    std::array<QLabel*, 4> panels_{};
     bool laidOut_ = false;
 };
 

@@ -40,11 +40,8 @@ QVariant TListModel::data(const QModelIndex& index, int role) const {
     const TListRow& row = list_.Row(index.row());
     if (role == Qt::DecorationRole && index.column() == 0 && row.StateIndex() < pictures_.size())
         return PictureOf(pictures_[row.StateIndex()]);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != SortRole) return {};
-    const QString text = ToQt(row.Cell(static_cast<std::size_t>(index.column())));
-    bool isNumber = false;
-    const int number = role == SortRole && index.column() == 0 ? text.toInt(&isNumber) : 0;
-    return isNumber ? QVariant(number) : QVariant(text);
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+    return ToQt(row.Cell(static_cast<std::size_t>(index.column())));
 }
 
 QVariant TListModel::headerData(int section, Qt::Orientation orientation, int role) const {

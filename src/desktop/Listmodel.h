@@ -15,9 +15,6 @@ class TListModel : public QAbstractTableModel {
     /// pictures: by StateIndex, names of resources.
     TListModel(TListRows& list, QStringList pictures) : list_(list), pictures_(std::move(pictures)) {}
 
-    /// What rows are sorted by: numbers in the first column by their values.
-    static constexpr int SortRole = Qt::UserRole;
-
     /// To be called when the list has changed.
     void Refresh();
 

@@ -176,10 +176,7 @@ void TPictures::TakeAll() {
             skipped.close();
         });
         review.findChild<QAction*>("acViewSkipped")->trigger();
-        // Where a call cannot stand, the strings are left as they are.
-        review.findChild<QAction*>("acSelectAdvised")->trigger();
-        steps_.push_back(&Accept);
-        review.findChild<QAction*>("acDeleteRow")->trigger();
+        review.findChild<QAction*>("acRemoveSelection")->trigger();
         steps_.push_back([this](QWidget& question) {
             Take(question, "question");
             Accept(question);

@@ -2,9 +2,10 @@
 
 #include <QFontDatabase>
 #include <QHeaderView>
-#include <QShortcut>
 
+#include "desktop/Filterbox.h"
 #include "desktop/Icons.h"
+#include "desktop/Listmodel.h"
 #include "desktop/Texts.h"
 #include "ui_Skippedview.h"
 
@@ -21,7 +22,7 @@ TSkippedView::TSkippedView(TfrmSkippedStrings& form, const TViewServices& servic
       runner_(services.Runner),
       ui_(std::make_unique<Ui::Skippedview>()),
       binder_(services.Runner),
-      model_(form.lvStrings, {}) {
+      model_([&form]() -> TGrid& { return form.Table; }) {
     ui_->setupUi(this);
     ui_->splitter->setStretchFactor(0, kListShare);
     ui_->splitter->setStretchFactor(1, 2);
@@ -39,68 +40,32 @@ TSkippedView::TSkippedView(TfrmSkippedStrings& form, const TViewServices& servic
     binder_.Click(ui_->btHelp, help);
     binder_.Keys(this, QKeySequence::HelpContents, help);
     BindTable();
-    BindFilter();
 }
 
 TSkippedView::~TSkippedView() = default;
 
 void TSkippedView::BindTable() {
-    sorted_.setSourceModel(&model_);
-    sorted_.setSortRole(TListModel::SortRole);
-    QTableView& table = *ui_->lvStrings;
-    table.setModel(&sorted_);
+    model_.Run = [this](const std::function<void()>& work) { runner_.Run(work); };
+    TRowTable& table = *ui_->lvStrings;
+    table.setModel(&model_);
     SetUpTable(table);
     table.setSelectionMode(QAbstractItemView::SingleSelection);
     // As recorded, until a header is clicked.
     table.horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     table.setSortingEnabled(true);
-    const auto& columns = form_.lvStrings.Columns;
+    const auto& columns = form_.Table.Columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
         table.setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
-    connect(table.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& current) {
-                if (!refreshing_) Select(current);
-            });
-}
-
-void TSkippedView::BindFilter() {
-    connect(ui_->filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        refreshing_ = true;
-        sorted_.SetText(text);
-        refreshing_ = false;
-        Select(sorted_.RowOrFirst(form_.Row));
-    });
-    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
-        ui_->filter->setFocus();
-        ui_->filter->selectAll();
-    });
-    // Of the filter alone: in the table the key goes down.
-    new QShortcut(
-        Qt::Key_Down, ui_->filter, [this] { ui_->lvStrings->setFocus(); }, Qt::WidgetShortcut);
-}
-
-void TSkippedView::Select(const QModelIndex& shown) {
-    runner_.Run([&] { form_.lvStringsSelectItem(sorted_.mapToSource(shown).row()); });
+    BindFilter(*this, *ui_->filter, table, runner_,
+               [this](const std::string& text) { form_.Table.SetFilter(text); });
 }
 
 void TSkippedView::Refresh() {
-    if (refreshing_) return;
-    refreshing_ = true;
-    RefreshRows();
-    refreshing_ = false;
+    ui_->lvStrings->ShowGrid();
+    ui_->filterCount->setText(FilterCount(*ui_->lvStrings));
     binder_.Refresh();
     RefreshPreview();
     RefreshWayOut();
-}
-
-void TSkippedView::RefreshRows() {
-    // Telling the model of a change makes it look at every row.
-    if (shown_ != form_.lvStrings.Revision()) model_.Refresh();
-    shown_ = form_.lvStrings.Revision();
-    const QModelIndex current = sorted_.mapFromSource(model_.index(form_.Row, 0));
-    if (current.isValid() && current.row() != ui_->lvStrings->currentIndex().row())
-        ui_->lvStrings->selectRow(current.row());
-    ui_->filterCount->setText(QString("%1 of %2").arg(sorted_.rowCount()).arg(model_.rowCount({})));
 }
 
 void TSkippedView::RefreshPreview() {

@@ -3,8 +3,7 @@
 #include <memory>
 
 #include "desktop/Binder.h"
-#include "desktop/Listmodel.h"
-#include "desktop/Rowfilter.h"
+#include "desktop/Gridmodel.h"
 #include "desktop/View.h"
 #include "scan/Skippedstrings.h"
 
@@ -25,9 +24,6 @@ class TSkippedView : public TView {
 
   private:
     void BindTable();
-    void BindFilter();
-    void Select(const QModelIndex& shown);
-    void RefreshRows();
     void RefreshPreview();
     void RefreshWayOut();
 
@@ -35,10 +31,7 @@ class TSkippedView : public TView {
     TRunner& runner_;
     std::unique_ptr<Ui::Skippedview> ui_;
     TBinder binder_;
-    TListModel model_;
-    TRowFilter sorted_;
-    unsigned shown_ = 0;  ///< revision of the list
-    bool refreshing_ = false;
+    TGridModel model_;
 };
 
 }  // namespace tml

@@ -20,7 +20,9 @@ class TConstIDs {
     explicit TConstIDs(const TConstInput& input) : input_(input) {}
 
     std::string IDFor(const std::string& name, const std::string& text) {
-        const std::string base = input_.CnstPrefix + (input_.CnstPermanent != 0 ? UpperCase(name) : name);
+        // The sign that lets a keyword be a name is no part of the name.
+        const std::string plain = name.starts_with('&') ? name.substr(1) : name;
+        const std::string base = input_.CnstPrefix + (input_.CnstPermanent != 0 ? UpperCase(plain) : plain);
         std::string id = base;
         for (int number = 1; !IsFree(id, text); ++number)
             id = base + std::to_string(number);

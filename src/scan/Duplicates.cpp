@@ -1,8 +1,7 @@
-// One text gets one ID: that of the component where it holds the text, else that of the first row.
+#include "scan/Duplicates.h"
+
 #include <string_view>
 #include <unordered_map>
-
-#include "scan/Scan.h"
 
 namespace tml {
 

@@ -3,17 +3,16 @@
 #include <array>
 #include <functional>
 #include <memory>
-#include <set>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/Context.h"
-#include "scan/Foundgrid.h"
-#include "scan/Scan.h"
+#include "scan/Foundrows.h"
+#include "scan/Replacement.h"
 #include "scan/Scanmemory.h"
-#include "tables/Textmethods.h"
+#include "tables/Table.h"
+#include "windows/Actions.h"
+#include "windows/Grid.h"
 
 namespace tml {
 
@@ -36,70 +35,51 @@ struct TFoundPreview {
     std::size_t End = 0;    ///< behind it
 };
 
-class TfrmFound;
-
-/// What a command of the review needs so that it does something.
-enum class TFoundNeed { Nothing, Row, FoundRow, DeletedRow, MarkedRow, UnmarkedRow, Selection, Advice };
-
-/// A command of the review.
-struct TFoundAction {
-    std::string_view Name;
-    std::string_view Caption;
-    std::string_view ShortCut;
-    void (TfrmFound::*Execute)();  ///< nullptr for what the host does: help, and the entries of a menu
-    TFoundNeed Need = TFoundNeed::Nothing;
-    std::string_view Hint = {};  ///< what it does where the caption does not tell
-};
-
-/// The review between scanning and rewriting. What is left among the found rows when it closes with mrOk
-/// is written to the source.
+/// The review between scanning and rewriting. What is taken among the found rows when it closes with mrOk
+/// is written to the source. Rows are known by their places in the order of the source.
 class TfrmFound : public TForm {
   public:
     TfrmFound(TContext& context, TScanMemory& memory, TFoundInput input);
+    TfrmFound(const TfrmFound&) = delete;
+    TfrmFound& operator=(const TfrmFound&) = delete;
 
-    TFoundGrid sgStrings;
-    TFoundGrid sgDeleted;
+    TFoundRows Rows;
+    TGrid sgStrings;  ///< the found rows
+    TGrid sgDeleted;  ///< the deleted rows
     bool ShowsDeleted = false;
-    std::string Filter;  ///< what the shown rows of both grids contain
-    std::vector<int> GridCols{60, 100, 250, 290};
+    std::string TableCaption;  ///< which of the grids is in front
     bool NoticeVisible = true;
-    int PreviewHeight = 100;
+    int PreviewHeight = 0;  ///< 0: as high as PreviewRows asks for
     std::array<std::string, 3> StatusPanels;
-
-    static const std::array<std::string, 4>& Headers();
-    static std::span<const TFoundAction> Actions();
-    /// The buttons at both ends of the tool bar, whose commands are in no menu.
-    static std::span<const TFoundAction> ToolButtons();
-    /// The "Use method:" menu itself.
-    static const TFoundAction& MethodMenu();
-    /// The entries of the "Use method:" menu.
-    static std::span<const std::string_view> Methods() { return mlLangGetTextMethods; }
+    std::string TakenPanel;  ///< how many of the found rows are taken and left out
+    std::string IDNotice;    ///< what is wrong with the ID that is being typed, "" when nothing is
+    TActions Actions;
 
     /// The grid in front.
-    TFoundGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
-    /// What a command is called just now, and its hint.
-    std::string CaptionOf(const TFoundAction& action) const;
-    std::string HintOf(const TFoundAction& action) const;
-    /// Whether it would do something now.
-    bool EnabledOf(const TFoundAction& action);
+    TGrid& Shown() { return ShowsDeleted ? sgDeleted : sgStrings; }
+    const TGrid& Shown() const { return ShowsDeleted ? sgDeleted : sgStrings; }
+    /// The row that is current in the grid in front, nullptr when there is none.
+    const TFoundRow* Current() const;
     /// The source lines around the current row.
-    TFoundPreview Preview();
+    TFoundPreview Preview() const;
+    /// The number of lines that a preview has at most.
+    int PreviewRows() const;
     /// Why a call cannot stand in the current row's place, "" when it can.
-    std::string Advice();
-    /// The records left, in the order of the source.
+    std::string Advice() const;
+    /// The records of the rows taken, in the order of the source.
     TmlFoundSourceStrings Kept() const;
 
     void FormShow() override;
     bool FormCloseQuery() override;
     void FormClose() override;
 
-    void SelectCell(int row);
-    /// Selects rows of the grid in front, or takes them out of the selection.
-    void SelectRows(const std::vector<int>& rows, bool selected);
-    /// Shows the rows of which a cell contains the text. Commands work on shown rows only.
+    /// Shows the rows whose line, ID or text contains the text. Commands work on shown rows only, save those
+    /// that go by a text.
     void SetFilter(const std::string& text);
     /// Takes a typed ID for a found row.
     void SetEditText(int row, const std::string& id);
+    /// Says in IDNotice what is wrong with an ID while it is typed.
+    void CheckEditText(int row, const std::string& id);
 
     void acDeleteRow();
     void acStartID();
@@ -117,6 +97,14 @@ class TfrmFound : public TForm {
     void acSelectAdvised();
     void acDeleteRowsContains();
     void acTypecastPChar();
+    /// Leaves the selected rows, or the current one, out, or takes them where one of them is left out.
+    void acTakeRow();
+    /// Takes every found row, hidden ones too.
+    void acTakeAll();
+    /// Leaves out every found row that has an advice, hidden ones too.
+    void acLeaveAdvised();
+    void acUndo();
+    void acRedo();
     /// Writes the calls of the selected rows, or of the current one, anew with the method.
     void UseMethod(const std::string& method);
     void HideNotice();
@@ -125,24 +113,47 @@ class TfrmFound : public TForm {
     void tbModifyClick();
     void tbCancelClick();
 
+    // When the commands do something.
+
+    bool HasRow() const { return Current() != nullptr; }
+    bool HasFoundRow() const { return HasRow() && !ShowsDeleted; }
+    bool HasDeletedRow() const { return HasRow() && ShowsDeleted; }
+    bool HasMarkedRow() const { return HasAffected(true); }
+    bool HasUnmarkedRow() const { return HasAffected(false); }
+    bool HasSelection() const { return Shown().SelectedCount() > 0; }
+    bool HasAdvice() const;
+    bool HasAdvisedTaken() const;
+    bool HasLeftOut() const { return Rows.CountLeftOut() > 0; }
+    bool CanUndo() const { return Rows.CanUndo(); }
+    bool CanRedo() const { return Rows.CanRedo(); }
+
   private:
-    /// The selected rows of a grid, or its current row; none of a grid that is not in front.
-    std::vector<TFoundRow*> Affected(TFoundGrid& grid);
+    void SetUpGrids();
+    std::string CellOf(int row, int column) const;
+    TGridLook LookOf(int row) const;
+    /// The selected found rows, or the current one; none while the deleted rows are in front.
+    std::vector<int> AffectedFound() const;
+    bool HasAffected(bool marked) const;
     bool Confirm(const std::string& question);
-    /// Moves the rows that fit from one grid to the other.
-    void Move(TFoundGrid& from, TFoundGrid& to, const std::function<bool(const TFoundRow&)>& fits);
-    void SetID(TmlFoundSourceString& record, const std::string& id);
-    void SetReplacement(TmlFoundSourceString& record, const std::string& text);
+    /// Moves the rows to another place, not selected.
+    void Move(const std::vector<int>& rows, TFoundPlace place);
+    void LeaveOut(const std::vector<int>& rows, bool leftOut);
+    void SetID(int row, const std::string& id);
     void MarkRows(bool mark);
     void ExcludePhrases(const TStringList& phrases);
+    /// The phrases that the option did not hold yet, as it holds them.
+    TStringList AddToSkipWords(const TStringList& phrases);
     /// What keeps the rows from being written, "" when nothing does.
     std::string FindConflict() const;
+    /// The question before anything is written, with what would surprise.
+    std::string Question() const;
+    /// Ends the step that has changed rows.
+    void Done();
     void Update();
 
     TContext& context_;
     TScanMemory& memory_;
     TFoundInput input_;
-    bool changed_ = false;
 };
 
 }  // namespace tml

@@ -25,6 +25,8 @@ struct TmlFoundSourceString {
     bool CodeBefore = false;        ///< " + " goes in front of the replacement
     bool CodeAfter = false;         ///< " + " goes behind the replacement
     TAdvice Advice = TAdvice::None;
+
+    bool operator==(const TmlFoundSourceString&) const = default;
 };
 
 /// What is written in the source in the literal's place: the replacement with its signs.

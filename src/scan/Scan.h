@@ -52,7 +52,7 @@ struct TScanResult {
     TmlSkippedStrings Skipped;
 };
 
-/// How calls are written for this input; Scan, the review and VerifyAgainstExisting share it.
+/// How calls are written for this input; Scan, the review and the search for duplicates share it.
 TCallStyle CallStyleOf(const TScanInput& input);
 
 /// The literals to offer and those passed over; nothing is changed.
@@ -60,12 +60,5 @@ TScanResult Scan(const TScanInput& input);
 
 /// The number of literals that Scan would offer.
 int CountStrings(const TScanInput& input);
-
-/// For each string of the component, in its order: the first row with the same text (with case) takes
-/// its ID, and its replacement is written anew.
-void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style);
-
-/// A row whose text equals that of an earlier row takes that row's ID and replacement.
-void MergeDuplicates(TmlFoundSourceStrings& found);
 
 }  // namespace tml

@@ -11,6 +11,7 @@
 #include "core/Modules.h"
 #include "scan/Calls.h"
 #include "scan/Constreplace.h"
+#include "scan/Duplicates.h"
 #include "scan/Editorcommands.h"
 #include "scan/Found.h"
 #include "scan/Rewrite.h"

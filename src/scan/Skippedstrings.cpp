@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <numeric>
 
 #include "base/Format.h"
 #include "base/Utf8.h"
@@ -50,16 +51,25 @@ TfrmSkippedStrings::TfrmSkippedStrings(TContext& context, const TScanMemory& mem
     Caption = "Strings Skipped by Expert";
     ActiveControl = "lvStrings";
     lvStrings.Columns = {{"Line #", 60}, {"Content", 480}};
+    Table.Columns = {{.Caption = "Line #", .Width = 60, .IsNumber = true},
+                     {.Caption = "Content", .Width = 480, .MarksBlanks = true}};
+    Table.Cell = [this](int row, int column) {
+        const TListItem& item = *lvStrings.Items()[static_cast<std::size_t>(row)];
+        return column == 0 ? item.Caption : item.SubItems[0];
+    };
+    Table.OnChange = [this] { ShowCurrent(); };
 }
 
 void TfrmSkippedStrings::FormShow() {
     ReadPlacement(*context_.Host.Registry, kKey, Placement);
+    Table.Assign({});
     lvStrings.Clear();
-    Row = -1;
     if (const auto editor = GetCurrentSourceEditor(context_)) Fill(*editor);
     StatusPanel = std::to_string(lvStrings.Count());
-    if (lvStrings.Count() > 0) lvStringsSelectItem(0);
-    Changed();
+    std::vector<int> rows(lvStrings.Items().size());
+    std::iota(rows.begin(), rows.end(), 0);
+    Table.Assign(std::move(rows));
+    lvStringsSelectItem(0);
 }
 
 void TfrmSkippedStrings::Fill(IOTASourceEditor& editor) {
@@ -81,8 +91,8 @@ TStringSkipReason TfrmSkippedStrings::ReasonOf(int row) const {
         lvStrings.Items().at(static_cast<std::size_t>(row))->Data);
 }
 
-void TfrmSkippedStrings::lvStringsSelectItem(int row) {
-    Row = row;
+void TfrmSkippedStrings::ShowCurrent() {
+    const int row = Table.Current();
     lblReason = row < 0 ? std::string() : std::string(SkipReasonText(ReasonOf(row)));
     memPreview.clear();
     SelBegin = SelEnd = 0;
@@ -101,7 +111,7 @@ void TfrmSkippedStrings::Preview(IOTASourceEditor& editor) {
 }
 
 int TfrmSkippedStrings::LineOfRow() const {
-    return ToInteger(lvStrings.Items().at(static_cast<std::size_t>(Row))->Caption);
+    return ToInteger(lvStrings.Items().at(static_cast<std::size_t>(Table.Current()))->Caption);
 }
 
 void TfrmSkippedStrings::btCloseClick() {
@@ -111,19 +121,19 @@ void TfrmSkippedStrings::btCloseClick() {
 // --- the way out
 
 std::string TfrmSkippedStrings::WayOutCaption() const {
-    if (Row < 0) return {};
-    return OptionOf(ReasonOf(Row)) != nullptr ? "&Open the option..." : "Sh&ow in source";
+    if (Table.Current() < 0) return {};
+    return OptionOf(ReasonOf(Table.Current())) != nullptr ? "&Open the option..." : "Sh&ow in source";
 }
 
 std::string TfrmSkippedStrings::WayOutHint() const {
-    if (Row < 0) return {};
-    return OptionOf(ReasonOf(Row)) != nullptr ? "Opens the options where this is decided"
-                                              : "Goes to the line in the code editor";
+    if (Table.Current() < 0) return {};
+    return OptionOf(ReasonOf(Table.Current())) != nullptr ? "Opens the options where this is decided"
+                                                          : "Goes to the line in the code editor";
 }
 
 void TfrmSkippedStrings::btWayOutClick() {
-    if (Row < 0) return;
-    if (OptionOf(ReasonOf(Row)) != nullptr)
+    if (Table.Current() < 0) return;
+    if (OptionOf(ReasonOf(Table.Current())) != nullptr)
         OpenOption();
     else
         ShowInSource();
@@ -132,7 +142,7 @@ void TfrmSkippedStrings::btWayOutClick() {
 
 void TfrmSkippedStrings::OpenOption() {
     const TSkipSettings before = SkipSettingsOf(context_);
-    context_.OpenOptionsAt(OptionOf(ReasonOf(Row))->Control);
+    context_.OpenOptionsAt(OptionOf(ReasonOf(Table.Current()))->Control);
     const auto editor = GetCurrentSourceEditor(context_);
     if (editor == nullptr || SkipSettingsOf(context_) == before) return;
     lblNote = Format(

@@ -6,6 +6,7 @@
 #include "core/Context.h"
 #include "core/Placement.h"
 #include "scan/Scanmemory.h"
+#include "windows/Grid.h"
 #include "windows/Listview.h"
 
 namespace tml {
@@ -18,7 +19,8 @@ class TfrmSkippedStrings : public TForm {
     /// A row per skipped string, in the order of the scan: the caption is its line (1-based), the first
     /// sub-item its text, the second, which no column shows, its offset.
     TListView lvStrings;
-    int Row = -1;            ///< 0-based, the selected row; -1 while there is none
+    /// How the list is shown: IDs are places in it, 0-based; its current row is the selected one.
+    TGrid Table;
     std::string lblReason;   ///< of the selected row, in words
     std::string memPreview;  ///< the source lines around the selected row
     /// The selected row's own line in memPreview, byte offsets.
@@ -31,8 +33,8 @@ class TfrmSkippedStrings : public TForm {
     /// row.
     void FormShow() override;
     void FormClose() override;
-    /// Shows the reason and the surroundings of a row (0-based), nothing for -1.
-    void lvStringsSelectItem(int row);
+    /// Shows the reason and the surroundings of a row (0-based, in the list).
+    void lvStringsSelectItem(int row) { Table.SetCurrent(row); }
     void btCloseClick();
 
     // The way out leads to what has skipped the selected string: to the option that decides its reason, or
@@ -46,6 +48,7 @@ class TfrmSkippedStrings : public TForm {
 
   private:
     void Fill(IOTASourceEditor& editor);
+    void ShowCurrent();
     void Preview(IOTASourceEditor& editor);
     int LineOfRow() const;
     TStringSkipReason ReasonOf(int row) const;

@@ -24,6 +24,7 @@ TEST_F(TFoundWindow, ReviewsAndRewritesAFormAndTakesItBack) {
         auto& table = *review.findChild<TRowTable*>("sgStrings");
         found = table.model()->rowCount();
         ASSERT_GT(found, 5);
+        review.findChild<QAction*>("acTakeAll")->trigger();
         const auto key = [&](Qt::Key code, Qt::KeyboardModifiers with) {
             // Without a window manager a window is not active again when a box in front of it has closed.
             review.activateWindow();
@@ -63,6 +64,7 @@ TEST_F(TFoundWindow, ReviewsAndRewritesAFormAndTakesItBack) {
 
         ClickCell(table, found - 2, 0);
         key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        User.Answer("There are some row(s) selected.", "Yes");
         User.Answer("This will apply changes and modify source code.", "Yes");
         User.Answer("Source file translated.", "OK");
         key(Qt::Key_Return, Qt::ControlModifier);
@@ -133,7 +135,7 @@ TEST_F(TFoundWindow, TheReviewBearsTwentyThousandRows) {
         EXPECT_EQ(table.model()->rowCount(), 11);
         EXPECT_EQ(form.StatusPanels[2], "Selected rows: 11") << "what is hidden is no longer selected";
         review.findChild<QLineEdit*>("filter")->clear();
-        form.SelectRows(EveryOther(kRows), true);
+        form.sgStrings.Select(EveryOther(kRows));
         QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
         EXPECT_EQ(form.StatusPanels[2], "Selected rows: 20000");
         User.Answer("This will close", "Yes");

@@ -1,3 +1,7 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QStatusBar>
 #include <QToolBar>
 
 #include "desktop/Deskfixture.h"
@@ -44,6 +48,7 @@ TEST_F(TReview, WhatIsTypedCountsBeforeACommandRuns) {
     SelectForm("MainForm");
     Review([this](QWidget& review) {
         TRowTable& rows = Rows(review);
+        review.findChild<QAction*>("acTakeAll")->trigger();
         const QString other = Cell(rows, 1, 1);
         ASSERT_NE(Cell(rows, 0, 2), Cell(rows, 1, 2));
         const auto type = [&](int row, const QString& id) {
@@ -83,6 +88,51 @@ TEST_F(TReview, HintsNameTheKeys) {
                  {"acExclude", "Exclude (Ctrl+E)"},
                  {"acSwitchDeleted", "Shows deleted rows"}})
             EXPECT_EQ(review.findChild<QAction*>(name)->toolTip(), tip);
+    });
+}
+
+TEST_F(TReview, AClickSelectsWhatWasClickedAndKeysStayInTheirPlace) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    Review([this](QWidget& review) {
+        TRowTable& rows = Rows(review);
+        review.findChild<QAction*>("acTakeAll")->trigger();
+        const auto selected = [&] { return rows.selectionModel()->selectedRows().size(); };
+        ClickCell(rows, 1, 2);
+        ClickCell(rows, 2, 2);
+        EXPECT_EQ(selected(), 1);
+        ClickCell(rows, 0, 2, Qt::ControlModifier);
+        EXPECT_EQ(selected(), 2);
+        const auto panels = review.findChild<QStatusBar*>()->findChildren<QLabel*>();
+        const QString before = panels.back()->text();
+        Press(review, Qt::Key_Space);
+        EXPECT_NE(panels.back()->text(), before) << "both are left out";
+        Press(review, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(panels.back()->text(), before);
+        Press(review, Qt::Key_Down);
+        EXPECT_EQ(selected(), 0);
+
+        const int count = rows.model()->rowCount();
+        auto* filter = review.findChild<QLineEdit*>("filter");
+        filter->setFocus();
+        Press(review, Qt::Key_Delete, Qt::ControlModifier);
+        EXPECT_EQ(rows.model()->rowCount(), count) << "the key belongs to the box";
+        rows.setFocus();
+
+        ClickCell(rows, 0, 3);
+        const QString advice = review.findChild<QLabel*>("advice")->text();
+        Press(review, Qt::Key_X);
+        QTest::keyClicks(review.focusWidget(), "YZ");
+        EXPECT_EQ(review.findChild<QLabel*>("advice")->text(), advice);
+        QTest::keyClick(review.focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(review.focusWidget(), Cell(rows, 1, 1));
+        EXPECT_TRUE(review.findChild<QLabel*>("advice")->text().contains("is used for different texts!"));
+        QTest::keyClick(review.focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(review.findChild<QLabel*>("advice")->text(), advice);
+        rows.sortByColumn(2, Qt::AscendingOrder);
+        EXPECT_TRUE(Cell(rows, 0, 0).startsWith("1 ("));
+        review.findChild<QAction*>("acSwitchDeleted")->trigger();
+        EXPECT_TRUE(review.findChild<QLabel*>("tableCaption")->text().startsWith("Deleted strings"));
     });
 }
 

@@ -102,8 +102,7 @@ TEST_F(TSkippedWindow, TheSkippedStringsBearTwentyThousandRows) {
         for (int i = 0; i < 20; ++i)
             QTest::keyClick(&table, Qt::Key_Down);
         EXPECT_EQ(table.currentIndex().row(), from + 20);
-        EXPECT_EQ(form.lvStrings.Items()[static_cast<std::size_t>(form.Row)]->SubItems[0],
-                  FromQt(Cell(table, from + 20, 1)));
+        EXPECT_EQ(form.Table.Cell(form.Table.Current(), 1), FromQt(Cell(table, from + 20, 1)));
         QTest::keyClick(&table, Qt::Key_Escape);
     });
     Context().Dialogs().ShowModal(form);

@@ -22,7 +22,7 @@ struct TEditorCommands : TExpertFixture, testing::Test {
     std::string Reviewed() {
         std::string rows;
         User.OnWindow<TfrmFound>("frmFound", [&](TfrmFound& window) {
-            for (const TFoundRow& row : window.sgStrings.Rows)
+            for (const TFoundRow& row : window.Rows)
                 rows += row.Record.StrContent + "|" + std::to_string(row.Record.Line + 1) + "|";
             User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
             window.tbCancelClick();

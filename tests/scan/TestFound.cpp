@@ -1,5 +1,6 @@
 #include "runtime/Runtime.h"
 #include "scan/Found.h"
+#include "scan/Scan.h"
 #include "support/Expertfixture.h"
 
 namespace tml {
@@ -16,8 +17,10 @@ struct TFound : testing::Test {
     TContext Context{THost{.Runtime = Runtime.get(), .Registry = &Registry, .Dialogs = &User}, Settings};
     TScanMemory Memory;
 
-    TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas") {
+    TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas",
+                   bool withAdvice = false) {
         TScanInput input;
+        input.WithAdvice = withAdvice;
         input.Source = ReadSource(code, fileName);
         input.Component.FormName = "Form1";
         input.Component.ComponentName = "L";
@@ -25,13 +28,19 @@ struct TFound : testing::Test {
                           Scan(input).Found};
         return {Context, Memory, std::move(found)};
     }
-    static std::string Column(const TFoundGrid& grid, int column) {
+    static std::string Column(const TGrid& grid, int column) {
         std::string text;
-        for (const TFoundRow& row : grid.Rows)
-            text += TFoundGrid::Cell(row, column) + "|";
+        for (const int row : grid.Rows())
+            text += grid.Cell(row, column) + "|";
         return text;
     }
 };
+
+/// Runs the commands, one after another.
+template <auto... Commands>
+void Call(TfrmFound& window) {
+    ((window.*Commands)(), ...);
+}
 
 TEST_F(TFound, ShowsEveryStringWithItsCall) {
     TfrmFound window = Make("f('One');\r\ng('Two'#13);\r\n");
@@ -52,17 +61,16 @@ TEST_F(TFound, ThePreviewMarksWhatTheCallReplaces) {
     for (const std::string expected : {"L\"One\"", "_T(\"Two\")", "\"Three\"\r\n"}) {
         const TFoundPreview preview = window.Preview();
         EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), expected);
-        window.SelectCell(window.sgStrings.Row + 1);
+        window.sgStrings.SetCurrent(window.sgStrings.Current() + 1);
     }
 }
 
 TEST_F(TFound, MarksAndSelectionsCanBeTakenBackAndSkippedStringsBeSeen) {
     TfrmFound window = Make("f('One');\r\ng('Two');\r\n");
     const auto marks = [&] {
-        return std::pair(window.sgStrings.Rows[0].Record.MarkedToIgnore,
-                         window.sgStrings.Rows[1].Record.MarkedToIgnore);
+        return std::pair(window.Rows[0].Record.MarkedToIgnore, window.Rows[1].Record.MarkedToIgnore);
     };
-    window.SelectCell(1);
+    window.sgStrings.SetCurrent(1);
     window.acSelectRow();
     window.acMarktoIgnore();
     EXPECT_EQ(marks(), std::pair(false, true));
@@ -85,7 +93,7 @@ TEST_F(TFound, ATypedIDReplacesNothingButTheID) {
     EXPECT_EQ(Column(window.sgStrings, 3), "PChar(L.GetTextOrDefault('X' (* 'IDS_0' *) ))|");
     window.UseMethod("GetTextC(");
     EXPECT_EQ(Column(window.sgStrings, 3), "L.GetTextC('X' (* 'IDS_0' *) )|");
-    window.sgStrings.Rows[0].Record.Replacement = "F;";
+    window.Rows.Change(0).Record.Replacement = "F;";
     window.acTypecastPChar();
     EXPECT_EQ(Column(window.sgStrings, 3), "PChar(F);|");
     TfrmFound cpp = Make("f(\"One\");\r\n", "/p/Unit1.cpp");
@@ -95,7 +103,7 @@ TEST_F(TFound, ATypedIDReplacesNothingButTheID) {
 
 TEST_F(TFound, StartIDNumbersTheRowsFromTheCurrentOne) {
     TfrmFound window = Make("f('a1', 'b1', 'c1');\r\n");
-    window.SelectCell(1);
+    window.sgStrings.SetCurrent(1);
     User.OnInput("Input start ID (IDS_):", "12a");
     User.OnMessage("For automatic generation start ID shall be integer!");
     window.acStartID();
@@ -142,7 +150,7 @@ TEST_F(TFound, ExcludedPhrasesGoForGood) {
         mrYes);
     window.acExclude();
     EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok"}));
-    EXPECT_TRUE(window.sgDeleted.Rows.empty());
+    EXPECT_TRUE(window.sgDeleted.Rows().empty());
     TfrmFound cpp = Make("f(\"a\\nb\", \"c\\r\", \"dd\");\r\n", "/p/Unit1.cpp");
     cpp.acInvertSelection();
     User.OnMessage(
@@ -154,33 +162,38 @@ TEST_F(TFound, ExcludedPhrasesGoForGood) {
         "but the next scan will find it again.");
     cpp.acExclude();
     EXPECT_EQ(Settings.Get().SkipWords, TStringList({"Yes", "no", "ok", "dd"}));
-    EXPECT_TRUE(cpp.sgStrings.Rows.empty());
+    EXPECT_TRUE(cpp.sgStrings.Rows().empty());
 }
 
 TEST_F(TFound, OnlyWhatDoesSomethingIsEnabled) {
     TfrmFound window = Make("f('a1', 'b1');\r\n");
     const auto disabled = [&] {
         std::string names;
-        for (const TFoundAction& action : TfrmFound::Actions())
-            if (!window.EnabledOf(action)) names += std::string(action.Name) + " ";
-        return names + (window.EnabledOf(TfrmFound::MethodMenu()) ? "" : "UseMethod ");
+        for (const TAction& action : window.Actions.All)
+            if (action.IsEnabled && !action.IsEnabled()) names += action.Name + " ";
+        return names;
     };
-    const std::string always = "acRestoreDeletedRow acRemoveSelection ";
-    EXPECT_EQ(disabled(), "acRemoveIgnoreMark " + always);
+    const std::string advice = "acTakeAll acLeaveAdvised ";
+    EXPECT_EQ(disabled(), advice +
+                              "acRemoveIgnoreMark acRestoreDeletedRow acRemoveSelection acSelectAdvised "
+                              "acUndo acRedo ");
     window.acMarktoIgnore();
-    EXPECT_EQ(disabled(), "acMarktoIgnore " + always);
+    EXPECT_EQ(disabled(),
+              advice + "acMarktoIgnore acRestoreDeletedRow acRemoveSelection acSelectAdvised acRedo ");
     window.acInvertSelection();
-    EXPECT_EQ(disabled(), "acRestoreDeletedRow ") << "one is marked, the other is not";
-    const std::string ofFound = "acDeleteRow acStartID acExclude acMarktoIgnore acRemoveIgnoreMark ";
+    EXPECT_EQ(disabled(), advice + "acRestoreDeletedRow acSelectAdvised acRedo ")
+        << "one is marked, the other is not";
+    const std::string ofFound =
+        "acTakeRow " + advice + "acDeleteRow acStartID acExclude acMarktoIgnore acRemoveIgnoreMark ";
+    const std::string ofAll = "acSelectAdvised acDeleteRowsContains acTypecastPChar acRedo UseMethod ";
     window.acSwitchDeleted();
-    EXPECT_EQ(disabled(), ofFound +
-                              "acRestoreDeletedRow acSelectRow acInvertSelection acRemoveSelection "
-                              "acSelectAdvised acDeleteRowsContains acTypecastPChar UseMethod ");
+    EXPECT_EQ(disabled(),
+              ofFound + "acRestoreDeletedRow acSelectRow acInvertSelection acRemoveSelection " + ofAll);
     window.acSwitchDeleted();
     User.OnMessage("Delete selected rows?", mrYes);
     window.acDeleteRow();
     window.acSwitchDeleted();
-    EXPECT_EQ(disabled(), ofFound + "acRemoveSelection acDeleteRowsContains acTypecastPChar UseMethod ");
+    EXPECT_EQ(disabled(), ofFound + "acRemoveSelection " + ofAll);
 }
 
 TEST_F(TFound, WhatChangesNothingIsNoChange) {
@@ -224,24 +237,24 @@ TEST_F(TFound, RemembersItsLayout) {
 
 TEST_F(TFound, CommandsLeaveHiddenRowsAloneButThoseThatGoByAText) {
     TfrmFound window = Make("f('one Ä', 'two', 'ONE ä', 'two', 'six');\r\n");
-    window.SelectCell(4);
+    window.sgStrings.SetCurrent(4);
     User.OnMessage("Delete selected row (IDS_4)?", mrYes);
     window.acDeleteRow();
     window.acInvertSelection();
     window.acSwitchDeleted();
     window.acSelectRow();
     window.acSwitchDeleted();
-    window.SelectCell(1);
+    window.sgStrings.SetCurrent(1);
     window.SetFilter("One ä");
-    EXPECT_EQ(window.sgStrings.Row, 2) << "the next that is shown";
+    EXPECT_EQ(window.sgStrings.Current(), 2) << "the next that is shown";
     EXPECT_EQ(window.StatusPanels[2], "Selected rows: 2");
     EXPECT_EQ(window.sgDeleted.SelectedCount(), 0);
     window.acMarktoIgnore();
     window.acInvertSelection();
     EXPECT_EQ(window.sgStrings.SelectedCount(), 0);
-    window.SelectRows({1, 2}, true);
+    window.sgStrings.Select({1, 2});
     EXPECT_EQ(window.sgStrings.SelectedCount(), 1);
-    window.SelectCell(0);
+    window.sgStrings.SetCurrent(0);
     User.OnInput("Input start ID (IDS_):", "70");
     window.acStartID();
     EXPECT_EQ(Column(window.sgStrings, 1), "IDS_70|IDS_1|IDS_71|IDS_3|");
@@ -249,25 +262,25 @@ TEST_F(TFound, CommandsLeaveHiddenRowsAloneButThoseThatGoByAText) {
     window.acDeleteRowsContains();
     EXPECT_EQ(Column(window.sgStrings, 2), "one Ä|ONE ä|") << "the text decides, not the filter";
     window.acRemoveSelection();
-    window.SelectCell(1);
-    window.SetFilter("'\xC5\xBFix'");
-    EXPECT_EQ(window.sgStrings.Current(), nullptr);
+    window.sgStrings.SetCurrent(2);
+    window.SetFilter("\xC5\xBFix");
+    EXPECT_EQ(window.Current(), nullptr);
     window.acDeleteRow();
     window.acExclude();
     window.acStartID();
     window.acSwitchDeleted();
-    ASSERT_NE(window.sgDeleted.Current(), nullptr) << "a long s is an s";
-    EXPECT_EQ(window.sgDeleted.Current()->Record.StrContent, "six");
+    ASSERT_NE(window.Current(), nullptr) << "a long s is an s";
+    EXPECT_EQ(window.Current()->Record.StrContent, "six");
     window.SetFilter("");
     window.acSwitchDeleted();
-    EXPECT_EQ(window.sgStrings.Row, 1) << "what was hidden comes back as it was";
+    EXPECT_EQ(window.sgStrings.Current(), 2) << "what was hidden comes back as it was";
 }
 
 TEST_F(TFound, TheCurrentRowKeepsItsPlace) {
     TfrmFound window = Make("f('a1', 'b1', 'c1', 'D1', 'e1', 'd1', 'f1');\r\n");
-    const auto current = [&] { return window.sgStrings.Current()->Record.StrContent; };
-    window.SelectCell(4);
-    window.SelectRows({0, 2}, true);
+    const auto current = [&] { return window.Current()->Record.StrContent; };
+    window.sgStrings.SetCurrent(4);
+    window.sgStrings.Select({0, 2});
     User.OnMessage("Delete selected rows?", mrYes);
     window.acDeleteRow();
     EXPECT_EQ(current(), "e1");
@@ -276,7 +289,7 @@ TEST_F(TFound, TheCurrentRowKeepsItsPlace) {
     window.acSwitchDeleted();
     EXPECT_EQ(Column(window.sgStrings, 2), "a1|b1|D1|e1|d1|f1|");
     EXPECT_EQ(current(), "e1");
-    window.SelectCell(4);
+    window.sgStrings.SetCurrent(5);
     User.OnMessage("Exclude all \"d1\" and add it to Skip Words for future skipping?", mrYes);
     window.acExclude();
     EXPECT_EQ(current(), "f1");
@@ -285,15 +298,113 @@ TEST_F(TFound, TheCurrentRowKeepsItsPlace) {
     EXPECT_EQ(current(), "e1") << "the last one that is left";
 }
 
-TEST_F(TFound, RowsWithAnAdviceCanBeSelected) {
-    TfrmFound window = Make(
+TEST_F(TFound, RowsWithAnAdviceAreLeftOutUntilTheyAreTaken) {
+    const char* code =
         "unit U;\r\ninterface\r\nconst\r\n  C = 'One';\r\nimplementation\r\n"
-        "procedure TForm1.P;\r\nbegin\r\n  F('Two');\r\nend;\r\nend.\r\n");
+        "procedure TForm1.P;\r\nbegin\r\n  F('Two', 'Three');\r\nend;\r\nend.\r\n";
+    const std::string question = "This will apply changes and modify source code. Continue?";
+    struct TCase {
+        void (*Do)(TfrmFound&);
+        std::string Taken, Added;  ///< texts of the rows written; lines added to the question
+    };
+    const TCase cases[] = {
+        {[](TfrmFound&) {}, "Two Three ", "\r\n2 strings will be replaced, 1 are left out."},
+        {&Call<&TfrmFound::acTakeAll>, "One Two Three ", ""},
+        {&Call<&TfrmFound::acTakeRow>, "One Two Three ", ""},
+        {&Call<&TfrmFound::acMarktoIgnore>, "One Two Three ", ""},
+        {&Call<&TfrmFound::acTakeRow, &TfrmFound::acTakeRow>, "Two Three ",
+         "\r\n2 strings will be replaced, 1 are left out."},
+        {&Call<&TfrmFound::acTakeAll, &TfrmFound::acLeaveAdvised>, "Two Three ",
+         "\r\n2 strings will be replaced, 1 are left out."},
+        {&Call<&TfrmFound::acInvertSelection, &TfrmFound::acTakeRow, &TfrmFound::acTakeRow,
+               &TfrmFound::acRemoveSelection>,
+         "", "\r\n0 strings will be replaced, 3 are left out."},
+        {&Call<&TfrmFound::acTakeAll, &TfrmFound::acUndo>, "Two Three ",
+         "\r\n2 strings will be replaced, 1 are left out."},
+        {[](TfrmFound& window) {
+             window.acTakeAll();
+             window.SetFilter("three");
+         },
+         "One Two Three ", "\r\nThe filter hides 2 of those that will be replaced."},
+    };
+    for (const TCase& each : cases) {
+        TfrmFound window = Make(code, "/p/Unit1.pas", true);
+        EXPECT_EQ(window.TakenPanel, "To be replaced: 2, left out: 1");
+        EXPECT_TRUE(window.sgStrings.Look(0).Grey);
+        EXPECT_EQ(window.sgStrings.Look(0).Hint, AdviceText(TAdvice::Const));
+        each.Do(window);
+        std::string taken;
+        for (const TmlFoundSourceString& kept : window.Kept())
+            taken += kept.StrContent + " ";
+        EXPECT_EQ(taken, each.Taken) << "case " << &each - cases;
+        User.OnMessage(question + each.Added, mrNo);
+        window.tbModifyClick();
+    }
+    TfrmFound window = Make(code, "/p/Unit1.pas", true);
     window.acSelectAdvised();
     EXPECT_EQ(window.sgStrings.SelectedCount(), 1);
     EXPECT_EQ(window.Advice(), AdviceText(TAdvice::Const));
-    window.SelectCell(1);
+    window.sgStrings.SetCurrent(1);
     EXPECT_EQ(window.Advice(), "");
+}
+
+TEST_F(TFound, EveryCommandCanBeTakenBackAndTakenAgain) {
+    TfrmFound window = Make("f('a.b', 'two', 'A.B', 'six');\r\n");
+    User.OnMessage("Delete selected row (IDS_0)?", mrYes);
+    window.acDeleteRow();
+    Settings.SetUseRegExpForSkip(true);
+    window.sgStrings.SetCurrent(2);
+    User.OnMessage("Exclude all \"A.B\" and add it to Skip Words for future skipping?", mrYes);
+    window.acExclude();
+    EXPECT_EQ(Settings.Get().SkipWords, TStringList({"(?i)A\\.B"})) << "a literal, not a pattern";
+    EXPECT_TRUE(window.sgDeleted.Rows().empty()) << "what is excluded cannot be restored";
+    window.SetEditText(1, "");
+    window.acUndo();
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_1|IDS_3|");
+    window.acUndo();
+    EXPECT_TRUE(Settings.Get().SkipWords.Empty());
+    EXPECT_EQ(Column(window.sgDeleted, 2) + Column(window.sgStrings, 2), "a.b|two|A.B|six|");
+    window.acRedo();
+    EXPECT_EQ(Settings.Get().SkipWords.Count(), 1);
+    window.acUndo();
+    window.acUndo();
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_0|IDS_1|IDS_2|IDS_3|");
+    EXPECT_FALSE(window.CanUndo());
+    window.SetEditText(0, "x");
+    EXPECT_FALSE(window.CanRedo()) << "another way has been taken";
+}
+
+TEST_F(TFound, StartIDFollowsTheRowsAsShown) {
+    TfrmFound window = Make("f('c1', 'b1', 'a1');\r\n");
+    window.SetEditText(1, "ids_9");
+    window.sgStrings.SortBy(2);
+    window.sgStrings.SetCurrent(1);
+    User.OnInput("Input start ID (IDS_):", "20");
+    window.acStartID();
+    EXPECT_EQ(User.Proposed, "9") << "IDs are compared without case";
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_21|IDS_20|IDS_2|");
+}
+
+TEST_F(TFound, AnIDIsCheckedWhileItIsTyped) {
+    TfrmFound window = Make("f('one', 'two', 'one');\r\n");
+    for (const auto& [id, notice] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"ids_1", "The string ID \"ids_1\" is used for different texts!"},
+             {"", "The string \"one\" has no ID!"},
+             {"IDS_2", ""}}) {
+        window.CheckEditText(0, id);
+        EXPECT_EQ(window.IDNotice, notice);
+    }
+    EXPECT_EQ(Column(window.sgStrings, 1), "IDS_0|IDS_1|IDS_2|");
+}
+
+TEST_F(TFound, TheFilterLeavesTheCallsOutAndTheTableSaysWhatItShows) {
+    TfrmFound window = Make("f('one', 'for');\r\n");
+    window.SetFilter("or");
+    EXPECT_EQ(window.sgStrings.Shown(), (std::vector<int>{1}));
+    EXPECT_EQ(window.TableCaption, "Found strings:");
+    window.acSwitchDeleted();
+    EXPECT_EQ(window.TableCaption, "Deleted strings, which stay as they are:");
+    EXPECT_EQ(window.sgDeleted.EditColumn, -1);
 }
 
 }  // namespace

@@ -70,8 +70,7 @@ TEST(Readcounts, AReplaceReadsEachTextOnce) {
         user.OnMessage("Delete selected rows?", mrYes);
         user.OnMessage("This will apply changes and modify source code. Continue?", mrYes);
         user.OnMessage("Source file translated. All string constants added to \"Strings\" property.");
-        for (TFoundRow& row : window.sgStrings.Rows)
-            row.Selected = row.Record.Advice != TAdvice::None;
+        window.acSelectAdvised();
         window.acDeleteRow();
         window.tbModifyClick();
     });

@@ -5,6 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "scan/Duplicates.h"
 #include "scan/Rewrite.h"
 #include "scan/Scansupport.h"
 

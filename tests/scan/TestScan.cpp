@@ -2,6 +2,7 @@
 
 #include "base/Errors.h"
 #include "scan/Calls.h"
+#include "scan/Duplicates.h"
 #include "scan/Lines.h"
 #include "scan/Scansupport.h"
 

@@ -24,6 +24,7 @@ struct TScanReplace : TExpertFixture, testing::Test {
     void Review(std::function<void(TfrmFound&)> use) { User.OnWindow<TfrmFound>("frmFound", std::move(use)); }
     void ReviewAll() {
         Review([this](TfrmFound& window) {
+            window.acTakeAll();
             User.OnMessage(kApply, mrYes);
             User.OnMessage(kDone);
             window.tbModifyClick();
@@ -107,7 +108,7 @@ TEST_F(TScanReplace, WhatTheComponentHoldsKeepsItsID) {
     Files.Files["/p/Unit2.dfm"] = form;
     Prepare(2);
     Review([this](TfrmFound& window) {
-        window.sgStrings.Row = 0;
+        window.sgStrings.SetCurrent(0);
         window.acMarktoIgnore();
         window.SetEditText(2, "ids_0");
         User.OnMessage("The string ID \"ids_0\" is used for different texts!");
@@ -170,7 +171,7 @@ TEST_F(TScanReplace, ARewriteThatCannotBeProvenIsNotMade) {
     Prepare(1);
     const auto files = Files.Files;
     Review([this](TfrmFound& window) {
-        window.sgStrings.Rows[0].Record.Replacement = "Hello";
+        window.Rows.Change(0).Record.Replacement = "Hello";
         User.OnMessage(kApply, mrYes);
         window.tbModifyClick();
     });
@@ -247,6 +248,7 @@ TEST_F(TScanReplace, SeveralUnitsAreSeveralSteps) {
         window.btOKClick();
     });
     Review([this](TfrmFound& window) {
+        window.acTakeAll();
         User.OnMessage(kApply, mrYes);
         User.OnMessage(kDone);
         ReviewAll();
@@ -271,13 +273,12 @@ TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {
         EXPECT_EQ(preview.Text.substr(preview.Begin, preview.End - preview.Begin), "A: PChar = 'One';");
         window.acInvertSelection();
         window.UseMethod("GetText(");
-        EXPECT_EQ(window.sgStrings.Rows.at(0).Record.Replacement, "mlLang1.GetTextC('strA' (* 'One' *) )");
-        EXPECT_EQ(window.sgStrings.Rows.at(1).Record.Replacement,
-                  "Form2.mlLang1.GetText('strB' (* 'Two' *) )");
+        EXPECT_EQ(window.Rows[0].Record.Replacement, "mlLang1.GetTextC('strA' (* 'One' *) )");
+        EXPECT_EQ(window.Rows[1].Record.Replacement, "Form2.mlLang1.GetText('strB' (* 'Two' *) )");
         User.OnInput("Input start ID (str):", "7");
         window.acStartID();
         EXPECT_EQ(User.Proposed, "A");
-        EXPECT_EQ(window.sgStrings.Rows[1].Record.StrID, "str8");
+        EXPECT_EQ(window.Rows[1].Record.StrID, "str8");
         User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
         window.tbCancelClick();
     });
@@ -291,7 +292,7 @@ TEST_F(TScanReplace, WithoutACallNothingIsInsertedAndNoUnitUsed) {
     const auto files = Files.Files;
     for (const bool constSection : {false, true}) {
         Review([this](TfrmFound& window) {
-            window.sgStrings.Row = 0;
+            window.sgStrings.SetCurrent(0);
             window.acMarktoIgnore();
             User.OnMessage(kApply, mrYes);
             window.tbModifyClick();

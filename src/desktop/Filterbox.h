@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+#include "desktop/Runner.h"
+
+class QLineEdit;
+class QWidget;
+
+namespace tml {
+
+class TRowTable;
+
+/// Binds the box with the text that filters a table: apply takes what is typed, Ctrl+F in the view goes to
+/// the box, and the Down key from there to the table.
+void BindFilter(QWidget& view, QLineEdit& box, TRowTable& table, TRunner& runner,
+                std::function<void(const std::string& text)> apply);
+
+/// "3 of 20", rows shown of rows known.
+QString FilterCount(const TRowTable& table);
+
+}  // namespace tml

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "scan/Foundstring.h"
+#include "scan/Replacement.h"
+#include "tables/Table.h"
+
+// One text gets one ID: that of the component where it holds the text, else that of the first row.
+
+namespace tml {
+
+/// For each string of the component, in its order: the first row with the same text (with case) takes
+/// its ID, and its replacement is written anew.
+void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style);
+
+/// A row whose text equals that of an earlier row takes that row's ID and replacement.
+void MergeDuplicates(TmlFoundSourceStrings& found);
+
+}  // namespace tml
