@@ -21,11 +21,15 @@ using Kind = TRegionKind;
 
 class TPascalReader {
   public:
-    explicit TPascalReader(const TSourceText& source) : source_(source), tokens_(source.Tokens()) {
-        std::erase_if(tokens_, [](const TToken& token) { return token.Kind == TTokenKind::Comment; });
-        for (const TToken& token : tokens_)
+    explicit TPascalReader(const TSourceText& source) : source_(source) {
+        tokens_.reserve(source.Tokens().size());
+        words_.reserve(source.Tokens().size());
+        for (const TToken& token : source.Tokens()) {
+            if (token.Kind == TTokenKind::Comment) continue;
+            tokens_.push_back(token);
             words_.push_back(token.Kind == TTokenKind::Name ? PascalWordOf(TextOf(source, token))
                                                             : Word::None);
+        }
     }
 
     std::vector<TRegion> Run() {
@@ -120,7 +124,7 @@ class TPascalReader {
             CloseBlock();
         } else {
             if (AtLabel()) ReadCaseLabel();
-            OpenBlock(word);
+            if (word != Word::None) OpenBlock(word);
             ++at_;
         }
     }

@@ -1,6 +1,7 @@
 #include "source/Sourcetext.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "source/Cppskim.h"
 #include "source/Pascalskim.h"
@@ -32,9 +33,10 @@ const std::vector<TToken>& TSourceText::Tokens() const {
 
 const std::vector<TToken>& TSourceText::CodeTokens() const {
     if (!codeTokens_) {
-        codeTokens_ = Tokens();
-        std::erase_if(*codeTokens_, [](const TToken& token) {
-            return token.Kind == TTokenKind::Comment || token.Kind == TTokenKind::Directive;
+        std::vector<TToken>& code = codeTokens_.emplace();
+        code.reserve(Tokens().size());
+        std::copy_if(Tokens().begin(), Tokens().end(), std::back_inserter(code), [](const TToken& token) {
+            return token.Kind != TTokenKind::Comment && token.Kind != TTokenKind::Directive;
         });
     }
     return *codeTokens_;

@@ -14,12 +14,16 @@ namespace {
 constexpr std::array<std::string_view, 2> kPascalPairs = {":=", ".."};
 constexpr std::array<std::string_view, 2> kCppPairs = {"::", "->"};
 
+/// Of usual sources, blanks and comments included.
+constexpr std::size_t kBytesOfToken = 5;
+
 class TTokenizer {
   public:
     explicit TTokenizer(const TSourceText& source)
         : source_(source), text_(source.Text()), isCpp_(source.Language().IsCPPSource) {}
 
     std::vector<TToken> Run() {
+        tokens_.reserve(text_.size() / kBytesOfToken);
         while ((pos_ = SkipBlanks(text_, pos_)) < text_.size()) {
             PassBy();
             if (IsContinuation())
