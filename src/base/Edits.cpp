@@ -1,5 +1,6 @@
 #include "base/Edits.h"
 
+#include <numeric>
 #include <stdexcept>
 
 namespace tml {
@@ -16,6 +17,9 @@ bool AreValid(const TEdits& edits, std::size_t textSize) {
 std::string ApplyEdits(std::string_view text, const TEdits& edits) {
     if (!AreValid(edits, text.size())) throw std::logic_error("edits do not fit the text");
     std::string result;
+    result.reserve(
+        std::accumulate(edits.begin(), edits.end(), text.size(),
+                        [](std::size_t size, const TEdit& edit) { return size + edit.Text.size(); }));
     std::size_t done = 0;
     for (const TEdit& edit : edits) {
         result.append(text, done, edit.Begin - done);

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <filesystem>
 
 #include "base/Errors.h"
@@ -96,11 +97,21 @@ std::string PathFrom(const std::string& folder, const std::string& file) {
 
 }  // namespace
 
-// FNV-1a: it is to tell a file apart from its other version, not to withstand an attack.
+// Eight bytes a step: it is to tell a file apart from its other version, not to withstand an attack. The high
+// half is folded into the low one, which a product's high half never reaches.
 TContentMark MarkOf(std::string_view bytes) {
     std::uint64_t hash = 14695981039346656037U;
-    for (const char c : bytes)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    const auto take = [&](std::size_t begin, std::size_t size) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + begin, size);
+        hash = (hash ^ word) * 1099511628211U;
+        hash ^= hash >> 32;
+    };
+    constexpr std::size_t kStep = sizeof(hash);
+    std::size_t done = 0;
+    for (; done + kStep <= bytes.size(); done += kStep)
+        take(done, kStep);
+    if (done < bytes.size()) take(done, bytes.size() - done);
     return {true, bytes.size(), hash};
 }
 

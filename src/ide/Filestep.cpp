@@ -7,9 +7,10 @@ namespace tml {
 TFileStep::TFileStep(std::string fileName, const TBytes& before, TView viewBefore, const TBytes& after,
                      TView viewAfter)
     : fileName_(std::move(fileName)),
-      before_{MarkOfFile(before), before.value_or(""), std::move(viewBefore)},
-      after_{MarkOfFile(after), after.value_or(""), std::move(viewAfter)} {
-    const std::string_view old = before_.Part, now = after_.Part;
+      before_{MarkOfFile(before), {}, std::move(viewBefore)},
+      after_{MarkOfFile(after), {}, std::move(viewAfter)} {
+    const std::string_view old = before ? *before : std::string_view();
+    const std::string_view now = after ? *after : std::string_view();
     const std::size_t common = std::min(old.size(), now.size());
     begin_ = static_cast<std::size_t>(
         std::mismatch(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(common), now.begin()).first -
