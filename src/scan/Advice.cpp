@@ -109,9 +109,10 @@ class TAdviser {
     void FollowBrackets() {
         const std::string_view text = TextAt(at_);
         if (tokens_[at_].Kind != TTokenKind::Symbol || text.size() != 1) return;
-        if (text == "[" || text == "(") brackets_.push_back(at_);
-        if ((text == "]" || text == ")") && !brackets_.empty()) brackets_.pop_back();
-        if (text == ";" && !InParens()) brackets_.clear();
+        const char sign = text.front();
+        if (sign == '[' || sign == '(') brackets_.push_back(at_);
+        if ((sign == ']' || sign == ')') && !brackets_.empty()) brackets_.pop_back();
+        if (sign == ';' && !InParens()) brackets_.clear();
     }
 
     bool InParens() const { return !brackets_.empty() && TextAt(brackets_.back()) == "("; }

@@ -196,10 +196,8 @@ class TPascalReader {
 
     void ReadDeclaration() {
         const Word word = WordAt(at_);
-        if (Previous() == "." || Previous() == "&") {
-            ++at_;
-            return;
-        }
+        if (word == Word::None && TextAt(at_) != "[") return Pass();
+        if (Previous() == "." || Previous() == "&") return Pass();
         if (IsRoutineWord(word)) return ReadRoutine();
         switch (word) {
             case Word::Interface:

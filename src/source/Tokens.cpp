@@ -11,8 +11,9 @@
 namespace tml {
 namespace {
 
-constexpr std::array<std::string_view, 2> kPascalPairs = {":=", ".."};
-constexpr std::array<std::string_view, 2> kCppPairs = {"::", "->"};
+using TPair = std::array<char, 2>;
+constexpr std::array kPascalPairs = {TPair{':', '='}, TPair{'.', '.'}};
+constexpr std::array kCppPairs = {TPair{':', ':'}, TPair{'-', '>'}};
 
 /// Of usual sources, blanks and comments included.
 constexpr std::size_t kBytesOfToken = 5;
@@ -158,9 +159,8 @@ class TTokenizer {
         return codeEnd_ == 0 || text_.substr(codeEnd_, pos_ - codeEnd_).find('\n') != std::string_view::npos;
     }
 
-    template <std::size_t N>
-    void AddSymbol(const std::array<std::string_view, N>& pairs) {
-        const std::string_view two = text_.substr(pos_, 2);
+    void AddSymbol(const std::array<TPair, 2>& pairs) {
+        const TPair two = {text_[pos_], At(pos_ + 1)};
         const bool isPair = std::find(pairs.begin(), pairs.end(), two) != pairs.end();
         Add(TTokenKind::Symbol, pos_ + (isPair ? 2 : 1));
     }
