@@ -94,7 +94,7 @@ TEST_F(TReview, HintsNameTheKeys) {
 TEST_F(TReview, AClickSelectsWhatWasClickedAndKeysStayInTheirPlace) {
     OpenOrchard();
     SelectForm("MainForm");
-    Review([this](QWidget& review) {
+    Review([](QWidget& review) {
         TRowTable& rows = Rows(review);
         review.findChild<QAction*>("acTakeAll")->trigger();
         const auto selected = [&] { return rows.selectionModel()->selectedRows().size(); };
