@@ -17,6 +17,21 @@ constexpr TShortCut kEnter = 0x0D;
 constexpr std::array kPanelWidths{120, 120, 220, 50};
 const QStringList kStates{"untranslated", "translated"};
 
+/// Selects the first or the last row that is shown, or extends the selection to it.
+void GoToEnd(QTableView& table, bool last, bool extend) {
+    const int count = table.model()->rowCount();
+    int row = last ? count - 1 : 0;
+    while (row >= 0 && row < count && table.isRowHidden(row))
+        row += last ? -1 : 1;
+    const QModelIndex end = table.model()->index(row, 0);
+    if (!end.isValid()) return;
+    const QModelIndex from = extend && table.currentIndex().isValid() ? table.currentIndex() : end;
+    table.selectionModel()->setCurrentIndex(end, QItemSelectionModel::NoUpdate);
+    table.selectionModel()->select(QItemSelection(from, end),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table.scrollTo(end);
+}
+
 /// The end of a path tells more than its beginning.
 class TPathDelegate : public QStyledItemDelegate {
   public:
@@ -48,6 +63,11 @@ TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
     ui_->lvFormNames->setItemDelegateForColumn(fcFileName, new TPathDelegate(this));
     BindHeader();
     BindMenus();
+    ui_->lvFormNames->viewport()->installEventFilter(this);
+    ui_->filter->installEventFilter(this);
+    connect(&forms_, &QAbstractItemModel::modelReset, this, [this] { LayOutColumns(); });
+    connect(ui_->filter, &QLineEdit::textChanged, this,
+            [this](const QString& text) { runner_.Run([&] { form_.SetFilter(FromQt(text)); }); });
     connect(ui_->lvFormNames, &QTableView::doubleClicked, this,
             [this] { runner_.Run([this] { form_.lvFormNamesDblClick(); }); });
     connect(ui_->pcFormsList, &QTabWidget::currentChanged, this, [this](int page) {
@@ -96,9 +116,47 @@ void TFormsListView::BindHeader() {
     header.setStretchLastSection(false);  // its width is stored too
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int column) { runner_.Run([&] { form_.lvFormNamesColumnClick(column); }); });
-    connect(&header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        form_.lvFormNames.Columns.at(static_cast<std::size_t>(column)).Width = DesignWidth(*this, width);
-    });
+    connect(&header, &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { NoteWidth(column, width); });
+}
+
+void TFormsListView::NoteWidth(int column, int width) {
+    if (layingOut_) return;
+    QHeaderView& header = *ui_->lvFormNames->horizontalHeader();
+    auto& columns = form_.lvFormNames.Columns;
+    // The first width that is chosen fixes the others where they stand.
+    if (form_.HasDesignWidths())
+        for (std::size_t i = 0; i + 1 < columns.size(); ++i)
+            columns[i].Width = DesignWidth(*this, header.sectionSize(static_cast<int>(i)));
+    columns.at(static_cast<std::size_t>(column)).Width = DesignWidth(*this, width);
+    LayOutColumns();
+}
+
+void TFormsListView::LayOutColumns() {
+    if (layingOut_) return;
+    layingOut_ = true;
+    QTableView& table = *ui_->lvFormNames;
+    QHeaderView& header = *table.horizontalHeader();
+    const auto& columns = form_.lvFormNames.Columns;
+    const int last = header.count() - 1;
+    int left = table.viewport()->width();
+    for (int i = 0; i < last; ++i) {
+        if (form_.HasDesignWidths())
+            table.resizeColumnToContents(i);
+        else
+            header.resizeSection(i, ShownWidth(*this, columns[static_cast<std::size_t>(i)].Width));
+        left -= header.sectionSize(i);
+    }
+    const int least = header.sectionSizeHint(last);
+    if (form_.HasDesignWidths() && left < least) {
+        // Of a path enough is seen where its middle is left out.
+        const int path =
+            std::max(header.sectionSize(fcFileName) + left - least, header.sectionSizeHint(fcFileName));
+        left += header.sectionSize(fcFileName) - path;
+        header.resizeSection(fcFileName, path);
+    }
+    header.resizeSection(last, std::max(left, least));
+    layingOut_ = false;
 }
 
 void TFormsListView::Refresh() {
@@ -109,6 +167,7 @@ void TFormsListView::Refresh() {
     RefreshHeader();
     RefreshList(*ui_->lvFormNames, form_.lvFormNames, forms_);
     RefreshList(*ui_->lvExternalFiles, form_.lvExternalFiles, files_);
+    RefreshFilter();
     const QSignalBlocker quiet(ui_->pcFormsList);
     ui_->pcFormsList->setCurrentIndex(static_cast<int>(form_.Context.Rows.Page));
     for (std::size_t i = 0; i < panels_.size(); ++i)
@@ -117,14 +176,16 @@ void TFormsListView::Refresh() {
 
 void TFormsListView::RefreshHeader() {
     QHeaderView& header = *ui_->lvFormNames->horizontalHeader();
-    const QSignalBlocker quiet(&header);
-    const auto& columns = form_.lvFormNames.Columns;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (header.count() > static_cast<int>(i))
-            header.resizeSection(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
     const TSettingValues& settings = form_.Context.Settings.Get();
     header.setSortIndicator(settings.SortedColumn,
                             settings.SortOrder > 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void TFormsListView::RefreshFilter() {
+    const QSignalBlocker quiet(ui_->filter);
+    if (ui_->filter->text() != ToQt(form_.Filter)) ui_->filter->setText(ToQt(form_.Filter));
+    for (int row = 0; row < forms_.rowCount({}); ++row)
+        ui_->lvFormNames->setRowHidden(row, !form_.IsShown(row));
 }
 
 void TFormsListView::RefreshList(QTableView& table, TListRows& list, TListModel& model) {
@@ -139,14 +200,35 @@ void TFormsListView::RefreshList(QTableView& table, TListRows& list, TListModel&
 }
 
 bool TFormsListView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && watched == ui_->lvFormNames->viewport()) LayOutColumns();
     if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            runner_.Run([this] { form_.lvFormNamesKeyDown(kEnter); });
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        auto* table = qobject_cast<QTableView*>(watched);
+        if (table != nullptr && KeyPressed(*table, key)) return true;
+        if (table == nullptr && (key.key() == Qt::Key_Down || key.key() == Qt::Key_Escape)) {
+            if (key.key() == Qt::Key_Escape) ui_->filter->clear();
+            ui_->lvFormNames->setFocus();
             return true;
         }
     }
     return TView::eventFilter(watched, event);
+}
+
+bool TFormsListView::KeyPressed(QTableView& table, const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        runner_.Run([this] { form_.lvFormNamesKeyDown(kEnter); });
+        return true;
+    }
+    if (key.key() == Qt::Key_Home || key.key() == Qt::Key_End) {
+        GoToEnd(table, key.key() == Qt::Key_End, key.modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    }
+    const bool types = !key.text().isEmpty() && key.text().at(0).isPrint() && key.text() != " " &&
+                       (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+    if (!types || &table != ui_->lvFormNames) return false;
+    ui_->filter->setFocus();
+    ui_->filter->insert(key.text());
+    return true;
 }
 
 }  // namespace tml

@@ -10,6 +10,7 @@
 #include "desktop/View.h"
 #include "expert/Mlmainform.h"
 
+class QKeyEvent;
 class QTableView;
 
 namespace Ui {
@@ -30,7 +31,7 @@ class TFormsListView : public TView {
     const TfrmmlLang& Form() const { return form_; }
 
   protected:
-    /// Enter in either list.
+    /// The keys of either list: Enter, its ends, and what is typed goes to the filter.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -39,6 +40,11 @@ class TFormsListView : public TView {
     void BindHeader();
     void RefreshList(QTableView& table, TListRows& list, TListModel& model);
     void RefreshHeader();
+    void RefreshFilter();
+    /// While nobody has chosen widths, those that the cells need; the last column takes what is left.
+    void LayOutColumns();
+    void NoteWidth(int column, int width);
+    bool KeyPressed(QTableView& table, const QKeyEvent& key);
 
     TfrmmlLang& form_;
     TRunner& runner_;
@@ -47,6 +53,7 @@ class TFormsListView : public TView {
     TListModel files_;
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::array<QLabel*, 4> panels_{};
+    bool layingOut_ = false;
 };
 
 }  // namespace tml

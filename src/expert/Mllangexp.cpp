@@ -237,6 +237,7 @@ void TmlLangExpert::ShowProject(IOTASourceEditor* current) {
         shown.Visible = true;
     }
     SortAgain();
+    MainWindow->SetFilter({});
     if (current != nullptr) SelectRowOf(current->GetFileName());
     RowsChanged();
 }

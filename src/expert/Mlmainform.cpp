@@ -5,6 +5,8 @@
 #include <stdexcept>
 
 #include "base/Errors.h"
+#include "base/Files.h"
+#include "base/Utf8.h"
 #include "core/Formrows.h"
 #include "core/Modules.h"
 #include "source/Language.h"
@@ -115,6 +117,8 @@ std::shared_ptr<TMenuItem> TfrmmlLang::Build(const TCommand& command, const std:
     item->Hint = isButton ? command.ButtonHint : command.Hint;
     item->Tag = command.Tag;
     item->Enabled = command.IsBuilt();
+    // In a menu it says what is to come, a button has to be worth its place.
+    item->Visible = command.IsBuilt() || !isButton;
     item->OnClick = [this, &command] { Execute(command); };
     if (command.PascalOnly) pascalOnly_.push_back(item);
     built_.push_back({&command, item, isButton});
@@ -169,6 +173,11 @@ void TfrmmlLang::lvFormNamesColumnClick(int column) {
     steps.Finish();
 }
 
+void TfrmmlLang::lvFormNamesChange() {
+    DeselectHidden();
+    CheckEnableActions();
+}
+
 void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {
     if (key == kEnter) Translate();
 }
@@ -178,7 +187,30 @@ void TfrmmlLang::SelectAll1Click() {
     for (const auto& row : list.Items())
         row->Selected = true;
     list.Touch();
-    CheckEnableActions();
+    lvFormNamesChange();
+}
+
+bool TfrmmlLang::IsShown(int row) const {
+    if (Filter.empty()) return true;
+    const TFormRow& form = *lvFormNames.Items()[static_cast<std::size_t>(row)];
+    const std::string folded = FoldCase(Filter);
+    const auto has = [&](const std::string& text) { return Contains(FoldCase(text), folded); };
+    return has(form.FormName) || has(form.UnitName) || has(FileNameOf(form.FileName));
+}
+
+void TfrmmlLang::SetFilter(const std::string& text) {
+    Filter = text;
+    lvFormNamesChange();
+}
+
+void TfrmmlLang::DeselectHidden() {
+    for (int row = 0; row < lvFormNames.Count(); ++row)
+        if (!IsShown(row)) lvFormNames.Row(row).Selected = false;
+    lvFormNames.Touch();
+}
+
+bool TfrmmlLang::HasDesignWidths() const {
+    return ColumnWidthsText(lvFormNames) == ColumnWidthsText(TFormsList().FormNames);
 }
 
 void TfrmmlLang::StayOnTop1Click() {

@@ -29,6 +29,7 @@ class TfrmmlLang : public TForm {
     std::shared_ptr<TMenuItem> pmEditor;  ///< the lists' popup menu
     std::vector<std::shared_ptr<TMenuItem>> ToolBar;
     TOpenDialog odExternalFile;
+    std::string Filter;  ///< of the forms, without regard to case; "" shows all
 
     void FormShow() override;
     /// Stores the column widths; the window is gone afterwards.
@@ -38,9 +39,16 @@ class TfrmmlLang : public TForm {
     void CheckEnableActions();
     void UpdateStatusBar();
     void lvFormNamesColumnClick(int column);
-    void lvFormNamesChange() { CheckEnableActions(); }
+    void lvFormNamesChange();
     void lvFormNamesDblClick() { Translate(); }
     void lvFormNamesKeyDown(TShortCut key);
+    /// row: of the forms list, 0-based.
+    bool IsShown(int row) const;
+    /// Shows the forms whose form, unit or file name contains the text. A row that is not shown is not
+    /// selected.
+    void SetFilter(const std::string& text);
+    /// Nobody has chosen a width for the forms list's columns.
+    bool HasDesignWidths() const;
     void SelectAll1Click();
     void StayOnTop1Click();
     void Dockable1Click();
@@ -68,6 +76,7 @@ class TfrmmlLang : public TForm {
         bool IsButton;
     };
 
+    void DeselectHidden();
     TMenuItem* FindCommand(std::string_view name) const;
     /// As a click would, where the command is enabled.
     void Translate();

@@ -11,7 +11,7 @@
 #include "scan/Foundactions.h"
 #include "scan/Lines.h"
 #include "scan/Skippedstrings.h"
-#include "source/Sourcetext.h"
+#include "source/Literals.h"
 
 namespace tml {
 namespace {

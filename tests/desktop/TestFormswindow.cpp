@@ -47,6 +47,43 @@ TEST_F(TFormsWindow, NothingThatTheLanguagesOfSeveralFormsLeaveOpenIsHidden) {
         EXPECT_TRUE(tabs.contains(ToQt(module->GetFileName()))) << module->GetFileName();
 }
 
+TEST_F(TFormsWindow, WhatIsTypedFiltersAndHomeAndEndGoToTheEnds) {
+    OpenOrchard();
+    Activate(*Window);
+    auto& forms = Find<QTableView>("lvFormNames");
+    SelectForm("MainForm");
+    QTest::keyClick(&forms, Qt::Key_End);
+    EXPECT_EQ(forms.currentIndex().row(), forms.model()->rowCount() - 1);
+    QTest::keyClick(&forms, Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(forms.selectionModel()->selectedRows().size(), forms.model()->rowCount());
+    QTest::keyClicks(QApplication::focusWidget(), "D");
+    QTest::keyClicks(QApplication::focusWidget(), "ialog");
+    QStringList shown;
+    for (int row = 0; row < forms.model()->rowCount(); ++row)
+        if (!forms.isRowHidden(row)) shown += Cell(forms, row, 0);
+    EXPECT_EQ(shown.size(), 2) << FromQt(shown.join(' '));
+    EXPECT_EQ(forms.selectionModel()->selectedRows().size(), 2) << "what is hidden is not selected";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(forms.isRowHidden(0));
+    EXPECT_TRUE(forms.hasFocus());
+}
+
+TEST_F(TFormsWindow, NamesAreWholeAndNoWidthIsDead) {
+    OpenOrchard();
+    auto& forms = Find<QTableView>("lvFormNames");
+    const auto& header = *forms.horizontalHeader();
+    for (const int width : {1300, 800}) {
+        Window->resize(width, 700);
+        QApplication::processEvents();
+        EXPECT_EQ(header.length(), forms.viewport()->width());
+        for (int row = 0; row < forms.model()->rowCount(); ++row)
+            for (const int column : {0, 1})
+                EXPECT_GT(header.sectionSize(column),
+                          forms.fontMetrics().horizontalAdvance(Cell(forms, row, column)))
+                    << FromQt(Cell(forms, row, column));
+    }
+}
+
 TEST_F(TFormsWindow, KeysOfTheListStayInTheList) {
     OpenOrchard();
     Window->activateWindow();

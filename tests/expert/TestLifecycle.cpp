@@ -232,6 +232,8 @@ TEST_F(TLifecycle, CommandsAreEnabledByTheirTags) {
         if (!command.IsBuilt()) {
             EXPECT_FALSE(enabled((std::string(command.Name) + "1").c_str())) << command.Name;
         }
+    for (const auto& button : window.ToolBar)
+        EXPECT_TRUE(button->Enabled || !button->Visible) << button->Name << " is not worth its place";
 }
 
 TEST_F(TLifecycle, UnloadingReleasesTheExpertAndTheLibraryLast) {
