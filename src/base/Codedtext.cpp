@@ -60,9 +60,13 @@ void TCodedText::Reread(std::string bytes) {
     ReadLines();
 }
 
-std::string TCodedText::TextOf(std::string_view bytes, std::string_view codePage) {
+std::string TCodedText::TextOf(std::string_view bytes, std::string_view codePage,
+                               TByteEncodings* byteEncodings) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (!IsValidUtf8(bytes)) return TCodedText(std::string(bytes), {}, codePage).Text();
+    const bool isUtf8 = IsValidUtf8(bytes);
+    const TCodedText coded = isUtf8 ? TCodedText() : TCodedText(std::string(bytes), {}, codePage);
+    if (byteEncodings != nullptr) *byteEncodings = ByteEncodingsOf(coded.Encoding(), codePage);
+    if (!isUtf8) return coded.Text();
     return WithCrLf(bytes.starts_with(kMark) ? bytes.substr(kMark.size()) : bytes);
 }
 

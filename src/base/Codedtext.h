@@ -26,7 +26,9 @@ class TCodedText {
     void Reread(std::string bytes);
 
     /// What Text() would give, for those who write nothing back: quicker, as no line's origin is kept.
-    static std::string TextOf(std::string_view bytes, std::string_view codePage = {});
+    /// byteEncodings is given ByteEncodingsOf the file.
+    static std::string TextOf(std::string_view bytes, std::string_view codePage = {},
+                              TByteEncodings* byteEncodings = nullptr);
 
     const std::string& Text() const { return *text_; }
     std::shared_ptr<const std::string> SharedText() const { return text_; }

@@ -218,4 +218,10 @@ bool Encode(const TEncoding& encoding, std::string_view text, std::string& bytes
     return true;
 }
 
+TByteEncodings ByteEncodingsOf(const TEncoding& file, std::string_view codePage) {
+    if (!file.Name.starts_with("UTF-")) return {file.Name};
+    const std::string ofProject = EncodingOfCodePage(codePage);
+    return {kUtf8, ofProject.empty() ? kFallback : ofProject};
+}
+
 }  // namespace tml

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tml {
 
@@ -20,6 +21,12 @@ TEncoding DetectEncoding(std::string_view bytes, std::string_view codePage);
 /// The name under which the converter library knows a Windows code page ("1251" gives "windows-1251");
 /// empty when it knows none.
 std::string EncodingOfCodePage(std::string_view codePage);
+
+/// The encodings, in the order to try them, of characters that a source gives by the numbers of their bytes
+/// (#207, "\xCF"): the file's own; in a file of Unicode, UTF-8, then the project's code page, else
+/// Windows-1252.
+using TByteEncodings = std::vector<std::string>;
+TByteEncodings ByteEncodingsOf(const TEncoding& file, std::string_view codePage);
 
 /// Decodes bytes (without mark) and appends UTF-8. False when some bytes could not be read; each of
 /// those gives U+FFFD.

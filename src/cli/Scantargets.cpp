@@ -120,7 +120,9 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
 void TakeLooseUnit(const std::string& fileName, std::string_view bytes, const TScanShared& shared,
                    TScanInput& input) {
     // There is no code page that an IDE would read the unit in.
-    input.Source = ReadSource(TCodedText::TextOf(bytes), fileName);
+    TByteEncodings byteEncodings;
+    std::string text = TCodedText::TextOf(bytes, {}, &byteEncodings);
+    input.Source = ReadSource(std::move(text), fileName, std::move(byteEncodings));
     TakeReceiver(input, shared.ForUnits, true);
 }
 

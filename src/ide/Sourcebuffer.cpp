@@ -57,7 +57,8 @@ struct TSourceBuffer::TBlock : TView {
 TSharedSource TSourceBuffer::Source() const {
     if (readText_ != Text()) {
         readText_ = Text();
-        source_ = std::make_shared<const TSourceText>(readText_, FileName());
+        source_ = std::make_shared<const TSourceText>(readText_, FileName(),
+                                                      ByteEncodingsOf(coded_.Encoding(), codePage_));
     }
     return source_;
 }

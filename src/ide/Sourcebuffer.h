@@ -16,7 +16,9 @@ class TSourceBuffer : public TDocument {
   public:
     TSourceBuffer(TJournal& journal, const std::string& fileName, const std::string& bytes,
                   std::string onDisk, std::string_view codePage)
-        : TDocument(journal, fileName, std::move(onDisk)), coded_(bytes, fileName, codePage) {}
+        : TDocument(journal, fileName, std::move(onDisk)),
+          codePage_(codePage),
+          coded_(bytes, fileName, codePage) {}
 
     std::string Bytes() const override { return coded_.Bytes(); }
     std::shared_ptr<const TView> View() const override;
@@ -44,6 +46,7 @@ class TSourceBuffer : public TDocument {
   private:
     struct TBlock;
 
+    std::string codePage_;  ///< the project's
     TCodedText coded_;
     mutable std::shared_ptr<const std::string> readText_;  ///< what source_ was read from
     mutable TSharedSource source_;

@@ -36,7 +36,9 @@ namespace tml {
     X(Conditional, "conditional", "The constant is declared under a condition only.")                       \
     X(LocalConst, "local-const", "A routine's own constant can only be set inside it, at every call.")      \
     X(ConstantUse, "constant-use", "The compiler needs the constant's value in another declaration.")       \
-    X(Character, "character", "A constant of a single character may be used as a Char.")
+    X(Character, "character", "A constant of a single character may be used as a Char.")                    \
+    X(ConstType, "const-type", "The constant's type would become string.")                                  \
+    X(Joined, "joined", "The value is joined with another constant, so that it is not one text.")
 
 enum class TAdvice : std::uint8_t {
 #define TML_ADVICE(name, word, text) name,

@@ -1,12 +1,13 @@
 #include "scan/Constreader.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <unordered_map>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "scan/Lines.h"
+#include "source/Characters.h"
 #include "source/Charclass.h"
 #include "source/Literals.h"
 #include "source/Pascalwords.h"
@@ -20,21 +21,35 @@ bool IsCode(const TToken& token) {
     return token.Kind != TTokenKind::Comment && token.Kind != TTokenKind::Directive;
 }
 
-/// The character of #13, #$0D or ^M.
-char32_t CharacterOf(std::string_view code) {
-    if (code.front() == '^' && code.size() == 2)
-        return static_cast<char32_t>((code[1] >= 'a' ? code[1] - 'a' + 'A' : code[1]) ^ 0x40);
-    const bool isHex = code.substr(1, 1) == "$";
-    const std::string_view digits = code.substr(isHex ? 2 : 1);
-    unsigned value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value, isHex ? 16 : 10);
-    return value;
+/// The types of constants that are done, and of those that would become another type.
+constexpr std::array<std::string_view, 4> kTypes{"string", "AnsiString", "WideString", "PChar"};
+constexpr std::array<std::string_view, 6> kOtherTypes{"UnicodeString", "ShortString", "RawByteString",
+                                                      "UTF8String",    "PWideChar",   "PAnsiChar"};
+
+template <typename List>
+bool IsIn(const List& list, std::string_view name) {
+    return std::any_of(list.begin(), list.end(),
+                       [&](std::string_view entry) { return SameText(entry, name); });
 }
 
 bool IsClosed(std::string_view comment) {
     if (comment.starts_with("//")) return true;
     if (comment.starts_with("{")) return comment.size() >= 2 && comment.ends_with('}');
     return comment.size() >= 4 && comment.ends_with("*)");
+}
+
+/// The names in {$IF Version = '2.0'}, none of another directive.
+std::vector<std::string_view> NamesOfCondition(std::string_view directive) {
+    std::vector<std::string_view> names;
+    for (std::size_t pos = directive.find('$') + 1; pos < directive.size();) {
+        std::size_t end = pos;
+        while (end < directive.size() && IsNameChar(directive[end]))
+            ++end;
+        if (end > pos) names.push_back(directive.substr(pos, end - pos));
+        pos = end + 1;
+    }
+    const bool isCondition = !names.empty() && (SameText(names[0], "IF") || SameText(names[0], "ELSEIF"));
+    return isCondition ? names : std::vector<std::string_view>();
 }
 
 /// Adds a piece of a value to those in front of it; pieces of one line keep their distance.
@@ -125,7 +140,7 @@ std::size_t TConstReader::ReadDeclaration(std::size_t section, std::size_t index
     return last + 1;
 }
 
-/// The four types, a length in brackets aside; blanks and comments around them do not count.
+/// The string types, a length in brackets aside; blanks and comments around them do not count.
 bool TConstReader::ReadType(TConstDeclaration& declaration, std::size_t first, std::size_t last) const {
     std::vector<std::string_view> words;
     for (std::size_t i = first; i < last; ++i) {
@@ -139,12 +154,12 @@ bool TConstReader::ReadType(TConstDeclaration& declaration, std::size_t first, s
     if (words.size() < 2 || words[0] != ":") return false;
     declaration.Type = words[1];
     if (SameText(words[1], "string") && words.size() > 2) return words[2] == "[";
-    return words.size() == 2 && (SameText(words[1], "string") || SameText(words[1], "AnsiString") ||
-                                 SameText(words[1], "WideString") || SameText(words[1], "PChar"));
+    return words.size() == 2 && (IsIn(kTypes, words[1]) || IsIn(kOtherTypes, words[1]));
 }
 
 bool TConstReader::ReadValue(TConstDeclaration& declaration, std::size_t first, std::size_t last) const {
     bool hasLiteral = false;
+    TCharacters characters;
     std::size_t begin = 0;
     std::size_t end = 0;
     std::size_t comments = declaration.Comments.size();
@@ -160,17 +175,20 @@ bool TConstReader::ReadValue(TConstDeclaration& declaration, std::size_t first, 
             if (!hasLiteral) declaration.Open = literal.Open;
             hasLiteral = true;
             declaration.RawLength += literal.RawLength();
-            declaration.Text += DecodeLiteral(source_, literal);
+            characters.Add(DecodeLiteral(source_, literal));
         } else if (token.Kind == TTokenKind::Character) {
-            AppendCodePoint(declaration.Text, CharacterOf(text));
-        } else if (text != "+") {
+            characters.AddPascalCode(text, source_.ByteEncodings());
+        } else if (IsNamePart(i, first)) {
+            declaration.IsJoined = true;
+        } else if (text != "+" && text != "(" && text != ")") {
             return false;
         }
         if (begin == 0) begin = token.Begin;
-        Join(declaration.Value, text, token.Begin == end);
+        Join(declaration.Value, Written(token), token.Begin == end);
         end = token.End;
     }
     if (!hasLiteral) return false;
+    declaration.Text = characters.Take();
     // A value that is complete on its line stays as it was written.
     const std::string_view rest = source_.Text().substr(declaration.Open);
     const bool complete = IsStringTerminated(rest.substr(0, rest.find('\n')), kPascal);
@@ -180,7 +198,29 @@ bool TConstReader::ReadValue(TConstDeclaration& declaration, std::size_t first, 
     return true;
 }
 
+/// Part of the name of another constant ("S", "Unit2.S") between signs, not of a function.
+bool TConstReader::IsNamePart(std::size_t index, std::size_t first) const {
+    const auto isOne = [](std::string_view text, std::string_view of) {
+        return text.size() == 1 && of.find(text.front()) != std::string_view::npos;
+    };
+    if (TextAt(index) == ".") return index > first && tokens_[index - 1].Kind == TTokenKind::Name;
+    return tokens_[index].Kind == TTokenKind::Name && isOne(TextAt(index + 1), "+.);") &&
+           (index == first || isOne(TextAt(index - 1), "+.("));
+}
+
+/// A token of a value on one line: a text over several lines becomes an ordinary literal.
+std::string TConstReader::Written(const TToken& token) const {
+    if (token.Kind == TTokenKind::Literal) {
+        const TLiteral& literal = source_.Literals()[token.Index];
+        if (literal.BodyBegin > literal.Open + 1)
+            return "'" + EncodeLiteralBody(DecodeLiteral(source_, literal), kPascal) + "'";
+    }
+    return std::string(TextOf(source_, token));
+}
+
 TAdvice TConstReader::AdviceFor(const TConstDeclaration& declaration, std::size_t index) const {
+    if (declaration.IsJoined) return TAdvice::Joined;
+    if (IsIn(kOtherTypes, declaration.Type)) return TAdvice::ConstType;
     if (conditional_[index]) return TAdvice::Conditional;
     if (Around(declaration.Section, Kind::Routine) != kNoRegion) return TAdvice::LocalConst;
     const std::size_t owner = Around(declaration.Section, Kind::Class);
@@ -204,13 +244,18 @@ void TConstReader::AdviseUses() {
             untyped.emplace(UpperCase(declaration.Name), &declaration);
     if (untyped.empty()) return;
     TRegionFinder finder(regions_);
-    for (const TToken& token : tokens_) {
-        if (token.Kind != TTokenKind::Name) continue;
-        const std::size_t region = finder.At(token.Begin);
-        const auto [first, last] = untyped.equal_range(UpperCase(TextOf(source_, token)));
+    const auto use = [&](std::string_view name, std::size_t place) {
+        const auto [first, last] = untyped.equal_range(UpperCase(name));
         for (auto entry = first; entry != last; ++entry)
-            if (token.Begin != entry->second->Begin && NeedsValue(region))
-                entry->second->Advice = TAdvice::ConstantUse;
+            if (place != entry->second->Begin) entry->second->Advice = TAdvice::ConstantUse;
+    };
+    for (const TToken& token : tokens_) {
+        const std::string_view text = TextOf(source_, token);
+        if (token.Kind == TTokenKind::Directive)
+            for (const std::string_view name : NamesOfCondition(text))
+                use(name, token.Begin);
+        else if (token.Kind == TTokenKind::Name && NeedsValue(finder.At(token.Begin)))
+            use(text, token.Begin);
     }
 }
 

@@ -21,6 +21,7 @@ struct TConstDeclaration {
     std::string Value;          ///< from the first to the last piece; comments left out, on one line
     std::vector<std::string_view> Comments;
     std::string_view Type;  ///< "" for an untyped constant
+    bool IsJoined = false;  ///< with other constants, whose text Text has not
     std::size_t Section = kNoRegion;
     TAdvice Advice = TAdvice::None;
 };
@@ -46,11 +47,15 @@ class TConstReader {
     std::size_t ReadDeclaration(std::size_t section, std::size_t index, std::size_t end);
     bool ReadType(TConstDeclaration& declaration, std::size_t first, std::size_t last) const;
     bool ReadValue(TConstDeclaration& declaration, std::size_t first, std::size_t last) const;
+    bool IsNamePart(std::size_t index, std::size_t first) const;
+    std::string Written(const TToken& token) const;
     TAdvice AdviceFor(const TConstDeclaration& declaration, std::size_t index) const;
     void AdviseUses();
     bool NeedsValue(std::size_t region) const;
 
-    std::string_view TextAt(std::size_t index) const { return TextOf(source_, tokens_[index]); }
+    std::string_view TextAt(std::size_t index) const {
+        return index < tokens_.size() ? TextOf(source_, tokens_[index]) : std::string_view();
+    }
 
     const TSourceText& source_;
     const std::vector<TToken>& tokens_;

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <stdexcept>
 
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
 #include "scan/Calls.h"
+#include "scan/Constreader.h"
 #include "source/Charclass.h"
+#include "source/Conditions.h"
 #include "source/Methods.h"
 
 namespace tml {
@@ -19,20 +20,21 @@ constexpr std::string_view kLineBreak = "\r\n";
 constexpr std::string_view kUpdateStrings = "UpdateStrings";
 constexpr std::string_view kChangeLanguage = "ChangeLanguage";
 
-void ReplaceAll(std::string& text, std::string_view what, std::string_view by) {
-    for (std::size_t pos = 0; (pos = text.find(what, pos)) != std::string::npos; pos += by.size())
-        text.replace(pos, what.size(), by);
-}
-
 // ---- Declarations ----------------------------------------------------------------------------------
 
 /// A line break in the text of a value that went over several lines starts a new piece.
 std::string FullValue(const TStrRec& record) {
-    std::string value = record.Value;
-    if (record.StrLine == record.EndLine) return value;
-    ReplaceAll(value, "'#13#10 + '", "'#13#10'");
-    ReplaceAll(value, "'#13#10'", "'#13#10 + \t'");
-    return value;
+    if (record.StrLine == record.EndLine) return record.Value;
+    const TSourceText value(std::string_view(record.Value), kPascal);
+    std::string text;
+    std::size_t pos = 0;
+    for (const TLiteral& literal : value.Literals()) {
+        const std::string_view gap = value.Text().substr(pos, literal.Begin - pos);
+        text += pos > 0 && (gap == "#13#10" || gap == "#13#10 + ") ? "#13#10 + \t" : gap;
+        text += value.Text().substr(literal.Begin, literal.End - literal.Begin);
+        pos = literal.End;
+    }
+    return text.append(value.Text().substr(pos));
 }
 
 /// The former value may hold what closes (or, nested, opens) the comment around it.
@@ -182,6 +184,53 @@ class THandlers {
     const TConstForm& form_;
 };
 
+/// The procedure that sets the constants: UpdateStrings, with a number behind it where that name is taken by
+/// something that cannot be called so.
+std::string UpdateRoutineOf(const TUnitRoutines& routines, const std::string& owner) {
+    const std::string wanted(kUpdateStrings);
+    std::string name = wanted;
+    for (int number = 1;; ++number) {
+        const bool isThere = routines.DeclaresPlain(owner, name) ||
+                             (owner.empty() && routines.Bodies(owner, name).size() == 1 &&
+                              !routines.Bodies(owner, name, true).empty());
+        if (isThere || routines.IsFreeName(owner, name)) return name;
+        name = wanted + std::to_string(number);
+    }
+}
+
+/// Places of a unit by the builds that compile them.
+class TBuilds {
+  public:
+    TBuilds(const TSourceText& source, const TUnitRoutines& routines)
+        : conditions_(source), unit_(conditions_.BranchAt(routines.EndOfInterface())) {}
+
+    /// Every build of the unit compiles at least one of the places.
+    bool ReachAll(const std::vector<std::size_t>& places) const {
+        return !places.empty() && conditions_.Reach(places, unit_);
+    }
+    /// Every build that compiles the place at does so.
+    bool ReachFrom(std::size_t at, const std::vector<std::size_t>& places) const {
+        return !places.empty() && conditions_.Reach(places, conditions_.BranchAt(at));
+    }
+
+  private:
+    TConditions conditions_;
+    std::size_t unit_;
+};
+
+/// EBadInput where some builds have none of the bodies.
+void CheckBodies(const TSourceText& source, const TBuilds& builds,
+                 const std::vector<TUnitRoutines::TRoutine>& bodies) {
+    std::vector<std::size_t> places;
+    for (const TUnitRoutines::TRoutine& body : bodies)
+        for (const std::size_t place : {body.BodyBegin, body.BodyEnd})
+            places.push_back(place);
+    if (!builds.ReachAll(places))
+        throw EBadInput(source.FileName(), source.LineOf(bodies.front().Begin),
+                        std::string(bodies.front().Name) + " has a body under a condition only",
+                        "Write one for every build.");
+}
+
 class TConstRewriter {
   public:
     TConstRewriter(const TmlFoundSourceStrings& kept, const TConstInput& input,
@@ -225,46 +274,53 @@ class TConstRewriter {
 
     void AddRoutine(const std::string& lines, TConstChanges& changes) {
         const bool isOwn = IsOwnForm(input_, form_);
-        const std::string name(kUpdateStrings);
         const std::string owner = isOwn ? form_.ClassName : "";
-        if (const auto* routine = unit_.Routines().Find(owner, name))
-            unit_.AddLast(*routine, lines);
-        else
-            unit_.AddRoutine(isOwn ? owner + "." + name : name, lines);
+        const TUnitRoutines& routines = unit_.Routines();
+        routine_ = UpdateRoutineOf(routines, owner);
+        const std::vector<TUnitRoutines::TRoutine> bodies = routines.Bodies(owner, routine_, true);
+        if (!bodies.empty()) CheckBodies(*input_.Scan.Source, {*input_.Scan.Source, routines}, bodies);
+        for (const TUnitRoutines::TRoutine& body : bodies)
+            unit_.AddLast(body, lines);
+        if (bodies.empty()) unit_.AddRoutine(isOwn ? owner + "." + routine_ : routine_, lines);
+        const bool isDeclared = routines.DeclaresPlain(owner, routine_);
         if (isOwn) {
-            AddHandlers(unit_, changes);
-            if (!unit_.Routines().DeclaresMethod(owner, name)) unit_.Declare(owner, name);
+            AddHandlers(*input_.Scan.Source, unit_, changes);
+            if (!isDeclared) unit_.Declare(owner, routine_);
             return;
         }
-        if (!unit_.Routines().DeclaresRoutine(name)) unit_.DeclareInInterface(name);
+        if (!isDeclared) unit_.DeclareInInterface(routine_);
         TUnitPatch formUnit(*form_.Source);
-        AddHandlers(formUnit, changes);
+        AddHandlers(*form_.Source, formUnit, changes);
         changes.FormUnit = formUnit.Take();
     }
 
-    void AddHandlers(TUnitPatch& patch, TConstChanges& changes) const {
+    void AddHandlers(const TSourceText& source, TUnitPatch& patch, TConstChanges& changes) const {
         const std::string_view ancestor = patch.Routines().AncestorOf(form_.ClassName);
         if (SameText(ancestor, "TFrame") || SameText(ancestor, "TCustomFrame"))
             throw EBadInput(form_.FileName(), 0, "a frame has no creation handler to set the constants in",
                             "Use the component of a form.");
         const THandlers handlers(patch.Routines(), form_);
         const std::string qualifier = QualifierOf(input_, form_);
-        const std::string call = std::string(kUpdateStrings) + ";";
+        const std::string call = routine_ + ";";
         const std::string unitCall = qualifier.empty() ? "" : qualifier + "." + call;
-        AddHandler(patch, handlers.Create, qualifier, qualifier.empty() ? call : unitCall);
-        AddHandler(patch, handlers.ChangeLanguage, qualifier, qualifier.empty() ? "Self." + call : unitCall);
+        const TBuilds builds(source, patch.Routines());
+        AddHandler(source, builds, patch, handlers.Create, qualifier, qualifier.empty() ? call : unitCall);
+        AddHandler(source, builds, patch, handlers.ChangeLanguage, qualifier,
+                   qualifier.empty() ? "Self." + call : unitCall);
         if (!SameText(handlers.Create, form_.OnCreate)) changes.OnCreate = handlers.Create;
         if (!SameText(handlers.ChangeLanguage, form_.OnChangeLanguage))
             changes.OnChangeLanguage = handlers.ChangeLanguage;
     }
 
-    void AddHandler(TUnitPatch& patch, const std::string& name, const std::string& qualifier,
-                    const std::string& call) const {
+    void AddHandler(const TSourceText& source, const TBuilds& builds, TUnitPatch& patch,
+                    const std::string& name, const std::string& qualifier, const std::string& call) const {
         const TUnitRoutines& routines = patch.Routines();
-        if (const auto* routine = routines.Find(form_.ClassName, name)) {
-            if (!routines.Calls(*routine, qualifier, kUpdateStrings)) patch.AddFirst(*routine, call);
-            return;
-        }
+        const std::vector<TUnitRoutines::TRoutine> bodies = routines.Bodies(form_.ClassName, name);
+        if (!bodies.empty()) CheckBodies(source, builds, bodies);
+        for (const TUnitRoutines::TRoutine& body : bodies)
+            if (!builds.ReachFrom(body.BodyBegin, routines.Calls(body, qualifier, routine_)))
+                patch.AddFirst(body, call);
+        if (!bodies.empty()) return;
         if (routines.DeclaresMethod(form_.ClassName, name))
             throw EBadInput(form_.FileName(), 0, "the handler " + name + " has no body in the unit",
                             "Write it, or call " + call + " where the form is created.");
@@ -285,6 +341,7 @@ class TConstRewriter {
     const std::vector<TStrRec>& records_;
     const TConstForm& form_;
     TUnitPatch unit_;
+    std::string routine_;
 };
 
 // ---- Proof -----------------------------------------------------------------------------------------
@@ -298,9 +355,12 @@ class TConstProof {
           records_(records),
           form_(form),
           changes_(changes),
-          newSource_(ReadSource(ApplyEdits(input.Scan.Text(), changes.Unit), input.Scan.FileName())) {}
+          newSource_(ReadSource(ApplyEdits(input.Scan.Text(), changes.Unit), *input.Scan.Source)),
+          routines_(*newSource_),
+          builds_(*newSource_, routines_) {}
 
     void Run() const {
+        CheckValues();
         CheckAssignments();
         CheckSecondScan();
         CheckHandlers();
@@ -312,20 +372,40 @@ class TConstProof {
                         "Nothing was changed; leave this constant out.");
     }
 
+    /// Every declaration is still there, with its text or emptied.
+    void CheckValues() const {
+        std::map<std::size_t, const TStrRec*> rewritten;
+        for (const TmlFoundSourceString& row : kept_)
+            if (!row.MarkedToIgnore) rewritten[RecordOf(records_, row).Begin] = &RecordOf(records_, row);
+        const TConstReader before(*input_.Scan.Source);
+        const TConstReader now(*newSource_);
+        for (std::size_t i = 0; i < before.Declarations().size(); ++i) {
+            const TConstDeclaration& old = before.Declarations()[i];
+            const bool isEmptied = input_.EmptyConstsValues && rewritten.contains(old.Begin);
+            const bool same = i < now.Declarations().size() && now.Declarations()[i].Name == old.Name &&
+                              now.Declarations()[i].Text == (isEmptied ? "" : old.Text);
+            if (!same)
+                Fail(input_.Scan.Source->LineOf(old.Begin),
+                     "the constant " + std::string(old.Name) + " would get another value");
+        }
+    }
+
     void CheckAssignments() const {
-        const std::set<std::pair<std::string, std::string>> assigned = ReadAssignments(*newSource_);
+        const TAssignments assigned = ReadAssignments(*newSource_);
         for (const TmlFoundSourceString& row : kept_) {
             if (row.MarkedToIgnore) continue;
             const TStrRec& record = RecordOf(records_, row);
-            if (!assigned.contains({UpperCase(record.StrName), UpperCase(row.StrID)}))
+            const auto places = assigned.find({UpperCase(record.StrName), UpperCase(row.StrID)});
+            if (places == assigned.end() || (!record.IsLocal && !builds_.ReachAll(places->second)))
                 Fail(record.StrLine, "the constant " + record.StrName +
                                          " would not be set from the string '" + row.StrID + "'");
         }
     }
 
-    /// Names and IDs, upper-cased, of "name := call".
-    std::set<std::pair<std::string, std::string>> ReadAssignments(const TSourceText& source) const {
-        std::set<std::pair<std::string, std::string>> assigned;
+    /// Places by name and ID, upper-cased, of "name := call".
+    using TAssignments = std::map<std::pair<std::string, std::string>, std::vector<std::size_t>>;
+    TAssignments ReadAssignments(const TSourceText& source) const {
+        TAssignments assigned;
         const std::vector<TToken>& tokens = source.CodeTokens();
         std::size_t token = 0;
         for (const TAccessorCall& call : FindCalls(source, input_.Scan.Component)) {
@@ -336,7 +416,8 @@ class TConstProof {
                 return before >= steps ? TextOf(source, tokens[before - steps]) : std::string_view();
             };
             if (text(1) == "(" && SameText(text(2), "PChar")) before -= 2;
-            if (text(1) == ":=") assigned.insert({UpperCase(text(2)), UpperCase(CalledID(source, call))});
+            if (text(1) == ":=")
+                assigned[{UpperCase(text(2)), UpperCase(CalledID(source, call))}].push_back(call.Begin);
         }
         return assigned;
     }
@@ -364,16 +445,20 @@ class TConstProof {
             return !row.MarkedToIgnore && !RecordOf(records_, row).IsLocal;
         });
         if (!anyShared) return;
+        const bool isOwn = IsOwnForm(input_, form_);
+        const std::string name = UpdateRoutineOf(routines_, isOwn ? form_.ClassName : "");
         const TSharedSource source =
-            IsOwnForm(input_, form_)
-                ? newSource_
-                : ReadSource(ApplyEdits(form_.Source->Text(), changes_.FormUnit), form_.FileName());
+            isOwn ? newSource_
+                  : ReadSource(ApplyEdits(form_.Source->Text(), changes_.FormUnit), *form_.Source);
         const TUnitRoutines routines(*source);
+        const TBuilds builds(*source, routines);
         const THandlers handlers(routines, form_);
-        for (const std::string& name : {handlers.Create, handlers.ChangeLanguage}) {
-            const auto* routine = routines.Find(form_.ClassName, name);
-            if (routine == nullptr || !routines.Calls(*routine, QualifierOf(input_, form_), kUpdateStrings))
-                Fail(0, "the handler " + name + " would not set the constants");
+        for (const std::string& handler : {handlers.Create, handlers.ChangeLanguage}) {
+            std::vector<std::size_t> calls;
+            for (const TUnitRoutines::TRoutine& body : routines.Bodies(form_.ClassName, handler))
+                for (const std::size_t call : routines.Calls(body, QualifierOf(input_, form_), name))
+                    calls.push_back(call);
+            if (!builds.ReachAll(calls)) Fail(0, "the handler " + handler + " would not set the constants");
         }
     }
 
@@ -383,6 +468,8 @@ class TConstProof {
     const TConstForm& form_;
     const TConstChanges& changes_;
     TSharedSource newSource_;
+    TUnitRoutines routines_;  ///< of newSource_
+    TBuilds builds_;
 };
 
 }  // namespace

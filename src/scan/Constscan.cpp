@@ -70,7 +70,7 @@ class TConstWalk {
     void ScanLine(std::size_t begin, std::size_t end) {
         const std::string_view line = text_.substr(begin, end - begin);
         const std::size_t delimiter = line.find(kPascal.Delimiter());
-        if (delimiter == std::string_view::npos || !reader_.IsInSection(begin + delimiter)) return;
+        if (delimiter == std::string_view::npos || !ReachesSection(begin + delimiter, end)) return;
         if (line.find(kLocalizedComment) != std::string_view::npos) return;
         if (!rules_.FindValidDelimitor(line, true, line_, result_.Skipped)) return;
         RecordComments(begin, end);
@@ -79,6 +79,16 @@ class TConstWalk {
             ++next_;
         for (; next_ < declarations.size() && declarations[next_].Open < end; ++next_)
             Test(declarations[next_], end);
+    }
+
+    /// True when the first apostrophe of a line, or a literal on it, stands in a const section.
+    bool ReachesSection(std::size_t first, std::size_t end) {
+        const auto& literals = source_.Literals();
+        bool reaches = reader_.IsInSection(first);
+        for (; inSection_ < literals.size() && literals[inSection_].Open < end; ++inSection_)
+            if (literals[inSection_].Open >= first && !reaches)
+                reaches = reader_.IsInSection(literals[inSection_].Open);
+        return reaches;
     }
 
     /// Texts in comments are never declarations; they are recorded where the library tells comments.
@@ -192,7 +202,8 @@ class TConstWalk {
     TConstScanResult result_;
     std::int32_t line_ = 0;  ///< 1-based
     std::size_t next_ = 0;
-    std::size_t literal_ = 0;
+    std::size_t literal_ = 0;    ///< the next one that may stand in a comment
+    std::size_t inSection_ = 0;  ///< the next one that may stand in a section
 };
 
 }  // namespace

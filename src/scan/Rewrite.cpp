@@ -110,7 +110,7 @@ class TProof {
         : kept_(kept),
           input_(input),
           edits_(edits),
-          newSource_(ReadSource(ApplyEdits(input.Text(), edits), input.FileName())) {}
+          newSource_(ReadSource(ApplyEdits(input.Text(), edits), *input.Source)) {}
 
     void Run() {
         CheckRest();

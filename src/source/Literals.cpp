@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/Utf8.h"
+#include "source/Characters.h"
 #include "source/Charclass.h"
 #include "source/Cppskim.h"
 
@@ -56,46 +57,47 @@ std::string DecodePascalLongText(std::string_view body) {
     return text;
 }
 
-/// Decodes the pieces of a C++ literal one after the other. Numeric escapes of narrow strings are bytes
-/// where the whole then is UTF-8, otherwise, and in wide strings, they are code units.
+/// Bytes of u8"..." are UTF-8, whatever the file is in.
+const TByteEncodings kUnicodeBytes = ByteEncodingsOf({}, {});
+
+/// Decodes the pieces of a C++ literal one after the other. Numeric escapes of narrow strings are bytes, in
+/// wide strings they are code units.
 class TCppDecoder {
   public:
-    explicit TCppDecoder(bool bytes) : bytes_(bytes) {}
-
-    void Add(std::string_view body, bool wide) {
+    void Add(std::string_view body, bool wide, const TByteEncodings& encodings) {
         for (std::size_t pos = 0; pos < body.size();) {
-            if (body[pos] == '\\' && pos + 1 < body.size()) {
-                pos = AddEscape(body, pos + 1, wide);
-            } else {
-                high_ = 0;
-                text_ += body[pos++];
-            }
+            const std::size_t next = std::min(body.find('\\', pos), body.size());
+            characters_.Add(body.substr(pos, next - pos));
+            const bool escapes = next + 1 < body.size();
+            if (next + 1 == body.size()) characters_.Add("\\");
+            pos = escapes ? AddEscape(body, next + 1, wide ? nullptr : &encodings) : body.size();
         }
     }
     /// Whatever ends a line of the source, the compiler sees a line feed.
     void AddRaw(std::string_view body) {
         for (std::size_t i = 0; i < body.size(); ++i)
-            if (body[i] != '\r' || body.substr(i + 1, 1) != "\n") text_ += body[i];
+            if (body[i] != '\r' || body.substr(i + 1, 1) != "\n") characters_.Add(body.substr(i, 1));
     }
-    const std::string& Text() const { return text_; }
+    std::string Take() { return characters_.Take(); }
 
   private:
-    std::size_t AddEscape(std::string_view body, std::size_t pos, bool wide) {
+    std::size_t AddEscape(std::string_view body, std::size_t pos, const TByteEncodings* encodings) {
         const char letter = body[pos];
         if (letter == '\n') return pos + 1;
         if (letter == '\r') return pos + (body.substr(pos, 2) == "\r\n" ? 2 : 1);
-        if (letter == 'x') return AddNumber(body, pos + 1, 16, 8, wide);
-        if (letter == 'u') return AddNumber(body, pos + 1, 16, 4, true);
-        if (letter == 'U') return AddNumber(body, pos + 1, 16, 8, true);
-        if (letter >= '0' && letter <= '7') return AddNumber(body, pos, 8, 3, wide);
+        if (letter == 'x') return AddNumber(body, pos + 1, 16, 8, encodings);
+        if (letter == 'u') return AddNumber(body, pos + 1, 16, 4, nullptr);
+        if (letter == 'U') return AddNumber(body, pos + 1, 16, 8, nullptr);
+        if (letter >= '0' && letter <= '7') return AddNumber(body, pos, 8, 3, encodings);
         const auto known = std::find_if(kEscapes.begin(), kEscapes.end(),
                                         [&](const TEscape& escape) { return escape.Letter == letter; });
-        high_ = 0;
-        text_ += known == kEscapes.end() ? letter : known->Value;
+        characters_.Add({known == kEscapes.end() ? &body[pos] : &known->Value, 1});
         return pos + 1;
     }
 
-    std::size_t AddNumber(std::string_view body, std::size_t pos, unsigned base, int digits, bool wide) {
+    /// encodings is nullptr for a code unit.
+    std::size_t AddNumber(std::string_view body, std::size_t pos, unsigned base, int digits,
+                          const TByteEncodings* encodings) {
         std::uint32_t value = 0;
         for (; digits > 0 && pos < body.size() && IsHexDigit(body[pos]); --digits, ++pos) {
             const auto c = static_cast<unsigned char>(body[pos]);
@@ -103,31 +105,19 @@ class TCppDecoder {
             if (digit >= base) break;
             value = value * base + digit;
         }
-        if (bytes_ && !wide && value <= 0xFF)
-            text_ += static_cast<char>(value);
+        if (encodings != nullptr && value <= 0xFF)
+            characters_.AddByte(static_cast<unsigned char>(value), *encodings);
         else
-            AddUnit(value);
+            characters_.AddUnit(value);
         return pos;
     }
 
-    /// A code unit; two halves of a surrogate pair become one character.
-    void AddUnit(std::uint32_t unit) {
-        const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
-        const bool isHigh = unit >= 0xD800 && unit <= 0xDBFF;
-        if (isLow && high_ != 0)
-            AppendCodePoint(text_, 0x10000 + ((high_ - 0xD800) << 10U) + (unit - 0xDC00));
-        else if (!isHigh)
-            AppendCodePoint(text_, isLow || unit > 0x10FFFF ? 0xFFFD : unit);
-        high_ = isHigh ? unit : 0;
-    }
-
-    bool bytes_;
-    std::uint32_t high_ = 0;
-    std::string text_;
+    TCharacters characters_;
 };
 
-std::string DecodeCpp(std::string_view text, const TLiteral& literal, bool bytes) {
-    TCppDecoder decoder(bytes);
+std::string DecodeCpp(const TSourceText& source, const TLiteral& literal) {
+    const std::string_view text = source.Text();
+    TCppDecoder decoder;
     TRawStrings rawStrings(text.substr(0, literal.End));
     for (std::size_t pos = literal.Open; pos < literal.End;) {
         if (text[pos] == '/') {
@@ -139,14 +129,16 @@ std::string DecodeCpp(std::string_view text, const TLiteral& literal, bool bytes
             const TQuoted raw = IsRawPrefix(prefix) ? rawStrings.Read(pos) : TQuoted{};
             const TQuoted quoted = raw.Closed ? raw : ReadCppQuotes(text, pos);
             const std::string_view body = text.substr(quoted.BodyBegin, quoted.BodyEnd - quoted.BodyBegin);
+            const bool isUtf8 = prefix == "u8";
             if (raw.Closed)
                 decoder.AddRaw(body);
             else
-                decoder.Add(body, !prefix.empty() && prefix != "u8");
+                decoder.Add(body, !prefix.empty() && !isUtf8,
+                            isUtf8 ? kUnicodeBytes : source.ByteEncodings());
             pos = quoted.End;
         }
     }
-    return decoder.Text();
+    return decoder.Take();
 }
 
 std::string EncodePascal(std::string_view text) {
@@ -190,8 +182,7 @@ std::string DecodeLiteral(const TSourceText& source, const TLiteral& literal) {
         const bool isLong = literal.BodyBegin > literal.Open + 1;
         return isLong ? DecodePascalLongText(body) : DecodePascalQuotes(body);
     }
-    std::string text = DecodeCpp(source.Text(), literal, true);
-    return IsValidUtf8(text) ? text : DecodeCpp(source.Text(), literal, false);
+    return DecodeCpp(source, literal);
 }
 
 std::string EncodeLiteralBody(std::string_view text, const TLanguage& language) {

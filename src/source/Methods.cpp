@@ -72,29 +72,41 @@ void TUnitRoutines::ReadRoutines() {
         if (routine.Kind != Kind::Routine || behind == 0 || !SameText(TextAt(first), kPascal.BEGINSIGN))
             continue;
         if (!SameText(TextAt(behind - 1), "end")) continue;
-        routines_.push_back(
-            {routine.Owner, routine.Name, routine.Begin, tokens_[first].End, tokens_[behind - 1].Begin});
+        const auto name = static_cast<std::size_t>(routine.Name.data() - source_.Text().data());
+        const bool isPlain = IsPlainHead(TokenAt(routine.Begin), TokenAt(name));
+        routines_.push_back({routine.Owner, routine.Name, routine.Begin, tokens_[first].End,
+                             tokens_[behind - 1].Begin, isPlain});
     }
 }
 
-const TUnitRoutines::TRoutine* TUnitRoutines::Find(std::string_view owner, std::string_view name) const {
-    const auto found = std::find_if(routines_.begin(), routines_.end(), [&](const TRoutine& routine) {
-        return SameText(routine.Owner, owner) && SameText(routine.Name, name);
-    });
-    return found == routines_.end() ? nullptr : &*found;
+/// Given the places of "procedure" and of the name.
+bool TUnitRoutines::IsPlainHead(std::size_t index, std::size_t name) const {
+    const bool ofClass = index > 0 && SameText(TextAt(index - 1), "class");
+    return !ofClass && SameText(TextAt(index), "procedure") && TextAt(name + 1) == ";";
 }
 
-bool TUnitRoutines::Calls(const TRoutine& routine, std::string_view qualifier, std::string_view name) const {
+std::vector<TUnitRoutines::TRoutine> TUnitRoutines::Bodies(std::string_view owner, std::string_view name,
+                                                           bool plainOnly) const {
+    std::vector<TRoutine> bodies;
+    for (const TRoutine& routine : routines_)
+        if (SameText(routine.Owner, owner) && SameText(routine.Name, name) && (routine.IsPlain || !plainOnly))
+            bodies.push_back(routine);
+    return bodies;
+}
+
+std::vector<std::size_t> TUnitRoutines::Calls(const TRoutine& routine, std::string_view qualifier,
+                                              std::string_view name) const {
+    std::vector<std::size_t> calls;
     qualifier = qualifier.substr(qualifier.rfind('.') + 1);
     for (std::size_t i = TokenAt(routine.BodyBegin); i < tokens_.size() && tokens_[i].End <= routine.BodyEnd;
          ++i) {
         if (!SameText(TextAt(i), name) || TextAt(i + 1) != ";" || i == 0) continue;
         const bool qualified = TextAt(i - 1) == ".";
         const std::string_view owner = qualified && i > 1 ? TextAt(i - 2) : std::string_view();
-        if (SameText(owner, qualifier)) return true;
-        if (qualifier.empty() && SameText(owner, "Self")) return true;
+        if (SameText(owner, qualifier) || (qualifier.empty() && SameText(owner, "Self")))
+            calls.push_back(tokens_[i].Begin);
     }
-    return false;
+    return calls;
 }
 
 std::size_t TUnitRoutines::FindEnd() const {
@@ -146,9 +158,14 @@ bool TUnitRoutines::DeclaresIn(const TRegion& around, std::string_view name) con
                        [&](const TRegion& region) { return IsHead(region, index, name); });
 }
 
-bool TUnitRoutines::DeclaresRoutine(std::string_view name) const {
-    const TRegion* interface = Part(Kind::Interface);
-    return interface != nullptr && DeclaresIn(*interface, name);
+bool TUnitRoutines::DeclaresPlain(std::string_view owner, std::string_view name) const {
+    const TRegion* around = owner.empty() ? Part(Kind::Interface) : ClassOf(owner);
+    if (around == nullptr) return false;
+    const auto index = static_cast<std::size_t>(around - regions_.data());
+    return std::any_of(regions_.begin(), regions_.end(), [&](const TRegion& region) {
+        const std::size_t head = TokenAt(region.Begin);
+        return IsHead(region, index, name) && IsPlainHead(head, head + 1);
+    });
 }
 
 bool TUnitRoutines::DeclaresMethod(std::string_view className, std::string_view name) const {
@@ -176,11 +193,12 @@ bool TUnitRoutines::DeclaresEventHandler(std::string_view className, std::string
 }
 
 bool TUnitRoutines::IsFreeName(std::string_view className, std::string_view name) const {
-    if (Find(className, name) != nullptr) return false;
+    if (!Bodies(className, name).empty()) return false;
     const TRegion* declared = ClassOf(className);
-    if (declared == nullptr) return true;
-    for (std::size_t i = TokenAt(declared->Begin); i < tokens_.size() && tokens_[i].Begin < declared->End;
-         ++i)
+    if (declared == nullptr && !className.empty()) return true;
+    const std::size_t end = declared == nullptr ? source_.Text().size() : declared->End;
+    for (std::size_t i = declared == nullptr ? 0 : TokenAt(declared->Begin);
+         i < tokens_.size() && tokens_[i].Begin < end; ++i)
         if (SameText(TextAt(i), name)) return false;
     return true;
 }

@@ -23,29 +23,33 @@ class TUnitRoutines {
         std::size_t Begin = 0;
         std::size_t BodyBegin = 0;  ///< behind its first word
         std::size_t BodyEnd = 0;    ///< in front of its last word
+        bool IsPlain = false;       ///< a procedure, of an object if any, whose head shows no parameters
     };
     /// In the order of the text.
     const std::vector<TRoutine>& Routines() const { return routines_; }
-    /// A routine outside others (owner "" for one without a class); nullptr when there is none.
-    const TRoutine* Find(std::string_view owner, std::string_view name) const;
+    /// The bodies of a name (owner "" for one without a class), those of other conditions and, unless only
+    /// plain ones are wanted, those of other parameters.
+    std::vector<TRoutine> Bodies(std::string_view owner, std::string_view name, bool plainOnly = false) const;
 
-    /// Whether a statement of the routine is a call of name without arguments: bare or behind Self for an
-    /// empty qualifier, else behind the qualifier and a dot.
-    bool Calls(const TRoutine& routine, std::string_view qualifier, std::string_view name) const;
+    /// Where statements of the routine call name without arguments: bare or behind Self for an empty
+    /// qualifier, else behind the qualifier and a dot.
+    std::vector<std::size_t> Calls(const TRoutine& routine, std::string_view qualifier,
+                                   std::string_view name) const;
 
     /// Behind the last routine: in front of the initialization, or of the final end, and outside
     /// conditions.
     std::size_t EndOfImplementation() const { return end_; }
     /// Where the interface part ends.
     std::size_t EndOfInterface() const;
-    /// True when the interface declares a routine of this name outside classes.
-    bool DeclaresRoutine(std::string_view name) const;
+    /// True when the class (the interface outside classes for "") declares a procedure of this name without
+    /// parameters.
+    bool DeclaresPlain(std::string_view owner, std::string_view name) const;
     /// True when the class declares a method of this name.
     bool DeclaresMethod(std::string_view className, std::string_view name) const;
     /// True when the class declares the method, and each time as a handler of a plain event: a procedure of
     /// an object whose parameters are one "Name: TObject".
     bool DeclaresEventHandler(std::string_view className, std::string_view name) const;
-    /// True when nothing in the class and no body of it bears the name.
+    /// True when nothing in the class and no body of it bears the name; for "", nothing in the unit.
     bool IsFreeName(std::string_view className, std::string_view name) const;
     /// The first ancestor in the class's heading, "" when it names none.
     std::string_view AncestorOf(std::string_view className) const;
@@ -54,6 +58,7 @@ class TUnitRoutines {
 
   private:
     bool IsEventHead(std::size_t index) const;
+    bool IsPlainHead(std::size_t index, std::size_t name) const;
     bool IsHead(const TRegion& region, std::size_t parent, std::string_view name) const;
     bool DeclaresIn(const TRegion& around, std::string_view name) const;
     const TRegion* Part(TRegionKind kind) const;

@@ -33,11 +33,14 @@ std::size_t FindClosingRun(std::string_view text, std::size_t pos, std::size_t q
 
 /// True when a character code (#13, #$0D, ^M) ends at end.
 bool EndsWithCode(std::string_view text, std::size_t end) {
-    for (; end >= 2 && text[end - 2] == '^' && !IsBlank(text[end - 1]); end -= 2) {
-        if (end == 2) return true;
-        const char before = text[end - 3];
+    while (end >= 2 && text[end - 2] == '^' && !IsBlank(text[end - 1])) {
+        end -= 2;
+        while (end > 0 && text[end - 1] == '^')
+            --end;
+        if (end == 0) return true;
+        const char before = text[end - 1];
         if (!IsNameChar(before) && before != ')' && before != ']') return true;
-        // Either of a pointer, or behind another code: "#10^M", "^M^J".
+        // Either of a pointer ("p^", "pp^^"), or behind another code: "#10^M", "^M^J".
     }
     std::size_t pos = end;
     while (pos > 0 && IsHexDigit(text[pos - 1]))

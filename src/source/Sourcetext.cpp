@@ -18,9 +18,11 @@ TSourceText::TSourceText(std::string_view text, const TLanguage& language, std::
     commentsNest_ = skim.CommentsNest;
 }
 
-TSourceText::TSourceText(std::shared_ptr<const std::string> text, std::string fileName)
+TSourceText::TSourceText(std::shared_ptr<const std::string> text, std::string fileName,
+                         TByteEncodings byteEncodings)
     : TSourceText(std::string_view(*text), LanguageOf(fileName), fileName) {
     owned_ = std::move(text);
+    byteEncodings_ = std::move(byteEncodings);
 }
 
 const std::vector<TToken>& TSourceText::Tokens() const {
@@ -64,9 +66,13 @@ int TSourceText::LineOf(std::size_t offset) const {
     return 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
 }
 
-TSharedSource ReadSource(std::string text, const std::string& fileName) {
-    return std::make_shared<const TSourceText>(std::make_shared<const std::string>(std::move(text)),
-                                               fileName);
+TSharedSource ReadSource(std::string text, const std::string& fileName, TByteEncodings byteEncodings) {
+    return std::make_shared<const TSourceText>(std::make_shared<const std::string>(std::move(text)), fileName,
+                                               std::move(byteEncodings));
+}
+
+TSharedSource ReadSource(std::string text, const TSourceText& former) {
+    return ReadSource(std::move(text), former.FileName(), former.ByteEncodings());
 }
 
 }  // namespace tml

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Encodings.h"
 #include "source/Language.h"
 #include "source/Outline.h"
 #include "source/Tokens.h"
@@ -48,13 +49,16 @@ class TSourceText {
     TSourceText(std::string_view text, const TLanguage& language, std::string fileName = {});
     TSourceText(std::string&& text, const TLanguage& language, std::string fileName = {}) = delete;
     /// Keeps the text alive. The file's name chooses the language.
-    TSourceText(std::shared_ptr<const std::string> text, std::string fileName);
+    TSourceText(std::shared_ptr<const std::string> text, std::string fileName,
+                TByteEncodings byteEncodings = ByteEncodingsOf({}, {}));
     TSourceText(const TSourceText&) = delete;
     TSourceText& operator=(const TSourceText&) = delete;
 
     std::string_view Text() const { return text_; }
     const TLanguage& Language() const { return *language_; }
     const std::string& FileName() const { return fileName_; }
+    /// Of the file that the text comes from.
+    const TByteEncodings& ByteEncodings() const { return byteEncodings_; }
 
     /// In the order of the text; a directive is among them.
     const std::vector<TComment>& Comments() const { return comments_; }
@@ -79,6 +83,7 @@ class TSourceText {
     std::string_view text_;
     const TLanguage* language_;
     std::string fileName_;
+    TByteEncodings byteEncodings_ = ByteEncodingsOf({}, {});
     std::vector<TComment> comments_;
     std::vector<TLiteral> literals_;
     bool commentsNest_ = false;
@@ -91,7 +96,10 @@ class TSourceText {
 using TSharedSource = std::shared_ptr<const TSourceText>;
 
 /// Reads a text that the object keeps; the file's name chooses the language.
-TSharedSource ReadSource(std::string text, const std::string& fileName);
+TSharedSource ReadSource(std::string text, const std::string& fileName,
+                         TByteEncodings byteEncodings = ByteEncodingsOf({}, {}));
+/// Reads another text of the same file.
+TSharedSource ReadSource(std::string text, const TSourceText& former);
 
 inline std::string_view TextOf(const TSourceText& source, const TToken& token) {
     return source.Text().substr(token.Begin, token.End - token.Begin);

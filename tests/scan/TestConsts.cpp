@@ -42,8 +42,14 @@ TEST(Consts, TheScanTakesStringsOfConstSectionsOnly) {
         {"const\n  A = 'one' +\n    // why\n    'two'#33'!';\n  B =\n    'not on the line of the sign';\n",
          "8:A=onetwo!!() |"},
         {"const\n  A: array[0..1] of string = ('one', 'two'); R: TRec = (s: 'x1');\n  N = Length('one');\n"
-         "  E = 'one' + S; Z = 12;\n",
-         " |"},
+         "  E = 'one' + S; Z = 12; B = 'x' in S; L = S + Low('a');\n",
+         "10:E=one(joined) |"},
+        {"const\n  A = #55357#56832'x'#%1010#&12; B = 'a'#153; C = ('in' + 'side');\n"
+         "  D: UnicodeString = 'four'; E: PWideChar = 'five'; F = 'six' + Unit2.S + 'ten';\n",
+         "8:A=😀x\n\n() 8:B=a™() 8:C=inside() 9:D=four(tconst-type) 9:E=five(tconst-type) "
+         "9:F=sixten(joined) |"},
+        {"resourcestring R = 'no'; const A = 'one'; S = 'two';\n{$IF S = 'x'} {$ENDIF} {$DEFINE A}\n",
+         "7:A=one() 7:S=two(constant-use) |"},
         {"const\n  A = 'one'; // 'old = x'\n  // B = 'two';\n  { C = 'three'; }\n  D = {'no'} 'four';\n",
          "8:A=one() 11:D=four() | 8:ssrComments 10:ssrComments 11:ssrComments"},
         {"const\n  A = 'one'; {TML:IGNORE}\n{TML:IGNORE ON}\n  B = 'two';\n{TML:IGNORE OFF}\n  C = 'three';\n"
@@ -131,6 +137,12 @@ TEST(Consts, DeclarationsAreRewrittenForBothSettings) {
         {"const\n  A = 'one'#13#10 + { why }\n    'two' +\n    'three';\n",
          "const\n\t{ why }\n\tA: string = ''; (* 'one'#13#10 + \t'two' + 'three' *)@\n",
          "const\n\t{ why }\n\tA: string = 'one'#13#10 + \t'two' + 'three';@\n"},
+        {"const\n  A = '''a''#13#10''b''' +\n    'c';\n",
+         "const\n\tA: string = ''; (* '''a''#13#10''b''' + 'c' *)@\n",
+         "const\n\tA: string = '''a''#13#10''b''' + 'c';@\n"},
+        {"const\n  A = '''\n    one\n    two's\n    ''';\n",
+         "const\n\tA: string = ''; (* 'one'#13#10 + \t'two''s' *)@\n",
+         "const\n\tA: string = 'one'#13#10 + \t'two''s';@\n"},
         {"const\n  A = 'a*)b'; { tail }\n", "const\n\tA: string = ''; (* 'ab' *)@\n { tail }\n",
          "const\n\tA: string = 'a*)b';@\n { tail }\n"},
     };
@@ -143,6 +155,77 @@ TEST(Consts, DeclarationsAreRewrittenForBothSettings) {
                 expected.replace(at, 1, done);
             EXPECT_EQ(Section(input), expected);
         }
+}
+
+/// The unit with a class whose members and bodies are given, rewritten; line ends as "\n".
+std::string RewrittenUnit(const std::string& members, const std::string& bodies) {
+    std::string text = Unit("const\n  A = 'one';\n", bodies);
+    text.insert(text.find("  end;"), Lines(members));
+    const TConstInput input = ConstInput(text);
+    const std::vector<TStrRec> records = ScanConsts(input).Records;
+    const TmlFoundSourceStrings rows = ConstRows(input, records);
+    const TConstChanges changes = RewriteConsts(rows, input, records, kForm);
+    ProveConsts(rows, input, records, kForm, changes);
+    text = ApplyEdits(text, changes.Unit);
+    std::erase(text, '\r');
+    return text;
+}
+
+int Count(const std::string& text, const std::string& what) {
+    int count = 0;
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += what.size())
+        ++count;
+    return count;
+}
+
+TEST(Consts, EveryBuildSetsTheConstants) {
+    const std::string head = "procedure TForm1.FormCreate(Sender: TObject);\n";
+    const struct {
+        std::string Bodies;
+        int Calls;  ///< of UpdateStrings in handlers; -1 where the unit is refused
+    } cases[] = {
+        {head + "begin\nend;\n", 2},
+        {"{$IFDEF A}\n" + head + "begin\nend;\n{$ELSE}\n" + head + "begin\nend;\n{$ENDIF}\n", 3},
+        {"{$IFDEF A}\n" + head + "begin\nUpdateStrings;\nend;\n{$ELSE}\n" + head + "begin\nend;\n{$ENDIF}\n",
+         3},
+        {head + "begin\n{$IFDEF A}\nUpdateStrings;\n{$ENDIF}\nend;\n", 3},
+        {"{$IFDEF A}\n" + head + "begin\nend;\n{$ENDIF}\n", -1},
+    };
+    for (const auto& [bodies, calls] : cases)
+        try {
+            const std::string text = RewrittenUnit("procedure FormCreate(Sender: TObject);\n", bodies);
+            EXPECT_EQ(Count(text, "UpdateStrings;\n") - 2, calls) << text;
+        } catch (const EBadInput& error) {
+            EXPECT_EQ(calls, -1) << error.what();
+            EXPECT_EQ(std::string(error.what()).find("Unit1.pas:12: FormCreate has a body"), 0U)
+                << error.what();
+        }
+}
+
+TEST(Consts, AnUpdateStringsThatCannotBeCalledSoIsLeftAlone) {
+    const std::string call = "A := mlLang1.GetTextOrDefault(";
+    const struct {
+        const char* Members;
+        const char* Bodies;
+        const char* Name;  ///< of the procedure that sets the constants
+    } cases[] = {
+        {"", "", "UpdateStrings"},
+        {"procedure UpdateStrings;\n", "procedure TForm1.UpdateStrings;\nbegin\nend;\n", "UpdateStrings"},
+        {"procedure UpdateStrings(A: Integer); overload;\nprocedure UpdateStrings; overload;\n",
+         "procedure TForm1.UpdateStrings(A: Integer);\nbegin\nend;\n"
+         "procedure TForm1.UpdateStrings;\nbegin\nend;\n",
+         "UpdateStrings"},
+        {"procedure UpdateStrings(A: Integer);\n", "procedure TForm1.UpdateStrings;\nbegin\nend;\n",
+         "UpdateStrings1"},
+        {"UpdateStrings: TStringList;\n", "", "UpdateStrings1"},
+    };
+    for (const auto& row : cases) {
+        const std::string text = RewrittenUnit(row.Members, row.Bodies);
+        const std::string body = "procedure TForm1." + std::string(row.Name) + ";\nbegin\n  " + call;
+        EXPECT_EQ(Count(text, body), 1) << text;
+        EXPECT_EQ(Count(text, std::string("  ") + row.Name + ";\n"), 1) << text;
+        EXPECT_EQ(Count(text, std::string("  Self.") + row.Name + ";\n"), 1) << text;
+    }
 }
 
 TEST(Consts, AMethodOfAnotherSignatureIsNoHandler) {
@@ -206,6 +289,9 @@ TEST(Consts, TheProofRefusesACallThatIsNotTheRowsOwn) {
     rows[0].StrID = "other";
     EXPECT_THROW(ProveConsts(rows, input, records, kForm, changes), EBadInput);
     rows[0].StrID = records[0].StrID;
+    TConstChanges other = changes;
+    other.Unit[1].Text.replace(other.Unit[1].Text.find("''"), 2, "'new'");
+    EXPECT_THROW(ProveConsts(rows, input, records, kForm, other), EBadInput);
     changes.Unit.erase(changes.Unit.begin() + 1);  // the declaration
     EXPECT_THROW(ProveConsts(rows, input, records, kForm, changes), EBadInput);
 }

@@ -53,6 +53,8 @@ TEST(Literals, OfPascal) {
          "['''\r\n    one\r\n      two''s\r\n    '''=one\r\n  two''s]"},
         {"a := ''''; b := 'x';", "[''''='][\'x\'=x]"},
         {"a := (b*c) / d * 'x' (* * ) 'y' *)", "['x'=x]['y'=y]c"},
+        {"s := pp^^+'xyz'; if pp^^='def' then; t := a[1]^+'g' + #10^M'h'",
+         "['xyz'=xyz]['def'=def]['g'=g]['h'=h]<"},
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Dump(row.Text, kPascal), row.Expected) << row.Text;
@@ -77,6 +79,29 @@ TEST(Literals, OfCpp) {
     };
     for (const TCase& row : cases)
         EXPECT_EQ(Dump(row.Text, kCpp), row.Expected) << row.Text;
+}
+
+TEST(Literals, GiveCharactersByNumberInTheFilesEncoding) {
+    const TEncoding unicode;
+    const TEncoding cyrillic{"windows-1251", ""};
+    const struct {
+        TEncoding File;
+        const char* CodePage;
+        const char* Text;
+        const char* Expected;
+    } cases[] = {
+        {cyrillic, "", R"("\xCF\xF0\xE8")", "При"},
+        {unicode, "1251", R"("\xCF" "\xF0\350")", "При"},
+        {unicode, "", R"("a\x80")", "a€"},
+        {unicode, "1251", R"("\xC3\xA9")", "é"},
+        {cyrillic, "", R"(u8"\xC3\xA9" L"\xE9")", "éé"},
+        {cyrillic, "1252", R"("\uD83D\uDE00\101\\")", "😀A\\"},
+    };
+    for (const auto& row : cases) {
+        const auto source = ReadSource(row.Text, "a.cpp", ByteEncodingsOf(row.File, row.CodePage));
+        ASSERT_EQ(source->Literals().size(), 1U) << row.Text;
+        EXPECT_EQ(DecodeLiteral(*source, source->Literals()[0]), row.Expected) << row.Text;
+    }
 }
 
 TEST(Literals, AreWrittenAsTheyAreRead) {
