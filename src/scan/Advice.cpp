@@ -52,6 +52,10 @@ constexpr std::array kCppCalls{
     TCppCall{"__declspec", TAdvice::Attribute},
     TCppCall{"_Pragma", TAdvice::Directive},
     TCppCall{"_D", TAdvice::Macro},
+    TCppCall{"sizeof", TAdvice::Unevaluated},
+    TCppCall{"decltype", TAdvice::Unevaluated},
+    TCppCall{"noexcept", TAdvice::Unevaluated},
+    TCppCall{"typeid", TAdvice::Unevaluated},
     TCppCall{"static_assert", TAdvice::Declaration},
     TCppCall{"_Static_assert", TAdvice::Declaration},
 };
@@ -150,11 +154,14 @@ class TAdviser {
         if (brackets_.empty() || TextAt(brackets_.back()) != "[") return false;
         const std::size_t open = brackets_.back();
         if (open == 0) return false;
-        if (SameText(TextAt(open - 1), "in")) return true;
+        const bool isSingle = CountCodePoints(DecodeLiteral(source_, Literal())) == 1;
+        // "for S in [...]" goes through an array unless the elements are characters.
+        if (SameText(TextAt(open - 1), "in"))
+            return isSingle || open < 3 || !SameText(TextAt(open - 3), "for");
         const TTokenKind before = tokens_[open - 1].Kind;
         const std::string_view text = TextAt(open - 1);
         const bool isIndex = before == TTokenKind::Name || text == ")" || text == "]" || text == "^";
-        return !isIndex && CountCodePoints(DecodeLiteral(source_, Literal())) == 1;
+        return !isIndex && isSingle;
     }
 
     TAdvice CppNeighbours() const {
@@ -163,6 +170,7 @@ class TAdviser {
         if (at_ > 0 && tokens_[at_ - 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
         if (at_ + 1 < tokens_.size() && tokens_[at_ + 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
         if (const TAdvice around = CppBrackets(); around != TAdvice::None) return around;
+        if (TextAt(at_ + 1) == "[") return TAdvice::Unevaluated;
         if (IsCharArray()) return TAdvice::ArrayInitialiser;
         if (IsCompileTime()) return TAdvice::Const;
         return HoldsComment() ? TAdvice::InnerComment : TAdvice::None;

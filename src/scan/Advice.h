@@ -37,6 +37,7 @@ namespace tml {
     X(LocalConst, "local-const", "A routine's own constant can only be set inside it, at every call.")      \
     X(ConstantUse, "constant-use", "The compiler needs the constant's value in another declaration.")       \
     X(Character, "character", "A constant of a single character may be used as a Char.")                    \
+    X(Unevaluated, "unevaluated", "The compiler needs the text itself here.")                               \
     X(ConstType, "const-type", "The constant's type would become string.")                                  \
     X(Joined, "joined", "The value is joined with another constant, so that it is not one text.")
 

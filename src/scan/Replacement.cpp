@@ -1,5 +1,6 @@
 #include "scan/Replacement.h"
 
+#include "base/Encodings.h"
 #include "base/Utf8.h"
 #include "source/Literals.h"
 
@@ -26,6 +27,13 @@ std::string CommentText(const TCallStyle& style, std::string_view text) {
     return body;
 }
 
+/// A comment that the file cannot hold is left out.
+bool HasComment(const TCallStyle& style, std::string_view text) {
+    if (style.NoCommentsInSources) return false;
+    std::string bytes;
+    return style.Encoding.empty() || Encode({style.Encoding, ""}, CommentText(style, text), bytes);
+}
+
 }  // namespace
 
 std::string TComponentReference::Text(const TLanguage& language) const {
@@ -42,7 +50,7 @@ std::string ReplacementText(const TCallStyle& style, std::string_view id, std::s
     call += language.STRDELIM;
     call += EncodeLiteralBody(id, language);
     call += language.STRDELIM;
-    if (!style.NoCommentsInSources) {
+    if (HasComment(style, text)) {
         call.append(" ").append(language.COMMENTSTART).append(" ").append(language.STRDELIM);
         call += CommentText(style, text);
         call.append(language.STRDELIM).append(" ").append(language.COMMENTEND).append(" ");

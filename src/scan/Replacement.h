@@ -27,6 +27,7 @@ struct TCallStyle {
     int CommentsLength = 0;  ///< in characters; 0 writes the whole text
     bool NoCommentsInSources = false;
     bool CommentsNest = false;  ///< a comment opener in the text would open one
+    std::string Encoding;       ///< of the file where it cannot hold every character, else ""
 };
 
 /// The call that fetches the text by its ID, with ";" behind it when it ends a statement.

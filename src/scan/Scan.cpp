@@ -175,6 +175,8 @@ TCallStyle CallStyleOf(const TScanInput& input) {
     style.CommentsLength = input.CommentsLength;
     style.NoCommentsInSources = input.NoCommentsInSources;
     style.CommentsNest = input.Source->CommentsNest();
+    const TByteEncodings& encodings = input.Source->ByteEncodings();
+    if (encodings.front() != "UTF-8") style.Encoding = encodings.front();
     return style;
 }
 

@@ -100,6 +100,9 @@ TEST(Advice, SurvivesConditionsAndGaps) {
          "- outside-method"},
         {"implementation\nprocedure TForm1.M;\nbegin\n begin begin\nend;\nprocedure F;\nbegin s := 'a'; end;",
          "outside-method"},
+        {"implementation\nprocedure TForm1.M;\nbegin\n for s in ['f1', 'f2'] do x;\n"
+         " for c in ['a', 'b'] do if s in ['c1'] then y;\nend;",
+         "- - set set set"},
         {"implementation\nprocedure F; forward;\nprocedure TForm1.M;\nbegin r.end_ := x.&end; s := 'a'; end;",
          "-"},
         {"type T<A: class, constructor> = class procedure X; end;\nimplementation\n"
@@ -142,6 +145,9 @@ TEST(Advice, ForCpp) {
         {"void TForm1::A() { static constexpr auto *c = \"a\"; const char *p = \"b\"; g(_D(\"c\")); "
          "_Pragma(\"d\") }",
          "const - macro directive"},
+        {"void TForm1::A() { n = sizeof(\"a\"); c = \"b\"[i]; decltype(f(\"c\")) d = f(\"d\"); }\n"
+         "void g() noexcept(noexcept(f(\"e\")));",
+         "unevaluated unevaluated unevaluated - unevaluated"},
         {"__attribute__((deprecated(\"a\"))) void f(); void TForm1::A() { constexpr int i = 1; s = \"b\"; }",
          "attribute -"},
     };

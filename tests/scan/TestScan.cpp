@@ -204,6 +204,9 @@ TEST(Replacement, FollowsTheStyle) {
     const auto call = [&](const char* text) { return ReplacementText(style, "IDS_0", text); };
     EXPECT_EQ(call("Hello"), "mlLang1.GetTextOrDefault('IDS_0' (* 'Hello' *) )");
     EXPECT_EQ(call("it's **)) *)x"), "mlLang1.GetTextOrDefault('IDS_0' (* 'it''s  x' *) )");
+    style.Encoding = "windows-1252";
+    EXPECT_EQ(call("é"), "mlLang1.GetTextOrDefault('IDS_0' (* 'é' *) )");
+    EXPECT_EQ(call("Ж"), "mlLang1.GetTextOrDefault('IDS_0')");
     style.CommentsLength = 5;
     EXPECT_EQ(call("Hello world"), "mlLang1.GetTextOrDefault('IDS_0' (* 'Hello...' *) )");
     EXPECT_EQ(call("äöüß' x"), "mlLang1.GetTextOrDefault('IDS_0' (* 'äöüß''...' *) )");
