@@ -39,13 +39,18 @@ namespace tml {
     X(Character, "character", "A constant of a single character may be used as a Char.")                    \
     X(Unevaluated, "unevaluated", "The compiler needs the text itself here.")                               \
     X(ConstType, "const-type", "The constant's type would become string.")                                  \
-    X(Joined, "joined", "The value is joined with another constant, so that it is not one text.")
+    X(Joined, "joined", "The value is joined with another constant, whose text a call would lose.")
 
 enum class TAdvice : std::uint8_t {
 #define TML_ADVICE(name, word, text) name,
     TML_ADVICES(TML_ADVICE)
 #undef TML_ADVICE
 };
+
+/// True where no option and no person takes the string: a call would lose a part of it.
+constexpr bool ForbidsCall(TAdvice advice) {
+    return advice == TAdvice::Joined;
+}
 
 /// The short word for an advice, "" for None.
 std::string_view AdviceWord(TAdvice advice);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <stdexcept>
 
 #include "base/Errors.h"
@@ -372,19 +373,20 @@ class TConstProof {
                         "Nothing was changed; leave this constant out.");
     }
 
-    /// Every declaration is still there, with its text or emptied.
+    /// Every declaration is still there, with its whole text or emptied.
     void CheckValues() const {
-        std::map<std::size_t, const TStrRec*> rewritten;
+        std::set<std::size_t> rewritten;
         for (const TmlFoundSourceString& row : kept_)
-            if (!row.MarkedToIgnore) rewritten[RecordOf(records_, row).Begin] = &RecordOf(records_, row);
+            if (!row.MarkedToIgnore) rewritten.insert(RecordOf(records_, row).Begin);
         const TConstReader before(*input_.Scan.Source);
         const TConstReader now(*newSource_);
         for (std::size_t i = 0; i < before.Declarations().size(); ++i) {
             const TConstDeclaration& old = before.Declarations()[i];
-            const bool isEmptied = input_.EmptyConstsValues && rewritten.contains(old.Begin);
+            const bool isRewritten = rewritten.contains(old.Begin);
+            const bool isEmptied = input_.EmptyConstsValues && isRewritten;
             const bool same = i < now.Declarations().size() && now.Declarations()[i].Name == old.Name &&
                               now.Declarations()[i].Text == (isEmptied ? "" : old.Text);
-            if (!same)
+            if (!same || (isRewritten && ForbidsCall(old.Advice)))
                 Fail(input_.Scan.Source->LineOf(old.Begin),
                      "the constant " + std::string(old.Name) + " would get another value");
         }

@@ -441,7 +441,7 @@ void TfrmFound::acRedo() {
 
 void TfrmFound::LeaveOut(const std::vector<int>& rows, bool leftOut) {
     for (const int row : rows)
-        Rows.Change(row).LeftOut = leftOut;
+        Rows.Change(row).LeaveOut(leftOut);
     Done();
 }
 
@@ -465,7 +465,7 @@ void TfrmFound::MarkRows(bool mark) {
     for (const int row : AffectedFound()) {
         TFoundRow& changed = Rows.Change(row);
         changed.Record.MarkedToIgnore = mark;
-        if (mark) changed.LeftOut = false;
+        changed.LeaveOut(!mark && changed.LeftOut);
     }
     Done();
 }

@@ -19,6 +19,10 @@ struct TFoundRow {
     bool LeftOut = false;  ///< stands among the found rows, but its literal stays
 
     bool IsTaken() const { return Place == TFoundPlace::Found && !LeftOut; }
+    /// Only a mark, which leaves the literal as it is, takes a row that no call may replace.
+    void LeaveOut(bool leftOut) {
+        LeftOut = leftOut || (ForbidsCall(Record.Advice) && !Record.MarkedToIgnore);
+    }
     bool operator==(const TFoundRow&) const = default;
 };
 

@@ -44,9 +44,9 @@ TEST(Consts, TheScanTakesStringsOfConstSectionsOnly) {
         {"const\n  A: array[0..1] of string = ('one', 'two'); R: TRec = (s: 'x1');\n  N = Length('one');\n"
          "  E = 'one' + S; Z = 12; B = 'x' in S; L = S + Low('a');\n",
          "10:E=one(joined) |"},
-        {"const\n  A = #55357#56832'x'#%1010#&12; B = 'a'#153; C = ('in' + 'side');\n"
+        {"const\n  A = #55357#56832'xy'#%1010#&12; &Type = 'ab'#153; C = ('in' + 'side');\n"
          "  D: UnicodeString = 'four'; E: PWideChar = 'five'; F = 'six' + Unit2.S + 'ten';\n",
-         "8:A=😀x\n\n() 8:B=a™() 8:C=inside() 9:D=four(tconst-type) 9:E=five(tconst-type) "
+         "8:A=😀xy\n\n() 8:&Type=ab™() 8:C=inside() 9:D=four(tconst-type) 9:E=five(tconst-type) "
          "9:F=sixten(joined) |"},
         {"resourcestring R = 'no'; const A = 'one'; S = 'two';\n{$IF S = 'x'} {$ENDIF} {$DEFINE A}\n",
          "7:A=one() 7:S=two(constant-use) |"},

@@ -348,6 +348,28 @@ TEST_F(TFound, RowsWithAnAdviceAreLeftOutUntilTheyAreTaken) {
     EXPECT_EQ(window.Advice(), "");
 }
 
+TEST_F(TFound, WhatNoCallMayReplaceIsTakenByAMarkOnly) {
+    TFoundInput input{"U.pas",
+                      std::make_shared<std::string>("A = 'One' + B;\r\n"),
+                      {},
+                      TTable{TStringsType::stStrings},
+                      {}};
+    input.Found.AddItem().Advice = TAdvice::Joined;
+    TfrmFound window(Context, Memory, std::move(input));
+    const struct {
+        void (*Do)(TfrmFound&);
+        int Taken;
+    } steps[] = {
+        {&Call<&TfrmFound::acTakeAll>, 0},          {&Call<&TfrmFound::acTakeRow>, 0},
+        {&Call<&TfrmFound::acMarktoIgnore>, 1},     {&Call<&TfrmFound::acTakeAll>, 1},
+        {&Call<&TfrmFound::acRemoveIgnoreMark>, 0},
+    };
+    for (const auto& [run, taken] : steps) {
+        run(window);
+        EXPECT_EQ(window.Kept().Count(), taken);
+    }
+}
+
 TEST_F(TFound, EveryCommandCanBeTakenBackAndTakenAgain) {
     TfrmFound window = Make("f('a.b', 'two', 'A.B', 'six');\r\n");
     User.OnMessage("Delete selected row (IDS_0)?", mrYes);
