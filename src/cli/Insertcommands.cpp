@@ -149,6 +149,7 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
     if (!program.Yes) RefuseLoss(session, rows, setUp);
     session.ForEach(rows, [&](TFormRow& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
+        if (!session.Answers().Errors.empty()) return;
         PrintLanguages(program, session, row, true);
     });
     session.Ide().SaveAll();

@@ -37,6 +37,14 @@ std::optional<std::string_view> HeaderName(std::string_view line, std::string_vi
     return std::nullopt;
 }
 
+/// "Form1" of the form's own line, "object Form1: TForm1"; "" where it has no name.
+std::string NameIn(std::string_view line) {
+    const std::size_t end = line.find(':');
+    const std::size_t begin = std::min(line.find(' '), line.size());
+    return end == std::string_view::npos || end < begin ? std::string()
+                                                        : std::string(Trim(line.substr(begin, end - begin)));
+}
+
 int NumberOfLanguages(std::string_view digits, const std::string& fileName, int line) {
     try {
         return ToInteger(digits);
@@ -55,7 +63,7 @@ bool IsBinaryForm(std::string_view bytes) {
 TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
                              const std::string& fileName) {
     TFormAnalysis found;
-    TakeLine(text);  // the form itself
+    std::string formName = NameIn(TakeLine(text));
     for (int number = 2; !text.empty(); ++number) {
         const std::string_view line = TakeLine(text);
         for (const std::string& className : classNames)
@@ -64,7 +72,9 @@ TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::strin
         found.NumLang = NumberOfLanguages(line.substr(line.find('=') + 2), fileName, number);
         break;
     }
-    return found.NumLang > 0 ? found : TFormAnalysis{};
+    if (found.NumLang == 0) found = {};
+    found.FormName = std::move(formName);
+    return found;
 }
 
 TFormAnalysis AnalyzeClosedForm(IFileSystem& files, const std::string& formFile,

@@ -14,6 +14,7 @@ struct TFormAnalysis {
     std::string ComponentName;
     std::string ClassName;
     int NumLang = 0;
+    std::string FormName = {};  ///< as the form itself has it, "" where that is not known
 };
 
 /// The columns of the forms list.

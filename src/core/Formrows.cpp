@@ -23,6 +23,7 @@ TFormAnalysis ReadClosed(TContext& context, TFolderIndex& folders, const std::st
 
 /// The row of an inserted component goes on showing the class.
 void Follow(TFormRow& row, const TFormAnalysis& found) {
+    if (!found.FormName.empty()) row.FormName = found.FormName;
     const bool showsClass = row.ShowsClass && found.ComponentName == row.Component.ComponentName;
     UpdateItem(&row, found);
     row.ShowsClass = showsClass;
@@ -63,17 +64,11 @@ void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames)
     for (const std::string& fileName : fileNames)
         for (TFormRow* row : context.Rows.FormNames.FindUnitOrForm(fileName))
             rows.insert(row);
+    TAllSteps steps;
     for (TFormRow* row : rows)
-        Follow(*row, ReadForm(context, folders, row->FileName));
+        steps.Try([&] { Follow(*row, ReadForm(context, folders, row->FileName)); });
     context.Rows.FormNames.Touch();
-}
-
-void ReadRowOfClosing(TContext& context, const std::string& fileName) {
-    TFormRow* row = context.Rows.FormNames.FindFile(fileName);
-    if (row == nullptr) return;
-    TFolderIndex folders(*context.Host.Files);
-    Follow(*row, ReadClosed(context, folders, fileName));
-    context.Rows.FormNames.Touch();
+    steps.Finish();
 }
 
 void RefreshItem(TContext& context, TFormRow* row) {

@@ -18,10 +18,9 @@ void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModule
 
 /// What the form of a unit holds: the open form, else its form file.
 TFormAnalysis ReadForm(TContext& context, TFolderIndex& folders, const std::string& unitFile);
-/// Reads the rows of these units and form files again, open or not.
+/// Reads the rows of these units and form files again, open or not, their forms' names too. The first error
+/// is thrown when all are read.
 void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames);
-/// The unit closes without a save: its row shows again what the form file holds.
-void ReadRowOfClosing(TContext& context, const std::string& fileName);
 /// Reads the open form of a row's file again.
 void RefreshItem(TContext& context, TFormRow* row);
 

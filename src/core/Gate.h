@@ -33,8 +33,6 @@ class TCommandGate {
         TCommandGate& gate_;
     };
 
-    /// Whether what is notified of now is the command's own doing.
-    bool IsOwnCall() const { return ownCalls_ > 0; }
     /// Runs the notification, now or when the command has ended. It must not throw.
     void Pass(std::function<void()> notification);
 

@@ -70,20 +70,35 @@ void Configure(TContext& context, TFormRow& row, const std::shared_ptr<IOTACompo
     MarkModifiedForm(context, row.FormName);
 }
 
-/// "mlLang_Form1" for a TmlLang, freed; "" leaves the name of another component to the designer.
-std::string NameFor(TContext& context, IOTAFormEditor& editor, const std::string& formName,
-                    const std::string& className) {
-    if (!context.Host.Runtime->InheritsFrom(className, std::string(kCustomLang))) return {};
-    return editor.FreeName(className.substr(1) + "_" + formName, className);
+bool IsLocalization(IMlRuntime& runtime, const std::string& className) {
+    return runtime.InheritsFrom(className, std::string(kCustomLang));
 }
 
-void InsertOn(TContext& context, TFormRow& row, const std::string& name) {
+/// Opens and shows the row's unit; false where the form is not the row's, which the person has been told.
+bool ShowForm(TContext& context, const TFormRow& row) {
+    if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
+    return TestForCorrectForm(context, row);
+}
+
+/// As InsertComponentOnForm, on the form of this row.
+std::shared_ptr<IOTAComponent> CreateOn(TContext& context, const TFormRow& row, const std::string& className,
+                                        std::string name) {
+    IMlRuntime& runtime = *context.Host.Runtime;
+    if (!ShowForm(context, row) || !runtime.IsRegistered(className)) return nullptr;
+    const auto editor = GetFormEditor(context, row.FormName);
+    // The name of another component is left to the designer.
+    if (name.empty() && IsLocalization(runtime, className))
+        name = editor->FreeName(InsertedName(className, row.FormName), className);
+    return editor->CreateComponent(nullptr, className, 0, 0, 0, 0, name);
+}
+
+void InsertOn(TContext& context, TFormRow& row, const TLangPlan& plan) {
     const TSettingValues& settings = context.Settings.Get();
     // All or nothing: a component that cannot be configured does not stay on the form.
     TRowGuard guard(row);
-    const auto scope = BeginCommand(context, "Insert " + settings.DefaultComp);
-    if (InsertComponentOnForm(context, row.FormName, settings.DefaultComp, name) == nullptr) return;
-    UpdateItem(&row, {name, settings.DefaultComp, settings.NumLang});
+    const auto scope = BeginCommand(context, "Insert " + plan.ClassName);
+    if (CreateOn(context, row, plan.ClassName, plan.Name) == nullptr) return;
+    UpdateItem(&row, {plan.Name, plan.ClassName, settings.NumLang});
     // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
     row.ShowsClass = true;
     TLangSetUp setUp;
@@ -96,23 +111,33 @@ void InsertOn(TContext& context, TFormRow& row, const std::string& name) {
 
 }  // namespace
 
+std::string InsertedName(const std::string& className, const std::string& formName) {
+    return className.substr(1) + (formName.empty() ? "" : "_" + formName);
+}
+
+TLangPlan PlanOn(IMlRuntime& runtime, IOTAFormEditor& editor, const std::string& formName,
+                 const std::string& className) {
+    if (const auto lang = FindCustomLang(runtime, editor))
+        return {lang->GetName(), lang, lang->GetClassName()};
+    if (!runtime.IsRegistered(className)) return {};
+    if (!IsLocalization(runtime, className))
+        throw EBadInput("", 0, className + " is no class of localization components",
+                        "Choose another default component in the options");
+    return {editor.FreeName(InsertedName(className, formName), className), nullptr, className};
+}
+
 TLangPlan PlanTmlLang(TContext& context, TFormRow& row) {
-    if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
-    if (!TestForCorrectForm(context, row)) throw EmlLangSilent();
-    const std::string& className = context.Settings.Get().DefaultComp;
-    const auto editor = GetFormEditor(context, row.FormName);
-    if (const auto lang = FindCustomLang(*context.Host.Runtime, *editor)) {
-        if (!row.HasComponent())
-            UpdateItem(&row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang()});
-        return {lang->GetName(), lang};
-    }
-    if (!context.Host.Runtime->IsRegistered(className)) return {};
-    return {NameFor(context, *editor, row.FormName, className), nullptr};
+    if (!ShowForm(context, row)) throw EmlLangSilent();
+    TLangPlan plan = PlanOn(*context.Host.Runtime, *GetFormEditor(context, row.FormName), row.FormName,
+                            context.Settings.Get().DefaultComp);
+    if (plan.Lang != nullptr && !row.HasComponent())
+        UpdateItem(&row, {plan.Name, plan.ClassName, plan.Lang->GetNumLang()});
+    return plan;
 }
 
 std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, const TLangPlan& plan) {
     if (plan.Lang != nullptr || plan.Name.empty()) return plan.Lang;
-    InsertOn(context, row, plan.Name);
+    InsertOn(context, row, plan);
     return GetmlLang(context, row.FormName);
 }
 
@@ -132,12 +157,7 @@ std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& f
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
                                                      const std::string& className, const std::string& name) {
     const TFormRow* row = context.Rows.FormNames.FindForm(formName);
-    if (row == nullptr) return nullptr;
-    if (!OpenFile(context, row->FileName, true)) throw EmlLangSilent();
-    if (!TestForCorrectForm(context, *row) || !context.Host.Runtime->IsRegistered(className)) return nullptr;
-    const auto editor = GetFormEditor(context, formName);
-    return editor->CreateComponent(nullptr, className, 0, 0, 0, 0,
-                                   name.empty() ? NameFor(context, *editor, formName, className) : name);
+    return row == nullptr ? nullptr : CreateOn(context, *row, className, name);
 }
 
 std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
@@ -150,9 +170,11 @@ std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
 
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
     if (row == nullptr) return;
+    const bool inserts = setUp.InsertIfMissing && !row->HasComponent();
+    if (inserts && !ShowForm(context, *row)) return;
     TRowGuard guard(*row);
     const auto scope = BeginCommand(context, "Languages");
-    if (!row->HasComponent() && setUp.InsertIfMissing) InsertTmlLang(context, *row);
+    if (inserts) InsertTmlLang(context, *row);
     TModuleLease lease(context, row->FileName);
     if (!TestForCorrectForm(context, *row)) {
         // A file that was opened for this is left open, on purpose.

@@ -10,13 +10,20 @@ namespace tml {
 
 /// The localization component that a form has, or the one that an insertion will give it.
 struct TLangPlan {
-    std::string Name;  ///< "" where the form can have none: its default class is not registered
+    std::string Name;                     ///< "" where the form can have none: the class is not registered
     std::shared_ptr<TmlCustomLang> Lang;  ///< nullptr while it is only planned
+    std::string ClassName;                ///< of the component that is planned
 };
+/// "mlLang_Form1" for a TmlLang on Form1; outside forms, without a form's name, "mlLang".
+std::string InsertedName(const std::string& className, const std::string& formName);
+/// The plan for an open form whose component would be of the class. EBadInput for a class that is none of
+/// localization components, and where the unit does not declare the form's class.
+TLangPlan PlanOn(IMlRuntime& runtime, IOTAFormEditor& editor, const std::string& formName,
+                 const std::string& className);
 /// Opens and shows the row's unit and brings the row up to date; nothing is inserted. EmlLangSilent when the
 /// unit cannot be opened or the form is not the row's.
 TLangPlan PlanTmlLang(TContext& context, TFormRow& row);
-/// The planned component; it is inserted unless it is there.
+/// The planned component; it is inserted unless it is there. nullptr where the form takes none.
 std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, const TLangPlan& plan);
 
 /// Makes sure that the row's form has a localization component; its unit is then open and shown.
@@ -50,7 +57,8 @@ std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp);
 
 /// Configures the component of one row. Its unit is saved and closed again unless it was open.
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp);
-/// Configures the components of the row and of every selected row behind it.
+/// Configures the components of the row and of every selected row behind it. The first row that fails ends
+/// it; what was done to the rows before stays.
 void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp);
 
 }  // namespace tml

@@ -117,10 +117,12 @@ std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEdito
 }
 
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {
-    const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, fileName));
-    const auto lang = editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
-    if (lang == nullptr) return {};
-    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang()};
+    const auto module = GetModuleFromFileName(context, fileName);
+    const auto editor = GetFormEditorFromModule(module);
+    if (editor == nullptr) return {};
+    const auto lang = FindCustomLang(*context.Host.Runtime, *editor);
+    if (lang == nullptr) return {"", "", 0, module->GetFormName()};
+    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang(), module->GetFormName()};
 }
 
 }  // namespace tml

@@ -61,7 +61,7 @@ class TModuleLease {
 
 /// The first localization component that the root owns, in form file order; nullptr when there is none.
 std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor);
-/// Reads the open form of a file; empty names and 0 when it has no component or is not open.
+/// Reads the open form of a file; 0 languages when it has no component or is not open.
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName);
 
 }  // namespace tml

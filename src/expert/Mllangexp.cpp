@@ -346,8 +346,10 @@ void TmlLangExpert::FileOpened(const std::string& fileName) {
 
 void TmlLangExpert::FilesRestored(const std::vector<std::string>& fileNames) {
     if (MainWindow == nullptr) return;
-    ReadRowsAgain(context_, fileNames);
+    TAllSteps steps;
+    steps.Try([&] { ReadRowsAgain(context_, fileNames); });
     RowsChanged();
+    steps.Finish();
 }
 
 void TmlLangExpert::RowsChanged() {
@@ -357,11 +359,6 @@ void TmlLangExpert::RowsChanged() {
 
 void TmlLangExpert::FileClosing(const std::string& fileName) {
     ForgetNotifierOf(fileName);
-    // A command knows what it leaves in the files that it closes; they may not be written yet.
-    if (!context_.Gate.IsOwnCall()) {
-        ReadRowOfClosing(context_, fileName);
-        RowsChanged();
-    }
     const auto project = GetActiveProject(context_);
     if (project == nullptr) return;
     const auto group = GetActiveProjectGroup(context_);

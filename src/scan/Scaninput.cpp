@@ -28,35 +28,24 @@ void TakeUnit(TScanInput& input, IOTAModule& unit) {
     if (unit.GetSourceEditorCount() > 1) input.Header = unit.GetSourceEditor(1)->GetSource();
 }
 
-std::string InsertedName(const std::string& className, const std::string& formName) {
-    return className.substr(1) + (formName.empty() ? "" : "_" + formName);
+TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan) {
+    TReceiver receiver;
+    receiver.Component.FormName = form.GetFormName();
+    receiver.Component.FormClass = form.GetFormEditor()->GetRootComponent()->GetComponentType();
+    receiver.Component.ComponentName = plan.Name;
+    if (plan.Lang != nullptr) receiver.Existing = plan.Lang->GetTable(TStringsType::stStrings);
+    return receiver;
 }
-
-namespace {
-
-/// Where the unit does not declare the form's class nothing can be inserted, but its strings can be found.
-std::string FreeName(IOTAFormEditor& editor, const std::string& formName, const std::string& className) {
-    std::string name = InsertedName(className, formName);
-    try {
-        return editor.FreeName(name, className);
-    } catch (const EBadInput&) {
-        return name;
-    }
-}
-
-}  // namespace
 
 TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& defaultClass) {
-    TReceiver receiver;
-    const auto editor = form.GetFormEditor();
-    receiver.Component.FormName = form.GetFormName();
-    receiver.Component.FormClass = editor->GetRootComponent()->GetComponentType();
-    const auto component = FindCustomLang(runtime, *editor);
-    receiver.Component.ComponentName = component != nullptr
-                                           ? component->GetName()
-                                           : FreeName(*editor, receiver.Component.FormName, defaultClass);
-    if (component != nullptr) receiver.Existing = component->GetTable(TStringsType::stStrings);
-    return receiver;
+    TLangPlan plan;
+    try {
+        plan = PlanOn(runtime, *form.GetFormEditor(), form.GetFormName(), defaultClass);
+    } catch (const EBadInput&) {
+        // An insertion says what is wrong.
+    }
+    if (plan.Name.empty()) plan.Name = InsertedName(defaultClass, form.GetFormName());
+    return ReceiverOf(form, plan);
 }
 
 void TakeReceiver(TScanInput& input, TReceiver receiver, bool isOwnUnit) {

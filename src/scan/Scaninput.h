@@ -2,9 +2,7 @@
 
 #include <string>
 
-#include "core/Settings.h"
-#include "platform/Mlruntime.h"
-#include "platform/Toolsapi.h"
+#include "core/Insertion.h"
 #include "scan/Scan.h"
 
 namespace tml {
@@ -21,11 +19,9 @@ struct TReceiver {
     TTable Existing{TStringsType::stStrings};
 };
 
-/// The name of a component that is inserted into a form; of one outside forms for an empty name.
-std::string InsertedName(const std::string& className, const std::string& formName);
-
-/// The component of an open form with the strings that it holds; the one that an insertion would create,
-/// of the class, where the form has none.
+/// The component of an open form, there or planned, with the strings that it holds.
+TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan);
+/// The same where one of the class is planned. A form that takes none has its strings found all the same.
 TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& defaultClass);
 
 /// A unit that is not the form's own names the component with its form, whatever the settings say.

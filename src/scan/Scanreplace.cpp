@@ -89,7 +89,12 @@ void TRun::CheckLanguages() const {
 
 void TRun::Open() {
     plan_ = PlanTmlLang(context_, row_);
-    if (plan_.Name.empty() || !OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
+    if (plan_.Name.empty())
+        throw EBadInput(
+            "", 0,
+            "the class of new components, " + context_.Settings.Get().DefaultComp + ", is not registered",
+            "Choose another default component in the options");
+    if (!OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
     if (constSection_) consts_.emplace(context_, input_, row_.FormName, formUnit_);
@@ -99,9 +104,7 @@ TScanInput TRun::MakeInput() {
     ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
     TScanInput input = ScanInputOf(context_.Settings.Get(), loader != nullptr ? loader->Load() : nullptr);
     TakeUnit(input, *GetModuleFromFileName(context_, unitFile_));
-    TakeReceiver(input,
-                 ReceiverOf(*context_.Host.Runtime, *GetModuleFromFileName(context_, formUnit_),
-                            context_.Settings.Get().DefaultComp),
+    TakeReceiver(input, ReceiverOf(*GetModuleFromFileName(context_, formUnit_), plan_),
                  SameText(unitFile_, formUnit_));
     const auto others = std::make_shared<TFormComponents>();
     for (const auto& row : context_.Rows.FormNames.Items())
@@ -195,6 +198,9 @@ void TRun::Apply(const TChangeSet& sources, std::vector<TPropertyChange> propert
     services.ApplyChangeSet(sources);
     if (WritesCalls()) {
         const auto lang = MakePlanned(context_, row_, plan_);
+        if (lang == nullptr)
+            throw EBadInput(formUnit_, 0, "the form takes no component of the class " + plan_.ClassName,
+                            "Check that its package is loaded");
         AddStrings(*lang);
         services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
         MarkModifiedForm(context_, row_.FormName);

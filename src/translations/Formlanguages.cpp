@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 
+#include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -96,12 +97,15 @@ void sbLanguagesClick(TContext& context) {
     for (TFormRow* row = first; row != nullptr; row = context.Rows.Active().NextSelected(*row))
         rows.emplace_back(*row);
     const auto scope = BeginCommand(context, "Languages");
-    ApplyNames(context, *first, names, formerNames, dispatcher.get());
+    // What a form fails with takes back that form alone.
+    TAllSteps steps;
+    steps.Try([&] { ApplyNames(context, *first, names, formerNames, dispatcher.get()); });
     if (linked.Lease != nullptr) linked.Lease->Save();
     lease.Save();
     scope->Commit();
     for (TRowGuard& row : rows)
         row.Keep();
+    steps.Finish();
 }
 
 }  // namespace tml

@@ -103,6 +103,22 @@ TEST_F(TInsertion, AFormOfAnotherNameThanItsRowsIsToldOf) {
     Ide.SaveAll();
     EXPECT_EQ(Files.Files.at("/p/Unit1.pas"), files.at("/p/Unit1.pas"));
     EXPECT_EQ(Files.Files.at("/p/Unit2.dfm"), files.at("/p/Unit2.dfm"));
+    GetModuleFromFileName(Context(), "/p/Unit2.pas")->Close();
+    InsertTmlLang(Context(), twin);
+    EXPECT_EQ(GetModuleFromFileName(Context(), "/p/Unit2.pas"), nullptr)
+        << "the row before has that name, too";
+    EXPECT_EQ(AnalyzeFile(Context(), twin.FileName).ComponentName, "mlLang_Form2");
+}
+
+TEST_F(TInsertion, ARowThatCannotBeReadKeepsNoOtherBack) {
+    Open();
+    for (const int bad : {1, 2}) {
+        const std::string good = std::to_string(3 - bad);
+        PutForm(bad, "  object mlLang1: TmlLang\n    NumOfLanguages = many\n  end\n");
+        PutForm(3 - bad, "  object mlLang1: TmlLang\n    NumOfLanguages = 7\n  end\n");
+        EXPECT_THROW(Expert->FilesRestored({"/p/Unit1.dfm", "/p/Unit2.dfm"}), EBadInput);
+        EXPECT_EQ(Row("Form" + good).Cell(fcLanguages), "7");
+    }
 }
 
 TEST_F(TInsertion, TheRowFollowsUndoRedoAndAClosingWithoutSave) {
@@ -251,19 +267,39 @@ TEST_F(TInsertion, TextsGoWithTheirLanguages) {
     }
 }
 
-TEST_F(TInsertion, TheLanguagesCommandIsMadeForAllRowsOrForNone) {
+TEST(Insertion, AFormThatFailsTakesNothingOfTheOthersBack) {
+    for (const std::string fault : {"no unit", "another name", "no class"}) {
+        TExpertFixture test;
+        if (fault == "another name") test.Files.Files["/p/Unit1.dfm"].replace(7, 5, "Other");
+        if (fault == "no class")
+            test.Put("/p/Unit1.pas", "unit Unit1;\n\ninterface\n\nimplementation\n\nend.\n");
+        test.Open();
+        if (fault == "no unit") test.Files.Files.erase("/p/Unit1.pas");
+        test.Select("Form2");
+        test.Row("Form1").Selected = true;
+        test.User.OnWindow<TfrmLangConfig>("frmLangConfig", [](TfrmLangConfig& window) {
+            window.edLangCountChange("4");
+            window.ModalResult = mrOk;
+        });
+        if (fault == "another name")
+            test.User.OnMessage(
+                "Unable to obtain the interface of form module! Please check your project source.");
+        const auto run = [&] { test.Expert->Window()->Run("Languages"); };
+        if (fault == "no class")
+            EXPECT_THROW(run(), EBadInput);
+        else
+            run();
+        EXPECT_EQ(test.List(), "Form2|Unit2|4|mlLang1|1;Form1|Unit1|0||0;") << fault;
+        EXPECT_TRUE(Contains(test.Files.Files["/p/Unit2.dfm"], "NumOfLanguages = 4")) << fault;
+    }
+}
+
+TEST_F(TInsertion, AClassThatIsNoneOfLocalizationIsRefused) {
     Open();
-    const auto files = Files.Files;
-    Files.Files.erase("/p/Unit1.pas");
-    Select("Form2");
-    Row("Form1").Selected = true;
-    const std::string list = List();
-    Languages([](TfrmLangConfig& window) {
-        window.edLangCountChange("4");
-        window.ModalResult = mrOk;
-    });
-    EXPECT_EQ(List(), list);
-    EXPECT_EQ(Files.Files["/p/Unit2.dfm"], files.at("/p/Unit2.dfm"));
+    Expert->Settings().SetDefaultComp("TmlLangDispatcher");
+    Select("Form1");
+    EXPECT_THROW(InsertTmlLang(Context(), Row("Form1")), EBadInput);
+    EXPECT_THROW(Expert->Window()->Run("SourceWithForm"), EBadInput);
 }
 
 TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {

@@ -32,6 +32,8 @@ TEST_F(TNotifiers, RenamingTheFormRenamesItsRow) {
     ASSERT_NE(Row("Form1").Notifier, nullptr);
     Rename(module, "Form1", "FormX");
     EXPECT_NE(Rows().FindForm("FormX"), nullptr);
+    module->Close();
+    EXPECT_NE(Rows().FindForm("Form1"), nullptr) << "it was not saved";
 }
 
 TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {

@@ -75,6 +75,19 @@ TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
     EXPECT_EQ(Files.Files, files) << "the form file too is as it was";
 }
 
+TEST_F(TScanReplace, AnotherDefaultClassChangesNoReviewThatWaits) {
+    Prepare(1);
+    Review([this](TfrmFound& window) {
+        Expert->Settings().SetDefaultComp("TmlLangRT");
+        User.OnMessage(kApply, mrYes);
+        User.OnMessage(kDone);
+        window.tbModifyClick();
+    });
+    Run();
+    EXPECT_EQ(Row("Form1").Component.ClassName, "TmlLang");
+    EXPECT_NE(Source(1).find("    mlLang_Form1: TmlLang;\r\n"), std::string::npos) << Source(1);
+}
+
 TEST_F(TScanReplace, ReadsItsFormOnceThePatchIncludedAndOnceMoreForItsRow) {
     Prepare(1);
     const int before = TFormTree::ParseCount();
