@@ -29,6 +29,22 @@ std::string ApplyEdits(std::string_view text, const TEdits& edits) {
     return result.append(text, done);
 }
 
+std::optional<TEdits> MovedOver(TEdits edits, const TEdits& done) {
+    auto next = done.begin();
+    std::size_t grown = 0;
+    std::size_t removed = 0;
+    for (TEdit& edit : edits) {
+        for (; next != done.end() && next->End <= edit.Begin; ++next) {
+            grown += next->Text.size();
+            removed += next->End - next->Begin;
+        }
+        if (next != done.end() && next->Begin < edit.End) return std::nullopt;
+        edit.Begin += grown - removed;
+        edit.End += grown - removed;
+    }
+    return edits;
+}
+
 TEdits InverseEdits(std::string_view text, const TEdits& edits) {
     TEdits result;
     std::size_t grown = 0;

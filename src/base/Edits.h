@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,10 @@ bool AreValid(const TEdits& edits, std::size_t textSize);
 
 /// The text with all edits made. Throws std::logic_error when they are not valid for it.
 std::string ApplyEdits(std::string_view text, const TEdits& edits);
+
+/// Edits of a text as edits of what others have already made of it; at a place of both they come behind what
+/// is done. None where they change what the others have changed.
+std::optional<TEdits> MovedOver(TEdits edits, const TEdits& done);
 
 /// The edits that lead back from ApplyEdits(text, edits) to text.
 TEdits InverseEdits(std::string_view text, const TEdits& edits);

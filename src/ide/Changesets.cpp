@@ -1,6 +1,8 @@
 #include "ide/Changesets.h"
 
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "base/Errors.h"
 #include "base/Files.h"
@@ -34,17 +36,19 @@ std::shared_ptr<IOTAComponent> FindComponent(TModules& modules, const TPropertyC
     return component;
 }
 
-void CheckSources(TModules& modules, const TChangeSet& changes) {
+/// The sources of a change set and what is to be done to each.
+std::vector<std::pair<TSourceBuffer*, TEdits>> CheckedSources(TModules& modules, const TChangeSet& changes) {
+    std::vector<std::pair<TSourceBuffer*, TEdits>> sources;
     std::unordered_set<const TSourceBuffer*> seen;
     for (const TSourceChange& change : changes.Sources) {
-        const TSourceBuffer& buffer = FindBuffer(modules, change.FileName);
+        TSourceBuffer& buffer = FindBuffer(modules, change.FileName);
         if (!seen.insert(&buffer).second)
             throw EBadInput(change.FileName, 0, "the file is changed twice in one step", kRepeat);
-        if (change.Expected && *change.Expected != *buffer.Text())
-            throw EBadInput(change.FileName, 0, "the text has changed since the change was worked out",
-                            kRepeat);
-        buffer.Check(change.Edits);
+        TEdits edits = buffer.EditsNow(change.Edits, change.Expected);
+        buffer.Check(edits);
+        sources.emplace_back(&buffer, std::move(edits));
     }
+    return sources;
 }
 
 /// The header by which C++ sees a unit: its own, or the one that is made from a Pascal unit.
@@ -67,7 +71,7 @@ void UseUnit(TSourceBuffer& buffer, const std::string& unit, const std::string& 
 }  // namespace
 
 void ApplyChangeSet(TModules& modules, const TChangeSet& changes) {
-    CheckSources(modules, changes);
+    const auto sources = CheckedSources(modules, changes);
     for (const TPropertyChange& change : changes.Properties)
         FindComponent(modules, change);
     for (const auto& [fileName, unit] : changes.UsedUnits)
@@ -75,8 +79,8 @@ void ApplyChangeSet(TModules& modules, const TChangeSet& changes) {
 
     // What only shows when it is done (a text that the form's code page cannot hold) is rolled back.
     const auto command = modules.BeginCommand(changes.Title);
-    for (const TSourceChange& change : changes.Sources)
-        FindBuffer(modules, change.FileName).Apply(change.Edits, changes.Title);
+    for (const auto& [buffer, edits] : sources)
+        buffer->Apply(edits, changes.Title);
     for (const TPropertyChange& change : changes.Properties)
         FindComponent(modules, change)->SetPropValue(change.PropertyName, change.Value);
     for (const auto& [fileName, unit] : changes.UsedUnits)

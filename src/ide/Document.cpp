@@ -12,7 +12,7 @@ void TDocument::Changing() {
 void TDocument::MarkModified() {
     if (IsModified()) return;
     // Nothing to undo by itself; but a command that is given up takes the mark with it.
-    if (journal_.IsRunning()) journal_.Note(*this, TJournal::TNoted::State);
+    if (journal_.Running() != 0) journal_.Note(*this, TJournal::TNoted::State);
     state_.Marked = true;
 }
 

@@ -47,7 +47,10 @@ class TJournal::TScope : public ICommandScope {
 };
 
 std::unique_ptr<ICommandScope> TJournal::Begin(const std::string& title) {
-    if (scopes_.empty()) title_ = title;
+    if (scopes_.empty()) {
+        ++begun_;
+        title_ = title;
+    }
     return std::make_unique<TScope>(*this);
 }
 

@@ -41,7 +41,8 @@ class TJournal {
     /// Begin, but nothing (nullptr) when a command is running already. A change that is one step by itself
     /// uses it: it joins the running command or is one.
     std::unique_ptr<ICommandScope> BeginUnlessRunning(const std::string& title);
-    bool IsRunning() const { return !scopes_.empty(); }
+    /// The number of the running command, counted from 1; 0 when none is running.
+    std::size_t Running() const { return scopes_.empty() ? 0 : begun_; }
 
     /// What is about to change of a document: its bytes, or only whether it counts as modified.
     enum class TNoted { State, Content };
@@ -121,6 +122,7 @@ class TJournal {
     std::unordered_map<std::string, TDocument*> open_;
     TEntries done_;
     TEntries undone_;
+    std::size_t begun_ = 0;       ///< commands so far
     std::string title_;           ///< of the running command
     std::vector<TFiles> scopes_;  ///< per open scope what it has touched
     std::map<std::string, TPending> pending_;

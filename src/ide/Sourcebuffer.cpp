@@ -1,6 +1,7 @@
 #include "ide/Sourcebuffer.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/Errors.h"
 #include "base/Files.h"
@@ -55,11 +56,9 @@ struct TSourceBuffer::TBlock : TView {
 };
 
 TSharedSource TSourceBuffer::Source() const {
-    if (readText_ != Text()) {
-        readText_ = Text();
-        source_ = std::make_shared<const TSourceText>(readText_, FileName(),
+    if (!source_)
+        source_ = std::make_shared<const TSourceText>(Text(), FileName(),
                                                       ByteEncodingsOf(coded_.Encoding(), codePage_));
-    }
     return source_;
 }
 
@@ -69,10 +68,27 @@ std::shared_ptr<const TDocument::TView> TSourceBuffer::View() const {
 
 void TSourceBuffer::Take(std::string bytes, const std::shared_ptr<const TView>& view) {
     coded_.Reread(std::move(bytes));
+    source_.reset();
+    steps_.clear();
     const auto block = std::dynamic_pointer_cast<const TBlock>(view);
     if (!block) return;
     BlockStart = block->Start;
     BlockAfter = block->After;
+}
+
+TEdits TSourceBuffer::EditsNow(const TEdits& edits,
+                               const std::shared_ptr<const std::string>& expected) const {
+    if (expected == nullptr || *expected == *Text()) return edits;
+    std::optional<TEdits> moved;
+    if (command_ == Journal().Running())
+        for (const TStep& step : steps_) {
+            if (step.Before.lock() == expected) moved = edits;
+            if (moved) moved = MovedOver(std::move(*moved), step.Edits);
+        }
+    if (!moved)
+        throw EBadInput(FileName(), 0, "the text has changed since the change was worked out",
+                        "Repeat the command");
+    return *moved;
 }
 
 void TSourceBuffer::Check(const TEdits& edits) const {
@@ -85,11 +101,18 @@ void TSourceBuffer::Apply(const TEdits& edits, const std::string& title) {
     if (HasWriter) throw EBadInput(FileName(), 0, "the text is being written to", "Try again later");
     const TEdits normalised = Normalised(edits);
     Check(normalised);
-    if (ApplyEdits(*Text(), normalised) == *Text()) return;
+    const bool changes = std::any_of(normalised.begin(), normalised.end(), [&](const TEdit& edit) {
+        return std::string_view(*Text()).substr(edit.Begin, edit.End - edit.Begin) != edit.Text;
+    });
+    if (!changes) return;
     const auto command = Journal().BeginUnlessRunning(title);
     Changing();
     const int start = OffsetOf(BlockStart), after = OffsetOf(BlockAfter);
+    if (command_ != Journal().Running()) steps_.clear();
+    command_ = Journal().Running();
+    steps_.push_back({coded_.SharedText(), normalised});
     coded_.Apply(normalised);
+    source_.reset();
     if (BlockType != TOTABlockType::btColumn) {
         BlockStart = CharPosOf(MovedBy(normalised, start));
         BlockAfter = CharPosOf(MovedBy(normalised, after));

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Codedtext.h"
 #include "ide/Document.h"
@@ -27,6 +28,9 @@ class TSourceBuffer : public TDocument {
     /// The text as it was read, kept until there is another one.
     TSharedSource Source() const;
 
+    /// Edits that were worked out for a text as edits of the present one: the text may have changed since by
+    /// what the running command has done elsewhere in it. EBadInput where it has changed otherwise.
+    TEdits EditsNow(const TEdits& edits, const std::shared_ptr<const std::string>& expected) const;
     /// EBadInput when the edits do not fit the text, or touch a line that cannot be written back.
     void Check(const TEdits& edits) const;
     /// Checks and makes the edits as one step; new lines get CR LF. The block stays on its text.
@@ -45,11 +49,17 @@ class TSourceBuffer : public TDocument {
 
   private:
     struct TBlock;
+    /// A change and the text that it was made on, as long as somebody holds that.
+    struct TStep {
+        std::weak_ptr<const std::string> Before;
+        TEdits Edits;
+    };
 
     std::string codePage_;  ///< the project's
     TCodedText coded_;
-    mutable std::shared_ptr<const std::string> readText_;  ///< what source_ was read from
-    mutable TSharedSource source_;
+    mutable TSharedSource source_;  ///< nullptr until it is asked for
+    std::size_t command_ = 0;       ///< that has changed the text last
+    std::vector<TStep> steps_;      ///< of that command
 };
 
 }  // namespace tml

@@ -10,8 +10,8 @@
 
 namespace tml {
 
-/// Edits of one unit's text. Expected is the text that they were worked out for: a buffer that has
-/// changed since refuses them.
+/// Edits of one unit's text. Expected is the text that they were worked out for: a buffer that has changed
+/// since refuses them, unless the running command has changed it, elsewhere: then they move along.
 struct TSourceChange {
     std::string FileName;
     std::shared_ptr<const std::string> Expected;

@@ -56,7 +56,7 @@ class TRun {
     bool Review();
     void Modify();
     void AddStrings(TmlCustomLang& lang) const;
-    void Apply(const TChangeSet& sources, std::vector<TPropertyChange> properties);
+    void Apply(const TChangeSet& changes);
 
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
         if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
@@ -185,26 +185,23 @@ void TRun::Modify() {
     }
     if (!SameText(unitFile_, formUnit_) && WritesCalls())
         changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
-    std::vector<TPropertyChange> properties = std::exchange(changes.Properties, {});
-    Apply(changes, std::move(properties));
+    Apply(changes);
 }
 
-/// The sources first: they were worked out for the texts without the component's field. Without Commit the
-/// scope takes everything back, the inserted component too.
-void TRun::Apply(const TChangeSet& sources, std::vector<TPropertyChange> properties) {
+/// The component first: its field is declared in the text that has been read. The edits of the sources,
+/// worked out for that text, move along. Without Commit the scope takes everything back.
+void TRun::Apply(const TChangeSet& changes) {
     TRowGuard guard(row_);
     const auto scope = BeginCommand(context_, "Replace hard-coded strings");
-    IOTAModuleServices& services = *GetModuleServices(context_);
-    services.ApplyChangeSet(sources);
     if (WritesCalls()) {
         const auto lang = MakePlanned(context_, row_, plan_);
         if (lang == nullptr)
             throw EBadInput(formUnit_, 0, "the form takes no component of the class " + plan_.ClassName,
                             "Check that its package is loaded");
         AddStrings(*lang);
-        services.ApplyChangeSet({sources.Title, {}, std::move(properties), {}});
         MarkModifiedForm(context_, row_.FormName);
     }
+    GetModuleServices(context_)->ApplyChangeSet(changes);
     OpenFile(context_, unitFile_, true);
     scope->Commit();
     guard.Keep();

@@ -87,6 +87,30 @@ TEST(Edits, TurnBack) {
     EXPECT_THROW(ApplyEdits("ab", {{1, 2, ""}, {0, 1, ""}}), std::logic_error);
 }
 
+TEST(Edits, MoveOverOthers) {
+    struct TRow {
+        TEdits Edits;
+        TEdits Done;
+        const char* Text;  // nullptr where both change the same
+    };
+    const TRow rows[] = {
+        {{{0, 3, "1"}, {4, 7, "2"}}, {{3, 4, " and "}}, "1 and 2"},
+        {{{0, 3, "1"}}, {{4, 7, ""}}, "1 "},
+        {{{3, 3, "b"}}, {{3, 3, "a"}}, "oneab two"},
+        {{{3, 4, "-"}}, {{3, 3, "a"}, {4, 4, "b"}}, "onea-btwo"},
+        {{{4, 4, "x"}, {7, 7, "y"}}, {{4, 7, "2"}}, "one x2y"},
+        {{{5, 5, "x"}}, {{4, 7, "2"}}, nullptr},
+        {{{0, 4, "x"}}, {{3, 3, "a"}}, nullptr},
+        {{{4, 6, "x"}}, {{0, 1, ""}, {2, 5, ""}}, nullptr},
+    };
+    for (const TRow& row : rows) {
+        const std::optional<TEdits> moved = MovedOver(row.Edits, row.Done);
+        ASSERT_EQ(moved.has_value(), row.Text != nullptr);
+        if (!moved) continue;
+        EXPECT_EQ(ApplyEdits(ApplyEdits("one two", row.Done), *moved), row.Text);
+    }
+}
+
 TEST(Errors, NameFileLineProblemAndRemedy) {
     EXPECT_STREQ(EBadInput("U.pas", 3, "no end", "Add one").what(), "U.pas:3: no end. Add one");
     EXPECT_STREQ(EBadInput("", 0, "no end").what(), "no end");

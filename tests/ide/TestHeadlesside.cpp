@@ -164,6 +164,19 @@ TEST_F(TIdeTest, ChangeSetsThatDoNotFitChangeNothing) {
     EXPECT_EQ(Ide.Undo(), "");
 }
 
+TEST_F(TIdeTest, AChangeSetMovesOverWhatItsOwnCommandHasDone) {
+    const auto text = Editor("/p/Plain.pas")->GetText();
+    const TChangeSet clash = SourceChange("/p/Plain.pas", text, {{15, 16, "x"}});
+    const auto command = Services.BeginCommand("both");
+    Insert("/p/Plain.pas", "{1}");
+    Services.ApplyChangeSet(SourceChange("/p/Plain.pas", text, {{13, 22, "INTERFACE"}}));
+    EXPECT_TRUE(Editor("/p/Plain.pas")->GetText()->starts_with("{1}unit Plain;\r\nINTERFACE\r\n"));
+    EXPECT_THROW(Services.ApplyChangeSet(clash), EBadInput);
+    command->Commit();
+    EXPECT_THROW(Services.ApplyChangeSet(SourceChange("/p/Plain.pas", text, {{0, 4, "x"}})), EBadInput)
+        << "that command is over";
+}
+
 TEST_F(TIdeTest, SavingIsAllOrNothing) {
     TChangeSet set = SourceChange("/p/Plain.pas", nullptr, {{0, 0, "{1}"}});
     set.Properties.push_back({"Form1", "Button1", "Caption", TFormValue::String("A")});

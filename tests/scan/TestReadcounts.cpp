@@ -77,9 +77,9 @@ TEST(Readcounts, AReplaceReadsEachTextOnce) {
     ReadCounts() = {};
     TFormTree::ParseCount() = 0;
     host.ExpertWindow()->Run("SourceWithForm");
-    EXPECT_LE(ReadCounts().Skims + librarySkims, 5);
-    EXPECT_LE(ReadCounts().Tokenizations, 3);
-    EXPECT_LE(ReadCounts().Outlines, 3);
+    EXPECT_LE(ReadCounts().Skims + librarySkims, 4);
+    EXPECT_LE(ReadCounts().Tokenizations, 2);
+    EXPECT_LE(ReadCounts().Outlines, 2);
     EXPECT_LE(TFormTree::ParseCount(), 3);
 }
 
