@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Utf8.h"
+#include "scan/Cppsurroundings.h"
 #include "source/Cppoutline.h"
 #include "source/Literals.h"
 
@@ -32,11 +33,6 @@ constexpr std::array<TRegionAdvice, 13> kRegionAdvices = {{
     {TRegionKind::Assembler, TAdvice::Assembler},
     {TRegionKind::Initialiser, TAdvice::Initialiser},
 }};
-
-/// Names that may stand beside a C++ literal without being joined with it.
-constexpr std::array<std::string_view, 14> kCppWords = {"return",   "case", "else",   "throw", "co_return",
-                                                        "co_yield", "do",   "in",     "and",   "or",
-                                                        "not",      "xor",  "delete", "new"};
 
 struct TCppCall {
     std::string_view Name;
@@ -78,6 +74,7 @@ class TAdviser {
           isUnit_(std::any_of(regions_.begin(), regions_.end(),
                               [](const TRegion& part) { return part.Kind == TRegionKind::Interface; })),
           advice_(source.Literals().size(), TAdvice::None) {
+        if (IsCpp()) surroundings_ = AdviseSurroundings(source);
         if (reach.Header != nullptr && !reach.Everywhere)
             staticMethods_ = ReadStaticMethods(*reach.Header, reach.FormClass);
     }
@@ -166,19 +163,15 @@ class TAdviser {
 
     TAdvice CppNeighbours() const {
         if (Before() == "extern") return TAdvice::LinkageName;
-        if (IsName(at_ - 1, at_ > 0) || IsName(at_ + 1, at_ + 1 < tokens_.size())) return TAdvice::Macro;
-        if (at_ > 0 && tokens_[at_ - 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
-        if (at_ + 1 < tokens_.size() && tokens_[at_ + 1].Kind == TTokenKind::Literal) return TAdvice::Macro;
-        if (const TAdvice around = CppBrackets(); around != TAdvice::None) return around;
+        const TAdvice around = surroundings_[tokens_[at_].Index];
+        if (around == TAdvice::Macro) return around;
+        if (const TAdvice brackets = CppBrackets(); brackets != TAdvice::None) return brackets;
         if (TextAt(at_ + 1) == "[") return TAdvice::Unevaluated;
         if (IsCharArray()) return TAdvice::ArrayInitialiser;
         if (IsCompileTime()) return TAdvice::Const;
+        if (around == TAdvice::DefaultParameter) return around;
+        if (around != TAdvice::None && !reach_.Everywhere) return around;
         return HoldsComment() ? TAdvice::InnerComment : TAdvice::None;
-    }
-
-    bool IsName(std::size_t index, bool exists) const {
-        return exists && tokens_[index].Kind == TTokenKind::Name && !tokens_[index].OnDirectiveLine &&
-               std::find(kCppWords.begin(), kCppWords.end(), TextAt(index)) == kCppWords.end();
     }
 
     /// What the brackets around belong to: an assembler statement, an attribute and the like.
@@ -291,6 +284,7 @@ class TAdviser {
     const std::vector<TRegion>& regions_;
     TRegionFinder finder_;
     bool isUnit_;
+    std::vector<TAdvice> surroundings_;  ///< of a C++ text
     std::vector<std::string_view> staticMethods_;
     std::vector<TAdvice> advice_;
     std::size_t at_ = 0;

@@ -57,7 +57,7 @@ void TCharacters::AddPascalCode(std::string_view code, const TByteEncodings& enc
     if (code.front() == '^' && code.size() == 2)
         return AddByte(static_cast<unsigned char>(UpperCase(code)[1] ^ 0x40), encodings);
     const auto base = std::find_if(kBases.begin(), kBases.end(),
-                                   [&](const TBase& b) { return code.substr(1, 1)[0] == b.Sign; });
+                                   [&](const TBase& b) { return code.substr(1).starts_with(b.Sign); });
     const bool hasSign = base != kBases.end();
     const std::string_view digits = code.substr(hasSign ? 2 : 1);
     std::uint32_t value = 0;

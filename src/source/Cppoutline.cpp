@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+#include "source/Cppwords.h"
+
 namespace tml {
 namespace {
 
@@ -147,7 +149,7 @@ class TCppReader {
         if (Scope() == TScope::Values) return TScope::Values;
         if (inMemberList_) return IsName(at_ - 1) || before == ">" ? TScope::Values : TScope::Function;
         if (!IsDeclarative() && LocalClass() < at_) return TScope::Class;
-        if (!IsDeclarative()) return before == "]" ? TScope::Values : TScope::Block;
+        if (!IsDeclarative()) return before == "]" && !EndsCaptures() ? TScope::Values : TScope::Block;
         const bool isLinkage = at_ > first_ && tokens_[at_ - 1].Kind == TTokenKind::Literal;
         if (isLinkage || HasWord("namespace")) return TScope::Namespace;
         if (HasWord("enum")) return TScope::Values;
@@ -156,6 +158,14 @@ class TCppReader {
                                          [&](std::string_view word) { return HasWord(word); });
         if (isClass) return TScope::Class;
         return at_ == first_ ? TScope::Block : TScope::Values;
+    }
+
+    /// True when the bracket in front of the brace closes the captures of a lambda.
+    bool EndsCaptures() const {
+        std::size_t open = at_ - 1;
+        while (open > first_ && TextAt(open) != "[")
+            --open;
+        return OpensCaptures(source_, tokens_, open);
     }
 
     /// Where the statement that declares a class with this brace begins; at_ when it declares none.

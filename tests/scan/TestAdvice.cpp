@@ -148,6 +148,20 @@ TEST(Advice, ForCpp) {
         {"void TForm1::A() { n = sizeof(\"a\"); c = \"b\"[i]; decltype(f(\"c\")) d = f(\"d\"); }\n"
          "void g() noexcept(noexcept(f(\"e\")));",
          "unevaluated unevaluated unevaluated - unevaluated"},
+        {"void TForm1::A() { f([] { g(\"a\"); }, [=] { g(\"b\"); }, [&, x](int i) mutable -> T { g(\"c\"); "
+         "}); "
+         "v[0] = \"d\"; for (auto& [k, w] : m) { f([x, this] { [w] { [&] { g(\"e\"); }(); }(); g(\"f\"); }); "
+         "} }",
+         "outside-method - - - outside-method -"},
+        {"void TForm1::A() { auto l = [this](const char *s = \"a\") noexcept(f(x)) { g(\"b\"); }; }",
+         "default-parameter -"},
+        {"void TForm1::A() { f(\n#ifdef X\n [] {\n#else\n [](int) {\n#endif\n g(\"a\"); }); }\n"
+         "void TForm1::B() { g(\"b\"); char c[] {\"c\"}; }",
+         "outside-method - array-initialiser"},
+        {"void TForm1::A() { s = \"a\"\n#ifdef X\n \"b\"\n#else\n \"c\"\n#endif\n ;\n"
+         " t =\n#ifdef X\n \"d\"\n#elif Y\n \"e\"\n#endif\n ;\n"
+         " u = \"f\"\n#if X\n#else\n NAME\n#endif\n ;\n v = (\n#if X\n \"g\"\n#endif\n \"h\"); }",
+         "macro macro macro - - macro macro macro"},
         {"__attribute__((deprecated(\"a\"))) void f(); void TForm1::A() { constexpr int i = 1; s = \"b\"; }",
          "attribute -"},
     };
