@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "common/Patterns.h"
 #include "source/Sourcetext.h"
@@ -36,14 +37,23 @@ TClassified& Classified() {
     return classified;
 }
 
+tml::TPatterns& Patterns() {
+    thread_local tml::TPatterns patterns;
+    return patterns;
+}
+
 }  // namespace
 
-/// Takes a copy of the text (UTF-8) whose positions are asked for from now on.
+/// A scan begins: takes a copy of the text (UTF-8) whose positions are asked for from now on. The same text
+/// again is not read again.
 TML_ENTRY void InitInternalPasSource(const char* text) noexcept {
     try {
+        Patterns().BeginScan();
         TClassified& classified = Classified();
+        const std::string_view given = text == nullptr ? "" : text;
+        if (classified.Text == given) return;
         classified.Source.reset();
-        classified.Text = text == nullptr ? "" : text;
+        classified.Text = given;
     } catch (...) {
         // Out of memory: the positions stay those of the text before.
     }
@@ -63,8 +73,7 @@ TML_ENTRY unsigned char IsCommentAt(int /*line*/, int offset, bool isCpp) noexce
 /// Not 0 when the pattern matches the whole text.
 TML_ENTRY unsigned char mlREStringMatches(const char* text, const char* pattern) noexcept {
     try {
-        thread_local tml::TPatterns patterns;
-        return text != nullptr && pattern != nullptr && patterns.Matches(text, pattern) ? 1 : 0;
+        return text != nullptr && pattern != nullptr && Patterns().Matches(text, pattern) ? 1 : 0;
     } catch (...) {
         return 0;
     }

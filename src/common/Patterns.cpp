@@ -1,6 +1,7 @@
 #include "common/Patterns.h"
 
 #define PCRE2_CODE_UNIT_WIDTH 8
+#include <algorithm>
 #include <new>
 #include <pcre2.h>
 
@@ -42,7 +43,7 @@ void TPatterns::TFree::operator()(pcre2_real_code_8* code) const {
     pcre2_code_free(code);
 }
 
-const TPatterns::TCompiled& TPatterns::Compiled(const std::string& pattern) {
+TPatterns::TCompiled& TPatterns::Compiled(const std::string& pattern) {
     if (const auto known = compiled_.find(pattern); known != compiled_.end()) return known->second;
     if (compiled_.size() >= kMaxPatterns) compiled_.clear();
     int error = 0;
@@ -60,14 +61,17 @@ const TPatterns::TCompiled& TPatterns::Compiled(const std::string& pattern) {
 }
 
 bool TPatterns::Matches(std::string_view text, const std::string& pattern) {
-    const TCompiled& compiled = Compiled(pattern);
-    if (compiled.Code == nullptr) return false;
+    TCompiled& compiled = Compiled(pattern);
+    if (compiled.Code == nullptr || compiled.GivenUp == scan_) return false;
     // Most texts are told apart by their first character, which costs much less than to start a match.
     const bool isAscii = !text.empty() && static_cast<unsigned char>(text.front()) < compiled.Starts.size();
     if (isAscii && !compiled.Starts[static_cast<unsigned char>(text.front())]) return false;
     // The whole text must match, whatever alternatives the pattern has at its top. 0 is a match whose groups
     // did not fit into the match data.
-    return Match(*compiled.Code, text, PCRE2_ENDANCHORED) >= 0;
+    const int result = Match(*compiled.Code, text, PCRE2_ENDANCHORED);
+    const auto limits = {PCRE2_ERROR_MATCHLIMIT, PCRE2_ERROR_DEPTHLIMIT, PCRE2_ERROR_HEAPLIMIT};
+    if (std::find(limits.begin(), limits.end(), result) != limits.end()) compiled.GivenUp = scan_;
+    return result >= 0;
 }
 
 }  // namespace tml

@@ -1,6 +1,8 @@
 #include "host/Commonlibrary.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -43,6 +45,21 @@ void* FindEntry(void* handle, const char* name) {
 /// Handles below this are error codes of the system, not libraries.
 constexpr std::uintptr_t kFirstHandle = 33;
 
+/// A text as the library takes it, which ends with a zero byte: one within the text becomes a blank.
+class TZeroEnded {
+  public:
+    explicit TZeroEnded(const std::string& text) : text_(&text) {
+        if (text.find('\0') == std::string::npos) return;
+        std::replace_copy(text.begin(), text.end(), std::back_inserter(blanked_), '\0', ' ');
+        text_ = &blanked_;
+    }
+    const char* Text() const { return text_->c_str(); }
+
+  private:
+    std::string blanked_;
+    const std::string* text_;
+};
+
 class TCommonLibrary : public ICommonLibrary {
   public:
     explicit TCommonLibrary(void* handle) : handle_(handle) {
@@ -58,13 +75,13 @@ class TCommonLibrary : public ICommonLibrary {
     bool HasMatcher() const override { return stringMatches_ != nullptr; }
 
     void InitInternalPasSource(const std::string& text) override {
-        if (initSource_ != nullptr) initSource_(text.c_str());
+        if (initSource_ != nullptr) initSource_(TZeroEnded(text).Text());
     }
     bool IsCommentAt(int line, int offset, bool isCpp) override {
         return isCommentAt_ != nullptr && isCommentAt_(line, offset, isCpp) != 0;
     }
     bool mlREStringMatches(const std::string& text, const std::string& pattern) override {
-        return stringMatches_ != nullptr && stringMatches_(text.c_str(), pattern.c_str()) != 0;
+        return stringMatches_ != nullptr && stringMatches_(TZeroEnded(text).Text(), pattern.c_str()) != 0;
     }
 
   private:

@@ -79,9 +79,7 @@ class TWalk {
         if (literal.End > lineEnd && IsRefusedLater(literal, lineEnd, skipped)) return;
         const std::string text = DecodeLiteral(source_, literal);
         const auto place = static_cast<std::int32_t>(literal.Open);
-        // The common library reads comments as this walk does. Asked only about literals in them, it need
-        // not read a text that has none.
-        const TStringSkipReason reason = rules_.IsExcludeString(text, literal.InComment ? place : 0, -1);
+        const TStringSkipReason reason = rules_.IsExcludeString(text, place, -1);
         if (reason != ssrNone)
             SkipString(skipped, text, place + 1, reason, false);
         else

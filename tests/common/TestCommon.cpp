@@ -28,6 +28,8 @@ TEST(Common, ClassifiesCommentsByLanguage) {
     EXPECT_FALSE(library->IsCommentAt(0, 0, true));
     EXPECT_FALSE(library->IsCommentAt(5, 1000, true));
     EXPECT_EQ(InComments(*library, "", false), "");
+    const std::string zero("'a'\0{b}", 8);
+    EXPECT_EQ(InComments(*library, zero, false), "{b}") << "a zero byte does not end the text";
 }
 
 TEST(Common, MatchesWholeTexts) {
@@ -35,7 +37,7 @@ TEST(Common, MatchesWholeTexts) {
     ICommonLibrary* library = loader->Load();
     ASSERT_NE(library, nullptr);
     struct TCase {
-        const char* Text;
+        std::string Text;
         const char* Pattern;
         bool Matches;
     };
@@ -56,11 +58,25 @@ TEST(Common, MatchesWholeTexts) {
         {"ABCDE", "[A-Z]{2,4}", false},
         {"ÄÄ", "\\w+", true},
         {"a1", "(a)(1)", true},
+        {std::string("a\0b", 3), "a", false},
         {"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab", "(a+)+$", false},
     };
     for (const TCase& row : cases)
         EXPECT_EQ(library->mlREStringMatches(row.Text, row.Pattern), row.Matches)
             << row.Text << " " << row.Pattern;
+}
+
+TEST(Common, APatternThatTakesTooLongIsTriedNoMoreInItsScan) {
+    const auto loader = Loader();
+    ICommonLibrary* library = loader->Load();
+    ASSERT_NE(library, nullptr);
+    const std::string pattern = "(a+)+$";
+    library->InitInternalPasSource("");
+    EXPECT_TRUE(library->mlREStringMatches("aa", pattern));
+    EXPECT_FALSE(library->mlREStringMatches(std::string(40, 'a') + "b", pattern));
+    EXPECT_FALSE(library->mlREStringMatches("aa", pattern));
+    library->InitInternalPasSource("");
+    EXPECT_TRUE(library->mlREStringMatches("aa", pattern));
 }
 
 TEST(Common, MissingLibraryIsNoError) {

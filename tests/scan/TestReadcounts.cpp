@@ -18,8 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The common library of the build. It has counters of its own, but reads a text when it is first asked
-/// about it.
+/// The common library of the build. It has counters of its own, but reads a text, unless it is the one
+/// before, when it is first asked about it.
 class TCountedLibrary : public ICommonLibrary, public ICommonLibraryLoader {
   public:
     explicit TCountedLibrary(int& skims) : skims_(skims) {}
@@ -29,7 +29,8 @@ class TCountedLibrary : public ICommonLibrary, public ICommonLibraryLoader {
     bool HasClassifier() const override { return true; }
     bool HasMatcher() const override { return true; }
     void InitInternalPasSource(const std::string& text) override {
-        isNew_ = true;
+        isNew_ = isNew_ || text != text_;
+        text_ = text;
         CommonLibrary()->InitInternalPasSource(text);
     }
     bool IsCommentAt(int line, int offset, bool isCpp) override {
@@ -42,6 +43,7 @@ class TCountedLibrary : public ICommonLibrary, public ICommonLibraryLoader {
 
   private:
     int& skims_;
+    std::string text_;
     bool isNew_ = false;
 };
 

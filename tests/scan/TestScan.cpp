@@ -198,6 +198,31 @@ TEST(Rows, OneTextGetsOneID) {
     EXPECT_EQ(found[4].Replacement, "mlLang1.GetTextOrDefault('NEWER' (* 'cd' *) )");
 }
 
+/// Takes what it is asked about at one place for a comment.
+struct TOddLibrary : ICommonLibrary {
+    int Comment = 0;
+    std::string Asked;
+
+    bool HasClassifier() const override { return true; }
+    bool HasMatcher() const override { return false; }
+    void InitInternalPasSource(const std::string& text) override { Asked += text.substr(0, 4); }
+    bool IsCommentAt(int line, int offset, bool isCpp) override {
+        Asked += " " + std::to_string(line) + ":" + std::to_string(offset) + (isCpp ? "c" : "");
+        return offset == Comment;
+    }
+    bool mlREStringMatches(const std::string&, const std::string&) override { return false; }
+};
+
+TEST(Scan, AsksTheLibraryAboutEveryLiteral) {
+    TOddLibrary library;
+    library.Comment = 8;
+    TScanInput input = InputFor("a.pas", "'ab' + 'cd' {'ef'};\r\nf('ok', 'ij');\r\n");
+    input.Common = &library;
+    input.Skip.SkipWords.Add("OK");
+    EXPECT_EQ(Dump(Scan(input)), "IDS_0=ab IDS_1=ef IDS_2=ij | ssrComments:cd ssrByPhrase:ok");
+    EXPECT_EQ(library.Asked, "'ab' 0:8 0:14 0:30");
+}
+
 TEST(Replacement, FollowsTheStyle) {
     TCallStyle style;
     style.Reference = "mlLang1";
