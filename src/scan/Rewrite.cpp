@@ -1,6 +1,8 @@
 #include "scan/Rewrite.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <string_view>
 
 #include "base/Errors.h"
@@ -92,9 +94,34 @@ std::vector<TTextRange> IgnoredLines(const TmlFoundSourceStrings& rows, const TS
     return ranges;
 }
 
+/// The tags that let a line of an ignored block through, as whole lines, by where that line begins.
+std::map<std::size_t, TTextRange> TranslateTags(const TSourceText& source) {
+    std::map<std::size_t, TTextRange> tags;
+    const std::string_view text = source.Text();
+    if (!HasTagLines(text, source.Language())) return tags;
+    TTagState state(source.Language());
+    TTextRange tag;
+    for (TTextRange line; line.Begin < text.size(); line.Begin = line.End) {
+        line.End = BehindLine(text, line.Begin);
+        const bool isLetThrough = state.TranslatesNext();
+        const bool isScanned = state.NextLine(text.substr(line.Begin, line.End - line.Begin));
+        if (isLetThrough && isScanned) tags[line.Begin] = tag;
+        if (!isLetThrough && state.TranslatesNext()) tag = line;
+    }
+    return tags;
+}
+
 TEdits TagEdits(const TmlFoundSourceStrings& rows, const TSourceText& source) {
     TEdits edits;
-    for (const TTextRange& range : IgnoredLines(rows, source)) {
+    const std::vector<TTextRange> ignored = IgnoredLines(rows, source);
+    if (ignored.empty()) return edits;
+    const std::map<std::size_t, TTextRange> translated = TranslateTags(source);
+    for (const TTextRange& range : ignored) {
+        // Without its tag the line is a part of the block that encloses it; a block of its own would end it.
+        if (const auto tag = translated.find(range.Begin); tag != translated.end()) {
+            edits.push_back({tag->second.Begin, tag->second.End, ""});
+            continue;
+        }
         const bool lastLineEnds = source.Text()[range.End - 1] == '\n';
         TIgnoreTags tags(source.Language(), true, lastLineEnds);
         edits.push_back({range.Begin, range.Begin, std::move(tags.Before)});
@@ -150,8 +177,7 @@ class TProof {
         std::ptrdiff_t shift = 0;
         for (const TEdit& edit : edits_) {
             const auto begin = static_cast<std::size_t>(static_cast<std::ptrdiff_t>(edit.Begin) + shift);
-            shift += static_cast<std::ptrdiff_t>(edit.Text.size()) -
-                     static_cast<std::ptrdiff_t>(edit.End - edit.Begin);
+            shift += Growth(edit);
             if (calls_.size() == rows.size() || !IsEditOf(edit, *rows[calls_.size()])) continue;
             const TmlFoundSourceString& row = *rows[calls_.size()];
             calls_.push_back({begin, begin + edit.Text.size()});
@@ -178,24 +204,54 @@ class TProof {
         return rows;
     }
 
-    /// The next scan must pass over every call.
+    /// The next scan must pass over every call and every marked string, and offer nothing that this one
+    /// passes over.
     void CheckSecondScan() const {
-        TScanInput input = input_;
-        input.Source = newSource_;
-        input.Selection.reset();
-        input.WithAdvice = false;
-        input.Progress = nullptr;
-        const TScanResult second = Scan(input);
+        const std::set<std::size_t> offered = Offered();
         const std::vector<const TmlFoundSourceString*> rows = Rewritten();
         std::size_t call = 0;
-        for (const TmlFoundSourceString& row : second.Found) {
+        std::size_t edit = 0;
+        std::ptrdiff_t shift = 0;
+        for (const TmlFoundSourceString& row : ScanWhole(newSource_)) {
             const auto place = static_cast<std::size_t>(row.Position - 1);
             while (call < calls_.size() && calls_[call].End <= place)
                 ++call;
             if (call < calls_.size() && calls_[call].Begin <= place)
                 Fail(static_cast<std::size_t>(rows[call]->SpanBegin - 1),
                      "a string inside the call '" + rows[call]->StrID + "' would be found again");
+            for (; edit < edits_.size() && NewEnd(edits_[edit], shift) <= place; ++edit)
+                shift += Growth(edits_[edit]);
+            const auto former = static_cast<std::size_t>(static_cast<std::ptrdiff_t>(place) - shift);
+            if (!offered.contains(former)) Fail(former, "the next scan would offer what is passed over now");
         }
+    }
+
+    static std::ptrdiff_t Growth(const TEdit& edit) {
+        return static_cast<std::ptrdiff_t>(edit.Text.size()) -
+               static_cast<std::ptrdiff_t>(edit.End - edit.Begin);
+    }
+    /// Given by how much the edits in front have moved the text.
+    static std::size_t NewEnd(const TEdit& edit, std::ptrdiff_t shift) {
+        return static_cast<std::size_t>(static_cast<std::ptrdiff_t>(edit.Begin) + shift) + edit.Text.size();
+    }
+
+    /// Where the strings stand that may be offered again.
+    std::set<std::size_t> Offered() const {
+        std::set<std::size_t> places;
+        for (const TmlFoundSourceString& row : ScanWhole(input_.Source))
+            places.insert(static_cast<std::size_t>(row.Position - 1));
+        for (const TmlFoundSourceString& row : kept_)
+            places.erase(static_cast<std::size_t>(row.Position - 1));
+        return places;
+    }
+
+    TmlFoundSourceStrings ScanWhole(const TSharedSource& source) const {
+        TScanInput input = input_;
+        input.Source = source;
+        input.Selection.reset();
+        input.WithAdvice = false;
+        input.Progress = nullptr;
+        return Scan(input).Found;
     }
 
     const TmlFoundSourceStrings& kept_;

@@ -75,6 +75,8 @@ class TTagState {
 
     /// Takes the next line (with or without its end); true when it is to be scanned for literals.
     bool NextLine(std::string_view line);
+    /// True when a tag lets the next line that is scanned through although it stands in an ignored block.
+    bool TranslatesNext() const { return translateNext_; }
 
   private:
     const TLanguage* language_;

@@ -80,6 +80,23 @@ TEST(Rewrite, KeepsTagLinesOutOfCommentsAndContinuedLines) {
     }
 }
 
+TEST(Rewrite, AMarkTakesBackTheTagThatLetsALineThrough) {
+    const std::string tag = "{TML:TRANSLATE NEXT}\r\n";
+    const std::string lines = "  s := 'ab';\r\n  t := 'cd';\r\n";
+    const TScanInput input = InputFor("a.pas", "{TML:IGNORE ON}\r\n" + tag + lines + "{TML:IGNORE OFF}\r\n");
+    TmlFoundSourceStrings rows = Scan(input).Found;
+    ASSERT_EQ(rows.Count(), 1);
+    rows[0].MarkedToIgnore = true;
+    EXPECT_EQ(Rewritten(input, rows), "{TML:IGNORE ON}\r\n" + lines + "{TML:IGNORE OFF}\r\n");
+
+    // A block around the line would end the one that it stands in.
+    const std::size_t begin = input.Text().find("  s");
+    const std::size_t end = input.Text().find("  t");
+    const TEdits edits{{begin, begin, "{TML:IGNORE ON}\r\n"}, {end, end, "{TML:IGNORE OFF}\r\n"}};
+    EXPECT_THROW(ProveRewrite(rows, input, edits), EBadInput);
+    EXPECT_THROW(ProveRewrite(rows, input, {}), EBadInput);
+}
+
 TEST(Rewrite, ProofRefusesWhatWouldNotBeFound) {
     const TScanInput input = InputFor("unit1.pas", "x;\r\ns := 'ab' + 'cd';\r\n");
     const TmlFoundSourceStrings rows = Scan(input).Found;
