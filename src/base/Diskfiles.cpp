@@ -8,6 +8,8 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <limits>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -59,6 +61,20 @@ constexpr const char* kNoFile = "cannot be read: it is no file";
                                      [&](const TRemedy& row) { return row.Error == error; });
     throw EFileError(path, 0, action + ": " + std::strerror(error),
                      known == std::end(kRemedies) ? "" : known->Text);
+}
+
+/// Places in a text are counted in 32 bits.
+constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
+
+/// What read makes of a file of a size; a file that is too large is named.
+template <typename Read>
+std::string InMemory(const std::string& path, std::uint64_t size, Read read) {
+    if (size > kLargestFile) throw EFileError(path, 0, "is larger than 2 GB", kTooLarge);
+    try {
+        return read(static_cast<std::size_t>(size));
+    } catch (const std::bad_alloc&) {
+        throw EFileError(path, 0, kNoMemory, kTooLarge);
+    }
 }
 
 #ifndef _WIN32
@@ -224,7 +240,9 @@ std::string ReadWhole(const std::string& path) {
     if (S_ISDIR(status->st_mode)) Fail(path, "cannot be read", EISDIR);
     // A pipe or a device has no size, and opening it may wait for ever.
     if (!S_ISREG(status->st_mode)) throw EFileError(path, 0, kNoFile);
-    return TDescriptor(path, O_RDONLY, "cannot be read").Read(static_cast<std::size_t>(status->st_size));
+    return InMemory(path, static_cast<std::uint64_t>(status->st_size), [&](std::size_t size) {
+        return TDescriptor(path, O_RDONLY, "cannot be read").Read(size);
+    });
 }
 #else
 class TFileLock : public IFileLock {
@@ -262,13 +280,15 @@ std::string ReadWhole(const std::string& path) {
     if (!info) Fail(path, "cannot be read", ENOENT);
     if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
     if (!fs::is_regular_file(ToPath(path))) throw EFileError(path, 0, kNoFile);
-    std::ifstream file(ToPath(path), std::ios::binary);
-    if (!file) Fail(path, "cannot be read", errno);
-    std::string bytes(static_cast<std::size_t>(info->Size), '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad()) Fail(path, "cannot be read", errno);
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
+    return InMemory(path, info->Size, [&](std::size_t size) {
+        std::ifstream file(ToPath(path), std::ios::binary);
+        if (!file) Fail(path, "cannot be read", errno);
+        std::string bytes(size, '\0');
+        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (file.bad()) Fail(path, "cannot be read", errno);
+        bytes.resize(static_cast<std::size_t>(file.gcount()));
+        return bytes;
+    });
 }
 #endif
 

@@ -23,6 +23,10 @@ class EBadInput : public std::runtime_error {
     std::string problem_;
 };
 
+/// What is said of a file for whose work std::bad_alloc was thrown, and what to do about it.
+inline constexpr const char* kNoMemory = "needs more memory than there is";
+inline constexpr const char* kTooLarge = "Divide it, or leave it out";
+
 /// A file operation that the system refused; same form of message, File() is the path.
 class EFileError : public EBadInput {
   public:

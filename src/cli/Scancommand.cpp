@@ -139,6 +139,8 @@ class TScanRun {
             ++scanned_;
         } catch (const EBadInput& error) {
             Fail(error.what());
+        } catch (const std::bad_alloc&) {
+            Fail(EBadInput(target.FileName, 0, kNoMemory, kTooLarge).what());
         }
     }
 

@@ -91,6 +91,9 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
     } catch (const EBadInput& error) {
         failed = true;
         Answers().Errors.emplace_back(error.what());
+    } catch (const std::bad_alloc&) {
+        failed = true;
+        Answers().Errors.emplace_back(EBadInput("", 0, kNoMemory, kTooLarge).what());
     }
     PrintMessages(subject);
     failures_ += failed || !Answers().Errors.empty() ? 1 : 0;

@@ -55,6 +55,17 @@ TEST_F(TDiskfiles, APipeIsNeitherReadNorWaitedFor) {
     EXPECT_EQ(Disk->Read(Path), "new");
 }
 
+TEST_F(TDiskfiles, AFileThatIsTooLargeIsNamed) {
+    Disk->Stage(Path, "", "");
+    fs::resize_file(Path, std::uintmax_t{1} << 40U);
+    try {
+        Disk->Read(Path);
+        ADD_FAILURE() << "it was read";
+    } catch (const EFileError& error) {
+        EXPECT_EQ(error.what(), Path + ": is larger than 2 GB. Divide it, or leave it out");
+    }
+}
+
 TEST_F(TDiskfiles, AStagedFileIsLikeTheOneThatItReplaces) {
     const std::string staged = (Folder / "staged").string();
     Disk->Stage(Path, "old", "");
