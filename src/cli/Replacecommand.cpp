@@ -103,7 +103,9 @@ class TReplaceRun {
                 throw EBadInput(target.FileName, 0, "is the unit of the form " + target.FormName,
                                 "Say --form " + target.FormName + " without --unit");
             if (session_.Context().Project.TranslatableUnits.IndexOf(target.FileName) < 0)
-                throw EBadInput(target.FileName, 0, "is no unit of Object Pascal or C++");
+                throw EBadInput(target.FileName, 0,
+                                "strings are replaced in .pas, .dpr, .cpp and .c files only",
+                                "Give the unit one of these extensions, in the project too");
             files.push_back(target.FileName);
         }
         return files;

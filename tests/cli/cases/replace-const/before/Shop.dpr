@@ -5,7 +5,8 @@ uses
   Main in 'Main.pas' {MainForm},
   Stock in 'Stock.pas' {StockData: TDataModule},
   Prices in 'Prices.pas',
-  Broken in 'Broken.pas';
+  Broken in 'Broken.pas',
+  Old in 'Old.pp';
 
 begin
   Application.Initialize;

@@ -1,0 +1,10 @@
+unit Old;
+
+interface
+
+const
+  Saying = 'old is gold';
+
+implementation
+
+end.
