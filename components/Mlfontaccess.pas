@@ -1,0 +1,183 @@
+{ Fonts, known by what they publish. A value gives Name, Height and Style, or some of these; a part that is not
+  given stays as the form has it. }
+unit Mlfontaccess;
+
+{$IFDEF FPC}{$MODE Delphi}{$ENDIF}
+
+interface
+
+uses
+  Classes, Mlpath, Mlaccess;
+
+type
+  TmlFontParts = (fpName, fpHeight, fpStyle);
+
+  TmlFont = record
+    Given: set of TmlFontParts;
+    Name: string;
+    Height: Integer;
+    Style: Integer;
+  end;
+
+  TmlFontAccess = class(TmlAccess)
+  private
+    FNoted: Boolean;
+    FFormer: TmlFont;
+    FFormerParentFont: Boolean;
+    procedure Note(const Place: TmlPlace);
+    function Wanted(const Value: TmlValue; Font: TObject): TmlFont;
+  public
+    function Read(const Place: TmlPlace): string; override;
+    function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
+    procedure Write(const Place: TmlPlace; const Value: TmlValue); override;
+  end;
+
+function IsFont(Item: TObject): Boolean;
+
+implementation
+
+uses
+  SysUtils, TypInfo;
+
+function IsFont(Item: TObject): Boolean;
+begin
+  Result := (Item is TPersistent) and IsPublishedProp(Item, 'Name') and IsPublishedProp(Item, 'Height') and
+    IsPublishedProp(Item, 'Style') and (PropType(Item, 'Style') = tkSet);
+end;
+
+{ The style of words such as "Bold,Italic", which the elements of the set are called without their prefix. }
+function StyleOf(const Words: string; Font: TObject): Integer;
+var
+  Elements: PTypeInfo;
+  I: Integer;
+begin
+  Elements := GetTypeData(GetPropInfo(Font, 'Style')^.PropType)^.CompType;
+  Result := 0;
+  for I := GetTypeData(Elements)^.MinValue to GetTypeData(Elements)^.MaxValue do
+    if Pos(',' + Copy(LowerCase(GetEnumName(Elements, I)), 3, MaxInt) + ',', ',' + LowerCase(Words) + ',') > 0 then
+      Result := Result or (1 shl I);
+end;
+
+procedure ApplySetting(const Setting: string; Font: TObject; var Value: TmlFont);
+var
+  Name, Text: string;
+begin
+  Name := LowerCase(Copy(Setting, 1, Pos('=', Setting) - 1));
+  Text := Copy(Setting, Length(Name) + 2, MaxInt);
+  if Name = 'name' then
+  begin
+    Include(Value.Given, fpName);
+    Value.Name := Text;
+  end
+  else if (Name = 'height') and TryStrToInt(Text, Value.Height) then
+    Include(Value.Given, fpHeight)
+  else if Name = 'style' then
+  begin
+    Include(Value.Given, fpStyle);
+    Value.Style := StyleOf(Text, Font);
+  end;
+end;
+
+{ A semicolon ends a setting, a backslash takes the sign behind it as it is. }
+function ParseFont(const Text: string; Font: TObject): TmlFont;
+var
+  Setting: string;
+  I: Integer;
+begin
+  Result := Default(TmlFont);
+  Setting := '';
+  I := 1;
+  while I <= Length(Text) do
+  begin
+    if Text[I] = ';' then
+    begin
+      ApplySetting(Setting, Font, Result);
+      Setting := '';
+    end
+    else
+    begin
+      if (Text[I] = '\') and (I < Length(Text)) then Inc(I);
+      Setting := Setting + Text[I];
+    end;
+    Inc(I);
+  end;
+  ApplySetting(Setting, Font, Result);
+end;
+
+function ReadFont(Font: TObject): TmlFont;
+begin
+  Result.Given := [fpName, fpHeight, fpStyle];
+  Result.Name := GetStrProp(Font, 'Name');
+  Result.Height := GetOrdProp(Font, 'Height');
+  Result.Style := GetOrdProp(Font, 'Style');
+end;
+
+function FontShows(Font: TObject; const Value: TmlFont): Boolean;
+var
+  Shown: TmlFont;
+begin
+  Shown := ReadFont(Font);
+  Result := (not (fpName in Value.Given) or (Shown.Name = Value.Name)) and
+    (not (fpHeight in Value.Given) or (Shown.Height = Value.Height)) and
+    (not (fpStyle in Value.Given) or (Shown.Style = Value.Style));
+end;
+
+function FontAt(const Place: TmlPlace): TObject;
+begin
+  Result := GetObjectProp(Place.Instance, Place.Info);
+end;
+
+function ReadParentFont(const Place: TmlPlace): Boolean;
+begin
+  Result := IsPublishedProp(Place.Instance, 'ParentFont') and (GetOrdProp(Place.Instance, 'ParentFont') <> 0);
+end;
+
+function TmlFontAccess.Read(const Place: TmlPlace): string;
+var
+  Shown: TmlFont;
+begin
+  Shown := ReadFont(FontAt(Place));
+  Result := Format('Height=%d;Style=%d;Name=%s', [Shown.Height, Shown.Style, Shown.Name]);
+end;
+
+{ Parts that the value leaves out are those from before the first change. }
+function TmlFontAccess.Wanted(const Value: TmlValue; Font: TObject): TmlFont;
+begin
+  Result := ParseFont(Value.Text, Font);
+  if not FNoted then Exit;
+  if not (fpName in Result.Given) then Result.Name := FFormer.Name;
+  if not (fpHeight in Result.Given) then Result.Height := FFormer.Height;
+  if not (fpStyle in Result.Given) then Result.Style := FFormer.Style;
+  Result.Given := FFormer.Given;
+end;
+
+function TmlFontAccess.Shows(const Place: TmlPlace; const Value: TmlValue): Boolean;
+begin
+  Result := FontShows(FontAt(Place), Wanted(Value, FontAt(Place))) and
+    not (FNoted and Value.IsBase and FFormerParentFont and not ReadParentFont(Place));
+end;
+
+procedure TmlFontAccess.Note(const Place: TmlPlace);
+begin
+  FNoted := True;
+  FFormer := ReadFont(FontAt(Place));
+  FFormerParentFont := ReadParentFont(Place);
+end;
+
+{ A font of its own switches ParentFont off; the base language puts it back. }
+procedure TmlFontAccess.Write(const Place: TmlPlace; const Value: TmlValue);
+var
+  Font: TObject;
+  Wish: TmlFont;
+begin
+  Font := FontAt(Place);
+  if not FNoted then Note(Place);
+  Wish := Wanted(Value, Font);
+  SetStrProp(Font, 'Name', Wish.Name);
+  SetOrdProp(Font, 'Height', Wish.Height);
+  SetOrdProp(Font, 'Style', Wish.Style);
+  if Value.IsBase and FFormerParentFont and not ReadParentFont(Place) then
+    SetOrdProp(Place.Instance, 'ParentFont', Ord(True));
+end;
+
+end.

@@ -1,0 +1,183 @@
+{ The languages of a component: their number, their names, and which one is active. }
+unit Mllanguages;
+
+{$IFDEF FPC}{$MODE Delphi}{$ENDIF}
+
+interface
+
+uses
+  Classes;
+
+const
+  { More languages than anyone has; keeps a broken form from filling the memory. }
+  MostLanguages = 10000;
+
+type
+  { What could not be found. }
+  TmlMissingKind = (mkText, mkLanguage, mkTarget, mkRefused);
+  { Name is an ID, the name of a language, or the key of an entry (behind it, where the property refused a value, why).
+    A missing text is told in the thread that asked for it. }
+  TmlMissingEvent = procedure(Sender: TObject; Kind: TmlMissingKind; const Name: string) of object;
+
+  { Places of languages count from 1, the base language's. The active language is stored by its name; the base
+    language is active where the name is empty or unknown. }
+  TmlLanguages = class(TComponent)
+  private
+    FNumOfLanguages: Integer;
+    FLangNames: TStringList;
+    FLanguage: string;
+    FOnChangeLanguage: TNotifyEvent;
+    procedure SetLangNames(Value: TStrings);
+    procedure SetLanguage(const Value: string);
+    procedure SetNumOfLanguages(Value: Integer);
+    function GetLangNames: TStrings;
+    function GetLanguage: string;
+    function OwnName(Place: Integer): string;
+  protected
+    { The component that has number, names and language for this one. }
+    function Decisive: TmlLanguages; virtual;
+    { The language has to become the one at this place. }
+    procedure ChangeTo(Place: Integer); virtual; abstract;
+    procedure LanguageMissing(const Name: string); virtual;
+    procedure Tell(Sender: TObject); virtual;
+    { Names, number or delimiter have changed. }
+    procedure NamesChanged; virtual;
+    property OnChangeLanguage: TNotifyEvent read FOnChangeLanguage write FOnChangeLanguage;
+  public
+    constructor Create(AOwner: TComponent); override;
+    destructor Destroy; override;
+    function LanguageCount: Integer;
+    { A generated name where there is none. }
+    function LanguageName(Place: Integer): string;
+    { 0 for a name that is not there. }
+    function PlaceOf(const Name: string): Integer;
+    function ActivePlace: Integer;
+    { Stores the active language; nothing else happens. }
+    procedure StoreLanguage(Place: Integer);
+    { Everything that is loaded together is there now. }
+    procedure EndLoading; virtual; abstract;
+    { Adds what sets the active language. }
+    procedure AddAppliers(Appliers: TInterfaceList); virtual; abstract;
+    property NumOfLanguages: Integer read FNumOfLanguages write SetNumOfLanguages default 1;
+    property LangNames: TStrings read GetLangNames write SetLangNames;
+    { A name that is not among the names leaves the language as it is. }
+    property Language: string read GetLanguage write SetLanguage;
+  end;
+
+implementation
+
+uses
+  Math, SysUtils, Mltext;
+
+constructor TmlLanguages.Create(AOwner: TComponent);
+begin
+  inherited Create(AOwner);
+  FNumOfLanguages := 1;
+  FLangNames := TStringList.Create;
+end;
+
+destructor TmlLanguages.Destroy;
+begin
+  FLangNames.Free;
+  inherited Destroy;
+end;
+
+function TmlLanguages.Decisive: TmlLanguages;
+begin
+  Result := Self;
+end;
+
+procedure TmlLanguages.LanguageMissing(const Name: string);
+begin
+  { told by those that have an event for it }
+end;
+
+procedure TmlLanguages.NamesChanged;
+begin
+  { nothing depends on them here }
+end;
+
+procedure TmlLanguages.Tell(Sender: TObject);
+begin
+  if Assigned(FOnChangeLanguage) then FOnChangeLanguage(Self);
+end;
+
+function TmlLanguages.GetLangNames: TStrings;
+begin
+  Result := FLangNames;
+end;
+
+procedure TmlLanguages.SetLangNames(Value: TStrings);
+begin
+  FLangNames.Assign(Value);
+  NamesChanged;
+end;
+
+procedure TmlLanguages.SetNumOfLanguages(Value: Integer);
+begin
+  FNumOfLanguages := Value;
+  NamesChanged;
+end;
+
+function TmlLanguages.LanguageCount: Integer;
+begin
+  Result := EnsureRange(Decisive.FNumOfLanguages, 1, MostLanguages);
+end;
+
+function TmlLanguages.OwnName(Place: Integer): string;
+begin
+  Result := '';
+  if Place <= FLangNames.Count then Result := FLangNames[Place - 1];
+  if Result = '' then Result := Format('Language N%d', [Place]);
+end;
+
+function TmlLanguages.LanguageName(Place: Integer): string;
+begin
+  Result := Decisive.OwnName(Place);
+end;
+
+function TmlLanguages.PlaceOf(const Name: string): Integer;
+begin
+  for Result := 1 to LanguageCount do
+    if SameIgnoringCase(LanguageName(Result), Name) then Exit;
+  Result := 0;
+end;
+
+function TmlLanguages.ActivePlace: Integer;
+begin
+  Result := 1;
+  if Decisive.FLanguage <> '' then Result := Max(PlaceOf(Decisive.FLanguage), 1);
+end;
+
+{ Streaming stores the name as it is. }
+function TmlLanguages.GetLanguage: string;
+begin
+  if csWriting in ComponentState then
+    Result := FLanguage
+  else
+    Result := LanguageName(ActivePlace);
+end;
+
+procedure TmlLanguages.SetLanguage(const Value: string);
+var
+  Place: Integer;
+begin
+  if [csLoading, csDesigning] * ComponentState <> [] then
+  begin
+    FLanguage := Value;
+    Exit;
+  end;
+  Place := 1;
+  if Value <> '' then Place := PlaceOf(Value);
+  if Place = 0 then
+    LanguageMissing(Value)
+  else if Place <> ActivePlace then
+    Decisive.ChangeTo(Place);
+end;
+
+procedure TmlLanguages.StoreLanguage(Place: Integer);
+begin
+  if Place = 1 then FLanguage := '' else FLanguage := OwnName(Place);
+end;
+
+end.

@@ -1,0 +1,142 @@
+{ Nothing is set while something loads: a component that is read later, or a descendant form, would set its
+  properties over it. What was loaded together is applied together, once the outermost loading has ended. }
+unit Mlloading;
+
+{$IFDEF FPC}{$MODE Delphi}{$ENDIF}
+
+interface
+
+uses
+  Classes, Mllanguages;
+
+{ Forms, frames and data modules of this class tell the end of their loading. }
+procedure WatchLoading(RootClass: TComponentClass);
+
+{ From Loaded and from the destructor. }
+procedure AwaitEndOfLoading(Component: TmlLanguages);
+procedure ForgetLoading(Component: TmlLanguages);
+
+{ Applies what has been loaded. Only a program that reads a form with a reader of its own has to call this, before it
+  shows the form; a visual library calls it soon. }
+procedure ApplyLoaded;
+
+var
+  { Set by the unit of the visual library: has ApplyLoaded called soon. }
+  ApplyLoadedSoon: procedure = nil;
+
+implementation
+
+uses
+  Mlchange;
+
+threadvar
+  Pending: TFPList;
+  Depth: Integer;
+  Initialised: TComponent;
+
+procedure AwaitEndOfLoading(Component: TmlLanguages);
+begin
+  if Pending = nil then Pending := TFPList.Create;
+  if Pending.IndexOf(Component) < 0 then Pending.Add(Component);
+  if (Depth = 0) and Assigned(ApplyLoadedSoon) then ApplyLoadedSoon;
+end;
+
+procedure ForgetLoading(Component: TmlLanguages);
+begin
+  if Pending <> nil then Pending.Remove(Component);
+end;
+
+function IsLoading(Component: TComponent): Boolean;
+begin
+  while Component <> nil do
+  begin
+    Result := [csLoading, csReading] * Component.ComponentState <> [];
+    if Result then Exit;
+    Component := Component.Owner;
+  end;
+  Result := False;
+end;
+
+{ Takes those from the list that are loaded, owners included. }
+function TakeLoaded: TFPList;
+var
+  I: Integer;
+begin
+  Result := TFPList.Create;
+  for I := 0 to Pending.Count - 1 do
+    if not IsLoading(TComponent(Pending[I])) then
+    begin
+      Result.Add(Pending[I]);
+      Pending[I] := nil;
+    end;
+  Pending.Pack;
+  if Pending.Count > 0 then Exit;
+  Pending.Free;
+  Pending := nil;
+end;
+
+procedure ApplyAll(Loaded: TFPList);
+var
+  I: Integer;
+  Appliers: TInterfaceList;
+begin
+  Appliers := TInterfaceList.Create;
+  try
+    for I := 0 to Loaded.Count - 1 do
+      TmlLanguages(Loaded[I]).EndLoading;
+    for I := 0 to Loaded.Count - 1 do
+      TmlLanguages(Loaded[I]).AddAppliers(Appliers);
+    ApplyTogether(Appliers);
+  finally
+    Appliers.Free;
+  end;
+end;
+
+procedure ApplyLoaded;
+var
+  Loaded: TFPList;
+begin
+  if (Depth > 0) or (Pending = nil) then Exit;
+  Loaded := TakeLoaded;
+  try
+    ApplyAll(Loaded);
+  finally
+    Loaded.Free;
+  end;
+end;
+
+{$IFDEF FPC}
+{ Called before the handler that reads the resource; calls that one itself, so as to see its end. }
+function InitComponent(Instance: TComponent; RootAncestor: TClass): Boolean;
+var
+  Outer: TComponent;
+begin
+  Result := False;
+  if Initialised = Instance then Exit;
+  Outer := Initialised;
+  Initialised := Instance;
+  Inc(Depth);
+  try
+    Result := InitInheritedComponent(Instance, RootAncestor);
+  finally
+    Dec(Depth);
+    Initialised := Outer;
+  end;
+  ApplyLoaded;
+end;
+
+procedure WatchLoading(RootClass: TComponentClass);
+begin
+  RegisterInitComponentHandler(RootClass, InitComponent);
+end;
+
+initialization
+  WatchLoading(TDataModule);
+{$ELSE}
+procedure WatchLoading(RootClass: TComponentClass);
+begin
+  { without such handlers a program calls ApplyLoaded }
+end;
+{$ENDIF}
+
+end.

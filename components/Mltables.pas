@@ -1,0 +1,63 @@
+{ The tables of a component as it streams them: lists of raw lines. }
+unit Mltables;
+
+{$IFDEF FPC}{$MODE Delphi}{$ENDIF}
+
+interface
+
+uses
+  Classes;
+
+type
+  TStringsType = (stCaptions, stHints, stDisplayLabels, stFonts, stMultiLines, stDlgsCaptions, stStrings,
+    stOtherStrings, stLocales, stCollections, stCharSets, stListView_TreeView_Items);
+
+  TmlTables = class
+  private
+    FLists: array[TStringsType] of TStringList;
+    FOnChange: TNotifyEvent;
+    function GetList(Kind: TStringsType): TStrings;
+    procedure ListChanged(Sender: TObject);
+  public
+    constructor Create;
+    destructor Destroy; override;
+    property Lists[Kind: TStringsType]: TStrings read GetList; default;
+    { Sender is the list. }
+    property OnChange: TNotifyEvent read FOnChange write FOnChange;
+  end;
+
+implementation
+
+constructor TmlTables.Create;
+var
+  Kind: TStringsType;
+begin
+  inherited Create;
+  for Kind := Low(Kind) to High(Kind) do
+  begin
+    FLists[Kind] := TStringList.Create;
+    FLists[Kind].OnChange := ListChanged;
+  end;
+end;
+
+destructor TmlTables.Destroy;
+var
+  Kind: TStringsType;
+begin
+  FOnChange := nil;
+  for Kind := Low(Kind) to High(Kind) do
+    FLists[Kind].Free;
+  inherited Destroy;
+end;
+
+function TmlTables.GetList(Kind: TStringsType): TStrings;
+begin
+  Result := FLists[Kind];
+end;
+
+procedure TmlTables.ListChanged(Sender: TObject);
+begin
+  if Assigned(FOnChange) then FOnChange(Sender);
+end;
+
+end.
