@@ -29,7 +29,7 @@ struct TContext {
     TExpertSettings& Settings;
     TFormsList Rows;
     std::function<void()> OnRowsChanged;    ///< what shows the rows is told that others changed them
-    std::function<void()> ShowExpert;       ///< brings up the main window on the open project
+    std::function<void()> ShowExpert;       ///< brings up the main window; EmlLangSilent if it is stopped
     std::function<void()> BringToTop;       ///< the main window, as it is
     std::function<void()> RebuildMenuItem;  ///< after a change of the settings that it shows
     /// Lets the person change the options; the window opens at the page of the control of this name, which

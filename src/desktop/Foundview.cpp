@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QLabel>
+#include <QTextBlock>
 
 #include "desktop/Filterbox.h"
 #include "desktop/Icons.h"
@@ -15,6 +16,25 @@ namespace {
 
 constexpr int kMarkTint = 90;  ///< of 255
 constexpr int kRemarkSize = 16;
+constexpr int kLineTint = 50;
+
+/// Tints the lines of a diff that go and those that come.
+QList<QTextEdit::ExtraSelection> ChangedLines(const QTextDocument& diff) {
+    QList<QTextEdit::ExtraSelection> tinted;
+    for (QTextBlock line = diff.begin(); line.isValid(); line = line.next()) {
+        const QString text = line.text();
+        const bool isName = text.startsWith("+++") || text.startsWith("---");
+        if (isName || !(text.startsWith('+') || text.startsWith('-'))) continue;
+        QTextEdit::ExtraSelection mark;
+        mark.cursor = QTextCursor(line);
+        QColor tint = text.startsWith('+') ? Qt::green : Qt::red;
+        tint.setAlpha(kLineTint);
+        mark.format.setBackground(tint);
+        mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+        tinted += mark;
+    }
+    return tinted;
+}
 
 }  // namespace
 
@@ -32,7 +52,10 @@ TFoundView::TFoundView(TfrmFound& form, const TViewServices& services)
     }
     ui_->splitter->setStretchFactor(0, 1);
     ui_->splitter->setStretchFactor(1, 0);
-    ui_->memPreview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    for (QPlainTextEdit* pane : {ui_->memPreview, ui_->memChange})
+        pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui_->memChange->hide();  // before the heights are laid out
+    binder_.Click(ui_->wholeChange, [this] { form_.acShowChange(); });
     binder_.Click(ui_->hideNotice, [this] { form_.HideNotice(); });
     binder_.Label(ui_->tableCaption, form_.TableCaption);
     BindTable();
@@ -85,6 +108,7 @@ void TFoundView::Refresh() {
     binder_.Refresh();
     actions_->Refresh();
     RefreshPreview();
+    RefreshChange();
     RefreshRemark();
     ui_->notice->setVisible(form_.NoticeVisible);
     for (std::size_t i = 0; i < form_.StatusPanels.size(); ++i)
@@ -110,6 +134,17 @@ void TFoundView::RefreshPreview() {
     cursor.setPosition(begin);
     ui_->memPreview->setTextCursor(cursor);
     ui_->memPreview->centerCursor();
+}
+
+void TFoundView::RefreshChange() {
+    ui_->wholeChange->setEnabled(form_.HasChange());
+    ui_->wholeChange->setChecked(form_.ShowsChange);
+    ui_->memPreview->setVisible(!form_.ShowsChange);
+    ui_->memChange->setVisible(form_.ShowsChange);
+    if (!form_.ShowsChange || change_ == form_.Change) return;
+    change_ = form_.Change;
+    ui_->memChange->setPlainText(ToQt(change_));
+    ui_->memChange->setExtraSelections(ChangedLines(*ui_->memChange->document()));
 }
 
 void TFoundView::RefreshRemark() {

@@ -32,6 +32,7 @@ class TFoundView : public TView {
     void Execute(const TAction& action);
     void LayOut();
     void RefreshPreview();
+    void RefreshChange();
     void RefreshRemark();
 
     TfrmFound& form_;
@@ -41,6 +42,7 @@ class TFoundView : public TView {
     TGridModel model_;
     std::unique_ptr<TActionBinding> actions_;
     std::array<QLabel*, 4> panels_{};
+    std::string change_;  ///< as it is shown
     bool laidOut_ = false;
 };
 

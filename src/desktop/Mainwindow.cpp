@@ -241,6 +241,10 @@ void TMainWindow::ShowTopic(const std::string& topic) {
 
 void TMainWindow::ShowLocalMenu(const QPoint& at) {
     TMenuItem& menu = host_->Ide().GetNTAServices()->GetEditorLocalMenu();
+    const TTextPage& page = *tabs_->CurrentText();
+    FindItem(menu, "Cut1")->Enabled = page.hasSelectedText();
+    FindItem(menu, "Copy1")->Enabled = page.hasSelectedText();
+    FindItem(menu, "Paste1")->Enabled = page.SendScintilla(QsciScintilla::SCI_CANPASTE) != 0;
     auto* popup = new QMenu(this);
     popup->setObjectName("editorLocalMenu");
     popup->setAttribute(Qt::WA_DeleteOnClose);

@@ -176,6 +176,8 @@ void TPictures::TakeAll() {
             skipped.close();
         });
         review.findChild<QAction*>("acViewSkipped")->trigger();
+        review.findChild<QAction*>("acShowChange")->trigger();
+        Take(review, "change");
         review.findChild<QAction*>("acRemoveSelection")->trigger();
         steps_.push_back([this](QWidget& question) {
             Take(question, "question");

@@ -8,6 +8,7 @@
 #include "expert/Subjects.h"
 #include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
+#include "scan/Skippedstrings.h"
 #include "translations/Formlanguages.h"
 
 namespace tml {
@@ -75,6 +76,8 @@ constexpr std::array kCommands{
              "Source", false, nullptr, "Move the hard-coded strings of selected forms' units into the forms",
              "Source|Moves the hard-coded strings of selected forms' units into the forms"},
     TCommand{"SourceWithoutForm", "W&ithout form...", "", 0, plFile, Source, OnScan<SourceWithoutForm>},
+    TCommand{"SkippedStrings", "S&kipped Strings...", "", 0, plFile, Source, OnScan<SkippedStrings>, "",
+             false, nullptr, "What the last scan has passed over, and why"},
     TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, OnScan<ConstWithForm>},
     TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, OnScan<ConstWithoutForm>},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,

@@ -34,7 +34,9 @@ TmlLangExpert::TmlLangExpert(const THost& host)
       services_(host.Services == nullptr ? nullptr : host.Services->GetServices()) {
     settings_.ReadSettings();
     Configure();
-    context_.ShowExpert = [this] { RunItemClick(); };
+    context_.ShowExpert = [this] {
+        if (!RunItemClick()) throw EmlLangSilent();
+    };
     context_.RebuildMenuItem = [this] {
         RemoveSettings();
         Configure();
@@ -137,11 +139,10 @@ void TmlLangExpert::InstallEditorPopupMenu() {
         item->Caption = command.Caption;
         item->OnClick = [this, &command] {
             const TCommandGate::TCommand running(context_.Gate);
-            try {
-                command.Handler(context_, subjects_.Scan);
-            } catch (const EmlLangSilent&) {
-                // The command has ended without a message, as it wanted to.
-            }
+            RunCommand([&] { command.Handler(context_, subjects_.Scan); },
+                       [this] {
+                           if (MainWindow != nullptr) RowsChanged();
+                       });
         };
         nta->GetEditorLocalMenu().Items.push_back(item);
         editorItems_.push_back(std::move(item));
@@ -209,11 +210,11 @@ TfrmmlLang* TmlLangExpert::Window() {
     return MainWindow.get();
 }
 
-void TmlLangExpert::RunItemClick() {
+bool TmlLangExpert::RunItemClick() {
     const auto project = GetActiveProject(context_);
     if (project == nullptr) {
         if (MainWindow != nullptr) MainWindow->UpdateStatusBar();
-        return;
+        return true;
     }
     const TCommandGate::TCommand running(context_.Gate);
     context_.Project = {};
@@ -222,11 +223,13 @@ void TmlLangExpert::RunItemClick() {
     TAllSteps steps;
     steps.Try([this] { ProjectClosed(); });
     const auto current = GetCurrentSourceEditor(context_);
-    if (FillList(*project)) {
+    const bool complete = FillList(*project);
+    if (complete) {
         steps.Try([&] { InitializeProjectSettings(project->GetFileName()); });
         ShowProject(current.get());
     }
     steps.Finish();
+    return complete;
 }
 
 void TmlLangExpert::ShowProject(IOTASourceEditor* current) {

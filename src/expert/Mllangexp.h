@@ -38,8 +38,9 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
 
     /// Creates the menu item in the IDE's main menu, where that has the section for it.
     void Configure();
-    /// Opens the main window on the active project, or brings it up and reads the project again.
-    void RunItemClick();
+    /// Opens the main window on the active project, or brings it up and reads the project again. False, with
+    /// an empty list, when the person has stopped the reading.
+    bool RunItemClick();
     /// Forgets the open project.
     void ProjectClosed();
     void InitializeProjectSettings(const std::string& projectFileName);

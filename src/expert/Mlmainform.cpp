@@ -282,17 +282,30 @@ void TfrmmlLang::Execute(const TCommand& command) {
     TContext& context = Context;
     const std::shared_ptr<bool> isAlive = isAlive_;
     const TCommandGate::TCommand running(context.Gate);
-    try {
+    const auto run = [&] {
         if (command.OfWindow != nullptr)
             (this->*command.OfWindow)();
         else
-            command.Handler(Context, Subjects);
-    } catch (const EmlLangSilent&) {
-        // The command has ended without a message, as it wanted to.
-    }
-    if (!*isAlive) return;
-    CheckEnableActions();
-    UpdateStatusBar();
+            command.Handler(context, Subjects);
+    };
+    RunCommand(run, [this, isAlive] {
+        if (!*isAlive) return;
+        CheckEnableActions();
+        UpdateStatusBar();
+    });
+}
+
+void RunCommand(const std::function<void()>& command, const std::function<void()>& afterwards) {
+    TAllSteps steps;
+    steps.Try([&] {
+        try {
+            command();
+        } catch (const EmlLangSilent&) {
+            // The command has ended without a message, as it wanted to.
+        }
+    });
+    afterwards();
+    steps.Finish();
 }
 
 }  // namespace tml

@@ -12,6 +12,10 @@
 
 namespace tml {
 
+/// Runs a command and, however it ends, what follows it. What the command throws passes on, but for
+/// EmlLangSilent.
+void RunCommand(const std::function<void()>& command, const std::function<void()>& afterwards);
+
 /// The main window: the forms of the project and the commands on them.
 class TfrmmlLang : public TForm {
   public:

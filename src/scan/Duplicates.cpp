@@ -5,11 +5,14 @@
 
 namespace tml {
 
-void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style) {
+void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing, const TCallStyle& style,
+                           const TStepDone& done) {
     std::unordered_map<std::string_view, TmlFoundSourceString*> firstRows;
     for (TmlFoundSourceString& row : found)
         firstRows.emplace(row.StrContent, &row);
+    int count = 0;
     for (const TTableEntry& string : existing.Entries()) {
+        if (done) done(count++);
         const auto row = firstRows.find(string.Base());
         if (row == firstRows.end()) continue;
         row->second->StrID = string.Key;
@@ -17,9 +20,11 @@ void VerifyAgainstExisting(TmlFoundSourceStrings& found, const TTable& existing,
     }
 }
 
-void MergeDuplicates(TmlFoundSourceStrings& found) {
+void MergeDuplicates(TmlFoundSourceStrings& found, const TStepDone& done) {
     std::unordered_map<std::string_view, const TmlFoundSourceString*> firstRows;
+    int count = 0;
     for (TmlFoundSourceString& row : found) {
+        if (done) done(count++);
         const auto [first, isNew] = firstRows.emplace(row.StrContent, &row);
         if (isNew) continue;
         row.StrID = first->second->StrID;

@@ -56,6 +56,7 @@ TfrmFound::TfrmFound(TContext& context, TScanMemory& memory, TFoundInput input)
     : Rows(std::move(input.Found)), context_(context), memory_(memory), input_(std::move(input)) {
     Name = "frmFound";
     Caption = Format("Found String Constants (%s)", FileNameOf(input_.FileName));
+    if (IsInSeries()) Caption += Format(" - %d of %d", input_.Place.Number, input_.Place.Count);
     ActiveControl = "sgStrings";
     if (!input_.CallOf)
         input_.CallOf = [](const TmlFoundSourceString& row, const TCallStyle& style) {
@@ -161,7 +162,11 @@ void TfrmFound::FormShow() {
 
 bool TfrmFound::FormCloseQuery() {
     if (ModalResult == mrOk || (sgStrings.Rows().empty() && !CanUndo())) return true;
-    return Confirm("This will close the Found Strings form! Continue?");
+    const int behind = input_.Place.Count - input_.Place.Number;
+    std::string question = "This will close the Found Strings form! Continue?";
+    if (behind > 0 && ModalResult != mrIgnore)
+        question += Format("\r\nUnits of the series that stay as they are, too: %d", behind);
+    return Confirm(question);
 }
 
 /// Every write reaches the disk, and a run over many units closes many reviews: only what is new is
@@ -189,6 +194,7 @@ void TfrmFound::Done() {
     if (const auto found = Rows.At(TFoundPlace::Found); found != sgStrings.Rows()) sgStrings.Assign(found);
     if (const auto deleted = Rows.At(TFoundPlace::Deleted); deleted != sgDeleted.Rows())
         sgDeleted.Assign(deleted);
+    if (ShowsChange) Change = input_.DiffOf(Kept());
     Update();
 }
 
@@ -419,6 +425,11 @@ void TfrmFound::acViewSkipped() {
     ViewSkipped(context_, memory_);
 }
 
+void TfrmFound::acShowChange() {
+    ShowsChange = !ShowsChange;
+    Done();
+}
+
 // --- undo
 
 void TfrmFound::acUndo() {
@@ -526,6 +537,10 @@ void TfrmFound::tbModifyClick() {
 
 void TfrmFound::tbCancelClick() {
     Close(mrCancel);
+}
+
+void TfrmFound::acSkipUnit() {
+    Close(mrIgnore);
 }
 
 }  // namespace tml

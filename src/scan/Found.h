@@ -10,6 +10,7 @@
 #include "scan/Foundrows.h"
 #include "scan/Replacement.h"
 #include "scan/Scanmemory.h"
+#include "scan/Series.h"
 #include "tables/Table.h"
 #include "windows/Actions.h"
 #include "windows/Grid.h"
@@ -26,6 +27,9 @@ struct TFoundInput {
     std::string IDPrefix = "IDS_";  ///< of the IDs that the scan gives out
     /// Writes the call of a row in the style; empty writes it as the style says.
     std::function<std::string(const TmlFoundSourceString& row, const TCallStyle& style)> CallOf = {};
+    /// What rewriting the rows would change, as a unified diff; empty where that is not shown.
+    std::function<std::string(const TmlFoundSourceStrings& kept)> DiffOf = {};
+    TSeriesPlace Place = {};
 };
 
 /// The source lines around a row.
@@ -51,8 +55,10 @@ class TfrmFound : public TForm {
     bool NoticeVisible = true;
     int PreviewHeight = 0;  ///< 0: as high as PreviewRows asks for
     std::array<std::string, 3> StatusPanels;
-    std::string TakenPanel;  ///< how many of the found rows are taken and left out
-    std::string IDNotice;    ///< what is wrong with the ID that is being typed, "" when nothing is
+    std::string TakenPanel;    ///< how many of the found rows are taken and left out
+    bool ShowsChange = false;  ///< the whole change in place of the lines around the current row
+    std::string Change;        ///< as a unified diff, while it is shown
+    std::string IDNotice;      ///< what is wrong with the ID that is being typed, "" when nothing is
     TActions Actions;
 
     /// The grid in front.
@@ -103,6 +109,8 @@ class TfrmFound : public TForm {
     void acTakeAll();
     /// Leaves out every found row that has an advice, hidden ones too.
     void acLeaveAdvised();
+    /// Shows the whole change, or the current row's lines again.
+    void acShowChange();
     void acUndo();
     void acRedo();
     /// Writes the calls of the selected rows, or of the current one, anew with the method.
@@ -111,7 +119,10 @@ class TfrmFound : public TForm {
 
     /// "Modify Source": closes with mrOk once it is confirmed.
     void tbModifyClick();
+    /// Gives up, and what is left of a series too.
     void tbCancelClick();
+    /// Leaves the unit as it is and goes on with the series: closes with mrIgnore.
+    void acSkipUnit();
 
     // When the commands do something.
 
@@ -124,6 +135,8 @@ class TfrmFound : public TForm {
     bool HasAdvice() const;
     bool HasAdvisedTaken() const;
     bool HasLeftOut() const { return Rows.CountLeftOut() > 0; }
+    bool IsInSeries() const { return input_.Place.Count > 1; }
+    bool HasChange() const { return static_cast<bool>(input_.DiffOf); }
     bool CanUndo() const { return Rows.CanUndo(); }
     bool CanRedo() const { return Rows.CanRedo(); }
 

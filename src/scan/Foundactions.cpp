@@ -15,6 +15,8 @@ constexpr std::array kActions{
     TRow{"ModifySource", "Modify Source", "Ctrl+Enter", &F::tbModifyClick, nullptr,
          "Applies changes and modifies source unit", "", true},
     TRow{"Cancel", "Cancel", "", &F::tbCancelClick, nullptr, "Cancels source translation"},
+    TRow{"acSkipUnit", "S&kip unit", "", &F::acSkipUnit, nullptr,
+         "Leaves this unit as it is and goes on with the next", "Skip"},
     TRow{"Help", "Help", "F1", nullptr, nullptr, "Displays help topic", "", true},
     TRow{"acTakeRow", "&Take or leave", "Space", &F::acTakeRow, &F::HasFoundRow,
          "Takes rows that are left out, leaves out the others", "Take/Leave"},
@@ -38,6 +40,8 @@ constexpr std::array kActions{
     TRow{"acDeleteRowsContains", "Delete &rows that contains...", "", &F::acDeleteRowsContains,
          &F::HasFoundRow},
     TRow{"acTypecastPChar", "&Typecast to PChar...", "", &F::acTypecastPChar, &F::HasFoundRow},
+    TRow{"acShowChange", "&Whole change", "Ctrl+D", &F::acShowChange, &F::HasChange,
+         "Shows all that will be changed, or the current row again", "", true},
     TRow{"acUndo", "&Undo", "Ctrl+Z", &F::acUndo, &F::CanUndo},
     TRow{"acRedo", "Red&o", "Shift+Ctrl+Z", &F::acRedo, &F::CanRedo},
     TRow{"UseMethod", "Use method:", "", nullptr, &F::HasFoundRow},
@@ -56,6 +60,7 @@ TActions ActionsOf(TfrmFound& window) {
     actions.ToolBar = {"ModifySource",        "Cancel",        "", "acDeleteRow", "acExclude",
                        "acMarktoIgnore",      "acTakeRow",     "", "acStartID",   "acSwitchDeleted",
                        "acRestoreDeletedRow", "acViewSkipped", "", "Help"};
+    if (window.IsInSeries()) actions.ToolBar.insert(actions.ToolBar.begin() + 2, "acSkipUnit");
     actions.Popup = {"acUndo",
                      "acRedo",
                      "",
@@ -74,6 +79,7 @@ TActions ActionsOf(TfrmFound& window) {
                      "acRestoreDeletedRow",
                      "",
                      "acViewSkipped",
+                     "acShowChange",
                      "",
                      "acSelectRow",
                      "acInvertSelection",

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/Diff.h"
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
@@ -17,6 +18,7 @@
 #include "scan/Rewrite.h"
 #include "scan/Scaninput.h"
 #include "scan/Selunit.h"
+#include "scan/Series.h"
 
 namespace tml {
 namespace {
@@ -24,16 +26,27 @@ namespace {
 constexpr std::string_view kReplaced =
     "Source file translated. All string constants added to \"Strings\" property.";
 
+constexpr const char* kModifying = "Modifying source...";
+constexpr int kSteps = 3;  ///< of it: planned and proven, the component, the source
+
+/// A unit to run over, "" for that of the row's form.
+struct TRunOver {
+    TFormRow* Row;
+    std::string UnitFile;
+};
+
 /// One run over one unit.
 class TRun {
   public:
+    /// series: nullptr for a run of its own.
     TRun(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
-         bool constSection)
+         bool constSection, TSeries* series)
         : context_(context),
           memory_(memory),
           end_(context.Dialogs()),
           row_(row),
           constSection_(constSection),
+          series_(series),
           formUnit_(row.FileName),
           unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
 
@@ -45,23 +58,33 @@ class TRun {
         Modify();
         return true;
     }
-    bool WritesCalls() const;
+    bool WritesCalls() const { return WritesCalls(strings_); }
 
   private:
+    static bool WritesCalls(const TmlFoundSourceStrings& kept);
     void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
     TTextRange Selection();
     bool FindStrings();
     bool Review();
+    TChangeSet PlanChanges(const TmlFoundSourceStrings& kept) const;
+    std::string DiffOf(const TmlFoundSourceStrings& kept) const;
     void Modify();
     void AddStrings(TmlCustomLang& lang) const;
     void Apply(const TChangeSet& changes);
 
+    /// False when the person wants to stop.
+    bool ShowProgress(const std::string& text, int position, int maximum) {
+        const bool goesOn = context_.Dialogs().ShowProgress(text, position, maximum);
+        if (!goesOn && series_ != nullptr) series_->Stop();
+        return goesOn;
+    }
     void Progress(const std::string& text, int position = 0, int maximum = 0) {
-        if (!context_.Dialogs().ShowProgress(text, position, maximum)) throw EmlLangSilent();
+        if (!ShowProgress(text, position, maximum)) throw EmlLangSilent();
     }
     void Message(const std::string& text) {
+        if (series_ != nullptr) return series_->Note(text);
         context_.Dialogs().HideProgress();
         context_.Dialogs().MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
     }
@@ -71,6 +94,7 @@ class TRun {
     TProgressEnd end_;
     TFormRow& row_;
     bool constSection_;
+    TSeries* series_;
     std::string formUnit_;
     std::string unitFile_;
     TLangPlan plan_;
@@ -112,7 +136,7 @@ TScanInput TRun::MakeInput() {
     input.Others = others;
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
-        return context_.Dialogs().ShowProgress(Format("Found strings so far: %d", found));
+        return ShowProgress(Format("Found strings so far: %d", found), 0, 0);
     };
     return input;
 }
@@ -126,6 +150,7 @@ TTextRange TRun::Selection() {
 
 bool TRun::FindStrings() {
     memory_.Skipped.clear();
+    memory_.ScannedUnit = unitFile_;
     Progress("Scanning...");
     TScanResult result = consts_ ? consts_->Scan() : Scan(input_);
     memory_.Skipped = std::move(result.Skipped);
@@ -140,9 +165,10 @@ bool TRun::Review() {
     const TCallStyle style = CallStyleOf(input_);
     const int existing = static_cast<int>(input_.Existing.Entries().size());
     Progress("Verifying found strings...", 0, existing);
-    VerifyAgainstExisting(strings_, input_.Existing, style);
-    Progress("Checking duplicates...", 0, strings_.Count());
-    MergeDuplicates(strings_);
+    VerifyAgainstExisting(strings_, input_.Existing, style,
+                          [&](int done) { Progress("Verifying found strings...", done, existing); });
+    MergeDuplicates(strings_,
+                    [this](int done) { Progress("Checking duplicates...", done, strings_.Count()); });
     if (consts_) consts_->FetchAnew(strings_);
     context_.Dialogs().HideProgress();
     TFoundInput found{unitFile_, text_, style, input_.Existing, std::move(strings_), input_.HCPrefix};
@@ -152,8 +178,12 @@ bool TRun::Review() {
             return consts_->CallOf(row, rowStyle);
         };
     }
+    found.DiffOf = [this](const TmlFoundSourceStrings& kept) { return DiffOf(kept); };
+    if (series_ != nullptr) found.Place = series_->Place();
     TfrmFound window(context_, memory_, std::move(found));
-    if (context_.Dialogs().ShowModal(window) != mrOk) return false;
+    const TModalResult result = context_.Dialogs().ShowModal(window);
+    if (series_ != nullptr && result != mrOk && result != mrIgnore) series_->Stop();
+    if (result != mrOk) return false;
     strings_ = window.Kept();
     return !strings_.Empty();
 }
@@ -168,23 +198,45 @@ void TRun::AddStrings(TmlCustomLang& lang) const {
 }
 
 /// Rows that are all marked to be ignored leave their unit without a call.
-bool TRun::WritesCalls() const {
-    return std::any_of(strings_.begin(), strings_.end(),
+bool TRun::WritesCalls(const TmlFoundSourceStrings& kept) {
+    return std::any_of(kept.begin(), kept.end(),
                        [](const TmlFoundSourceString& row) { return !row.MarkedToIgnore; });
 }
 
-void TRun::Modify() {
-    Progress("Modifying source...");
+/// All but the strings; proven.
+TChangeSet TRun::PlanChanges(const TmlFoundSourceStrings& kept) const {
     TChangeSet changes;
     changes.Title = "Replace strings of " + FileNameOf(unitFile_);
     if (consts_) {
-        consts_->Plan(strings_, text_, changes);
+        consts_->Plan(kept, text_, changes);
     } else {
-        changes.Sources.push_back({unitFile_, text_, Rewrite(strings_, input_)});
-        ProveRewrite(strings_, input_, changes.Sources.front().Edits);
+        changes.Sources.push_back({unitFile_, text_, Rewrite(kept, input_)});
+        ProveRewrite(kept, input_, changes.Sources.front().Edits);
     }
-    if (!SameText(unitFile_, formUnit_) && WritesCalls())
+    if (!SameText(unitFile_, formUnit_) && WritesCalls(kept))
         changes.UsedUnits.emplace_back(unitFile_, FileNameOf(formUnit_));
+    return changes;
+}
+
+/// Of the sources; why nothing can be changed where that is so.
+std::string TRun::DiffOf(const TmlFoundSourceStrings& kept) const {
+    if (kept.Empty()) return {};
+    try {
+        std::string diff;
+        for (const TSourceChange& source : PlanChanges(kept).Sources) {
+            const std::string name = FileNameOf(source.FileName);
+            diff += UnifiedDiff(name, name, *source.Expected, ApplyEdits(*source.Expected, source.Edits));
+        }
+        return diff;
+    } catch (const EBadInput& error) {
+        return error.what();
+    }
+}
+
+void TRun::Modify() {
+    Progress(kModifying, 0, kSteps);
+    const TChangeSet changes = PlanChanges(strings_);
+    Progress(kModifying, 1, kSteps);
     Apply(changes);
 }
 
@@ -201,15 +253,52 @@ void TRun::Apply(const TChangeSet& changes) {
         AddStrings(*lang);
         MarkModifiedForm(context_, row_.FormName);
     }
+    // What is begun is not stopped any more.
+    context_.Dialogs().ShowProgress(kModifying, 2, kSteps);
     GetModuleServices(context_)->ApplyChangeSet(changes);
     OpenFile(context_, unitFile_, true);
     scope->Commit();
     guard.Keep();
 }
 
+std::string DoneMessage(bool constSection) {
+    return std::string(constSection ? kConstsReplaced : kReplaced);
+}
+
+/// One unit of a series; what it comes to is noted there.
+void RunInSeries(TContext& context, TScanMemory& memory, const TRunOver& unit, bool constSection,
+                 TSeries& series) {
+    series.Begin();
+    try {
+        TRun run(context, memory, *unit.Row, unit.UnitFile, constSection, &series);
+        if (run.Execute()) series.NoteChange(run.WritesCalls());
+    } catch (const EmlLangSilent&) {
+        if (!series.IsStopped())
+            series.Note(Format("%s could not be used",
+                               FileNameOf(unit.UnitFile.empty() ? unit.Row->FileName : unit.UnitFile)));
+    } catch (const EBadInput& error) {
+        series.Note(error.what());
+    }
+}
+
+void RunOver(TContext& context, TScanMemory& memory, const std::vector<TRunOver>& units, bool constSection) {
+    if (units.size() == 1) {
+        DoScanReplace(context, memory, *units[0].Row, units[0].UnitFile, constSection);
+        return;
+    }
+    TSeries series(static_cast<int>(units.size()));
+    for (const TRunOver& unit : units)
+        if (!series.IsStopped()) RunInSeries(context, memory, unit, constSection, series);
+    UpdateStatusBar(context);
+    if (const std::string summary = series.Summary(DoneMessage(constSection)); !summary.empty())
+        context.Dialogs().MessageDlg(summary, TMsgDlgType::mtInformation, {mrOk});
+}
+
 void ReplaceInForm(TContext& context, TScanMemory& memory, bool constSection) {
-    if (TFormRow* row = context.Rows.Active().FirstSelected())
-        DoScanReplace(context, memory, *row, {}, constSection);
+    std::vector<TRunOver> units;
+    for (const auto& row : context.Rows.Active().Items())
+        if (row->Selected) units.push_back({row.get(), {}});
+    RunOver(context, memory, units, constSection);
 }
 
 void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
@@ -217,8 +306,10 @@ void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
     if (context.Dialogs().ShowModal(window) != mrOk) return;
     TFormRow* row = context.Rows.FormNames.FindForm(window.cbForm.Text());
     if (row == nullptr) return;
+    std::vector<TRunOver> units;
     for (const std::string& unit : window.lbUnits.SelectedItems())
-        DoScanReplace(context, memory, *row, unit, constSection);
+        units.push_back({row, unit});
+    RunOver(context, memory, units, constSection);
 }
 
 }  // namespace
@@ -228,7 +319,7 @@ bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const 
     if (GetModuleServices(context) == nullptr) return false;
     bool writesCalls = false;
     {
-        TRun run(context, memory, row, unitFile, constSection);
+        TRun run(context, memory, row, unitFile, constSection, nullptr);
         if (!run.Execute()) return false;
         writesCalls = run.WritesCalls();
     }
@@ -236,8 +327,7 @@ bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const 
     // Lines that were only marked to be ignored are seen in the source; there is nothing to be said of
     // strings.
     if (writesCalls)
-        context.Dialogs().MessageDlg(std::string(constSection ? kConstsReplaced : kReplaced),
-                                     TMsgDlgType::mtInformation, {mrOk});
+        context.Dialogs().MessageDlg(DoneMessage(constSection), TMsgDlgType::mtInformation, {mrOk});
     return true;
 }
 

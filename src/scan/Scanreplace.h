@@ -16,9 +16,10 @@ namespace tml {
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile = {},
                    bool constSection = false);
 
-/// The command "With form...": the unit of the selected row.
+/// The command "With form...": the units of the selected rows. Several are a series in the list's order, each
+/// a step of undo of its own; one that fails keeps no other back.
 void SourceWithForm(TContext& context, TScanMemory& memory);
-/// The command "Without form...": chosen units, one after another, each a step of undo of its own.
+/// The command "Without form...": chosen units, in the same way.
 void SourceWithoutForm(TContext& context, TScanMemory& memory);
 /// The same two commands for the const sections.
 void ConstWithForm(TContext& context, TScanMemory& memory);

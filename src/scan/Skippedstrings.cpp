@@ -5,6 +5,7 @@
 #include <functional>
 #include <numeric>
 
+#include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "core/Modules.h"
@@ -178,6 +179,13 @@ int TfrmSkippedStrings::CountTakenUp(IOTASourceEditor& editor) const {
 void ViewSkipped(TContext& context, const TScanMemory& memory) {
     TfrmSkippedStrings window(context, memory);
     context.Dialogs().ShowModal(window);
+}
+
+void SkippedStrings(TContext& context, TScanMemory& memory) {
+    if (memory.ScannedUnit.empty())
+        throw EBadInput("", 0, "no unit has been scanned yet", "Scan one by \"Source\" first");
+    if (!OpenFile(context, memory.ScannedUnit, true)) throw EmlLangSilent();
+    ViewSkipped(context, memory);
 }
 
 }  // namespace tml

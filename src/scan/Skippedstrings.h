@@ -63,5 +63,7 @@ class TfrmSkippedStrings : public TForm {
 
 /// The command "Excluded" of the review.
 void ViewSkipped(TContext& context, const TScanMemory& memory);
+/// The command of the main window: shows the unit of the last scan and what that has passed over.
+void SkippedStrings(TContext& context, TScanMemory& memory);
 
 }  // namespace tml

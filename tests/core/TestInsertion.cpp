@@ -284,12 +284,14 @@ TEST(Insertion, AFormThatFailsTakesNothingOfTheOthersBack) {
         if (fault == "another name")
             test.User.OnMessage(
                 "Unable to obtain the interface of form module! Please check your project source.");
+        test.Context().ComponentName = "of a row before";
         const auto run = [&] { test.Expert->Window()->Run("Languages"); };
         if (fault == "no class")
             EXPECT_THROW(run(), EBadInput);
         else
             run();
         EXPECT_EQ(test.List(), "Form2|Unit2|4|mlLang1|1;Form1|Unit1|0||0;") << fault;
+        EXPECT_EQ(test.Context().ComponentName, "mlLang1") << "the window follows all the same";
         EXPECT_TRUE(Contains(test.Files.Files["/p/Unit2.dfm"], "NumOfLanguages = 4")) << fault;
     }
 }

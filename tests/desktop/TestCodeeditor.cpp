@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QPlainTextEdit>
 #include <fstream>
 
@@ -50,6 +51,14 @@ TEST_F(TCodeEditorPane, EveryEntryOfTheLocalMenuWorks) {
     EXPECT_NE(editor.text(0), first);
     Click("Undo1");
     EXPECT_EQ(editor.text(0), first);
+    choose("Copy", 0);
+    choose("Paste", 1);
+    EXPECT_EQ(editor.text(1), first);
+    Click("Undo1");
+    QApplication::clipboard()->clear();
+    const QString whole = editor.text();
+    choose("Paste", 0);
+    EXPECT_EQ(editor.text(), whole) << "there is nothing to paste";
     choose("Mark as untranslatable", 0);
     EXPECT_EQ(editor.text(1), "{TML:IGNORE ON}\r\n");
     const auto line = editor.text().section("Caption :=", 0, 0).count('\n');

@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -88,6 +89,22 @@ TEST_F(TReview, HintsNameTheKeys) {
                  {"acExclude", "Exclude (Ctrl+E)"},
                  {"acSwitchDeleted", "Shows deleted rows"}})
             EXPECT_EQ(review.findChild<QAction*>(name)->toolTip(), tip);
+    });
+}
+
+TEST_F(TReview, TheWholeChangeStandsInThePlaceOfTheRowsLines) {
+    OpenOrchard();
+    SelectForm("MainForm");
+    Review([](QWidget& review) {
+        auto& row = *review.findChild<QPlainTextEdit*>("memPreview");
+        auto& whole = *review.findChild<QPlainTextEdit*>("memChange");
+        tml::Press(review, "wholeChange");
+        EXPECT_TRUE(whole.isVisible() && !row.isVisible());
+        EXPECT_TRUE(whole.toPlainText().contains("\n+  Caption := mlLang_MainForm.GetTextOrDefault('IDS_"))
+            << FromQt(whole.toPlainText());
+        EXPECT_FALSE(whole.extraSelections().isEmpty());
+        Press(review, Qt::Key_D, Qt::ControlModifier);
+        EXPECT_TRUE(row.isVisible() && !whole.isVisible());
     });
 }
 

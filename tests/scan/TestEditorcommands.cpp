@@ -26,8 +26,10 @@ struct TEditorCommands : TExpertFixture, testing::Test {
                 rows += row.Record.StrContent + "|" + std::to_string(row.Record.Line + 1) + "|";
             User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
             window.tbCancelClick();
+            Context().Rows.StatusPanels[0] = "of before";
         });
         Click("TranslateSourceMenu");
+        EXPECT_EQ(Context().Rows.StatusPanels[0], "Forms count: 2") << "the window follows";
         return rows;
     }
 };
@@ -74,6 +76,8 @@ TEST_F(TEditorCommands, OnlyTheSelectionIsTranslated) {
     Put("/p/Alien.pas", "unit Alien;\ninterface\nimplementation\nend.\n");
     Ide.GetModuleServices()->OpenModule("/p/Alien.pas", true);
     User.OnMessage("Current project doesn't include /p/Alien.pas file!");
+    Click("TranslateSourceMenu");
+    User.StopAt = "Reading forms...";
     Click("TranslateSourceMenu");
 }
 

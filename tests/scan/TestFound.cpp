@@ -26,6 +26,7 @@ struct TFound : testing::Test {
         input.Component.ComponentName = "L";
         TFoundInput found{fileName, std::make_shared<std::string>(code), CallStyleOf(input), input.Existing,
                           Scan(input).Found};
+        found.DiffOf = [](const TmlFoundSourceStrings&) { return std::string(); };
         return {Context, Memory, std::move(found)};
     }
     static std::string Column(const TGrid& grid, int column) {

@@ -1,3 +1,5 @@
+#include <deque>
+
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Insertion.h"
@@ -30,6 +32,20 @@ struct TScanReplace : TExpertFixture, testing::Test {
             window.tbModifyClick();
         });
     }
+    void Modify(TfrmFound& window) {
+        window.acTakeAll();
+        User.OnMessage(kApply, mrYes);
+        window.tbModifyClick();
+    }
+    /// What the person does in one review behind another, and the message at their end.
+    void InSeries(std::deque<std::function<void(TfrmFound&)>> uses, const std::string& summary) {
+        if (uses.empty()) return User.OnMessage(summary);
+        Review([this, uses, summary](TfrmFound& window) mutable {
+            uses.front()(window);
+            uses.pop_front();
+            InSeries(std::move(uses), summary);
+        });
+    }
     void Run() { Expert->Window()->Run("SourceWithForm"); }
     std::string Source(int number) {
         const auto module = Ide.GetModuleServices()->FindModule("/p/Unit" + std::to_string(number) + ".pas");
@@ -49,8 +65,12 @@ TEST_F(TScanReplace, InsertsAddsAndRewritesAsOneStep) {
     Prepare(1);
     const auto files = Files.Files;
     User.Progress.clear();
+    User.Bars.clear();
     ReviewAll();
     Run();
+    EXPECT_EQ(User.Bars, (std::vector<std::string>{"Checking duplicates... 0/3", "Checking duplicates... 1/3",
+                                                   "Checking duplicates... 2/3", "Modifying source... 0/3",
+                                                   "Modifying source... 1/3", "Modifying source... 2/3"}));
     const std::string source = Source(1);
     EXPECT_NE(source.find("    mlLang_Form1: TmlLang;\r\n"), std::string::npos) << source;
     EXPECT_NE(source.find("  ShowMessage(mlLang_Form1.GetTextOrDefault('IDS_0' (* 'Hello' *) ));\r\n"),
@@ -260,19 +280,80 @@ TEST_F(TScanReplace, SeveralUnitsAreSeveralSteps) {
         window.SelectAll();
         window.btOKClick();
     });
-    Review([this](TfrmFound& window) {
-        window.acTakeAll();
-        User.OnMessage(kApply, mrYes);
-        User.OnMessage(kDone);
-        ReviewAll();
-        window.tbModifyClick();
-    });
+    const auto modify = [this](TfrmFound& window) { Modify(window); };
+    InSeries({modify, modify}, std::string(kDone) + "\r\nChanged units: 2 of 2");
     Expert->Window()->Run("SourceWithoutForm");
     EXPECT_EQ(StringsOf("Form2"), "IDS_0=Known IDS_1=Text IDS_2=Helper IDS_4=Second ");
     EXPECT_THROW(Ide.Undo("/p/Helper.pas"), EBadInput) << "the form has been changed again since";
     Ide.Undo("/p/Second.pas");
     Ide.Undo("/p/Helper.pas");
     EXPECT_EQ(StringsOf("Form2"), "IDS_0=Known ");
+}
+
+TEST_F(TScanReplace, SeveralFormsFollowTheListAndOneThatFailsKeepsNoneBack) {
+    Prepare(1);
+    for (const bool isThere : {true, false}) {
+        if (!isThere) {
+            Ide.GetModuleServices()->FindModule("/p/Unit2.pas")->Close();
+            Files.Files.erase("/p/Unit2.pas");
+        }
+        Expert->Window()->SelectAll1Click();
+        const auto use = [this](TfrmFound& window) {
+            EXPECT_EQ(window.Caption, "Found String Constants (Unit1.pas) - 2 of 2") << "Form2 stands first";
+            Modify(window);
+        };
+        InSeries({use}, std::string(kDone) + "\r\nChanged units: 1 of 2\r\n" +
+                            (isThere ? "No strings found in the \"Unit2.pas\" source!"
+                                     : "Unit2.pas could not be used"));
+        Run();
+        EXPECT_EQ(StringsOf("Form1"), "IDS_0=Hello IDS_1=It's ");
+        Ide.Undo("/p/Unit1.pas");
+    }
+}
+
+TEST_F(TScanReplace, ASeriesCanPassOverAUnitAndBeStopped) {
+    Files.Files["/p/Demo.mlproj"] = "[Settings]\r\nDefaultFormForUnits=Form2\r\n";
+    const std::vector<std::string> names{"First", "Second", "Third", "Fourth"};
+    for (const std::string& name : names) {
+        Files.Files["/p/Demo.dpr"].insert(Files.Files["/p/Demo.dpr"].find(';', 20),
+                                          ", " + name + " in '" + name + ".pas'");
+        Put("/p/" + name + ".pas",
+            "unit " + name + ";\ninterface\nimplementation\nbegin\n  W('" + name + "');\nend.\n");
+    }
+    Open();
+    User.OnWindow<TfrmTranslUnits>("frmTranslUnits", [](TfrmTranslUnits& window) {
+        window.SelectAll();
+        window.btOKClick();
+    });
+    const std::string close = "This will close the Found Strings form! Continue?";
+    const auto skip = [&](TfrmFound& window) {
+        User.OnMessage(close, mrYes);
+        window.acSkipUnit();
+    };
+    const auto stop = [&](TfrmFound& window) {
+        User.OnMessage(close + "\r\nUnits of the series that stay as they are, too: 1", mrYes);
+        window.tbCancelClick();
+    };
+    InSeries({skip, [this](TfrmFound& window) { Modify(window); }, stop},
+             std::string(kDone) +
+                 "\r\nChanged units: 1 of 5\r\nNo strings found in the \"Helper.pas\" "
+                 "source!\r\nUnits left as they were: 1");
+    Expert->Window()->Run("SourceWithoutForm");
+    EXPECT_EQ(StringsOf("Form2"), "IDS_0=Known IDS_1=Second ");
+}
+
+TEST_F(TScanReplace, TheWholeChangeCanBeSeen) {
+    Prepare(1);
+    Review([this](TfrmFound& window) {
+        window.acShowChange();
+        EXPECT_TRUE(Contains(window.Change, "\n-  ShowMessage('Hello');\r\n")) << window.Change;
+        EXPECT_TRUE(Contains(window.Change, "\n+  ShowMessage(mlLang_Form1.GetTextOrDefault('IDS_0'"));
+        window.acTakeRow();
+        EXPECT_FALSE(Contains(window.Change, "-  ShowMessage")) << "it is left out";
+        User.OnMessage("This will close the Found Strings form! Continue?", mrYes);
+        window.tbCancelClick();
+    });
+    Run();
 }
 
 TEST_F(TScanReplace, ConstantsKeepTheirOwnReferenceAndMethod) {

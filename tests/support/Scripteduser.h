@@ -36,6 +36,7 @@ class TScriptedUser : public IDialogs {
     }
 
     std::vector<std::string> Progress;  ///< each text once in a row
+    std::vector<std::string> Bars;      ///< each text with a bar, and where that stood: "Scanning... 1/3"
     bool ProgressShown = false;
     std::string StopAt;  ///< the person stops at this progress text
     std::vector<TForm*> Shown;
@@ -64,8 +65,10 @@ class TScriptedUser : public IDialogs {
         return form.ModalResult;
     }
     void Show(TForm& form) override { Shown.push_back(&form); }
-    bool ShowProgress(const std::string& text, int, int) override {
+    bool ShowProgress(const std::string& text, int position, int maximum) override {
         ProgressShown = true;
+        if (maximum > 0)
+            Bars.push_back(text + " " + std::to_string(position) + "/" + std::to_string(maximum));
         if (Progress.empty() || Progress.back() != text) Progress.push_back(text);
         return text != StopAt;
     }
