@@ -138,7 +138,7 @@ void TFoundView::RefreshPreview() {
 
 void TFoundView::RefreshChange() {
     ui_->wholeChange->setEnabled(form_.HasChange());
-    ui_->wholeChange->setChecked(form_.ShowsChange);
+    ui_->wholeChange->setText(form_.ShowsChange ? "Current row" : "Whole change");
     ui_->memPreview->setVisible(!form_.ShowsChange);
     ui_->memChange->setVisible(form_.ShowsChange);
     if (!form_.ShowsChange || change_ == form_.Change) return;

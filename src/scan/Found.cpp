@@ -206,6 +206,7 @@ void TfrmFound::Update() {
     TableCaption = ShowsDeleted ? "Deleted strings, which stay as they are:" : "Found strings:";
     IDNotice.clear();
     for (TAction& action : Actions.All) {
+        if (action.Name == "acShowChange") action.Caption = ShowsChange ? "C&urrent row" : "&Whole change";
         if (action.Name != "acSwitchDeleted") continue;
         action.Caption = ShowsDeleted ? "Found" : "Deleted";
         action.Hint = ShowsDeleted ? "Shows found rows" : "Shows deleted rows";
