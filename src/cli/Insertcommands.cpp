@@ -10,7 +10,7 @@
 #include "cli/Session.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
-#include "tables/Languageplaces.h"
+#include "translations/Langlosses.h"
 
 namespace tml {
 namespace {
@@ -89,45 +89,17 @@ void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool ex
                   << "\n";
 }
 
-std::string Joined(const TStringList& parts, const char* separator) {
-    std::string text;
-    for (const std::string& part : parts)
-        text += (text.empty() ? "" : separator) + part;
-    return text;
-}
-
-/// "the texts of German, French of MainForm", or "English as the base language of MainForm": what the form's
-/// component would lose; "" for nothing.
-std::string Losses(TSession& session, TFormRow& row, const TLangSetUp& setUp) {
-    if (!row.HasComponent()) return {};
-    const TModuleLease lease(session.Context(), row.FileName);
-    const auto component = GetmlLang(session.Context(), row.FormName);
-    if (component == nullptr) return {};
-    const std::vector<int> places = PlacesOf(*component, setUp);
-    const TStringList present = component->GetLangNames();
-    const TStringList lost = LostLanguages(present, places);
-    if (!lost.Empty()) return "the texts of " + Joined(lost, ", ") + " of " + row.FormName;
-    return places.front() == 1 ? "" : present[0] + " as the base language of " + row.FormName;
-}
-
 /// Asked of all forms before the first is changed, so that nothing is written for a part of them.
 void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, const TLangSetUp& setUp) {
-    TStringList losses;
-    for (TFormRow* row : rows) {
-        try {
-            const std::string lost = Losses(session, *row, setUp);
-            if (!lost.empty()) losses.Add(lost);
-        } catch (const EBadInput&) {
-            // A form that cannot be read is reported when its turn comes; nothing is lost in it.
-        }
-    }
-    if (losses.Empty()) return;
-    throw EBadInput("", 0, "these languages would give up " + Joined(losses, "; "),
+    const std::string losses = LossesOf(session.Context(), rows, setUp);
+    if (losses.empty()) return;
+    throw EBadInput("", 0, "these languages would give up " + losses,
                     "Name the others as well, or say --yes to go on");
 }
 
 /// What is wrong with the names, "" for nothing.
 std::string CheckLanguages(const std::string& text) {
+    if (Trim(text).empty()) return "a form has at least one language";
     TStringList met;
     for (const std::string& name : TStringList::FromCommaText(text)) {
         if (Trim(name).empty()) return "a language has no name: " + text;

@@ -3,8 +3,6 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Modules.h"
-#include "tables/Languageplaces.h"
-#include "tables/Languages.h"
 
 namespace tml {
 namespace {
@@ -23,51 +21,6 @@ std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& ed
             return component;
     }
     return nullptr;
-}
-
-/// The texts of every table follow their languages; those of new languages begin as the base language's.
-void MoveTexts(TmlCustomLang& lang, const TLangSetUp& setUp) {
-    const std::vector<int> places = PlacesOf(lang, setUp);
-    if (places.empty()) return;
-    for (const TTableKind& kind : kTableKinds) {
-        TTable table = lang.GetTable(kind.Type);
-        table.MoveLanguages(places);
-        lang.SetTable(table);
-    }
-}
-
-void SetNames(ILanguages& languages, const TLangSetUp& setUp) {
-    if (setUp.LangNamesText.empty()) return;
-    TStringList names = SplitLangNames(setUp.LangNamesText);
-    while (names.Count() > setUp.NumLang)
-        names.Delete(names.Count() - 1);
-    languages.SetLangNames(names);
-}
-
-/// Sets the language to the name at the index (1-based) that was the active one; to the first where the
-/// component has no such language any more, nothing where it has no names.
-void SetActiveName(ILanguages& languages, int index, int count) {
-    const TStringList names = languages.GetLangNames();
-    const int place = index <= count && index <= names.Count() ? index : 1;
-    if (!names.Empty()) languages.SetLanguage(names[place - 1]);
-}
-
-void Configure(TContext& context, TFormRow& row, const std::shared_ptr<IOTAComponent>& component,
-               const TLangSetUp& setUp) {
-    if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
-        const int active = lang->GetActiveLanguage();
-        MoveTexts(*lang, setUp);
-        SetNames(*lang, setUp);
-        lang->SetNumLang(setUp.NumLang);
-        row.Component.NumLang = setUp.NumLang;
-        SetActiveName(*lang, active, setUp.NumLang);
-    } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
-        const int active = dispatcher->GetActiveLanguage();
-        SetNames(*dispatcher, setUp);
-        dispatcher->SetNumOfLanguages(setUp.NumLang);
-        SetActiveName(*dispatcher, active, setUp.NumLang);
-    }
-    MarkModifiedForm(context, row.FormName);
 }
 
 bool IsLocalization(IMlRuntime& runtime, const std::string& className) {
@@ -160,14 +113,6 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
     return row == nullptr ? nullptr : CreateOn(context, *row, className, name);
 }
 
-std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
-    if (setUp.LangNamesText.empty()) return {};
-    const TStringList& wanted =
-        setUp.FormerNames.Empty() ? SplitLangNames(setUp.LangNamesText) : setUp.FormerNames;
-    const TStringList present = languages.GetLangNames();
-    return PlacesOfLanguages(present, FitLangNames(wanted, setUp.NumLang));
-}
-
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
     if (row == nullptr) return;
     const bool inserts = setUp.InsertIfMissing && !row->HasComponent();
@@ -187,7 +132,7 @@ void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& 
             InsertTmlLang(context, *row);
             component = FindToSetUp(context, *editor, setUp);
         }
-        if (component != nullptr) Configure(context, *row, component, setUp);
+        if (component != nullptr) SetUpComponent(context, *row, component, setUp);
         lease.Save();
     }
     scope->Commit();

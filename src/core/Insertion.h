@@ -2,9 +2,8 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
-#include "core/Context.h"
+#include "core/Langsetup.h"
 
 namespace tml {
 
@@ -39,21 +38,6 @@ std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& f
 std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const std::string& formName,
                                                      const std::string& className,
                                                      const std::string& name = {});
-
-/// How a component is to be configured.
-struct TLangSetUp {
-    int NumLang = 0;
-    std::string ComponentName;                     ///< "" for the first of the class
-    std::string ComponentClass = "TmlCustomLang";  ///< this class or one that derives from it
-    bool InsertIfMissing = false;
-    std::string LangNamesText;  ///< see SplitLangNames; "" keeps the names
-    /// By which the component knows the languages whose texts go with the names, see PlacesOfLanguages; empty
-    /// where that is by the names themselves.
-    TStringList FormerNames = {};
-};
-
-/// Where the languages of a component come from (1-based places) when it is so configured.
-std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp);
 
 /// Configures the component of one row. Its unit is saved and closed again unless it was open.
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp);

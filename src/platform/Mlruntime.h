@@ -20,6 +20,7 @@ class ILanguages {
     virtual ~ILanguages() = default;
     /// As many as languages; generated ones stand in for those that are missing.
     virtual TStringList GetLangNames() = 0;
+    /// Those of a dispatcher bring its number of languages with them.
     virtual void SetLangNames(const TStringList& names) = 0;
     virtual int GetActiveLanguage() = 0;
     virtual std::string GetLanguage() = 0;
@@ -44,11 +45,16 @@ class TmlCustomLang : public ILanguages {
     virtual void SetNumLang(int count) = 0;
     /// The dispatcher that it is linked to, nullptr when it is not.
     virtual std::shared_ptr<TmlLangDispatcher> GetDispatcher() = 0;
+    /// Whether it is that one; by names alone, so that no form is opened for it.
+    virtual bool IsLinkedTo(TmlLangDispatcher& dispatcher) = 0;
 
     /// A table as it is now; a command reads it once, and writes it back once.
     virtual TTable GetTable(TStringsType type) = 0;
     /// Changes the lines of the form that differ. A table that the class does not have is left out.
     virtual void SetTable(const TTable& table) = 0;
+    /// Where a property of the form reads as the tables have it in one language (1-based), it gets the text
+    /// in the other; the base text stands in for an empty one.
+    virtual void ShowLanguage(int from, int to) = 0;
     virtual TStringList GetExclusions(TExclusionList list) = 0;
     virtual void SetExclusions(TExclusionList list, const TStringList& entries) = 0;
     /// Lets the stored translations follow a component that was renamed.

@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "runtime/Classes.h"
+#include "runtime/Formtexts.h"
 #include "tables/Languages.h"
 
 namespace tml {
@@ -22,6 +23,13 @@ void ExpectCount(IOTAComponent& component, int count) {
     if (count < 1 || count > kMostLanguages)
         throw EBadInput("", 0, component.GetName() + " cannot have " + std::to_string(count) + " languages",
                         "Give at least one language, and at most " + std::to_string(kMostLanguages));
+}
+
+/// The text that is shown in the language (1-based).
+const std::string& TextIn(const TTableEntry& entry, int language) {
+    const auto index = static_cast<std::size_t>(language) - 1;
+    const bool isThere = index < entry.Values.size() && !entry.Values[index].Text.empty();
+    return isThere ? entry.Values[index].Text : entry.Base();
 }
 
 /// "Old" and "Old.Property" are the component's, "Older" is not.
@@ -67,6 +75,16 @@ std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
     return std::make_shared<TmlDispatcherView>(linked);
 }
 
+bool TmlLangView::IsLinkedTo(TmlLangDispatcher& dispatcher) {
+    const auto reference = Component().GetPropValue("Dispatcher");
+    if (!reference || reference->Kind != TFormValueKind::Identifier) return false;
+    const auto component = dispatcher.GetComponent();
+    const auto owner = component->GetOwner();
+    const bool isOnSameForm = owner == Component().GetOwner();
+    return (isOnSameForm && SameText(reference->Text, component->GetName())) ||
+           SameText(reference->Text, owner->GetName() + "." + component->GetName());
+}
+
 std::string TmlLangView::GetDelimiter() {
     const std::string stored = ReadStringProp(Component(), "Delimiter");
     return std::string(stored.empty() ? kDefaultDelimiter : LeftCodePoints(stored, 1));
@@ -89,6 +107,17 @@ void TmlLangView::SetTable(const TTable& table) {
 void TmlLangView::WriteTable(const TTable& table) {
     if (HasTable(table.Type()))
         WriteListProp(Component(), TableProperty(table.Type()), table.Lines(GetDelimiter()));
+}
+
+void TmlLangView::ShowLanguage(int from, int to) {
+    const TFormTexts texts(Component().GetOwner());
+    for (const TTableKind& kind : kTableKinds) {
+        // The string table's IDs are free texts and name no component.
+        if (kind.Type == TStringsType::stStrings) continue;
+        const TTable table = GetTable(kind.Type);
+        for (const TTableEntry& entry : table.Entries())
+            texts.Replace(entry.Key, TextIn(entry, from), TextIn(entry, to));
+    }
 }
 
 TStringList TmlLangView::GetExclusions(TExclusionList list) {
@@ -123,6 +152,11 @@ void TmlLangView::RenameInExclusions(TExclusionList list, const std::string& old
             entries.Set(i, entries[i].substr(0, mark) + newName + entries[i].substr(mark + oldName.size()));
     }
     SetExclusions(list, entries);
+}
+
+void TmlDispatcherView::SetLangNames(const TStringList& names) {
+    TLanguagesView::SetLangNames(names);
+    if (!names.Empty()) SetNumOfLanguages(names.Count());
 }
 
 void TmlDispatcherView::SetNumOfLanguages(int count) {

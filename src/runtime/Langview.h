@@ -19,9 +19,11 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     /// values of new ones begin as the base language's. EBadInput below 1 and above kMostLanguages.
     void SetNumLang(int count) override;
     std::shared_ptr<TmlLangDispatcher> GetDispatcher() override;
+    bool IsLinkedTo(TmlLangDispatcher& dispatcher) override;
     TTable GetTable(TStringsType type) override;
     /// EBadInput where the form names more languages than kMostLanguages.
     void SetTable(const TTable& table) override;
+    void ShowLanguage(int from, int to) override;
     TStringList GetExclusions(TExclusionList list) override;
     void SetExclusions(TExclusionList list, const TStringList& entries) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
@@ -39,6 +41,7 @@ class TmlDispatcherView : public TLanguagesView<TmlLangDispatcher> {
   public:
     using TLanguagesView::TLanguagesView;
 
+    void SetLangNames(const TStringList& names) override;
     int GetNumOfLanguages() override { return Count(); }
     /// EBadInput below 1 and above kMostLanguages.
     void SetNumOfLanguages(int count) override;

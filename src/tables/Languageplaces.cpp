@@ -5,8 +5,17 @@
 #include <unordered_map>
 
 #include "base/Utf8.h"
+#include "tables/Languages.h"
 
 namespace tml {
+namespace {
+
+/// True for a language (0-based) that nobody has named.
+bool IsUnnamed(const TStringList& names, int index) {
+    return names[index].empty() || SameText(names[index], GeneratedLangName(index + 1));
+}
+
+}  // namespace
 
 std::vector<int> PlacesOfLanguages(const TStringList& present, const TStringList& wanted) {
     std::unordered_multimap<std::string, int> places;
@@ -24,9 +33,11 @@ std::vector<int> PlacesOfLanguages(const TStringList& present, const TStringList
         claimed[static_cast<std::size_t>(first->second) - 1] = true;
         places.erase(first);
     }
-    for (std::size_t i = 0; i < std::min(found.size(), claimed.size()); ++i)
-        if (found[i] == 0 && !claimed[i] && !wanted[static_cast<int>(i)].empty())
-            found[i] = static_cast<int>(i) + 1;
+    for (int i = 0; i < std::min(wanted.Count(), present.Count()); ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        if (found[place] == 0 && !claimed[place] && !wanted[i].empty() && IsUnnamed(present, i))
+            found[place] = i + 1;
+    }
     return found;
 }
 

@@ -29,10 +29,13 @@ std::vector<TTableValue> Moved(const std::vector<TTableValue>& values, const std
         const bool isThere = place > 0 && place <= static_cast<int>(values.size());
         return isThere ? values[static_cast<std::size_t>(place) - 1] : missing;
     };
-    const TTableValue base = valueAt(former.front(), valueAt(1, {}));
+    TTableValue base = valueAt(former.front(), valueAt(1, {}));
+    if (base.Text.empty()) base = valueAt(1, {});
     std::vector<TTableValue> moved;
     for (const int place : former)
         moved.push_back(valueAt(place, base));
+    // An empty text shows the base text; there is none behind that of the base language.
+    if (!moved.empty() && moved.front().Text.empty()) moved.front() = base;
     return moved;
 }
 

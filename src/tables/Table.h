@@ -49,7 +49,8 @@ class TTable {
     /// Gives each entry the key that newKey makes of its own.
     void Rename(const std::function<std::string(const std::string& key)>& newKey);
     /// Moves the values along with their languages. former holds, for each language from now on, the place
-    /// (1-based) that it had, 0 for a new one, which begins with the base text.
+    /// (1-based) that it had, 0 for a new one, which begins with the base text. A language
+    /// that becomes the base language takes the former base text where it has none.
     void MoveLanguages(const std::vector<int>& former);
 
   private:

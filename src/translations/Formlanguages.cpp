@@ -1,14 +1,15 @@
 #include "translations/Formlanguages.h"
 
 #include <algorithm>
-#include <deque>
 
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "tables/Languageplaces.h"
 #include "tables/Languages.h"
 #include "translations/Langconfig.h"
+#include "translations/Langlosses.h"
 
 namespace tml {
 namespace {
@@ -41,70 +42,92 @@ TLinkedDispatcher FindDispatcher(TContext& context, TmlCustomLang* lang) {
     return found;
 }
 
-/// The dispatcher, where there is one and the person wants to edit it.
-std::shared_ptr<TmlLangDispatcher> AskForDispatcher(TContext& context,
-                                                    const std::shared_ptr<TmlLangDispatcher>& dispatcher) {
-    if (dispatcher == nullptr) return nullptr;
-    const TModalResult answer = context.Dialogs().MessageDlg(std::string(kEditDispatcher),
-                                                             TMsgDlgType::mtConfirmation, {mrYes, mrNo});
-    return answer == mrYes ? dispatcher : nullptr;
+/// Whether there is a dispatcher and the person wants to edit it.
+bool EditsDispatcher(TContext& context, const TLinkedDispatcher& linked) {
+    return linked.Dispatcher != nullptr &&
+           context.Dialogs().MessageDlg(std::string(kEditDispatcher), TMsgDlgType::mtConfirmation,
+                                        {mrYes, mrNo}) == mrYes;
 }
 
-/// Another base language changes what all texts are translated from.
-bool ConfirmBase(TContext& context, const std::string& base, const std::string& newBase,
-                 const TStringList& formerNames) {
-    if (formerNames[0] == base) return true;
-    return context.Dialogs().MessageDlg(
-               Format("%s would be the base language in place of %s, for every text. Continue?", newBase,
-                      base),
-               TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
+TStringList PresentNames(TContext& context, TmlLangDispatcher* dispatcher, TmlCustomLang* lang) {
+    if (dispatcher != nullptr) return dispatcher->GetLangNames();
+    return lang != nullptr ? lang->GetLangNames() : DefaultNames(context.Settings.Get());
 }
 
-/// Gives the names to the dispatcher, or to the components of the row and the selected rows behind it.
-void ApplyNames(TContext& context, TFormRow& row, const TStringList& names, const TStringList& formerNames,
-                TmlLangDispatcher* dispatcher) {
-    if (dispatcher != nullptr) {
-        dispatcher->SetLangNames(names);
-        MarkModifiedForm(context, row.FormName);
-        return;
-    }
+/// The names that the person wants, with the place (1-based) that each language has among the present ones.
+TLangSetUp SetUpOf(const TStringList& names, std::vector<int> places, const TStringList& present) {
     TLangSetUp setUp;
     setUp.NumLang = names.Count();
     setUp.LangNamesText = names.Text();
-    setUp.FormerNames = formerNames;
     setUp.InsertIfMissing = true;
-    SetUpLang(context, &row, setUp);
+    for (const int place : places)
+        setUp.FormerNames.Add(place == 0 ? std::string() : present[place - 1]);
+    setUp.Places = std::move(places);
+    return setUp;
+}
+
+/// For forms whose languages are their own.
+TLangSetUp ByNames(TLangSetUp setUp) {
+    setUp.Places.clear();
+    return setUp;
+}
+
+/// What the dispatcher or the rows would lose; setUp is that of the first row.
+std::string AllLosses(TContext& context, const std::vector<TFormRow*>& rows, const TLinkedDispatcher& linked,
+                      const TLangSetUp& setUp, const TStringList& deleted) {
+    if (linked.Dispatcher != nullptr)
+        return LossOf(*linked.Dispatcher, linked.Dispatcher->GetComponent()->GetName(), setUp, deleted);
+    std::string losses = LossesOf(context, {rows.front()}, setUp, deleted);
+    const std::string further = LossesOf(context, {rows.begin() + 1, rows.end()}, ByNames(setUp), deleted);
+    if (!losses.empty() && !further.empty()) losses += "; ";
+    return losses + further;
+}
+
+bool ConfirmLosses(TContext& context, const std::vector<TFormRow*>& rows, const TLinkedDispatcher& linked,
+                   const TLangSetUp& setUp, const TStringList& deleted) {
+    const std::string losses = AllLosses(context, rows, linked, setUp, deleted);
+    if (losses.empty()) return true;
+    return context.Dialogs().MessageDlg(Format("These languages would give up %s. Continue?", losses),
+                                        TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
+}
+
+void SetLanguages(TContext& context, const std::vector<TFormRow*>& rows, const TLinkedDispatcher& linked,
+                  const TLangSetUp& setUp) {
+    if (linked.Dispatcher == nullptr) {
+        ConfigureLangComponent(context, rows.front(), setUp);
+        SetUpLang(context, rows.size() > 1 ? rows[1] : nullptr, ByNames(setUp));
+        return;
+    }
+    SetUpDispatcher(context, *linked.Dispatcher, setUp);
+    MarkModifiedForm(context, rows.front()->FormName);
+    if (linked.Lease != nullptr) linked.Lease->Save();
 }
 
 }  // namespace
 
 void sbLanguagesClick(TContext& context) {
-    TFormRow* first = context.Rows.Active().FirstSelected();
-    if (first == nullptr) return;
-    TModuleLease lease(context, first->FileName);
-    const auto lang = GetmlLang(context, first->FormName);
-    const TLinkedDispatcher linked = FindDispatcher(context, lang.get());
-    const auto dispatcher = AskForDispatcher(context, linked.Dispatcher);
-    TStringList names = dispatcher != nullptr ? dispatcher->GetLangNames()
-                        : lang != nullptr     ? lang->GetLangNames()
-                                              : DefaultNames(context.Settings.Get());
-    const TStringList present = names;
-    TStringList formerNames;
-    if (ConfigureLanguages(context, names, &formerNames) != mrOk) return;
-    const bool hasBase = lang != nullptr && !present.Empty() && !names.Empty();
-    if (hasBase && !ConfirmBase(context, present[0], names[0], formerNames)) return;
-    std::deque<TRowGuard> rows;
-    for (TFormRow* row = first; row != nullptr; row = context.Rows.Active().NextSelected(*row))
-        rows.emplace_back(*row);
+    std::vector<TFormRow*> rows;
+    for (TFormRow* row = context.Rows.Active().FirstSelected(); row != nullptr;
+         row = context.Rows.Active().NextSelected(*row))
+        rows.push_back(row);
+    if (rows.empty()) return;
+    TModuleLease lease(context, rows.front()->FileName);
+    const auto lang = GetmlLang(context, rows.front()->FormName);
+    TLinkedDispatcher linked = FindDispatcher(context, lang.get());
+    if (!EditsDispatcher(context, linked)) linked = {};
+    const TStringList present = PresentNames(context, linked.Dispatcher.get(), lang.get());
+    TStringList names = present;
+    std::vector<int> places;
+    if (ConfigureLanguages(context, names, places) != mrOk) return;
+    TLangSetUp setUp = SetUpOf(names, places, present);
+    if (lang == nullptr) setUp = ByNames(setUp);
+    if (!ConfirmLosses(context, rows, linked, setUp, LostLanguages(present, places))) return;
     const auto scope = BeginCommand(context, "Languages");
     // What a form fails with takes back that form alone.
     TAllSteps steps;
-    steps.Try([&] { ApplyNames(context, *first, names, formerNames, dispatcher.get()); });
-    if (linked.Lease != nullptr) linked.Lease->Save();
+    steps.Try([&] { SetLanguages(context, rows, linked, setUp); });
     lease.Save();
     scope->Commit();
-    for (TRowGuard& row : rows)
-        row.Keep();
     steps.Finish();
 }
 

@@ -24,13 +24,19 @@ int NumberOf(const std::string& text) {
 }  // namespace
 
 TfrmLangConfig::TfrmLangConfig(IDialogs& dialogs, const std::string& defaultNames, const TStringList& names)
-    : lbLangNames(names),
-      dialogs_(dialogs),
-      defaultNames_(SplitLangNames(defaultNames)),
-      formerNames_(names) {
+    : lbLangNames(names), dialogs_(dialogs), defaultNames_(SplitLangNames(defaultNames)) {
     Name = "frmLangConfig";
     Caption = "Configure Languages";
+    for (int place = 1; place <= names.Count(); ++place)
+        formerPlaces_.Add(std::to_string(place));
     edLangCountChange(std::to_string(names.Count()));
+}
+
+std::vector<int> TfrmLangConfig::FormerPlaces() const {
+    std::vector<int> places;
+    for (const std::string& place : formerPlaces_)
+        places.push_back(place.empty() ? 0 : ToInteger(place));
+    return places;
 }
 
 void TfrmLangConfig::edLangCountChange(const std::string& text) {
@@ -52,15 +58,15 @@ void TfrmLangConfig::CountChanged() {
         const bool hasDefault = defaultNames_.Count() > i && lbLangNames.IndexOf(defaultNames_[i]) < 0;
         lbLangNames.Add(hasDefault ? defaultNames_[i] : GeneratedLangName(i + 1));
     }
-    while (formerNames_.Count() < lbLangNames.Count())
-        formerNames_.Add("");
+    while (formerPlaces_.Count() < lbLangNames.Count())
+        formerPlaces_.Add("");
     Selected.resize(lbLangNames.Items().size());
     Changed();
 }
 
 void TfrmLangConfig::Move(void (*move)(TStringList&, std::vector<bool>&)) {
     std::vector<bool> selected = Selected;
-    move(formerNames_, selected);
+    move(formerPlaces_, selected);
     move(lbLangNames, Selected);
 }
 
@@ -100,12 +106,12 @@ void TfrmLangConfig::btnDeleteClick() {
     edLangCountChange(std::to_string(lbLangNames.Count()));
 }
 
-TModalResult ConfigureLanguages(TContext& context, TStringList& names, TStringList* formerNames) {
+TModalResult ConfigureLanguages(TContext& context, TStringList& names, std::vector<int>& formerPlaces) {
     TfrmLangConfig window(context.Dialogs(), context.Settings.Get().DefaultLangNames, names);
     const TModalResult result = context.Dialogs().ShowModal(window);
     if (result == mrOk) {
         names = window.lbLangNames;
-        if (formerNames != nullptr) *formerNames = window.FormerNames();
+        formerPlaces = window.FormerPlaces();
     }
     return result;
 }

@@ -18,8 +18,8 @@ class TfrmLangConfig : public TForm {
     std::vector<bool> Selected;  ///< a flag for each name
     bool btOKEnabled = false;
 
-    /// For each name the one that its language had when the window was opened, "" for a new one.
-    const TStringList& FormerNames() const { return formerNames_; }
+    /// For each name the place (1-based) that its language had when the window was opened, 0 for a new one.
+    std::vector<int> FormerPlaces() const;
 
     /// Takes a typed number; anything but digits is refused.
     void edLangCountChange(const std::string& text);
@@ -40,11 +40,11 @@ class TfrmLangConfig : public TForm {
 
     IDialogs& dialogs_;
     TStringList defaultNames_;
-    TStringList formerNames_;
+    TStringList formerPlaces_;  ///< as text, for they move as the names do; "" for a new one
 };
 
-/// Shows the window on a copy of the names; only mrOk changes them. formerNames, where it is given, gets for
-/// each of them the name that the language had before, "" for a new one.
-TModalResult ConfigureLanguages(TContext& context, TStringList& names, TStringList* formerNames = nullptr);
+/// Shows the window on a copy of the names; only mrOk changes them. formerPlaces is then set to what the
+/// window tells of them.
+TModalResult ConfigureLanguages(TContext& context, TStringList& names, std::vector<int>& formerPlaces);
 
 }  // namespace tml

@@ -168,15 +168,47 @@ TEST_F(TInsertion, AClosedFormIsConfiguredSavedAndClosed) {
     EXPECT_EQ(Files.Files, saved) << "an open form stays open and unsaved";
 }
 
-TEST_F(TInsertion, TheActiveLanguageKeepsItsPlace) {
+TEST_F(TInsertion, TheFormShowsTheActiveLanguageWhichGoesWithItsTexts) {
+    PutForm(2,
+            "  object mlLang1: TmlLang\n    NumOfLanguages = 3\n    LangNames.Strings = (\n"
+            "      'English'\n      'German'\n      'French')\n    Captions.Strings = (\n"
+            "      '.Caption'#1'Form2'#1'Fenster'#1'Feuille'\n      'Button1.Caption'#1'Go'#1'Los'#1)\n"
+            "    OtherStrings.Strings = (\n      'Nobody.Text'#1'Go'#1'Los'#1'Va'\n"
+            "      'mlLang1.LangNames'#1'a'#1'b'#1'c'\n      'Tag'#1'a'#1'b'#1'c')\n  end\n");
     Open();
-    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
-    GetmlLang(Context(), "Form2")->SetLanguage("German");
-    ConfigureLangComponent(Context(), &Row("Form2"),
-                           {3, "", "TmlCustomLang", false, "English,Deutsch,German"});
-    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "Deutsch");
-    ConfigureLangComponent(Context(), &Row("Form2"), {1, "", "TmlCustomLang", false, ""});
-    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetLanguage(), "English");
+    const std::string form = Files.Files["/p/Unit2.dfm"];
+    // Active before, with its texts; the languages from now on; what is active and shown then.
+    const struct {
+        const char *Active, *Window, *Button, *Names, *NewActive, *NewWindow, *NewButton;
+    } rows[] = {
+        {"English", "Form2", "Go", "English,French", "English", "Form2", "Go"},
+        {"English", "Form2", "Go", "German,English", "German", "Fenster", "Los"},
+        {"English", "Mine", "Go", "German,English", "German", "Mine", "Los"},
+        {"English", "Form2", "Go", "French,English", "French", "Feuille", "Go"},
+        {"English", "Form2", "Go", "Polish", "Polish", "Form2", "Go"},
+        {"German", "Fenster", "Los", "English,French,German", "German", "Fenster", "Los"},
+        {"German", "Fenster", "Los", "German,English", "German", "Fenster", "Los"},
+        {"German", "Fenster", "Los", "French,English", "French", "Feuille", "Go"},
+        {"German", "Fenster", "Los", "English", "English", "Form2", "Go"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.Active) + " " + row.Names);
+        Files.Files["/p/Unit2.dfm"] = form;
+        const TModuleLease lease(Context(), "/p/Unit2.pas");
+        const auto root = GetFormEditor(Context(), "Form2")->GetRootComponent();
+        const auto button = GetFormEditor(Context(), "Form2")->FindComponent("Button1");
+        const auto lang = GetmlLang(Context(), "Form2");
+        lang->SetLanguage(row.Active);
+        root->SetPropValue("Caption", TFormValue::String(row.Window));
+        button->SetPropValue("Caption", TFormValue::String(row.Button));
+        const int count = TStringList::FromCommaText(row.Names).Count();
+        ConfigureLangComponent(Context(), &Row("Form2"), {count, "", "TmlCustomLang", false, row.Names});
+        EXPECT_EQ(lang->GetLanguage(), row.NewActive);
+        EXPECT_EQ(root->GetPropValue("Caption")->Text, row.NewWindow);
+        EXPECT_EQ(button->GetPropValue("Caption")->Text, row.NewButton);
+        EXPECT_EQ(lang->GetTable(TStringsType::stCaptions).Entries()[1].Base(),
+                  row.NewActive == std::string("German") && count == 2 ? "Los" : "Go");
+    }
 }
 
 TEST_F(TInsertion, TheLanguagesCommandSetsEverySelectedRow) {
@@ -217,30 +249,50 @@ TEST_F(TInsertion, TextsGoWithTheirLanguages) {
         std::replace(line.begin(), line.end(), '\x01', '|');
         return line;
     };
-    // Base, German and French are deleted or moved in the window, or by their names; confirmed, where asked.
+    // What is selected in the window of Form2 and then deleted, moved up or renamed; the question and its
+    // answer; the texts of Form2 and, where it is a further row, of Form1 (English, Tongue, German).
+    enum TAction { Delete, Up, Rename };
     const struct {
         std::vector<bool> Selected;
-        bool Up;
+        TAction Action;
         const char* Asked;
         TModalResult Answer;
         const char *Texts, *OtherTexts;
     } rows[] = {
-        {{false, true, false}, false, "", mrNone, "IDS_0|Known|Connu", "IDS_0|Known|Bekannt"},
-        {{false, false, true}, true, "", mrNone, "IDS_0|Known|Connu|Bekannt", ""},
+        {{false, true, false}, Delete, "", mrNone, "IDS_0|Known|Connu", ""},
+        {{false, false, true}, Up, "", mrNone, "IDS_0|Known|Connu|Bekannt", ""},
+        {{false, true, false}, Rename, "", mrNone, "IDS_0|Known|Bekannt|Connu", ""},
+        {{false, true, false},
+         Rename,
+         "the texts of Tongue of Form1",
+         mrYes,
+         "IDS_0|Known|Bekannt|Connu",
+         "IDS_0|Known|Connu|Known"},
+        {{false, true, false},
+         Delete,
+         "the texts of Tongue of Form1",
+         mrYes,
+         "IDS_0|Known|Connu",
+         "IDS_0|Known|Known"},
         {{true, false, false},
-         false,
-         "German would be the base language in place of English, for every text. "
-         "Continue?",
+         Delete,
+         "English as the base language of Form2",
          mrNo,
          "IDS_0|Known|Bekannt|Connu",
          ""},
         {{true, false, false},
-         false,
-         "German would be the base language in place of English, for every text. "
-         "Continue?",
+         Delete,
+         "English as the base language of Form2",
          mrYes,
          "IDS_0|Bekannt|Connu",
          ""},
+        {{false, true, false},
+         Up,
+         "English as the base language of Form2; English as the base language of Form1; the texts of Tongue "
+         "of Form1",
+         mrYes,
+         "IDS_0|Bekannt|Known|Connu",
+         "IDS_0|Connu|Known|Connu"},
     };
     for (const auto& row : rows) {
         Files.Files["/p/Unit2.dfm"] = form;
@@ -251,13 +303,14 @@ TEST_F(TInsertion, TextsGoWithTheirLanguages) {
         Row("Form1").Selected = *row.OtherTexts != 0;
         Languages([&](TfrmLangConfig& window) {
             window.Selected = row.Selected;
-            if (row.Up) {
-                window.btnMoveUpClick();
-            } else {
-                User.OnMessage("Delete selected language name(s)?", mrYes);
-                window.btnDeleteClick();
-            }
-            if (row.Answer != mrNone) User.OnMessage(row.Asked, row.Answer);
+            if (row.Action == Delete) User.OnMessage("Delete selected language name(s)?", mrYes);
+            if (row.Action == Rename) User.OnInput("Enter new language name:", "Deutsch");
+            if (row.Action == Delete) window.btnDeleteClick();
+            if (row.Action == Rename) window.btnRenameClick();
+            if (row.Action == Up) window.btnMoveUpClick();
+            if (row.Answer != mrNone)
+                User.OnMessage("These languages would give up " + std::string(row.Asked) + ". Continue?",
+                               row.Answer);
             window.ModalResult = mrOk;
         });
         EXPECT_EQ(lineOf("/p/Unit2.dfm"), row.Texts) << row.Asked;
@@ -304,29 +357,55 @@ TEST_F(TInsertion, AClassThatIsNoneOfLocalizationIsRefused) {
     EXPECT_THROW(Expert->Window()->Run("SourceWithForm"), EBadInput);
 }
 
+constexpr const char* kEditDispatcher =
+    "Selected component is linked to a dispatcher! Do you wish to edit languages of the dispatcher "
+    "component?";
+
 TEST_F(TInsertion, ADispatcherIsEditedInTheComponentsStead) {
+    // The component on Form2 has a column more than the dispatcher has languages.
     PutForm(1,
-            "  object D: TmlLangDispatcher\n    LangNames.Strings = (\n      'One')\n  end\n"
-            "  object mlLang1: TmlLang\n    Dispatcher = D\n  end\n");
+            "  object D: TmlLangDispatcher\n    NumOfLanguages = 2\n    LangNames.Strings = (\n"
+            "      'One'\n      'Two')\n  end\n  object mlLang1: TmlLang\n    NumOfLanguages = 2\n"
+            "    Dispatcher = D\n    Captions.Strings = (\n      'Button1.Caption'#1'Go'#1'Los')\n  end\n");
+    PutForm(2,
+            "  object mlLang1: TmlLang\n    NumOfLanguages = 3\n    Dispatcher = form1.d\n"
+            "    Captions.Strings = (\n      'Button1.Caption'#1'Go'#1'Los'#1'Va')\n  end\n"
+            "  object mlLang2: TmlLang\n    NumOfLanguages = 2\n    Captions.Strings = (\n"
+            "      'Button1.Caption'#1'Go'#1'Los')\n  end\n");
     Open();
+    const auto captions = [this](const char* form, const char* component) {
+        const TModuleLease lease(Context(), Row(form).FileName);
+        const auto lang = Runtime->AsCustomLang(GetFormEditor(Context(), form)->FindComponent(component));
+        return std::to_string(lang->GetNumLang()) + " " + lang->GetLangNames().CommaText() + " " +
+               lang->GetTable(TStringsType::stCaptions).Lines("|")[0];
+    };
     Select("Form1");
-    User.OnMessage(
-        "Selected component is linked to a dispatcher! Do you wish to edit languages of the "
-        "dispatcher component?",
-        mrYes);
-    Languages([](TfrmLangConfig& window) {
-        EXPECT_EQ(window.lbLangNames, TStringList({"One"}));
-        window.edLangCountChange("2");
+    User.OnMessage(kEditDispatcher, mrYes);
+    Languages([this](TfrmLangConfig& window) {
+        EXPECT_EQ(window.lbLangNames, TStringList({"One", "Two"}));
+        window.Selected = {false, true};
+        window.btnMoveUpClick();
+        window.edLangCountChange("3");
         window.ModalResult = mrOk;
+        User.OnMessage("These languages would give up One as the base language of D. Continue?", mrYes);
     });
-    const TLangSetUp setUp{3, "", "TmlLangDispatcher", false, ""};
-    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "1");
-    ConfigureLangComponent(Context(), &Row("Form1"), setUp);
-    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "1") << "only a localization component counts";
-    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("NumOfLanguages = 3"), std::string::npos)
-        << Files.Files["/p/Unit1.dfm"];
-    EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'Language N2'"), std::string::npos)
-        << Files.Files["/p/Unit1.dfm"];
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|3|mlLang1|1;");
+    EXPECT_EQ(captions("Form1", "mlLang1"), "3 Two,One,\"Language N3\" Button1.Caption|Los|Go|Los");
+    EXPECT_EQ(captions("Form2", "mlLang1"), "3 Two,One,\"Language N3\" Button1.Caption|Los|Go|Va");
+    EXPECT_EQ(captions("Form2", "mlLang2"), "2 \"Language N1\",\"Language N2\" Button1.Caption|Go|Los");
+    for (const char* file : {"/p/Unit1.dfm", "/p/Unit2.dfm"})
+        EXPECT_TRUE(Contains(Files.Files[file], "    Caption = 'Los'")) << "the form shows the base language";
+    EXPECT_TRUE(Contains(Files.Files["/p/Unit1.dfm"], "NumOfLanguages = 3")) << Files.Files["/p/Unit1.dfm"];
+    ConfigureLangComponent(Context(), &Row("Form1"), {1, "", "TmlLangDispatcher", false, "Two"});
+    EXPECT_EQ(captions("Form1", "mlLang1"), "1 Two Button1.Caption|Los");
+}
+
+TEST_F(TInsertion, OnlyALocalizationComponentCounts) {
+    PutForm(1, "  object D: TmlLangDispatcher\n  end\n");
+    Open();
+    ConfigureLangComponent(Context(), &Row("Form1"), {3, "d", "TmlLangDispatcher", false, ""});
+    EXPECT_TRUE(Contains(Files.Files["/p/Unit1.dfm"], "NumOfLanguages = 3")) << Files.Files["/p/Unit1.dfm"];
+    EXPECT_EQ(Row("Form1").Cell(fcLanguages), "0");
 }
 
 TEST_F(TInsertion, ADispatchersFormIsSavedAndClosedAgain) {
@@ -335,10 +414,7 @@ TEST_F(TInsertion, ADispatchersFormIsSavedAndClosedAgain) {
     Open();
     Select("Form1");
     for (const TModalResult result : {mrCancel, mrOk}) {
-        User.OnMessage(
-            "Selected component is linked to a dispatcher! Do you wish to edit languages of the "
-            "dispatcher component?",
-            mrYes);
+        User.OnMessage(kEditDispatcher, mrYes);
         Languages([result](TfrmLangConfig& window) {
             window.edLangCountChange("2");
             window.ModalResult = result;

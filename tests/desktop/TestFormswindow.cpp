@@ -37,6 +37,7 @@ TEST_F(TFormsWindow, NothingThatTheLanguagesOfSeveralFormsLeaveOpenIsHidden) {
             if (Cell(forms, row, 0) == form) ClickCell(forms, row, 0, Qt::ControlModifier);
     EXPECT_EQ(forms.selectionModel()->selectedRows().size(), 3);
     User.On([](QWidget& dialog) { Press(dialog, "btOK"); });
+    User.Answer("These languages would give up English as the base language of AboutBox", "Yes");
     Click("tbLanguages");
     const auto open = Window->Host().Ide().Modules();
     EXPECT_FALSE(open.empty());

@@ -7,7 +7,7 @@ namespace {
 
 using TNames = std::vector<std::string>;
 
-TEST(Languageplaces, AreFoundByNameElseByPlace) {
+TEST(Languageplaces, AreFoundByNameAndByPlaceWhereThereIsNoName) {
     const struct {
         TNames Present, Wanted;
         std::vector<int> Places;
@@ -16,9 +16,12 @@ TEST(Languageplaces, AreFoundByNameElseByPlace) {
         {{"A", "B", "C"}, {"A", "B", "C"}, {1, 2, 3}, {}},
         {{"A", "B", "C"}, {"a", "c"}, {1, 3}, {"B"}},
         {{"A", "B", "C"}, {"C", "A", "B", "D"}, {3, 1, 2, 0}, {}},
-        {{"A", "B"}, {"X", "Y"}, {1, 2}, {}},
+        {{"A", "B"}, {"A", "Y"}, {1, 0}, {"B"}},
+        {{"A", "language n2"}, {"X", "Y"}, {0, 2}, {"A"}},
+        {{"", "Language N1"}, {"X", "Y"}, {1, 0}, {"Language N1"}},
+        {{"A", "Language N2"}, {"Language N2", "A"}, {2, 1}, {}},
         {{"A", "B"}, {"A", ""}, {1, 0}, {"B"}},
-        {{"A", "B", "C"}, {"A", "X", "B"}, {1, 0, 2}, {"C"}},
+        {{"A", "Language N2", "C"}, {"A", "X", "Language N2"}, {1, 0, 2}, {"C"}},
         {{"A", "A"}, {"A", "A"}, {1, 2}, {}},
         {{}, {"A"}, {0}, {}},
     };

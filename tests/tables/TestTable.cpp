@@ -87,6 +87,9 @@ TEST(Table, ValuesMoveWithTheirLanguages) {
         {{3, 1}, "k|a", "k|a|a"},
         {{1, 2}, "k", "k||"},
         {{0, 1, 2}, "k|a|b", "k|a|a|b"},
+        {{2, 1}, "k|a|", "k|a|a"},
+        {{3, 0}, "k|a|b|", "k|a|a"},
+        {{2, 1}, "k||", "k||"},
     };
     for (const TMoveCase& row : cases) {
         TTable table(TStringsType::stHints, TStringList({row.Line}), "|");

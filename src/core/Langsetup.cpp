@@ -1,0 +1,148 @@
+#include "core/Langsetup.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "core/Modules.h"
+#include "tables/Languageplaces.h"
+#include "tables/Languages.h"
+
+namespace tml {
+namespace {
+
+/// A change of languages: where each comes from, and which is active before and then (1-based).
+struct TMoves {
+    std::vector<int> Places;
+    int Active = 1;
+    int NewActive = 1;
+
+    /// Where the texts that are shown then stand now; those of a new language begin as the base language's.
+    int Shown() const { return std::max(Places[static_cast<std::size_t>(NewActive) - 1], 1); }
+    /// True where each of so many languages stays where it is.
+    bool AreNone(int languages) const { return Places == FirstPlaces(languages, languages); }
+
+    /// The first places of so many languages, new ones behind them.
+    static std::vector<int> FirstPlaces(int places, int languages) {
+        std::vector<int> first(static_cast<std::size_t>(languages));
+        std::iota(first.begin(), first.begin() + std::min(places, languages), 1);
+        return first;
+    }
+};
+
+TMoves MovesOf(ILanguages& languages, const TLangSetUp& setUp) {
+    TMoves moves{PlacesOf(languages, setUp), languages.GetActiveLanguage()};
+    const auto found = std::find(moves.Places.begin(), moves.Places.end(), moves.Active);
+    if (moves.Active > 1 && found != moves.Places.end())
+        moves.NewActive = static_cast<int>(found - moves.Places.begin()) + 1;
+    return moves;
+}
+
+/// The texts of every table follow their languages, the properties of the form the language that it shows.
+void MoveTexts(TmlCustomLang& lang, const TMoves& moves) {
+    if (moves.AreNone(lang.GetNumLang())) return;
+    if (moves.Shown() != moves.Active) lang.ShowLanguage(moves.Active, moves.Shown());
+    for (const TTableKind& kind : kTableKinds) {
+        TTable table = lang.GetTable(kind.Type);
+        table.MoveLanguages(moves.Places);
+        lang.SetTable(table);
+    }
+}
+
+void SetNames(ILanguages& languages, const TLangSetUp& setUp) {
+    if (setUp.LangNamesText.empty()) return;
+    TStringList names = SplitLangNames(setUp.LangNamesText);
+    while (names.Count() > setUp.NumLang)
+        names.Delete(names.Count() - 1);
+    languages.SetLangNames(names);
+}
+
+void SetActive(ILanguages& languages, int active) {
+    const TStringList names = languages.GetLangNames();
+    if (active <= names.Count()) languages.SetLanguage(names[active - 1]);
+}
+
+/// The places of the columns of a linked component. It may have more columns than its dispatcher had
+/// languages: a new language gets the one at its place, the others stay behind the last language.
+std::vector<int> LinkedPlaces(std::vector<int> places, int languages, int columns) {
+    for (int place = languages + 1; place <= columns; ++place) {
+        const auto index = static_cast<std::size_t>(place) - 1;
+        const bool isNew = index < places.size() && places[index] == 0;
+        if (isNew)
+            places[index] = place;
+        else
+            places.push_back(place);
+    }
+    return places;
+}
+
+/// Brings a linked component, whose own number and names count without its dispatcher, in step with it.
+void FollowDispatcher(TmlCustomLang& lang, TmlLangDispatcher& dispatcher, TMoves moves, int languages) {
+    const TStringList own = lang.GetLangNames();
+    TStringList names = dispatcher.GetLangNames();
+    moves.Places = LinkedPlaces(std::move(moves.Places), languages, lang.GetNumLang());
+    while (names.Items().size() < moves.Places.size())
+        names.Add(own[moves.Places[names.Items().size()] - 1]);
+    MoveTexts(lang, moves);
+    lang.SetLangNames(names);
+    lang.SetNumLang(names.Count());
+}
+
+/// Every localization component of the project that is linked to the dispatcher, with its row.
+template <typename Work>
+void ForEachLinked(TContext& context, TmlLangDispatcher& dispatcher, Work work) {
+    for (const auto& row : context.Rows.FormNames.Items()) {
+        if (!row->HasComponent()) continue;
+        TModuleLease lease(context, row->FileName);
+        const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row->FileName));
+        const auto root = editor == nullptr ? nullptr : editor->GetRootComponent();
+        for (int i = 0; root != nullptr && i < root->GetComponentCount(); ++i)
+            if (const auto lang = context.Host.Runtime->AsCustomLang(root->GetComponent(i)))
+                if (lang->IsLinkedTo(dispatcher)) work(*row, *lang);
+        lease.Save();
+    }
+}
+
+}  // namespace
+
+std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
+    if (!setUp.Places.empty()) return setUp.Places;
+    const TStringList present = languages.GetLangNames();
+    // Whether there can be so many is asked when they are set.
+    const int count = std::clamp(setUp.NumLang, 1, kMostLanguages);
+    if (setUp.LangNamesText.empty()) return TMoves::FirstPlaces(present.Count(), count);
+    TStringList names = FitLangNames(SplitLangNames(setUp.LangNamesText), count);
+    for (int i = 0; i < std::min(names.Count(), setUp.FormerNames.Count()); ++i)
+        if (present.IndexOf(setUp.FormerNames[i]) >= 0) names.Set(i, setUp.FormerNames[i]);
+    return PlacesOfLanguages(present, names);
+}
+
+void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp) {
+    const auto scope = BeginCommand(context, "Languages");
+    const TMoves moves = MovesOf(dispatcher, setUp);
+    const int languages = dispatcher.GetNumOfLanguages();
+    SetNames(dispatcher, setUp);
+    dispatcher.SetNumOfLanguages(setUp.NumLang);
+    SetActive(dispatcher, moves.NewActive);
+    ForEachLinked(context, dispatcher, [&](TFormRow& row, TmlCustomLang& lang) {
+        FollowDispatcher(lang, dispatcher, moves, languages);
+        if (lang.GetName() == row.Component.ComponentName) row.Component.NumLang = lang.GetNumLang();
+    });
+    scope->Commit();
+}
+
+void SetUpComponent(TContext& context, TFormRow& row, const std::shared_ptr<IOTAComponent>& component,
+                    const TLangSetUp& setUp) {
+    if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
+        const TMoves moves = MovesOf(*lang, setUp);
+        MoveTexts(*lang, moves);
+        SetNames(*lang, setUp);
+        lang->SetNumLang(setUp.NumLang);
+        row.Component.NumLang = setUp.NumLang;
+        SetActive(*lang, moves.NewActive);
+    } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
+        SetUpDispatcher(context, *dispatcher, setUp);
+    }
+    MarkModifiedForm(context, row.FormName);
+}
+
+}  // namespace tml

@@ -1,0 +1,4 @@
+object MissingForm: TMissingForm
+  object mlLang1: TmlLang
+  end
+end
