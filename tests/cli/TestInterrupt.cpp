@@ -2,31 +2,25 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <random>
 #include <thread>
 
 #include "base/Diskfiles.h"
+#include "support/Workfolder.h"
 
 namespace tml {
 namespace {
 
-namespace fs = std::filesystem;
-
 TEST(Interrupt, EverySignalStopsACommandAtASafePlace) {
-    const fs::path folder =
-        fs::temp_directory_path() / ("tml-signal-" + std::to_string(std::random_device{}()));
-    fs::create_directories(folder / "config");
+    const TWorkFolder folder;
     // More than a pipe holds, so that the program waits for its reader while the signal comes.
     std::string unit = "unit U; implementation procedure P; begin\n";
     for (int i = 0; i < 4000; ++i)
         unit += "S := 'text number " + std::to_string(i) + "';\n";
     for (int i = 0; i < 10; ++i)
-        std::ofstream(folder / ("U" + std::to_string(i) + ".pas")) << unit + "end; end.\n";
-    const std::string command = "echo $$; exec '" TML_BIN "/tmllang' --config '" +
-                                (folder / "config").string() + "' scan '" + folder.string() + "' 2>&1";
+        WriteBytes(folder / ("U" + std::to_string(i) + ".pas"), unit + "end; end.\n");
+    const std::string command =
+        "echo $$; exec " + folder.Program() + " scan '" + (folder / ".").string() + "' 2>&1";
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const auto before = std::signal(signal, SIG_DFL);
         FILE* pipe = ::popen(command.c_str(), "r");
@@ -43,21 +37,17 @@ TEST(Interrupt, EverySignalStopsACommandAtASafePlace) {
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << signal << " " << status;
         std::signal(signal, before);
     }
-    fs::remove_all(folder);
 }
 
 TEST(Interrupt, WhoWaitsForAnotherProgramWritesNothingAfterwards) {
-    const fs::path folder =
-        fs::temp_directory_path() / ("tml-wait-" + std::to_string(std::random_device{}()));
-    fs::copy(fs::path(TML_TESTS) / "../examples/orchard", folder, fs::copy_options::recursive);
-    fs::create_directories(folder / "config");
+    const TWorkFolder folder;
+    folder.Copy("examples/orchard", "p");
     const auto disk = MakeDiskFileSystem();
-    auto lock = disk->Lock((folder / ".tml-lock").string());
-    const std::string unit = disk->Read((folder / "Main.pas").string());
+    auto lock = disk->Lock((folder / "p/.tml-lock").string());
+    const std::string unit = BytesOf(folder / "p/Main.pas");
     const auto before = std::signal(SIGTERM, SIG_DFL);
-    const std::string command = "echo $$; exec '" TML_BIN "/tmllang' --config '" +
-                                (folder / "config").string() + "' replace '" +
-                                (folder / "Orchard.dproj").string() + "' --form MainForm 2>&1";
+    const std::string command = "echo $$; exec " + folder.Program() + " replace '" +
+                                (folder / "p/Orchard.dproj").string() + "' --form MainForm 2>&1";
     FILE* pipe = ::popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
     std::array<char, 4096> line{};
@@ -70,10 +60,9 @@ TEST(Interrupt, WhoWaitsForAnotherProgramWritesNothingAfterwards) {
     }
     const int status = ::pclose(pipe);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << status << line.data();
-    EXPECT_EQ(disk->Read((folder / "Main.pas").string()), unit);
+    EXPECT_EQ(BytesOf(folder / "p/Main.pas"), unit);
     std::signal(SIGTERM, before);
     lock.reset();
-    fs::remove_all(folder);
 }
 
 }  // namespace

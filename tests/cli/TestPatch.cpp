@@ -1,40 +1,25 @@
 // "replace --patch" and "git apply" give what "replace" writes, byte for byte, whatever the files' encoding.
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <map>
-#include <random>
 
 #include "base/Encodings.h"
 #include "forms/Formtree.h"
+#include "support/Workfolder.h"
 
 namespace tml {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::map<std::string, std::string> FilesBelow(const fs::path& folder) {
-    std::map<std::string, std::string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(folder))
-        if (entry.is_regular_file()) files[entry.path().lexically_relative(folder)] = ReadFile(entry.path());
-    return files;
-}
-
 using TChange = std::function<void(std::string& bytes)>;
 
 void ForEach(const fs::path& folder, const std::string& extension, const TChange& change) {
-    for (const auto& [name, bytes] : FilesBelow(folder)) {
+    for (auto& [name, bytes] : ContentOf(folder)) {
         if (!name.ends_with(extension)) continue;
         std::string changed = bytes;
         change(changed);
-        std::ofstream(folder / name, std::ios::binary) << changed;
+        WriteBytes(folder / name, changed);
     }
 }
 
@@ -84,30 +69,25 @@ const TVariant kVariants[] = {
 };
 
 TEST(Patch, GitMakesOfItWhatReplaceWrites) {
-    const fs::path work = fs::temp_directory_path() / ("tml-patch-" + std::to_string(std::random_device{}()));
     for (const TVariant& variant : kVariants) {
         SCOPED_TRACE(variant.Name);
+        const TWorkFolder work;
         for (const char* side : {"patched", "written"}) {
-            fs::create_directories(work / side);
-            fs::copy(fs::path(TML_TESTS) / "../examples" / variant.Sample, work / side / "app",
-                     fs::copy_options::recursive);
+            fs::create_directory(work / side);
+            work.Copy(std::string("examples/") + variant.Sample, side + std::string("/app"));
             variant.Prepare(work / side);
         }
-        const auto run = [&](const std::string& command) {
-            return WEXITSTATUS(std::system(("cd '" + work.string() + "' && " + command).c_str()));
-        };
-        fs::create_directories(work / "config");
-        const std::string program = "'" TML_BIN "/tmllang' --config config replace ";
-        const auto before = FilesBelow(work / "written");
-        run(program + "written/" + variant.Project + " >log 2>&1");
-        run(program + "patched/" + variant.Project + " --patch >patch 2>>log");
+        const std::string replace = work.Program() + " replace ";
+        const auto before = ContentOf(work / "written");
+        work.Run(replace + "written/" + variant.Project + " >log 2>&1");
+        work.Run(replace + "patched/" + variant.Project + " --patch >patch 2>>log");
         const bool above = fs::exists(work / "patched/forms");
-        EXPECT_EQ(run(std::string("cd patched/") + (above ? "." : "app") +
-                      " && git apply --whitespace=nowarn '" + (work / "patch").string() + "'"),
+        EXPECT_EQ(work.Run(std::string("cd patched/") + (above ? "." : "app") +
+                           " && git apply --whitespace=nowarn '" + (work / "patch").string() + "'")
+                      .Exit,
                   0);
-        EXPECT_NE(FilesBelow(work / "written"), before) << ReadFile(work / "log");
-        EXPECT_EQ(FilesBelow(work / "patched"), FilesBelow(work / "written")) << ReadFile(work / "log");
-        fs::remove_all(work);
+        EXPECT_NE(ContentOf(work / "written"), before) << BytesOf(work / "log");
+        EXPECT_EQ(ContentOf(work / "patched"), ContentOf(work / "written")) << BytesOf(work / "log");
     }
 }
 

@@ -1,15 +1,13 @@
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <set>
 #include <sstream>
 #include <string>
+
+#include "support/Workfolder.h"
 
 namespace tml {
 namespace {
@@ -22,32 +20,16 @@ using TStrings = std::map<std::string, std::multiset<std::string>>;
 /// A copy of a sample folder, with MainForm as the form that receives the strings of units.
 class TSample {
   public:
-    TSample(const std::string& folder, const std::string& project)
-        : folder_(fs::temp_directory_path() / ("tml-same-" + std::to_string(std::random_device{}()))),
-          project_(project) {
-        fs::copy(fs::path(TML_TESTS) / ".." / "examples" / folder, folder_, fs::copy_options::recursive);
-        fs::create_directories(folder_ / "config");
-        std::ofstream(folder_ / fs::path(project).replace_extension(".mlproj"))
-            << "[Settings]\nDefaultFormForUnits=MainForm\n";
+    TSample(const std::string& folder, const std::string& project) : project_(project) {
+        work_.Copy("examples/" + folder, "p");
+        WriteBytes(work_ / "p" / fs::path(project).replace_extension(".mlproj"),
+                   "[Settings]\nDefaultFormForUnits=MainForm\n");
     }
-    ~TSample() {
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-    TSample(const TSample&) = delete;
-    TSample& operator=(const TSample&) = delete;
 
     void Read(const std::string& command, const std::string& options, TStrings& strings) const {
-        const std::string line = "cd '" + folder_.string() + "' && '" TML_BIN "/tmllang' --config '" +
-                                 (folder_ / "config").string() + "' " + command + " " + project_ +
-                                 " --json " + options + " 2>&1";
-        FILE* pipe = ::popen(line.c_str(), "r");
-        ASSERT_NE(pipe, nullptr);
-        std::string output;
-        std::array<char, 4096> part{};
-        for (std::size_t size = 0; (size = std::fread(part.data(), 1, part.size(), pipe)) > 0;)
-            output.append(part.data(), size);
-        ASSERT_EQ(::pclose(pipe), 0) << output;
+        const auto [output, exit] = work_.Run("cd p && " + work_.Program() + " " + command + " " + project_ +
+                                              " --json " + options + " 2>&1");
+        ASSERT_EQ(exit, 0) << output;
         std::istringstream rows(output);
         for (std::string row; std::getline(rows, row);) {
             const nlohmann::json value = nlohmann::json::parse(row);
@@ -59,7 +41,7 @@ class TSample {
     }
 
   private:
-    fs::path folder_;
+    TWorkFolder work_;
     std::string project_;
 };
 
