@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "tables/Languages.h"
 #include "windows/Shortcuts.h"
 
 namespace tml {
@@ -49,6 +51,20 @@ constexpr std::array kSettings{
     TSetting{"Delimiter", "Delimiter", &V::Delimiter, String, Fixed, Always, kSettingsKey},
     TSetting{"UseCustom", "UseCustom", &V::UseCustom, Bool, NeverRead, Differs},
     TSetting{"UserFile", "UserFile", &V::UserFile, String, NeverRead, Always},
+};
+
+/// Between what a number has to lie; the others take any.
+struct TRange {
+    std::string_view Property;
+    int Least;
+    int Most;
+};
+
+constexpr TRange kRanges[] = {
+    {"NumLang", 1, kMostLanguages},
+    {"IgnorableLength", 0, std::numeric_limits<int>::max()},
+    {"CommentsLength", 0, std::numeric_limits<int>::max()},
+    {"PreviewLines", 1, std::numeric_limits<int>::max()},
 };
 
 const TSettingValues kDefaults;
@@ -197,12 +213,25 @@ void FromPerson(const TSetting& setting, std::string_view text, bool& value) {
     value = SameText(text, "true") || text == "1";
     if (!value && !SameText(text, "false") && text != "0") throw Unfit(setting, text, "true, false, 1 or 0");
 }
+/// "a whole number from 1 to 10000"
+std::string NumberWanted(int least, int most) {
+    constexpr int kLeast = std::numeric_limits<int>::min(), kMost = std::numeric_limits<int>::max();
+    return "a whole number" + (least > kLeast ? " from " + std::to_string(least) : "") +
+           (most < kMost ? " to " + std::to_string(most) : "");
+}
+
 void FromPerson(const TSetting& setting, std::string_view text, int& value) {
+    const auto* range = std::find_if(std::begin(kRanges), std::end(kRanges),
+                                     [&](const TRange& row) { return row.Property == setting.Property; });
+    const bool isBound = range != std::end(kRanges);
+    const int least = isBound ? range->Least : std::numeric_limits<int>::min();
+    const int most = isBound ? range->Most : std::numeric_limits<int>::max();
     try {
         value = ToInteger(text);
     } catch (const EConvertError&) {
-        throw Unfit(setting, text, "a whole number");
+        throw Unfit(setting, text, NumberWanted(least, most));
     }
+    if (value < least || value > most) throw Unfit(setting, text, NumberWanted(least, most));
 }
 void FromPerson(const TSetting& setting, std::string_view text, TShortCut& value) {
     value = TextToShortCut(text);

@@ -121,7 +121,9 @@ TEST(Settings, ANumberThatIsNoneStopsTheReadButNotTheCommand) {
 TEST(Settings, TextsThatDoNotFitAreRefusedAndNothingIsStored) {
     TMemoryRegistry registry;
     const std::pair<const char*, const char*> rows[] = {
-        {"NumLang", "many"}, {"AddFormName", "maybe"}, {"ShortCut", "Ctrl+Nothing"}, {"SortOrder", ""}};
+        {"NumLang", "many"},       {"NumLang", "0"},         {"NumLang", "10001"},
+        {"IgnorableLength", "-1"}, {"AddFormName", "maybe"}, {"ShortCut", "Ctrl+Nothing"},
+        {"SortOrder", ""},         {"CommentsLength", "-2"}, {"PreviewLines", "0"}};
     for (const auto& [name, text] : rows)
         EXPECT_THROW(StoreSettingText(registry, *FindSetting(name), text), EBadInput) << name;
     EXPECT_TRUE(registry.Writes.empty());
