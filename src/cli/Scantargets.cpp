@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/Codedtext.h"
-#include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "core/Closedforms.h"
 #include "translations/Memini.h"
@@ -42,10 +41,9 @@ class TOpenModule {
 };
 
 /// The component as the form's file tells it, read without opening the form.
-std::string ComponentInFile(TWorkplace& workplace, const std::string& formFile) {
-    const THost& host = workplace.Host();
+std::string ComponentInFile(TClosedForms& closed, const std::string& unitFile) {
     try {
-        return AnalyzeClosedForm(*host.Files, formFile, host.Runtime->NamesArray()).ComponentName;
+        return closed.Read(unitFile).ComponentName;
     } catch (const EBadInput&) {
         return {};  // opening the form tells what is wrong with it
     }
@@ -99,12 +97,12 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
     TScanShared shared = SharedOfPaths(defaultClass);
     IOTAProject& project = *workplace.Modules().GetActiveProject();
     IFileSystem& files = *workplace.Host().Files;
-    TFolderIndex folders(files);
+    TClosedForms closed(workplace.Host());
     const auto components = std::make_shared<TFormComponents>();
     const std::vector<TScanTarget> targets = TargetsOfProject(project, {}, {});
     for (const TScanTarget& target : targets)
         if (!target.FormName.empty())
-            components->Add(target.FormName, ComponentInFile(workplace, folders.FormFileOf(target.FileName)));
+            components->Add(target.FormName, ComponentInFile(closed, target.FileName));
     shared.Others = components;
     try {
         const std::string defaultForm = DefaultFormForUnits(files, project.GetFileName());

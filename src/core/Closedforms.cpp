@@ -4,24 +4,35 @@
 #include <array>
 #include <optional>
 
+#include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "forms/Formtree.h"
+#include "source/Ancestors.h"
 
 namespace tml {
 namespace {
 
-constexpr std::array<std::string_view, 2> kHeaders{"object ", "inherited "};
+constexpr std::string_view kInherited = "inherited ";
+constexpr std::array<std::string_view, 2> kHeaders{"object ", kInherited};
 constexpr std::string_view kNumOfLanguages = "NumOfLanguages = ";
 
 /// Takes a line without its end and the blanks in front of it.
 std::string_view TakeLine(std::string_view& text) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
     std::string_view line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
+    const std::size_t endSize = text.substr(end).starts_with("\r\n") ? 2 : 1;
+    text.remove_prefix(std::min(end + endSize, text.size()));
     while (!line.empty() && static_cast<unsigned char>(line.back()) <= ' ')
         line.remove_suffix(1);
     return line;
+}
+
+/// The class of a form that inherits from another one, by the line that it begins with; "" for any other.
+std::string_view DescendantClass(std::string_view line) {
+    const std::size_t mark = line.find(": ");
+    const bool inherits = Trim(line).starts_with(kInherited) && mark != std::string_view::npos;
+    return inherits ? line.substr(mark + 2) : std::string_view();
 }
 
 /// The component's name where the line is the header of a component of this class.
@@ -54,40 +65,94 @@ int NumberOfLanguages(std::string_view digits, const std::string& fileName, int 
     }
 }
 
-bool IsBinaryForm(std::string_view bytes) {
-    return bytes.starts_with("\xFF\x0A") || bytes.starts_with("TPF0");
-}
-
-}  // namespace
-
-TFormAnalysis SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
-                             const std::string& fileName) {
-    TFormAnalysis found;
-    std::string formName = NameIn(TakeLine(text));
-    for (int number = 2; !text.empty(); ++number) {
-        const std::string_view line = TakeLine(text);
-        for (const std::string& className : classNames)
-            if (const auto name = HeaderName(line, className)) found = {std::string(*name), className, 1};
-        if (found.NumLang == 0 || line.find(kNumOfLanguages) == std::string_view::npos) continue;
-        found.NumLang = NumberOfLanguages(line.substr(line.find('=') + 2), fileName, number);
-        break;
-    }
-    if (found.NumLang == 0) found = {};
-    found.FormName = std::move(formName);
-    return found;
-}
-
-TFormAnalysis AnalyzeClosedForm(IFileSystem& files, const std::string& formFile,
-                                const std::vector<std::string>& classNames) {
-    std::string text;
+/// The form as text in UTF-8; "" for one that cannot be read.
+std::string FormText(IFileSystem& files, const std::string& formFile) {
     try {
-        text = files.Read(formFile);
-        if (IsBinaryForm(text)) text = TFormTree::Parse(text, formFile)->Text();
+        std::string text = files.Read(formFile);
+        if (text.starts_with("\xFF\x0A") || text.starts_with("TPF0"))
+            text = TFormTree::Parse(text, formFile)->Text();
+        return FindNonAscii(text, 0) == text.size() ? text : TCodedText::TextOf(text);
     } catch (const EBadInput&) {
         // The row stays without languages; opening the form tells what is wrong with it.
         return {};
     }
-    return SearchFormText(text, classNames, formFile);
+}
+
+}  // namespace
+
+TFormSearch SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
+                           const std::string& fileName) {
+    TFormSearch search;
+    TFormAnalysis& found = search.Found;
+    const std::string_view form = TakeLine(text);
+    search.DescendantClass = DescendantClass(form);
+    for (int number = 2; !text.empty(); ++number) {
+        const std::string_view line = TakeLine(text);
+        for (const std::string& className : classNames)
+            if (const auto name = HeaderName(line, className)) {
+                found = {std::string(*name), className, 1};
+                search.IsInherited = line.find(kHeaders[0]) == std::string_view::npos;
+            }
+        if (found.NumLang == 0 || line.find(kNumOfLanguages) == std::string_view::npos) continue;
+        found.NumLang = NumberOfLanguages(line.substr(line.find('=') + 2), fileName, number);
+        search.HasNumber = true;
+        break;
+    }
+    if (found.NumLang <= 0) found = {};
+    found.FormName = NameIn(form);
+    return search;
+}
+
+TClosedForms::TClosedForms(const THost& host) : host_(host), folders_(*host.Files) {}
+
+TFormAnalysis TClosedForms::Read(const std::string& unitFile) {
+    const auto [place, isNew] = read_.try_emplace(unitFile);
+    if (!isNew) return place->second;
+    TFormAnalysis& read = place->second;  // until then nothing, for a form that derives from itself
+    const std::string formFile = folders_.FormFileOf(unitFile);
+    const std::string text = formFile.empty() ? std::string() : FormText(*host_.Files, formFile);
+    TFormSearch search = SearchFormText(text, host_.Runtime->NamesArray(), formFile);
+    const bool hasAll = search.Found.NumLang > 0 && (!search.IsInherited || search.HasNumber);
+    if (!hasAll && !search.DescendantClass.empty()) {
+        const TFormAnalysis inherited = ReadAncestor(unitFile, search.DescendantClass);
+        const std::string formName = search.Found.FormName;
+        if (search.Found.NumLang == 0)
+            search.Found = inherited;
+        else if (SameText(search.Found.ComponentName, inherited.ComponentName))
+            search.Found.NumLang = inherited.NumLang;
+        search.Found.FormName = formName;
+    }
+    return read = search.Found;
+}
+
+TFormAnalysis TClosedForms::ReadAncestor(const std::string& unitFile, const std::string& className) {
+    const std::string ancestor = AncestorClass(unitFile, className);
+    // The project's form of a class has the class's name without its T.
+    const std::string unit = ancestor.starts_with('T') ? UnitOfForm(ancestor.substr(1)) : std::string();
+    return unit.empty() ? TFormAnalysis() : Read(unit);
+}
+
+std::string TClosedForms::AncestorClass(const std::string& unitFile, const std::string& className) {
+    const std::string header = folders_.HeaderFileOf(unitFile);
+    const std::string& source = header.empty() ? unitFile : header;
+    try {
+        const std::string text = TCodedText::TextOf(host_.Files->Read(source));
+        return AncestorOf(TSourceText(std::make_shared<const std::string>(text), source), className);
+    } catch (const EBadInput&) {
+        return {};
+    }
+}
+
+std::string TClosedForms::UnitOfForm(const std::string& formName) {
+    IOTAModuleServices* services = host_.Services == nullptr ? nullptr : host_.Services->GetModuleServices();
+    const auto project = services == nullptr ? nullptr : services->GetActiveProject();
+    const int count = project == nullptr || !units_.empty() ? 0 : project->GetModuleCount();
+    for (int i = 0; i < count; ++i) {
+        const TOTAModuleInfo module = project->GetModule(i);
+        units_.try_emplace(UpperCase(module.FormName), module.FileName);
+    }
+    const auto found = units_.find(UpperCase(formName));
+    return found == units_.end() ? std::string() : found->second;
 }
 
 }  // namespace tml

@@ -15,7 +15,7 @@ std::string TFormRow::Cell(std::size_t column) const {
         case fcLanguages:
             return std::to_string(Component.NumLang);
         case fcComponent:
-            return ShowsClass ? Component.ClassName : Component.ComponentName;
+            return Component.ComponentName == InsertedName ? Component.ClassName : Component.ComponentName;
         default:
             return {};
     }
@@ -24,13 +24,6 @@ std::string TFormRow::Cell(std::size_t column) const {
 void UpdateItem(TFormRow* row, const TFormAnalysis& found) {
     if (row == nullptr) return;
     row->Component = found.NumLang > 0 ? found : TFormAnalysis();
-    row->ShowsClass = false;
-}
-
-TRowGuard::~TRowGuard() {
-    if (kept_) return;
-    row_.Component = component_;
-    row_.ShowsClass = showsClass_;
 }
 
 int CompareRows(const TFormRow& a, const TFormRow& b, int column) {

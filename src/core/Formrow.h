@@ -30,8 +30,9 @@ class TFormRow : public TListRow {
     const std::string UnitName;
     const std::string FileName;  ///< of the unit
     TFormAnalysis Component;
-    /// The column shows the component's class in place of its name.
-    bool ShowsClass = false;
+    /// The component that was inserted since the list was made: the column shows its class in place of its
+    /// name until the list is made anew.
+    std::string InsertedName;
     /// Of the form's module where that was open when the row was made.
     std::shared_ptr<TmlModuleNotifier> Notifier;
 
@@ -42,23 +43,6 @@ class TFormRow : public TListRow {
 
 /// Sets what is known of the row's component; nothing for a missing row. Below 1 language it has none.
 void UpdateItem(TFormRow* row, const TFormAnalysis& found);
-
-/// Gives a row what it knew of its component back when it goes, unless the row is kept: for a command that
-/// may be taken back.
-class TRowGuard {
-  public:
-    explicit TRowGuard(TFormRow& row) : row_(row), component_(row.Component), showsClass_(row.ShowsClass) {}
-    ~TRowGuard();
-    TRowGuard(const TRowGuard&) = delete;
-    TRowGuard& operator=(const TRowGuard&) = delete;
-    void Keep() { kept_ = true; }
-
-  private:
-    TFormRow& row_;
-    TFormAnalysis component_;
-    bool showsClass_;
-    bool kept_ = false;
-};
 
 /// Compares two rows by a column: below 0, 0 or above 0.
 int CompareRows(const TFormRow& a, const TFormRow& b, int column);

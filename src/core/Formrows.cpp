@@ -6,7 +6,6 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
-#include "core/Closedforms.h"
 #include "core/Modules.h"
 #include "core/Notifiers.h"
 
@@ -15,18 +14,10 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
 
-TFormAnalysis ReadClosed(TContext& context, TFolderIndex& folders, const std::string& unitFile) {
-    const std::string formFile = folders.FormFileOf(unitFile);
-    if (formFile.empty()) return {};
-    return AnalyzeClosedForm(*context.Host.Files, formFile, context.Host.Runtime->NamesArray());
-}
-
-/// The row of an inserted component goes on showing the class.
+/// The row of a form that others have changed; its name may be another one.
 void Follow(TFormRow& row, const TFormAnalysis& found) {
     if (!found.FormName.empty()) row.FormName = found.FormName;
-    const bool showsClass = row.ShowsClass && found.ComponentName == row.Component.ComponentName;
     UpdateItem(&row, found);
-    row.ShowsClass = showsClass;
 }
 
 }  // namespace
@@ -37,7 +28,7 @@ bool IsSourceUnit(const std::string& fileName) {
                        [&](std::string_view unit) { return SameText(unit, extension); });
 }
 
-void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module) {
+void AddProjectModule(TContext& context, TClosedForms& closed, const TOTAModuleInfo& module) {
     if (Contains(module.Name, ".")) return;
     context.Project.ProjectFiles.Add(module.FileName);
     if (module.FormName.empty()) {
@@ -48,25 +39,24 @@ void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModule
     }
     TFormRows& list = context.Rows.FormNames;
     TFormRow& row = list.Add(module.FormName, module.Name, module.FileName);
-    UpdateItem(&row, ReadForm(context, folders, module.FileName));
+    UpdateItem(&row, ReadForm(context, closed, module.FileName));
     if (const auto open = GetModuleFromFileName(context, module.FileName))
         if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &row, open);
 }
 
-TFormAnalysis ReadForm(TContext& context, TFolderIndex& folders, const std::string& unitFile) {
-    return IsFileOpen(context, unitFile) ? AnalyzeFile(context, unitFile)
-                                         : ReadClosed(context, folders, unitFile);
+TFormAnalysis ReadForm(TContext& context, TClosedForms& closed, const std::string& unitFile) {
+    return IsFileOpen(context, unitFile) ? AnalyzeFile(context, unitFile) : closed.Read(unitFile);
 }
 
 void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames) {
-    TFolderIndex folders(*context.Host.Files);
+    TClosedForms closed(context.Host);
     std::set<TFormRow*> rows;
     for (const std::string& fileName : fileNames)
         for (TFormRow* row : context.Rows.FormNames.FindUnitOrForm(fileName))
             rows.insert(row);
     TAllSteps steps;
     for (TFormRow* row : rows)
-        steps.Try([&] { Follow(*row, ReadForm(context, folders, row->FileName)); });
+        steps.Try([&] { Follow(*row, ReadForm(context, closed, row->FileName)); });
     context.Rows.FormNames.Touch();
     steps.Finish();
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/Folderindex.h"
+#include "core/Closedforms.h"
 #include "core/Context.h"
 #include "windows/Boxes.h"
 
@@ -14,10 +14,10 @@ bool IsSourceUnit(const std::string& fileName);
 
 /// Adds a module of the project to the lists: its form as a row of the forms list, or its unit to the
 /// units without a form. A name with a "." is no unit's and is ignored.
-void AddProjectModule(TContext& context, TFolderIndex& folders, const TOTAModuleInfo& module);
+void AddProjectModule(TContext& context, TClosedForms& closed, const TOTAModuleInfo& module);
 
 /// What the form of a unit holds: the open form, else its form file.
-TFormAnalysis ReadForm(TContext& context, TFolderIndex& folders, const std::string& unitFile);
+TFormAnalysis ReadForm(TContext& context, TClosedForms& closed, const std::string& unitFile);
 /// Reads the rows of these units and form files again, open or not, their forms' names too. The first error
 /// is thrown when all are read.
 void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames);

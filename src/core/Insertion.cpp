@@ -12,15 +12,10 @@ constexpr std::string_view kCustomLang = "TmlCustomLang";
 /// The first component of the form that is of the class, and has the name where one is given.
 std::shared_ptr<IOTAComponent> FindToSetUp(TContext& context, IOTAFormEditor& editor,
                                            const TLangSetUp& setUp) {
-    const auto root = editor.GetRootComponent();
-    for (int i = 0; i < root->GetComponentCount(); ++i) {
-        auto component = root->GetComponent(i);
-        if (!context.Host.Runtime->InheritsFrom(component->GetComponentType(), setUp.ComponentClass))
-            continue;
-        if (setUp.ComponentName.empty() || SameText(component->GetName(), setUp.ComponentName))
-            return component;
-    }
-    return nullptr;
+    return FindComponentOf(editor, [&](IOTAComponent& component) {
+        return context.Host.Runtime->InheritsFrom(component.GetComponentType(), setUp.ComponentClass) &&
+               (setUp.ComponentName.empty() || SameText(component.GetName(), setUp.ComponentName));
+    });
 }
 
 bool IsLocalization(IMlRuntime& runtime, const std::string& className) {
@@ -48,18 +43,15 @@ std::shared_ptr<IOTAComponent> CreateOn(TContext& context, const TFormRow& row, 
 void InsertOn(TContext& context, TFormRow& row, const TLangPlan& plan) {
     const TSettingValues& settings = context.Settings.Get();
     // All or nothing: a component that cannot be configured does not stay on the form.
-    TRowGuard guard(row);
     const auto scope = BeginCommand(context, "Insert " + plan.ClassName);
     if (CreateOn(context, row, plan.ClassName, plan.Name) == nullptr) return;
     UpdateItem(&row, {plan.Name, plan.ClassName, settings.NumLang});
-    // The column shows the class, not the new component's name, until the list is rebuilt: on purpose.
-    row.ShowsClass = true;
+    row.InsertedName = plan.Name;
     TLangSetUp setUp;
     setUp.NumLang = settings.NumLang;
     setUp.LangNamesText = settings.DefaultLangNames;
     ConfigureLangComponent(context, &row, setUp);
     scope->Commit();
-    guard.Keep();
 }
 
 }  // namespace
@@ -117,7 +109,6 @@ void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& 
     if (row == nullptr) return;
     const bool inserts = setUp.InsertIfMissing && !row->HasComponent();
     if (inserts && !ShowForm(context, *row)) return;
-    TRowGuard guard(*row);
     const auto scope = BeginCommand(context, "Languages");
     if (inserts) InsertTmlLang(context, *row);
     TModuleLease lease(context, row->FileName);
@@ -136,7 +127,6 @@ void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& 
         lease.Save();
     }
     scope->Commit();
-    guard.Keep();
 }
 
 void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp) {

@@ -1,6 +1,8 @@
 #include "core/Langsetup.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <numeric>
 
 #include "core/Modules.h"
@@ -87,19 +89,38 @@ void FollowDispatcher(TmlCustomLang& lang, TmlLangDispatcher& dispatcher, TMoves
     lang.SetNumLang(names.Count());
 }
 
-/// Every localization component of the project that is linked to the dispatcher, with its row.
+/// Calls work for each localization component of the row's form that is linked to the dispatcher.
 template <typename Work>
-void ForEachLinked(TContext& context, TmlLangDispatcher& dispatcher, Work work) {
+void WithLinked(TContext& context, TFormRow& row, TmlLangDispatcher& dispatcher, Work work) {
+    TModuleLease lease(context, row.FileName);
+    const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row.FileName));
+    const auto root = editor == nullptr ? nullptr : editor->GetRootComponent();
+    for (int i = 0; root != nullptr && i < root->GetComponentCount(); ++i)
+        if (const auto lang = context.Host.Runtime->AsCustomLang(root->GetComponent(i)))
+            if (lang->IsLinkedTo(dispatcher)) work(*root, *lang);
+    lease.Save();
+}
+
+int AncestorsOf(IOTAComponent& form) {
+    const auto ancestor = form.GetOrigin() == TComponentOrigin::coInherited ? form.GetAncestor() : nullptr;
+    return ancestor == nullptr ? 0 : 1 + AncestorsOf(*ancestor);
+}
+
+/// The rows with components that are linked to the dispatcher, descendants first: they read through their
+/// ancestors, which are to be as they were then.
+std::vector<TFormRow*> LinkedRows(TContext& context, TmlLangDispatcher& dispatcher) {
+    std::multimap<int, TFormRow*, std::greater<>> rows;
     for (const auto& row : context.Rows.FormNames.Items()) {
-        if (!row->HasComponent()) continue;
-        TModuleLease lease(context, row->FileName);
-        const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row->FileName));
-        const auto root = editor == nullptr ? nullptr : editor->GetRootComponent();
-        for (int i = 0; root != nullptr && i < root->GetComponentCount(); ++i)
-            if (const auto lang = context.Host.Runtime->AsCustomLang(root->GetComponent(i)))
-                if (lang->IsLinkedTo(dispatcher)) work(*row, *lang);
-        lease.Save();
+        int depth = -1;
+        if (row->HasComponent())
+            WithLinked(context, *row, dispatcher,
+                       [&](IOTAComponent& root, TmlCustomLang&) { depth = AncestorsOf(root); });
+        if (depth >= 0) rows.emplace(depth, row.get());
     }
+    std::vector<TFormRow*> sorted;
+    for (const auto& [depth, row] : rows)
+        sorted.push_back(row);
+    return sorted;
 }
 
 }  // namespace
@@ -123,10 +144,11 @@ void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLa
     SetNames(dispatcher, setUp);
     dispatcher.SetNumOfLanguages(setUp.NumLang);
     SetActive(dispatcher, moves.NewActive);
-    ForEachLinked(context, dispatcher, [&](TFormRow& row, TmlCustomLang& lang) {
-        FollowDispatcher(lang, dispatcher, moves, languages);
-        if (lang.GetName() == row.Component.ComponentName) row.Component.NumLang = lang.GetNumLang();
-    });
+    for (TFormRow* row : LinkedRows(context, dispatcher))
+        WithLinked(context, *row, dispatcher, [&](IOTAComponent&, TmlCustomLang& lang) {
+            FollowDispatcher(lang, dispatcher, moves, languages);
+            if (lang.GetName() == row->Component.ComponentName) row->Component.NumLang = lang.GetNumLang();
+        });
     scope->Commit();
 }
 

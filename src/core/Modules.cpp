@@ -8,6 +8,14 @@ namespace {
 constexpr const char* kNoFormModule =
     "Unable to obtain the interface of form module! Please check your project source.";
 
+/// The form's own go first: its unit may have calls of them already.
+std::shared_ptr<IOTAComponent> FirstOf(IOTAComponent& root, const TComponentTest& fits) {
+    for (int i = 0; i < root.GetComponentCount(); ++i)
+        if (auto component = root.GetComponent(i); fits(*component)) return component;
+    const auto ancestor = root.GetOrigin() == TComponentOrigin::coInherited ? root.GetAncestor() : nullptr;
+    return ancestor == nullptr ? nullptr : FirstOf(*ancestor, fits);
+}
+
 }  // namespace
 
 IOTAModuleServices* GetModuleServices(TContext& context) {
@@ -108,12 +116,16 @@ void TModuleLease::Save() {
     if (!wasOpen_) SaveFile(context_, fileName_);
 }
 
-std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor) {
+std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits) {
     const auto root = editor.GetRootComponent();
-    const int count = root == nullptr ? 0 : root->GetComponentCount();
-    for (int i = 0; i < count; ++i)
-        if (auto lang = runtime.AsCustomLang(root->GetComponent(i))) return lang;
-    return nullptr;
+    const auto found = root == nullptr ? nullptr : FirstOf(*root, fits);
+    return found == nullptr || found->GetOwner() == root ? found : editor.FindComponent(found->GetName());
+}
+
+std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor) {
+    return runtime.AsCustomLang(FindComponentOf(editor, [&](IOTAComponent& component) {
+        return runtime.InheritsFrom(component.GetComponentType(), "TmlCustomLang");
+    }));
 }
 
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,7 +60,11 @@ class TModuleLease {
     bool wasOpen_;
 };
 
-/// The first localization component that the root owns, in form file order; nullptr when there is none.
+using TComponentTest = std::function<bool(IOTAComponent&)>;
+/// The first component in the form's file that fits, else the first of what the form inherits; nullptr when
+/// there is none.
+std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits);
+/// The first localization component of the form; nullptr when there is none.
 std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor);
 /// Reads the open form of a file; 0 languages when it has no component or is not open.
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName);

@@ -257,11 +257,11 @@ bool TmlLangExpert::FillList(IOTAProject& project) {
 
 bool TmlLangExpert::ReadForms(IOTAProject& project) {
     const TProgressEnd end(context_.Dialogs());
-    TFolderIndex folders(*host_.Files);
+    TClosedForms closed(host_);
     const int count = project.GetModuleCount();
     for (int i = 0; i < count; ++i) {
         if (!context_.Dialogs().ShowProgress("Reading forms...", i, count)) return false;
-        AddProjectModule(context_, folders, project.GetModule(i));
+        AddProjectModule(context_, closed, project.GetModule(i));
     }
     return true;
 }

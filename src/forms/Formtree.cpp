@@ -82,7 +82,8 @@ void TFormTree::RemoveProperty(TFormNode& node, std::string_view name) {
     data.Properties.erase(place);
 }
 
-TFormNode& TFormTree::AddChild(TFormNode& parent, const std::string& name, const std::string& className) {
+TFormNode& TFormTree::AddChild(TFormNode& parent, const std::string& name, const std::string& className,
+                               TFormPrefix prefix) {
     Editor();
     CheckedName(className, *file_);
     if (!name.empty()) CheckedName(name, *file_);
@@ -90,6 +91,7 @@ TFormNode& TFormTree::AddChild(TFormNode& parent, const std::string& name, const
     TFormNodeData& data = child.Data();
     data.File = file_.get();
     data.Parent = &parent;
+    data.Prefix = prefix;
     data.Name = name;
     data.ClassName = className;
     data.IsNew = true;

@@ -39,8 +39,9 @@ class TFormTree {
     void SetProperty(TFormNode& node, const std::string& name, const TFormValue& value);
     /// Removes a property; one that is not there is no error.
     void RemoveProperty(TFormNode& node, std::string_view name);
-    /// Adds an "object" behind the children of parent.
-    TFormNode& AddChild(TFormNode& parent, const std::string& name, const std::string& className);
+    /// Adds a component behind the children of parent.
+    TFormNode& AddChild(TFormNode& parent, const std::string& name, const std::string& className,
+                        TFormPrefix prefix = TFormPrefix::Object);
     /// Removes a component with all below it; node is gone afterwards. The root cannot be removed.
     void RemoveChild(TFormNode& node);
     /// References by name from other components' properties are the caller's business.

@@ -5,6 +5,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "ide/Designcomponent.h"
+#include "ide/Inheritedcomponent.h"
 #include "runtime/Classes.h"
 
 namespace tml {
@@ -21,6 +22,15 @@ bool IsIdentifier(const std::string& name) {
     };
     return !name.empty() && isLetter(name.front()) &&
            std::all_of(name.begin(), name.end(), [&](char c) { return isLetter(c) || IsDigit(c); });
+}
+
+/// The component of the form, or of what that inherits.
+std::shared_ptr<IOTAComponent> FindOn(std::shared_ptr<IOTAComponent> form, const std::string& name) {
+    for (; form != nullptr; form = form->GetAncestor())
+        for (int i = 0; i < form->GetComponentCount(); ++i)
+            if (auto component = form->GetComponent(i); SameText(component->GetName(), name))
+                return component;
+    return nullptr;
 }
 
 }  // namespace
@@ -44,8 +54,13 @@ std::shared_ptr<IOTAComponent> TDesigner::GetRootComponent() {
 }
 
 std::shared_ptr<IOTAComponent> TDesigner::FindComponent(const std::string& name) {
-    TFormNode* node = form_->FindOwned(name);
-    return node == nullptr ? nullptr : form_->ComponentOf(*node);
+    if (TFormNode* node = form_->FindOwned(name)) return form_->ComponentOf(*node);
+    const bool isDescendant = form_->Root().Prefix() == TFormPrefix::Inherited;
+    const auto inherited = isDescendant ? FindInherited(name) : nullptr;
+    if (inherited == nullptr) return nullptr;
+    std::shared_ptr<IOTAComponent>& component = inherited_[UpperCase(name)];
+    if (!component) component = std::make_shared<TInheritedComponent>(form_, inherited->GetName());
+    return component;
 }
 
 std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* container,
@@ -101,15 +116,8 @@ void TDesigner::Destroyed() {
 }
 
 bool TDesigner::IsFree(const std::string& name, const std::string& typeName) {
-    return form_->FindOwned(name) == nullptr && !AncestorsHave(name) &&
+    return form_->FindOwned(name) == nullptr && FindInherited(name) == nullptr &&
            source_.HasRoomFor(form_->Root().ClassName(), name, typeName);
-}
-
-bool TDesigner::AncestorsHave(const std::string& name) {
-    for (auto form = FindAncestor(form_->Root()); form != nullptr; form = form->GetAncestor())
-        for (int i = 0; i < form->GetComponentCount(); ++i)
-            if (SameText(form->GetComponent(i)->GetName(), name)) return true;
-    return false;
 }
 
 std::string TDesigner::FreeName(const std::string& name, const std::string& typeName) {
@@ -212,23 +220,30 @@ std::shared_ptr<IOTAComponent> TDesigner::FindReference(const std::string& refer
     const std::string name = reference.substr(dot + 1);
     std::shared_ptr<IOTAComponent> place = FindComponent(owner);
     if (!place) place = services_.FindForm(owner);
-    for (int i = 0; place && i < place->GetComponentCount(); ++i)
-        if (SameText(place->GetComponent(i)->GetName(), name)) return place->GetComponent(i);
-    return nullptr;
+    return FindOn(std::move(place), name);
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::FindInherited(const std::string& name) {
+    return FindOn(FindAncestor(form_->Root()), name);
 }
 
 /// The project's form of a class has the class's name without its T.
 std::shared_ptr<IOTAComponent> TDesigner::FindAncestor(const TFormNode& node) {
     const bool isForm = &node == &form_->Root();
+    if (!isForm && node.Prefix() == TFormPrefix::Inherited)
+        return FindOn(FindAncestor(*form_->OwnerOf(node)), node.Name());
     if (!isForm && node.Prefix() != TFormPrefix::Inline) return nullptr;
     const std::string className = isForm ? source_.AncestorOf(node.ClassName()) : node.ClassName();
     if (className.size() < 2 || className.front() != 'T') return nullptr;
     auto found = services_.FindForm(className.substr(1));
-    return found != nullptr && SameText(found->GetComponentType(), className) ? found : nullptr;
+    // A class that derives from itself would be looked through for ever.
+    const bool fits = found != nullptr && found != GetRootComponent();
+    return fits && SameText(found->GetComponentType(), className) ? found : nullptr;
 }
 
-void TDesigner::NameRestored(TDesignComponent& component, const std::string& oldName) {
-    TellRenamed(component.GetComponentHandle(), oldName, component.GetName());
+/// What had followed the name is restored as well, so nobody is told.
+void TDesigner::NameRestored() {
+    services_.FormRenamed();
 }
 
 void TDesigner::TellRenamed(TComponentHandle handle, const std::string& oldName, const std::string& newName) {

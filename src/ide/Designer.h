@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "ide/Formdocument.h"
@@ -60,9 +61,9 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void Delete(TFormNode& node) override;
     std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) override;
     std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
-    void NameRestored(TDesignComponent& component, const std::string& oldName) override;
+    std::shared_ptr<IOTAComponent> FindInherited(const std::string& name) override;
+    void NameRestored() override;
 
-    bool AncestorsHave(const std::string& name);
     bool IsFree(const std::string& name, const std::string& typeName);
     std::string NewName(const std::string& name, const std::string& className);
     void CheckName(const std::string& name);
@@ -77,6 +78,8 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     TServices services_;
     TNotifierList<IOTAFormNotifier> notifiers_;
     std::vector<std::shared_ptr<TDesignComponent>> selection_;
+    /// What was asked for of the components that the file does not repeat, by upper-cased name.
+    std::unordered_map<std::string, std::shared_ptr<IOTAComponent>> inherited_;
 };
 
 }  // namespace tml

@@ -106,9 +106,9 @@ void TFormDocument::Change(const std::string& title, const std::function<void(TF
 }
 
 TFormNode& TFormDocument::Add(TFormTree& tree, TFormNode& parent, const std::string& name,
-                              const std::string& className) {
+                              const std::string& className, TFormPrefix prefix) {
     owned_.clear();
-    return tree.AddChild(parent, name, className);
+    return tree.AddChild(parent, name, className, prefix);
 }
 
 void TFormDocument::Remove(TFormTree& tree, TFormNode& node) {
@@ -182,7 +182,7 @@ void TFormDocument::Restored() {
     formerNames_.clear();
     for (const auto& [component, name] : Names())
         if (const auto old = former.find(component); old != former.end() && old->second != name)
-            designer_->NameRestored(*component, old->second);
+            return designer_->NameRestored();
 }
 
 }  // namespace tml

@@ -25,10 +25,12 @@ class IComponentDesigner {
     virtual void Delete(TFormNode& node) = 0;
     /// "Name" on this form or "Form1.Name"; nullptr when there is none.
     virtual std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) = 0;
-    /// The form that the node repeats, see IOTAComponent::GetAncestor.
+    /// What the node repeats, see IOTAComponent::GetAncestor.
     virtual std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) = 0;
-    /// A component got its name back by an undo.
-    virtual void NameRestored(TDesignComponent& component, const std::string& oldName) = 0;
+    /// The component of the nearest ancestor that has one of this name; nullptr when there is none.
+    virtual std::shared_ptr<IOTAComponent> FindInherited(const std::string& name) = 0;
+    /// A component, perhaps the form itself, got a former name back.
+    virtual void NameRestored() = 0;
 };
 
 /// A form file in the IDE: the tree is the only store, components are views on its nodes. A component
@@ -66,7 +68,8 @@ class TFormDocument : public TDocument {
     /// closed.
     void Change(const std::string& title, const std::function<void(TFormTree&)>& change);
     /// Parts of a Change: a new component, and one that goes with all below it.
-    TFormNode& Add(TFormTree& tree, TFormNode& parent, const std::string& name, const std::string& className);
+    TFormNode& Add(TFormTree& tree, TFormNode& parent, const std::string& name, const std::string& className,
+                   TFormPrefix prefix = TFormPrefix::Object);
     void Remove(TFormTree& tree, TFormNode& node);
 
   private:

@@ -42,6 +42,8 @@ class TModule : public IOTAModule, public std::enable_shared_from_this<TModule> 
     TSourceBuffer* FindSource(const std::string& fileName) const;
     /// Under what form name the module services know it.
     std::string IndexedFormName;
+    /// The module for whose sake alone it was opened; it closes with that one unless it is modified.
+    std::weak_ptr<TModule> OpenedFor;
 
     /// Adds what is modified to the running command's save, with the form's notifiers told around it.
     void SaveDocuments();

@@ -63,23 +63,45 @@ bool TModules::IsOfActive(TModule& module) const {
 }
 
 std::shared_ptr<IOTAModule> TModules::OpenModule(const std::string& fileName, bool show) {
-    std::shared_ptr<TModule> module = Find(fileName);
-    if (!module) {
-        const TFoundUnit found = FindUnit(AbsolutePath(files_, fileName));
-        const std::string& unitFile = found.Unit.FileName;
-        if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
-        try {
-            module = std::make_shared<TModule>(*this, ReadFiles(found));
-        } catch (const EBadInput& error) {
-            if (OnError) OnError(error);
-            throw;
-        }
-        AttachDesigner(module);
-        Register(module);
-        Announce(TOTAFileNotification::ofnFileOpened, unitFile);
+    std::shared_ptr<TModule> module;
+    try {
+        module = Find(fileName);
+        if (module)
+            for (const TDocument* document : module->Documents())
+                ExpectNoNamesake(fileName, document->FileName());
+        else
+            module = OpenClosed(fileName);
+    } catch (const EBadInput& error) {
+        if (OnError) OnError(error);
+        throw;
     }
     if (show) SetCurrent(module);
     return module;
+}
+
+std::shared_ptr<TModule> TModules::OpenClosed(const std::string& fileName) {
+    const TFoundUnit found = FindUnit(AbsolutePath(files_, fileName));
+    const std::string& unitFile = found.Unit.FileName;
+    ExpectNoNamesake(fileName, unitFile);
+    if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
+    const auto module = std::make_shared<TModule>(*this, ReadFiles(found));
+    AttachDesigner(module);
+    Register(module);
+    Announce(TOTAFileNotification::ofnFileOpened, unitFile);
+    return module;
+}
+
+/// To a project two files whose names differ in letter case only are one, on many a disk they are two.
+void TModules::ExpectNoNamesake(const std::string& fileName, const std::string& found) {
+    if (fileName == found || !SameText(fileName, found) || FolderOf(fileName) != FolderOf(found)) return;
+    const std::vector<std::string> names = files_.List(FolderOf(found));
+    const auto isThere = [&](const std::string& file) {
+        return std::find(names.begin(), names.end(), FileNameOf(file)) != names.end();
+    };
+    if (isThere(fileName) && isThere(found))
+        throw EBadInput(fileName, 0,
+                        "its name differs from that of " + FileNameOf(found) + " in letter case only",
+                        "Rename one of the two files");
 }
 
 /// A project's unit knows its form and header already; for any other file the folder is searched.
@@ -155,8 +177,8 @@ void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {
     TDesigner::TServices services;
     services.Journal = &journal_;
     services.Runtime = &runtime_;
-    services.FindForm = [this](const std::string& formName) { return FindForm(formName); };
     const std::weak_ptr<TModule> weak = module;
+    services.FindForm = [this, weak](const std::string& formName) { return FindForm(formName, weak); };
     services.Show = [this, weak] {
         if (const auto self = weak.lock()) SetCurrent(self, kFormEditor);
     };
@@ -199,17 +221,21 @@ void TModules::ForgetFormName(const TModule& module) {
     if (found != end) byForm_.erase(found);
 }
 
-std::shared_ptr<IOTAComponent> TModules::FindForm(const std::string& formName) {
+std::shared_ptr<IOTAComponent> TModules::FindForm(const std::string& formName,
+                                                  const std::weak_ptr<TModule>& user) {
     std::shared_ptr<IOTAModule> module = FindFormModule(formName);
     const TProject* project = group_ ? group_->Active() : nullptr;
     if (project != nullptr && (!module || !IsOfActive(*Find(module->GetFileName()))))
         if (const TProjectUnit* unit = project->FindForm(formName);
-            unit != nullptr && !unit->Missing && !Find(unit->FileName))
+            unit != nullptr && !unit->Missing && !Find(unit->FileName)) {
             module = OpenModule(unit->FileName, false);
+            Find(unit->FileName)->OpenedFor = user;
+        }
     return module && module->GetFormEditor() ? module->GetFormEditor()->GetRootComponent() : nullptr;
 }
 
 void TModules::SetCurrent(const std::shared_ptr<TModule>& module, int editor) {
+    if (module) module->OpenedFor.reset();
     current_ = module;
     currentEditor_ = editor;
 }
@@ -254,6 +280,9 @@ void TModules::CloseModule(const std::shared_ptr<TModule>& module) {
     module->CloseDocuments();
     if (current_.lock() == module) current_.reset();
     if (!unsaved.empty()) TellRestored(unsaved);
+    const std::vector<std::shared_ptr<TModule>> open = modules_;
+    for (const std::shared_ptr<TModule>& other : open)
+        if (other->OpenedFor.lock() == module && !other->GetModified()) CloseModule(other);
 }
 
 bool TModules::IsProjectFile(const std::string& fileName) const {

@@ -78,6 +78,8 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
         std::string CodePage;
     };
     TFoundUnit FindUnit(const std::string& fileName);
+    std::shared_ptr<TModule> OpenClosed(const std::string& fileName);
+    void ExpectNoNamesake(const std::string& fileName, const std::string& found);
     TModuleFiles ReadFiles(const TFoundUnit& found);
     std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName, const std::string& codePage);
     std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName, const std::string& codePage);
@@ -89,7 +91,8 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     void Unregister(const std::shared_ptr<TModule>& module);
     void NoteFormName(const std::shared_ptr<TModule>& module);
     void ForgetFormName(const TModule& module);
-    std::shared_ptr<IOTAComponent> FindForm(const std::string& formName);
+    /// The root of a form of the project, opened if need be for the module that asks; nullptr without one.
+    std::shared_ptr<IOTAComponent> FindForm(const std::string& formName, const std::weak_ptr<TModule>& user);
     /// Projects of a group may have forms of one name: the active one's are meant.
     bool IsOfActive(TModule& module) const;
     bool IsProjectFile(const std::string& fileName) const;

@@ -84,7 +84,8 @@ class IOTAComponent {
     virtual std::shared_ptr<IOTAComponent> GetParent() = 0;
     virtual TComponentOrigin GetOrigin() = 0;
     /// What this one repeats: the ancestor form of a form, the frame's own form of a frame, opened if need
-    /// be; nullptr for other components and where the project has no such form.
+    /// be, and the component there of one that they hold; nullptr for others and where the project has no
+    /// such form.
     virtual std::shared_ptr<IOTAComponent> GetAncestor() = 0;
     /// Renames the component; its field in the form's class follows and the form's notifiers are told.
     virtual void SetName(const std::string& name) = 0;
@@ -129,6 +130,8 @@ class IOTAFormEditor : public virtual IOTAEditor {
   public:
     virtual IDesigner& GetDesigner() = 0;
     virtual std::shared_ptr<IOTAComponent> GetRootComponent() = 0;
+    /// By name, without regard to case; also one that the form inherits and its file does not repeat, which
+    /// it does as soon as a property is set. nullptr when there is none.
     virtual std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) = 0;
     /// The name where it is free for a component of the type, else the name with the first number behind it
     /// that makes it so. It is taken by a component of the form or an ancestor and by a member of the form's

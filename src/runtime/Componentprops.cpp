@@ -7,48 +7,23 @@
 namespace tml {
 namespace {
 
-void RemoveIfThere(IOTAComponent& component, const std::string& name) {
-    if (component.GetPropValue(name)) component.RemoveProp(name);
-}
-
 /// Under what name a form stores a string list property.
 std::string ListPropName(const std::string& name) {
     return name + ".Strings";
 }
 
-}  // namespace
-
-int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue) {
-    const auto value = component.GetPropValue(name);
+int ToInteger(const std::optional<TFormValue>& value, int defaultValue) {
     if (!value || value->Kind != TFormValueKind::Integer) return defaultValue;
     int number = defaultValue;
     std::from_chars(value->Text.data(), value->Text.data() + value->Text.size(), number);
     return number;
 }
 
-void WriteIntegerProp(IOTAComponent& component, const std::string& name, int value, int defaultValue) {
-    if (value == ReadIntegerProp(component, name, defaultValue)) return;
-    if (value == defaultValue)
-        RemoveIfThere(component, name);
-    else
-        component.SetPropValue(name, TFormValue::Integer(value));
-}
-
-std::string ReadStringProp(IOTAComponent& component, const std::string& name) {
-    const auto value = component.GetPropValue(name);
+std::string ToText(const std::optional<TFormValue>& value) {
     return value && value->Kind == TFormValueKind::String ? value->Text : std::string();
 }
 
-void WriteStringProp(IOTAComponent& component, const std::string& name, const std::string& value) {
-    if (value == ReadStringProp(component, name)) return;
-    if (value.empty())
-        RemoveIfThere(component, name);
-    else
-        component.SetPropValue(name, TFormValue::String(value));
-}
-
-TStringList ReadListProp(IOTAComponent& component, const std::string& name) {
-    auto value = component.GetPropValue(ListPropName(name));
+TStringList ToList(std::optional<TFormValue> value) {
     if (!value || value->Kind != TFormValueKind::List) return {};
     std::vector<std::string> lines;
     lines.reserve(value->Items.size());
@@ -57,12 +32,60 @@ TStringList ReadListProp(IOTAComponent& component, const std::string& name) {
     return TStringList(std::move(lines));
 }
 
+std::optional<TFormValue> InheritedValue(IOTAComponent& component, const std::string& name) {
+    const auto ancestor = component.GetAncestor();
+    return ancestor == nullptr ? std::nullopt : ReadProp(*ancestor, name);
+}
+
+/// Stores a value, or lets the one that holds without it hold.
+void Write(IOTAComponent& component, const std::string& name, const TFormValue& value, bool isInherited) {
+    if (!isInherited)
+        component.SetPropValue(name, value);
+    else if (component.GetPropValue(name))
+        component.RemoveProp(name);
+}
+
+}  // namespace
+
+std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& name) {
+    auto value = component.GetPropValue(name);
+    if (!value) value = InheritedValue(component, name);
+    return value;
+}
+
+std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const std::string& name) {
+    if (component.GetPropValue(name)) return component.GetPropComponent(name);
+    const auto ancestor = component.GetAncestor();
+    return ancestor == nullptr ? nullptr : ReadComponentProp(*ancestor, name);
+}
+
+int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue) {
+    return ToInteger(ReadProp(component, name), defaultValue);
+}
+
+void WriteIntegerProp(IOTAComponent& component, const std::string& name, int value, int defaultValue) {
+    if (value == ReadIntegerProp(component, name, defaultValue)) return;
+    Write(component, name, TFormValue::Integer(value),
+          value == ToInteger(InheritedValue(component, name), defaultValue));
+}
+
+std::string ReadStringProp(IOTAComponent& component, const std::string& name) {
+    return ToText(ReadProp(component, name));
+}
+
+void WriteStringProp(IOTAComponent& component, const std::string& name, const std::string& value) {
+    if (value == ReadStringProp(component, name)) return;
+    Write(component, name, TFormValue::String(value), value == ToText(InheritedValue(component, name)));
+}
+
+TStringList ReadListProp(IOTAComponent& component, const std::string& name) {
+    return ToList(ReadProp(component, ListPropName(name)));
+}
+
 void WriteListProp(IOTAComponent& component, const std::string& name, const TStringList& list) {
     if (list == ReadListProp(component, name)) return;
-    if (list.Empty())
-        RemoveIfThere(component, ListPropName(name));
-    else
-        component.SetPropValue(ListPropName(name), TFormValue::Strings(list));
+    const std::string stored = ListPropName(name);
+    Write(component, stored, TFormValue::Strings(list), list == ToList(InheritedValue(component, stored)));
 }
 
 }  // namespace tml

@@ -70,13 +70,13 @@ void TmlLangView::FitTables(int count) {
 }
 
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
-    const std::shared_ptr<IOTAComponent> linked = Component().GetPropComponent("Dispatcher");
+    const std::shared_ptr<IOTAComponent> linked = ReadComponentProp(Component(), "Dispatcher");
     if (!linked || !ClassInheritsFrom(linked->GetComponentType(), "TmlLangDispatcher")) return nullptr;
     return std::make_shared<TmlDispatcherView>(linked);
 }
 
 bool TmlLangView::IsLinkedTo(TmlLangDispatcher& dispatcher) {
-    const auto reference = Component().GetPropValue("Dispatcher");
+    const auto reference = ReadProp(Component(), "Dispatcher");
     if (!reference || reference->Kind != TFormValueKind::Identifier) return false;
     const auto component = dispatcher.GetComponent();
     const auto owner = component->GetOwner();

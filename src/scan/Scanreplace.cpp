@@ -243,7 +243,6 @@ void TRun::Modify() {
 /// The component first: its field is declared in the text that has been read. The edits of the sources,
 /// worked out for that text, move along. Without Commit the scope takes everything back.
 void TRun::Apply(const TChangeSet& changes) {
-    TRowGuard guard(row_);
     const auto scope = BeginCommand(context_, "Replace hard-coded strings");
     if (WritesCalls()) {
         const auto lang = MakePlanned(context_, row_, plan_);
@@ -258,7 +257,6 @@ void TRun::Apply(const TChangeSet& changes) {
     GetModuleServices(context_)->ApplyChangeSet(changes);
     OpenFile(context_, unitFile_, true);
     scope->Commit();
-    guard.Keep();
 }
 
 std::string DoneMessage(bool constSection) {

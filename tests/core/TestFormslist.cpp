@@ -50,7 +50,7 @@ TEST(Formslist, CellsAndStatusFollowTheComponent) {
     EXPECT_EQ(Cells(row), "A|A|/p/A.pas|3|lang||");
     EXPECT_EQ(Cells(list.FormNames.Row(1)), "B|B|/p/B.pas|0|||");
     EXPECT_EQ(row.StateIndex(), 1);
-    row.ShowsClass = true;
+    row.InsertedName = "lang";
     EXPECT_EQ(Cells(row), "A|A|/p/A.pas|3|TmlLang||");
     UpdateStatusBar(list, 7);
     EXPECT_EQ(list.StatusPanels, (std::array<std::string, 4>{"Forms count: 2", "Units count: 7",

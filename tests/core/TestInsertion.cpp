@@ -134,7 +134,7 @@ TEST_F(TInsertion, TheRowFollowsUndoRedoAndAClosingWithoutSave) {
     EXPECT_EQ(List(), list);
     Ide.Redo();
     Expert->FilesRestored(files);
-    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|mlLang_Form1|1;");
+    EXPECT_EQ(List(), inserted);
     Expert->FilesRestored({"/p/Unit2.dfm", "/p/Other.dfm"});
     GetModuleFromFileName(Context(), "/p/Unit1.pas")->Close();
     EXPECT_EQ(List(), list);

@@ -49,6 +49,10 @@ TEST_F(TNotifiers, OnlyANotifierWithoutARowLetsTranslationsFollow) {
     ASSERT_EQ(captions(), "Button1");
     Rename(module, "Button1", "OK");
     EXPECT_EQ(captions(), "OK");
+    Ide.Undo();
+    EXPECT_EQ(captions(), "Button1");
+    EXPECT_EQ(Ide.Redo(), "Rename Button1") << "the undo changed nothing more";
+    EXPECT_EQ(captions(), "OK");
 
     module->Save();
     module->Close();

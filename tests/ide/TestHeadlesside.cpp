@@ -45,6 +45,17 @@ TEST_F(TIdeTest, ProjectIsSeen) {
     EXPECT_EQ(Open("/p/Plain.pas")->GetFormEditor(), nullptr);
 }
 
+TEST_F(TIdeTest, AFileIsNotTakenForOneWhoseNameDiffersInCaseOnly) {
+    Files.Files["/p/plain.PAS"] = "unit Other;";
+    Files.Files["/p/unit1.dfm"] = "";
+    EXPECT_THROW(Open("/p/plain.PAS"), EBadInput);
+    const auto module = Open("/p/Plain.pas");
+    EXPECT_EQ(Open("/P/../p/Plain.pas"), module);
+    EXPECT_THROW(Open("/p/plain.PAS"), EBadInput);
+    EXPECT_EQ(Open("/p/PLAIN.pas"), module) << "there is no such file";
+    EXPECT_EQ(Open("/p/Unit1.pas")->GetFormEditor()->GetFileName(), "/p/Unit1.dfm");
+}
+
 TEST_F(TIdeTest, EditorsReadWriteAndPlace) {
     const auto editor = Editor("/p/Plain.pas");
     const auto view = editor->GetEditView(0);

@@ -88,5 +88,56 @@ TEST_F(TLangTest, TranslationsFollowARenamedComponent) {
     EXPECT_EQ(Lang->GetExclusions(TExclusionList::ExcludedProperties).CommaText(), "!OkButton,TButton");
 }
 
+TEST(Inherited, IsReadThroughTheAncestorAndWrittenWhole) {
+    TSampleIde sample;
+    std::string& unit = sample.Files.Files["/p/Unit1.pas"];
+    unit.replace(unit.find("class(TForm)"), 12, "class(TForm2)");
+    const std::string form = "inherited Form1: TForm1\r\n  object Button1: TButton\r\n  end\r\n";
+    std::string& file = sample.Files.Files["/p/Unit1.dfm"];
+    file = form + "end\r\n";
+    sample.Files.Files["/p/sub/App.Unit2.DFM"] =
+        "object Form2: TForm2\r\n  object mlLang1: TmlLang\r\n    NumOfLanguages = 2\r\n"
+        "    LangNames.Strings = (\r\n      'English'\r\n      'German')\r\n    Language = 'German'\r\n"
+        "    Delimiter = '|'\r\n    Strings.Strings = (\r\n      'IDS_0|Known|Bekannt')\r\n  end\r\nend\r\n";
+    const auto lang = sample.Runtime->AsCustomLang(sample.Component("MLLANG1"));
+    EXPECT_EQ(lang->GetName() + " " + lang->GetClassName() + " " + lang->GetLangNames().CommaText() + " " +
+                  lang->GetLanguage(),
+              "mlLang1 TmlLang English,German German");
+    const TTable inherited = lang->GetTable(TStringsType::stStrings);
+    EXPECT_EQ(inherited.Lines("|").CommaText(), "IDS_0|Known|Bekannt");
+    EXPECT_FALSE(sample.Open("/p/Unit1.pas")->GetModified()) << "reading changes nothing";
+    // What is done to it, and what the form's file then has of it.
+    TTable more = inherited;
+    more.Add("IDS_1", "New", 2);
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[&] { lang->SetTable(inherited); }, ""},
+        {[&] { lang->SetTable(more); },
+         "    Strings.Strings = (\r\n      'IDS_0|Known|Bekannt'\r\n      'IDS_1|New|New')\r\n"},
+        {[&] { lang->SetTable(inherited); }, ""},
+        {[&] { lang->SetTable(TTable(TStringsType::stStrings)); }, "    Strings.Strings = ()\r\n"},
+        {[&] { lang->SetTable(inherited); }, ""},
+        {[&] { lang->SetLanguage("English"); }, "    Language = ''\r\n"},
+        {[&] { lang->SetLanguage("German"); }, ""},
+    };
+    for (const auto& [step, stored] : steps) {
+        step();
+        sample.Ide.SaveAll();
+        const bool isFirst = &step == &steps[0].first;
+        EXPECT_EQ(
+            file,
+            form + (isFirst ? "" : "  inherited mlLang1: TmlLang\r\n" + std::string(stored) + "  end\r\n") +
+                "end\r\n");
+    }
+    lang->SetNumLang(1);
+    EXPECT_EQ(lang->GetNumLang(), 1) << "the default is not the ancestor's number";
+    EXPECT_EQ(lang->GetTable(TStringsType::stStrings).Lines("|").CommaText(), "IDS_0|Known");
+    while (!sample.Ide.Undo().empty()) {
+    }
+    EXPECT_EQ(lang->GetNumLang(), 2);
+    EXPECT_EQ(sample.Ide.Redo().empty(), false);
+    EXPECT_EQ(lang->GetTable(TStringsType::stStrings).Entries().size(), 2U);
+    EXPECT_THROW(sample.Component("mlLang1")->SetName("Other"), EBadInput);
+}
+
 }  // namespace
 }  // namespace tml

@@ -1,0 +1,72 @@
+#include "ide/Inheritedcomponent.h"
+
+#include "base/Errors.h"
+#include "ide/Designcomponent.h"
+
+namespace tml {
+
+std::shared_ptr<IOTAComponent> TInheritedComponent::Repeated() {
+    if (form_->IsClosed()) return nullptr;
+    TFormNode* node = form_->FindOwned(name_);
+    return node == nullptr ? nullptr : form_->ComponentOf(*node);
+}
+
+std::shared_ptr<IOTAComponent> TInheritedComponent::Inherited() {
+    auto found = form_->IsClosed() ? nullptr : form_->Designer().FindInherited(name_);
+    if (found != nullptr) return found;
+    throw EBadInput(form_->FileName(), 0, "the form inherits no component " + name_ + " any more",
+                    "Open the form again and repeat the command");
+}
+
+TComponentHandle TInheritedComponent::GetComponentHandle() {
+    const auto repeated = Repeated();
+    return repeated != nullptr ? repeated->GetComponentHandle() : this;
+}
+
+std::shared_ptr<IOTAComponent> TInheritedComponent::GetOwner() {
+    return form_->ComponentOf(form_->Root());
+}
+
+void TInheritedComponent::SetName(const std::string& name) {
+    if (name == GetName()) return;
+    throw EBadInput(form_->FileName(), 0, name_ + " belongs to an ancestor of the form",
+                    "Change it in the form that declares it");
+}
+
+void TInheritedComponent::Delete() {
+    SetName({});
+}
+
+std::vector<TFormProperty> TInheritedComponent::GetProperties() {
+    const auto repeated = Repeated();
+    return repeated == nullptr ? std::vector<TFormProperty>() : repeated->GetProperties();
+}
+
+std::optional<TFormValue> TInheritedComponent::GetPropValue(const std::string& name) {
+    const auto repeated = Repeated();
+    return repeated == nullptr ? std::nullopt : repeated->GetPropValue(name);
+}
+
+std::shared_ptr<IOTAComponent> TInheritedComponent::GetPropComponent(const std::string& name) {
+    const auto repeated = Repeated();
+    return repeated == nullptr ? nullptr : repeated->GetPropComponent(name);
+}
+
+void TInheritedComponent::SetPropValue(const std::string& name, const TFormValue& value) {
+    if (Repeated() == nullptr) {
+        const auto inherited = Inherited();
+        form_->Change("Set " + name_ + "." + name, [&](TFormTree& tree) {
+            TFormNode& node = form_->Add(tree, form_->Root(), inherited->GetName(),
+                                         inherited->GetComponentType(), TFormPrefix::Inherited);
+            tree.SetProperty(node, name, value);
+        });
+        return;
+    }
+    Repeated()->SetPropValue(name, value);
+}
+
+void TInheritedComponent::RemoveProp(const std::string& name) {
+    if (const auto repeated = Repeated()) repeated->RemoveProp(name);
+}
+
+}  // namespace tml
