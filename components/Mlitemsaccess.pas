@@ -28,8 +28,7 @@ type
     FLines: TmlOrder;
     function Matches(const Place: TmlPlace; const Lines: TmlLines): Boolean;
     function Former(List: TStrings; const Texts: TmlLines; const Objects: TmlPointers): TmlOrder;
-    procedure WriteTexts(List: TStrings; const Lines: TmlLines);
-    procedure Rearrange(List: TStrings; Keeper: TmlItemsKeeper);
+    procedure WriteItems(List: TStrings; const Lines: TmlLines; Keeper: TmlItemsKeeper);
   public
     function Read(const Place: TmlPlace): string; override;
     function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
@@ -137,38 +136,50 @@ begin
   end;
 end;
 
-procedure TmlItemsAccess.WriteTexts(List: TStrings; const Lines: TmlLines);
-var
-  I: Integer;
-begin
-  List.BeginUpdate;
-  try
-    for I := 0 to List.Count - 1 do
-      if List[I] <> Lines[FLines[I]] then List[I] := Lines[FLines[I]];
-  finally
-    List.EndUpdate;
-  end;
-end;
-
 { The former index of each item after the control has sorted. }
 function TmlItemsAccess.Former(List: TStrings; const Texts: TmlLines; const Objects: TmlPointers): TmlOrder;
 begin
   if not FindOrder(TextsOf(List), ObjectsOf(List), Texts, Objects, Result) then Result := InOrder(List.Count);
 end;
 
-procedure TmlItemsAccess.Rearrange(List: TStrings; Keeper: TmlItemsKeeper);
+{ Puts the items into this order: not every control sorts by itself when it is told to. }
+procedure Arrange(List: TStrings; const Texts: TmlLines; const Objects: TmlPointers; const Order: TmlOrder);
+var
+  I: Integer;
+begin
+  for I := 0 to High(Order) do
+  begin
+    if List[I] <> Texts[Order[I]] then List[I] := Texts[Order[I]];
+    if List.Objects[I] <> Objects[Order[I]] then List.Objects[I] := TObject(Objects[Order[I]]);
+  end;
+end;
+
+procedure TmlItemsAccess.WriteItems(List: TStrings; const Lines: TmlLines; Keeper: TmlItemsKeeper);
 var
   Texts: TmlLines;
   Objects: TmlPointers;
-  Formerly, Lines: TmlOrder;
+  Order, Formerly, Now: TmlOrder;
+  I: Integer;
 begin
-  Texts := TextsOf(List);
+  SetLength(Texts, List.Count);
+  for I := 0 to High(Texts) do
+    Texts[I] := Lines[FLines[I]];
   Objects := ObjectsOf(List);
+  List.BeginUpdate;
+  try
+    if Keeper.Sorted then
+      Order := SortedOrder(Texts)
+    else
+      Order := InOrder(List.Count);
+    Arrange(List, Texts, Objects, Order);
+  finally
+    List.EndUpdate;
+  end;
   Keeper.Sort;
   Formerly := Former(List, Texts, Objects);
   Keeper.PutBack(Formerly);
-  Lines := Composed(FLines, Formerly);
-  FLines := Lines;
+  Now := Composed(FLines, Formerly);
+  FLines := Now;
 end;
 
 procedure TmlItemsAccess.Write(const Place: TmlPlace; const Value: TmlValue);
@@ -180,8 +191,7 @@ begin
   Keeper := NewItemsKeeper(Place.Instance, List);
   try
     Keeper.Note;
-    WriteTexts(List, LinesOf(Value));
-    Rearrange(List, Keeper);
+    WriteItems(List, LinesOf(Value), Keeper);
   finally
     Keeper.Free;
   end;

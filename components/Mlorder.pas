@@ -19,6 +19,9 @@ function InOrder(Count: Integer): TmlOrder;
 { Order[Then[i]] for each i. }
 function Composed(const Order, Behind: TmlOrder): TmlOrder;
 
+{ The indexes of the texts as a list that sorts has them. }
+function SortedOrder(const Texts: TmlLines): TmlOrder;
+
 { For each of the texts as they stand now the index that it had formerly, equal ones in their order; False where they
   are not the same texts. Objects, if given, have to be the same, too. }
 function FindOrder(const NowTexts: TmlLines; const NowObjects: TmlPointers; const FormerTexts: TmlLines;
@@ -36,12 +39,14 @@ type
     FTexts: TmlLines;
     FObjects: TmlPointers;
     FIndexes: TmlOrder;
+    FAsShown: Boolean;
     procedure Merge(From, Middle, Behind: Integer);
     procedure Sort(From, Behind: Integer);
     function ObjectAt(Place: Integer): Pointer;
     function TextAt(Place: Integer): string;
   public
-    constructor Create(const Texts: TmlLines; const Objects: TmlPointers);
+    { AsShown: as the run-time library's lists sort, without case. }
+    constructor Create(const Texts: TmlLines; const Objects: TmlPointers; AsShown: Boolean);
     function Compare(Place: Integer; Other: TmlSorted; OtherPlace: Integer): Integer;
   end;
 
@@ -85,11 +90,12 @@ begin
     Result[I] := Order[Behind[I]];
 end;
 
-constructor TmlSorted.Create(const Texts: TmlLines; const Objects: TmlPointers);
+constructor TmlSorted.Create(const Texts: TmlLines; const Objects: TmlPointers; AsShown: Boolean);
 begin
   inherited Create;
   FTexts := Texts;
   FObjects := Objects;
+  FAsShown := AsShown;
   FIndexes := InOrder(Length(Texts));
   Sort(0, Length(Texts));
 end;
@@ -106,6 +112,11 @@ end;
 
 function TmlSorted.Compare(Place: Integer; Other: TmlSorted; OtherPlace: Integer): Integer;
 begin
+  if FAsShown then
+  begin
+    Result := AnsiCompareText(TextAt(Place), Other.TextAt(OtherPlace));
+    Exit;
+  end;
   Result := CompareStr(TextAt(Place), Other.TextAt(OtherPlace));
   if Result = 0 then
     Result := CompareValue(PtrUInt(ObjectAt(Place)), PtrUInt(Other.ObjectAt(OtherPlace)));
@@ -160,13 +171,22 @@ begin
   end;
 end;
 
+function SortedOrder(const Texts: TmlLines): TmlOrder;
+var
+  Sorted: TmlSorted;
+begin
+  Sorted := TmlSorted.Create(Texts, nil, True);
+  Result := Sorted.FIndexes;
+  Sorted.Free;
+end;
+
 function FindOrder(const NowTexts: TmlLines; const NowObjects: TmlPointers; const FormerTexts: TmlLines;
   const FormerObjects: TmlPointers; out Order: TmlOrder): Boolean;
 var
   Present, Former: TmlSorted;
 begin
-  Present := TmlSorted.Create(NowTexts, NowObjects);
-  Former := TmlSorted.Create(FormerTexts, FormerObjects);
+  Present := TmlSorted.Create(NowTexts, NowObjects, False);
+  Former := TmlSorted.Create(FormerTexts, FormerObjects, False);
   try
     Result := Paired(Present, Former, Order);
   finally

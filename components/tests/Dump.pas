@@ -98,7 +98,7 @@ begin
     else
     begin
       ApplyLoaded;
-      if not Shown then ShowTexts;
+      if not Shown and (ParamStr(I) = '--language') then ShowTexts;
       Shown := True;
     end;
     if ParamStr(I) = '--language' then

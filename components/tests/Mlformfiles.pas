@@ -90,6 +90,7 @@ var
 begin
   if FFrameClass = '' then Exit;
   Text := StringReplace(FFrames.Values[FFrameClass], #1, #10, [rfReplaceAll]);
+  FFrameClass := '';
   Component := TFrame(TFrame.NewInstance);
   TInlined(Component).SetInline(True);
   Component.Create(Reader.Owner);

@@ -24,6 +24,7 @@ begin
   begin
     Inc(Failed);
     WriteLn('FAILED: ', What);
+    Flush(Output);
   end;
 end;
 

@@ -234,10 +234,15 @@ begin
   Later.Free;
 end;
 
+{ The next run is this program with a parameter. }
 procedure TestProgramLanguage;
 var
   Lang: TmlCustomLang;
 begin
+  RememberLanguage('German');
+  Expect(ExecuteProcess(ParamStr(0), ['remembered']) = 0, 'the language that was remembered');
+  RememberLanguage('');
+  Expect(ExecuteProcess(ParamStr(0), ['remembered']) = 1, 'the language that was forgotten');
   Lang := NewLang;
   SetProgramLanguage('German');
   ExpectText('German', Lang.Language, 'the language of the program');
@@ -249,6 +254,7 @@ end;
 
 begin
   SetMultiByteConversionCodePage(CP_UTF8);
+  if ParamStr(1) = 'remembered' then Halt(Ord(ProgramLanguage <> 'German'));
   TestFields;
   TestCase;
   TestMap;
