@@ -9,7 +9,7 @@ interface
 uses
   Classes, Mllanguages;
 
-{ Forms, frames and data modules of this class tell the end of their loading. }
+{ Frames of this class tell the end of their loading; forms and data modules do so anyway. }
 procedure WatchLoading(RootClass: TComponentClass);
 
 { From Loaded and from the destructor. }
@@ -27,7 +27,7 @@ var
 implementation
 
 uses
-  Mlchange;
+  SysUtils, Mlchange;
 
 threadvar
   Pending: TFPList;
@@ -105,6 +105,48 @@ begin
   end;
 end;
 
+type
+  { Forms hold the name space while they are made, from before their resources are read until before OnCreate. }
+  TmlNameSpace = class(TInterfacedObject, IReadWriteSync)
+  private
+    FInner: IReadWriteSync;
+  public
+    constructor Create;
+    procedure BeginRead;
+    procedure EndRead;
+    function BeginWrite: Boolean;
+    procedure EndWrite;
+  end;
+
+constructor TmlNameSpace.Create;
+begin
+  inherited Create;
+  FInner := GlobalNameSpace;
+end;
+
+procedure TmlNameSpace.BeginRead;
+begin
+  FInner.BeginRead;
+end;
+
+procedure TmlNameSpace.EndRead;
+begin
+  FInner.EndRead;
+end;
+
+function TmlNameSpace.BeginWrite: Boolean;
+begin
+  Result := FInner.BeginWrite;
+  Inc(Depth);
+end;
+
+procedure TmlNameSpace.EndWrite;
+begin
+  Dec(Depth);
+  FInner.EndWrite;
+  ApplyLoaded;
+end;
+
 {$IFDEF FPC}
 { Called before the handler that reads the resource; calls that one itself, so as to see its end. }
 function InitComponent(Instance: TComponent; RootAncestor: TClass): Boolean;
@@ -129,14 +171,22 @@ procedure WatchLoading(RootClass: TComponentClass);
 begin
   RegisterInitComponentHandler(RootClass, InitComponent);
 end;
-
-initialization
-  WatchLoading(TDataModule);
 {$ELSE}
 procedure WatchLoading(RootClass: TComponentClass);
 begin
-  { without such handlers a program calls ApplyLoaded }
+  { everything that loads holds the name space }
 end;
 {$ENDIF}
+
+var
+  Inner: IReadWriteSync;
+
+initialization
+  Inner := GlobalNameSpace;
+  GlobalNameSpace := TmlNameSpace.Create;
+  WatchLoading(TDataModule);
+
+finalization
+  GlobalNameSpace := Inner;
 
 end.

@@ -36,7 +36,6 @@ end;
 initialization
   Later := TmlLater.Create;
   ApplyLoadedSoon := ApplySoon;
-  WatchLoading(TCustomForm);
   WatchLoading(TCustomFrame);
 
 finalization

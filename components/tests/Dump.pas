@@ -77,7 +77,7 @@ var
   Text: string;
 begin
   Text := TextOfFile(FileName);
-  ClassOfForm := Trim(Copy(Text, Pos(':', Text) + 1, Pos(#10, Text) - Pos(':', Text)));
+  ClassOfForm := ClassIn(Text);
   Files.Read(Text, Form);
   Hear(Form);
 end;

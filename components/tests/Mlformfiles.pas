@@ -29,6 +29,9 @@ type
 
 function TextOfFile(const FileName: string): string;
 
+{ "object Name: TClass" has it behind the colon. }
+function ClassIn(const Text: string): string;
+
 implementation
 
 uses
@@ -51,7 +54,6 @@ begin
   end;
 end;
 
-{ "object Name: TClass" has it behind the colon. }
 function ClassIn(const Text: string): string;
 begin
   Result := Copy(Text, Pos(':', Text) + 1, MaxInt);

@@ -4,7 +4,7 @@ program Testforms;
 {$MODE Delphi}
 
 uses
-  CThreads, Classes, SysUtils, Interfaces, Forms, Controls, CheckLst, ComCtrls, ExtCtrls, Graphics, StdCtrls, Mlcustomlang,
+  CThreads, Classes, SysUtils, Interfaces, Forms, Controls, CheckLst, ComCtrls, ExtCtrls, Graphics, LResources, StdCtrls, Mlcustomlang,
   Mllang, Mllangdispatcher, Mllanglinked, Mllangtlv, Mlloading, Mlproglang, Mltesting, Mlformfiles;
 
 type
@@ -19,10 +19,42 @@ type
     procedure Missing(Sender: TObject; Kind: TmlMissingKind; const Name: string);
   end;
 
+  { Forms with resources. }
+  TBaseForm = class(TForm)
+    One: TLabel;
+    mlLang: TmlLang;
+    procedure FormCreate(Sender: TObject);
+  public
+    AtCreate: string;
+  end;
+
+  TChildForm = class(TBaseForm)
+    Two: TLabel;
+  end;
+
+  TCargoPart = class(TFrame)
+    Weight: TLabel;
+    mlLang: TmlLang;
+  end;
+
+  THolderForm = class(TForm)
+    Cargo: TCargoPart;
+    mlLang: TmlLang;
+  end;
+
+  TTextsModule = class(TDataModule)
+    mlLang: TmlLang;
+  end;
+
 var
   Files: TFormFiles;
   Events: TEvents;
   Form: TForm;
+
+procedure TBaseForm.FormCreate(Sender: TObject);
+begin
+  AtCreate := Caption + ' ' + One.Caption;
+end;
 
 procedure TEvents.Changed(Sender: TObject);
 begin
@@ -321,6 +353,61 @@ begin
   Done;
 end;
 
+procedure AddResource(const Text: string);
+var
+  Lines: TStringStream;
+  Binary: TStringStream;
+begin
+  Lines := TStringStream.Create(StringReplace(Text, '|', #10, [rfReplaceAll]));
+  Binary := TStringStream.Create('');
+  LRSObjectTextToBinary(Lines, Binary);
+  LazarusResources.Add(UpperCase(ClassIn(Lines.DataString)), 'FORMDATA', Binary.DataString);
+  Lines.Free;
+  Binary.Free;
+end;
+
+procedure AddResources;
+begin
+  AddResource('object BaseForm: TBaseForm|Caption = ''Base''|OnCreate = FormCreate|' + Names + 'Captions.Strings = (' +
+    '''.Caption''#1''Base''#1''Basis'' ''One.Caption''#1''One''#1''Eins'')|end|object One: TLabel|Caption = ''One''|end|end');
+  AddResource('inherited ChildForm: TChildForm|Caption = ''Child''|inherited mlLang: TmlLang|Captions.Strings = (' +
+    '''.Caption''#1''Child''#1''Kind'' ''One.Caption''#1''One''#1''Eins'' ''Two.Caption''#1''Two''#1''Zwei'')|end|' +
+    'object Two: TLabel|Caption = ''Two''|end|end');
+  AddResource('object CargoPart: TCargoPart|' + Names + 'Captions.Strings = (''Weight.Caption''#1''Weight''#1''Gewicht'')|end|' +
+    'object Weight: TLabel|Caption = ''Weight''|end|end');
+  AddResource('object HolderForm: THolderForm|inline Cargo: TCargoPart|inherited Weight: TLabel|Caption = ''Mass''|end|end|' +
+    Names + 'Captions.Strings = (''Cargo.Weight.Caption''#1''Mass''#1''Masse'')|end|end');
+  AddResource('object TextsModule: TTextsModule|' + Names + 'Strings.Strings = (''A''#1''a''#1''ä'')|end|end');
+end;
+
+{ As programs make them. }
+procedure TestResources;
+var
+  Child: TChildForm;
+  Holder: THolderForm;
+  Part: TCargoPart;
+  Module: TTextsModule;
+begin
+  AddResources;
+  SetProgramLanguage('German');
+  Child := TChildForm.Create(nil);
+  ExpectText('Kind Eins', Child.AtCreate, 'an inherited form is in the language before its OnCreate');
+  ExpectText('Zwei', Child.Two.Caption, 'what the descendant adds');
+  Holder := THolderForm.Create(nil);
+  ExpectText('Masse', Holder.Cargo.Weight.Caption, 'a frame that the form holds');
+  Part := TCargoPart.Create(Holder);
+  ExpectText('Gewicht', Part.Weight.Caption, 'a frame that the program makes');
+  Module := TTextsModule.Create(nil);
+  ExpectText('ä', Module.mlLang.GetText('A'), 'a data module');
+  SetProgramLanguage('English');
+  ExpectText('Child One Two', Child.Caption + ' ' + Child.One.Caption + ' ' + Child.Two.Caption, 'back');
+  ExpectText('Mass Weight', Holder.Cargo.Weight.Caption + ' ' + Part.Weight.Caption, 'frames, too');
+  SetProgramLanguage('');
+  Module.Free;
+  Holder.Free;
+  Child.Free;
+end;
+
 procedure TestLinked;
 var
   Own, Other: TmlLangLinked;
@@ -360,6 +447,7 @@ begin
   TestDestroyed;
   TestFrames;
   TestInherited;
+  TestResources;
   TestLinked;
   Events.Free;
   Files.Free;
