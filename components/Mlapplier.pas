@@ -139,7 +139,11 @@ begin
 end;
 
 procedure TmlApplier.Assume(Place: Integer);
+var
+  I: Integer;
 begin
+  for I := 0 to FEntries.Count - 1 do
+    TmlEntry(FEntries[I]).Assume(Place);
   FApplied := Place;
   FPlace := Place;
 end;
@@ -384,7 +388,11 @@ var
 begin
   if not FTurns or (FSurface = nil) then Exit;
   Turned := IsRightToLeft(TagAt(FPlace)) <> IsRightToLeft(TagAt(1));
-  FSurface.Turn(Turned, IsRightToLeft(TagAt(FPlace)), FMirror);
+  try
+    FSurface.Turn(Turned, IsRightToLeft(TagAt(FPlace)), FMirror);
+  except
+    on E: Exception do Report(False, mkRefused, '.BiDiMode: ' + E.Message, '');
+  end;
 end;
 
 procedure TmlApplier.EndChange;

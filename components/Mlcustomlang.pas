@@ -27,7 +27,7 @@ type
     FKeptApplier: ImlApplier;
     FLock: TCriticalSection;
     FTexts: TmlTexts;
-    FTextsStale, FLoadingEnded: Boolean;
+    FTextsStale, FStreamed, FLoadingEnded: Boolean;
     FTextsChangedBy: TThreadID;
     FOnMissing: TmlMissingEvent;
     FOnKept: TmlKeptEvent;
@@ -229,6 +229,7 @@ end;
 
 { The dispatcher }
 
+{ One of a module that is loaded later comes when everything else is there. }
 procedure TmlCustomLang.SetDispatcher(Value: TmlLangDispatcher);
 begin
   if Value = FDispatcher then Exit;
@@ -237,8 +238,8 @@ begin
   if Value = nil then Exit;
   Value.AddClient(Self);
   Value.FreeNotification(Self);
-  if not FLoadingEnded then Exit;
-  FApplier.Assume(Value.StreamedPlace);
+  if (csLoading in ComponentState) or (FStreamed and not FLoadingEnded) then Exit;
+  if FLoadingEnded then FApplier.Assume(Value.StreamedPlace);
   ApplyAppliersOf(Self);
 end;
 
@@ -260,6 +261,7 @@ end;
 procedure TmlCustomLang.Loaded;
 begin
   inherited Loaded;
+  FStreamed := True;
   if not (csDesigning in ComponentState) then AwaitEndOfLoading(Self);
 end;
 

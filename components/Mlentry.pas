@@ -35,6 +35,8 @@ type
     function Write(Language: Integer): Boolean;
     procedure ReadBack;
     procedure ComponentGone;
+    { The property stood in this language when it was streamed; of no interest once it was set. }
+    procedure Assume(First: Integer);
     { The same key with another line; what is known of the property stays. }
     procedure Renew(const Line, Delimiter: string);
     function Wanted(Language: Integer): string;
@@ -72,6 +74,11 @@ procedure TmlEntry.ComponentGone;
 begin
   FComponent := nil;
   FOurs := False;
+end;
+
+procedure TmlEntry.Assume(First: Integer);
+begin
+  FFirst := First;
 end;
 
 procedure TmlEntry.Forget;

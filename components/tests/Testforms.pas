@@ -336,6 +336,30 @@ begin
   Done;
 end;
 
+procedure TestLateDispatcher;
+var
+  Lang: TmlLang;
+  Dispatcher: TmlLangDispatcher;
+  Module: TDataModule;
+begin
+  Module := TDataModule.Create(nil);
+  Files.Read('object Module: TDataModule'#10'object Dispatcher: TmlLangDispatcher'#10'NumOfLanguages = 3'#10 +
+    'Language = ''Language N2'''#10'end'#10'end', Module);
+  ApplyLoaded;
+  Dispatcher := TmlLangDispatcher(Module.FindComponent('Dispatcher'));
+  Dispatcher.Language := 'Language N3';
+  Lang := Read('object One: TLabel|Caption = ''Eins''|end', 'Captions.Strings = (''One.Caption~One~Eins~Un'')');
+  Lang.Dispatcher := Dispatcher;
+  ExpectText('Un', TLabel(Part('One')).Caption, 'a form saved in the language of its dispatcher, linked when all is there');
+  Dispatcher.OnChangeLanguage := Events.Changed;
+  Events.Log := '';
+  Dispatcher.Language := '';
+  ExpectText('One', TLabel(Part('One')).Caption, 'and back');
+  ExpectText('changed;changed;', Events.Log, 'the form tells, then the dispatcher');
+  Done;
+  Module.Free;
+end;
+
 procedure TestInherited;
 var
   Lang: TmlLang;
@@ -433,7 +457,7 @@ end;
 
 begin
   Application.Initialize;
-  RegisterClasses([TLabel, TEdit, TComboBox, TCheckListBox, TListView, TTreeView]);
+  RegisterClasses([TLabel, TEdit, TComboBox, TCheckListBox, TListView, TTreeView, TmlLangDispatcher]);
   Files := TFormFiles.Create;
   Events := TEvents.Create;
   TestKept;
@@ -447,6 +471,7 @@ begin
   TestDestroyed;
   TestFrames;
   TestInherited;
+  TestLateDispatcher;
   TestResources;
   TestLinked;
   Events.Free;
