@@ -91,10 +91,11 @@ TEST(Consts, ADeclarationMayReachIntoALineWithoutEnd) {
 }
 
 TEST(Consts, IDsAreThePrefixAndTheNameAndRespectTheComponent) {
-    TConstInput input = ConstInput(Unit("const\n  Hello = 'one'; Bye = 'two'; Bye = 'three';\n"));
+    TConstInput input =
+        ConstInput(Unit("const\n  Hello = 'one'; Bye = 'two'; Bye = 'three'; &Type = 'four';\n"));
     input.Scan.Existing = Strings({{"STRHELLO", "other"}, {"strBye", "two"}});
-    for (const auto& [permanent, expected] :
-         {std::pair(0, "strHello1 strBye strBye1 "), std::pair(1, "strHELLO1 strBYE strBYE1 ")}) {
+    for (const auto& [permanent, expected] : {std::pair(0, "strHello1 strBye strBye1 strType "),
+                                              std::pair(1, "strHELLO1 strBYE strBYE1 strTYPE ")}) {
         input.CnstPermanent = permanent;
         std::string ids;
         for (const TStrRec& record : ScanConsts(input).Records)
