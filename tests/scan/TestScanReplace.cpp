@@ -3,11 +3,13 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Insertion.h"
+#include "core/Modules.h"
 #include "forms/Formtree.h"
 #include "scan/Constreplace.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
 #include "scan/Selunit.h"
+#include "scan/Skippedstrings.h"
 #include "support/Expertfixture.h"
 
 namespace tml {
@@ -340,6 +342,21 @@ TEST_F(TScanReplace, ASeriesCanPassOverAUnitAndBeStopped) {
                  "source!\r\nUnits left as they were: 1");
     Expert->Window()->Run("SourceWithoutForm");
     EXPECT_EQ(StringsOf("Form2"), "IDS_0=Known IDS_1=Second ");
+}
+
+TEST_F(TScanReplace, SkippedStringsAreSeenWhereNothingWasFound) {
+    Prepare(1);
+    Expert->Settings().SetSkipWords(TStringList({"Hello", "It's"}));
+    EXPECT_THROW(Expert->Window()->Run("SkippedStrings"), EBadInput) << "nothing has been scanned";
+    User.OnMessage("No strings found in the \"Unit1.pas\" source!");
+    Run();
+    OpenFile(Context(), "/p/Unit2.pas", true);
+    User.OnWindow<TfrmSkippedStrings>("frmSkippedStrings", [](TfrmSkippedStrings& window) {
+        EXPECT_EQ(window.lvStrings.Count(), 3);
+        EXPECT_TRUE(Contains(window.memPreview, "ShowMessage('Hello')")) << "the unit of the scan is shown";
+        window.btCloseClick();
+    });
+    Expert->Window()->Run("SkippedStrings");
 }
 
 TEST_F(TScanReplace, TheWholeChangeCanBeSeen) {
