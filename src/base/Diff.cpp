@@ -75,32 +75,38 @@ class TComparison {
         struct TPlaces {
             int OldCount = 0, NewCount = 0, Old = 0, New = 0;
         };
-        std::unordered_map<std::string_view, TPlaces> places;
+        std::vector<TPlaces> places;  // in the order of the old lines
+        std::unordered_map<std::string_view, std::size_t> byLine;
+        places.reserve(static_cast<std::size_t>(part.Old.Size()));
+        byLine.reserve(places.capacity());
         for (int i = part.Old.Begin; i < part.Old.End; ++i) {
-            TPlaces& place = places[At(old_, i)];
-            ++place.OldCount;
-            place.Old = i;
+            const auto [known, isNew] = byLine.try_emplace(At(old_, i), places.size());
+            if (isNew) places.push_back({0, 0, i, 0});
+            ++places[known->second].OldCount;
         }
         for (int i = part.New.Begin; i < part.New.End; ++i) {
-            const auto found = places.find(At(new_, i));
-            if (found == places.end()) continue;
-            ++found->second.NewCount;
-            found->second.New = i;
+            const auto known = byLine.find(At(new_, i));
+            if (known == byLine.end()) continue;
+            ++places[known->second].NewCount;
+            places[known->second].New = i;
         }
         std::vector<std::pair<int, int>> pairs;
-        for (const auto& [line, place] : places)
+        for (const TPlaces& place : places)
             if (place.OldCount == 1 && place.NewCount == 1) pairs.emplace_back(place.Old, place.New);
-        std::sort(pairs.begin(), pairs.end());
         return LongestAscending(pairs);
     }
 
     static std::vector<std::pair<int, int>> LongestAscending(const std::vector<std::pair<int, int>>& pairs) {
         std::vector<int> tails;
         std::vector<int> previous(pairs.size(), -1);
+        const auto isBefore = [&](int a, int b) {
+            return pairs[static_cast<std::size_t>(a)].second < pairs[static_cast<std::size_t>(b)].second;
+        };
         for (int i = 0; i < static_cast<int>(pairs.size()); ++i) {
-            const auto place = std::lower_bound(tails.begin(), tails.end(), i, [&](int a, int b) {
-                return pairs[static_cast<std::size_t>(a)].second < pairs[static_cast<std::size_t>(b)].second;
-            });
+            // Most lines follow the one before.
+            const bool follows = tails.empty() || isBefore(tails.back(), i);
+            const auto place =
+                follows ? tails.end() : std::lower_bound(tails.begin(), tails.end(), i, isBefore);
             if (place != tails.begin()) previous[static_cast<std::size_t>(i)] = *(place - 1);
             if (place == tails.end())
                 tails.push_back(i);

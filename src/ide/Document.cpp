@@ -4,8 +4,14 @@
 
 namespace tml {
 
+const std::string& TDocument::Bytes() const {
+    if (!bytes_) bytes_ = WriteBytes();
+    return *bytes_;
+}
+
 void TDocument::Changing() {
     journal_.Note(*this, TJournal::TNoted::Content);
+    bytes_.reset();
     state_.Changed = true;
 }
 

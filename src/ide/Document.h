@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,8 +21,8 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
     TDocument& operator=(const TDocument&) = delete;
 
     const std::string& FileName() const { return fileName_; }
-    /// The file as it would be saved.
-    virtual std::string Bytes() const = 0;
+    /// The file as it would be saved, written anew only after a change.
+    const std::string& Bytes() const;
     const std::string& OnDisk() const { return onDisk_; }
     bool IsModified() const { return state_.Changed || state_.Marked; }
     bool IsClosed() const { return closed_; }
@@ -55,13 +56,17 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
 
   protected:
     TJournal& Journal() const { return journal_; }
-    /// Called before every change, within a command.
+    /// Called before every change, within a command; nobody asks for the bytes until it is made.
     void Changing();
+    virtual std::string WriteBytes() const = 0;
+    /// The document becomes that of other bytes.
+    void SetBytes(std::string bytes) { bytes_ = std::move(bytes); }
 
   private:
     TJournal& journal_;
     std::string fileName_;
     std::string onDisk_;
+    mutable std::optional<std::string> bytes_;
     TState state_;
     bool closed_ = false;
 };

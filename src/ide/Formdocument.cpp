@@ -133,8 +133,8 @@ TFormTree& TFormDocument::Tree() {
 void TFormDocument::Read() {
     if (!unread_ || IsClosed()) return;
     owned_.clear();
-    tree_ = TFormTree::Parse(*unread_, FileName(), codePage_);
-    unread_.reset();
+    tree_ = TFormTree::Parse(Bytes(), FileName(), codePage_);
+    unread_ = false;
     if (!places_) return;
     const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root(), true);
     for (const TPlaces::TPlace& place : places_->Places) {
@@ -170,7 +170,8 @@ void TFormDocument::Take(std::string bytes, const std::shared_ptr<const TView>& 
     for (const auto& [node, component] : components_)
         component->Bind(nullptr);
     components_.clear();
-    unread_ = std::move(bytes);
+    SetBytes(std::move(bytes));
+    unread_ = true;
     places_ = std::dynamic_pointer_cast<const TPlaces>(view);
     // A form that was opened anew has components of its own.
     if (places_ && !places_->Places.empty() && !places_->Places.front().Component->IsOf(*this))

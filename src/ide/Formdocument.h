@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -42,7 +41,6 @@ class TFormDocument : public TDocument {
                   std::string onDisk, std::string codePage);
     ~TFormDocument() override;
 
-    std::string Bytes() const override { return unread_ ? *unread_ : tree_->Bytes(); }
     std::shared_ptr<const TView> View() const override;
     void Take(std::string bytes, const std::shared_ptr<const TView>& view) override;
     /// Makes the tree of bytes that were taken; whoever uses nodes does so by himself.
@@ -72,6 +70,9 @@ class TFormDocument : public TDocument {
                    TFormPrefix prefix = TFormPrefix::Object);
     void Remove(TFormTree& tree, TFormNode& node);
 
+  protected:
+    std::string WriteBytes() const override { return tree_->Bytes(); }
+
   private:
     struct TPlaces;
     using TNames = std::unordered_map<std::shared_ptr<TDesignComponent>, std::string>;
@@ -84,7 +85,7 @@ class TFormDocument : public TDocument {
 
     std::string codePage_;
     std::unique_ptr<TFormTree> tree_;
-    std::optional<std::string> unread_;      ///< what the tree is to be made of, on first use
+    bool unread_ = false;                    ///< the tree is to be made of the bytes, on first use
     std::shared_ptr<const TPlaces> places_;  ///< of the components then
     IComponentDesigner* designer_ = nullptr;
     std::unordered_map<const TFormNode*, std::shared_ptr<TDesignComponent>> components_;

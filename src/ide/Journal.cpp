@@ -151,12 +151,12 @@ void TJournal::RollBack() {
 
 void TJournal::Commit() {
     if (scopes_.size() > 1) {
-        const TFiles inner = std::move(scopes_.back());
+        TFiles inner = std::move(scopes_.back());
         scopes_.pop_back();
-        for (const auto& [fileName, found] : inner) {
-            const auto [place, isNew] = scopes_.back().try_emplace(fileName, found);
-            place->second.HasNewContent |= found.HasNewContent;
-        }
+        // What the outer scope knows already stays in the inner one.
+        scopes_.back().merge(inner);
+        for (const auto& [fileName, found] : inner)
+            scopes_.back().at(fileName).HasNewContent |= found.HasNewContent;
         return;
     }
     TEntry entry = MakeEntry();

@@ -67,6 +67,7 @@ std::shared_ptr<const TDocument::TView> TSourceBuffer::View() const {
 }
 
 void TSourceBuffer::Take(std::string bytes, const std::shared_ptr<const TView>& view) {
+    SetBytes(bytes);
     coded_.Reread(std::move(bytes));
     source_.reset();
     steps_.clear();

@@ -21,7 +21,6 @@ class TSourceBuffer : public TDocument {
           codePage_(codePage),
           coded_(bytes, fileName, codePage) {}
 
-    std::string Bytes() const override { return coded_.Bytes(); }
     std::shared_ptr<const TView> View() const override;
     void Take(std::string bytes, const std::shared_ptr<const TView>& view) override;
     std::shared_ptr<const std::string> Text() const { return coded_.SharedText(); }
@@ -46,6 +45,9 @@ class TSourceBuffer : public TDocument {
     TOTABlockType BlockType = TOTABlockType::btNonInclusive;
     /// A writer is at work; other changes are refused until it is done.
     bool HasWriter = false;
+
+  protected:
+    std::string WriteBytes() const override { return coded_.Bytes(); }
 
   private:
     struct TBlock;
