@@ -1,6 +1,7 @@
 #include "cli/Scantargets.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "base/Codedtext.h"
 #include "base/Utf8.h"
@@ -59,6 +60,10 @@ std::string DefaultFormForUnits(IFileSystem& files, const std::string& project) 
         .ReadString("Settings", "DefaultFormForUnits", "");
 }
 
+std::string ComponentKey(std::string_view form, std::string_view component) {
+    return UpperCase(form) + "." + UpperCase(component);
+}
+
 }  // namespace
 
 std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vector<std::string>& forms,
@@ -98,12 +103,14 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
     IOTAProject& project = *workplace.Modules().GetActiveProject();
     IFileSystem& files = *workplace.Host().Files;
     TClosedForms closed(workplace.Host());
-    const auto components = std::make_shared<TFormComponents>();
+    const auto components = std::make_shared<std::unordered_set<std::string>>();
     const std::vector<TScanTarget> targets = TargetsOfProject(project, {}, {});
     for (const TScanTarget& target : targets)
         if (!target.FormName.empty())
-            components->Add(target.FormName, ComponentInFile(closed, target.FileName));
-    shared.Others = components;
+            components->insert(ComponentKey(target.FormName, ComponentInFile(closed, target.FileName)));
+    shared.Others = [components](std::string_view form, std::string_view component) {
+        return components->contains(ComponentKey(form, component));
+    };
     try {
         const std::string defaultForm = DefaultFormForUnits(files, project.GetFileName());
         for (const TScanTarget& target : targets)

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "base/Errors.h"
 #include "cli/Workplace.h"
-#include "scan/Calls.h"
 #include "scan/Scaninput.h"
 
 namespace tml {
@@ -25,9 +23,9 @@ std::vector<TScanTarget> TargetsOfProject(IOTAProject& project, const std::vecto
 
 /// What the units of a scan have in common.
 struct TScanShared {
-    std::string DefaultClass;                       ///< of a component that is still to be inserted
-    std::shared_ptr<const TFormComponents> Others;  ///< of the project's forms; null outside a project
-    TReceiver ForUnits;                             ///< of units without a form
+    std::string DefaultClass;  ///< of a component that is still to be inserted
+    TFormComponents Others;    ///< of the project's forms; empty outside a project
+    TReceiver ForUnits;        ///< of units without a form
 };
 
 /// Outside a project: the component that an insertion would create serves all units.

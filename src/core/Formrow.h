@@ -26,7 +26,7 @@ class TFormRow : public TListRow {
     TFormRow(std::string formName, std::string unitName, std::string fileName)
         : FormName(std::move(formName)), UnitName(std::move(unitName)), FileName(std::move(fileName)) {}
 
-    std::string FormName;
+    std::string FormName;  ///< its list renames it
     const std::string UnitName;
     const std::string FileName;  ///< of the unit
     TFormAnalysis Component;

@@ -15,8 +15,8 @@ namespace {
 constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
 
 /// The row of a form that others have changed; its name may be another one.
-void Follow(TFormRow& row, const TFormAnalysis& found) {
-    if (!found.FormName.empty()) row.FormName = found.FormName;
+void Follow(TFormRows& list, TFormRow& row, const TFormAnalysis& found) {
+    if (!found.FormName.empty()) list.Rename(row, found.FormName);
     UpdateItem(&row, found);
 }
 
@@ -56,7 +56,7 @@ void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames)
             rows.insert(row);
     TAllSteps steps;
     for (TFormRow* row : rows)
-        steps.Try([&] { Follow(*row, ReadForm(context, closed, row->FileName)); });
+        steps.Try([&] { Follow(context.Rows.FormNames, *row, ReadForm(context, closed, row->FileName)); });
     context.Rows.FormNames.Touch();
     steps.Finish();
 }

@@ -55,32 +55,49 @@ TFormRow& TFormRows::Add(const std::string& formName, const std::string& unitNam
                          const std::string& fileName) {
     TFormRow& row = TListOf::Add(formName, unitName, fileName);
     byFile_.emplace(KeyOf(fileName), &row);
+    byForm_.emplace(UpperCase(formName), &row);
     return row;
 }
 
 void TFormRows::Clear() {
     byFile_.clear();
+    byForm_.clear();
     TListOf::Clear();
 }
 
-std::vector<TFormRow*> TFormRows::FindUnitOrForm(const std::string& fileName) const {
+std::vector<TFormRow*> TFormRows::Rows(const TIndex& index, const std::string& key) {
     std::vector<TFormRow*> rows;
-    const auto [begin, end] = byFile_.equal_range(KeyOf(fileName));
+    const auto [begin, end] = index.equal_range(key);
     std::transform(begin, end, std::back_inserter(rows), [](const auto& entry) { return entry.second; });
     return rows;
 }
 
+std::vector<TFormRow*> TFormRows::FindUnitOrForm(const std::string& fileName) const {
+    return Rows(byFile_, KeyOf(fileName));
+}
+
+std::vector<TFormRow*> TFormRows::FindForms(std::string_view formName) const {
+    return Rows(byForm_, UpperCase(formName));
+}
+
 TFormRow* TFormRows::FindFile(const std::string& fileName) const {
-    const auto [begin, end] = byFile_.equal_range(KeyOf(fileName));
-    const auto found = std::find_if(
-        begin, end, [&](const auto& entry) { return SameText(entry.second->FileName, fileName); });
-    return found == end ? nullptr : found->second;
+    for (TFormRow* row : FindUnitOrForm(fileName))
+        if (SameText(row->FileName, fileName)) return row;
+    return nullptr;
 }
 
 TFormRow* TFormRows::FindForm(const std::string& formName) const {
-    const auto found = std::find_if(Items().begin(), Items().end(),
-                                    [&](const auto& row) { return row->FormName == formName; });
-    return found == Items().end() ? nullptr : found->get();
+    for (TFormRow* row : FindForms(formName))
+        if (row->FormName == formName) return row;
+    return nullptr;
+}
+
+void TFormRows::Rename(TFormRow& row, const std::string& formName) {
+    const auto [begin, end] = byForm_.equal_range(UpperCase(row.FormName));
+    byForm_.erase(std::find_if(begin, end, [&](const auto& entry) { return entry.second == &row; }));
+    row.FormName = formName;
+    byForm_.emplace(UpperCase(formName), &row);
+    Touch();
 }
 
 void UpdateStatusBar(TFormsList& list, int unitCount) {

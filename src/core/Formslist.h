@@ -26,9 +26,17 @@ class TFormRows : public TListOf<TFormRow> {
     std::vector<TFormRow*> FindUnitOrForm(const std::string& fileName) const;
     /// The row of a form (with case), nullptr when there is none.
     TFormRow* FindForm(const std::string& formName) const;
+    /// The rows of the forms of this name (without regard to case).
+    std::vector<TFormRow*> FindForms(std::string_view formName) const;
+    /// The form has another name.
+    void Rename(TFormRow& row, const std::string& formName);
 
   private:
-    std::unordered_multimap<std::string, TFormRow*> byFile_;  ///< by path without extension, upper-cased
+    using TIndex = std::unordered_multimap<std::string, TFormRow*>;
+    static std::vector<TFormRow*> Rows(const TIndex& index, const std::string& key);
+
+    TIndex byFile_;  ///< by path without extension, upper-cased
+    TIndex byForm_;  ///< by name, upper-cased
 };
 
 /// What the main window lists: the forms of the project and the external files, and the counts below.

@@ -56,8 +56,7 @@ void TmlModuleNotifier::ComponentRenamed(TComponentHandle handle, const std::str
     // components on is the business of the notifiers without one.
     if (row == nullptr) return PassRenameOn(handle, oldName, newName);
     if (row->FormName != oldName) return;
-    row->FormName = newName;
-    list_->Touch();
+    list_->Rename(*row, newName);
     if (context_.OnRowsChanged) context_.OnRowsChanged();
 }
 

@@ -27,7 +27,7 @@ std::vector<std::size_t> FindMethods(std::string_view text) {
 class TReferenceReader {
   public:
     TReferenceReader(std::string_view text, const TComponentReference& component,
-                     const TFormComponents* others)
+                     const TFormComponents& others)
         : text_(text), component_(component), others_(others) {}
 
     /// The start of the reference to a component in front of the method at method, npos when there is none.
@@ -35,12 +35,11 @@ class TReferenceReader {
         const std::string_view component = QualifierBefore(method);
         if (component.empty()) return std::string_view::npos;
         const bool isOwn = SameText(component, component_.ComponentName);
-        if (!isOwn && others_ == nullptr) return std::string_view::npos;
+        if (!isOwn && !others_) return std::string_view::npos;
         const std::size_t begin = PlaceOf(component);
         if (!IsQualified(begin)) return isOwn ? begin : std::string_view::npos;
         const std::string_view form = QualifierBefore(begin);
-        const bool known =
-            (isOwn && IsOwnForm(form)) || (others_ != nullptr && others_->Holds(form, component));
+        const bool known = (isOwn && IsOwnForm(form)) || (others_ && others_(form, component));
         return known ? PlaceOf(form) : std::string_view::npos;
     }
 
@@ -74,7 +73,7 @@ class TReferenceReader {
 
     std::string_view text_;
     const TComponentReference& component_;
-    const TFormComponents* others_;
+    const TFormComponents& others_;
 };
 
 /// The parenthesis of the accessor whose name begins at method, npos when it is another name.
@@ -192,14 +191,10 @@ class TCloser {
 
 }  // namespace
 
-std::string TFormComponents::Key(std::string_view form, std::string_view component) {
-    return UpperCase(form) + "." + UpperCase(component);
-}
-
 std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component,
-                                     const TFormComponents* others) {
+                                     const TFormComponents& others) {
     std::vector<TAccessorCall> calls;
-    if (component.ComponentName.empty() && others == nullptr) return calls;
+    if (component.ComponentName.empty() && !others) return calls;
     const std::string_view text = source.Text();
     const TReferenceReader references(text, component, others);
     for (const std::size_t method : FindMethods(text)) {

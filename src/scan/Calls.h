@@ -2,28 +2,12 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "scan/Replacement.h"
 #include "source/Sourcetext.h"
 
 namespace tml {
-
-/// The components of a project's forms, which every unit of it may call: Form1.mlLang1.
-class TFormComponents {
-  public:
-    void Add(std::string_view form, std::string_view component) { names_.insert(Key(form, component)); }
-    bool Holds(std::string_view form, std::string_view component) const {
-        return names_.contains(Key(form, component));
-    }
-
-  private:
-    static std::string Key(std::string_view form, std::string_view component);
-
-    std::unordered_set<std::string> names_;
-};
 
 /// A call of an accessor on the component, as Scan writes it or as a person may have written it. Byte
 /// offsets, 0-based.
@@ -37,7 +21,7 @@ struct TAccessorCall {
 /// of their parentheses, calls in comments among them. With others, also the calls on any of those; none
 /// without them when the reference names no component.
 std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component,
-                                     const TFormComponents* others = nullptr);
+                                     const TFormComponents& others = {});
 
 /// The ID (decoded) that a call begins with, "" when it begins with something else.
 std::string CalledID(const TSourceText& source, const TAccessorCall& call);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,10 @@ struct TComponentReference {
     std::string Text(const TLanguage& language) const;
     std::string ClassName() const { return FormClass.empty() ? "T" + FormName : FormClass; }
 };
+
+/// Whether a form of the project has a component of this name, which every unit may call: Form1.mlLang1. No
+/// case counts.
+using TFormComponents = std::function<bool(std::string_view form, std::string_view component)>;
 
 /// How a call is written.
 struct TCallStyle {

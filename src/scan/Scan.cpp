@@ -27,7 +27,7 @@ class TWalk {
           begin_(input.Selection ? input.Selection->Begin : 0),
           end_(std::min(input.Selection ? input.Selection->End : text_.size(), text_.size())),
           rules_(input.Skip, language_, input.Common),
-          calls_(FindCalls(source_, input.Component, input.Others.get())) {
+          calls_(FindCalls(source_, input.Component, input.Others)) {
         if (text_.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) - 1)
             throw EBadInput(input.FileName(), 0, "the text is larger than 2 GB", "Divide the unit.");
         begin_ = std::min(begin_, end_);

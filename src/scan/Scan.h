@@ -17,8 +17,6 @@
 
 namespace tml {
 
-class TFormComponents;
-
 /// Part of a text, byte offsets, 0-based, End exclusive.
 struct TTextRange {
     std::size_t Begin = 0;
@@ -30,8 +28,8 @@ struct TScanInput {
     TSharedSource Source;  ///< the whole unit; its lines end with CR LF
     TSharedSource Header;  ///< of a C++ unit, may be null; serves the advice
     TComponentReference Component;
-    std::shared_ptr<const TFormComponents> Others;  ///< calls on these are passed over too; may be null
-    TTable Existing{TStringsType::stStrings};       ///< what the component holds already
+    TFormComponents Others;                    ///< calls on these are passed over too; may be empty
+    TTable Existing{TStringsType::stStrings};  ///< what the component holds already
     TSkipSettings Skip;
     std::string HCPrefix = "IDS_";
     std::string ReplaceMethod = "GetTextOrDefault(";

@@ -10,7 +10,6 @@
 #include "base/Utf8.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
-#include "scan/Calls.h"
 #include "scan/Constreplace.h"
 #include "scan/Duplicates.h"
 #include "scan/Editorcommands.h"
@@ -65,6 +64,7 @@ class TRun {
     void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
+    bool HasComponent(std::string_view form, std::string_view component) const;
     TTextRange Selection();
     bool FindStrings();
     bool Review();
@@ -130,15 +130,21 @@ TScanInput TRun::MakeInput() {
     TakeUnit(input, *GetModuleFromFileName(context_, unitFile_));
     TakeReceiver(input, ReceiverOf(*GetModuleFromFileName(context_, formUnit_), plan_),
                  SameText(unitFile_, formUnit_));
-    const auto others = std::make_shared<TFormComponents>();
-    for (const auto& row : context_.Rows.FormNames.Items())
-        others->Add(row->FormName, row.get() == &row_ ? plan_.Name : row->Component.ComponentName);
-    input.Others = others;
+    input.Others = [this](std::string_view form, std::string_view component) {
+        return HasComponent(form, component);
+    };
     if (memory_.ScanMode == kScanSelection) input.Selection = Selection();
     input.Progress = [this](int found) {
         return ShowProgress(Format("Found strings so far: %d", found), 0, 0);
     };
     return input;
+}
+
+bool TRun::HasComponent(std::string_view form, std::string_view component) const {
+    const std::vector<TFormRow*> rows = context_.Rows.FormNames.FindForms(form);
+    return std::any_of(rows.begin(), rows.end(), [&](const TFormRow* row) {
+        return SameText(row == &row_ ? plan_.Name : row->Component.ComponentName, component);
+    });
 }
 
 TTextRange TRun::Selection() {

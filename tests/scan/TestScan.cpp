@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
-#include "scan/Calls.h"
+#include "base/Utf8.h"
 #include "scan/Duplicates.h"
 #include "scan/Lines.h"
 #include "scan/Scansupport.h"
@@ -108,13 +108,13 @@ TEST(Scan, PassesOverCallsThatAreThere) {
          {"{ it's mlLang1.GetText('X') } s := 'ab';\r\n", "IDS_0=ab | ssrComments:s mlLang1.GetText("}});
     ExpectScans("a.cpp", {{"s = mlLang1->GetText(\"XX\" /* \"Old\" */ ) + F('(', \"ab\");\r\n", "IDS_0=ab |"},
                           {"s = this->mlLang1->GetTextC(\"XX\" \"YY\");\r\n", "|"}});
-    TFormComponents others;
-    others.Add("Form2", "mlLang9");
     TScanInput input =
         InputFor("a.pas",
                  "s := FORM2 . mlLang9.GetText('X' (* 'no' *) ) + Form1.mlLang1.GetText('X1');\r\n"
                  "s := mlLang9.GetText('ab') + Form1.mlLang9.GetText('cd');\r\n");
-    input.Others = std::make_shared<const TFormComponents>(others);
+    input.Others = [](std::string_view form, std::string_view component) {
+        return SameText(form, "Form2") && SameText(component, "mlLang9");
+    };
     EXPECT_EQ(Dump(Scan(input)), "IDS_0=ab IDS_1=cd |");
     input.Component = {};
     EXPECT_EQ(Dump(Scan(input)), "IDS_0=X1 IDS_1=ab IDS_2=cd |");
