@@ -183,11 +183,12 @@ TJournal::TEntry TJournal::MakeEntry() const {
 
 void TJournal::WritePending() {
     std::vector<TStagedFile> files;
-    for (const auto& [fileName, pending] : pending_)
-        if (pending.Bytes != pending.OnDisk) files.push_back({fileName, pending.Bytes, pending.OnDisk});
-    if (!files.empty()) host_.Write(files);
     for (auto& [fileName, pending] : pending_)
-        if (TDocument* document = Document(fileName)) document->Written(std::move(*pending.Bytes));
+        if (pending.Bytes != pending.OnDisk)
+            files.push_back({fileName, std::move(pending.Bytes), std::move(pending.OnDisk)});
+    if (!files.empty()) host_.Write(files);
+    for (TStagedFile& file : files)
+        if (TDocument* document = Document(file.Path)) document->Written(std::move(*file.Bytes));
     pending_.clear();
 }
 

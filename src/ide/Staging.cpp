@@ -63,10 +63,11 @@ class TFolderLocks {
     std::vector<std::pair<std::string, std::unique_ptr<IFileLock>>> locks_;
 };
 
+/// The contents are those of the staged files.
 struct TPending {
     TCommitLine Line;
-    std::optional<std::string> Bytes;
-    std::optional<std::string> Old;
+    const std::optional<std::string>* Bytes;
+    const std::optional<std::string>* Old;
 };
 using TAllPending = std::vector<TPending>;
 
@@ -85,7 +86,7 @@ TAllPending Resolve(IFileSystem& files, const std::vector<TStagedFile>& staged) 
         TCommitLine line{files.Resolve(file.Path), MarkOfFile(file.Expected), MarkOfFile(file.Bytes)};
         const auto [same, isNew] = known.try_emplace(line.Target, line.New);
         if (isNew)
-            pending.push_back({std::move(line), file.Bytes, file.Expected});
+            pending.push_back({std::move(line), &file.Bytes, &file.Expected});
         else if (same->second != line.New)
             throw EBadInput(file.Path, 0, "is the same file as " + line.Target + " and would get other bytes",
                             "Name it once in the project");
@@ -118,7 +119,7 @@ void CheckTarget(IFileSystem& files, const TCommitLine& line) {
 
 /// For a file that is to go an empty one stands in, so that no record alone removes anything.
 void Stage(IFileSystem& files, const TPending& file) {
-    files.Stage(StagePath(file.Line.Target), file.Bytes.value_or(""), file.Line.Target);
+    files.Stage(StagePath(file.Line.Target), file.Bytes->value_or(""), file.Line.Target);
 }
 
 void WriteRecord(IFileSystem& files, const std::string& folder, const TLines& lines) {
