@@ -3,6 +3,7 @@
 #include "tables/Fieldcodec.h"
 
 #include <array>
+#include <numeric>
 
 namespace tml {
 namespace {
@@ -12,29 +13,34 @@ struct TEscapes {
     char Mark = '\x02';
     std::array<char, 4> Letters = {'d', 'r', 'n', 'e'};
     std::array<std::string_view, 4> Meanings;
+    std::array<char, 4> Starts;  ///< the first byte of each meaning
 
     explicit TEscapes(std::string_view delimiter) {
         if (delimiter == "\x02") Mark = '\x03';
         for (char& letter : Letters)
             if (delimiter == std::string_view(&letter, 1)) letter = static_cast<char>(letter - 'a' + 'A');
         Meanings = {delimiter, "\r", "\n", std::string_view(&Mark, 1)};
+        Starts = {delimiter.front(), '\r', '\n', Mark};
     }
     TEscapes(const TEscapes&) = delete;
     TEscapes& operator=(const TEscapes&) = delete;
 };
 
 void AppendEncoded(std::string& line, std::string_view value, const TEscapes& escapes) {
-    for (std::size_t pos = 0; pos < value.size();) {
+    const std::string_view starts(escapes.Starts.data(), escapes.Starts.size());
+    std::size_t done = 0;
+    for (std::size_t pos = 0; (pos = value.find_first_of(starts, pos)) != std::string_view::npos;) {
         std::size_t kind = 0;
         while (kind < escapes.Meanings.size() && !value.substr(pos).starts_with(escapes.Meanings[kind]))
             ++kind;
         if (kind == escapes.Meanings.size()) {
-            line += value[pos++];
+            ++pos;
             continue;
         }
-        line += {escapes.Mark, escapes.Letters[kind]};
-        pos += escapes.Meanings[kind].size();
+        line.append(value, done, pos - done) += {escapes.Mark, escapes.Letters[kind]};
+        done = pos += escapes.Meanings[kind].size();
     }
+    line.append(value, done);
 }
 
 /// A mark without one of the letters behind it stands for itself.
@@ -75,6 +81,9 @@ std::vector<std::string> SplitFields(std::string_view line, std::string_view del
 std::string JoinFields(const std::vector<std::string_view>& fields, std::string_view delimiter) {
     const TEscapes escapes(delimiter);
     std::string line;
+    line.reserve(
+        std::accumulate(fields.begin(), fields.end(), fields.size() * delimiter.size(),
+                        [](std::size_t size, std::string_view field) { return size + field.size(); }));
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0) line += delimiter;
         AppendEncoded(line, fields[i], escapes);
