@@ -1,5 +1,6 @@
 // bench-make form BYTES FILE: a text form of at least that many bytes.
 // bench-make project COUNT FOLDER: a project of COUNT forms with their units, in a new folder.
+// bench-make sources COUNT FOLDER: likewise with units of 1,000 lines and no components on the forms yet.
 // What is made depends on the numbers only.
 #include <array>
 #include <cstdint>
@@ -158,7 +159,60 @@ std::string UnitOf(const std::string& unit, const std::string& form) {
            "';\r\nend;\r\n\r\nend.\r\n";
 }
 
-void MakeProject(std::size_t count, const std::filesystem::path& folder) {
+constexpr int kButtons = 20;
+
+std::string FormWithHandlers(const std::string& name) {
+    TFormWriter form;
+    form.Begin(name, "T" + name);
+    form.Property("Caption", "'" + name + "'");
+    for (int button = 1; button <= kButtons; ++button) {
+        const std::string number = std::to_string(button);
+        form.Begin("Button" + number, "TButton");
+        form.Property("Left", std::to_string(button * 10));
+        form.Property("Caption", "'Button " + number + "'");
+        form.Property("OnClick", "Button" + number + "Click");
+        form.End();
+    }
+    form.End();
+    return form.Text();
+}
+
+/// A handler of 25 lines with one text, comments among its code.
+std::string Handler(const std::string& unit, const std::string& form, const std::string& number) {
+    std::string code = "procedure T" + form + ".Button" + number + "Click(Sender: TObject);\r\nvar\r\n" +
+                       "  I, Count: Integer;\r\nbegin\r\n  Count := 0; { how many }\r\n";
+    for (int step = 0; step < 8; ++step)
+        code += "  for I := 0 to " + std::to_string(step + 3) + " do\r\n    Count := Count + I * " + number +
+                " - (Count div 2); // step " + std::to_string(step) + "\r\n";
+    return code + "  if Count > " + number + " then\r\n    ShowMessage('The count of " + unit + " step " +
+           number + " is too large');\r\nend;\r\n\r\n";
+}
+
+std::string LongUnit(const std::string& unit, const std::string& form) {
+    constexpr int kHandlers = 37;
+    std::string fields;
+    std::string heads;
+    std::string handlers;
+    for (int i = 1; i <= kButtons; ++i)
+        fields += "    Button" + std::to_string(i) + ": TButton;\r\n";
+    for (int i = 1; i <= kHandlers; ++i) {
+        const std::string number = std::to_string(i);
+        heads += "    procedure Button" + number + "Click(Sender: TObject);\r\n";
+        handlers += Handler(unit, form, number);
+    }
+    return "unit " + unit +
+           ";\r\n\r\ninterface\r\n\r\nuses\r\n  Classes, Forms, StdCtrls;\r\n\r\ntype\r\n  T" + form +
+           " = class(TForm)\r\n" + fields + heads + "  end;\r\n\r\nvar\r\n  " + form + ": T" + form +
+           ";\r\n\r\nimplementation\r\n\r\n{$R *.dfm}\r\n\r\n" + handlers + "end.\r\n";
+}
+
+/// What writes a form file or unit by its names.
+struct TKindOfProject {
+    std::string (*Form)(const std::string& form);
+    std::string (*Unit)(const std::string& unit, const std::string& form);
+};
+
+void MakeProject(const TKindOfProject& kind, std::size_t count, const std::filesystem::path& folder) {
     std::filesystem::create_directories(folder / "units");
     std::string clause = "program Many;\r\n\r\nuses\r\n  Forms";
     for (std::size_t i = 1; i <= count; ++i) {
@@ -166,8 +220,8 @@ void MakeProject(std::size_t count, const std::filesystem::path& folder) {
         const std::string form = "Form" + number;
         const std::string unit = "Unit" + number;
         clause += ",\r\n  " + unit + " in 'units\\" + unit + ".pas' {" + form + "}";
-        Save(folder / "units" / (unit + ".pas"), UnitOf(unit, form));
-        Save(folder / "units" / (unit + ".dfm"), SmallForm(form));
+        Save(folder / "units" / (unit + ".pas"), kind.Unit(unit, form));
+        Save(folder / "units" / (unit + ".dfm"), kind.Form(form));
     }
     Save(folder / "Many.dpr", clause + ";\r\n\r\nbegin\r\n  Application.Run;\r\nend.\r\n");
 }
@@ -177,16 +231,19 @@ void MakeProject(std::size_t count, const std::filesystem::path& folder) {
 
 int main(int argc, char** argv) {
     const std::string what = argc == 4 ? argv[1] : "";
-    if (what != "form" && what != "project") {
-        std::cerr << "bench-make form BYTES FILE | project COUNT FOLDER\n";
+    if (what != "form" && what != "project" && what != "sources") {
+        std::cerr << "bench-make form BYTES FILE | project COUNT FOLDER | sources COUNT FOLDER\n";
         return 2;
     }
     try {
+        using namespace tml::bench;
         const std::size_t number = std::stoul(argv[2]);
         if (what == "form")
-            tml::bench::Save(argv[3], tml::bench::LargeForm(number));
+            Save(argv[3], LargeForm(number));
+        else if (what == "project")
+            MakeProject({SmallForm, UnitOf}, number, argv[3]);
         else
-            tml::bench::MakeProject(number, argv[3]);
+            MakeProject({FormWithHandlers, LongUnit}, number, argv[3]);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "bench-make: " << error.what() << "\n";
