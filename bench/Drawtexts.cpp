@@ -33,9 +33,10 @@ std::string OneLine(std::string text) {
 
 void Sort(const std::string& file, const TFormNode& node, TDrawn& drawn) {
     for (const TPropertyText& text : TextsOfProperties(node.Properties())) {
-        const auto table = KindOfText({node.ClassName(), node.Name(), text.Path, text.IsList}, text.Text);
         // Fonts are settings, which nobody reads as texts.
-        if (table == TStringsType::stFonts || table == TStringsType::stCharSets) continue;
+        if (text.Shape == TTextShape::Font || text.Shape == TTextShape::CharSet) continue;
+        const bool isList = text.Shape == TTextShape::List;
+        const auto table = KindOfText({node.ClassName(), node.Name(), text.Path, isList}, text.Text);
         (table ? drawn.In : drawn.Out)
             .push_back((table ? "in\t" + std::string(KindOf(*table).Property) : "out\t-") + "\t" + file +
                        "\t" + node.ClassName() + "\t" + node.Name() + "\t" + text.Path + "\t" +

@@ -9,16 +9,21 @@
 #include "cli/Formfilecommands.h"
 #include "cli/Formscommand.h"
 #include "cli/Insertcommands.h"
+#include "cli/Pseudocommand.h"
 #include "cli/Replacecommand.h"
 #include "cli/Scancommand.h"
 #include "cli/Settingscommand.h"
+#include "cli/Statscommand.h"
 #include "cli/Terminal.h"
+#include "cli/Textscommand.h"
+#include "cli/Updatecommands.h"
 
 namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
     AddFormsCommand,    AddScanCommand,       AddReplaceCommand,  AddInsertCommand,     AddLanguagesCommand,
+    AddUpdateCommand,   AddClearCommand,      AddTextsCommand,    AddStatsCommand,      AddPseudoCommand,
     AddFormTextCommand, AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
 };
 

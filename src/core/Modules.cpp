@@ -116,6 +116,23 @@ void TModuleLease::Save() {
     if (!wasOpen_) SaveFile(context_, fileName_);
 }
 
+TOpenedMeanwhile::TOpenedMeanwhile(TContext& context) : context_(context) {
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (!IsFileOpen(context, row->FileName)) closed_.push_back(row->FileName);
+}
+
+TOpenedMeanwhile::~TOpenedMeanwhile() {
+    for (const std::string& file : closed_)
+        CloseFile(context_, file);
+}
+
+void TOpenedMeanwhile::Save() {
+    for (const std::string& file : closed_) {
+        const auto module = GetModuleFromFileName(context_, file);
+        if (module != nullptr && module->GetModified()) SaveFile(context_, file);
+    }
+}
+
 std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits) {
     const auto root = editor.GetRootComponent();
     const auto found = root == nullptr ? nullptr : FirstOf(*root, fits);

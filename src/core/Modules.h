@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/Context.h"
 
@@ -58,6 +59,23 @@ class TModuleLease {
     TContext& context_;
     std::string fileName_;
     bool wasOpen_;
+};
+
+/// The files of rows that a command opens on its way, such as ancestors of forms: when it goes they are
+/// closed again.
+class TOpenedMeanwhile {
+  public:
+    explicit TOpenedMeanwhile(TContext& context);
+    ~TOpenedMeanwhile();
+    TOpenedMeanwhile(const TOpenedMeanwhile&) = delete;
+    TOpenedMeanwhile& operator=(const TOpenedMeanwhile&) = delete;
+
+    /// Saves those of them that the command has changed.
+    void Save();
+
+  private:
+    TContext& context_;
+    std::vector<std::string> closed_;  ///< when the command began
 };
 
 using TComponentTest = std::function<bool(IOTAComponent&)>;

@@ -10,6 +10,7 @@
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
 #include "translations/Formlanguages.h"
+#include "translations/Formupdate.h"
 
 namespace tml {
 namespace {
@@ -82,8 +83,9 @@ constexpr std::array kCommands{
     TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, OnScan<ConstWithoutForm>},
     TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
              "Exclude"},
-    TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None, nullptr},
-    TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, nullptr},
+    TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None,
+             On<Updatetranslation1Click>},
+    TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, On<ClearTranslations1Click>},
     TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
              HasProjectSettings},
     OfWindow("Exit", "E&xit", "", plFile, &TfrmmlLang::FormClose),

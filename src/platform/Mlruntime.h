@@ -55,6 +55,14 @@ class TmlCustomLang : public ILanguages {
     /// Where a property of the form reads as the tables have it in one language (1-based), it gets the text
     /// in the other; the base text stands in for an empty one.
     virtual void ShowLanguage(int from, int to) = 0;
+    /// All of them, and all that differ at once.
+    virtual std::vector<TTable> GetTables() = 0;
+    virtual void SetTables(const std::vector<TTable>& tables) = 0;
+    /// Brings the tables up to what the form shows (docs/tables.md); a table that is as it should be is not
+    /// written. Gives notes for the person on what could not be read.
+    virtual TStringList BuildList() = 0;
+    /// Empties the translations of all languages but the base language; keys, base texts and lists stay.
+    virtual void ClearTranslations() = 0;
     virtual TStringList GetExclusions(TExclusionList list) = 0;
     virtual void SetExclusions(TExclusionList list, const TStringList& entries) = 0;
     /// Lets the stored translations follow a component that was renamed.

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/Utf8.h"
+
 namespace tml {
 namespace {
 
@@ -67,6 +69,12 @@ void WriteIntegerProp(IOTAComponent& component, const std::string& name, int val
     if (value == ReadIntegerProp(component, name, defaultValue)) return;
     Write(component, name, TFormValue::Integer(value),
           value == ToInteger(InheritedValue(component, name), defaultValue));
+}
+
+bool ReadBooleanProp(IOTAComponent& component, const std::string& name, bool defaultValue) {
+    const auto value = ReadProp(component, name);
+    if (!value || value->Kind != TFormValueKind::Identifier) return defaultValue;
+    return SameText(value->Text, "True");
 }
 
 std::string ReadStringProp(IOTAComponent& component, const std::string& name) {

@@ -19,6 +19,7 @@ std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& 
 std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const std::string& name);
 int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue);
 void WriteIntegerProp(IOTAComponent& component, const std::string& name, int value, int defaultValue);
+bool ReadBooleanProp(IOTAComponent& component, const std::string& name, bool defaultValue);
 /// "" when the property is not held.
 std::string ReadStringProp(IOTAComponent& component, const std::string& name);
 void WriteStringProp(IOTAComponent& component, const std::string& name, const std::string& value);

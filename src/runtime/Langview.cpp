@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "runtime/Buildlist.h"
 #include "runtime/Classes.h"
 #include "runtime/Formtexts.h"
 #include "tables/Languages.h"
@@ -14,6 +15,7 @@ namespace tml {
 namespace {
 
 constexpr std::string_view kDefaultDelimiter = "\x01";
+constexpr const char* kStates = "States";
 
 std::string TableProperty(TStringsType type) {
     return std::string(KindOf(type).Property);
@@ -62,11 +64,10 @@ void TmlLangView::SetNumLang(int count) {
 void TmlLangView::FitTables(int count) {
     std::vector<int> places(static_cast<std::size_t>(count));
     std::iota(places.begin(), places.end(), 1);
-    for (const TTableKind& kind : kTableKinds) {
-        TTable table = GetTable(kind.Type);
+    std::vector<TTable> tables = GetTables();
+    for (TTable& table : tables)
         table.MoveLanguages(places);
-        WriteTable(table);
-    }
+    WriteTables(tables);
 }
 
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
@@ -94,19 +95,54 @@ bool TmlLangView::HasTable(TStringsType type) {
     return type != TStringsType::stListView_TreeView_Items || ClassInheritsFrom(GetClassName(), "TmlLangTLV");
 }
 
-TTable TmlLangView::GetTable(TStringsType type) {
+TStateRecords TmlLangView::ReadStates() {
+    return {ReadListProp(Component(), kStates), GetDelimiter()};
+}
+
+TTable TmlLangView::ReadTable(TStringsType type, const TStateRecords& states) {
     if (!HasTable(type)) return TTable(type);
-    return TTable(type, ReadListProp(Component(), TableProperty(type)), GetDelimiter());
+    TTable table(type, ReadListProp(Component(), TableProperty(type)), GetDelimiter());
+    states.Mark(table);
+    return table;
+}
+
+TTable TmlLangView::GetTable(TStringsType type) {
+    return ReadTable(type, ReadStates());
+}
+
+std::vector<TTable> TmlLangView::GetTables() {
+    const TStateRecords states = ReadStates();
+    std::vector<TTable> tables;
+    for (const TTableKind& kind : kTableKinds)
+        tables.push_back(ReadTable(kind.Type, states));
+    return tables;
 }
 
 void TmlLangView::SetTable(const TTable& table) {
-    ExpectCount(Component(), std::max(Count(), 1));
-    WriteTable(table);
+    SetTables({table});
 }
 
-void TmlLangView::WriteTable(const TTable& table) {
-    if (HasTable(table.Type()))
+void TmlLangView::SetTables(const std::vector<TTable>& tables) {
+    ExpectCount(Component(), std::max(Count(), 1));
+    WriteTables(tables);
+}
+
+void TmlLangView::WriteTables(const std::vector<TTable>& tables) {
+    TStateRecords states = ReadStates();
+    for (const TTable& table : tables) {
+        if (!HasTable(table.Type())) continue;
         WriteListProp(Component(), TableProperty(table.Type()), table.Lines(GetDelimiter()));
+        states.Take(table);
+    }
+    WriteListProp(Component(), kStates, states.Lines());
+}
+
+TStringList TmlLangView::BuildList() {
+    return BuildTables(*this);
+}
+
+void TmlLangView::ClearTranslations() {
+    ClearTables(*this);
 }
 
 void TmlLangView::ShowLanguage(int from, int to) {
@@ -129,15 +165,14 @@ void TmlLangView::SetExclusions(TExclusionList list, const TStringList& entries)
 }
 
 void TmlLangView::ComponentRenamed(const std::string& oldName, const std::string& newName) {
-    for (const TTableKind& kind : kTableKinds) {
+    std::vector<TTable> tables = GetTables();
+    for (TTable& table : tables)
         // The string table's IDs are free texts and name no component.
-        if (kind.Type == TStringsType::stStrings) continue;
-        TTable table = GetTable(kind.Type);
-        table.Rename([&](const std::string& key) {
-            return BelongsTo(key, oldName) ? newName + key.substr(oldName.size()) : key;
-        });
-        WriteTable(table);
-    }
+        if (table.Type() != TStringsType::stStrings)
+            table.Rename([&](const std::string& key) {
+                return BelongsTo(key, oldName) ? newName + key.substr(oldName.size()) : key;
+            });
+    WriteTables(tables);
     for (const TExclusionList list : kExclusionLists)
         RenameInExclusions(list, oldName, newName);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "runtime/Languagesview.h"
+#include "tables/States.h"
 
 namespace tml {
 
@@ -24,6 +26,10 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     /// EBadInput where the form names more languages than kMostLanguages.
     void SetTable(const TTable& table) override;
     void ShowLanguage(int from, int to) override;
+    std::vector<TTable> GetTables() override;
+    void SetTables(const std::vector<TTable>& tables) override;
+    TStringList BuildList() override;
+    void ClearTranslations() override;
     TStringList GetExclusions(TExclusionList list) override;
     void SetExclusions(TExclusionList list, const TStringList& entries) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
@@ -32,7 +38,9 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     /// The character between the fields of a table line.
     std::string GetDelimiter();
     bool HasTable(TStringsType type);
-    void WriteTable(const TTable& table);
+    TStateRecords ReadStates();
+    TTable ReadTable(TStringsType type, const TStateRecords& states);
+    void WriteTables(const std::vector<TTable>& tables);
     void FitTables(int count);
     void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
 };

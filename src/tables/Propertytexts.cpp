@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Utf8.h"
+#include "tables/Fontvalue.h"
 
 namespace tml {
 namespace {
@@ -39,31 +40,65 @@ std::optional<std::string> LinesOf(const TFormValue& list) {
     return isEmpty ? std::nullopt : std::optional(text);
 }
 
+/// The object and the property of "Title.Font.Height"; no object for a property that is no font's.
+struct TFontPart {
+    std::string_view Font;
+    std::string_view Part;
+};
+
+TFontPart FontPartOf(std::string_view path) {
+    const std::size_t dot = path.rfind('.');
+    const std::string_view object = dot == std::string_view::npos ? std::string_view() : path.substr(0, dot);
+    if (!object.ends_with("Font")) return {{}, path};
+    return {object, path.substr(dot + 1)};
+}
+
 class TWalk {
   public:
-    explicit TWalk(std::vector<TPropertyText>& texts) : texts_(texts) {}
-
     // A form may nest its collections as deep as its reader lets it.
     void Properties(const std::vector<TFormProperty>& properties, const std::string& prefix) {
+        TFont font;
         for (const TFormProperty& property : properties)
-            Value(property.Value, prefix + property.Name);
+            if (!TakeFont(prefix, property, font)) Value(property.Value, prefix + property.Name);
     }
 
+    std::vector<TPropertyText> Texts;
+
   private:
+    /// The font whose parts, which stand together, are being read.
+    struct TFont {
+        std::string Path;
+        TFontValue Value;
+        std::size_t Index = 0;
+    };
+
+    bool TakeFont(const std::string& prefix, const TFormProperty& property, TFont& font) {
+        const auto [object, part] = FontPartOf(property.Name);
+        if (object.empty()) return false;
+        std::string path = prefix + std::string(object);
+        if (SameText(part, "Charset")) {
+            Texts.push_back({path + '.' + std::string(part), property.Value.Text, TTextShape::CharSet});
+            return true;
+        }
+        if (font.Path != path) font = {path, {}, Texts.size()};
+        if (!font.Value.Take(part, property.Value)) return false;
+        if (font.Index == Texts.size()) Texts.push_back({std::move(path), {}, TTextShape::Font});
+        Texts[font.Index].Text = font.Value.Text();
+        return true;
+    }
+
     void Value(const TFormValue& value, std::string path) {
-        if (value.Kind == TFormValueKind::String) texts_.push_back({std::move(path), value.Text});
+        if (value.Kind == TFormValueKind::String) Texts.push_back({std::move(path), value.Text});
         if (value.Kind == TFormValueKind::List && WithoutStrings(path).size() < path.size()) {
             auto lines = LinesOf(value);
             path.resize(WithoutStrings(path).size());
-            if (lines) texts_.push_back({std::move(path), std::move(*lines), true});
+            if (lines) Texts.push_back({std::move(path), std::move(*lines), TTextShape::List});
         }
         if (value.Kind != TFormValueKind::Collection) return;
         const std::vector<std::string> names = ItemNames(value.Collection);
         for (std::size_t i = 0; i < names.size(); ++i)
             Properties(value.Collection[i], path + '[' + names[i] + "].");
     }
-
-    std::vector<TPropertyText>& texts_;
 };
 
 }  // namespace
@@ -72,6 +107,16 @@ std::string_view WithoutStrings(std::string_view path) {
     const bool isList =
         path.size() > kStrings.size() && SameText(path.substr(path.size() - kStrings.size()), kStrings);
     return isList ? path.substr(0, path.size() - kStrings.size()) : path;
+}
+
+std::string WithoutIndexes(std::string_view path) {
+    std::string plain;
+    for (bool isInside = false; const char c : path) {
+        if (c == '[') isInside = true;
+        if (!isInside) plain += c;
+        if (c == ']') isInside = false;
+    }
+    return plain;
 }
 
 std::vector<std::string> ItemNames(const std::vector<std::vector<TFormProperty>>& collection) {
@@ -86,9 +131,9 @@ std::vector<std::string> ItemNames(const std::vector<std::vector<TFormProperty>>
 }
 
 std::vector<TPropertyText> TextsOfProperties(const std::vector<TFormProperty>& properties) {
-    std::vector<TPropertyText> texts;
-    TWalk(texts).Properties(properties, {});
-    return texts;
+    TWalk walk;
+    walk.Properties(properties, {});
+    return std::move(walk.Texts);
 }
 
 }  // namespace tml

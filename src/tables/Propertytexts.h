@@ -1,23 +1,28 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "forms/Formvalue.h"
 
 namespace tml {
 
-/// A string, or a list of strings, among the properties of a component or in the items of its collections.
+enum class TTextShape : std::uint8_t { Text, List, Font, CharSet };
+
+/// What a table can hold among the properties of a component and in the items of its collections.
 struct TPropertyText {
     /// From the component on. An item is "[Name]" where its own Name is not empty, begins with no digit and
-    /// no item before it has it, else "[0]" by its index. A list has no ".Strings" behind it.
+    /// no item before it has it, else "[0]" by its index. A list has no ".Strings" behind it, a font none of
+    /// the names of its parts.
     std::string Path;
-    std::string Text;  ///< UTF-8; the lines of a list with LF between them
-    bool IsList = false;
+    std::string Text;  ///< UTF-8; the lines of a list with LF between them; see TFontValue for a font
+    TTextShape Shape = TTextShape::Text;
 };
 
-/// All of them in the order of the form, empty ones too. A list is left out where one of its lines has a line
-/// break in it, and where it is empty or of empty lines only.
+/// All of them in the order of the form, empty texts too. A list is left out where one of its lines has a
+/// line break in it, and where it is empty or of empty lines only.
 std::vector<TPropertyText> TextsOfProperties(const std::vector<TFormProperty>& properties);
 
 /// The name in "[...]" for each item of a collection.
@@ -25,5 +30,8 @@ std::vector<std::string> ItemNames(const std::vector<std::vector<TFormProperty>>
 
 /// A path without the ".Strings" of a list; the path itself where it has none.
 std::string_view WithoutStrings(std::string_view path);
+
+/// "Columns[0].Title.Caption" as "Columns.Title.Caption".
+std::string WithoutIndexes(std::string_view path);
 
 }  // namespace tml

@@ -75,11 +75,63 @@ bool TTable::Add(const std::string& key, const std::string& text, int languages)
 }
 
 void TTable::Rename(const std::function<std::string(const std::string& key)>& newKey) {
+    Rekey([&](int, const std::string& key) { return newKey(key); });
+}
+
+void TTable::Rekey(const std::function<std::string(int index, const std::string& key)>& newKey) {
     for (int i = 0; i < stored_.Count(); ++i) {
         const std::string& old = entries_[static_cast<std::size_t>(i)].Key;
-        std::string key = newKey(old);
+        std::string key = newKey(i, old);
         if (key != old) Touch(i).Key = std::move(key);
     }
+    Reindex();
+}
+
+void TTable::SetText(int index, int place, const std::string& text) {
+    std::vector<TTableValue>& values = entries_[static_cast<std::size_t>(index)].Values;
+    const auto wanted = static_cast<std::size_t>(place);
+    if (values.size() >= wanted && values[wanted - 1].Text == text) return;
+    if (values.size() < wanted) values.resize(wanted);
+    Touch(index).Values[wanted - 1] = {text};
+}
+
+void TTable::SetMark(int index, int place, TValueMark mark, const std::string& former) {
+    std::vector<TTableValue>& values = entries_[static_cast<std::size_t>(index)].Values;
+    if (place < 1 || static_cast<std::size_t>(place) > values.size()) return;
+    TTableValue& value = values[static_cast<std::size_t>(place) - 1];
+    value.Mark = mark;
+    value.Former = former;
+}
+
+void TTable::Append(TTableEntry entry) {
+    index_.emplace(IndexKey(entry.Key), static_cast<int>(entries_.size()));
+    entries_.push_back(std::move(entry));
+    stored_.Add({});
+}
+
+void TTable::ClearTranslations() {
+    for (int i = 0; i < stored_.Count(); ++i)
+        for (int place = static_cast<int>(entries_[static_cast<std::size_t>(i)].Values.size()); place > 1;
+             --place) {
+            SetText(i, place, {});
+            SetMark(i, place, TValueMark::None);
+        }
+}
+
+void TTable::Remove(const std::vector<bool>& gone) {
+    std::vector<TTableEntry> entries;
+    TStringList stored;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (gone[i]) continue;
+        entries.push_back(std::move(entries_[i]));
+        stored.Add(stored_[static_cast<int>(i)]);
+    }
+    if (entries.size() == entries_.size()) {
+        entries_ = std::move(entries);
+        return;
+    }
+    entries_ = std::move(entries);
+    stored_ = std::move(stored);
     Reindex();
 }
 

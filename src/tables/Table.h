@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,9 +12,15 @@
 
 namespace tml {
 
-/// A text in one language; what is known of its state stands beside it.
+/// What is on record of a translation: nothing, equal to the base text on purpose, or made for another base
+/// text.
+enum class TValueMark : std::uint8_t { None, Same, Stale, Touched };
+
+/// A text in one language, and what is known of its state.
 struct TTableValue {
     std::string Text;
+    TValueMark Mark = TValueMark::None;
+    std::string Former = {};  ///< the base text that had been translated, where the mark is Stale or Touched
 
     bool operator==(const TTableValue&) const = default;
 };
@@ -48,6 +55,19 @@ class TTable {
     bool Add(const std::string& key, const std::string& text, int languages);
     /// Gives each entry the key that newKey makes of its own.
     void Rename(const std::function<std::string(const std::string& key)>& newKey);
+    /// The same where the entry's index matters; a key that is there already makes two.
+    void Rekey(const std::function<std::string(int index, const std::string& key)>& newKey);
+    /// Gives a value (place 1-based, added where the entry has none) another text; an equal one changes
+    /// nothing. What was on record of the former text goes.
+    void SetText(int index, int place, const std::string& text);
+    /// Puts on record what is known of a value; nothing for a place that the entry has not.
+    void SetMark(int index, int place, TValueMark mark, const std::string& former = {});
+    /// Appends an entry as it is.
+    void Append(TTableEntry entry);
+    /// Empties every value but those of the base language.
+    void ClearTranslations();
+    /// Removes the entries with a flag.
+    void Remove(const std::vector<bool>& gone);
     /// Moves the values along with their languages. former holds, for each language from now on, the place
     /// (1-based) that it had, 0 for a new one, which begins with the base text. A language
     /// that becomes the base language takes the former base text where it has none.

@@ -27,6 +27,13 @@ inline constexpr std::array kTableKinds{TML_TABLE_KINDS(TML_ROW)};
 #undef TML_ROW
 #undef TML_TABLE_KINDS
 
+/// The ordinal of the table that the property holds, -1 for another property.
+constexpr int OrdinalOf(std::string_view property) {
+    for (const TTableKind& kind : kTableKinds)
+        if (kind.Property == property) return static_cast<int>(kind.Type);
+    return -1;
+}
+
 constexpr const TTableKind& KindOf(TStringsType type) {
     return kTableKinds[static_cast<std::size_t>(type)];
 }

@@ -7,21 +7,11 @@
 
 #include "base/Utf8.h"
 #include "tables/Componentclasses.h"
+#include "tables/Propertytexts.h"
 #include "tables/Textshapes.h"
 
 namespace tml {
 namespace {
-
-/// "Columns[0].Title.Caption" as "Columns.Title.Caption".
-std::string WithoutIndexes(std::string_view path) {
-    std::string plain;
-    for (bool isInside = false; const char c : path) {
-        if (c == '[') isInside = true;
-        if (!isInside) plain += c;
-        if (c == ']') isInside = false;
-    }
-    return plain;
-}
 
 /// path has no indexes. The end of a name is told by its case: "DefaultExt" ends with no "Text".
 bool Fits(const TTextRule& rule, std::string_view path) {

@@ -12,8 +12,8 @@ namespace tml {
 struct TTextProperty {
     std::string_view ClassName;      ///< of the component
     std::string_view ComponentName;  ///< "" where it does not matter
-    /// From the component on, through objects and items of collections: "Columns[0].Title.Caption". A list of
-    /// strings has no ".Strings" behind it.
+    /// From the component on, through objects and items of collections: "Columns[0].Title.Caption",
+    /// "Font.Name". A list of strings has no ".Strings" behind it.
     std::string_view Path;
     bool IsList = false;  ///< of strings
 };

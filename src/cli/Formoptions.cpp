@@ -1,0 +1,53 @@
+#include "cli/Formoptions.h"
+
+#include "base/Errors.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+
+namespace tml {
+
+CLI::App* AddFormOptions(CLI::App* command, TFormOptions& options) {
+    command->add_option("PROJECT", options.Project, "A project file")->required();
+    command->add_option("--form", options.Forms, "Only this form; may be repeated")->allow_extra_args(false);
+    return command;
+}
+
+namespace {
+
+/// EBadInput for a form that was asked for by its name and has none.
+bool HasTmlLang(TSession& session, const TFormOptions& options, const TFormRow& row) {
+    if (!TestForCorrectForm(session.Context(), row)) return false;
+    if (GetmlLang(session.Context(), row.FormName) != nullptr) return true;
+    if (options.Forms.empty()) return false;
+    throw EBadInput(row.FileName, 0, "the form has no localization component",
+                    "\"tmllang insert\" puts one on it");
+}
+
+}  // namespace
+
+void ForEachTmlLang(TSession& session, const TFormOptions& options,
+                    const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
+    session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
+        if (options.Forms.empty() && !row.HasComponent()) return;
+        const TModuleLease lease(session.Context(), row.FileName);
+        if (HasTmlLang(session, options, row)) work(row, *GetmlLang(session.Context(), row.FormName));
+    });
+}
+
+void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std::string& title,
+                       const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
+    const auto scope = session.Modules().BeginCommand(title);
+    session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
+        if (options.Forms.empty() && !row.HasComponent()) return;
+        const auto one = session.Modules().BeginCommand(title);
+        TModuleLease lease(session.Context(), row.FileName);
+        if (!HasTmlLang(session, options, row)) return;
+        work(row, *GetmlLang(session.Context(), row.FormName));
+        lease.Save();
+        one->Commit();
+    });
+    scope->Commit();
+    session.Ide().SaveAll();
+}
+
+}  // namespace tml

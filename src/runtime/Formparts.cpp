@@ -1,0 +1,130 @@
+#include "runtime/Formparts.h"
+
+#include <algorithm>
+
+#include "base/Utf8.h"
+#include "runtime/Classes.h"
+
+namespace tml {
+namespace {
+
+/// Ancestors and frames within each other; a frame that stands on itself has no end.
+constexpr int kDeepest = 50;
+
+std::string Joined(const std::string& path, const std::string& name) {
+    return path.empty() ? name : path + '.' + name;
+}
+
+/// The ancestor's properties with those that the form changes.
+void Override(std::vector<TFormProperty>& properties, std::vector<TFormProperty> changes) {
+    if (properties.empty()) {
+        properties = std::move(changes);
+        return;
+    }
+    for (TFormProperty& change : changes) {
+        const auto same = std::find_if(properties.begin(), properties.end(), [&](const TFormProperty& one) {
+            return SameText(one.Name, change.Name);
+        });
+        if (same == properties.end())
+            properties.push_back(std::move(change));
+        else
+            same->Value = std::move(change.Value);
+    }
+}
+
+}  // namespace
+
+/// Where in the result the blocks of one file stand.
+struct TFormParts::TPlaces {
+    std::unordered_map<TComponentHandle, int> Parts;
+};
+
+TFormParts::TFormParts(IOTAComponent& owner) {
+    Read(owner, {}, -1);
+}
+
+/// A form, frame or ancestor: what it repeats first, then what its file says.
+void TFormParts::Read(IOTAComponent& owner, const std::string& path, int holder) {
+    const bool isFrame = owner.GetOrigin() == TComponentOrigin::coFrame;
+    const std::size_t begin = parts_.size();
+    const auto ancestor = ++depth_ > kDeepest ? nullptr : owner.GetAncestor();
+    if (ancestor != nullptr)
+        Read(*ancestor, path, holder);
+    else if (owner.GetOrigin() != TComponentOrigin::coOwn)
+        unseen_.push_back(path);
+    if (isFrame) LeaveTranslated(begin);
+    const int part = Overlay(owner, path, holder);
+    parts_[static_cast<std::size_t>(part)].IsFrame = isFrame;
+    TPlaces places{{{owner.GetComponentHandle(), part}}};
+    const int count = owner.GetComponentCount();
+    for (int i = 0; i < count; ++i)
+        ReadOwned(*owner.GetComponent(i), path, places);
+    --depth_;
+}
+
+/// What the file of a descendant says of an inherited frame stands in no frame's block, but within it all the
+/// same.
+void TFormParts::ReadOwned(IOTAComponent& component, const std::string& path, TPlaces& places) {
+    const auto parent = component.GetParent();
+    const auto block =
+        parent == nullptr ? places.Parts.end() : places.Parts.find(parent->GetComponentHandle());
+    int holder = block == places.Parts.end() ? -1 : block->second;
+    std::string inside = path;
+    for (int around = holder; around >= 0; around = parts_[static_cast<std::size_t>(around)].Holder) {
+        const TFormPart& part = parts_[static_cast<std::size_t>(around)];
+        if (part.Path == path || !part.IsFrame) continue;
+        inside = part.Path;
+        break;
+    }
+    const std::string own = component.GetName().empty() ? std::string() : Joined(inside, component.GetName());
+    if (own.empty()) {
+        places.Parts.emplace(component.GetComponentHandle(), holder);
+    } else if (component.GetOrigin() == TComponentOrigin::coFrame) {
+        Read(component, own, holder);
+    } else {
+        places.Parts.emplace(component.GetComponentHandle(), Overlay(component, own, holder));
+    }
+}
+
+/// Gives the component's index.
+int TFormParts::Overlay(IOTAComponent& component, const std::string& path, int holder) {
+    const auto [place, isNew] = byPath_.emplace(UpperCase(path), static_cast<int>(parts_.size()));
+    if (isNew) parts_.push_back({path, {}, {}, {}, holder, false, false});
+    TFormPart& part = parts_[static_cast<std::size_t>(place->second)];
+    part.Name = component.GetName();
+    part.ClassName = component.GetComponentType();
+    Override(part.Properties, component.GetProperties());
+    return place->second;
+}
+
+/// A frame that has a localization component translates itself: the form that it stands on sees no more of it
+/// than what it changes.
+void TFormParts::LeaveTranslated(std::size_t begin) {
+    const auto first = parts_.begin() + static_cast<std::ptrdiff_t>(begin);
+    if (std::none_of(first, parts_.end(), [](const TFormPart& part) {
+            return ClassInheritsFrom(part.ClassName, "TmlCustomLang");
+        }))
+        return;
+    for (auto part = first; part != parts_.end(); ++part) {
+        part->Properties.clear();
+        part->TranslatesItself = true;
+    }
+}
+
+const TFormPart* TFormParts::Find(std::string_view path) const {
+    const auto found = byPath_.find(UpperCase(path));
+    return found == byPath_.end() ? nullptr : &parts_[static_cast<std::size_t>(found->second)];
+}
+
+const TFormPart* TFormParts::OfKey(std::string_view key) const {
+    const std::string upper = UpperCase(key);
+    const TFormPart* deepest = upper.starts_with('.') ? Find("") : nullptr;
+    for (std::size_t dot = upper.find('.', 1); dot != std::string::npos; dot = upper.find('.', dot + 1)) {
+        const auto found = byPath_.find(upper.substr(0, dot));
+        if (found == byPath_.end()) break;
+        deepest = &parts_[static_cast<std::size_t>(found->second)];
+    }
+    return deepest;
+}
+
+}  // namespace tml

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/Toolsapi.h"
+
+namespace tml {
+
+/// A component of a form as a running program has it: with what its ancestor gives it and the form changes.
+struct TFormPart {
+    std::string Path;  ///< from the form or frame on, through frames; "" for the form or frame itself
+    std::string Name;
+    std::string ClassName;
+    std::vector<TFormProperty> Properties;
+    int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
+    bool IsFrame = false;
+    bool TranslatesItself = false;  ///< stands on a frame that has a localization component of its own
+};
+
+/// All components of a form, frame or data module: its file's, its ancestors' and its frames'.
+class TFormParts {
+  public:
+    explicit TFormParts(IOTAComponent& owner);
+
+    const std::vector<TFormPart>& Items() const { return parts_; }
+    /// The component at a path, without regard to case; nullptr when there is none.
+    const TFormPart* Find(std::string_view path) const;
+    /// The component that a key of a table begins with, by as many names as are those of components.
+    const TFormPart* OfKey(std::string_view key) const;
+    /// Paths ("" for the form itself) of what repeats a form that was not found: there may be more components
+    /// below.
+    const std::vector<std::string>& Unseen() const { return unseen_; }
+
+  private:
+    struct TPlaces;
+    void Read(IOTAComponent& owner, const std::string& path, int holder);
+    void ReadOwned(IOTAComponent& component, const std::string& path, TPlaces& places);
+    int Overlay(IOTAComponent& component, const std::string& path, int holder);
+    void LeaveTranslated(std::size_t begin);
+
+    std::vector<TFormPart> parts_;
+    std::unordered_map<std::string, int> byPath_;  ///< upper-cased
+    std::vector<std::string> unseen_;
+    int depth_ = 0;
+};
+
+}  // namespace tml

@@ -1,0 +1,125 @@
+#include "tables/States.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <utility>
+
+#include "base/Utf8.h"
+#include "tables/Fieldcodec.h"
+#include "tables/Textshapes.h"
+
+namespace tml {
+namespace {
+
+constexpr std::array<std::string_view, 4> kStateNames = {"missing", "stale", "touched", "done"};
+/// In the order of the marks.
+constexpr std::array<std::string_view, 4> kMarkNames = {"", "same", "stale", "touched"};
+
+std::string_view NameOf(TValueMark mark) {
+    return kMarkNames[static_cast<std::size_t>(mark)];
+}
+
+TValueMark MarkOf(std::string_view name) {
+    const auto* const found = std::find(kMarkNames.begin() + 1, kMarkNames.end(), name);
+    return found == kMarkNames.end() ? TValueMark::None : static_cast<TValueMark>(found - kMarkNames.begin());
+}
+
+int PlaceOf(const std::string& text) {
+    int place = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), place);
+    return error == std::errc() && end == text.data() + text.size() && place > 1 ? place : 0;
+}
+
+/// Letters and digits, without regard to case.
+std::string Bare(std::string_view text) {
+    const std::string folded = FoldCase(text);
+    std::string bare;
+    for (std::size_t pos = 0; pos < folded.size();) {
+        const std::size_t begin = pos;
+        DecodeCodePoint(folded, pos);
+        const std::string_view one = std::string_view(folded).substr(begin, pos - begin);
+        if (HasLetter(one) || IsNumber(one)) bare += one;
+    }
+    return bare;
+}
+
+}  // namespace
+
+std::string_view NameOf(TTextState state) {
+    return kStateNames[static_cast<std::size_t>(state)];
+}
+
+TTextState StateOf(const TTableEntry& entry, int place) {
+    const auto index = static_cast<std::size_t>(place) - 1;
+    if (index >= entry.Values.size() || entry.Values[index].Text.empty()) return TTextState::Missing;
+    const TTableValue& value = entry.Values[index];
+    switch (value.Mark) {
+        case TValueMark::Stale:
+            return TTextState::Stale;
+        case TValueMark::Touched:
+            return TTextState::Touched;
+        case TValueMark::Same:
+            return TTextState::Done;
+        case TValueMark::None:
+            break;
+    }
+    return value.Text == entry.Base() ? TTextState::Missing : TTextState::Done;
+}
+
+bool DifferInLooksOnly(std::string_view left, std::string_view right) {
+    const std::string bare = Bare(left);
+    return !bare.empty() && bare == Bare(right);
+}
+
+TStateRecords::TStateRecords(TStringList lines, std::string_view delimiter) : delimiter_(delimiter) {
+    for (const std::string& line : lines) {
+        std::vector<std::string> fields = SplitFields(line, delimiter);
+        const bool isRecord = fields.size() == 5 && MarkOf(fields[3]) != TValueMark::None;
+        TRecord record{{}, {}, isRecord ? PlaceOf(fields[2]) : 0, {}, line};
+        if (record.Place > 0) {
+            record.Table = std::move(fields[0]);
+            record.Key = std::move(fields[1]);
+            record.Value = {{}, MarkOf(fields[3]), std::move(fields[4])};
+        }
+        records_.push_back(std::move(record));
+    }
+}
+
+void TStateRecords::Mark(TTable& table) const {
+    const std::string_view name = KindOf(table.Type()).Property;
+    for (const TRecord& record : records_) {
+        const int entry = record.Place > 0 && record.Table == name ? table.Find(record.Key) : -1;
+        if (entry >= 0) table.SetMark(entry, record.Place, record.Value.Mark, record.Value.Former);
+    }
+}
+
+void TStateRecords::Take(const TTable& table) {
+    const std::string_view name = KindOf(table.Type()).Property;
+    std::erase_if(records_, [&](const TRecord& record) { return record.Table == name; });
+    for (const TTableEntry& entry : table.Entries())
+        for (std::size_t i = 1; i < entry.Values.size(); ++i)
+            if (entry.Values[i].Mark != TValueMark::None)
+                records_.push_back({std::string(name), entry.Key, static_cast<int>(i) + 1, entry.Values[i],
+                                    LineOf(table, entry, i)});
+    // The tables in their order; a line that is no record, or of a table that is not known, stays in front.
+    std::stable_sort(records_.begin(), records_.end(), [](const TRecord& left, const TRecord& right) {
+        return OrdinalOf(left.Table) < OrdinalOf(right.Table);
+    });
+}
+
+TStringList TStateRecords::Lines() const {
+    TStringList lines;
+    for (const TRecord& record : records_)
+        lines.Add(record.Line);
+    return lines;
+}
+
+std::string TStateRecords::LineOf(const TTable& table, const TTableEntry& entry, std::size_t index) const {
+    const TTableValue& value = entry.Values[index];
+    const std::string place = std::to_string(index + 1);
+    return JoinFields({KindOf(table.Type()).Property, entry.Key, place, NameOf(value.Mark), value.Former},
+                      delimiter_);
+}
+
+}  // namespace tml

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kClear = "This will clear all translation information in selected form(s)! Continue?";
+
+struct TFormupdate : TExpertFixture, testing::Test {
+    TFormupdate() {
+        PutForm(
+            1,
+            "  object mlLang1: TmlLang\n    NumOfLanguages = 2\n    LangNames.Strings = (\n      'English'\n"
+            "      'German')\n    Captions.Strings = (\n      'Button1.Caption'#1'Start'#1'Los')\n  end\n");
+    }
+    bool IsOpen(const std::string& form) { return IsFileOpen(Context(), Row(form).FileName); }
+    bool Holds(const std::string& file, const std::string& text) {
+        return Files.Files["/p/" + file].find(text) != std::string::npos;
+    }
+};
+
+TEST_F(TFormupdate, ClosedFormsAreSavedAndClosedOpenOnesMarkedModified) {
+    Open();
+    OpenFile(Context(), "/p/Unit2.pas", false);
+    Expert->Window()->SelectAll1Click();
+    Expert->Window()->Run("Update");
+    EXPECT_FALSE(IsOpen("Form1"));
+    EXPECT_TRUE(Holds("Unit1.dfm", "'Button1.Caption'#1'Go'#1'Los'"));
+    EXPECT_TRUE(Holds("Unit1.dfm", "'Captions'#1'Button1.Caption'#1'2'#1'stale'#1'Start'"));
+    EXPECT_TRUE(GetModuleFromFileName(Context(), "/p/Unit2.pas")->GetModified());
+    EXPECT_FALSE(Holds("Unit2.dfm", "Button1.Caption"));
+    EXPECT_EQ(GetmlLang(Context(), "Form2")->GetTable(TStringsType::stCaptions).Lines("|").CommaText(),
+              "Button1.Caption|Go|Go|Go");
+    Ide.Undo();
+    EXPECT_TRUE(Holds("Unit1.dfm", "'Button1.Caption'#1'Start'#1'Los'")) << "one step of undo";
+}
+
+TEST_F(TFormupdate, OnlySelectedFormsWithAComponentAndWhatCannotBeReadIsSaid) {
+    PutForm(2, "");
+    Files.Files["/p/Unit1.dfm"].replace(0, 6, "inherited");
+    Open();
+    Select("Form2");
+    Expert->Window()->Run("Update");
+    EXPECT_FALSE(Holds("Unit1.dfm", "stale"));
+    Expert->Window()->SelectAll1Click();
+    User.OnMessage(
+        "Form1: Form1: the form that it repeats is not in the project; its texts stay as they are\r\n");
+    Expert->Window()->Run("Update");
+    EXPECT_TRUE(Holds("Unit1.dfm", "stale"));
+    EXPECT_FALSE(Holds("Unit2.dfm", "mlLang"));
+}
+
+TEST_F(TFormupdate, ClearAsksFirst) {
+    Open();
+    Select("Form1");
+    User.OnMessage(kClear, mrNo);
+    Expert->Window()->Run("Clear");
+    EXPECT_TRUE(Holds("Unit1.dfm", "#1'Los'"));
+    User.OnMessage(kClear, mrYes);
+    Expert->Window()->Run("Clear");
+    EXPECT_TRUE(Holds("Unit1.dfm", "'Button1.Caption'#1'Start'#1)"));
+    EXPECT_FALSE(IsOpen("Form1"));
+}
+
+}  // namespace
+}  // namespace tml
