@@ -1,0 +1,336 @@
+#include "tables/Mlbfile.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Checksum.h"
+#include "base/Errors.h"
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kMagic = "TMLB";
+constexpr std::size_t kHeaderSize = 14;
+
+void AppendNumber(std::string& bytes, std::size_t number, int size) {
+    for (int i = 0; i < size; ++i)
+        bytes += static_cast<char>(number >> (8 * i) & 0xFF);
+}
+
+void AppendText(std::string& bytes, std::string_view text) {
+    AppendNumber(bytes, text.size(), 4);
+    bytes += text;
+}
+
+template <typename TTexts>
+void AppendTexts(std::string& bytes, const TTexts& texts) {
+    AppendNumber(bytes, texts.size(), 4);
+    for (const std::string& text : texts)
+        AppendText(bytes, text);
+}
+
+void AppendPart(std::string& bytes, char tag, std::string_view payload) {
+    bytes += tag;
+    AppendText(bytes, payload);
+}
+
+struct TDamaged {};
+
+/// Takes what a file says is there from the front; TDamaged where it is not.
+class TReader {
+  public:
+    explicit TReader(std::string_view bytes) : bytes_(bytes) {}
+
+    bool AtEnd() const { return bytes_.empty(); }
+    std::string_view Bytes(std::size_t size) {
+        if (size > bytes_.size()) throw TDamaged();
+        const std::string_view taken = bytes_.substr(0, size);
+        bytes_.remove_prefix(size);
+        return taken;
+    }
+    std::uint32_t Number(std::size_t size = 4) {
+        std::uint32_t number = 0;
+        const std::string_view bytes = Bytes(size);
+        for (std::size_t i = size; i > 0; --i)
+            number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
+        return number;
+    }
+    std::string Text() {
+        const std::string_view text = Bytes(Number());
+        if (!IsValidUtf8(text)) throw TDamaged();
+        return std::string(text);
+    }
+    std::vector<std::string> Texts() {
+        std::vector<std::string> texts;
+        for (std::uint32_t count = Number(); count > 0; --count)
+            texts.push_back(Text());
+        return texts;
+    }
+
+  private:
+    std::string_view bytes_;
+};
+
+std::string KeyOf(const TFormAddress& form) {
+    return UpperCase(form.Project + '/' + form.Form);
+}
+
+struct TReadPart {
+    char Tag;
+    std::string_view Payload;
+};
+
+TReadPart ReadPart(TReader& reader) {
+    const char tag = reader.Bytes(1).front();
+    return {tag, reader.Bytes(reader.Number())};
+}
+
+TStringsType ReadType(TReader& reader) {
+    const std::uint32_t ordinal = reader.Number(1);
+    if (ordinal >= kTableKinds.size()) throw TDamaged();
+    return kTableKinds[ordinal].Type;
+}
+
+TFileTable ReadTable(TReader reader) {
+    TFileTable table{ReadType(reader), {}};
+    for (std::uint32_t count = reader.Number(); count > 0; --count) {
+        std::string key = reader.Text();
+        table.Entries.push_back({std::move(key), reader.Texts()});
+    }
+    return table;
+}
+
+/// Tables stand in their order, and only those with entries.
+void AddTable(TFormSection& form, TFileTable table) {
+    const bool isNext = form.Tables.empty() || form.Tables.back().Type < table.Type;
+    if (!isNext || table.Entries.empty()) throw TDamaged();
+    form.Tables.push_back(std::move(table));
+}
+
+/// A name without what the text kind separates names by.
+std::string ReadName(TReader& reader, std::string_view separators) {
+    std::string name = reader.Text();
+    if (name.find_first_of(separators) != std::string::npos) throw TDamaged();
+    return name;
+}
+
+std::vector<TFileState> ReadStates(TReader reader) {
+    std::vector<TFileState> states;
+    while (!reader.AtEnd()) {
+        const TStringsType type = ReadType(reader);
+        const auto place = static_cast<int>(reader.Number());
+        const std::uint32_t state = reader.Number(1);
+        std::string key = reader.Text();
+        std::string former = reader.Text();
+        if (state < kStoredStates.size())
+            states.push_back(
+                {type, place, std::move(key), std::string(kStoredStates[state]), std::move(former)});
+    }
+    return states;
+}
+
+std::vector<TFileExtended> ReadExtended(TReader reader) {
+    std::vector<TFileExtended> extended;
+    while (!reader.AtEnd()) {
+        std::string component = ReadName(reader, ":");
+        std::string property = reader.Text();
+        extended.push_back({std::move(component), std::move(property), reader.Texts()});
+    }
+    return extended;
+}
+
+/// What a form holds besides what this version knows.
+std::string UnknownParts(std::string_view form) {
+    TReader reader(form);
+    reader.Text();
+    reader.Text();
+    for (std::uint32_t columns = reader.Number(); columns > 0; --columns)
+        reader.Number();
+    std::string unknown;
+    while (!reader.AtEnd()) {
+        const TReadPart part = ReadPart(reader);
+        if (std::string_view("TSX").find(part.Tag) == std::string_view::npos)
+            AppendPart(unknown, part.Tag, part.Payload);
+    }
+    return unknown;
+}
+
+std::string BytesOf(const TFileTable& table) {
+    std::string bytes;
+    AppendNumber(bytes, static_cast<std::size_t>(table.Type), 1);
+    AppendNumber(bytes, table.Entries.size(), 4);
+    for (const TFileEntry& entry : table.Entries) {
+        AppendText(bytes, entry.Key);
+        AppendTexts(bytes, entry.Fields);
+    }
+    return bytes;
+}
+
+std::string BytesOf(const std::vector<TFileState>& states) {
+    std::string bytes;
+    for (const TFileState& state : states) {
+        const auto* name = std::find(kStoredStates.begin(), kStoredStates.end(), state.State);
+        AppendNumber(bytes, static_cast<std::size_t>(state.Type), 1);
+        AppendNumber(bytes, static_cast<std::size_t>(state.Place), 4);
+        AppendNumber(bytes, static_cast<std::size_t>(name - kStoredStates.begin()), 1);
+        AppendText(bytes, state.Key);
+        AppendText(bytes, state.Former);
+    }
+    return bytes;
+}
+
+std::string BytesOf(const std::vector<TFileExtended>& extended) {
+    std::string bytes;
+    for (const TFileExtended& row : extended) {
+        AppendText(bytes, row.Component);
+        AppendText(bytes, row.Property);
+        AppendTexts(bytes, row.Values);
+    }
+    return bytes;
+}
+
+}  // namespace
+
+TMlbFile::TMlbFile(std::string_view bytes, const std::string& fileName) : fileName_(fileName) {
+    if (bytes.empty()) return;
+    if (!bytes.starts_with(kMagic) || bytes.size() < kHeaderSize)
+        throw EBadInput(fileName_, 0, "the file is no binary translation file",
+                        "Choose a file that was saved with the extension .mlb");
+    TReader header(bytes.substr(kMagic.size(), kHeaderSize - kMagic.size()));
+    version_ = static_cast<int>(header.Number(2));
+    if (version_ == 0) Refuse("the file has no version");
+    const std::uint32_t size = header.Number();
+    const std::string_view content = bytes.substr(kHeaderSize);
+    if (content.size() != size)
+        Refuse("the file has " + std::to_string(content.size()) + " bytes of content where " +
+               std::to_string(size) + " were saved");
+    if (Crc32(content) != header.Number()) Refuse("the checksum of the file does not match its content");
+    try {
+        ReadContent(content);
+    } catch (const TDamaged&) {
+        Refuse("the file names more than it holds");
+    }
+}
+
+void TMlbFile::Refuse(const std::string& problem) const {
+    throw EBadInput(fileName_, 0, problem, "Fetch the file anew, or save it again");
+}
+
+void TMlbFile::ReadContent(std::string_view content) {
+    for (TReader reader(content); !reader.AtEnd();) {
+        const TReadPart read = ReadPart(reader);
+        TReader part(read.Payload);
+        if (read.Tag == 'N') {
+            for (const std::string& name : part.Texts())
+                languages_.Add(PlainLanguageName(name));
+            continue;
+        }
+        TFormAddress form;
+        if (read.Tag == 'F') {
+            form.Project = ReadName(part, "/\r\n");
+            form.Form = ReadName(part, "/\r\n");
+            if (!index_.emplace(KeyOf(form), parts_.size()).second)
+                Refuse("the form " + form.Form + " stands in the file twice");
+        }
+        parts_.push_back({read.Tag, std::string(read.Payload), std::move(form)});
+    }
+}
+
+std::vector<TFormAddress> TMlbFile::Forms() const {
+    std::vector<TFormAddress> forms;
+    for (const TPart& part : parts_)
+        if (part.Tag == 'F') forms.push_back(part.Form);
+    return forms;
+}
+
+std::optional<TFormSection> TMlbFile::Read(const TFormAddress& form) const {
+    const auto found = index_.find(KeyOf(form));
+    if (found == index_.end()) return std::nullopt;
+    try {
+        return ReadForm(parts_[found->second]);
+    } catch (const TDamaged&) {
+        Refuse("the form " + form.Form + " names more than it holds");
+    }
+}
+
+TFormSection TMlbFile::ReadForm(const TPart& form) const {
+    TReader reader(form.Payload);
+    TFormSection read{{reader.Text(), reader.Text()}, {}, {}, {}, {}};
+    for (std::uint32_t count = reader.Number(); count > 0; --count) {
+        const std::uint32_t column = reader.Number();
+        if (column < 1 || column > languages_.Items().size()) throw TDamaged();
+        read.Languages.Add(languages_[static_cast<int>(column) - 1]);
+    }
+    while (!reader.AtEnd()) {
+        const TReadPart part = ReadPart(reader);
+        const TReader content(part.Payload);
+        if (part.Tag == 'T') AddTable(read, ReadTable(content));
+        if (part.Tag == 'S') read.States = ReadStates(content);
+        if (part.Tag == 'X') read.Extended = ReadExtended(content);
+    }
+    ExpectColumns(read);
+    return read;
+}
+
+/// As many texts as languages.
+void TMlbFile::ExpectColumns(const TFormSection& form) {
+    const std::size_t count = form.Languages.Items().size();
+    for (const TFileTable& table : form.Tables)
+        for (const TFileEntry& entry : table.Entries)
+            if (entry.Fields.size() != count) throw TDamaged();
+    for (const TFileExtended& extended : form.Extended)
+        if (extended.Values.size() != count) throw TDamaged();
+    for (const TFileState& state : form.States)
+        if (state.Place < 2 || static_cast<std::size_t>(state.Place) > count) throw TDamaged();
+}
+
+void TMlbFile::Put(const TFormSection& section) {
+    if (version_ > kTranslationFileVersion)
+        throw EBadInput(fileName_, 0, "the file is of a newer version",
+                        "Save into another file, or with a newer program");
+    version_ = kTranslationFileVersion;
+    const auto [place, isNew] = index_.emplace(KeyOf(section.Address), parts_.size());
+    if (isNew) parts_.push_back({'F', {}, section.Address});
+    std::string& payload = parts_[place->second].Payload;
+    payload = Payload(section) + (isNew ? std::string() : UnknownParts(payload));
+}
+
+std::string TMlbFile::Payload(const TFormSection& section) {
+    std::string bytes;
+    AppendText(bytes, section.Address.Project);
+    AppendText(bytes, section.Address.Form);
+    AppendNumber(bytes, section.Languages.Items().size(), 4);
+    for (const std::string& language : section.Languages)
+        AppendNumber(bytes, ColumnOf(PlainLanguageName(language)), 4);
+    for (const TFileTable& table : section.Tables)
+        AppendPart(bytes, 'T', BytesOf(table));
+    if (!section.States.empty()) AppendPart(bytes, 'S', BytesOf(section.States));
+    if (!section.Extended.empty()) AppendPart(bytes, 'X', BytesOf(section.Extended));
+    return bytes;
+}
+
+/// From 1; a language that is new is added.
+std::size_t TMlbFile::ColumnOf(const std::string& language) {
+    const auto& names = languages_.Items();
+    const auto found = std::find(names.begin(), names.end(), language);
+    const auto column = static_cast<std::size_t>(found - names.begin()) + 1;
+    if (found == names.end()) languages_.Add(language);
+    return column;
+}
+
+std::string TMlbFile::Bytes() const {
+    std::string names;
+    AppendTexts(names, languages_.Items());
+    std::string content;
+    AppendPart(content, 'N', names);
+    for (const TPart& part : parts_)
+        AppendPart(content, part.Tag, part.Payload);
+    std::string bytes(kMagic);
+    AppendNumber(bytes, static_cast<std::size_t>(version_), 2);
+    AppendNumber(bytes, content.size(), 4);
+    AppendNumber(bytes, Crc32(content), 4);
+    return bytes + content;
+}
+
+}  // namespace tml

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "tables/Translationfile.h"
+
+namespace tml {
+
+/// The binary kind: parts with a tag and a size, of which unknown ones are kept.
+class TMlbFile : public ITranslationFile {
+  public:
+    /// See OpenTranslationFile.
+    TMlbFile(std::string_view bytes, const std::string& fileName);
+
+    std::vector<TFormAddress> Forms() const override;
+    TStringList Languages() const override { return languages_; }
+    std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    void Put(const TFormSection& section) override;
+    std::string Bytes() const override;
+
+  private:
+    struct TPart {
+        char Tag;
+        std::string Payload;
+        TFormAddress Form;  ///< of a form's part
+    };
+
+    void ReadContent(std::string_view content);
+    TFormSection ReadForm(const TPart& form) const;
+    static void ExpectColumns(const TFormSection& form);
+    std::string Payload(const TFormSection& section);
+    std::size_t ColumnOf(const std::string& language);
+    [[noreturn]] void Refuse(const std::string& problem) const;
+
+    std::string fileName_;
+    int version_ = kTranslationFileVersion;
+    TStringList languages_;
+    std::vector<TPart> parts_;  ///< but for the names
+    std::unordered_map<std::string, std::size_t> index_;
+};
+
+}  // namespace tml

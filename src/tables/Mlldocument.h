@@ -1,0 +1,57 @@
+#pragma once
+
+#include <list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tml {
+
+/// The lines of a text translation file, by sections. A line stays byte for byte until it gets another
+/// content; comments and blank lines stay in front of the entry that they stand before.
+class TMllDocument {
+  public:
+    struct TSection {
+        std::string Name;
+        int Number;  ///< of its heading in the file that was read, 1-based
+        std::string Heading;
+        std::vector<std::string> Lines;  ///< behind the heading; all lines with their ends
+    };
+    struct TEntryLine {
+        std::string_view Content;  ///< without blanks in front and the line's end
+        int Number;                ///< 1-based
+    };
+
+    /// EBadInput, with the line, for bytes that are no UTF-8, a broken heading, a section that stands twice
+    /// and text before the first section.
+    TMllDocument(std::string_view bytes, std::string fileName);
+
+    const std::list<TSection>& Sections() const { return sections_; }
+    /// Without regard to case; nullptr without it.
+    const TSection* Find(std::string_view name) const;
+    static std::vector<TEntryLine> Entries(const TSection& section);
+
+    /// Gives a section these entries ("key=value", keys as they are written) in this order, and makes it,
+    /// with a blank line before it, behind the section named (at the end for ""). One without entries goes.
+    void Put(std::string_view name, const std::vector<std::string>& entries, std::string_view behind);
+
+    std::string Bytes() const;
+
+  private:
+    using TPlace = std::list<TSection>::iterator;
+
+    void ReadLine(std::string_view line, int number);
+    TPlace Insert(std::string_view name, std::string_view behind);
+    void Remove(TPlace section);
+    void Replace(TSection& section, const std::vector<std::string>& entries) const;
+
+    std::string fileName_;
+    std::string mark_;  ///< a byte order mark in front
+    std::string lineEnd_ = "\n";
+    std::vector<std::string> preamble_;  ///< comments before the first section
+    std::list<TSection> sections_;
+    std::unordered_map<std::string, TPlace> index_;
+};
+
+}  // namespace tml

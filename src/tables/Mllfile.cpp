@@ -1,0 +1,335 @@
+#include "tables/Mllfile.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "base/Errors.h"
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr std::string_view kOptions = "Options";
+constexpr std::string_view kNames = "Language names - for internal use only!";
+constexpr std::string_view kLanguages = "Languages";
+constexpr std::string_view kStates = "States";
+constexpr std::string_view kExtended = "ExtendedTranslations";
+
+struct TSectionName {
+    TFormAddress Address;
+    std::string Part;  ///< "" for the head of the form
+};
+
+/// None for a section that is no form's.
+std::optional<TSectionName> SplitName(std::string_view name) {
+    const std::size_t project = name.find('/');
+    if (project == std::string_view::npos) return std::nullopt;
+    const std::size_t form = std::min(name.find('/', project + 1), name.size());
+    return TSectionName{
+        {std::string(name.substr(0, project)), std::string(name.substr(project + 1, form - project - 1))},
+        std::string(name.substr(std::min(form + 1, name.size())))};
+}
+
+std::string NameOf(const TFormAddress& form) {
+    return form.Project + '/' + form.Form;
+}
+
+std::string NameOf(const TFormAddress& form, std::string_view part) {
+    return NameOf(form) + '/' + std::string(part);
+}
+
+std::pair<std::string, std::string> Setting(std::string_view line) {
+    const std::size_t equals = std::min(line.find('='), line.size());
+    return {std::string(Trim(line.substr(0, equals))),
+            std::string(Trim(line.substr(std::min(equals + 1, line.size()))))};
+}
+
+std::string Quoted(const std::string& delimiter) {
+    const bool isPlain = Trim(delimiter) == delimiter && delimiter.front() != '"' && delimiter.back() != '"';
+    return isPlain ? delimiter : '"' + delimiter + '"';
+}
+
+std::string Unquoted(std::string_view value) {
+    const bool isQuoted = value.size() > 2 && value.front() == '"' && value.back() == '"';
+    return std::string(isQuoted ? value.substr(1, value.size() - 2) : value);
+}
+
+/// -1 for a text that is no number.
+int NumberOf(std::string_view text) {
+    int number = -1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? number : -1;
+}
+
+const TTableKind* FindKind(std::string_view property) {
+    const auto* found = std::find_if(kTableKinds.begin(), kTableKinds.end(), [&](const TTableKind& kind) {
+        return SameText(kind.Property, property);
+    });
+    return found == kTableKinds.end() ? nullptr : found;
+}
+
+/// The parts of a key "a:b:c"; the last holds the rest.
+std::vector<std::string> SplitKey(std::string_view key, int count) {
+    std::vector<std::string> parts;
+    while (static_cast<int>(parts.size()) + 1 < count) {
+        const std::size_t colon = std::min(key.find(':'), key.size());
+        parts.emplace_back(key.substr(0, colon));
+        key.remove_prefix(std::min(colon + 1, key.size()));
+    }
+    parts.emplace_back(key);
+    return parts;
+}
+
+std::vector<std::string_view> ViewsOf(const std::vector<std::string>& texts) {
+    return {texts.begin(), texts.end()};
+}
+
+}  // namespace
+
+TMllFile::TMllFile(std::string_view bytes, const std::string& fileName, const std::string& delimiter)
+    : fileName_(fileName),
+      document_(bytes, fileName),
+      delimiter_(bytes.empty() ? delimiter : ReadOptions()),
+      fields_(delimiter_) {
+    ReadNames();
+    if (!delimiter.empty() && delimiter != delimiter_) {
+        const TFileFields former = std::exchange(fields_, TFileFields(delimiter));
+        delimiter_ = delimiter;
+        WriteAnew(former);
+    }
+}
+
+std::string TMllFile::ReadOptions() {
+    const TSection* options = document_.Find(kOptions);
+    if (options == nullptr)
+        Refuse(1, "the section \"Options\" is missing", "Choose a translation file (.mll)");
+    std::string delimiter;
+    version_ = 0;
+    for (const TEntryLine& line : TMllDocument::Entries(*options)) {
+        const auto [name, value] = Setting(line.Content);
+        if (SameText(name, "Version")) version_ = NumberOf(value);
+        if (SameText(name, "Delimiter")) delimiter = Unquoted(value);
+        if (version_ < 0) Refuse(line.Number, "the version is no number", "Restore the line \"Version=1\"");
+    }
+    if (delimiter.empty())
+        Refuse(options->Number, "the section \"Options\" has no delimiter", "Add the line \"Delimiter=...\"");
+    return delimiter;
+}
+
+void TMllFile::ReadNames() {
+    const TSection* names = document_.Find(kNames);
+    if (names == nullptr) return;
+    for (const TEntryLine& line : TMllDocument::Entries(*names))
+        names_.push_back(Setting(line.Content));
+}
+
+void TMllFile::Refuse(int line, const std::string& problem, const std::string& remedy) const {
+    throw EBadInput(fileName_, line, problem, remedy);
+}
+
+std::vector<TFormAddress> TMllFile::Forms() const {
+    std::vector<TFormAddress> forms;
+    for (const TSection& section : document_.Sections())
+        if (auto name = SplitName(section.Name); name && name->Part.empty()) forms.push_back(name->Address);
+    return forms;
+}
+
+TStringList TMllFile::Languages() const {
+    TStringList languages;
+    for (const auto& [key, name] : names_)
+        languages.Add(name);
+    return languages;
+}
+
+std::optional<TFormSection> TMllFile::Read(const TFormAddress& form) const {
+    const TSection* head = document_.Find(NameOf(form));
+    if (head == nullptr) return std::nullopt;
+    TFormSection read{SplitName(head->Name)->Address, ReadLanguages(*head), {}, {}, {}};
+    const int languages = read.Languages.Count();
+    for (const TTableKind& kind : kTableKinds)
+        if (const TSection* section = document_.Find(NameOf(form, kind.Property)))
+            if (TFileTable table = ReadTable(kind.Type, *section, languages); !table.Entries.empty())
+                read.Tables.push_back(std::move(table));
+    if (const TSection* section = document_.Find(NameOf(form, kStates)))
+        read.States = ReadStates(*section, languages);
+    if (const TSection* section = document_.Find(NameOf(form, kExtended)))
+        read.Extended = ReadExtended(*section, languages);
+    return read;
+}
+
+TStringList TMllFile::ReadLanguages(const TSection& head) const {
+    TStringList languages;
+    for (const TEntryLine& line : TMllDocument::Entries(head)) {
+        const auto [name, columns] = Setting(line.Content);
+        if (!SameText(name, kLanguages)) continue;
+        for (const std::string& column : TStringList::FromCommaText(columns)) {
+            const auto found = std::find_if(names_.begin(), names_.end(),
+                                            [&](const auto& row) { return row.first == column; });
+            if (found == names_.end())
+                Refuse(line.Number, "the file names no language " + column,
+                       "Add it to the section \"" + std::string(kNames) + "\"");
+            languages.Add(found->second);
+        }
+        return languages;
+    }
+    Refuse(head.Number, "the form names no languages", "Restore its line \"Languages=...\"");
+}
+
+/// Blanks at the end that an editor may have left are no text: those of a text are escaped.
+TFileEntry TMllFile::Fields(TEntryLine line) const {
+    constexpr std::string_view kBlanks = " \t";
+    const bool isDelimiter = kBlanks.find(delimiter_.back()) != std::string_view::npos;
+    if (!isDelimiter) line.Content = line.Content.substr(0, line.Content.find_last_not_of(kBlanks) + 1);
+    return fields_.Read(line.Content);
+}
+
+TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
+    TFileEntry entry = Fields(line);
+    if (static_cast<int>(entry.Fields.size()) != fields)
+        Refuse(line.Number,
+               entry.Key + " has " + std::to_string(entry.Fields.size()) + " texts where " +
+                   std::to_string(fields) + " are expected",
+               "Put the delimiter " + delimiter_ + " between them");
+    return entry;
+}
+
+TFileTable TMllFile::ReadTable(TStringsType type, const TSection& section, int languages) const {
+    TFileTable table{type, {}};
+    for (const TEntryLine& line : TMllDocument::Entries(section))
+        table.Entries.push_back(ReadEntry(line, languages));
+    return table;
+}
+
+std::vector<TFileState> TMllFile::ReadStates(const TSection& section, int languages) const {
+    std::vector<TFileState> states;
+    for (const TEntryLine& line : TMllDocument::Entries(section)) {
+        TFileEntry entry = Fields(line);
+        const std::vector<std::string> key = SplitKey(entry.Key, 3);
+        const TTableKind* kind = FindKind(key[0]);
+        const int place = NumberOf(key[1]);
+        entry.Fields.resize(2);
+        const bool isKnown =
+            std::find(kStoredStates.begin(), kStoredStates.end(), entry.Fields[0]) != kStoredStates.end();
+        if (!isKnown && version_ > kTranslationFileVersion) continue;
+        if (kind == nullptr || place < 2 || place > languages || !isKnown)
+            Refuse(line.Number, "this is no state of a translation", "Delete the line");
+        states.push_back({kind->Type, place, key[2], entry.Fields[0], entry.Fields[1]});
+    }
+    return states;
+}
+
+std::vector<TFileExtended> TMllFile::ReadExtended(const TSection& section, int languages) const {
+    std::vector<TFileExtended> extended;
+    for (const TEntryLine& line : TMllDocument::Entries(section)) {
+        TFileEntry entry = ReadEntry(line, languages);
+        const std::vector<std::string> key = SplitKey(entry.Key, 2);
+        extended.push_back({key[0], key[1], std::move(entry.Fields)});
+    }
+    return extended;
+}
+
+/// Sets what a section says, in front of what else it holds.
+void TMllFile::PutSettings(std::string_view section, std::vector<std::string> lines) {
+    const std::size_t count = lines.size();
+    const auto isSet = [&](std::string_view name) {
+        return std::any_of(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count),
+                           [&](const std::string& line) { return SameText(Setting(line).first, name); });
+    };
+    if (const TSection* present = document_.Find(section))
+        for (const TEntryLine& line : TMllDocument::Entries(*present))
+            if (!isSet(Setting(line.Content).first)) lines.emplace_back(line.Content);
+    document_.Put(section, lines, {});
+}
+
+void TMllFile::WriteOptions() {
+    if (version_ > kTranslationFileVersion)
+        Refuse(0, "the file is of a newer version", "Save into another file, or with a newer program");
+    PutSettings(kOptions,
+                {"Version=" + std::to_string(kTranslationFileVersion), "Delimiter=" + Quoted(delimiter_)});
+}
+
+/// Columns of the languages, which are added to the file's names where they are new.
+std::string TMllFile::ColumnsOf(const TStringList& languages) {
+    TStringList columns;
+    for (const std::string& given : languages) {
+        const std::string language = PlainLanguageName(given);
+        auto found = std::find_if(names_.begin(), names_.end(),
+                                  [&](const auto& row) { return row.second == language; });
+        if (found == names_.end()) {
+            int last = 0;
+            for (const auto& [key, name] : names_)
+                last = std::max(last, NumberOf(key));
+            found = names_.insert(names_.end(), {std::to_string(last + 1), language});
+        }
+        columns.Add(found->first);
+    }
+    return columns.CommaText();
+}
+
+void TMllFile::Put(const TFormSection& section) {
+    WriteOptions();
+    const std::string columns = ColumnsOf(section.Languages);
+    std::vector<std::string> names;
+    for (const auto& [key, name] : names_)
+        names.push_back(key + '=' + name);
+    document_.Put(kNames, names, kOptions);
+
+    std::string last = NameOf(section.Address);
+    PutSettings(last, {std::string(kLanguages) + '=' + columns});
+    const auto put = [&](std::string_view part, const std::vector<std::string>& lines) {
+        const std::string name = NameOf(section.Address, part);
+        document_.Put(name, lines, last);
+        if (!lines.empty()) last = name;
+    };
+    for (const TTableKind& kind : kTableKinds)
+        put(kind.Property, LinesOf(section, kind.Type));
+    put(kStates, StateLinesOf(section));
+    put(kExtended, ExtendedLinesOf(section));
+}
+
+std::vector<std::string> TMllFile::LinesOf(const TFormSection& section, TStringsType type) const {
+    std::vector<std::string> lines;
+    for (const TFileTable& table : section.Tables)
+        if (table.Type == type)
+            for (const TFileEntry& entry : table.Entries)
+                lines.push_back(fields_.Write(entry.Key, ViewsOf(entry.Fields)));
+    return lines;
+}
+
+std::vector<std::string> TMllFile::StateLinesOf(const TFormSection& section) const {
+    std::vector<std::string> lines;
+    for (const TFileState& state : section.States) {
+        std::vector<std::string_view> fields = {state.State};
+        if (!state.Former.empty()) fields.emplace_back(state.Former);
+        lines.push_back(fields_.Write(
+            std::string(KindOf(state.Type).Property) + ':' + std::to_string(state.Place) + ':' + state.Key,
+            fields));
+    }
+    return lines;
+}
+
+std::vector<std::string> TMllFile::ExtendedLinesOf(const TFormSection& section) const {
+    std::vector<std::string> lines;
+    for (const TFileExtended& extended : section.Extended)
+        lines.push_back(
+            fields_.Write(extended.Component + ':' + extended.Property, ViewsOf(extended.Values)));
+    return lines;
+}
+
+void TMllFile::WriteAnew(const TFileFields& former) {
+    WriteOptions();
+    std::vector<std::string> sections;
+    for (const TSection& section : document_.Sections())
+        if (const auto name = SplitName(section.Name); name && !name->Part.empty())
+            sections.push_back(section.Name);
+    for (const std::string& name : sections) {
+        std::vector<std::string> lines;
+        for (const TEntryLine& line : TMllDocument::Entries(*document_.Find(name))) {
+            const TFileEntry entry = former.Read(line.Content);
+            lines.push_back(fields_.Write(entry.Key, ViewsOf(entry.Fields)));
+        }
+        document_.Put(name, lines, {});
+    }
+}
+
+}  // namespace tml

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <utility>
+
+#include "tables/Mlldocument.h"
+#include "tables/Translationfile.h"
+
+namespace tml {
+
+/// The text kind.
+class TMllFile : public ITranslationFile {
+  public:
+    /// See OpenTranslationFile.
+    TMllFile(std::string_view bytes, const std::string& fileName, const std::string& delimiter);
+
+    std::vector<TFormAddress> Forms() const override;
+    TStringList Languages() const override;
+    std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    void Put(const TFormSection& section) override;
+    std::string Bytes() const override { return document_.Bytes(); }
+
+  private:
+    using TSection = TMllDocument::TSection;
+    using TEntryLine = TMllDocument::TEntryLine;
+
+    std::string ReadOptions();
+    void PutSettings(std::string_view section, std::vector<std::string> lines);
+    void WriteOptions();
+    void ReadNames();
+    std::string ColumnsOf(const TStringList& languages);
+    void WriteAnew(const TFileFields& former);
+    TFileEntry Fields(TEntryLine line) const;
+    TFileEntry ReadEntry(TEntryLine line, int fields) const;
+    TStringList ReadLanguages(const TSection& head) const;
+    TFileTable ReadTable(TStringsType type, const TSection& section, int languages) const;
+    std::vector<TFileState> ReadStates(const TSection& section, int languages) const;
+    std::vector<TFileExtended> ReadExtended(const TSection& section, int languages) const;
+    std::vector<std::string> LinesOf(const TFormSection& section, TStringsType type) const;
+    std::vector<std::string> StateLinesOf(const TFormSection& section) const;
+    std::vector<std::string> ExtendedLinesOf(const TFormSection& section) const;
+    [[noreturn]] void Refuse(int line, const std::string& problem, const std::string& remedy) const;
+
+    std::string fileName_;
+    TMllDocument document_;
+    int version_ = kTranslationFileVersion;
+    std::string delimiter_;
+    TFileFields fields_;
+    std::vector<std::pair<std::string, std::string>> names_;  ///< keys and names of languages
+};
+
+}  // namespace tml

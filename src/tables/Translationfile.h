@@ -1,0 +1,106 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "tables/Filefields.h"
+#include "tables/Tablekinds.h"
+
+namespace tml {
+
+/// Translation files of both kinds, as docs/translation-files.md has them.
+
+/// The version that is written; an older one is brought up to it.
+inline constexpr int kTranslationFileVersion = 1;
+
+/// A form of a project; Project is "" where the file names none. Compared without regard to case.
+struct TFormAddress {
+    std::string Project;
+    std::string Form;
+};
+
+struct TFileTable {
+    TStringsType Type;
+    std::vector<TFileEntry> Entries;  ///< a field a language
+
+    bool operator==(const TFileTable&) const = default;
+};
+
+/// The states that are stored, in the order of their numbers.
+inline constexpr std::array<std::string_view, 3> kStoredStates = {"stale", "touched", "same"};
+
+/// What is recorded of a translation; Place is its language's, from 1. One of a state that only a newer
+/// version knows is passed over.
+struct TFileState {
+    TStringsType Type;
+    int Place = 0;
+    std::string Key;
+    std::string State;
+    std::string Former;
+
+    bool operator==(const TFileState&) const = default;
+};
+
+struct TFileExtended {
+    std::string Component;
+    std::string Property;
+    std::vector<std::string> Values;
+
+    bool operator==(const TFileExtended&) const = default;
+};
+
+struct TFormSection {
+    TFormAddress Address;
+    TStringList Languages;           ///< base first
+    std::vector<TFileTable> Tables;  ///< those with entries, in the order of their ordinals
+    std::vector<TFileState> States;
+    std::vector<TFileExtended> Extended;
+};
+
+/// A translation file as it is being read or changed.
+class ITranslationFile {
+  public:
+    virtual ~ITranslationFile() = default;
+
+    /// The forms in the order of the file.
+    virtual std::vector<TFormAddress> Forms() const = 0;
+    /// The languages of all forms in the order of their first use.
+    virtual TStringList Languages() const = 0;
+    /// None when the file does not hold the form. EBadInput, with the place, for a damaged one.
+    virtual std::optional<TFormSection> Read(const TFormAddress& form) const = 0;
+    /// Replaces the form in its place, or adds it at the end; everything else stays as it is.
+    /// EBadInput for a file of a newer version.
+    virtual void Put(const TFormSection& section) = 0;
+    virtual std::string Bytes() const = 0;
+};
+
+/// Finds forms in a file that may name projects otherwise, or none.
+class TFormFinder {
+  public:
+    explicit TFormFinder(const ITranslationFile& file);
+    /// The form of that project, else the only one of that name whose project is not known on either side.
+    std::optional<TFormAddress> Find(const TFormAddress& form) const;
+
+  private:
+    std::unordered_map<std::string, std::vector<TFormAddress>> byName_;
+};
+
+/// A language's name as files have it: in one line, without blanks and control characters at its ends.
+std::string PlainLanguageName(std::string_view name);
+
+/// True for the extension ".mlb" in any case.
+bool IsBinaryTranslation(std::string_view fileName);
+
+/// Reads a file of either kind, by its extension; empty bytes are a new one. delimiter is that of a new text
+/// file, or the one that an old one is to have from now on ("" keeps it). EBadInput for a damaged or foreign
+/// file.
+std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string_view bytes, const std::string& fileName,
+                                                      const std::string& delimiter = {});
+
+}  // namespace tml

@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include "base/Checksum.h"
+#include "base/Errors.h"
+#include "tables/Translationfile.h"
+
+namespace tml {
+namespace {
+
+using namespace std::string_literals;
+
+const std::vector<std::string> kTexts = {"plain", " a=b ", "[x]",          "; c", "a\r\nb",
+                                         "~!@#$", "\\n",   "\xE2\x98\x83", ""};
+
+TFormSection Section(const std::string& form, const TStringList& languages) {
+    TFormSection section{{"Harbour", form}, languages, {}, {}, {}};
+    TFileTable captions{TStringsType::stCaptions, {}};
+    for (const std::string& text : kTexts)
+        captions.Entries.push_back({text, std::vector<std::string>(languages.Items().size(), text)});
+    section.Tables = {captions, {TStringsType::stStrings, {{"IDS_0", languages.Items()}}}};
+    section.States = {{TStringsType::stStrings, 2, "IDS_0", "stale", "Old\ntext"},
+                      {TStringsType::stCaptions, 2, " a=b ", "same", ""}};
+    section.Extended = {{"Chart1", "Title.Text", languages.Items()}};
+    return section;
+}
+
+void ExpectEqual(const TFormSection& read, const TFormSection& expected) {
+    EXPECT_EQ(read.Languages, expected.Languages);
+    EXPECT_EQ(read.Tables, expected.Tables);
+    EXPECT_EQ(read.States, expected.States);
+    EXPECT_EQ(read.Extended, expected.Extended);
+}
+
+std::string Saved(std::string bytes, const std::string& fileName, const TFormSection& section,
+                  const std::string& delimiter = {}) {
+    const auto file = OpenTranslationFile(bytes, fileName, delimiter);
+    file->Put(section);
+    return file->Bytes();
+}
+
+const TStringList kTwo({"English", "German"});
+const TStringList kThree({"German", "English", "Hebrew"});
+
+TEST(Translationfile, FormsOfDifferentLanguagesShareAFileOfEitherKindAndKeepTheirPlaces) {
+    for (const std::string name : {"a.mll", "a.MLB"}) {
+        std::string bytes = Saved("", name, Section("One", kTwo), "~!@#$");
+        bytes = Saved(bytes, name, Section("Two", kThree));
+        TFormSection changed = Section("One", kTwo);
+        changed.Tables[1].Entries[0].Fields[1] = "Neu";
+        bytes = Saved(bytes, name, changed);
+        const auto file = OpenTranslationFile(bytes, name);
+        ASSERT_EQ(file->Forms().size(), 2U);
+        EXPECT_EQ(file->Forms()[0].Form, "One");
+        EXPECT_EQ(file->Languages().CommaText(), "English,German,Hebrew");
+        ExpectEqual(file->Read({"HARBOUR", "one"}).value(), changed);
+        ExpectEqual(file->Read({"Harbour", "Two"}).value(), Section("Two", kThree));
+        EXPECT_FALSE(file->Read({"Other", "One"}).has_value());
+        EXPECT_EQ(Saved(bytes, name, changed), bytes);
+    }
+}
+
+TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
+    const std::string text =
+        "; ours\r\n[Options]\r\nVersion=1\r\nDelimiter=|\r\nTool=x\r\n\r\n"
+        "[Language names - for internal use only!]\r\nen=English\r\nde=German\r\n\r\n"
+        "[P/F]\r\nLanguages=en,de\r\nNote=kept\r\n\r\n"
+        "[P/F/Captions]\r\n; first\r\na=1|2\r\n\r\nb=3|4\r\n; end\r\n\r\n[Unknown]\r\nx=y";
+    const auto file = OpenTranslationFile(text, "f.mll");
+    TFormSection form = file->Read({"P", "F"}).value();
+    file->Put(form);
+    EXPECT_EQ(file->Bytes(), text);
+    form.Tables[0].Entries[0].Fields[1] = "zwei";
+    form.Tables.push_back({TStringsType::stStrings, {{"ID", {"", ""}}}});
+    file->Put(form);
+    std::string expected = text;
+    expected.replace(expected.find("a=1|2"), 5, "a=1|zwei");
+    expected.insert(expected.find("[Unknown]"), "[P/F/Strings]\r\nID=|\r\n\r\n");
+    EXPECT_EQ(file->Bytes(), expected);
+    form.Tables.pop_back();
+    form.Tables[0].Entries.erase(form.Tables[0].Entries.begin());
+    file->Put(form);
+    expected = text;
+    const std::size_t first = expected.find("; first");
+    expected.erase(first, expected.find("\r\n\r\nb=") + 2 - first);
+    EXPECT_EQ(file->Bytes(), expected);
+}
+
+TEST(Translationfile, AnotherDelimiterWritesEveryLineAnew) {
+    const TFormSection one = Section("One", kTwo), two = Section("Two", kThree);
+    std::string bytes = Saved(Saved("", "a.mll", one, "~!@#$"), "a.mll", two);
+    for (const std::string delimiter : {"=", " ", "\\", "\"", "a\\"}) {
+        bytes = Saved(bytes, "a.mll", one, delimiter);
+        const auto file = OpenTranslationFile(bytes, "a.mll");
+        ExpectEqual(file->Read(one.Address).value(), one);
+        ExpectEqual(file->Read(two.Address).value(), two);
+    }
+}
+
+TEST(Translationfile, AFormIsFoundByItsProjectElseByItsName) {
+    std::string bytes = "[Options]\nDelimiter=|\n[A/F]\n[B/F]\n[A/G]\n[/H]\n[C/H]\n[/I]\n";
+    const auto file = OpenTranslationFile(bytes, "a.mll");
+    const TFormFinder finder(*file);
+    const struct {
+        TFormAddress Wanted;
+        const char* Found;
+    } rows[] = {{{"b", "f"}, "B/F"},   {{"C", "F"}, nullptr}, {{"", "F"}, nullptr}, {{"", "g"}, "A/G"},
+                {{"B", "G"}, nullptr}, {{"C", "H"}, "C/H"},   {{"D", "I"}, "/I"},   {{"A", "X"}, nullptr}};
+    for (const auto& row : rows) {
+        const auto found = finder.Find(row.Wanted);
+        EXPECT_EQ(found ? found->Project + '/' + found->Form : "none", row.Found ? row.Found : "none");
+    }
+}
+
+/// The message of what reading the form F of project P throws.
+std::string MessageOf(const std::string& bytes, const std::string& name) {
+    try {
+        const auto file = OpenTranslationFile(bytes, name);
+        file->Read({"P", "F"});
+        file->Put({{"P", "F"}, kTwo, {}, {}, {}});
+    } catch (const EBadInput& error) {
+        return error.what();
+    }
+    return "read";
+}
+
+TEST(Translationfile, WhatIsDamagedOrForeignIsRefusedWithItsPlace) {
+    const std::string head =
+        "[Options]\nDelimiter=|\n[Language names - for internal use only!]\n1=A\n2=B\n[P/F]\n";
+    const struct {
+        std::string Bytes;
+        const char* Message;
+    } rows[] = {
+        {head + "Languages=1,2\n[P/F/Captions]\na=x|y\n", "read"},
+        {"object Form1: TForm1\nend\n", "f.mll:1: expected a section in brackets"},
+        {"[Options]\nVersion=1\n", "f.mll:1: the section \"Options\" has no delimiter"},
+        {"[Settings]\na=b\n", "f.mll:1: the section \"Options\" is missing"},
+        {"[Options]\nVersion=x\nDelimiter=|\n", "f.mll:2: the version is no number"},
+        {"[Options]\nVersion=2\nDelimiter=|\n", "f.mll: the file is of a newer version"},
+        {"[Options\n", "f.mll:1: expected \"]\""},
+        {head + "[p/f]\n", "f.mll:7: the section stands in the file already"},
+        {head, "f.mll:6: the form names no languages"},
+        {head + "Languages=1,3\n", "f.mll:7: the file names no language 3"},
+        {head + "Languages=1,2\n[P/F/Captions]\n\na=x~y\n", "f.mll:10: a has 1 texts where 2 are expected"},
+        {head + "Languages=1,2\n[P/F/States]\nCaptions:3:a=same\n", "f.mll:9: this is no state"},
+        {head + "Languages=1,2\n[P/F/Captions]\na=\xFF|\n", "f.mll:9: the line is no UTF-8"},
+    };
+    for (const auto& row : rows)
+        EXPECT_TRUE(MessageOf(row.Bytes, "f.mll").starts_with(row.Message)) << MessageOf(row.Bytes, "f.mll");
+}
+
+TEST(Translationfile, EveryBrokenByteOfABinaryFileIsNoticed) {
+    TFormSection form = Section("F", kTwo);
+    form.Address.Project = "P";
+    const std::string whole = Saved("", "f.mlb", form);
+    ASSERT_EQ(MessageOf(whole, "f.mlb"), "read");
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        std::string damaged = whole;
+        damaged[i] = static_cast<char>(damaged[i] ^ 1);
+        EXPECT_NE(MessageOf(damaged, "f.mlb"), "read") << i;
+        EXPECT_NE(MessageOf(whole.substr(0, i + 1), "f.mlb"), i + 1 < whole.size() ? "read" : "") << i;
+        // With a matching checksum only the content is left to say so, and it may not lead astray.
+        if (i < 14) continue;
+        const std::uint32_t checksum = Crc32(std::string_view(damaged).substr(14));
+        for (std::size_t byte = 0; byte < 4; ++byte)
+            damaged[10 + byte] = static_cast<char>(checksum >> (8 * byte) & 0xFF);
+        EXPECT_NO_THROW(MessageOf(damaged, "f.mlb")) << i;
+    }
+}
+
+}  // namespace
+}  // namespace tml
