@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
 #include "core/Insertion.h"
@@ -15,18 +16,10 @@
 namespace tml {
 namespace {
 
-struct TInsertOptions {
-    std::string Project;
-    std::vector<std::string> Forms;
+struct TInsertOptions : TFormOptions {
     std::string Class;
     std::string Languages;
 };
-
-CLI::App* AddFormsArguments(CLI::App* command, TInsertOptions& options) {
-    command->add_option("PROJECT", options.Project, "A project file")->required();
-    command->add_option("--form", options.Forms, "Only this form; may be repeated")->allow_extra_args(false);
-    return command;
-}
 
 void CheckClass(IMlRuntime& runtime, const std::string& className) {
     if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
@@ -134,10 +127,10 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
 void AddInsertCommand(CLI::App& app, TProgram& program) {
     const auto options = std::make_shared<TInsertOptions>();
     CLI::App* command =
-        AddFormsArguments(AddCommand(app, "insert", "Put a localization component on forms",
-                                     "  tmllang insert Orchard.dproj --form MainForm --form OrderDialog\n"
-                                     "  tmllang insert Orchard.dproj --class TmlLangRT"),
-                          *options);
+        AddFormOptions(AddCommand(app, "insert", "Put a localization component on forms",
+                                  "  tmllang insert Orchard.dproj --form MainForm --form OrderDialog\n"
+                                  "  tmllang insert Orchard.dproj --class TmlLangRT"),
+                       *options);
     command->add_option("--class", options->Class, "Class of the component instead of the default one");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunInsert(shared, *options); };
@@ -146,11 +139,11 @@ void AddInsertCommand(CLI::App& app, TProgram& program) {
 
 void AddLanguagesCommand(CLI::App& app, TProgram& program) {
     const auto options = std::make_shared<TInsertOptions>();
-    CLI::App* command = AddFormsArguments(
-        AddCommand(app, "languages", "List or set the languages of forms",
-                   "  tmllang languages Orchard.dproj\n"
-                   "  tmllang languages Orchard.dproj --form MainForm --set English,German"),
-        *options);
+    CLI::App* command =
+        AddFormOptions(AddCommand(app, "languages", "List or set the languages of forms",
+                                  "  tmllang languages Orchard.dproj\n"
+                                  "  tmllang languages Orchard.dproj --form MainForm --set English,German"),
+                       *options);
     CLI::Option* set = command->add_option(
         "--set", options->Languages,
         "The languages in order, separated by commas; a form without a component gets one");
