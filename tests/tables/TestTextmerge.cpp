@@ -145,11 +145,11 @@ TEST(Textmerge, TablesFollowTheForm) {
 
 TEST(Textmerge, APropertyThatMovedToAnotherTableTakesItsTranslationsAlong) {
     std::vector<TTable> tables = {
-        Table(kCaptions, {"B.Caption|b|y"}),
-        Table(TStringsType::stOtherStrings, {"A.Text|a|x"}, {"OtherStrings|A.Text|2|stale|o"}),
+        Table(kCaptions, {"B.Caption|b|y|z"}),
+        Table(TStringsType::stOtherStrings, {"A.Text|a|x|w"}, {"OtherStrings|A.Text|2|stale|o"}),
         Table(TStringsType::stStrings, {"A.Text|a|x"})};
-    MergeTexts(tables, {{kCaptions, "A.Text", "a"}, {kCaptions, "B.Caption", "b"}}, {2});
-    EXPECT_EQ(Dump(tables[0]), "B.Caption|b|y\nA.Text|a|x\n  Captions|A.Text|2|stale|o\n");
+    MergeTexts(tables, {{kCaptions, "A.Text", "a"}, {kCaptions, "B.Caption", "b"}}, {3});
+    EXPECT_EQ(Dump(tables[0]), "B.Caption|b|y|z\nA.Text|a|x|w\n  Captions|A.Text|2|stale|o\n");
     EXPECT_EQ(Dump(tables[1]) + Dump(tables[2]), "A.Text|a|x\n") << "the string table is nobody's";
 }
 
