@@ -19,7 +19,8 @@ constexpr std::string_view kNumOfLanguages = "NumOfLanguages = ";
 
 /// Takes a line without its end and the blanks in front of it.
 std::string_view TakeLine(std::string_view& text) {
-    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
+    const auto end = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isEnd) - text.begin());
     std::string_view line = text.substr(0, end);
     const std::size_t endSize = text.substr(end).starts_with("\r\n") ? 2 : 1;
     text.remove_prefix(std::min(end + endSize, text.size()));

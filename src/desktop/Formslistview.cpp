@@ -6,6 +6,9 @@
 #include <QMenuBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <algorithm>
+#include <functional>
+#include <utility>
 
 #include "desktop/Texts.h"
 #include "ui_Formslistview.h"
@@ -44,6 +47,22 @@ class TPathDelegate : public QStyledItemDelegate {
     }
 };
 
+/// What a column needs for its longest texts. To measure all of a thousand rows takes longer than to read
+/// them.
+int ContentWidth(const QTableView& table, int column) {
+    constexpr std::ptrdiff_t kMeasured = 32;
+    std::vector<std::pair<qsizetype, int>> lengths;  // with the row
+    for (int row = 0; row < table.model()->rowCount(); ++row)
+        lengths.emplace_back(table.model()->index(row, column).data().toString().size(), row);
+    const auto end = lengths.begin() + std::min(std::ssize(lengths), kMeasured);
+    std::partial_sort(lengths.begin(), end, lengths.end(), std::greater<>());
+    int width = table.horizontalHeader()->sectionSizeHint(column);
+    for (auto longest = lengths.begin(); longest != end; ++longest)
+        width =
+            std::max(width, table.sizeHintForIndex(table.model()->index(longest->second, column)).width());
+    return width + (table.showGrid() ? 1 : 0);
+}
+
 }  // namespace
 
 TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
@@ -65,7 +84,10 @@ TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
     BindMenus();
     ui_->lvFormNames->viewport()->installEventFilter(this);
     ui_->filter->installEventFilter(this);
-    connect(&forms_, &QAbstractItemModel::modelReset, this, [this] { LayOutColumns(); });
+    connect(&forms_, &QAbstractItemModel::modelReset, this, [this] {
+        contentWidths_.clear();
+        LayOutColumns();
+    });
     connect(ui_->filter, &QLineEdit::textChanged, this,
             [this](const QString& text) { runner_.Run([&] { form_.SetFilter(FromQt(text)); }); });
     connect(ui_->lvFormNames, &QTableView::doubleClicked, this,
@@ -132,6 +154,12 @@ void TFormsListView::NoteWidth(int column, int width) {
     LayOutColumns();
 }
 
+void TFormsListView::MeasureColumns() {
+    const QTableView& table = *ui_->lvFormNames;
+    for (int i = 0; i < table.horizontalHeader()->count(); ++i)
+        contentWidths_.push_back(ContentWidth(table, i));
+}
+
 void TFormsListView::LayOutColumns() {
     if (layingOut_) return;
     layingOut_ = true;
@@ -140,11 +168,11 @@ void TFormsListView::LayOutColumns() {
     const auto& columns = form_.lvFormNames.Columns;
     const int last = header.count() - 1;
     int left = table.viewport()->width();
+    if (form_.HasDesignWidths() && contentWidths_.empty()) MeasureColumns();
     for (int i = 0; i < last; ++i) {
-        if (form_.HasDesignWidths())
-            table.resizeColumnToContents(i);
-        else
-            header.resizeSection(i, ShownWidth(*this, columns[static_cast<std::size_t>(i)].Width));
+        const auto column = static_cast<std::size_t>(i);
+        header.resizeSection(
+            i, form_.HasDesignWidths() ? contentWidths_[column] : ShownWidth(*this, columns[column].Width));
         left -= header.sectionSize(i);
     }
     const int least = header.sectionSizeHint(last);
@@ -201,6 +229,7 @@ void TFormsListView::RefreshList(QTableView& table, TListRows& list, TListModel&
 
 bool TFormsListView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && watched == ui_->lvFormNames->viewport()) LayOutColumns();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) contentWidths_.clear();
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         auto* table = qobject_cast<QTableView*>(watched);

@@ -43,6 +43,8 @@ class TFormsListView : public TView {
     void RefreshFilter();
     /// While nobody has chosen widths, those that the cells need; the last column takes what is left.
     void LayOutColumns();
+    /// Once for each filling of the list.
+    void MeasureColumns();
     void NoteWidth(int column, int width);
     bool KeyPressed(QTableView& table, const QKeyEvent& key);
 
@@ -54,6 +56,7 @@ class TFormsListView : public TView {
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::array<QLabel*, 4> panels_{};
     bool layingOut_ = false;
+    std::vector<int> contentWidths_;  ///< by column; empty when they are to be measured
 };
 
 }  // namespace tml

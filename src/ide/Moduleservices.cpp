@@ -42,6 +42,7 @@ const std::string& TModules::KeyOf(const std::string& fileName) {
 }
 
 std::shared_ptr<TModule> TModules::Find(const std::string& fileName) {
+    if (byFile_.empty()) return nullptr;  // the keys of a thousand closed files cost as much as their forms
     const auto found = byFile_.find(KeyOf(fileName));
     return found == byFile_.end() ? nullptr : found->second;
 }
