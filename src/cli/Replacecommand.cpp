@@ -62,7 +62,7 @@ class TReplaceRun {
         else
             ReplaceInUnits();
         if (options_.Patch) std::cout << command->Patch();
-        if (!options_.Patch && !options_.DryRun) {
+        if (Writes()) {
             command->Commit();
             session_.Ide().SaveAll();
             program_.HasWritten = true;
@@ -117,11 +117,14 @@ class TReplaceRun {
             DoScanReplace(context, subjects.Scan, form, file, options_.Const);
         });
         if (!session_.Answers().Errors.empty()) return;
+        if (!Writes()) std::erase(session_.Answers().Information, DoneMessage(options_.Const));
         if (program_.Json)
             PrintJson(file);
         else
             PrintText(subject, ShownPath(file));
     }
+
+    bool Writes() const { return !options_.Patch && !options_.DryRun; }
 
     void PrintJson(const std::string& file) {
         if (options_.Patch) return;
@@ -153,7 +156,7 @@ class TReplaceRun {
                 report_ << file << ":" << row.Record.Line + 1 << ": '" << row.Record.StrContent << "' -> "
                         << WrittenText(row.Record) << "\n";
         report_ << subject << ": " << decision_.Replaced.size()
-                << (options_.DryRun ? " strings found" : " strings replaced");
+                << (Writes() ? " strings replaced" : " strings found");
         if (!decision_.LeftOut.empty())
             report_ << ", " << decision_.LeftOut.size() << " left out" << Reasons();
         report_ << "\n";

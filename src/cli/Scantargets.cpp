@@ -41,10 +41,10 @@ class TOpenModule {
     std::shared_ptr<IOTAModule> module_;
 };
 
-/// The component as the form's file tells it, read without opening the form.
-std::string ComponentInFile(TClosedForms& closed, const std::string& unitFile) {
+/// What the form's file tells of the component, read without opening the form.
+TFormAnalysis AnalysisOf(TClosedForms& closed, const std::string& unitFile) {
     try {
-        return closed.Read(unitFile).ComponentName;
+        return closed.Read(unitFile);
     } catch (const EBadInput&) {
         return {};  // opening the form tells what is wrong with it
     }
@@ -105,9 +105,12 @@ TScanShared SharedOfProject(TWorkplace& workplace, const std::string& defaultCla
     TClosedForms closed(workplace.Host());
     const auto components = std::make_shared<std::unordered_set<std::string>>();
     const std::vector<TScanTarget> targets = TargetsOfProject(project, {}, {});
-    for (const TScanTarget& target : targets)
-        if (!target.FormName.empty())
-            components->insert(ComponentKey(target.FormName, ComponentInFile(closed, target.FileName)));
+    for (const TScanTarget& target : targets) {
+        if (target.FormName.empty()) continue;
+        const TFormAnalysis form = AnalysisOf(closed, target.FileName);
+        components->insert(ComponentKey(target.FormName, form.ComponentName));
+        shared.Families.Add(form, target.FileName);
+    }
     shared.Others = [components](std::string_view form, std::string_view component) {
         return components->contains(ComponentKey(form, component));
     };
@@ -138,11 +141,15 @@ void ReadTarget(TWorkplace& workplace, const TScanTarget& target, const TScanSha
     TakeUnit(input, *module);
     if (target.FormName.empty())
         return TakeReceiver(input, shared.ForUnits, shared.ForUnits.Component.FormName.empty());
+    IMlRuntime& runtime = *workplace.Host().Runtime;
     const bool hasForm = module->GetFormEditor() != nullptr;
-    TakeReceiver(input,
-                 hasForm ? ReceiverOf(*workplace.Host().Runtime, *module, shared.DefaultClass)
-                         : SharedOfPaths(shared.DefaultClass).ForUnits,
-                 true);
+    TReceiver receiver = hasForm ? ReceiverOf(runtime, *module, shared.DefaultClass)
+                                 : SharedOfPaths(shared.DefaultClass).ForUnits;
+    for (const std::string& unit : shared.Families.DescendantsOf(target.FormName)) {
+        const TOpenModule relative(workplace, unit);
+        TakeRelative(receiver, runtime, *relative);
+    }
+    TakeReceiver(input, std::move(receiver), true);
 }
 
 }  // namespace tml

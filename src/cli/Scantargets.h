@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "cli/Workplace.h"
+#include "core/Formfamilies.h"
 #include "scan/Scaninput.h"
 
 namespace tml {
@@ -26,6 +27,7 @@ struct TScanShared {
     std::string DefaultClass;  ///< of a component that is still to be inserted
     TFormComponents Others;    ///< of the project's forms; empty outside a project
     TReceiver ForUnits;        ///< of units without a form
+    TFormFamilies Families = {};
 };
 
 /// Outside a project: the component that an insertion would create serves all units.

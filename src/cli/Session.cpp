@@ -95,20 +95,23 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
         failed = true;
         Answers().Errors.emplace_back(EBadInput("", 0, kNoMemory, kTooLarge).what());
     }
-    PrintMessages(subject);
+    TakeMessages(subject);
     failures_ += failed || !Answers().Errors.empty() ? 1 : 0;
 }
 
-/// Information stands in a field of the JSON.
-void TSession::PrintMessages(const std::string& subject) {
+/// Information waits until all is written; with JSON it stands in a field of that.
+void TSession::TakeMessages(const std::string& subject) {
     for (const std::string& error : Answers().Errors)
         PrintMessage(Format("%s: %s", subject, error));
     if (json_) return;
     for (const std::string& text : Answers().Information)
-        PrintMessage(Format("%s: %s", subject, text));
+        information_.push_back(Format("%s: %s", subject, text));
 }
 
 int TSession::ExitCode() {
+    for (const std::string& text : information_)
+        PrintMessage(text);
+    information_.clear();
     if (failures_ > 0 && failures_ == attempts_) return kBadInput;
     return failures_ > 0 || workplace_.HasProblems() ? kDoneInPart : kDone;
 }

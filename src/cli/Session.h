@@ -32,21 +32,23 @@ class TSession {
 
     /// Does the work for each row, going on behind one that fails; prints what went wrong.
     void ForEach(const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work);
-    /// Does the work for one subject; what is said is printed under its name, what goes wrong counts.
+    /// Does the work for one subject; what goes wrong is printed under its name and counts.
     void Attempt(const std::string& subject, const std::function<void()>& work);
-    /// What the subjects that failed and the problems of the project make of the exit code.
+    /// What the subjects that failed and the problems of the project make of the exit code. What they were
+    /// told is printed now, when the work is done.
     int ExitCode();
 
   private:
     /// EBadInput with the reason where an error was shown because the form is not as the project says.
     void NoteWrongForm(const TFormRow& row);
-    void PrintMessages(const std::string& subject);
+    void TakeMessages(const std::string& subject);
 
     bool json_;
     TWorkplace workplace_;
     TmlLangExpert* expert_ = nullptr;
     int attempts_ = 0;
     int failures_ = 0;
+    std::vector<std::string> information_;
 };
 
 }  // namespace tml

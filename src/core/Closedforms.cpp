@@ -79,6 +79,20 @@ std::string FormText(IFileSystem& files, const std::string& formFile) {
     }
 }
 
+/// Completes what a form's text tells by what its ancestor has.
+void Inherit(TFormSearch& search, const TFormAnalysis& ancestor) {
+    TFormAnalysis& found = search.Found;
+    const std::string formName = found.FormName;
+    if (found.NumLang == 0)
+        found = ancestor;
+    else if (!SameText(found.ComponentName, ancestor.ComponentName))
+        return;
+    else if (!search.HasNumber)
+        found.NumLang = ancestor.NumLang;
+    found.FormName = formName;
+    found.Ancestor = ancestor.NumLang > 0 ? ancestor.FormName : std::string();
+}
+
 }  // namespace
 
 TFormSearch SearchFormText(std::string_view text, const std::vector<std::string>& classNames,
@@ -113,16 +127,9 @@ TFormAnalysis TClosedForms::Read(const std::string& unitFile) {
     const std::string formFile = folders_.FormFileOf(unitFile);
     const std::string text = formFile.empty() ? std::string() : FormText(*host_.Files, formFile);
     TFormSearch search = SearchFormText(text, host_.Runtime->NamesArray(), formFile);
-    const bool hasAll = search.Found.NumLang > 0 && (!search.IsInherited || search.HasNumber);
-    if (!hasAll && !search.DescendantClass.empty()) {
-        const TFormAnalysis inherited = ReadAncestor(unitFile, search.DescendantClass);
-        const std::string formName = search.Found.FormName;
-        if (search.Found.NumLang == 0)
-            search.Found = inherited;
-        else if (SameText(search.Found.ComponentName, inherited.ComponentName))
-            search.Found.NumLang = inherited.NumLang;
-        search.Found.FormName = formName;
-    }
+    const bool isItsOwn = search.Found.NumLang > 0 && !search.IsInherited;
+    if (!isItsOwn && !search.DescendantClass.empty())
+        Inherit(search, ReadAncestor(unitFile, search.DescendantClass));
     return read = search.Found;
 }
 

@@ -15,6 +15,8 @@ struct TFormAnalysis {
     std::string ClassName;
     int NumLang = 0;
     std::string FormName = {};  ///< as the form itself has it, "" where that is not known
+    std::string Ancestor =
+        {};  ///< the form that it inherits the component from, "" for a component of its own
 };
 
 /// The columns of the forms list.

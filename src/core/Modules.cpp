@@ -151,7 +151,10 @@ TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {
     if (editor == nullptr) return {};
     const auto lang = FindCustomLang(*context.Host.Runtime, *editor);
     if (lang == nullptr) return {"", "", 0, module->GetFormName()};
-    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang(), module->GetFormName()};
+    const bool isInherited = lang->GetComponent()->GetOrigin() == TComponentOrigin::coInherited;
+    const auto ancestor = isInherited ? editor->GetRootComponent()->GetAncestor() : nullptr;
+    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang(), module->GetFormName(),
+            ancestor == nullptr ? std::string() : ancestor->GetName()};
 }
 
 }  // namespace tml

@@ -166,8 +166,7 @@ bool TmlLangExpert::FindDockHostClass() {
     const auto classes = host_.Services->GetNTAServices() == nullptr
                              ? std::vector<std::string>()
                              : host_.Services->GetNTAServices()->GetFormClasses("ProjectManagerForm");
-    if (classes.size() > 2 && classes[1] == "TDockableToolbarForm" && classes[2] == "TDockableForm")
-        dockHostClass_ = classes[2];
+    if (classes.size() > 2 && classes[2] == "TDockableForm") dockHostClass_ = classes[2];
     return !dockHostClass_.empty();
 }
 

@@ -10,7 +10,9 @@
 #include "runtime/Componentprops.h"
 #include "runtime/Extended.h"
 #include "runtime/Formparts.h"
+#include "runtime/Langview.h"
 #include "runtime/Textcollector.h"
+#include "tables/Inheritedstrings.h"
 #include "tables/Textmerge.h"
 
 namespace tml {
@@ -84,6 +86,14 @@ TStringList NotesOn(const TFormParts& parts, const std::string& owner, TStringLi
     return notes;
 }
 
+void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
+    const auto ancestor = lang.GetComponent()->GetAncestor();
+    if (ancestor == nullptr) return;
+    TmlLangView inherited(ancestor);
+    TakeInheritedStrings(strings, lang.GetLangNames(), inherited.GetTable(TStringsType::stStrings),
+                         inherited.GetLangNames());
+}
+
 }  // namespace
 
 TStringList BuildTables(TmlCustomLang& lang) {
@@ -98,6 +108,7 @@ TStringList BuildTables(TmlCustomLang& lang) {
         tables, collected.Texts,
         {languages.Count, languages.Active, ReadBooleanProp(*lang.GetComponent(), "IgnoreRemovals", false),
          TStaying(parts, rules, languages.Active == 1)});
+    TakeFromAncestor(tables[static_cast<std::size_t>(TStringsType::stStrings)], lang);
     lang.SetTables(tables);
     UpdateExtended(*lang.GetComponent(), parts, languages.Active);
     return NotesOn(parts, owner->GetName(), collected.Notes);

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Utf8.h"
 
 namespace tml {
@@ -41,6 +42,10 @@ std::optional<TFormValue> InheritedValue(IOTAComponent& component, const std::st
 
 /// Stores a value, or lets the one that holds without it hold.
 void Write(IOTAComponent& component, const std::string& name, const TFormValue& value, bool isInherited) {
+    // What is written would stand for a value of the ancestor that nobody has seen.
+    if (component.GetOrigin() == TComponentOrigin::coInherited && component.GetAncestor() == nullptr)
+        throw EBadInput("", 0, component.GetName() + ": the form that it repeats is not in the project",
+                        "Add the unit of the form's ancestor to the project");
     if (!isInherited)
         component.SetPropValue(name, value);
     else if (component.GetPropValue(name))

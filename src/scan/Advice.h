@@ -39,6 +39,7 @@ namespace tml {
     X(Character, "character", "A constant of a single character may be used as a Char.")                    \
     X(Unevaluated, "unevaluated", "The compiler needs the text itself here.")                               \
     X(ConstType, "const-type", "The constant's type would become string.")                                  \
+    X(NoBody, "no-body", "The routine has no body in Pascal that could set its constant.")                  \
     X(Joined, "joined", "The value is joined with another constant, whose text a call would lose.")
 
 enum class TAdvice : std::uint8_t {
@@ -47,9 +48,10 @@ enum class TAdvice : std::uint8_t {
 #undef TML_ADVICE
 };
 
-/// True where no option and no person takes the string: a call would lose a part of it.
+/// True where no option and no person takes the string: a call would lose a part of it, or would be made in
+/// builds that have another text, or has no place to stand.
 constexpr bool ForbidsCall(TAdvice advice) {
-    return advice == TAdvice::Joined;
+    return advice == TAdvice::Joined || advice == TAdvice::Conditional || advice == TAdvice::NoBody;
 }
 
 /// The short word for an advice, "" for None.

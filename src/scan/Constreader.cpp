@@ -222,7 +222,8 @@ TAdvice TConstReader::AdviceFor(const TConstDeclaration& declaration, std::size_
     if (declaration.IsJoined) return TAdvice::Joined;
     if (IsIn(kOtherTypes, declaration.Type)) return TAdvice::ConstType;
     if (conditional_[index]) return TAdvice::Conditional;
-    if (Around(declaration.Section, Kind::Routine) != kNoRegion) return TAdvice::LocalConst;
+    if (const std::size_t routine = Around(declaration.Section, Kind::Routine); routine != kNoRegion)
+        return HasBody(routine) ? TAdvice::LocalConst : TAdvice::NoBody;
     const std::size_t owner = Around(declaration.Section, Kind::Class);
     if (owner != kNoRegion) {
         const std::string_view name = regions_[owner].Name;
@@ -234,6 +235,15 @@ TAdvice TConstReader::AdviceFor(const TConstDeclaration& declaration, std::size_
     }
     if (declaration.Type.empty() && CountCodePoints(declaration.Text) == 1) return TAdvice::Character;
     return TAdvice::None;
+}
+
+/// A body written in Pascal.
+bool TConstReader::HasBody(std::size_t routine) const {
+    for (std::size_t i = routine + 1; i < regions_.size() && regions_[i].Begin < regions_[routine].End; ++i)
+        if (regions_[i].Kind == Kind::Body && regions_[i].Parent == routine)
+            return SameText(source_.Text().substr(regions_[i].Begin, kPascal.BEGINSIGN.size()),
+                            kPascal.BEGINSIGN);
+    return false;
 }
 
 /// Finds the names of untyped constants where only a value that the compiler knows can stand.

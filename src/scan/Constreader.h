@@ -52,6 +52,7 @@ class TConstReader {
     TAdvice AdviceFor(const TConstDeclaration& declaration, std::size_t index) const;
     void AdviseUses();
     bool NeedsValue(std::size_t region) const;
+    bool HasBody(std::size_t routine) const;
 
     std::string_view TextAt(std::size_t index) const {
         return index < tokens_.size() ? TextOf(source_, tokens_[index]) : std::string_view();

@@ -10,10 +10,13 @@ namespace {
 
 constexpr const char* kOnChangeLanguage = "OnChangeLanguage";
 
-/// Of a component that is not there yet: "".
-std::string HandlerOf(IOTAComponent* component, const char* event) {
-    const auto value = component == nullptr ? std::nullopt : component->GetPropValue(event);
-    const bool isName = value && value->Kind == TFormValueKind::Identifier && !SameText(value->Text, "nil");
+/// The form's own or, where it says nothing of the event, its ancestor's: a method of that name stands in
+/// for the ancestor's. Of a component that is not there yet: "".
+std::string HandlerOf(const std::shared_ptr<IOTAComponent>& component, const char* event) {
+    if (component == nullptr) return {};
+    const auto value = component->GetPropValue(event);
+    if (!value) return HandlerOf(component->GetAncestor(), event);
+    const bool isName = value->Kind == TFormValueKind::Identifier && !SameText(value->Text, "nil");
     return isName ? value->Text : std::string();
 }
 
@@ -41,8 +44,8 @@ void TConstRun::Plan(const TmlFoundSourceStrings& kept, const std::shared_ptr<co
     const std::string& component = input_.Scan.Component.ComponentName;
     const auto formSource = GetModuleFromFileName(context_, formUnit_)->GetSourceEditor(0);
     const TConstForm form{formSource->GetSource(), input_.Scan.Component.ClassName(), component,
-                          HandlerOf(editor->GetRootComponent().get(), "OnCreate"),
-                          HandlerOf(editor->FindComponent(component).get(), kOnChangeLanguage)};
+                          HandlerOf(editor->GetRootComponent(), "OnCreate"),
+                          HandlerOf(editor->FindComponent(component), kOnChangeLanguage)};
     const TConstChanges planned = RewriteConsts(kept, input_, records_, form);
     ProveConsts(kept, input_, records_, form, planned);
     changes.Sources.push_back({input_.Scan.FileName(), text, planned.Unit});

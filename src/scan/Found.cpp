@@ -380,6 +380,10 @@ void TfrmFound::acExclude() {
 
 TStringList TfrmFound::AddToSkipWords(const TStringList& phrases) {
     const TSettingValues& settings = context_.Settings.Get();
+    ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
+    const ICommonLibrary* common = loader != nullptr ? loader->Load() : nullptr;
+    // Without a matcher phrases are compared as they stand, whatever the settings say.
+    const bool arePatterns = settings.UseRegExpForSkip && common != nullptr && common->HasMatcher();
     TStringList words = settings.SkipWords;
     TStringList added;
     std::set<std::string> known;
@@ -388,7 +392,7 @@ TStringList TfrmFound::AddToSkipWords(const TStringList& phrases) {
     for (const std::string& phrase : phrases) {
         // In the list each line is a phrase.
         if (phrase.find_first_of("\r\n") != std::string::npos) continue;
-        const std::string word = settings.UseRegExpForSkip ? PatternOf(phrase) : phrase;
+        const std::string word = arePatterns ? PatternOf(phrase) : phrase;
         if (!known.insert(UpperCase(word)).second) continue;
         words.Add(word);
         added.Add(word);

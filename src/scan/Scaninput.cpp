@@ -7,6 +7,24 @@
 
 namespace tml {
 
+namespace {
+
+void TakeStrings(TReceiver& receiver, TmlCustomLang& lang) {
+    const TTable table = lang.GetTable(TStringsType::stStrings);
+    for (const TTableEntry& entry : table.Entries())
+        if (receiver.Existing.Find(entry.Key) < 0) receiver.Existing.Append(entry);
+}
+
+/// A list that the form stores need not hold all that its ancestors have.
+void TakeAncestors(TReceiver& receiver, IMlRuntime& runtime, TmlCustomLang& lang) {
+    const auto ancestor = runtime.AsCustomLang(lang.GetComponent()->GetAncestor());
+    if (ancestor == nullptr) return;
+    TakeStrings(receiver, *ancestor);
+    TakeAncestors(receiver, runtime, *ancestor);
+}
+
+}  // namespace
+
 TScanInput ScanInputOf(const TSettingValues& settings, ICommonLibrary* common) {
     TScanInput input;
     input.Skip = {.SkipWords = settings.SkipWords,
@@ -28,12 +46,19 @@ void TakeUnit(TScanInput& input, IOTAModule& unit) {
     if (unit.GetSourceEditorCount() > 1) input.Header = unit.GetSourceEditor(1)->GetSource();
 }
 
-TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan) {
+void TakeRelative(TReceiver& receiver, IMlRuntime& runtime, IOTAModule& form) {
+    const auto lang = FindCustomLang(runtime, *form.GetFormEditor());
+    if (lang != nullptr) TakeStrings(receiver, *lang);
+}
+
+TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const TLangPlan& plan) {
     TReceiver receiver;
     receiver.Component.FormName = form.GetFormName();
     receiver.Component.FormClass = form.GetFormEditor()->GetRootComponent()->GetComponentType();
     receiver.Component.ComponentName = plan.Name;
-    if (plan.Lang != nullptr) receiver.Existing = plan.Lang->GetTable(TStringsType::stStrings);
+    if (plan.Lang == nullptr) return receiver;
+    receiver.Existing = plan.Lang->GetTable(TStringsType::stStrings);
+    TakeAncestors(receiver, runtime, *plan.Lang);
     return receiver;
 }
 
@@ -45,7 +70,7 @@ TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& d
         // An insertion says what is wrong.
     }
     if (plan.Name.empty()) plan.Name = InsertedName(defaultClass, form.GetFormName());
-    return ReceiverOf(form, plan);
+    return ReceiverOf(runtime, form, plan);
 }
 
 void TakeReceiver(TScanInput& input, TReceiver receiver, bool isOwnUnit) {

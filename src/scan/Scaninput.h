@@ -19,10 +19,14 @@ struct TReceiver {
     TTable Existing{TStringsType::stStrings};
 };
 
-/// The component of an open form, there or planned, with the strings that it holds.
-TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan);
+/// The component of an open form, there or planned, with the strings that it and its ancestors hold.
+TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const TLangPlan& plan);
 /// The same where one of the class is planned. A form that takes none has its strings found all the same.
 TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& defaultClass);
+
+/// What the string tables of a form that shares the component name is taken for the receiver too: code of one
+/// runs in the other.
+void TakeRelative(TReceiver& receiver, IMlRuntime& runtime, IOTAModule& form);
 
 /// A unit that is not the form's own names the component with its form, whatever the settings say.
 void TakeReceiver(TScanInput& input, TReceiver receiver, bool isOwnUnit);

@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "scan/Constreplace.h"
@@ -18,6 +19,7 @@
 #include "scan/Scaninput.h"
 #include "scan/Selunit.h"
 #include "scan/Series.h"
+#include "tables/Inheritedstrings.h"
 
 namespace tml {
 namespace {
@@ -64,6 +66,8 @@ class TRun {
     void CheckLanguages() const;
     void Open();
     TScanInput MakeInput();
+    TReceiver Receiver();
+    std::vector<std::string> Descendants() const;
     bool HasComponent(std::string_view form, std::string_view component) const;
     TTextRange Selection();
     bool FindStrings();
@@ -72,6 +76,7 @@ class TRun {
     std::string DiffOf(const TmlFoundSourceStrings& kept) const;
     void Modify();
     void AddStrings(TmlCustomLang& lang) const;
+    void AddToDescendants();
     void Apply(const TChangeSet& changes);
 
     /// False when the person wants to stop.
@@ -128,8 +133,7 @@ TScanInput TRun::MakeInput() {
     ICommonLibraryLoader* loader = context_.Host.CommonLibrary;
     TScanInput input = ScanInputOf(context_.Settings.Get(), loader != nullptr ? loader->Load() : nullptr);
     TakeUnit(input, *GetModuleFromFileName(context_, unitFile_));
-    TakeReceiver(input, ReceiverOf(*GetModuleFromFileName(context_, formUnit_), plan_),
-                 SameText(unitFile_, formUnit_));
+    TakeReceiver(input, Receiver(), SameText(unitFile_, formUnit_));
     input.Others = [this](std::string_view form, std::string_view component) {
         return HasComponent(form, component);
     };
@@ -138,6 +142,21 @@ TScanInput TRun::MakeInput() {
         return ShowProgress(Format("Found strings so far: %d", found), 0, 0);
     };
     return input;
+}
+
+TReceiver TRun::Receiver() {
+    IMlRuntime& runtime = *context_.Host.Runtime;
+    TReceiver receiver = ReceiverOf(runtime, *GetModuleFromFileName(context_, formUnit_), plan_);
+    for (const std::string& unit : Descendants()) {
+        const TModuleLease opened(context_, unit);
+        TakeRelative(receiver, runtime, *GetModuleFromFileName(context_, unit));
+    }
+    return receiver;
+}
+
+/// The units of the forms that inherit the component.
+std::vector<std::string> TRun::Descendants() const {
+    return FamiliesOf(context_.Rows.FormNames).DescendantsOf(row_.FormName);
 }
 
 bool TRun::HasComponent(std::string_view form, std::string_view component) const {
@@ -196,11 +215,31 @@ bool TRun::Review() {
 
 /// Every language of a new string begins with its text.
 void TRun::AddStrings(TmlCustomLang& lang) const {
-    TTable table = input_.Existing;
+    TTable table = lang.GetTable(TStringsType::stStrings);
     const int languages = std::max(lang.GetLangNames().Count(), 1);
     for (const TmlFoundSourceString& row : strings_)
         if (!row.MarkedToIgnore) table.Add(row.StrID, row.StrContent, languages);
     lang.SetTable(table);
+}
+
+/// What the component holds now belongs into the lists that stand for its own.
+void TRun::AddToDescendants() {
+    IMlRuntime& runtime = *context_.Host.Runtime;
+    for (const std::string& unit : Descendants()) {
+        TModuleLease opened(context_, unit);
+        const auto form = GetModuleFromFileName(context_, unit);
+        const auto lang = FindCustomLang(runtime, *form->GetFormEditor());
+        const auto ancestor =
+            lang == nullptr ? nullptr : runtime.AsCustomLang(lang->GetComponent()->GetAncestor());
+        if (ancestor == nullptr) continue;
+        TTable table = lang->GetTable(TStringsType::stStrings);
+        if (!TakeInheritedStrings(table, lang->GetLangNames(), ancestor->GetTable(TStringsType::stStrings),
+                                  ancestor->GetLangNames()))
+            continue;
+        lang->SetTable(table);
+        opened.Keep();
+        MarkModifiedForm(context_, form->GetFormName());
+    }
 }
 
 /// Rows that are all marked to be ignored leave their unit without a call.
@@ -257,16 +296,13 @@ void TRun::Apply(const TChangeSet& changes) {
                             "Check that its package is loaded");
         AddStrings(*lang);
         MarkModifiedForm(context_, row_.FormName);
+        AddToDescendants();
     }
     // What is begun is not stopped any more.
     context_.Dialogs().ShowProgress(kModifying, 2, kSteps);
     GetModuleServices(context_)->ApplyChangeSet(changes);
     OpenFile(context_, unitFile_, true);
     scope->Commit();
-}
-
-std::string DoneMessage(bool constSection) {
-    return std::string(constSection ? kConstsReplaced : kReplaced);
 }
 
 /// One unit of a series; what it comes to is noted there.
@@ -317,6 +353,10 @@ void ReplaceInUnits(TContext& context, TScanMemory& memory, bool constSection) {
 }
 
 }  // namespace
+
+std::string DoneMessage(bool constSection) {
+    return std::string(constSection ? kConstsReplaced : kReplaced);
+}
 
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
                    bool constSection) {

@@ -16,6 +16,9 @@ namespace tml {
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile = {},
                    bool constSection = false);
 
+/// What is said when the changes are made.
+std::string DoneMessage(bool constSection);
+
 /// The command "With form...": the units of the selected rows. Several are a series in the list's order, each
 /// a step of undo of its own; one that fails keeps no other back.
 void SourceWithForm(TContext& context, TScanMemory& memory);

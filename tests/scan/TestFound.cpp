@@ -1,3 +1,4 @@
+#include "host/Commonlibrary.h"
 #include "runtime/Runtime.h"
 #include "scan/Found.h"
 #include "scan/Scan.h"
@@ -13,8 +14,12 @@ struct TFound : testing::Test {
     TMemoryRegistry Registry;
     TScriptedUser User;
     std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime();
+    std::unique_ptr<ICommonLibraryLoader> Common = MakeCommonLibraryLoader(TML_BIN "/TmlLang_Common.so");
     TExpertSettings Settings{Registry, Runtime->NamesArray()};
-    TContext Context{THost{.Runtime = Runtime.get(), .Registry = &Registry, .Dialogs = &User}, Settings};
+    TContext Context{
+        THost{
+            .Runtime = Runtime.get(), .Registry = &Registry, .Dialogs = &User, .CommonLibrary = Common.get()},
+        Settings};
     TScanMemory Memory;
 
     TfrmFound Make(const std::string& code, const std::string& fileName = "/p/Unit1.pas",
@@ -395,6 +400,11 @@ TEST_F(TFound, EveryCommandCanBeTakenBackAndTakenAgain) {
     EXPECT_FALSE(window.CanUndo());
     window.SetEditText(0, "x");
     EXPECT_FALSE(window.CanRedo()) << "another way has been taken";
+    Context.Host.CommonLibrary = nullptr;
+    window.sgStrings.SetCurrent(2);
+    User.OnMessage("Exclude all \"A.B\" and add it to Skip Words for future skipping?", mrYes);
+    window.acExclude();
+    EXPECT_EQ(Settings.Get().SkipWords, TStringList({"A.B"})) << "without a matcher nothing is a pattern";
 }
 
 TEST_F(TFound, StartIDFollowsTheRowsAsShown) {

@@ -1,5 +1,6 @@
 object BaseForm: TBaseForm
   Caption = 'Base'
+  OnCreate = BaseCreate
   object mlLang_BaseForm: TmlLang
     NumOfLanguages = 2
     LangNames.Strings = (

@@ -8,6 +8,7 @@ uses
 type
   TBaseForm = class(TForm)
     mlLang_BaseForm: TmlLang;
+    procedure BaseCreate(Sender: TObject);
     procedure Go;
   end;
 
@@ -18,9 +19,14 @@ implementation
 
 {$R *.dfm}
 
+procedure TBaseForm.BaseCreate(Sender: TObject);
+begin
+end;
+
 procedure TBaseForm.Go;
 begin
   Caption := 'Every form';
+  Hint := 'New in the base';
 end;
 
 end.

@@ -5,6 +5,9 @@ interface
 uses
   Forms, Child;
 
+const
+  Motto = 'Third of its line';
+
 type
   TGrandForm = class(TChildForm)
     procedure Go;

@@ -1,0 +1,8 @@
+program Orphan;
+
+uses
+  Forms,
+  Child in 'Child.pas' {ChildForm};
+
+begin
+end.
