@@ -45,6 +45,7 @@ void TProjectSettingsView::BindDictionary() {
     keepsItsPlace.setRetainSizeWhenHidden(true);
     ui_->languageWarning->setSizePolicy(keepsItsPlace);
     binder_.Show([this] { ui_->languageWarning->setVisible(form_.LanguageWarning); });
+    binder_.Label(ui_->dictionaryNote, form_.DictionaryNote);
     binder_.Check(ui_->ckbAskForDictionary, form_.ckbAskForDictionary);
     binder_.Check(ui_->ckbCaseSensitive, form_.ckbCaseSensitive);
     binder_.Check(ui_->ckbSkipAmpersand, form_.ckbSkipAmpersand);

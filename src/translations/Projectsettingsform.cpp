@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/Codedtext.h"
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Formrows.h"
@@ -12,6 +13,9 @@ namespace {
 
 constexpr std::string_view kLanguage = "<LANGUAGE>";
 constexpr std::string_view kLanguageEnd = "</LANGUAGE>";
+
+constexpr const char* kUnknownLanguages = "What languages a .dic file has is not known here.";
+constexpr const char* kNoLanguages = "This dictionary names no languages.";
 
 std::optional<std::string> AskForFile(TContext& context, const std::string& current, const char* defaultExt,
                                       const char* filter) {
@@ -82,14 +86,18 @@ void TfrmProjectTranslationSettings::SwitchPage() {
 void TfrmProjectTranslationSettings::edDefaultDictionaryChange(const std::string& text) {
     edDefaultDictionary = text;
     Changed();
-    IFileSystem& files = *context_.Host.Files;
-    const auto info = text.empty() ? std::nullopt : files.Stat(text);
+    const auto info = text.empty() ? std::nullopt : context_.Host.Files->Stat(text);
     if (!info || info->IsFolder) return;
-    // A binary dictionary belongs to the external tool alone: its languages are not known here.
-    DictionaryLanguages = SameText(ExtensionOf(text), ".dic")
-                              ? TStringList()
-                              : DictionaryLanguagesOf(TStringList::FromText(files.Read(text)));
+    ReadLanguages();
     CheckLanguage();
+}
+
+void TfrmProjectTranslationSettings::ReadLanguages() {
+    // A binary dictionary belongs to the external tool alone.
+    const bool isBinary = SameText(ExtensionOf(edDefaultDictionary), ".dic");
+    const std::string bytes = isBinary ? std::string() : context_.Host.Files->Read(edDefaultDictionary);
+    DictionaryLanguages = DictionaryLanguagesOf(TStringList::FromText(TCodedText::TextOf(bytes)));
+    DictionaryNote = !DictionaryLanguages.Empty() ? "" : isBinary ? kUnknownLanguages : kNoLanguages;
 }
 
 void TfrmProjectTranslationSettings::cbDefaultLanguageChange(const std::string& text) {

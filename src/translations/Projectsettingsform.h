@@ -17,6 +17,7 @@ class TfrmProjectTranslationSettings : public TForm {
     std::string edDefaultDictionary;
     std::string cbDefaultLanguage;
     TStringList DictionaryLanguages;  ///< offered by cbDefaultLanguage
+    std::string DictionaryNote;       ///< why DictionaryLanguages is empty, "" where it is not
     bool LanguageWarning = false;     ///< "Default language not in Dictionary!"
     bool ckbAskForDictionary = false;
     bool ckbCaseSensitive = false;
@@ -43,6 +44,7 @@ class TfrmProjectTranslationSettings : public TForm {
     void btCancelClick();
 
   private:
+    void ReadLanguages();
     void CheckLanguage();
 
     TContext& context_;

@@ -48,7 +48,8 @@ TEST(Projectsettings, AMissingFileReadsAsDefaultsAndIsMadeByTheFirstSave) {
     files.Files["/p/x"] = "";
     TProject project(files);
     TmlLangProjectSettings settings(project.Context);
-    EXPECT_THROW(settings.SaveFile(), EBadInput);
+    EXPECT_THAT([&] { settings.SaveFile(); },
+                testing::ThrowsMessage<EBadInput>("Storage file not initialized!"));
     settings.SetFileName(kFile);
     EXPECT_EQ(settings.GetOptionValue("DefaultDictionary"), TOptionValue(std::string()));
     EXPECT_EQ(settings.GetOptionValue("DontAskForDictionary"), TOptionValue(false));
@@ -86,6 +87,10 @@ TEST(Projectsettings, AFileThatSomebodyElseChangedOrProtectsIsNotOverwritten) {
 TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
     TMemoryFileSystem files;
     files.Files["/p/d.dix"] = "<X>\n<HEAD>\n<LANGUAGE>German</LANGUAGE>\n</HEAD>\n<LANGUAGE>no</LANGUAGE>\n";
+    files.Files["/p/d.DIC"] = "\x01\x02";
+    files.Files["/p/old.dix"] =
+        "<HEAD>\n<LANGUAGE>Fran\xE7"
+        "ais</LANGUAGE>\n";
     files.Files[kFile] = "[Settings]\nDispatcherForm=gone\nDefaultFormForUnits=MAIN\n";
     TProject project(files);
     for (const char* form : {"Main", "About"})
@@ -100,8 +105,19 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
             EXPECT_EQ(window.cbDefFormForDispatcher.ItemIndex, -1);
             window.ChooseDictionary();
             EXPECT_EQ(window.DictionaryLanguages, TStringList({"German</LANGUAGE>"}));
+            EXPECT_EQ(window.DictionaryNote, "");
             window.cbDefaultLanguageChange("German");
             EXPECT_TRUE(window.LanguageWarning);
+            window.edDefaultDictionaryChange("/p/missing.dic");
+            EXPECT_EQ(window.DictionaryLanguages.Count(), 1) << "a file that is not there changes nothing";
+            window.edDefaultDictionaryChange("/p/d.DIC");
+            EXPECT_TRUE(window.DictionaryLanguages.Empty());
+            EXPECT_EQ(window.DictionaryNote, "What languages a .dic file has is not known here.");
+            EXPECT_FALSE(window.LanguageWarning);
+            window.edDefaultDictionaryChange("/p/old.dix");
+            EXPECT_EQ(window.DictionaryLanguages, TStringList({"Fran\xC3\xA7"
+                                                               "ais</LANGUAGE>"}));
+            window.edDefaultDictionaryChange("/p/d.dix");
             window.ckbCaseSensitive = true;
             window.ChooseTranslationFile();
             window.btOKClick();
