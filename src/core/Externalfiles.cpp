@@ -11,7 +11,7 @@ void TmlExternalFiles::SetFiles(const TStringList& list) {
 void TmlExternalFiles::SetProjectName(const std::string& name) {
     if (name == projectName_) return;
     projectName_ = name;
-    ListChanged();
+    SaveEntries();
 }
 
 void TmlExternalFiles::Add(const std::string& fileName) {
@@ -19,7 +19,17 @@ void TmlExternalFiles::Add(const std::string& fileName) {
     ListChanged();
 }
 
+void TmlExternalFiles::Open(const std::string& projectName, const TStringList& list) {
+    projectName_ = projectName;
+    files_ = list;
+}
+
 void TmlExternalFiles::ListChanged() {
+    SaveEntries();
+    if (OnChange) OnChange();
+}
+
+void TmlExternalFiles::SaveEntries() {
     if (!files_.Empty()) Save();
 }
 

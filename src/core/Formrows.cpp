@@ -14,6 +14,13 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kUnitExtensions{".pas", ".dpr", ".cpp", ".c"};
 
+/// What is known of the row's component; an open form is followed from now on.
+void Fill(TContext& context, TFormRows& list, TFormRow& row, const TFormAnalysis& found) {
+    UpdateItem(&row, found);
+    if (const auto open = GetModuleFromFileName(context, row.FileName))
+        if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &row, open);
+}
+
 /// The row of a form that others have changed; its name may be another one.
 void Follow(TFormRows& list, TFormRow& row, const TFormAnalysis& found) {
     if (!found.FormName.empty()) list.Rename(row, found.FormName);
@@ -39,9 +46,24 @@ void AddProjectModule(TContext& context, TClosedForms& closed, const TOTAModuleI
     }
     TFormRows& list = context.Rows.FormNames;
     TFormRow& row = list.Add(module.FormName, module.Name, module.FileName);
-    UpdateItem(&row, ReadForm(context, closed, module.FileName));
-    if (const auto open = GetModuleFromFileName(context, module.FileName))
-        if (open->GetFormEditor() != nullptr) TmlModuleNotifier::Create(context, &list, &row, open);
+    Fill(context, list, row, ReadForm(context, closed, module.FileName));
+}
+
+void AddExternalRow(TContext& context, TClosedForms& closed, const std::string& fileName) {
+    TFormRows& list = context.Rows.ExternalFiles;
+    if (list.FindFile(fileName) != nullptr) return;
+    const TFormAnalysis found = ReadForm(context, closed, fileName);
+    const std::string unitName = WithExtension(FileNameOf(fileName), "");
+    Fill(context, list, list.Add(found.FormName, unitName, fileName), found);
+}
+
+void ListExternalFiles(TContext& context) {
+    ClearRows(context.Rows.ExternalFiles);
+    TClosedForms closed(context.Host);
+    TAllSteps steps;
+    for (const std::string& file : context.ExternalFiles.Files())
+        steps.Try([&] { AddExternalRow(context, closed, file); });
+    steps.Finish();
 }
 
 TFormAnalysis ReadForm(TContext& context, TClosedForms& closed, const std::string& unitFile) {
@@ -50,14 +72,16 @@ TFormAnalysis ReadForm(TContext& context, TClosedForms& closed, const std::strin
 
 void ReadRowsAgain(TContext& context, const std::vector<std::string>& fileNames) {
     TClosedForms closed(context.Host);
-    std::set<TFormRow*> rows;
-    for (const std::string& fileName : fileNames)
-        for (TFormRow* row : context.Rows.FormNames.FindUnitOrForm(fileName))
-            rows.insert(row);
     TAllSteps steps;
-    for (TFormRow* row : rows)
-        steps.Try([&] { Follow(context.Rows.FormNames, *row, ReadForm(context, closed, row->FileName)); });
-    context.Rows.FormNames.Touch();
+    for (TFormRows* list : context.Rows.Both()) {
+        std::set<TFormRow*> rows;
+        for (const std::string& fileName : fileNames)
+            for (TFormRow* row : list->FindUnitOrForm(fileName))
+                rows.insert(row);
+        for (TFormRow* row : rows)
+            steps.Try([&] { Follow(*list, *row, ReadForm(context, closed, row->FileName)); });
+        list->Touch();
+    }
     steps.Finish();
 }
 

@@ -16,6 +16,11 @@ bool IsSourceUnit(const std::string& fileName);
 /// units without a form. A name with a "." is no unit's and is ignored.
 void AddProjectModule(TContext& context, TClosedForms& closed, const TOTAModuleInfo& module);
 
+/// Adds the row of an external file, unless it is there: the unit's form, or the unit alone.
+void AddExternalRow(TContext& context, TClosedForms& closed, const std::string& fileName);
+/// Makes the rows of the external files anew.
+void ListExternalFiles(TContext& context);
+
 /// What the form of a unit holds: the open form, else its form file.
 TFormAnalysis ReadForm(TContext& context, TClosedForms& closed, const std::string& unitFile);
 /// Reads the rows of these units and form files again, open or not, their forms' names too. The first error

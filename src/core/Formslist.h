@@ -50,6 +50,8 @@ struct TFormsList {
     int ScrolledTo = 0;
     std::array<std::string, 4> StatusPanels;
 
+    /// The lists of both pages.
+    std::array<TFormRows*, 2> Both() { return {&FormNames, &ExternalFiles}; }
     /// The list on the page in front.
     TFormRows& Active() { return Page == TFormsPage::ProjectForms ? FormNames : ExternalFiles; }
 };

@@ -89,13 +89,19 @@ std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, con
 void InsertTmlLang(TContext& context, TFormRow& row) {
     if (!row.HasComponent()) {
         MakePlanned(context, row, PlanTmlLang(context, row));
-        context.Rows.FormNames.Touch();
+        for (TFormRows* list : context.Rows.Both())
+            list->Touch();
     }
     UpdateStatusBar(context);
 }
 
 std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName) {
     const auto editor = GetFormEditor(context, formName);
+    return editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
+}
+
+std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const TFormRow& row) {
+    const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row.FileName));
     return editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
 }
 

@@ -31,6 +31,8 @@ void InsertTmlLang(TContext& context, TFormRow& row);
 
 /// The localization component of a form of the list, nullptr for none. The form must be open.
 std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const std::string& formName);
+/// The same of the row's own unit, whatever other forms have its form's name.
+std::shared_ptr<TmlCustomLang> GetmlLang(TContext& context, const TFormRow& row);
 
 /// Creates a component on a form of the list, its unit shown; nullptr where there is no such row, form
 /// or class. A localization component is named by its class and the form, or by name where one is given.

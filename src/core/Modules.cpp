@@ -90,7 +90,8 @@ void MarkModifiedForm(TContext& context, const std::string& formName) {
 bool TestForCorrectForm(TContext& context, const TFormRow& row) {
     IOTAModuleServices* services = GetModuleServices(context);
     if (services == nullptr) return false;
-    const auto module = services->FindFormModule(row.FormName);
+    // A unit without a form stands in the list of external files.
+    const auto module = row.FormName.empty() ? nullptr : services->FindFormModule(row.FormName);
     if (module == nullptr) {
         context.Dialogs().MessageDlg(kNoFormModule, TMsgDlgType::mtError, {mrOk});
         if (context.BringToTop) context.BringToTop();

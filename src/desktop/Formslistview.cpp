@@ -79,7 +79,12 @@ TFormsListView::TFormsListView(TfrmmlLang& form, const TViewServices& services)
     }
     BindList(*ui_->lvFormNames, form_.lvFormNames, forms_);
     BindList(*ui_->lvExternalFiles, form_.lvExternalFiles, files_);
-    ui_->lvFormNames->setItemDelegateForColumn(fcFileName, new TPathDelegate(this));
+    for (QTableView* table : {ui_->lvFormNames, ui_->lvExternalFiles})
+        table->setItemDelegateForColumn(fcFileName, new TPathDelegate(this));
+    QHeaderView& filesHeader = *ui_->lvExternalFiles->horizontalHeader();
+    filesHeader.setSectionResizeMode(QHeaderView::ResizeToContents);
+    filesHeader.setSectionResizeMode(fcFileName, QHeaderView::Stretch);
+    filesHeader.setStretchLastSection(false);
     BindHeader();
     BindMenus();
     ui_->lvFormNames->viewport()->installEventFilter(this);

@@ -90,6 +90,8 @@ constexpr std::array kCommandIcons{
     TCommandIcon{"Exclude", "exclude"},
     TCommandIcon{"CheckBadIDs", "check"},
     TCommandIcon{"Options", "options"},
+    TCommandIcon{"AddExternalFile", "open"},
+    TCommandIcon{"RemoveExternalFile", "delete"},
     TCommandIcon{"ProjectSettings", "project"},
     TCommandIcon{"SourceWithForm", "source"},
     TCommandIcon{"Translatesource", "source"},

@@ -53,6 +53,7 @@ class TPictures {
   private:
     void TakeOptions();
     void TakeProjectSettings();
+    void TakeExternalFiles();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -154,6 +155,21 @@ void TPictures::TakeProjectSettings() {
     RunCommand("ProjectSettings");
 }
 
+void TPictures::TakeExternalFiles() {
+    TfrmmlLang& expert = *window_->Host().ExpertWindow();
+    for (const char* unit : {"library/Baskets.pas", "library/Scales.pas"}) {
+        std::filesystem::create_directory(Path("library"));
+        std::ofstream(Path(unit)) << "unit " << std::filesystem::path(unit).stem().string()
+                                  << ";\n\ninterface\n\nimplementation\n\nend.\n";
+        window_->Runner().Run([&] { expert.AddExternalFile(Path(unit)); });
+    }
+    window_->Runner().Run([&] { expert.pcFormsListChange(TFormsPage::ExternalFiles); });
+    auto& table = *window_->findChild<QTableView*>("lvExternalFiles");
+    table.selectRow(0);
+    Take(*window_, "externalfiles");
+    window_->Runner().Run([&] { expert.pcFormsListChange(TFormsPage::ProjectForms); });
+}
+
 void TPictures::TakeAll() {
     SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
@@ -194,6 +210,7 @@ void TPictures::TakeAll() {
     Take(*window_, "formtext");
     TakeOptions();
     TakeProjectSettings();
+    TakeExternalFiles();
     window_->HelpContents();
     Take(*window_->findChild<THelp*>("help"), "help");
     window_->findChild<THelp*>("help")->close();

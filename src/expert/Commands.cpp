@@ -35,6 +35,13 @@ constexpr TCommand OfWindow(std::string_view name, std::string_view caption, std
     return {name, caption, shortCut, 0, places, None, nullptr, {}, false, nullptr, {}, {}, method};
 }
 
+/// A button on the page of external files.
+constexpr TCommand OfExternalFiles(std::string_view name, std::string_view caption, int tag,
+                                   bool (*isAvailable)(TContext&), std::string_view hint,
+                                   void (TfrmmlLang::*method)()) {
+    return {name, {}, {}, tag, plToolBar, None, nullptr, caption, false, isAvailable, {}, hint, method, true};
+}
+
 void ViewForm(TContext& context) {
     const TFormRow* row = context.Rows.Active().FirstSelected();
     if (row == nullptr) return;
@@ -102,6 +109,12 @@ constexpr std::array kCommands{
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},
     TCommand{"Translatesource", "Source", "", 111, plPopup, HardCoded, OnScan<SourceWithForm>},
     TCommand{"TranslateConst", "Const Section", "", 111, plPopup, HardCoded, OnScan<ConstWithForm>, "", true},
+    OfExternalFiles("AddExternalFile", "Add File", 0, HasProjectSettings,
+                    "Add file(s)|Adds units that are not part of the project",
+                    &TfrmmlLang::tbAddExternalFileClick),
+    OfExternalFiles("RemoveExternalFile", "Remove File", 111, nullptr,
+                    "Remove file(s)|Takes the selected units from the list; the files stay",
+                    &TfrmmlLang::tbRemoveExternalFileClick),
     OfWindow("SelectAll", "Select &All", "Ctrl+A", plPopup, &TfrmmlLang::SelectAll1Click),
     OfWindow("StayOnTop", "&Stay on Top", "", plPopup, &TfrmmlLang::StayOnTop1Click),
     OfWindow("Dockable", "&Dockable", "", plPopup, &TfrmmlLang::Dockable1Click),

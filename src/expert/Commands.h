@@ -33,6 +33,7 @@ struct TCommand {
     std::string_view Hint = {};
     std::string_view ButtonHint = {};          ///< "short|long"
     void (TfrmmlLang::*OfWindow)() = nullptr;  ///< for a command of the window itself
+    bool OfExternalFiles = false;              ///< shown on their page only
 
     bool IsBuilt() const { return Handler != nullptr || OfWindow != nullptr; }
 };

@@ -304,15 +304,24 @@ void TmlLangExpert::ProjectClosed() {
     context_.Project = {};
     TAllSteps steps;
     steps.Try([this] { DestroyProjectSettings(); });
-    ClearRows(context_.Rows.FormNames);
+    context_.ExternalFiles.Clear();
+    for (TFormRows* list : context_.Rows.Both())
+        ClearRows(*list);
     if (MainWindow != nullptr) RowsChanged();
     steps.Finish();
 }
 
 void TmlLangExpert::InitializeProjectSettings(const std::string& projectFileName) {
     DestroyProjectSettings();
-    host_.Runtime->mlLangProjectSettings = std::make_shared<TmlLangProjectSettings>(context_);
-    host_.Runtime->mlLangProjectSettings->SetFileName(WithExtension(projectFileName, ".mlproj"));
+    const auto settings = std::make_shared<TmlLangProjectSettings>(context_);
+    host_.Runtime->mlLangProjectSettings = settings;
+    settings->SetFileName(WithExtension(projectFileName, ".mlproj"));
+    context_.ExternalFiles.OnChange = [this, settings] {
+        settings->SetExternalFiles(context_.ExternalFiles.Files());
+        settings->SaveFile();
+    };
+    context_.ExternalFiles.Open(projectFileName, settings->GetExternalFiles());
+    ListExternalFiles(context_);
 }
 
 void TmlLangExpert::DestroyProjectSettings() {
@@ -320,6 +329,7 @@ void TmlLangExpert::DestroyProjectSettings() {
     if (settings == nullptr) return;
     const auto old = std::move(settings);
     settings = nullptr;
+    context_.ExternalFiles.OnChange = nullptr;
     if (old->GetIsChanged()) old->SaveFile();
 }
 
@@ -338,7 +348,7 @@ void TmlLangExpert::FileOpened(const std::string& fileName) {
     if (module == nullptr) return;
     moduleNotifiers_.push_back(TmlModuleNotifier::Create(context_, nullptr, nullptr, module));
     if (MainWindow == nullptr || !MainWindow->Visible) return;
-    for (TFormRows* list : {&context_.Rows.FormNames, &context_.Rows.ExternalFiles})
+    for (TFormRows* list : context_.Rows.Both())
         if (TFormRow* row = list->FindFile(fileName)) {
             RefreshItem(context_, row);
             list->Touch();

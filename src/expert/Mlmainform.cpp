@@ -56,7 +56,6 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
     Context.OnRowsChanged = [this] { Changed(); };
     Context.BringToTop = [this] { Context.Dialogs().Show(Parent != nullptr ? *Parent : *this); };
     BuildMenus();
-    AddHiddenButtons();
     odExternalFile.Name = "odExternalFile";
     odExternalFile.FileMustExist = true;
     Menu = MainMenu;
@@ -65,7 +64,8 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
 }
 
 TfrmmlLang::~TfrmmlLang() {
-    ClearRows(lvFormNames);
+    for (TFormRows* list : Context.Rows.Both())
+        ClearRows(*list);
     Context.OnRowsChanged = nullptr;
     Context.BringToTop = nullptr;
     *isAlive_ = false;
@@ -82,14 +82,6 @@ void TfrmmlLang::BuildMenus() {
         if ((command.Places & plToolBar) != 0)
             ToolBar.push_back(Build(command, "tb" + std::string(command.Name), true));
     }
-}
-
-void TfrmmlLang::AddHiddenButtons() {
-    for (const char* name : {"tbAddExternalFile", "tbRemoveExternalFile"}) {
-        ToolBar.push_back(MakeItem(name, ""));
-        ToolBar.back()->Visible = false;
-    }
-    ToolBar[ToolBar.size() - 2]->OnClick = [this] { tbAddExternalFileClick(); };
 }
 
 void TfrmmlLang::Place(const TCommand& command, TMenuItem& menu, char number) {
@@ -149,6 +141,9 @@ void TfrmmlLang::CheckEnableActions() {
     }
     if (selected != nullptr) Context.ComponentName = selected->Component.ComponentName;
     ShowLanguageItems();
+    for (const TBuilt& built : built_)
+        if (built.Command->OfExternalFiles)
+            built.Item->Visible = Context.Rows.Page == TFormsPage::ExternalFiles;
     Changed();
 }
 
@@ -244,12 +239,31 @@ void TfrmmlLang::tbAddExternalFileClick() {
     UpdateStatusBar();
 }
 
+void TfrmmlLang::tbRemoveExternalFileClick() {
+    TStringList kept;
+    for (const std::string& fileName : Context.ExternalFiles.Files())
+        if (const TFormRow* row = lvExternalFiles.FindFile(fileName); row == nullptr || !row->Selected)
+            kept.Add(fileName);
+    TAllSteps steps;
+    steps.Try([&] { Context.ExternalFiles.SetFiles(kept); });
+    steps.Try([&] { ListExternalFiles(Context); });
+    steps.Finish();
+}
+
 void TfrmmlLang::AddExternalFile(const std::string& fileName) {
     const bool wasOpen = IsFileOpen(Context, fileName);
     OpenFile(Context, fileName, true);
-    Context.ExternalFiles.Add(fileName);
-    CreateExternalListItem(fileName);
+    // Where the list cannot be stored, it is shown as it stands.
+    TAllSteps steps;
+    steps.Try([&] { Context.ExternalFiles.Add(fileName); });
+    steps.Try([&] { CreateExternalListItem(fileName); });
     if (!wasOpen) CloseFile(Context, fileName);
+    steps.Finish();
+}
+
+void TfrmmlLang::CreateExternalListItem(const std::string& fileName) {
+    TClosedForms closed(Context.Host);
+    AddExternalRow(Context, closed, fileName);
 }
 
 void TfrmmlLang::SetChecked(std::string_view commandName, bool checked) {

@@ -59,13 +59,14 @@ class TfrmmlLang : public TForm {
     void HelpTopics1Click();
     void pcFormsListChange(TFormsPage page);
 
-    // External files are not in use: their buttons are hidden, and nothing fills their page.
     /// Asks for units and adds them to the external files.
     void tbAddExternalFileClick();
-    /// Shows the unit; it stays open only if it was. A file that is there already is added once more.
+    /// Takes those of the selected rows from the list; the files stay.
+    void tbRemoveExternalFileClick();
+    /// Shows the unit; it stays open only if it was. A file that is there already is added once more, and has
+    /// one row.
     void AddExternalFile(const std::string& fileName);
-    /// Where the file's row would be made; does nothing, on purpose.
-    void CreateExternalListItem(const std::string& /*fileName*/) {}
+    void CreateExternalListItem(const std::string& fileName);
 
     /// Ticks a command in the menus, or takes the tick away.
     void SetChecked(std::string_view commandName, bool checked);
@@ -85,7 +86,6 @@ class TfrmmlLang : public TForm {
     /// As a click would, where the command is enabled.
     void Translate();
     void BuildMenus();
-    void AddHiddenButtons();
     void Place(const TCommand& command, TMenuItem& menu, char number);
     TMenuItem& SubMenu(TMenuItem& menu, TSubMenu subMenu, char number);
     std::shared_ptr<TMenuItem> Build(const TCommand& command, const std::string& name, bool isButton);

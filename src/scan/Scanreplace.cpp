@@ -160,9 +160,13 @@ std::vector<std::string> TRun::Descendants() const {
 }
 
 bool TRun::HasComponent(std::string_view form, std::string_view component) const {
-    const std::vector<TFormRow*> rows = context_.Rows.FormNames.FindForms(form);
-    return std::any_of(rows.begin(), rows.end(), [&](const TFormRow* row) {
+    const auto has = [&](const TFormRow* row) {
         return SameText(row == &row_ ? plan_.Name : row->Component.ComponentName, component);
+    };
+    const auto lists = context_.Rows.Both();
+    return std::any_of(lists.begin(), lists.end(), [&](const TFormRows* list) {
+        const std::vector<TFormRow*> rows = list->FindForms(form);
+        return std::any_of(rows.begin(), rows.end(), has);
     });
 }
 

@@ -15,10 +15,18 @@ std::string DefaultForm(TContext& context) {
     return std::get<std::string>(settings->GetOptionValue("DefaultFormForUnits"));
 }
 
+/// Those of the project, then the external ones.
+TStringList UnitsWithoutForm(TContext& context) {
+    TStringList units = context.Project.TranslatableUnits;
+    for (const auto& row : context.Rows.ExternalFiles.Items())
+        if (row->FormName.empty()) units.Add(row->FileName);
+    return units;
+}
+
 }  // namespace
 
 TfrmTranslUnits::TfrmTranslUnits(TContext& context)
-    : lbUnits(context.Project.TranslatableUnits), cbForm(FormsBox(context, DefaultForm(context))) {
+    : lbUnits(UnitsWithoutForm(context)), cbForm(FormsBox(context, DefaultForm(context))) {
     Name = "frmTranslUnits";
     Caption = "Translate units without a form";
     ActiveControl = "lbUnits";

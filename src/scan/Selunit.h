@@ -10,8 +10,8 @@ namespace tml {
 /// Chooses units of the project and, where their strings are to be moved, the form that receives them.
 class TfrmTranslUnits : public TForm {
   public:
-    /// Lists the units without a form; the one in the code editor is selected, and the form is that of
-    /// the project's settings.
+    /// Lists the units without a form, external files among them; the one in the code editor is selected, and
+    /// the form is that of the project's settings.
     explicit TfrmTranslUnits(TContext& context);
 
     std::string lblUnits = "Select &Unit(s):";

@@ -112,7 +112,7 @@ void sbLanguagesClick(TContext& context) {
         rows.push_back(row);
     if (rows.empty()) return;
     TModuleLease lease(context, rows.front()->FileName);
-    const auto lang = GetmlLang(context, rows.front()->FormName);
+    const auto lang = GetmlLang(context, *rows.front());
     TLinkedDispatcher linked = FindDispatcher(context, lang.get());
     if (!EditsDispatcher(context, linked)) linked = {};
     const TStringList present = PresentNames(context, linked.Dispatcher.get(), lang.get());

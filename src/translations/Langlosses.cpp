@@ -22,7 +22,7 @@ std::string LossOfRow(TContext& context, const TFormRow& row, const TLangSetUp& 
                       const TStringList& givenUp) {
     if (!row.HasComponent()) return {};
     const TModuleLease lease(context, row.FileName);
-    const auto lang = GetmlLang(context, row.FormName);
+    const auto lang = GetmlLang(context, row);
     return lang == nullptr ? std::string() : LossOf(*lang, row.FormName, setUp, givenUp);
 }
 

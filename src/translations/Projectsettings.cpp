@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "base/Errors.h"
 #include "base/Folderindex.h"
@@ -9,9 +10,12 @@
 #include "translations/Projectsettingsform.h"
 
 namespace tml {
+namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kSection = "Settings";
+constexpr std::string_view kExternalFiles = "External Files";
+constexpr std::string_view kFiles = "Files";
 
 struct TOption {
     std::string_view Name;
@@ -86,6 +90,25 @@ void TmlLangProjectSettings::SetOptionValue(const std::string& name, const TOpti
         store_->WriteBool(kSection, name, AsBool(value));
     else
         store_->WriteString(kSection, name, AsText(value));
+}
+
+TStringList TmlLangProjectSettings::GetExternalFiles() {
+    TStringList files;
+    if (store_ == nullptr) return files;
+    const std::string folder = FolderOf(fileName_);
+    for (const std::string& file : TStringList::FromCommaText(store_->ReadString(kExternalFiles, kFiles, "")))
+        files.Add(AbsolutePath(files_, JoinPath(folder, file)));
+    return files;
+}
+
+void TmlLangProjectSettings::SetExternalFiles(const TStringList& files) {
+    changed_ = true;
+    if (store_ == nullptr) return;
+    const fs::path folder = FolderOf(fileName_) + "/";
+    TStringList relative;
+    for (const std::string& file : files)
+        relative.Add(fs::path(file).lexically_relative(folder).generic_string());
+    store_->WriteString(kExternalFiles, kFiles, relative.CommaText());
 }
 
 void TmlLangProjectSettings::DisplayEditDialog() {

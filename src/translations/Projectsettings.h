@@ -28,6 +28,11 @@ class TmlLangProjectSettings : public ImlLangProjectSettings {
     void DisplayEditDialog() override;
     bool GetIsChanged() override { return changed_; }
 
+    /// Full names of the external files; the file has them from the project's folder on.
+    TStringList GetExternalFiles();
+    /// They are written with the options. EBadInput for a name with a line break.
+    void SetExternalFiles(const TStringList& files);
+
   private:
     TContext& context_;
     IFileSystem& files_;

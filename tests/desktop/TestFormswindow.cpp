@@ -104,5 +104,29 @@ TEST_F(TFormsWindow, KeysOfTheListStayInTheList) {
     EXPECT_NE(Cell(forms, 0, 0), first) << "the same column again turns the order round";
 }
 
+TEST_F(TFormsWindow, ExternalFilesComeAndGoOnAPageOfTheirOwn) {
+    OpenOrchard();
+    std::filesystem::create_directory(Path("shared"));
+    for (const char* file : {"About.pas", "About.dfm"})
+        std::filesystem::copy(Path(std::string("orchard/forms/") + file), Path("shared"));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Window->findChild<QAction*>("tbAddExternalFile"), nullptr);
+    auto& tabs = *Find<QTabWidget>("pcFormsList").tabBar();
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    User.ChooseFile(ToQt(Path("shared/About.pas")));
+    Click("tbAddExternalFile");
+    auto& files = Find<QTableView>("lvExternalFiles");
+    ASSERT_EQ(files.model()->rowCount(), 1);
+    EXPECT_EQ(Cell(files, 0, fcFormName), "AboutBox");
+    EXPECT_EQ(OnDisk("orchard/Orchard.mlproj"), "[External Files]\r\nFiles=../shared/About.pas\r\n");
+    EXPECT_FALSE(Find<QAction>("tbRemoveExternalFile").isEnabled());
+    ClickCell(files, 0, 0);
+    Click("tbRemoveExternalFile");
+    EXPECT_EQ(files.model()->rowCount(), 0);
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Window->findChild<QAction*>("tbRemoveExternalFile"), nullptr);
+}
+
 }  // namespace
 }  // namespace tml

@@ -2,6 +2,7 @@
 #include "core/Modules.h"
 #include "platform/Projectoptions.h"
 #include "support/Expertfixture.h"
+#include "translations/Langconfig.h"
 #include "windows/Shortcuts.h"
 
 namespace tml {
@@ -156,25 +157,81 @@ TEST_F(TLifecycle, UnloadingSavesTheProjectSettings) {
     EXPECT_EQ(Files.Files["/p/Demo.mlproj"], "[Settings]\r\nDispatcherForm=Form2\r\n");
 }
 
-TEST_F(TLifecycle, TheDormantButtonAddsExternalFiles) {
+/// Rows of the external files as text: "Form|Unit|file|languages;".
+std::string ExternalRows(TContext& context) {
+    std::string text;
+    for (const auto& row : context.Rows.ExternalFiles.Items())
+        text +=
+            row->FormName + "|" + row->UnitName + "|" + row->FileName + "|" + row->Cell(fcLanguages) + ";";
+    return text;
+}
+
+TEST_F(TLifecycle, ExternalFilesHaveRowsAndAreKeptWithTheProject) {
+    Put("/q/More.pas", Files.Files["/p/Unit2.pas"]);
+    Files.Files["/q/More.dfm"] = Files.Files["/p/Unit2.dfm"];
+    const std::string more = "Form2|More|/q/More.pas|3;";
+    const std::string helper = "|Helper|/p/Helper.pas|0;";
     Open();
-    Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true);
+    TfrmmlLang& window = *Expert->Window();
+    const auto button = [&window](const std::string& name) -> TMenuItem& {
+        const auto& bar = window.ToolBar;
+        return **std::find_if(bar.begin(), bar.end(), [&](const auto& item) { return item->Name == name; });
+    };
+    EXPECT_FALSE(button("tbAddExternalFile").Visible);
+    window.pcFormsListChange(TFormsPage::ExternalFiles);
+    EXPECT_TRUE(button("tbAddExternalFile").Visible);
+    EXPECT_FALSE(button("tbRemoveExternalFile").Enabled);
+    Ide.GetModuleServices()->OpenModule("/q/More.pas", true);
     User.OnWindow<TOpenDialog>("odExternalFile", [](TOpenDialog& dialog) {
         EXPECT_EQ(dialog.DefaultExt + " " + dialog.Filter, "pas Pascal Files(*.pas)|*.pas");
-        dialog.Files = {"/p/Helper.pas", "/p/Unit1.pas", "/p/Helper.pas"};
+        dialog.Files = {"/p/Helper.pas", "/q/More.pas", "/p/Helper.pas"};
         dialog.ModalResult = mrOk;
     });
-    const auto& bar = Expert->Window()->ToolBar;
-    const auto button = std::find_if(bar.begin(), bar.end(),
-                                     [](const auto& item) { return item->Name == "tbAddExternalFile"; });
-    ASSERT_NE(button, bar.end());
-    EXPECT_FALSE((*button)->Visible);
-    (*button)->Click();
+    button("tbAddExternalFile").Click();
     EXPECT_EQ(Expert->ExternalFiles().Files(),
-              TStringList({"/p/Helper.pas", "/p/Unit1.pas", "/p/Helper.pas"}));
+              TStringList({"/p/Helper.pas", "/q/More.pas", "/p/Helper.pas"}));
     EXPECT_FALSE(IsFileOpen(Context(), "/p/Helper.pas"));
-    EXPECT_TRUE(IsFileOpen(Context(), "/p/Unit1.pas"));
-    EXPECT_EQ(Context().Rows.ExternalFiles.Count(), 0);
+    EXPECT_TRUE(IsFileOpen(Context(), "/q/More.pas"));
+    EXPECT_EQ(ExternalRows(Context()), helper + more);
+    const std::string stored = "[External Files]\r\nFiles=Helper.pas,../q/More.pas,Helper.pas\r\n";
+    EXPECT_EQ(Files.Files["/p/Demo.mlproj"], stored);
+
+    Expert->RunItemClick();
+    EXPECT_EQ(ExternalRows(Context()), helper + more);
+    EXPECT_EQ(Files.Files["/p/Demo.mlproj"], stored) << "read, not changed";
+    for (const auto& row : Context().Rows.ExternalFiles.Items())
+        row->Selected = true;
+    window.CheckEnableActions();
+    Files.ReadOnlyFiles = {"/p/Demo.mlproj"};
+    EXPECT_THROW(button("tbRemoveExternalFile").Click(), EFileError);
+    EXPECT_EQ(ExternalRows(Context()), "");
+    Files.ReadOnlyFiles = {};
+    Ide.CloseProject();
+    EXPECT_EQ(Files.Files["/p/Demo.mlproj"], "[External Files]\r\nFiles=\r\n") << "the emptied list, too";
+}
+
+TEST_F(TLifecycle, CommandsTakeTheRowOfAnExternalFileNotTheFormOfItsName) {
+    Put("/q/More.pas", Files.Files["/p/Unit2.pas"]);
+    Put("/q/More.dfm", "object Form2: TForm2\n  object mlLang1: TmlLang\n  end\nend\n");
+    Put("/p/Demo.mlproj", "[External Files]\nFiles=../q/More.pas,Helper.pas\n");
+    Open();
+    Expert->Window()->pcFormsListChange(TFormsPage::ExternalFiles);
+    const auto choose = [this](int chosen) {
+        for (int row = 0; row < 2; ++row)
+            Context().Rows.ExternalFiles.Row(row).Selected = row == chosen;
+        Expert->Window()->lvFormNamesChange();
+    };
+    choose(0);
+    Ide.GetModuleServices()->OpenModule("/p/Unit2.pas", true);
+    User.OnWindow<TfrmLangConfig>("frmLangConfig", [](TfrmLangConfig& languages) {
+        EXPECT_EQ(languages.lbLangNames.Count(), 1) << "those of the row's form";
+        languages.Close(mrOk);
+    });
+    EXPECT_THROW(Expert->Window()->Run("Languages"), EBadInput) << "two open forms have the name";
+    EXPECT_EQ(Row("Form2").Component.NumLang, 3);
+    choose(1);
+    User.OnMessage("Unable to obtain the interface of form module! Please check your project source.");
+    Expert->Window()->Run("SourceWithForm");
 }
 
 TEST_F(TLifecycle, WithoutAProjectOnlyTheStatusIsRefreshed) {
