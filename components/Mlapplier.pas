@@ -19,6 +19,8 @@ type
     Name, Text: string;
   end;
 
+  TmlEntryStep = procedure(Entry: TmlEntry) of object;
+
   { The component that it serves may be destroyed at any time; it then calls Detach. }
   TmlApplier = class(TmlParticipant)
   private
@@ -32,6 +34,8 @@ type
     { The first entry of each component, and the next one of the same. }
     FFirstOf, FNextOf: array of Integer;
     FStale, FUnindexed, FChanged: Boolean;
+    { Those of the components, while it checks. }
+    FNames: TmlNames;
     FReports: array of TmlReport;
     FPlace, FApplied: Integer;
     FSurface: ImlSurface;
@@ -45,7 +49,8 @@ type
     procedure AddExtended(Former: TFPList; FormerKeys: TmlMap);
     procedure IndexComponents;
     procedure Watch(Component: TComponent; Entry: Integer);
-    procedure CheckEntry(Entry: TmlEntry; Names: TmlNames);
+    procedure ForEachEntry(Step: TmlEntryStep);
+    procedure CheckEntry(Entry: TmlEntry);
     procedure WriteEntry(Entry: TmlEntry);
     procedure ReadEntryBack(Entry: TmlEntry);
     procedure Report(Kept: Boolean; Kind: TmlMissingKind; const Name, Text: string);
@@ -290,39 +295,42 @@ begin
     FOnMissing(Report.Kind, Report.Name);
 end;
 
-procedure TmlApplier.CheckEntry(Entry: TmlEntry; Names: TmlNames);
+{ What a property raises is told, and the others are done. }
+procedure TmlApplier.ForEachEntry(Step: TmlEntryStep);
+var
+  I: Integer;
+begin
+  for I := 0 to FEntries.Count - 1 do
+    if Alive then
+    try
+      Step(TmlEntry(FEntries[I]));
+    except
+      on E: Exception do Report(False, mkRefused, TmlEntry(FEntries[I]).Key + ': ' + E.Message, '');
+    end;
+end;
+
+procedure TmlApplier.CheckEntry(Entry: TmlEntry);
 var
   Former: TComponent;
 begin
+  Former := Entry.Component;
   try
-    Former := Entry.Component;
-    if not Entry.Check(FRoot, Names) and not Entry.MissingTold then
-    begin
-      Entry.MissingTold := True;
-      Report(False, mkTarget, Entry.Key, '');
-    end;
+    if Entry.Check(FRoot, FNames) or Entry.MissingTold then Exit;
+    Entry.MissingTold := True;
+    Report(False, mkTarget, Entry.Key, '');
+  finally
     FUnindexed := FUnindexed or (Entry.Component <> Former);
-  except
-    on E: Exception do Report(False, mkRefused, Entry.Key + ': ' + E.Message, '');
   end;
 end;
 
 procedure TmlApplier.WriteEntry(Entry: TmlEntry);
 begin
-  try
-    if not Entry.Write(FPlace) then Report(True, mkTarget, Entry.Key, Entry.Wanted(FPlace));
-  except
-    on E: Exception do Report(False, mkRefused, Entry.Key + ': ' + E.Message, '');
-  end;
+  if not Entry.Write(FPlace) then Report(True, mkTarget, Entry.Key, Entry.Wanted(FPlace));
 end;
 
 procedure TmlApplier.ReadEntryBack(Entry: TmlEntry);
 begin
-  try
-    Entry.ReadBack;
-  except
-    on E: Exception do Report(False, mkRefused, Entry.Key + ': ' + E.Message, '');
-  end;
+  Entry.ReadBack;
 end;
 
 procedure TmlApplier.BeginChange;
@@ -333,36 +341,26 @@ begin
 end;
 
 procedure TmlApplier.Check;
-var
-  I: Integer;
-  Names: TmlNames;
 begin
   if not Alive then Exit;
   if FStale then Rebuild;
-  Names := TmlNames.Create;
+  FNames := TmlNames.Create;
   try
-    for I := 0 to FEntries.Count - 1 do
-      if Alive then CheckEntry(TmlEntry(FEntries[I]), Names);
+    ForEachEntry(CheckEntry);
   finally
-    Names.Free;
+    FreeAndNil(FNames);
   end;
   if Alive and FUnindexed then IndexComponents;
 end;
 
 procedure TmlApplier.Write;
-var
-  I: Integer;
 begin
-  for I := 0 to FEntries.Count - 1 do
-    if Alive then WriteEntry(TmlEntry(FEntries[I]));
+  ForEachEntry(WriteEntry);
 end;
 
 procedure TmlApplier.ReadBack;
-var
-  I: Integer;
 begin
-  for I := 0 to FEntries.Count - 1 do
-    if Alive then ReadEntryBack(TmlEntry(FEntries[I]));
+  ForEachEntry(ReadEntryBack);
   FChanged := FPlace <> FApplied;
   FApplied := FPlace;
   if Alive then Turn;

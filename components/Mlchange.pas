@@ -8,9 +8,11 @@ unit Mlchange;
 interface
 
 uses
-  Classes;
+  Classes, Mllanguages;
 
 type
+  TmlComponents = array of TmlLanguages;
+
   { What a component takes part with. It outlives the component as long as a change runs; most parts have nothing to
     do at most steps. }
   ImlApplier = interface
@@ -39,6 +41,9 @@ type
 { Appliers in the order of their components' creation. They are applied frames inside out, the form last; while
   another change runs in this thread, after it. }
 procedure ApplyTogether(Appliers: TInterfaceList);
+
+{ The active languages of all these components, in one change. }
+procedure ApplyLanguages(const Components: array of TmlLanguages);
 
 implementation
 
@@ -198,6 +203,21 @@ begin
     RunWaiting;
   finally
     Running := False;
+  end;
+end;
+
+procedure ApplyLanguages(const Components: array of TmlLanguages);
+var
+  I: Integer;
+  Appliers: TInterfaceList;
+begin
+  Appliers := TInterfaceList.Create;
+  try
+    for I := 0 to High(Components) do
+      Components[I].AddAppliers(Appliers);
+    ApplyTogether(Appliers);
+  finally
+    Appliers.Free;
   end;
 end;
 

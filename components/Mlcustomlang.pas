@@ -240,7 +240,7 @@ begin
   Value.FreeNotification(Self);
   if (csLoading in ComponentState) or (FStreamed and not FLoadingEnded) then Exit;
   if FLoadingEnded then FApplier.Assume(Value.StreamedPlace);
-  ApplyAppliersOf(Self);
+  ApplyLanguages([Self]);
 end;
 
 function TmlCustomLang.Decisive: TmlLanguages;

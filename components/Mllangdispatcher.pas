@@ -103,7 +103,7 @@ end;
 procedure TmlLangDispatcher.ChangeTo(Place: Integer);
 begin
   StoreLanguage(Place);
-  ApplyAppliersOf(Self);
+  ApplyLanguages([Self]);
 end;
 
 procedure TmlLangDispatcher.AddClient(Client: TmlLanguages);

@@ -58,15 +58,16 @@ begin
 end;
 
 { Takes those from the list that are loaded, owners included. }
-function TakeLoaded: TFPList;
+function TakeLoaded: TmlComponents;
 var
   I: Integer;
 begin
-  Result := TFPList.Create;
+  Result := nil;
   for I := 0 to Pending.Count - 1 do
     if not IsLoading(TComponent(Pending[I])) then
     begin
-      Result.Add(Pending[I]);
+      SetLength(Result, Length(Result) + 1);
+      Result[High(Result)] := TmlLanguages(Pending[I]);
       Pending[I] := nil;
     end;
   Pending.Pack;
@@ -75,34 +76,16 @@ begin
   Pending := nil;
 end;
 
-procedure ApplyAll(Loaded: TFPList);
-var
-  I: Integer;
-  Appliers: TInterfaceList;
-begin
-  Appliers := TInterfaceList.Create;
-  try
-    for I := 0 to Loaded.Count - 1 do
-      TmlLanguages(Loaded[I]).EndLoading;
-    for I := 0 to Loaded.Count - 1 do
-      TmlLanguages(Loaded[I]).AddAppliers(Appliers);
-    ApplyTogether(Appliers);
-  finally
-    Appliers.Free;
-  end;
-end;
-
 procedure ApplyLoaded;
 var
-  Loaded: TFPList;
+  I: Integer;
+  Loaded: TmlComponents;
 begin
   if (Depth > 0) or (Pending = nil) then Exit;
   Loaded := TakeLoaded;
-  try
-    ApplyAll(Loaded);
-  finally
-    Loaded.Free;
-  end;
+  for I := 0 to High(Loaded) do
+    Loaded[I].EndLoading;
+  ApplyLanguages(Loaded);
 end;
 
 type

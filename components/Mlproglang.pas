@@ -22,7 +22,6 @@ procedure RememberLanguage(const Name: string);
 procedure RegisterForProgram(Component: TmlLanguages);
 procedure UnregisterForProgram(Component: TmlLanguages);
 procedure TakeProgramLanguage(Component: TmlLanguages);
-procedure ApplyAppliersOf(Component: TmlLanguages);
 
 implementation
 
@@ -82,71 +81,71 @@ begin
   if Place > 0 then Component.StoreLanguage(Place);
 end;
 
-procedure ApplyAppliersOf(Component: TmlLanguages);
-var
-  Appliers: TInterfaceList;
-begin
-  Appliers := TInterfaceList.Create;
-  try
-    Component.AddAppliers(Appliers);
-    ApplyTogether(Appliers);
-  finally
-    Appliers.Free;
-  end;
-end;
-
-procedure ChangeAll(List: TList);
+{ Copied, since handlers may create and destroy components. }
+function RegisteredComponents: TmlComponents;
 var
   I: Integer;
-  Appliers: TInterfaceList;
+  List: TList;
 begin
-  Appliers := TInterfaceList.Create;
+  List := Components.LockList;
   try
-    for I := 0 to List.Count - 1 do
-      TakeProgramLanguage(TmlLanguages(List[I]));
-    for I := 0 to List.Count - 1 do
-      TmlLanguages(List[I]).AddAppliers(Appliers);
-    ApplyTogether(Appliers);
+    SetLength(Result, List.Count);
+    for I := 0 to High(Result) do
+      Result[I] := TmlLanguages(List[I]);
   finally
-    Appliers.Free;
+    Components.UnlockList;
   end;
-end;
-
-{ Copied, since handlers may create and destroy components. }
-function RegisteredComponents: TList;
-begin
-  Result := TList.Create;
-  Result.Assign(Components.LockList);
-  Components.UnlockList;
 end;
 
 procedure SetProgramLanguage(const Name: string);
 var
-  List: TList;
+  I: Integer;
+  Registered: TmlComponents;
 begin
   Current := Name;
   Known := True;
-  List := RegisteredComponents;
-  try
-    ChangeAll(List);
-  finally
-    List.Free;
-  end;
+  Registered := RegisteredComponents;
+  for I := 0 to High(Registered) do
+    TakeProgramLanguage(Registered[I]);
+  ApplyLanguages(Registered);
 end;
 
-procedure RememberLanguage(const Name: string);
+{ Where a file of the name cannot be replaced in one step it goes before. }
+procedure PutInPlace(const Written, FileName: string);
+begin
+  if RenameFile(Written, FileName) then Exit;
+  DeleteFile(FileName);
+  if RenameFile(Written, FileName) then Exit;
+  DeleteFile(Written);
+  raise EInOutError.CreateFmt('%s cannot be written', [FileName]);
+end;
+
+{ Another program that begins meanwhile reads the former name or this one. }
+procedure WriteLanguage(const Name: string);
 var
   Lines: TStringList;
+  Written: string;
 begin
+  Written := FileOfLanguage + '.' + IntToStr(GetProcessID);
   Lines := TStringList.Create;
   try
     Lines.Add(Name);
-    if not ForceDirectories(ExtractFileDir(FileOfLanguage)) then
-      raise EInOutError.CreateFmt('The folder of %s cannot be made', [FileOfLanguage]);
-    Lines.SaveToFile(FileOfLanguage);
+    try
+      Lines.SaveToFile(Written);
+    except
+      on E: EStreamError do raise EInOutError.Create(E.Message);
+    end;
   finally
     Lines.Free;
   end;
+  PutInPlace(Written, FileOfLanguage);
+end;
+
+procedure RememberLanguage(const Name: string);
+begin
+  if not ForceDirectories(ExtractFileDir(FileOfLanguage)) then
+    raise EInOutError.CreateFmt('The folder of %s cannot be made', [FileOfLanguage]);
+  WriteLanguage(Name);
   SetProgramLanguage(Name);
 end;
 
