@@ -90,7 +90,7 @@ type
 implementation
 
 uses
-  SysUtils, Mlcodec, Mldirection, Mltexts;
+  SysUtils, Mlcodec, Mldirection, Mlpath, Mltexts;
 
 procedure FreeEntries(Entries: TFPList);
 var
@@ -395,6 +395,11 @@ end;
 
 procedure TmlApplier.EndChange;
 begin
+  try
+    EndChangeOfItems;
+  except
+    on E: Exception do Report(False, mkRefused, 'SortType: ' + E.Message, '');
+  end;
   if FSurface <> nil then FSurface.EndChange;
 end;
 

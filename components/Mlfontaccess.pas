@@ -1,5 +1,5 @@
 { Fonts, known by what they publish. A value gives Name, Height and Style, or some of these; a part that is not
-  given stays as the form has it. }
+  given stays as the form has it. Heights are those of the design; a form that is scaled to its screen scales them. }
 unit Mlfontaccess;
 
 {$IFDEF FPC}{$MODE Delphi}{$ENDIF}
@@ -19,16 +19,24 @@ type
     Style: Integer;
   end;
 
+  { From the design to the screen: Screen / Design. }
+  TmlScale = record
+    Screen, Design: Integer;
+  end;
+
   TmlFontAccess = class(TmlAccess)
   private
     FNoted: Boolean;
     FFormer: TmlFont;
     FFormerParentFont: Boolean;
+    { The scale when the font was read last. }
+    FScale: TmlScale;
     procedure Note(const Place: TmlPlace);
     function Wanted(const Value: TmlValue; Font: TObject): TmlFont;
   public
     function Read(const Place: TmlPlace): string; override;
     function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
+    function StillReads(const Place: TmlPlace; const Earlier: string): Boolean; override;
     procedure Write(const Place: TmlPlace; const Value: TmlValue); override;
   end;
 
@@ -104,27 +112,61 @@ begin
   ApplySetting(Setting, Font, Result);
 end;
 
-function ReadFont(Font: TObject): TmlFont;
-begin
-  Result.Given := [fpName, fpHeight, fpStyle];
-  Result.Name := GetStrProp(Font, 'Name');
-  Result.Height := GetOrdProp(Font, 'Height');
-  Result.Style := GetOrdProp(Font, 'Style');
-end;
-
-function FontShows(Font: TObject; const Value: TmlFont): Boolean;
-var
-  Shown: TmlFont;
-begin
-  Shown := ReadFont(Font);
-  Result := (not (fpName in Value.Given) or (Shown.Name = Value.Name)) and
-    (not (fpHeight in Value.Given) or (Shown.Height = Value.Height)) and
-    (not (fpStyle in Value.Given) or (Shown.Style = Value.Style));
-end;
-
 function FontAt(const Place: TmlPlace): TObject;
 begin
   Result := GetObjectProp(Place.Instance, Place.Info);
+end;
+
+type
+  TmlOwned = class(TPersistent)
+  end;
+
+{ The outermost owner that is scaled tells: frames on a form follow it. }
+function ScaleAt(const Place: TmlPlace): TmlScale;
+var
+  Owner: TPersistent;
+begin
+  Result.Screen := 1;
+  Result.Design := 1;
+  Owner := Place.Instance;
+  while Owner <> nil do
+  begin
+    if IsPublishedProp(Owner, 'PixelsPerInch') and IsPublishedProp(Owner, 'DesignTimePPI') then
+    begin
+      Result.Screen := GetOrdProp(Owner, 'PixelsPerInch');
+      Result.Design := GetOrdProp(Owner, 'DesignTimePPI');
+    end;
+    Owner := TmlOwned(Owner).GetOwner;
+  end;
+end;
+
+function ScaledHeight(Height, Multiplier, Divisor: Integer): Integer;
+begin
+  Result := Height;
+  if (Multiplier <> Divisor) and (Divisor <> 0) then Result := Round(Height * Multiplier / Divisor);
+end;
+
+function ReadFont(const Place: TmlPlace): TmlFont;
+var
+  Font: TObject;
+  Scale: TmlScale;
+begin
+  Font := FontAt(Place);
+  Scale := ScaleAt(Place);
+  Result.Given := [fpName, fpHeight, fpStyle];
+  Result.Name := GetStrProp(Font, 'Name');
+  Result.Height := ScaledHeight(GetOrdProp(Font, 'Height'), Scale.Design, Scale.Screen);
+  Result.Style := GetOrdProp(Font, 'Style');
+end;
+
+function FontShows(const Place: TmlPlace; const Value: TmlFont): Boolean;
+var
+  Shown: TmlFont;
+begin
+  Shown := ReadFont(Place);
+  Result := (not (fpName in Value.Given) or (Shown.Name = Value.Name)) and
+    (not (fpHeight in Value.Given) or (Shown.Height = Value.Height)) and
+    (not (fpStyle in Value.Given) or (Shown.Style = Value.Style));
 end;
 
 function ReadParentFont(const Place: TmlPlace): Boolean;
@@ -132,12 +174,27 @@ begin
   Result := IsPublishedProp(Place.Instance, 'ParentFont') and (GetOrdProp(Place.Instance, 'ParentFont') <> 0);
 end;
 
+function FontText(const Font: TmlFont): string;
+begin
+  Result := Format('Height=%d;Style=%d;Name=%s', [Font.Height, Font.Style, Font.Name]);
+end;
+
 function TmlFontAccess.Read(const Place: TmlPlace): string;
+begin
+  FScale := ScaleAt(Place);
+  Result := FontText(ReadFont(Place));
+end;
+
+{ Scaling gives a font without a height one. }
+function TmlFontAccess.StillReads(const Place: TmlPlace; const Earlier: string): Boolean;
 var
   Shown: TmlFont;
 begin
-  Shown := ReadFont(FontAt(Place));
-  Result := Format('Height=%d;Style=%d;Name=%s', [Shown.Height, Shown.Style, Shown.Name]);
+  Shown := ReadFont(Place);
+  Result := FontText(Shown) = Earlier;
+  if Result or (ScaleAt(Place).Screen = FScale.Screen) then Exit;
+  Shown.Height := 0;
+  Result := FontText(Shown) = Earlier;
 end;
 
 { Parts that the value leaves out are those from before the first change. }
@@ -153,14 +210,14 @@ end;
 
 function TmlFontAccess.Shows(const Place: TmlPlace; const Value: TmlValue): Boolean;
 begin
-  Result := FontShows(FontAt(Place), Wanted(Value, FontAt(Place))) and
+  Result := FontShows(Place, Wanted(Value, FontAt(Place))) and
     not (FNoted and Value.IsBase and FFormerParentFont and not ReadParentFont(Place));
 end;
 
 procedure TmlFontAccess.Note(const Place: TmlPlace);
 begin
   FNoted := True;
-  FFormer := ReadFont(FontAt(Place));
+  FFormer := ReadFont(Place);
   FFormerParentFont := ReadParentFont(Place);
 end;
 
@@ -169,12 +226,14 @@ procedure TmlFontAccess.Write(const Place: TmlPlace; const Value: TmlValue);
 var
   Font: TObject;
   Wish: TmlFont;
+  Scale: TmlScale;
 begin
   Font := FontAt(Place);
   if not FNoted then Note(Place);
   Wish := Wanted(Value, Font);
   SetStrProp(Font, 'Name', Wish.Name);
-  SetOrdProp(Font, 'Height', Wish.Height);
+  Scale := ScaleAt(Place);
+  SetOrdProp(Font, 'Height', ScaledHeight(Wish.Height, Scale.Screen, Scale.Design));
   SetOrdProp(Font, 'Style', Wish.Style);
   if Value.IsBase and FFormerParentFont and not ReadParentFont(Place) then
     SetOrdProp(Place.Instance, 'ParentFont', Ord(True));

@@ -28,6 +28,8 @@ type
     function ListOf(Item: TPersistent; const Name: string): TPersistent; virtual; abstract;
     function ReadText(Item: TPersistent; const Name: string; out Text: string): Boolean; virtual; abstract;
     procedure WriteText(Item: TPersistent; const Name, Text: string); virtual; abstract;
+    { All texts are written. }
+    procedure EndChange; virtual;
   end;
 
   TmlPath = class
@@ -50,6 +52,8 @@ type
 procedure RegisterItemAccess(Access: TmlItemAccess);
 { nil where none knows it. }
 function ItemAccessFor(Instance: TPersistent): TmlItemAccess;
+{ A change of language has written its texts. }
+procedure EndChangeOfItems;
 
 implementation
 
@@ -74,6 +78,19 @@ begin
     if Result.Knows(Instance) then Exit;
   end;
   Result := nil;
+end;
+
+procedure TmlItemAccess.EndChange;
+begin
+  { nothing was put off }
+end;
+
+procedure EndChangeOfItems;
+var
+  I: Integer;
+begin
+  for I := 0 to Accesses.Count - 1 do
+    TmlItemAccess(Accesses[I]).EndChange;
 end;
 
 function NameOfItem(Item: TCollectionItem): string;

@@ -8,23 +8,27 @@ interface
 implementation
 
 uses
-  Classes, SysUtils, ComCtrls, Mlpath;
+  Classes, SysUtils, ComCtrls, Mlpath, Mlvieworder;
 
 type
-  TmlListItemAccess = class(TmlItemAccess)
+  TmlListItemAccess = class(TmlViewAccess)
   public
     function Knows(Instance: TPersistent): Boolean; override;
-    function ItemAt(List: TPersistent; Index: Integer): TPersistent; override;
+    function ViewOf(List: TPersistent): TComponent; override;
+    function CountOf(List: TPersistent): Integer; override;
+    function ShownAt(List: TPersistent; Index: Integer): TPersistent; override;
     function ListOf(Item: TPersistent; const Name: string): TPersistent; override;
     function ReadText(Item: TPersistent; const Name: string; out Text: string): Boolean; override;
     procedure WriteText(Item: TPersistent; const Name, Text: string); override;
   end;
 
   { The items of a node are its children. }
-  TmlTreeNodeAccess = class(TmlItemAccess)
+  TmlTreeNodeAccess = class(TmlViewAccess)
   public
     function Knows(Instance: TPersistent): Boolean; override;
-    function ItemAt(List: TPersistent; Index: Integer): TPersistent; override;
+    function ViewOf(List: TPersistent): TComponent; override;
+    function CountOf(List: TPersistent): Integer; override;
+    function ShownAt(List: TPersistent; Index: Integer): TPersistent; override;
     function ListOf(Item: TPersistent; const Name: string): TPersistent; override;
     function ReadText(Item: TPersistent; const Name: string; out Text: string): Boolean; override;
     procedure WriteText(Item: TPersistent; const Name, Text: string); override;
@@ -35,7 +39,19 @@ begin
   Result := (Instance is TListItems) or (Instance is TListItem);
 end;
 
-function TmlListItemAccess.ItemAt(List: TPersistent; Index: Integer): TPersistent;
+{ Only the items of a view are a list; a further column has strings. }
+function TmlListItemAccess.ViewOf(List: TPersistent): TComponent;
+begin
+  Result := nil;
+  if List is TListItems then Result := TListItems(List).Owner;
+end;
+
+function TmlListItemAccess.CountOf(List: TPersistent): Integer;
+begin
+  Result := TListItems(List).Count;
+end;
+
+function TmlListItemAccess.ShownAt(List: TPersistent; Index: Integer): TPersistent;
 begin
   Result := nil;
   if (List is TListItems) and (Index < TListItems(List).Count) then Result := TListItems(List)[Index];
@@ -63,19 +79,21 @@ begin
   Result := (Instance is TTreeNodes) or (Instance is TTreeNode);
 end;
 
-function TopLevelNode(Nodes: TTreeNodes; Index: Integer): TTreeNode;
+function TmlTreeNodeAccess.ViewOf(List: TPersistent): TComponent;
 begin
-  Result := nil;
-  if (Index >= 0) and (Index < Nodes.TopLvlCount) then Result := Nodes.TopLvlItems[Index];
+  if List is TTreeNodes then Result := TTreeNodes(List).Owner else Result := TTreeNode(List).TreeView;
 end;
 
-function TmlTreeNodeAccess.ItemAt(List: TPersistent; Index: Integer): TPersistent;
+function TmlTreeNodeAccess.CountOf(List: TPersistent): Integer;
+begin
+  if List is TTreeNodes then Result := TTreeNodes(List).TopLvlCount else Result := TTreeNode(List).Count;
+end;
+
+function TmlTreeNodeAccess.ShownAt(List: TPersistent; Index: Integer): TPersistent;
 begin
   Result := nil;
-  if List is TTreeNodes then
-    Result := TopLevelNode(TTreeNodes(List), Index)
-  else if Index < TTreeNode(List).Count then
-    Result := TTreeNode(List)[Index];
+  if (Index < 0) or (Index >= CountOf(List)) then Exit;
+  if List is TTreeNodes then Result := TTreeNodes(List).TopLvlItems[Index] else Result := TTreeNode(List)[Index];
 end;
 
 function TmlTreeNodeAccess.ListOf(Item: TPersistent; const Name: string): TPersistent;

@@ -268,6 +268,108 @@ begin
   Done;
 end;
 
+procedure FillSortedViews(Lang: TmlLangTLV; Tree: TTreeView; View: TListView);
+const
+  Values: array[0..3] of string = ('a'#1'z'#1'x', 'b'#1'y'#1'y', 'c'#1'x'#1'a', 'd'#1'w'#1'b');
+var
+  I: Integer;
+  Root: TTreeNode;
+begin
+  Root := Tree.Items.Add(nil, 'Root');
+  View.Columns.Add;
+  for I := 0 to 3 do
+  begin
+    Tree.Items.AddChild(Root, Values[I][1]);
+    View.Items.Add.Caption := Values[I][1];
+    Lang.ListView_TreeView_Items.Add(Format('Tree.Items[0][%d].Text'#1'%s', [I, Values[I]]));
+    Lang.ListView_TreeView_Items.Add(Format('View.Items[%d].Caption'#1'%s', [I, Values[I]]));
+  end;
+  Tree.SortType := stText;
+  View.SortColumn := 0;
+  View.SortType := stText;
+end;
+
+function ViewTexts(Tree: TTreeView; View: TListView): string;
+var
+  I: Integer;
+begin
+  Result := '';
+  for I := 0 to Tree.Items[0].Count - 1 do
+    Result := Result + Tree.Items[0][I].Text;
+  Result := Result + ' ';
+  for I := 0 to View.Items.Count - 1 do
+    Result := Result + View.Items[I].Caption;
+end;
+
+procedure TestSortedViews;
+var
+  Tree: TTreeView;
+  View: TListView;
+  Node: TTreeNode;
+  Item: TListItem;
+  Lang: TmlLangTLV;
+begin
+  Read('object Tree: TTreeView|end|object View: TListView|end', '');
+  Tree := TTreeView(Part('Tree'));
+  View := TListView(Part('View'));
+  Lang := TmlLangTLV.Create(Form);
+  Lang.NumOfLanguages := 3;
+  FillSortedViews(Lang, Tree, View);
+  Form.Show;
+  Item := View.Items[1];
+  Node := Tree.Items[0][1];
+  Lang.Language := 'Language N2';
+  ExpectText('wxyz wxyz', ViewTexts(Tree, View), 'sorted in another language');
+  Expect((Node.Text = 'y') and (Item.Caption = 'y'), 'nodes and items keep what they are');
+  Lang.Language := 'Language N3';
+  ExpectText('abxy abxy', ViewTexts(Tree, View), 'and in a third');
+  Lang.Language := '';
+  ExpectText('abcd abcd', ViewTexts(Tree, View), 'the base order');
+  Expect((Tree.SortType = stText) and (View.SortType = stText), 'the sorting stays on');
+  Lang.Language := 'Language N2';
+  Node.Delete;
+  Item.Delete;
+  Lang.Language := '';
+  ExpectText('wxz wxz', ViewTexts(Tree, View), 'other items than before are the program''s');
+  Done;
+end;
+
+{ As on a screen of twice the density. }
+procedure TestScaled;
+var
+  Lang: TmlLang;
+  One, Two: TLabel;
+begin
+  Lang := Read('object One: TLabel|Font.Height = -12|end|object Two: TLabel|end', 'Fonts.Strings = (' +
+    '''One.Font~Height=-12~Height=-20'' ''Two.Font~Name=default~Name=Sans'')');
+  One := TLabel(Part('One'));
+  Two := TLabel(Part('Two'));
+  Lang.Language := 'German';
+  Lang.Language := 'English';
+  Form.AutoAdjustLayout(lapAutoAdjustForDPI, 96, 192, 400, 800);
+  Expect((Form.PixelsPerInch = 192) and (One.Font.Height < -20), 'the form is scaled');
+  Lang.Language := 'German';
+  Expect((One.Font.Height = -40) and (Two.Font.Name = 'Sans'), 'its fonts follow the language');
+  Lang.Language := 'English';
+  Expect((One.Font.Height = -24) and (Two.Font.Name = 'default'), 'and back');
+  ExpectText('changed;changed;changed;changed;', Events.Log, 'none is kept');
+  Done;
+end;
+
+{ A form of a damaged file. }
+procedure TestNames;
+var
+  Lang: TmlLang;
+begin
+  Lang := Read('object One: TLabel|Caption = ''One''|end',
+    'Captions.Strings = (''One.Caption~One~Eins~Un~Wahid~Uno'')|NumOfLanguages = 6');
+  Lang.Language := 'Language N5';
+  ExpectText('Uno', TLabel(Part('One')).Caption, 'more languages than names');
+  Lang.Language := 'Language N6';
+  ExpectText('One', TLabel(Part('One')).Caption, 'more languages than values');
+  Done;
+end;
+
 procedure TestDamage;
 var
   Lang: TmlLang;
@@ -467,6 +569,9 @@ begin
   TestFonts;
   TestMirror;
   TestItems;
+  TestSortedViews;
+  TestScaled;
+  TestNames;
   TestDamage;
   TestDestroyed;
   TestFrames;
