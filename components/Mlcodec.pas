@@ -6,6 +6,9 @@ unit Mlcodec;
 
 interface
 
+type
+  TmlFields = array of string;
+
 const
   { Where a component names none. }
   DefaultDelimiter = #1;
@@ -15,6 +18,9 @@ function DelimiterOf(const Stored: string): string;
 
 { The field at a 0-based place, decoded; False where the line has no such field. }
 function FieldAt(const Line, Delimiter: string; Place: Integer; out Field: string): Boolean;
+
+{ All fields, the key first. }
+function SplitFields(const Line, Delimiter: string): TmlFields;
 
 { The line of such fields. }
 function JoinFields(const Fields: array of string; const Delimiter: string): string;
@@ -110,6 +116,24 @@ begin
   end;
   if Behind = 0 then Behind := Length(Line) + 1;
   Field := Decoded(Copy(Line, From, Behind - From), Delimiter);
+end;
+
+function SplitFields(const Line, Delimiter: string): TmlFields;
+var
+  From, Behind, Count: Integer;
+begin
+  Result := nil;
+  Count := 0;
+  From := 1;
+  repeat
+    Behind := PosEx(Delimiter, Line, From);
+    if Behind = 0 then Behind := Length(Line) + 1;
+    if Count = Length(Result) then SetLength(Result, 2 * Count + 4);
+    Result[Count] := Decoded(Copy(Line, From, Behind - From), Delimiter);
+    Inc(Count);
+    From := Behind + Length(Delimiter);
+  until Behind > Length(Line);
+  SetLength(Result, Count);
 end;
 
 function Escape(Letter: Char; const Delimiter: string): string;

@@ -7,7 +7,8 @@ unit Mlcustomlang;
 interface
 
 uses
-  Classes, SyncObjs, Mlapplier, Mlchange, Mlextended, Mllangdispatcher, Mllanguages, Mltables, Mltexts;
+  Classes, SyncObjs, Mlapplier, Mlchange, Mlcodec, Mlextended, Mllangdispatcher, Mllangtexts, Mllanguages, Mlnames,
+  Mltables, Mltexts, Mltransfer;
 
 type
   TmlMissingKind = Mllanguages.TmlMissingKind;
@@ -29,6 +30,9 @@ type
     FTexts: TmlTexts;
     FTextsStale, FStreamed, FLoadingEnded: Boolean;
     FTextsChangedBy: TThreadID;
+    FReport: TStringList;
+    { While something is loaded. }
+    FNames: TmlNames;
     FOnMissing: TmlMissingEvent;
     FOnKept: TmlKeptEvent;
     function GetTable(Index: Integer): TStrings;
@@ -48,6 +52,15 @@ type
     function IsFirstOfOwner: Boolean;
     procedure TakeAlong(Within: TComponent; const Language: string; Appliers: TInterfaceList);
     procedure MakeTexts;
+    function ReadTexts: TmlLangTexts;
+    procedure Take(const FileName, OneLanguage: string; Kind: TmlTransferKind);
+    procedure Meet(Transfer: TmlTransfer; const FileName: string);
+    procedure WriteLanguages(const Languages: TmlFields);
+    procedure WriteTexts(Texts: TmlLangTexts);
+    procedure ShowTaken;
+    function KnowsKey(const Key: string): Boolean;
+    function FormName: string;
+    function GetReport: TStrings;
     function TextOr(const ID, Default: string): string;
   protected
     function Decisive: TmlLanguages; override;
@@ -80,6 +93,26 @@ type
     function GetTextW(const ID, Default: string): UnicodeString; overload;
     function GetTextOrDefaultW(const ID: string): UnicodeString; overload;
     function GetTextOrDefaultW(const ID, Default: string): UnicodeString; overload;
+    { Translation files; the extension .mlb is the binary kind. EmlTranslationFile, with the place, for one that cannot
+      be used; the component and the file are then as they were. Saving keeps what else the file holds; Delimiter is
+      that of a text file from now on, '' the one that it has. }
+    procedure SaveAllToFile(const FileName, Delimiter: string);
+    procedure SaveAllToBinaryFile(const FileName: string);
+    { One table, and the extended translations, alone. }
+    procedure SaveToFile(Kind: TStringsType; const FileName, Delimiter: string);
+    procedure SaveExtendedToFile(const FileName, Delimiter: string);
+    { Replaces languages and translations by those of the file, or merges like MergeAllFromFile. A dispatcher has to
+      have the file's languages. }
+    procedure LoadAllFromFile(const FileName: string; Replace: Boolean = True);
+    procedure LoadAllFromBinaryFile(const FileName: string);
+    { Adds and overwrites translations; what the file lacks stays. }
+    procedure MergeAllFromFile(const FileName: string);
+    { The same of one language, by its name without regard to case. }
+    procedure LoadLanguage(const FileName, LanguageName: string);
+    { Empties the translations; keys, base texts and the languages stay. }
+    procedure ClearTranslations;
+    { What the last loading or merging added, overwrote, dropped and found no place for, a line each. }
+    property Report: TStrings read GetReport;
     { As many as hold: the dispatcher's where there is one. }
     property NumLang: Integer read LanguageCount;
   published
@@ -117,7 +150,7 @@ type
 implementation
 
 uses
-  Mlcodec, Mlloading, Mlpool, Mlproglang, Mltext;
+  SysUtils, Mlentry, Mllangfiles, Mlloading, Mlpool, Mlproglang, Mltext, Mltranslationfile;
 
 constructor TmlCustomLang.Create(AOwner: TComponent);
 begin
@@ -129,6 +162,7 @@ begin
   FDoNotTranslate := TStringList.Create;
   FExcludedProperties := TStringList.Create;
   FSmartExcludeProps := TStringList.Create;
+  FReport := TStringList.Create;
   FExtended := TmlExtendedTranslations.Create(Self);
   FApplier := TmlApplier.Create(Self, FTables);
   FKeptApplier := FApplier;
@@ -155,6 +189,7 @@ begin
   FSmartExcludeProps.Free;
   FExtended.Free;
   FTexts.Free;
+  FReport.Free;
   FLock.Free;
   inherited Destroy;
 end;
@@ -342,6 +377,193 @@ end;
 procedure TmlCustomLang.ReportKept(const Key, Text: string);
 begin
   if Assigned(FOnKept) then FOnKept(Self, Key, Text);
+end;
+
+{ Translation files }
+
+function TmlCustomLang.GetReport: TStrings;
+begin
+  Result := FReport;
+end;
+
+function TmlCustomLang.FormName: string;
+begin
+  if Owner = nil then Result := Name else Result := FormNameOf(Owner.ClassType);
+end;
+
+{ The caller frees it. }
+function TmlCustomLang.ReadTexts: TmlLangTexts;
+var
+  Place: Integer;
+begin
+  Result := TmlLangTexts.Create;
+  SetLength(Result.Languages, LanguageCount);
+  for Place := 1 to LanguageCount do
+    Result.Languages[Place - 1] := LanguageName(Place);
+  Result.ReadTables(FTables, FStates, FExtended, FApplier.Delimiter);
+end;
+
+procedure TmlCustomLang.WriteLanguages(const Languages: TmlFields);
+var
+  I: Integer;
+  IsSame: Boolean;
+begin
+  IsSame := Length(Languages) = LanguageCount;
+  for I := 0 to High(Languages) do
+    IsSame := IsSame and (Languages[I] = LanguageName(I + 1));
+  if IsSame then Exit;
+  NumOfLanguages := Length(Languages);
+  LangNames.Clear;
+  for I := 0 to High(Languages) do
+    LangNames.Add(Languages[I]);
+end;
+
+procedure TmlCustomLang.WriteTexts(Texts: TmlLangTexts);
+begin
+  WriteLanguages(Texts.Languages);
+  Texts.WriteTables(FTables, FStates, FExtended, FApplier.Delimiter);
+end;
+
+procedure TmlCustomLang.SaveAllToFile(const FileName, Delimiter: string);
+var
+  Texts: TmlLangTexts;
+begin
+  Texts := ReadTexts;
+  try
+    WriteForm(FileName, Delimiter, FormName, Texts);
+  finally
+    Texts.Free;
+  end;
+end;
+
+procedure TmlCustomLang.SaveAllToBinaryFile(const FileName: string);
+begin
+  SaveAllToFile(FileName, '');
+end;
+
+procedure TmlCustomLang.SaveToFile(Kind: TStringsType; const FileName, Delimiter: string);
+var
+  Texts: TmlLangTexts;
+begin
+  Texts := ReadTexts;
+  try
+    WriteParts(FileName, Delimiter, FormName, Texts, [Kind], False);
+  finally
+    Texts.Free;
+  end;
+end;
+
+procedure TmlCustomLang.SaveExtendedToFile(const FileName, Delimiter: string);
+var
+  Texts: TmlLangTexts;
+begin
+  Texts := ReadTexts;
+  try
+    WriteParts(FileName, Delimiter, FormName, Texts, [], True);
+  finally
+    Texts.Free;
+  end;
+end;
+
+function TmlCustomLang.KnowsKey(const Key: string): Boolean;
+var
+  Entry: TmlEntry;
+begin
+  Entry := TmlEntry.Create(Key, '', FApplier.Delimiter, 1);
+  try
+    Result := (Owner <> nil) and Entry.Check(Owner, FNames);
+  finally
+    Entry.Free;
+  end;
+end;
+
+procedure TmlCustomLang.Meet(Transfer: TmlTransfer; const FileName: string);
+var
+  Missing: string;
+begin
+  if not Transfer.HaveOneBase then
+    raise EmlTranslationFile.Create(FileName, 0, 'the base language of ' + FormName + ' is another one there',
+      'Give both the same base language');
+  Missing := Transfer.MeetLanguages(FDispatcher <> nil);
+  if Missing <> '' then
+    raise EmlTranslationFile.Create(FileName, 0, FormName + ' is linked to the dispatcher ' + FDispatcher.Name +
+      ', which has no language ' + Missing, 'Add the language to the dispatcher first');
+  if Length(Transfer.Names) > MostLanguages then
+    raise EmlTranslationFile.Create(FileName, 0, FormName + ' would have more languages than anyone has', 'Remove some');
+end;
+
+procedure TmlCustomLang.Take(const FileName, OneLanguage: string; Kind: TmlTransferKind);
+var
+  Own, Theirs: TmlLangTexts;
+  Transfer: TmlTransfer;
+begin
+  FReport.Clear;
+  Transfer := nil;
+  FNames := TmlNames.Create;
+  Theirs := TmlLangTexts.Create;
+  Own := ReadTexts;
+  try
+    if not ReadForm(FileName, FormName, Theirs) then
+    begin
+      FReport.Add('nothing: the file holds nothing of ' + FormName);
+      Exit;
+    end;
+    Transfer := TmlTransfer.Create(Kind, Own, Theirs, KnowsKey, FReport);
+    if (OneLanguage <> '') and not Transfer.CutTo(OneLanguage) then Exit;
+    Meet(Transfer, FileName);
+    Transfer.Run;
+    WriteTexts(Own);
+  finally
+    Transfer.Free;
+    Theirs.Free;
+    Own.Free;
+    FreeAndNil(FNames);
+  end;
+  ShowTaken;
+end;
+
+{ What the properties show was set by entries that know it, or is the base text. }
+procedure TmlCustomLang.ShowTaken;
+begin
+  TextsChanged;
+  if ([csLoading, csDesigning] * ComponentState <> []) or (FStreamed and not FLoadingEnded) then Exit;
+  FApplier.Assume(1);
+  if FDispatcher = nil then TakeProgramLanguage(Self);
+  ApplyAppliersOf(Self);
+end;
+
+procedure TmlCustomLang.LoadAllFromFile(const FileName: string; Replace: Boolean);
+begin
+  if Replace then Take(FileName, '', tkLoad) else Take(FileName, '', tkMerge);
+end;
+
+procedure TmlCustomLang.LoadAllFromBinaryFile(const FileName: string);
+begin
+  Take(FileName, '', tkLoad);
+end;
+
+procedure TmlCustomLang.MergeAllFromFile(const FileName: string);
+begin
+  Take(FileName, '', tkMerge);
+end;
+
+procedure TmlCustomLang.LoadLanguage(const FileName, LanguageName: string);
+begin
+  if LanguageName <> '' then Take(FileName, LanguageName, tkMerge);
+end;
+
+procedure TmlCustomLang.ClearTranslations;
+var
+  Texts: TmlLangTexts;
+begin
+  Texts := ReadTexts;
+  try
+    Texts.Clear;
+    WriteTexts(Texts);
+  finally
+    Texts.Free;
+  end;
+  ShowTaken;
 end;
 
 { Texts }

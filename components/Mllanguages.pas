@@ -64,10 +64,18 @@ type
     property Language: string read GetLanguage write SetLanguage;
   end;
 
+{ The name of a language at a place that nobody has named. }
+function GeneratedLangName(Place: Integer): string;
+
 implementation
 
 uses
   Math, SysUtils, Mltext;
+
+function GeneratedLangName(Place: Integer): string;
+begin
+  Result := Format('Language N%d', [Place]);
+end;
 
 constructor TmlLanguages.Create(AOwner: TComponent);
 begin
@@ -128,7 +136,7 @@ function TmlLanguages.OwnName(Place: Integer): string;
 begin
   Result := '';
   if Place <= FLangNames.Count then Result := FLangNames[Place - 1];
-  if Result = '' then Result := Format('Language N%d', [Place]);
+  if Result = '' then Result := GeneratedLangName(Place);
 end;
 
 function TmlLanguages.LanguageName(Place: Integer): string;

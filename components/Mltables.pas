@@ -26,7 +26,34 @@ type
     property OnChange: TNotifyEvent read FOnChange write FOnChange;
   end;
 
+{ The property of a component that holds the table. }
+function TableName(Kind: TStringsType): string;
+{ Without regard to case; False for a name that is no table's. }
+function FindTable(const Name: string; out Kind: TStringsType): Boolean;
+
 implementation
+
+uses
+  TypInfo, Mltext;
+
+function TableName(Kind: TStringsType): string;
+begin
+  Result := Copy(GetEnumName(TypeInfo(TStringsType), Ord(Kind)), 3, MaxInt);
+end;
+
+function FindTable(const Name: string; out Kind: TStringsType): Boolean;
+var
+  Candidate: TStringsType;
+begin
+  Kind := Low(Kind);
+  Result := False;
+  for Candidate := Low(Candidate) to High(Candidate) do
+    if SameIgnoringCase(TableName(Candidate), Name) then
+    begin
+      Kind := Candidate;
+      Result := True;
+    end;
+end;
 
 constructor TmlTables.Create;
 var

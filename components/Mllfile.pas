@@ -1,0 +1,596 @@
+{ The text kind of translation files. }
+unit Mllfile;
+
+{$IFDEF FPC}{$MODE Delphi}{$ENDIF}
+
+interface
+
+uses
+  Mlfilefields, Mlldocument, Mltables, Mltranslationfile;
+
+type
+  TmlNamedColumn = record
+    Key, Name: string;
+  end;
+
+  TmllFile = class(TmlTranslationFile)
+  private
+    FDocument: TmllDocument;
+    FVersion: Integer;
+    FFields: TmlFileFields;
+    FNames: array of TmlNamedColumn;
+    function ReadOptions: string;
+    procedure ReadNames;
+    procedure WriteAnew(Former: TmlFileFields);
+    procedure PutSettings(const Section: string; const Lines: TmlFields);
+    procedure WriteOptions;
+    function NumberOfColumn(const Key: string): Integer;
+    function ColumnFor(const Language: string): string;
+    function ColumnsOf(const Languages: TmlFields): string;
+    function Fields(Line: TmlEntryLine): TmlFileEntry;
+    function ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
+    function ReadLanguages(Head: TmlSection): TmlFields;
+    function LanguagesIn(const Columns: string; Line: Integer): TmlFields;
+    function ReadTable(Section: TmlSection; Languages: Integer): TmlFileEntries;
+    function ReadState(const Line: TmlEntryLine; Languages: Integer; out State: TmlFileState): Boolean;
+    procedure ReadStates(Table: TmlSection; var Section: TmlFormSection);
+    procedure ReadExtended(Table: TmlSection; var Section: TmlFormSection);
+    procedure PutPart(const Section: TmlFormSection; const Part: string; const Lines: TmlFields; var Last: string);
+    function StateLines(const Section: TmlFormSection): TmlFields;
+    function ExtendedLines(const Section: TmlFormSection): TmlFields;
+  public
+    { '' is a new file. Delimiter is that of a new one, or the one that an old one is to have from now on ('' keeps
+      it). EmlTranslationFile for a damaged or foreign file. }
+    constructor Create(const Bytes, FileName, Delimiter: string);
+    destructor Destroy; override;
+    function Forms: TmlFormAddresses; override;
+    function Languages: TmlFields; override;
+    function Read(const Form: TmlFormAddress; out Section: TmlFormSection): Boolean; override;
+    procedure Put(const Section: TmlFormSection); override;
+    function Bytes: string; override;
+  end;
+
+implementation
+
+uses
+  Classes, StrUtils, SysUtils, Mltext;
+
+const
+  OptionsName = 'Options';
+  NamesName = 'Language names - for internal use only!';
+  LanguagesName = 'Languages';
+  StatesName = 'States';
+  ExtendedName = 'ExtendedTranslations';
+
+type
+  TmlSetting = record
+    Name, Value: string;
+  end;
+
+function SettingIn(const Line: string): TmlSetting;
+var
+  Equals: Integer;
+begin
+  Equals := Pos('=', Line);
+  if Equals = 0 then Equals := Length(Line) + 1;
+  Result.Name := Trim(Copy(Line, 1, Equals - 1));
+  Result.Value := Trim(Copy(Line, Equals + 1, MaxInt));
+end;
+
+{ The part is '' for the head of the form. False for a section that is no form's. }
+function SplitName(const Name: string; out Address: TmlFormAddress; out Part: string): Boolean;
+var
+  Slash: Integer;
+begin
+  Slash := Pos('/', Name);
+  Result := Slash > 0;
+  if not Result then Exit;
+  Address.Project := Copy(Name, 1, Slash - 1);
+  Address.Form := Copy(Name, Slash + 1, MaxInt);
+  Slash := Pos('/', Address.Form);
+  Part := '';
+  if Slash = 0 then Exit;
+  Part := Copy(Address.Form, Slash + 1, MaxInt);
+  SetLength(Address.Form, Slash - 1);
+end;
+
+function NameOf(const Form: TmlFormAddress): string;
+begin
+  Result := Form.Project + '/' + Form.Form;
+end;
+
+function IsQuote(C: Char): Boolean;
+begin
+  Result := C = '"';
+end;
+
+function Quoted(const Delimiter: string): string;
+begin
+  Result := Delimiter;
+  if (Trim(Result) <> Result) or IsQuote(Result[1]) or IsQuote(Result[Length(Result)]) then Result := '"' + Result + '"';
+end;
+
+function Unquoted(const Value: string): string;
+begin
+  Result := Value;
+  if (Length(Value) > 2) and IsQuote(Value[1]) and IsQuote(Value[Length(Value)]) then
+    Result := Copy(Value, 2, Length(Value) - 2);
+end;
+
+{ -1 for a text that is no number. }
+function NumberOf(const Text: string): Integer;
+var
+  I: Integer;
+  Number: Int64;
+begin
+  Number := 0;
+  for I := 1 to Length(Text) do
+  begin
+    if not (Text[I] in ['0'..'9']) then Number := -1;
+    if Number >= 0 then Number := 10 * Number + Ord(Text[I]) - Ord('0');
+    if Number > MaxInt then Number := -1;
+    if Number < 0 then Break;
+  end;
+  if Text = '' then Number := -1;
+  Result := Number;
+end;
+
+{ Cuts the part in front of the first colon off. }
+function CutPart(var Key: string): string;
+var
+  Colon: Integer;
+begin
+  Colon := Pos(':', Key);
+  if Colon = 0 then Colon := Length(Key) + 1;
+  Result := Copy(Key, 1, Colon - 1);
+  Delete(Key, 1, Colon);
+end;
+
+constructor TmllFile.Create(const Bytes, FileName, Delimiter: string);
+var
+  Former: TmlFileFields;
+begin
+  inherited Create(FileName);
+  FVersion := TranslationFileVersion;
+  FDocument := TmllDocument.Create(Bytes, FileName);
+  if Bytes = '' then FFields := TmlFileFields.Create(Delimiter) else FFields := TmlFileFields.Create(ReadOptions);
+  ReadNames;
+  if (Delimiter = '') or (Delimiter = FFields.Delimiter) then Exit;
+  Former := FFields;
+  FFields := TmlFileFields.Create(Delimiter);
+  try
+    WriteAnew(Former);
+  finally
+    Former.Free;
+  end;
+end;
+
+destructor TmllFile.Destroy;
+begin
+  FFields.Free;
+  FDocument.Free;
+  inherited Destroy;
+end;
+
+function TmllFile.ReadOptions: string;
+var
+  Options: TmlSection;
+  Line: TmlEntryLine;
+  Setting: TmlSetting;
+begin
+  Options := FDocument.Find(OptionsName);
+  if Options = nil then Refuse(1, 'the section "Options" is missing', 'Choose a translation file (.mll)');
+  Result := '';
+  FVersion := 0;
+  for Line in Options.Entries do
+  begin
+    Setting := SettingIn(Line.Content);
+    if SameIgnoringCase(Setting.Name, 'Version') then FVersion := NumberOf(Setting.Value);
+    if SameIgnoringCase(Setting.Name, 'Delimiter') then Result := Unquoted(Setting.Value);
+    if FVersion < 0 then Refuse(Line.Number, 'the version is no number', 'Restore the line "Version=1"');
+  end;
+  if Result = '' then
+    Refuse(Options.Number, 'the section "Options" has no delimiter', 'Add the line "Delimiter=..."');
+end;
+
+procedure TmllFile.ReadNames;
+var
+  Section: TmlSection;
+  Lines: TmlEntryLines;
+  Setting: TmlSetting;
+  I: Integer;
+begin
+  Section := FDocument.Find(NamesName);
+  if Section = nil then Exit;
+  Lines := Section.Entries;
+  SetLength(FNames, Length(Lines));
+  for I := 0 to High(Lines) do
+  begin
+    Setting := SettingIn(Lines[I].Content);
+    FNames[I].Key := Setting.Name;
+    FNames[I].Name := Setting.Value;
+  end;
+end;
+
+function TmllFile.Forms: TmlFormAddresses;
+var
+  Section: TmlSection;
+  Address: TmlFormAddress;
+  Part: string;
+  Count: Integer;
+begin
+  Result := nil;
+  Count := 0;
+  Section := FDocument.First;
+  while Section <> nil do
+  begin
+    if SplitName(Section.Name, Address, Part) and (Part = '') then
+    begin
+      if Count = Length(Result) then SetLength(Result, 2 * Count + 8);
+      Result[Count] := Address;
+      Inc(Count);
+    end;
+    Section := Section.Next;
+  end;
+  SetLength(Result, Count);
+end;
+
+function TmllFile.Languages: TmlFields;
+var
+  I: Integer;
+begin
+  Result := nil;
+  SetLength(Result, Length(FNames));
+  for I := 0 to High(FNames) do
+    Result[I] := FNames[I].Name;
+end;
+
+function TmllFile.Read(const Form: TmlFormAddress; out Section: TmlFormSection): Boolean;
+var
+  Head, Table: TmlSection;
+  Part: string;
+  Kind: TStringsType;
+begin
+  Section := Default(TmlFormSection);
+  Head := FDocument.Find(NameOf(Form));
+  Result := Head <> nil;
+  if not Result then Exit;
+  SplitName(Head.Name, Section.Address, Part);
+  Section.Languages := ReadLanguages(Head);
+  for Kind := Low(Kind) to High(Kind) do
+  begin
+    Table := FDocument.Find(NameOf(Form) + '/' + TableName(Kind));
+    if Table <> nil then Section.Tables[Kind] := ReadTable(Table, Length(Section.Languages));
+  end;
+  Table := FDocument.Find(NameOf(Form) + '/' + StatesName);
+  if Table <> nil then ReadStates(Table, Section);
+  Table := FDocument.Find(NameOf(Form) + '/' + ExtendedName);
+  if Table <> nil then ReadExtended(Table, Section);
+end;
+
+function TmllFile.NumberOfColumn(const Key: string): Integer;
+begin
+  Result := High(FNames);
+  while (Result >= 0) and (FNames[Result].Key <> Key) do
+    Dec(Result);
+end;
+
+{ The next of the keys in a list with commas; one in double quotes may hold commas. From is moved behind its comma,
+  0 where none follows. }
+function NextColumn(const Columns: string; var From: Integer): string;
+var
+  Quote, Comma: Integer;
+begin
+  while (From <= Length(Columns)) and (Columns[From] <= ' ') do
+    Inc(From);
+  Quote := 0;
+  if (From <= Length(Columns)) and IsQuote(Columns[From]) then
+  begin
+    Quote := PosEx('"', Columns, From + 1);
+    if Quote = 0 then Quote := Length(Columns) + 1;
+    Result := Copy(Columns, From + 1, Quote - From - 1);
+    From := Quote;
+  end;
+  Comma := PosEx(',', Columns, From);
+  if Quote = 0 then
+    if Comma = 0 then Result := Trim(Copy(Columns, From, MaxInt)) else Result := Trim(Copy(Columns, From, Comma - From));
+  From := Comma;
+  if Comma > 0 then Inc(From);
+end;
+
+function TmllFile.LanguagesIn(const Columns: string; Line: Integer): TmlFields;
+var
+  Key: string;
+  Number, From: Integer;
+begin
+  Result := nil;
+  From := Ord(Columns <> '');
+  while From > 0 do
+  begin
+    Key := NextColumn(Columns, From);
+    Number := NumberOfColumn(Key);
+    if Number < 0 then
+      Refuse(Line, 'the file names no language ' + Key, 'Add it to the section "' + NamesName + '"');
+    SetLength(Result, Length(Result) + 1);
+    Result[High(Result)] := FNames[Number].Name;
+  end;
+end;
+
+function TmllFile.ReadLanguages(Head: TmlSection): TmlFields;
+var
+  Line: TmlEntryLine;
+  Setting: TmlSetting;
+begin
+  for Line in Head.Entries do
+  begin
+    Setting := SettingIn(Line.Content);
+    if not SameIgnoringCase(Setting.Name, LanguagesName) then Continue;
+    Result := LanguagesIn(Setting.Value, Line.Number);
+    Exit;
+  end;
+  Refuse(Head.Number, 'the form names no languages', 'Restore its line "Languages=..."');
+  Result := nil;
+end;
+
+{ Blanks at the end that an editor may have left are no text: those of a text are escaped. }
+function TmllFile.Fields(Line: TmlEntryLine): TmlFileEntry;
+var
+  Last: Integer;
+begin
+  Last := Length(Line.Content);
+  if not (FFields.Delimiter[Length(FFields.Delimiter)] in [' ', #9]) then
+    while (Last > 0) and (Line.Content[Last] in [' ', #9]) do
+      Dec(Last);
+  Result := FFields.Read(Copy(Line.Content, 1, Last));
+end;
+
+function TmllFile.ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
+begin
+  Result := Fields(Line);
+  if Length(Result.Fields) <> Count then
+    Refuse(Line.Number, Format('%s has %d texts where %d are expected', [Result.Key, Length(Result.Fields), Count]),
+      'Put the delimiter ' + FFields.Delimiter + ' between them');
+end;
+
+function TmllFile.ReadTable(Section: TmlSection; Languages: Integer): TmlFileEntries;
+var
+  Lines: TmlEntryLines;
+  I: Integer;
+begin
+  Lines := Section.Entries;
+  Result := nil;
+  SetLength(Result, Length(Lines));
+  for I := 0 to High(Lines) do
+    Result[I] := ReadEntry(Lines[I], Languages);
+end;
+
+{ False for a state that only a newer version knows. }
+function TmllFile.ReadState(const Line: TmlEntryLine; Languages: Integer; out State: TmlFileState): Boolean;
+var
+  Entry: TmlFileEntry;
+  IsKind: Boolean;
+begin
+  Entry := Fields(Line);
+  SetLength(Entry.Fields, 2);
+  IsKind := FindTable(CutPart(Entry.Key), State.Kind);
+  State.Place := NumberOf(CutPart(Entry.Key));
+  State.Key := Entry.Key;
+  State.State := Entry.Fields[0];
+  State.Former := Entry.Fields[1];
+  Result := StateNumber(State.State) >= 0;
+  if not Result and (FVersion > TranslationFileVersion) then Exit;
+  if not (Result and IsKind) or (State.Place < 2) or (State.Place > Languages) then
+    Refuse(Line.Number, 'this is no state of a translation', 'Delete the line');
+end;
+
+procedure TmllFile.ReadStates(Table: TmlSection; var Section: TmlFormSection);
+var
+  Lines: TmlEntryLines;
+  I, Count: Integer;
+begin
+  Lines := Table.Entries;
+  SetLength(Section.States, Length(Lines));
+  Count := 0;
+  for I := 0 to High(Lines) do
+    if ReadState(Lines[I], Length(Section.Languages), Section.States[Count]) then Inc(Count);
+  SetLength(Section.States, Count);
+end;
+
+procedure TmllFile.ReadExtended(Table: TmlSection; var Section: TmlFormSection);
+var
+  Lines: TmlEntryLines;
+  Entry: TmlFileEntry;
+  I: Integer;
+begin
+  Lines := Table.Entries;
+  SetLength(Section.Extended, Length(Lines));
+  for I := 0 to High(Lines) do
+  begin
+    Entry := ReadEntry(Lines[I], Length(Section.Languages));
+    Section.Extended[I].Component := CutPart(Entry.Key);
+    Section.Extended[I].PropertyName := Entry.Key;
+    Section.Extended[I].Values := Entry.Fields;
+  end;
+end;
+
+{ Sets what a section says, in front of what else it holds. }
+procedure TmllFile.PutSettings(const Section: string; const Lines: TmlFields);
+var
+  All: TmlFields;
+  Present: TmlSection;
+  Entry: TmlEntryLine;
+  Count, I: Integer;
+  IsSet: Boolean;
+begin
+  All := Copy(Lines);
+  Count := Length(Lines);
+  Present := FDocument.Find(Section);
+  if Present <> nil then
+    for Entry in Present.Entries do
+    begin
+      IsSet := False;
+      for I := 0 to Count - 1 do
+        IsSet := IsSet or SameIgnoringCase(SettingIn(Lines[I]).Name, SettingIn(Entry.Content).Name);
+      if IsSet then Continue;
+      SetLength(All, Length(All) + 1);
+      All[High(All)] := Entry.Content;
+    end;
+  FDocument.Put(Section, All, '');
+end;
+
+procedure TmllFile.WriteOptions;
+var
+  Lines: TmlFields;
+begin
+  if FVersion > TranslationFileVersion then RefuseNewer;
+  Lines := nil;
+  SetLength(Lines, 2);
+  Lines[0] := 'Version=' + IntToStr(TranslationFileVersion);
+  Lines[1] := 'Delimiter=' + Quoted(FFields.Delimiter);
+  PutSettings(OptionsName, Lines);
+end;
+
+{ The key of the language, which is added to the file's names where it is new. }
+function TmllFile.ColumnFor(const Language: string): string;
+var
+  I, Last: Integer;
+begin
+  Last := 0;
+  for I := 0 to High(FNames) do
+  begin
+    Result := FNames[I].Key;
+    if FNames[I].Name = Language then Exit;
+    if NumberOf(Result) > Last then Last := NumberOf(Result);
+  end;
+  Result := IntToStr(Last + 1);
+  SetLength(FNames, Length(FNames) + 1);
+  FNames[High(FNames)].Key := Result;
+  FNames[High(FNames)].Name := Language;
+end;
+
+function TmllFile.ColumnsOf(const Languages: TmlFields): string;
+var
+  Columns: TStringList;
+  I: Integer;
+begin
+  Columns := TStringList.Create;
+  try
+    for I := 0 to High(Languages) do
+      Columns.Add(ColumnFor(PlainLanguageName(Languages[I])));
+    Result := Columns.CommaText;
+  finally
+    Columns.Free;
+  end;
+end;
+
+procedure TmllFile.PutPart(const Section: TmlFormSection; const Part: string; const Lines: TmlFields; var Last: string);
+var
+  Name: string;
+begin
+  Name := NameOf(Section.Address) + '/' + Part;
+  FDocument.Put(Name, Lines, Last);
+  if Length(Lines) > 0 then Last := Name;
+end;
+
+function LinesOf(Fields: TmlFileFields; const Entries: TmlFileEntries): TmlFields;
+var
+  I: Integer;
+begin
+  Result := nil;
+  SetLength(Result, Length(Entries));
+  for I := 0 to High(Entries) do
+    Result[I] := Fields.Write(Entries[I]);
+end;
+
+procedure TmllFile.Put(const Section: TmlFormSection);
+var
+  Columns, Last: string;
+  Lines: TmlFields;
+  Kind: TStringsType;
+  I: Integer;
+begin
+  WriteOptions;
+  Columns := ColumnsOf(Section.Languages);
+  Lines := nil;
+  SetLength(Lines, Length(FNames));
+  for I := 0 to High(FNames) do
+    Lines[I] := FNames[I].Key + '=' + FNames[I].Name;
+  FDocument.Put(NamesName, Lines, OptionsName);
+  SetLength(Lines, 1);
+  Lines[0] := LanguagesName + '=' + Columns;
+  Last := NameOf(Section.Address);
+  PutSettings(Last, Lines);
+  for Kind := Low(Kind) to High(Kind) do
+    PutPart(Section, TableName(Kind), LinesOf(FFields, Section.Tables[Kind]), Last);
+  PutPart(Section, StatesName, StateLines(Section), Last);
+  PutPart(Section, ExtendedName, ExtendedLines(Section), Last);
+end;
+
+function TmllFile.StateLines(const Section: TmlFormSection): TmlFields;
+var
+  I: Integer;
+  State: TmlFileState;
+  Entry: TmlFileEntry;
+begin
+  Result := nil;
+  SetLength(Result, Length(Section.States));
+  for I := 0 to High(Result) do
+  begin
+    State := Section.States[I];
+    Entry.Key := Format('%s:%d:%s', [TableName(State.Kind), State.Place, State.Key]);
+    SetLength(Entry.Fields, 1 + Ord(State.Former <> ''));
+    Entry.Fields[0] := State.State;
+    if State.Former <> '' then Entry.Fields[1] := State.Former;
+    Result[I] := FFields.Write(Entry);
+  end;
+end;
+
+function TmllFile.ExtendedLines(const Section: TmlFormSection): TmlFields;
+var
+  I: Integer;
+  Entry: TmlFileEntry;
+begin
+  Result := nil;
+  SetLength(Result, Length(Section.Extended));
+  for I := 0 to High(Result) do
+  begin
+    Entry.Key := Section.Extended[I].Component + ':' + Section.Extended[I].PropertyName;
+    Entry.Fields := Section.Extended[I].Values;
+    Result[I] := FFields.Write(Entry);
+  end;
+end;
+
+{ Every entry of every form with the new delimiter. }
+procedure TmllFile.WriteAnew(Former: TmlFileFields);
+var
+  Section, Next: TmlSection;
+  Address: TmlFormAddress;
+  Part: string;
+  Lines: TmlEntryLines;
+  Entries: TmlFileEntries;
+  I: Integer;
+begin
+  WriteOptions;
+  Next := FDocument.First;
+  while Next <> nil do
+  begin
+    Section := Next;
+    Next := Section.Next; { one without entries goes }
+    if SplitName(Section.Name, Address, Part) and (Part <> '') then
+    begin
+      Lines := Section.Entries;
+      Entries := nil;
+      SetLength(Entries, Length(Lines));
+      for I := 0 to High(Lines) do
+        Entries[I] := Former.Read(Lines[I].Content);
+      FDocument.Put(Section.Name, LinesOf(FFields, Entries), '');
+    end;
+  end;
+end;
+
+function TmllFile.Bytes: string;
+begin
+  Result := FDocument.Bytes;
+end;
+
+end.

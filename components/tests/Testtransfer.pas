@@ -1,0 +1,288 @@
+{ Texts on their way between forms and translation files while the program runs. }
+program Testtransfer;
+
+{$MODE Delphi}
+
+uses
+  CThreads, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcustomlang, Mllang, Mllangdispatcher, Mllangfiles, Mlloading,
+  Mlopenfile, Mltables, Mltesting, Mlformfiles, Mltranslationfile;
+
+var
+  Files: TFormFiles;
+  Form: TForm;
+
+const
+  Labels = 'object One: TLabel|Caption = ''One''|end|object Two: TLabel|Caption = ''Two''|end';
+  Languages = 'NumOfLanguages = 3|LangNames.Strings = (''English'' ''German'' ''Hebrew'')|';
+  Tables = 'Captions.Strings = (''.Caption~Base~Basis~'' ''One.Caption~One~Eins~'' ''Two.Caption~Two~Zwei~'' ' +
+    '''One.Caption~x~y~z'')|Strings.Strings = (''IDS_0~Ship~Schiff~Ship'')|Locales.Strings = (''.Locale~en~de~he'')|' +
+    'States.Strings = (''no state'' ''Captions~One.Caption~2~stale~Won'' ''Strings~IDS_0~3~same~'')|' +
+    'ExtendedTranslations = <item|Component = ''One''|Property = ''Hint''|Values.Strings = (''a'' ''b'' '''')|end>|';
+  Head = '[Options]'#10'Delimiter=|'#10'[Language names - for internal use only!]'#10'1=English'#10'2=German'#10 +
+    '3=French'#10'[P/Form]'#10'Languages=';
+
+function InWork(const Name: string): string;
+begin
+  Result := GetEnvironmentVariable('HOME') + '/' + Name;
+end;
+
+{ Reads a form of these lines; "|" stands for the end of a line, "~" for the delimiter between quotes. }
+function Read(const Properties: string): TmlLang;
+var
+  Text: string;
+begin
+  Text := 'object Form: TForm|Caption = ''Base''|' + Labels + '|object mlLang: TmlLang|' + Properties + 'end|end';
+  Text := StringReplace(StringReplace(Text, '|', #10, [rfReplaceAll]), '~', '''#1''', [rfReplaceAll]);
+  Form := TForm.CreateNew(nil);
+  Files.Read(Text, Form);
+  ApplyLoaded;
+  Result := Form.FindComponent('mlLang') as TmlLang;
+end;
+
+function Caption(const Name: string): string;
+begin
+  Result := TLabel(Form.FindComponent(Name)).Caption;
+end;
+
+function Shown: string;
+begin
+  Result := Files.Written(Form, 'TForm');
+end;
+
+procedure Done;
+begin
+  FreeAndNil(Form);
+end;
+
+function FileOf(const Text: string): string;
+var
+  Lines: TStringStream;
+begin
+  Result := InWork('made.mll');
+  Lines := TStringStream.Create(Text);
+  Lines.SaveToFile(Result);
+  Lines.Free;
+end;
+
+procedure TestSaveClearLoad;
+var
+  Lang: TmlLang;
+  Before, Name, First: string;
+begin
+  for Name in ['a.mll', 'a.MLB'] do
+  begin
+    Lang := Read(Languages + Tables);
+    Before := Shown;
+    Lang.SaveAllToFile(InWork(Name), '~!');
+    First := BytesOfFile(InWork(Name));
+    Lang.SaveAllToFile(InWork(Name), '');
+    ExpectText(First, BytesOfFile(InWork(Name)), 'saved twice');
+    Lang.ClearTranslations;
+    Expect(Shown <> Before, 'cleared');
+    Lang.LoadAllFromFile(InWork(Name));
+    ExpectText(Before, Shown, 'saved, cleared and loaded');
+    ExpectText('', Lang.Report.Text, 'nothing is lost');
+    Done;
+  end;
+end;
+
+procedure TestMerge;
+var
+  Lang: TmlLang;
+begin
+  Lang := Read(Languages + Tables);
+  Lang.Language := 'German';
+  Lang.MergeAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'.Caption=Base|Fond|'#10 +
+    'One.Caption=One!|Un|Einzig'#10'Gone.Caption=Gone|Parti|Weg'#10'Two.Caption=Deux|Deux|Zwo'#10'[P/Form/Strings]'#10 +
+    'NEW=New|Neuf|Neu'));
+  ExpectText('added: language French'#10'overwritten: Captions One.Caption (German): Eins'#10 +
+    'no place: Captions Gone.Caption'#10'overwritten: Captions Two.Caption (German): Zwei'#10'added: Strings NEW'#10, Lang.Report.Text, 'the report of a merge');
+  ExpectText('English,German,Hebrew,French', Lang.LangNames.CommaText, 'languages are added');
+  ExpectText('Einzig', Caption('One'), 'what is shown follows');
+  ExpectText('Neu', Lang.GetText('new'), 'a new ID');
+  ExpectText('.Caption'#1'Base'#1'Basis'#1#1'Fond', Lang.Captions[0], 'an empty text replaces nothing');
+  ExpectText('no state'#10'Captions'#1'One.Caption'#1'2'#1'touched'#1'One!'#10'Captions'#1'One.Caption'#1'4'#1'touched'#1'One!'#10 +
+    'Captions'#1'Two.Caption'#1'2'#1'stale'#1'Deux'#10'Strings'#1'IDS_0'#1'3'#1'same'#1#10, Lang.States.Text,
+    'texts for another base text are in doubt');
+  Lang.Language := 'French';
+  ExpectText('Two', Caption('Two'), 'what equals its base text follows the base text of the form');
+  Done;
+end;
+
+procedure TestLoadReplaces;
+var
+  Lang: TmlLang;
+begin
+  Lang := Read(Languages + Tables);
+  Lang.Language := 'Hebrew';
+  Lang.LoadAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Eins'));
+  ExpectText('English,French,German', Lang.LangNames.CommaText, 'the languages of the file');
+  ExpectText('English', Lang.Language, 'the active language is gone');
+  ExpectText('added: language French'#10'dropped: language Hebrew'#10'dropped: Captions .Caption (German): Basis'#10 +
+    'dropped: Captions Two.Caption (German): Zwei'#10'dropped: Captions One.Caption (German): y'#10 +
+    'dropped: Strings IDS_0 (German): Schiff'#10'dropped: ExtendedTranslations One:Hint (German): b'#10, Lang.Report.Text,
+    'the report of loading');
+  Lang.Language := 'German';
+  ExpectText('Eins', Caption('One'), 'a text at its new place');
+  Done;
+end;
+
+{ A component that was put on the form and has no texts of its own. }
+procedure TestEmptyComponent;
+var
+  Lang: TmlLang;
+begin
+  Lang := Read('');
+  Lang.LoadAllFromFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Eins'#10'Two.Caption=Else|Zwei'#10 +
+    '[P/Form/Strings]'#10'A=a|b'));
+  Lang.Language := 'German';
+  ExpectText('Eins Two', Caption('One') + ' ' + Caption('Two'), 'a text that the form has, and one that it has not');
+  ExpectText('b', Lang.GetText('A'), 'an ID');
+  Lang.Language := '';
+  ExpectText('One', Caption('One'), 'and back');
+  Done;
+end;
+
+procedure TestOneLanguage;
+var
+  Lang: TmlLang;
+  FileName: string;
+begin
+  FileName := FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Anders');
+  Lang := Read(Languages + Tables);
+  Lang.LoadLanguage(FileName, 'FRENCH');
+  ExpectText('One.Caption'#1'One'#1'Eins'#1#1'Un', Lang.Captions[1], 'one language is loaded');
+  Lang.LoadLanguage(FileName, 'Klingon');
+  ExpectText('nothing: the file has no translations of the form into Klingon'#10, Lang.Report.Text, 'one that is not there');
+  Lang.SaveToFile(stStrings, FileName, '');
+  Expect(Pos('One.Caption=One|Anders||Un', BytesOfFile(FileName)) > 0, 'the other tables stay, with every language');
+  Expect(Pos('IDS_0=Ship|Schiff|Ship|', BytesOfFile(FileName)) > 0, 'one table is saved');
+  Lang.SaveExtendedToFile(FileName, ';');
+  Expect(Pos('One:Hint=a;b;;', BytesOfFile(FileName)) > 0, 'extended translations, and another delimiter');
+  Expect(Pos('One.Caption=One;Anders;;Un', BytesOfFile(FileName)) > 0, 'which every line gets');
+  Done;
+end;
+
+procedure TestDispatcher;
+var
+  Lang: TmlLang;
+  Dispatcher: TmlLangDispatcher;
+begin
+  Lang := Read(Tables);
+  Dispatcher := TmlLangDispatcher.Create(Form);
+  Dispatcher.Name := 'Dispatcher';
+  Dispatcher.NumOfLanguages := 3;
+  Dispatcher.LangNames.CommaText := 'English,Hebrew,German';
+  Lang.Dispatcher := Dispatcher;
+  try
+    Lang.LoadAllFromFile(FileOf(Head + '1,3'));
+    Expect(False, 'a language that the dispatcher has not');
+  except
+    on E: EmlTranslationFile do
+      Expect(Pos('linked to the dispatcher Dispatcher, which has no language French', E.Message) > 0, E.Message);
+  end;
+  Dispatcher.Language := 'German';
+  Lang.LoadAllFromFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Ein'));
+  ExpectText('Ein', Caption('One'), 'columns by the names of the dispatcher');
+  Done;
+end;
+
+{ The message, and the component as it was. }
+procedure ExpectRefused(const FileName, Message: string);
+var
+  Lang: TmlLang;
+  Before: string;
+begin
+  Lang := Read(Languages + Tables);
+  Before := Shown;
+  try
+    Lang.LoadAllFromFile(FileName);
+    Expect(False, 'not refused: ' + Message);
+  except
+    on E: EmlTranslationFile do ExpectText(FileName + Message, E.Message, 'refused');
+  end;
+  ExpectText(Before, Shown, 'the component after ' + Message);
+  Done;
+end;
+
+procedure TestRefused;
+var
+  Name: string;
+  Stream: TFileStream;
+begin
+  ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One~Eins'),
+    ':10: One.Caption has 1 texts where 2 are expected. Put the delimiter | between them');
+  ExpectRefused(FileOf(Head + '1,4'), ':8: the file names no language 4. ' +
+    'Add it to the section "Language names - for internal use only!"');
+  ExpectRefused(FileOf('object Form: TForm'), ':1: expected a section in brackets. Choose a translation file (.mll)');
+  ExpectRefused(FileOf(''), ': the file is empty. Choose a translation file');
+  ExpectRefused(FileOf(Head + '2,1'), ': the base language of Form is another one there. Give both the same base language');
+  ExpectRefused(InWork('gone.mll'), ': there is no such file. Choose a translation file');
+  Name := InWork('huge.mlb');
+  Stream := TFileStream.Create(Name, fmCreate);
+  Stream.Size := Int64(LargestFile) + 1;
+  Stream.Free;
+  ExpectRefused(Name, ': the file has more than 256 MiB. Divide it');
+  SysUtils.DeleteFile(Name);
+end;
+
+procedure TestWriting;
+var
+  Lang: TmlLang;
+  Name, Before: string;
+begin
+  Lang := Read(Languages + Tables);
+  Name := FileOf('[Options]'#10'Version=2'#10'Delimiter=|'#10);
+  Before := BytesOfFile(Name);
+  try
+    Lang.SaveAllToFile(Name, '');
+    Expect(False, 'a newer file is not written');
+  except
+    on E: EmlTranslationFile do ExpectText(Before, BytesOfFile(Name), E.Message);
+  end;
+  try
+    Lang.SaveAllToFile(InWork('no folder/a.mll'), '|');
+    Expect(False, 'a folder that is not there');
+  except
+    on E: EmlTranslationFile do Expect(Pos('the file cannot be written', E.Message) > 0, E.Message);
+  end;
+  Done;
+end;
+
+{ Two projects share a file. }
+procedure TestProjects;
+var
+  Lang: TmlLang;
+  Name: string;
+begin
+  Name := FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Eins'#10'[testtransfer/Form]'#10'Languages=1,2'#10 +
+    '[testtransfer/Form/Captions]'#10'One.Caption=One|Mein'#10);
+  Lang := Read(Languages);
+  Lang.LoadAllFromFile(Name);
+  ExpectText('One.Caption'#1'One'#1'Mein', Lang.Captions[0], 'the form of this program');
+  TranslationProject := 'p';
+  Lang.LoadAllFromFile(Name);
+  ExpectText('One.Caption'#1'One'#1'Eins', Lang.Captions[0], 'the form of that project');
+  TranslationProject := 'Other';
+  Lang.LoadAllFromFile(Name);
+  ExpectText('nothing: the file holds nothing of Form'#10, Lang.Report.Text, 'of a project that is not there');
+  TranslationProject := '';
+  Done;
+end;
+
+begin
+  Application.Initialize;
+  RegisterClasses([TLabel]);
+  Files := TFormFiles.Create;
+  TestSaveClearLoad;
+  TestMerge;
+  TestLoadReplaces;
+  TestEmptyComponent;
+  TestOneLanguage;
+  TestDispatcher;
+  TestRefused;
+  TestWriting;
+  TestProjects;
+  Files.Free;
+  CloseTests;
+end.
