@@ -529,7 +529,7 @@ begin
   if ([csLoading, csDesigning] * ComponentState <> []) or (FStreamed and not FLoadingEnded) then Exit;
   FApplier.Assume(1);
   if FDispatcher = nil then TakeProgramLanguage(Self);
-  ApplyAppliersOf(Self);
+  ApplyLanguages([Self]);
 end;
 
 procedure TmlCustomLang.LoadAllFromFile(const FileName: string; Replace: Boolean);
