@@ -36,10 +36,10 @@ constexpr const char* kFooter =
 std::size_t Distance(const std::string& left, const std::string& right) {
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < left.size(); ++i) {
+    for (const char letter : left) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < right.size(); ++j) {
-            const std::size_t changed = diagonal + (left[i] == right[j] ? 0 : 1);
+            const std::size_t changed = diagonal + (letter == right[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
         }
