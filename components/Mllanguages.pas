@@ -26,6 +26,8 @@ type
     FNumOfLanguages: Integer;
     FLangNames: TStringList;
     FLanguage: string;
+    { A descendant that is being written compares itself with this one. }
+    FCompared: Boolean;
     FOnChangeLanguage: TNotifyEvent;
     procedure SetLangNames(Value: TStrings);
     procedure SetLanguage(const Value: string);
@@ -42,6 +44,7 @@ type
     procedure Tell(Sender: TObject); virtual;
     { Names, number or delimiter have changed. }
     procedure NamesChanged; virtual;
+    procedure WriteState(Writer: TWriter); override;
     property OnChangeLanguage: TNotifyEvent read FOnChangeLanguage write FOnChangeLanguage;
   public
     constructor Create(AOwner: TComponent); override;
@@ -160,7 +163,7 @@ end;
 { Streaming stores the name as it is. }
 function TmlLanguages.GetLanguage: string;
 begin
-  if csWriting in ComponentState then
+  if FCompared or (csWriting in ComponentState) then
     Result := FLanguage
   else
     Result := LanguageName(ActivePlace);
@@ -181,6 +184,19 @@ begin
     LanguageMissing(Value)
   else if Place <> ActivePlace then
     Decisive.ChangeTo(Place);
+end;
+
+procedure TmlLanguages.WriteState(Writer: TWriter);
+var
+  Ancestor: TPersistent;
+begin
+  Ancestor := Writer.Ancestor;
+  if Ancestor is TmlLanguages then TmlLanguages(Ancestor).FCompared := True;
+  try
+    inherited WriteState(Writer);
+  finally
+    if Ancestor is TmlLanguages then TmlLanguages(Ancestor).FCompared := False;
+  end;
 end;
 
 procedure TmlLanguages.StoreLanguage(Place: Integer);

@@ -1,6 +1,7 @@
 { Dump [--frame FILE]... FORM... [--language NAME | --write]...
   Reads a form, an inherited one after its ancestors, and prints what it shows; then again after each change of
-  language. --write prints the form as the run-time library streams it. }
+  language. --write prints the form as the run-time library streams it, an inherited one without what its
+  ancestors have. }
 program Dump;
 
 {$MODE Delphi}
@@ -18,9 +19,9 @@ type
 
 var
   Files: TFormFiles;
-  Form: TForm;
+  Form, Ancestor: TForm;
   Events: TEvents;
-  ClassOfForm: string;
+  ClassOfForm, AncestorText: string;
 
 procedure TEvents.Missing(Sender: TObject; Kind: TmlMissingKind; const Name: string);
 begin
@@ -77,9 +78,19 @@ var
   Text: string;
 begin
   Text := TextOfFile(FileName);
+  if ClassOfForm <> '' then Files.Read(AncestorText, Ancestor);
+  AncestorText := Text;
   ClassOfForm := ClassIn(Text);
   Files.Read(Text, Form);
   Hear(Form);
+end;
+
+procedure WriteForm;
+begin
+  if Ancestor.Name = '' then
+    Write(Files.Written(Form, nil, ClassOfForm))
+  else
+    Write(Files.Written(Form, Ancestor, ClassOfForm));
 end;
 
 procedure Run;
@@ -106,7 +117,7 @@ begin
       LangOf(Form).Language := ParamStr(I + 1);
       ShowTexts;
     end;
-    if ParamStr(I) = '--write' then Write(Files.Written(Form, ClassOfForm));
+    if ParamStr(I) = '--write' then WriteForm;
     Inc(I, 1 + Ord((ParamStr(I) = '--frame') or (ParamStr(I) = '--language')));
   end;
 end;
@@ -121,9 +132,11 @@ begin
   Files := TFormFiles.Create;
   Events := TEvents.Create;
   Form := TForm.CreateNew(nil);
+  Ancestor := TForm.CreateNew(nil);
   try
     Run;
   finally
+    Ancestor.Free;
     Form.Free;
     Events.Free;
     Files.Free;

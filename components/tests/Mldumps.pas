@@ -49,8 +49,9 @@ end;
 
 procedure TDump.AddFont(const Key: string; Font: TFont);
 begin
-  Add(Key, Format('Name=%s;Height=%d;Style=%s', [Font.Name, Font.Height,
-    StringReplace(GetSetProp(Font, 'Style', False), 'fs', '', [rfReplaceAll])]));
+  Add(Key + '.Name', Font.Name);
+  Add(Key + '.Height', IntToStr(Font.Height));
+  Add(Key + '.Style', StringReplace(GetSetProp(Font, 'Style', False), 'fs', '', [rfReplaceAll]));
   Add(Key + '.Charset', CharSetName(Font.CharSet));
 end;
 

@@ -23,8 +23,8 @@ type
     procedure AddFrame(const Text: string);
     { Reads the form into the root; for an inherited form each of its texts in turn, the ancestor's first. }
     procedure Read(const Text: string; Root: TComponent);
-    { The form as a writer writes it, under the name of its class. }
-    function Written(Root: TComponent; const ClassOfRoot: string): string;
+    { The form as a writer writes it, under the name of its class; without what its ancestor (or nil) has, too. }
+    function Written(Root, Ancestor: TComponent; const ClassOfRoot: string): string;
   end;
 
 function TextOfFile(const FileName: string): string;
@@ -130,7 +130,7 @@ begin
   end;
 end;
 
-function TFormFiles.Written(Root: TComponent; const ClassOfRoot: string): string;
+function TFormFiles.Written(Root, Ancestor: TComponent; const ClassOfRoot: string): string;
 var
   Lines: TStringStream;
   Binary: TMemoryStream;
@@ -138,7 +138,7 @@ begin
   Lines := TStringStream.Create('');
   Binary := TMemoryStream.Create;
   try
-    Binary.WriteComponent(Root);
+    Binary.WriteDescendent(Root, Ancestor);
     Binary.Position := 0;
     LRSObjectBinaryToText(Binary, Lines);
     Result := StringReplace(Lines.DataString, ': ' + Root.ClassName, ': ' + ClassOfRoot, []);

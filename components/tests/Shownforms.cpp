@@ -1,0 +1,107 @@
+// Shownforms PROJECT UNIT [LANGUAGE...]
+// What a form's file shows, and again after each change of language: the texts that belong into tables, a
+// line each. Dump.pas prints the same of the running form, and more.
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+
+#include "base/Diskfiles.h"
+#include "ide/Headlesside.h"
+#include "runtime/Formparts.h"
+#include "runtime/Runtime.h"
+#include "runtime/Textcollector.h"
+#include "tables/Fontvalue.h"
+
+namespace tml {
+namespace {
+
+/// Of these the setter changes no property yet.
+constexpr TStringsType kNotSet[] = {TStringsType::stFonts, TStringsType::stMultiLines,
+                                    TStringsType::stCharSets, TStringsType::stCollections,
+                                    TStringsType::stListView_TreeView_Items};
+
+std::shared_ptr<TmlCustomLang> LangOf(IMlRuntime& runtime, IOTAComponent& owner) {
+    for (int i = 0; i < owner.GetComponentCount(); ++i)
+        if (auto lang = runtime.AsCustomLang(owner.GetComponent(i))) return lang;
+    throw std::runtime_error("The form has no localization component");
+}
+
+/// As the controls show it that sort.
+std::string Sorted(const std::string& lines) {
+    TStringList list;
+    list.SetText(lines);
+    list.Sort();
+    std::string joined;
+    for (int i = 0; i < list.Count(); ++i)
+        joined += (i == 0 ? "" : "\n") + list[i];
+    return joined;
+}
+
+bool Sorts(const TFormPart& part) {
+    return std::any_of(part.Properties.begin(), part.Properties.end(), [](const TFormProperty& property) {
+        return property.Name == "Sorted" && property.Value.Text == "True";
+    });
+}
+
+void Print(const std::string& key, const std::string& text) {
+    if (text.empty()) return;
+    std::cout << key << '=';
+    for (const char c : text)
+        c == '\\' ? std::cout << "\\\\" : c == '\n' ? std::cout << "\\n" : std::cout << c;
+    std::cout << '\n';
+}
+
+/// A font has a line for each of its parts.
+void PrintFont(const std::string& key, const std::string& text) {
+    const TFontValue font = TFontValue::FromText(text);
+    Print(key + ".Name", font.Name.value_or(""));
+    Print(key + ".Height", font.Height.value_or(""));
+    std::string style;
+    for (const std::string& word : font.Style.value_or(std::vector<std::string>{}))
+        style += (style.empty() ? "" : ",") + word;
+    Print(key + ".Style", style);
+}
+
+void PrintTexts(IOTAComponent& owner, const std::string& language) {
+    std::cout << "== " << language << '\n';
+    const TFormParts parts(owner);
+    for (const TFormText& text : CollectTexts(parts, TExclusionRules({}, {}, {}, {}), true).Texts) {
+        if (std::find(std::begin(kNotSet), std::end(kNotSet), text.Table) != std::end(kNotSet)) continue;
+        const TFormPart* part = parts.OfKey(text.Key);
+        const bool sorts = text.Table == TStringsType::stMultiLines && part != nullptr && Sorts(*part);
+        if (text.Table == TStringsType::stFonts)
+            PrintFont(text.Key, text.Text);
+        else
+            Print(text.Key, sorts ? Sorted(text.Text) : text.Text);
+    }
+}
+
+void Run(const std::string& project, const std::string& unit, const std::vector<std::string>& languages) {
+    const auto files = MakeDiskFileSystem();
+    const auto runtime = MakeMlRuntime();
+    THeadlessIde ide(*files, *runtime);
+    ide.OpenProject(project);
+    const auto owner = ide.GetModuleServices()->OpenModule(unit, false)->GetFormEditor()->GetRootComponent();
+    const auto lang = LangOf(*runtime, *owner);
+    PrintTexts(*owner, lang->GetLangNames()[lang->GetActiveLanguage() - 1]);
+    for (const std::string& language : languages) {
+        const int from = lang->GetActiveLanguage();
+        lang->SetLanguage(language);
+        lang->ShowLanguage(from, lang->GetActiveLanguage());
+        PrintTexts(*owner, language);
+    }
+}
+
+}  // namespace
+}  // namespace tml
+
+int main(int count, char** arguments) {
+    try {
+        if (count < 3) throw std::runtime_error("usage: Shownforms PROJECT UNIT [LANGUAGE...]");
+        tml::Run(arguments[1], arguments[2], {arguments + 3, arguments + count});
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 2;
+    }
+}
