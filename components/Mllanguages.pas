@@ -29,6 +29,7 @@ type
     { A descendant that is being written compares itself with this one. }
     FCompared: Boolean;
     FOnChangeLanguage: TNotifyEvent;
+    FWatchers: array of TNotifyEvent;
     procedure SetLangNames(Value: TStrings);
     procedure SetLanguage(const Value: string);
     procedure SetNumOfLanguages(Value: Integer);
@@ -59,6 +60,10 @@ type
     procedure StoreLanguage(Place: Integer);
     { Everything that is loaded together is there now. }
     procedure EndLoading; virtual; abstract;
+    { What shows languages or texts by itself is told of a change before the program is. Watchers are components; they
+      leave before they go. }
+    procedure AddWatcher(const Watcher: TNotifyEvent);
+    procedure RemoveWatcher(const Watcher: TNotifyEvent);
     { Adds what sets the active language. }
     procedure AddAppliers(Appliers: TInterfaceList); virtual; abstract;
     property NumOfLanguages: Integer read FNumOfLanguages write SetNumOfLanguages default 1;
@@ -108,8 +113,32 @@ begin
   { nothing depends on them here }
 end;
 
-procedure TmlLanguages.Tell(Sender: TObject);
+procedure TmlLanguages.AddWatcher(const Watcher: TNotifyEvent);
 begin
+  SetLength(FWatchers, Length(FWatchers) + 1);
+  FWatchers[High(FWatchers)] := Watcher;
+end;
+
+procedure TmlLanguages.RemoveWatcher(const Watcher: TNotifyEvent);
+var
+  I, Kept: Integer;
+begin
+  Kept := 0;
+  for I := 0 to High(FWatchers) do
+    if TMethod(FWatchers[I]).Data <> TMethod(Watcher).Data then
+    begin
+      FWatchers[Kept] := FWatchers[I];
+      Inc(Kept);
+    end;
+  SetLength(FWatchers, Kept);
+end;
+
+procedure TmlLanguages.Tell(Sender: TObject);
+var
+  I: Integer;
+begin
+  for I := High(FWatchers) downto 0 do
+    if I <= High(FWatchers) then FWatchers[I](Self);
   if Assigned(FOnChangeLanguage) then FOnChangeLanguage(Self);
 end;
 

@@ -46,7 +46,7 @@ end;
 
 function Shown: string;
 begin
-  Result := Files.Written(Form, 'TForm');
+  Result := Files.Written(Form, nil, 'TForm');
 end;
 
 procedure Done;
