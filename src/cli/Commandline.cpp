@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "base/Errors.h"
+#include "cli/Checkcommand.h"
 #include "cli/Completioncommand.h"
 #include "cli/Formfilecommands.h"
 #include "cli/Formscommand.h"
@@ -22,9 +23,9 @@ namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,    AddScanCommand,       AddReplaceCommand,  AddInsertCommand,     AddLanguagesCommand,
-    AddUpdateCommand,   AddClearCommand,      AddTextsCommand,    AddStatsCommand,      AddPseudoCommand,
-    AddFormTextCommand, AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
+    AddFormsCommand,  AddScanCommand,     AddReplaceCommand,    AddInsertCommand,   AddLanguagesCommand,
+    AddUpdateCommand, AddClearCommand,    AddTextsCommand,      AddStatsCommand,    AddPseudoCommand,
+    AddCheckCommand,  AddFormTextCommand, AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";
