@@ -23,6 +23,7 @@ type
   public
     constructor Create(ACollection: TCollection); override;
     destructor Destroy; override;
+    procedure Assign(Source: TPersistent); override;
     { The entry as a table has it. }
     function Line(const Delimiter: string): string;
   published
@@ -60,6 +61,19 @@ destructor TmlExtendedTranslation.Destroy;
 begin
   inherited Destroy;
   FValues.Free;
+end;
+
+procedure TmlExtendedTranslation.Assign(Source: TPersistent);
+begin
+  if not (Source is TmlExtendedTranslation) then
+  begin
+    inherited Assign(Source);
+    Exit;
+  end;
+  FComponent := TmlExtendedTranslation(Source).FComponent;
+  FProperty := TmlExtendedTranslation(Source).FProperty;
+  FValues.Assign(TmlExtendedTranslation(Source).FValues);
+  Changed(False);
 end;
 
 procedure TmlExtendedTranslation.ValuesChanged(Sender: TObject);

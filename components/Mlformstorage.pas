@@ -11,7 +11,7 @@ uses
 type
   TmlFormStorage = class(TComponent)
   private
-    FActive, FStorePlace: Boolean;
+    FActive, FStorePlace, FRestored: Boolean;
     FFileName: string;
     FStoredProperties: TStringList;
     function GetStoredProperties: TStrings;
@@ -88,12 +88,13 @@ end;
 procedure TmlFormStorage.FormShown(Sender: TObject);
 begin
   if FActive then Restore;
+  FRestored := True;
 end;
 
-{ A form goes, whatever becomes of its file. }
+{ One that was never shown has nothing new to keep. A form goes, whatever becomes of its file. }
 procedure TmlFormStorage.FormGoes(Sender: TObject);
 begin
-  if not FActive then Exit;
+  if not (FActive and FRestored) then Exit;
   try
     Save;
   except

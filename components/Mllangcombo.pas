@@ -27,6 +27,7 @@ type
   public
     constructor Create(ACollection: TCollection); override;
     destructor Destroy; override;
+    procedure Assign(Source: TPersistent); override;
   published
     { Its name in the component or dispatcher. }
     property Language: string read FLanguage write SetLanguage;
@@ -103,6 +104,24 @@ destructor TLanguageInfo.Destroy;
 begin
   inherited Destroy;
   FFont.Free;
+end;
+
+procedure TLanguageInfo.Assign(Source: TPersistent);
+var
+  Other: TLanguageInfo;
+begin
+  if not (Source is TLanguageInfo) then
+  begin
+    inherited Assign(Source);
+    Exit;
+  end;
+  Other := TLanguageInfo(Source);
+  FLanguage := Other.FLanguage;
+  FDisplayName := Other.FDisplayName;
+  FImageIndex := Other.FImageIndex;
+  FFont.Assign(Other.FFont);
+  FParentFont := Other.FParentFont;
+  Changed(False);
 end;
 
 procedure TLanguageInfo.FontChanged(Sender: TObject);

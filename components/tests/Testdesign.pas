@@ -106,6 +106,7 @@ procedure TestRunning;
 var
   Lang: TmlLang;
   Combo: TChoosing;
+  Copied: TmlLangCombo;
   Action: TmlLangChangeLanguage;
   Info: TLanguageInfo;
 begin
@@ -127,6 +128,10 @@ begin
   ExpectText('Deutsch', Combo.Items[1], 'a name that has changed');
   Info := Combo.LanguageInfos.Find('GERMAN');
   Expect((Info <> nil) and (Info.ImageIndex = 1), 'how a language is shown');
+  Copied := TmlLangCombo.Create(Form);
+  Copied.LanguageInfos := Combo.LanguageInfos;
+  Info := Copied.LanguageInfos.Find('German');
+  ExpectText('Deutsch Sans', Info.DisplayText + ' ' + Info.Font.Name, 'infos that are assigned');
   Lang.Free;
   Combo.Refresh;
   ExpectText('Deutsch;English', Combo.Items[0] + ';' + Combo.Items[1], 'without a component those of the infos');
@@ -160,6 +165,11 @@ begin
   Open(False);
   TmlFormStorage(Part('stgForm')).Restore;
   ExpectText('Mine'#10'ä', Form.Caption, 'nothing is kept by one that is not active');
+  Form.Caption := 'Never shown';
+  FreeAndNil(Form);
+  Open(False);
+  Form.Show;
+  ExpectText('Mine'#10'ä', Form.Caption, 'nor by a form that was never shown');
   TmlFormStorage(Part('stgForm')).FileName := '/proc/nowhere/forms.ini';
   FreeAndNil(Form);
 end;

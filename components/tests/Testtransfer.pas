@@ -4,7 +4,7 @@ program Testtransfer;
 {$MODE Delphi}
 
 uses
-  CThreads, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcustomlang, Mllang, Mllangdispatcher, Mllangfiles, Mlloading,
+  CThreads, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcustomlang, Mlextended, Mllang, Mllangdispatcher, Mllangfiles, Mlloading,
   Mlopenfile, Mltables, Mltesting, Mlformfiles, Mltranslationfile;
 
 var
@@ -145,7 +145,7 @@ end;
 
 procedure TestOneLanguage;
 var
-  Lang: TmlLang;
+  Lang, Copied: TmlLang;
   FileName: string;
 begin
   FileName := FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Anders');
@@ -157,6 +157,9 @@ begin
   Lang.SaveToFile(stStrings, FileName, '');
   Expect(Pos('One.Caption=One|Anders||Un', BytesOfFile(FileName)) > 0, 'the other tables stay, with every language');
   Expect(Pos('IDS_0=Ship|Schiff|Ship|', BytesOfFile(FileName)) > 0, 'one table is saved');
+  Copied := TmlLang.Create(Form);
+  Copied.ExtendedTranslations := Lang.ExtendedTranslations;
+  ExpectText('a'#10'b'#10#10#10, TmlExtendedTranslation(Copied.ExtendedTranslations.Items[0]).Values.Text, 'assigned');
   Lang.SaveExtendedToFile(FileName, ';');
   Expect(Pos('One:Hint=a;b;;', BytesOfFile(FileName)) > 0, 'extended translations, and another delimiter');
   Expect(Pos('One.Caption=One;Anders;;Un', BytesOfFile(FileName)) > 0, 'which every line gets');
