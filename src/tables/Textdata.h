@@ -12,7 +12,7 @@ enum class TTextNature : std::uint8_t {
     Never,    ///< no text: names, files, formats
     Wording,  ///< what a control says
     Content,  ///< what may be wording or data: a value that looks like data is none
-    Filter,   ///< descriptions and patterns by turns: a text where it is so made
+    Filter,   ///< descriptions and patterns by turns: a text where a description is more than patterns
     Setting,  ///< part of a font: any value
 };
 

@@ -96,6 +96,24 @@ bool AnyLine(std::string_view value, Test test) {
     }
 }
 
+/// A description that is more than its patterns, as in "Web pages (*.html)|*.html" and not in
+/// "*.html|*.html".
+bool Describes(std::string_view filter) {
+    for (bool isDescription = filter.find('|') != std::string_view::npos; !filter.empty();
+         isDescription = !isDescription) {
+        const std::size_t end = std::min(filter.find('|'), filter.size());
+        std::string_view words = filter.substr(0, end);
+        filter.remove_prefix(std::min(end + 1, filter.size()));
+        while (isDescription && !words.empty()) {
+            const std::size_t blank = std::min(words.find_first_of(" ;,()"), words.size());
+            const std::string_view word = words.substr(0, blank);
+            if (HasLetter(word) && !word.starts_with("*.")) return true;
+            words.remove_prefix(std::min(blank + 1, words.size()));
+        }
+    }
+    return false;
+}
+
 bool Says(TTextNature nature, std::string_view value) {
     switch (nature) {
         case TTextNature::Never:
@@ -103,7 +121,7 @@ bool Says(TTextNature nature, std::string_view value) {
         case TTextNature::Setting:
             return true;
         case TTextNature::Filter:
-            return value.find('|') != std::string_view::npos && HasLetter(value);
+            return Describes(value);
         case TTextNature::Wording:
             return HasLetter(value);
         case TTextNature::Content:

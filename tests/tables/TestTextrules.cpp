@@ -38,6 +38,8 @@ TEST(Textrules, TextsOfEveryFrameworkHaveTheirTableAndDataHasNone) {
         {"TFindDialog", "FindText", "harbour", ""},
         {"TTable", "Filter", "COUNTRY = 'X' | Y", ""},
         {"TFileNameEdit", "Filter", "Charts|*.chart", "OtherStrings"},
+        {"TOpenDialog", "Filter", "*.json;*.txt|*.json;*.txt|(*.*)|*.*", ""},
+        {"TOpenDialog", "Filter", "*.json|*.json|All (*.*)|*.*", "DlgsCaptions"},
         {"TFileNameEdit", "DialogTitle", "Choose a chart", "OtherStrings"},
         {"TEdit", "TextHint", "User name", "OtherStrings"},
         {"TEdit", "Text", "Any harbour", "OtherStrings"},
