@@ -2,15 +2,19 @@
 
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 #include "base/Errors.h"
+#include "base/Files.h"
 #include "base/Utf8.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
+#include "cli/Terminal.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "projects/Lpipackages.h"
 #include "translations/Langlosses.h"
 
 namespace tml {
@@ -19,7 +23,11 @@ namespace {
 struct TInsertOptions : TFormOptions {
     std::string Class;
     std::string Languages;
+    bool AddPackage = false;
 };
+
+/// The package with the run-time library of localized programs.
+constexpr const char* kPackage = "tmllang";
 
 void CheckClass(IMlRuntime& runtime, const std::string& className) {
     if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
@@ -41,29 +49,74 @@ bool HasOwnComponent(TSession& session, TFormRow& row) {
     return GetmlLang(session.Context(), row.FormName) != nullptr;
 }
 
+/// The project file, "" for one of another kind, which knows no such packages.
+std::string PackageProject(TSession& session) {
+    const auto project = session.Modules().GetActiveProject();
+    const std::string file = project == nullptr ? std::string() : project->GetFileName();
+    return SameText(ExtensionOf(file), ".lpi") ? file : std::string();
+}
+
+/// None where the project requires the package already.
+std::optional<std::string> WithPackage(TSession& session, const std::string& file) {
+    const auto bytes = session.Modules().GetFiles().ReadFile(file);
+    return bytes ? WithRequiredPackage(*bytes, file, kPackage) : std::nullopt;
+}
+
+void AddPackage(TSession& session, std::ostream& report, bool json) {
+    const std::string file = PackageProject(session);
+    if (file.empty())
+        throw EBadInput("", 0, "only a project in .lpi requires packages", "Leave out --add-package");
+    const auto bytes = WithPackage(session, file);
+    if (bytes) session.Modules().GetFiles().WriteFile(file, *bytes);
+    const std::string name = FileNameOf(file);
+    if (json)
+        TJsonLine(report)
+            .Text("project", name)
+            .Text("package", kPackage)
+            .Text("done", bytes ? "added" : "kept");
+    else
+        report << name << ": " << (bytes ? "requires the package " : "requires the package already: ")
+               << kPackage << "\n";
+}
+
+/// A program that does not build would be a puzzle.
+void AdvisePackage(TSession& session) {
+    const std::string file = PackageProject(session);
+    if (!file.empty() && WithPackage(session, file))
+        PrintMessage(FileNameOf(file) + " does not require the package " + kPackage +
+                     " yet: --add-package adds it, or the project inspector");
+}
+
+void InsertInto(TProgram& program, TSession& session, TFormRow& row, std::ostream& report) {
+    const bool had = HasOwnComponent(session, row);
+    if (!had) InsertTmlLang(session.Context(), row);
+    const auto component = GetmlLang(session.Context(), row.FormName);
+    if (component == nullptr && !session.Answers().Errors.empty()) return;
+    if (!had) ExpectComponent(component, row);
+    const std::string name = component != nullptr ? component->GetName() : row.Component.ComponentName;
+    if (program.Json)
+        TJsonLine(report)
+            .Text("form", row.FormName)
+            .Text("component", name)
+            .Text("done", had ? "kept" : "inserted");
+    else
+        report << row.FormName << ": " << name << (had ? " is there already" : " inserted") << "\n";
+}
+
 int RunInsert(TProgram& program, const TInsertOptions& options) {
     program.ComponentClass = options.Class;
     TSession session(program, options.Project);
     CheckClass(*session.Context().Host.Runtime, options.Class);
     std::ostringstream report;  // told when the files are written, not before
-    session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
-        const bool had = HasOwnComponent(session, row);
-        if (!had) InsertTmlLang(session.Context(), row);
-        const auto component = GetmlLang(session.Context(), row.FormName);
-        if (component == nullptr && !session.Answers().Errors.empty()) return;
-        if (!had) ExpectComponent(component, row);
-        const std::string name = component != nullptr ? component->GetName() : row.Component.ComponentName;
-        if (program.Json)
-            TJsonLine(report)
-                .Text("form", row.FormName)
-                .Text("component", name)
-                .Text("done", had ? "kept" : "inserted");
-        else
-            report << row.FormName << ": " << name << (had ? " is there already" : " inserted") << "\n";
-    });
+    const auto scope = session.Modules().BeginCommand("Insert");
+    if (options.AddPackage) AddPackage(session, report, program.Json);
+    session.ForEach(session.Rows(options.Forms),
+                    [&](TFormRow& row) { InsertInto(program, session, row, report); });
+    scope->Commit();
     session.Ide().SaveAll();
     program.HasWritten = true;
     std::cout << report.str();
+    if (!options.AddPackage) AdvisePackage(session);
     return session.ExitCode();
 }
 
@@ -132,6 +185,8 @@ void AddInsertCommand(CLI::App& app, TProgram& program) {
                                   "  tmllang insert Orchard.dproj --class TmlLangRT"),
                        *options);
     command->add_option("--class", options->Class, "Class of the component instead of the default one");
+    command->add_flag("--add-package", options->AddPackage,
+                      "Let the project (.lpi) require the package of the components, too");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunInsert(shared, *options); };
     });

@@ -1,0 +1,21 @@
+unit Main;
+
+{$mode objfpc}{$H+}
+
+interface
+
+uses
+  Forms;
+
+type
+  TMainForm = class(TForm)
+  end;
+
+var
+  MainForm: TMainForm;
+
+implementation
+
+{$R *.lfm}
+
+end.

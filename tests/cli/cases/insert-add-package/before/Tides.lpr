@@ -1,0 +1,7 @@
+program Tides;
+
+uses
+  Interfaces, Forms, Main;
+
+begin
+end.
