@@ -62,7 +62,7 @@ void PrintFont(const std::string& key, const std::string& text) {
     Print(key + ".Style", style);
 }
 
-void PrintTexts(IOTAComponent& owner, const std::string& language) {
+void PrintTexts(const std::shared_ptr<IOTAComponent>& owner, const std::string& language) {
     std::cout << "== " << language << '\n';
     const TFormParts parts(owner);
     for (const TFormText& text : CollectTexts(parts, TExclusionRules({}, {}, {}, {}), true).Texts) {
@@ -83,12 +83,12 @@ void Run(const std::string& project, const std::string& unit, const std::vector<
     ide.OpenProject(project);
     const auto owner = ide.GetModuleServices()->OpenModule(unit, false)->GetFormEditor()->GetRootComponent();
     const auto lang = LangOf(*runtime, *owner);
-    PrintTexts(*owner, lang->GetLangNames()[lang->GetActiveLanguage() - 1]);
+    PrintTexts(owner, lang->GetLangNames()[lang->GetActiveLanguage() - 1]);
     for (const std::string& language : languages) {
         const int from = lang->GetActiveLanguage();
         lang->SetLanguage(language);
         lang->ShowLanguage(from, lang->GetActiveLanguage());
-        PrintTexts(*owner, language);
+        PrintTexts(owner, language);
     }
 }
 

@@ -17,8 +17,8 @@ struct TPseudoOptions : TFormOptions {
     std::string Language;
 };
 
-int PlaceOf(TmlCustomLang& lang, const TFormRow& row, const std::string& language) {
-    const TStringList names = lang.GetLangNames();
+int PlaceOf(ILanguages& languages, const TFormRow& row, const std::string& language) {
+    const TStringList names = languages.GetLangNames();
     const int place = names.IndexOf(language) + 1;
     if (place == 0)
         throw EBadInput(row.FileName, 0, "the form has no language " + language,
@@ -44,11 +44,23 @@ int Fill(TmlCustomLang& lang, int place) {
     return texts;
 }
 
+/// Gives the number of texts. A form that shows the language shows what is made up.
+int FillLanguage(TmlCustomLang& lang, const TFormRow& row, const std::string& language) {
+    const auto dispatcher = lang.GetDispatcher();
+    ILanguages& languages = dispatcher != nullptr ? static_cast<ILanguages&>(*dispatcher) : lang;
+    const int place = PlaceOf(languages, row, language);
+    const bool isShown = languages.GetActiveLanguage() == place;
+    if (isShown) lang.ShowLanguage(place, 1);
+    const int texts = Fill(lang, place);
+    if (isShown) lang.ShowLanguage(1, place);
+    return texts;
+}
+
 int RunPseudo(TProgram& program, const TPseudoOptions& options) {
     TSession session(program, options.Project);
     std::ostringstream report;
     ChangeEachTmlLang(session, options, "Pseudo Language", [&](TFormRow& row, TmlCustomLang& lang) {
-        const int texts = Fill(lang, PlaceOf(lang, row, options.Language));
+        const int texts = FillLanguage(lang, row, options.Language);
         if (program.Json)
             TJsonLine(report).Text("form", row.FormName).Number("texts", texts);
         else

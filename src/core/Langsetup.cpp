@@ -43,11 +43,7 @@ TMoves MovesOf(ILanguages& languages, const TLangSetUp& setUp) {
 void MoveTexts(TmlCustomLang& lang, const TMoves& moves) {
     if (moves.AreNone(lang.GetNumLang())) return;
     if (moves.Shown() != moves.Active) lang.ShowLanguage(moves.Active, moves.Shown());
-    for (const TTableKind& kind : kTableKinds) {
-        TTable table = lang.GetTable(kind.Type);
-        table.MoveLanguages(moves.Places);
-        lang.SetTable(table);
-    }
+    lang.MoveLanguages(moves.Places);
 }
 
 void SetNames(ILanguages& languages, const TLangSetUp& setUp) {

@@ -45,12 +45,14 @@ TEdit TFormBinaryEditor::Name(const TFormNodeData& node) const {
     return {node.NameSpan.Begin, node.NameSpan.End, bytes};
 }
 
-TEdit TFormBinaryEditor::NewProperty(const TFormNodeData& owner, const TFormProperty& property) const {
+TEdit TFormBinaryEditor::NewProperty(const TFormNodeData& owner, const TFormProperty& property,
+                                     const TFormPropertyPlace* next) const {
     std::string bytes;
     TFormBinaryWriter writer(file_, strings_, bytes);
     writer.Property(CheckedPropertyName(property.Name, file_));
     EmitValue(property.Value, file_, writer);
-    return {owner.PropertiesEnd, owner.PropertiesEnd, bytes};
+    const std::size_t offset = next == nullptr ? owner.PropertiesEnd : next->Name.Begin;
+    return {offset, offset, bytes};
 }
 
 TEdit TFormBinaryEditor::NewChild(const TFormNodeData& parent, const TFormNode& child) const {

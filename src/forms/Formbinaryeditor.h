@@ -19,7 +19,8 @@ class TFormBinaryEditor : public IFormEditor {
     std::string Item(const std::vector<TFormProperty>& item, const TFormSpot& spot) const override;
     TEdit Replacement(TFormSpan value) const override { return {value.Begin, value.End, ""}; }
     TEdit Name(const TFormNodeData& node) const override;
-    TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property) const override;
+    TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
+                      const TFormPropertyPlace* next) const override;
     TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const override;
     TEdit Removal(TFormSpan span) const override { return {span.Begin, span.End, ""}; }
     /// Brings the resource's size up to date.

@@ -134,14 +134,21 @@ std::string TValueRewriter::RewriteItem(const TFormValuePlace::TItem& place, con
     return result.append(Bytes(copied, place.Span.End));
 }
 
+bool IsInFile(const TFormPropertyPlace& place) {
+    return !place.Name.Empty();
+}
+
 void AddNodeEdits(const TFormNode& node, const IFormEditor& editor, TEdits& edits) {
     const TFormNodeData& data = node.Data();
     const TFormFile& file = *data.File;
     if (data.Renamed) edits.push_back(editor.Name(data));
-    for (const TFormPropertyPlace& place : data.Properties) {
+    for (auto at = data.Properties.begin(); at != data.Properties.end(); ++at) {
+        const TFormPropertyPlace& place = *at;
         if (!place.Change) continue;
         if (place.Name.Empty()) {
-            edits.push_back(editor.NewProperty(data, *place.Change));
+            const auto next = std::find_if(at, data.Properties.end(), IsInFile);
+            edits.push_back(
+                editor.NewProperty(data, *place.Change, next == data.Properties.end() ? nullptr : &*next));
             continue;
         }
         TEdit edit = editor.Replacement(place.Value);

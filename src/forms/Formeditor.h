@@ -35,7 +35,9 @@ class IFormEditor {
 
     /// Puts a component's new name in the place of the old.
     virtual TEdit Name(const TFormNodeData& node) const = 0;
-    virtual TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property) const = 0;
+    /// In front of a property that the file holds, or (nullptr) behind them all.
+    virtual TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
+                              const TFormPropertyPlace* next) const = 0;
     virtual TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const = 0;
     /// What goes when a property or component goes.
     virtual TEdit Removal(TFormSpan span) const = 0;

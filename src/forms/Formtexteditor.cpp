@@ -1,5 +1,7 @@
 #include "forms/Formtexteditor.h"
 
+#include <algorithm>
+
 #include "forms/Formbuilder.h"
 #include "forms/Formchars.h"
 #include "forms/Formstrings.h"
@@ -103,13 +105,22 @@ TEdit TFormTextEditor::NewLines(std::size_t offset, const TFormSpot& spot, const
     return {offset, offset, (atLineStart ? "" : spot.LineEnd) + spot.Indent + text + spot.LineEnd};
 }
 
-TEdit TFormTextEditor::NewProperty(const TFormNodeData& owner, const TFormProperty& property) const {
-    const std::size_t offset = LineAfter(owner.PropertiesEnd);
+// Indented as its first sibling of the file.
+TFormSpot TFormTextEditor::PropertySpot(const TFormNodeData& owner) const {
     TFormSpot spot = Deeper(SpotAt(owner.Span.Begin), 1);
-    if (!owner.Properties.empty() && !owner.Properties.front().Name.Empty()) {
-        const std::string_view sibling = IndentAt(text_, owner.Properties.front().Name.Begin);
-        if (!sibling.empty()) spot.Indent = sibling;
-    }
+    const auto first = std::find_if(owner.Properties.begin(), owner.Properties.end(),
+                                    [](const TFormPropertyPlace& place) { return !place.Name.Empty(); });
+    if (first == owner.Properties.end()) return spot;
+    const std::string_view sibling = IndentAt(text_, first->Name.Begin);
+    if (!sibling.empty()) spot.Indent = sibling;
+    return spot;
+}
+
+TEdit TFormTextEditor::NewProperty(const TFormNodeData& owner, const TFormProperty& property,
+                                   const TFormPropertyPlace* next) const {
+    const std::size_t offset = next == nullptr ? LineAfter(owner.PropertiesEnd)
+                                               : next->Name.Begin - IndentAt(text_, next->Name.Begin).size();
+    TFormSpot spot = PropertySpot(owner);
     spot.LineEnd = SpotAt(offset).LineEnd;
     std::string text;
     const TFormTextStyle style = StyleAt(spot);

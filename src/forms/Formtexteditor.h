@@ -17,7 +17,8 @@ class TFormTextEditor : public IFormEditor {
     std::string Item(const std::vector<TFormProperty>& item, const TFormSpot& spot) const override;
     TEdit Replacement(TFormSpan value) const override;
     TEdit Name(const TFormNodeData& node) const override;
-    TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property) const override;
+    TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
+                      const TFormPropertyPlace* next) const override;
     TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const override;
     TEdit Removal(TFormSpan span) const override;
     /// A text has nothing that follows from other changes.
@@ -25,6 +26,7 @@ class TFormTextEditor : public IFormEditor {
 
   private:
     TFormTextStyle StyleAt(const TFormSpot& spot) const;
+    TFormSpot PropertySpot(const TFormNodeData& owner) const;
     std::size_t LineAfter(std::size_t offset) const;
     TEdit NewLines(std::size_t offset, const TFormSpot& spot, const std::string& text) const;
 

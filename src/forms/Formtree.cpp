@@ -55,21 +55,24 @@ const IFormEditor& TFormTree::Editor() {
     return *editor_;
 }
 
-void TFormTree::SetProperty(TFormNode& node, const std::string& name, const TFormValue& value) {
+void TFormTree::SetProperty(TFormNode& node, const std::string& name, const TFormValue& value,
+                            std::size_t place) {
     if (node.Find(name) == value) return;
     TFormNodeData& data = node.Data();
     // Made for the sake of what it throws.
-    Editor().NewProperty(root_->Data(), {name, value});
+    Editor().NewProperty(root_->Data(), {name, value}, nullptr);
     const std::size_t index = data.FindProperty(name);
     if (index == kNoProperty) {
-        data.Properties.emplace_back().Change = std::make_unique<TFormProperty>(TFormProperty{name, value});
+        const auto at = static_cast<std::ptrdiff_t>(std::min(place, data.Properties.size()));
+        TFormPropertyPlace& added = *data.Properties.emplace(data.Properties.begin() + at);
+        added.Change = std::make_unique<TFormProperty>(TFormProperty{name, value});
         return;
     }
-    TFormPropertyPlace& place = data.Properties[index];
-    if (place.Change)
-        place.Change->Value = value;
+    TFormPropertyPlace& held = data.Properties[index];
+    if (held.Change)
+        held.Change->Value = value;
     else
-        place.Change = std::make_unique<TFormProperty>(TFormProperty{data.PropertyName(place), value});
+        held.Change = std::make_unique<TFormProperty>(TFormProperty{data.PropertyName(held), value});
 }
 
 void TFormTree::RemoveProperty(TFormNode& node, std::string_view name) {

@@ -33,10 +33,11 @@ class TFormTree {
     /// nullptr when there is none.
     TFormNode* FindComponent(std::string_view name);
 
-    /// Sets a property, adding it behind the others where the file has none. An equal value changes
-    /// nothing. Throws EBadInput when the file's code page cannot hold a name, or when the value is one that
-    /// no form can hold.
-    void SetProperty(TFormNode& node, const std::string& name, const TFormValue& value);
+    /// Sets a property; where the file has none it is added at the index, or behind the others. An equal
+    /// value changes nothing. Throws EBadInput when the file's code page cannot hold a name, or when the
+    /// value is one that no form can hold.
+    void SetProperty(TFormNode& node, const std::string& name, const TFormValue& value,
+                     std::size_t place = kNoProperty);
     /// Removes a property; one that is not there is no error.
     void RemoveProperty(TFormNode& node, std::string_view name);
     /// Adds a component behind the children of parent.

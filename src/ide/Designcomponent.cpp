@@ -1,6 +1,7 @@
 #include "ide/Designcomponent.h"
 
 #include "base/Errors.h"
+#include "runtime/Classproperties.h"
 
 namespace tml {
 
@@ -51,6 +52,10 @@ std::shared_ptr<IOTAComponent> TDesignComponent::GetComponent(int index) {
     return form_.ComponentOf(*form_.OwnedBy(node).at(static_cast<std::size_t>(index)));
 }
 
+std::shared_ptr<IOTAComponent> TDesignComponent::FindComponent(const std::string& name) {
+    return form_.Designer().FindOwned(Node(), name);
+}
+
 std::shared_ptr<IOTAComponent> TDesignComponent::GetPropComponent(const std::string& name) {
     const auto value = Node().Find(name);
     if (!value || value->Kind != TFormValueKind::Identifier) return nullptr;
@@ -61,8 +66,10 @@ void TDesignComponent::SetPropValue(const std::string& name, const TFormValue& v
     TFormNode& node = Node();
     const auto current = node.Find(name);
     if (current && *current == value) return;
+    const std::size_t place =
+        current ? kNoProperty : PlaceOfNewProperty(node.ClassName(), node.PropertyNames(), name);
     form_.Change("Set " + node.Name() + "." + name,
-                 [&](TFormTree& tree) { tree.SetProperty(node, name, value); });
+                 [&](TFormTree& tree) { tree.SetProperty(node, name, value, place); });
 }
 
 void TDesignComponent::RemoveProp(const std::string& name) {

@@ -34,6 +34,7 @@ class TDesignComponent : public IOTAComponent {
     void SetName(const std::string& name) override;
     int GetComponentCount() override;
     std::shared_ptr<IOTAComponent> GetComponent(int index) override;
+    std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
     std::vector<TFormProperty> GetProperties() override { return Node().Properties(); }
     std::optional<TFormValue> GetPropValue(const std::string& name) override { return Node().Find(name); }
     std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) override;

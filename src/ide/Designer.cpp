@@ -54,12 +54,17 @@ std::shared_ptr<IOTAComponent> TDesigner::GetRootComponent() {
 }
 
 std::shared_ptr<IOTAComponent> TDesigner::FindComponent(const std::string& name) {
-    if (TFormNode* node = form_->FindOwned(name)) return form_->ComponentOf(*node);
-    const bool isDescendant = form_->Root().Prefix() == TFormPrefix::Inherited;
-    const auto inherited = isDescendant ? FindInherited(name) : nullptr;
+    TFormNode& root = form_->Root();
+    return SameText(root.Name(), name) ? form_->ComponentOf(root) : FindOwned(root, name);
+}
+
+std::shared_ptr<IOTAComponent> TDesigner::FindOwned(TFormNode& owner, const std::string& name) {
+    if (TFormNode* node = form_->FindOwned(owner, name)) return form_->ComponentOf(*node);
+    const auto inherited = owner.Prefix() == TFormPrefix::Object ? nullptr : FindInherited(owner, name);
     if (inherited == nullptr) return nullptr;
-    std::shared_ptr<IOTAComponent>& component = inherited_[UpperCase(name)];
-    if (!component) component = std::make_shared<TInheritedComponent>(form_, inherited->GetName());
+    const auto holder = form_->ComponentOf(owner);
+    std::shared_ptr<IOTAComponent>& component = inherited_[{holder->GetComponentHandle(), UpperCase(name)}];
+    if (!component) component = std::make_shared<TInheritedComponent>(form_, holder, inherited->GetName());
     return component;
 }
 
@@ -116,7 +121,7 @@ void TDesigner::Destroyed() {
 }
 
 bool TDesigner::IsFree(const std::string& name, const std::string& typeName) {
-    return form_->FindOwned(name) == nullptr && FindInherited(name) == nullptr &&
+    return form_->FindOwned(name) == nullptr && FindInherited(form_->Root(), name) == nullptr &&
            source_.HasRoomFor(form_->Root().ClassName(), name, typeName);
 }
 
@@ -199,6 +204,7 @@ void TDesigner::Rename(TFormNode& node, const std::string& name) {
 
 void TDesigner::Delete(TFormNode& node) {
     if (&node == &form_->Root()) throw EBadInput(GetFileName(), 0, "the form itself cannot be deleted");
+    if (node.Prefix() == TFormPrefix::Inherited && node.PropertyNames().empty()) return Forget(node);
     CheckOwn(node);
     const std::string name = node.Name();
     const auto command = services_.Journal->Begin("Delete " + name);
@@ -213,6 +219,12 @@ void TDesigner::Delete(TFormNode& node) {
     command->Commit();
 }
 
+/// The file repeats an inherited component for its properties, or for what stands in its block.
+void TDesigner::Forget(TFormNode& node) {
+    if (!node.Children().empty()) return;
+    form_->Change("Reset " + node.Name(), [&](TFormTree& tree) { form_->Remove(tree, node); });
+}
+
 std::shared_ptr<IOTAComponent> TDesigner::FindReference(const std::string& reference) {
     const std::size_t dot = reference.find('.');
     if (dot == std::string::npos) return FindComponent(reference);
@@ -223,8 +235,8 @@ std::shared_ptr<IOTAComponent> TDesigner::FindReference(const std::string& refer
     return FindOn(std::move(place), name);
 }
 
-std::shared_ptr<IOTAComponent> TDesigner::FindInherited(const std::string& name) {
-    return FindOn(FindAncestor(form_->Root()), name);
+std::shared_ptr<IOTAComponent> TDesigner::FindInherited(const TFormNode& owner, const std::string& name) {
+    return FindOn(FindAncestor(owner), name);
 }
 
 /// The project's form of a class has the class's name without its T.

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "ide/Formdocument.h"
@@ -61,9 +62,11 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void Delete(TFormNode& node) override;
     std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) override;
     std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
-    std::shared_ptr<IOTAComponent> FindInherited(const std::string& name) override;
+    std::shared_ptr<IOTAComponent> FindOwned(TFormNode& owner, const std::string& name) override;
+    std::shared_ptr<IOTAComponent> FindInherited(const TFormNode& owner, const std::string& name) override;
     void NameRestored() override;
 
+    void Forget(TFormNode& node);
     bool IsFree(const std::string& name, const std::string& typeName);
     std::string NewName(const std::string& name, const std::string& className);
     void CheckName(const std::string& name);
@@ -78,8 +81,8 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     TServices services_;
     TNotifierList<IOTAFormNotifier> notifiers_;
     std::vector<std::shared_ptr<TDesignComponent>> selection_;
-    /// What was asked for of the components that the file does not repeat, by upper-cased name.
-    std::unordered_map<std::string, std::shared_ptr<IOTAComponent>> inherited_;
+    /// What was asked for of the components that the file does not repeat, by owner and upper-cased name.
+    std::map<std::pair<TComponentHandle, std::string>, std::shared_ptr<IOTAComponent>> inherited_;
 };
 
 }  // namespace tml

@@ -89,8 +89,15 @@ TFormNode* TFormDocument::OwnerOf(const TFormNode& node) const {
 }
 
 TFormNode* TFormDocument::FindOwned(std::string_view name) {
-    if (SameText(Root().Name(), name)) return &Root();
-    const std::vector<TFormNode*>& owned = OwnedBy(Root());
+    return SameText(Root().Name(), name) ? &Root() : FindOwned(Root(), name);
+}
+
+TFormNode* TFormDocument::FindOwned(const TFormNode& owner, std::string_view name) {
+    // A frame that is inherited owns what stands in its block.
+    const bool isInherited = owner.Parent() != nullptr && owner.Prefix() == TFormPrefix::Inherited;
+    const std::vector<TFormNode*> block =
+        isInherited ? NodesBelow(const_cast<TFormNode&>(owner), false) : std::vector<TFormNode*>();
+    const std::vector<TFormNode*>& owned = isInherited ? block : OwnedBy(owner);
     const auto found = std::find_if(owned.begin(), owned.end(),
                                     [&](const TFormNode* node) { return SameText(node->Name(), name); });
     return found == owned.end() ? nullptr : *found;

@@ -26,8 +26,11 @@ class IComponentDesigner {
     virtual std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) = 0;
     /// What the node repeats, see IOTAComponent::GetAncestor.
     virtual std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) = 0;
-    /// The component of the nearest ancestor that has one of this name; nullptr when there is none.
-    virtual std::shared_ptr<IOTAComponent> FindInherited(const std::string& name) = 0;
+    /// See IOTAComponent::FindComponent.
+    virtual std::shared_ptr<IOTAComponent> FindOwned(TFormNode& owner, const std::string& name) = 0;
+    /// The component of the form's or frame's nearest ancestor that has one of this name; nullptr when there
+    /// is none.
+    virtual std::shared_ptr<IOTAComponent> FindInherited(const TFormNode& owner, const std::string& name) = 0;
     /// A component, perhaps the form itself, got a former name back.
     virtual void NameRestored() = 0;
 };
@@ -61,6 +64,8 @@ class TFormDocument : public TDocument {
     TFormNode* OwnerOf(const TFormNode& node) const;
     /// The form itself or a component that it owns, without regard to case; nullptr when there is none.
     TFormNode* FindOwned(std::string_view name);
+    /// Likewise a component of the file that a form or frame owns.
+    TFormNode* FindOwned(const TFormNode& owner, std::string_view name);
 
     /// Makes a change as one step of undo, or as part of the running command. EBadInput when the form is
     /// closed.

@@ -1,18 +1,17 @@
 #include "ide/Inheritedcomponent.h"
 
 #include "base/Errors.h"
-#include "ide/Designcomponent.h"
 
 namespace tml {
 
 std::shared_ptr<IOTAComponent> TInheritedComponent::Repeated() {
     if (form_->IsClosed()) return nullptr;
-    TFormNode* node = form_->FindOwned(name_);
+    TFormNode* node = form_->FindOwned(owner_->Node(), name_);
     return node == nullptr ? nullptr : form_->ComponentOf(*node);
 }
 
 std::shared_ptr<IOTAComponent> TInheritedComponent::Inherited() {
-    auto found = form_->IsClosed() ? nullptr : form_->Designer().FindInherited(name_);
+    auto found = form_->IsClosed() ? nullptr : form_->Designer().FindInherited(owner_->Node(), name_);
     if (found != nullptr) return found;
     throw EBadInput(form_->FileName(), 0, "the form inherits no component " + name_ + " any more",
                     "Open the form again and repeat the command");
@@ -21,10 +20,6 @@ std::shared_ptr<IOTAComponent> TInheritedComponent::Inherited() {
 TComponentHandle TInheritedComponent::GetComponentHandle() {
     const auto repeated = Repeated();
     return repeated != nullptr ? repeated->GetComponentHandle() : this;
-}
-
-std::shared_ptr<IOTAComponent> TInheritedComponent::GetOwner() {
-    return form_->ComponentOf(form_->Root());
 }
 
 void TInheritedComponent::SetName(const std::string& name) {
@@ -56,7 +51,7 @@ void TInheritedComponent::SetPropValue(const std::string& name, const TFormValue
     if (Repeated() == nullptr) {
         const auto inherited = Inherited();
         form_->Change("Set " + name_ + "." + name, [&](TFormTree& tree) {
-            TFormNode& node = form_->Add(tree, form_->Root(), inherited->GetName(),
+            TFormNode& node = form_->Add(tree, owner_->Node(), inherited->GetName(),
                                          inherited->GetComponentType(), TFormPrefix::Inherited);
             tree.SetProperty(node, name, value);
         });

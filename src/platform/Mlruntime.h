@@ -52,9 +52,12 @@ class TmlCustomLang : public ILanguages {
     virtual TTable GetTable(TStringsType type) = 0;
     /// Changes the lines of the form that differ. A table that the class does not have is left out.
     virtual void SetTable(const TTable& table) = 0;
-    /// Where a property of the form reads as the tables have it in one language (1-based), it gets the text
-    /// in the other; the base text stands in for an empty one.
+    /// Where a property of the form reads as the tables have it in one language (1-based), it gets the value
+    /// in the other (docs/tables.md).
     virtual void ShowLanguage(int from, int to) = 0;
+    /// Moves the values of all tables and what is known of them along with their languages; former as in
+    /// MovedValues.
+    virtual void MoveLanguages(const std::vector<int>& former) = 0;
     /// All of them, and all that differ at once.
     virtual std::vector<TTable> GetTables() = 0;
     virtual void SetTables(const std::vector<TTable>& tables) = 0;

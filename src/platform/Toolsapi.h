@@ -92,6 +92,9 @@ class IOTAComponent {
     /// The components that this one owns, in form file order (those inside a frame belong to the frame).
     virtual int GetComponentCount() = 0;
     virtual std::shared_ptr<IOTAComponent> GetComponent(int index) = 0;
+    /// One that the form or frame owns, by name without regard to case; also one that it inherits and the
+    /// file does not repeat, which it does as soon as a property is set. nullptr when there is none.
+    virtual std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) = 0;
     /// What the form holds, names and values in file order; the rest has its default.
     virtual std::vector<TFormProperty> GetProperties() = 0;
     /// None when the form does not hold the property (it has its default then).
@@ -99,9 +102,11 @@ class IOTAComponent {
     /// The component that a reference names, on the same form or ("Form1.Name") on another form of the
     /// project; nullptr when it names none.
     virtual std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) = 0;
+    /// A property that the form does not hold yet is added where streaming writes it.
     virtual void SetPropValue(const std::string& name, const TFormValue& value) = 0;
     virtual void RemoveProp(const std::string& name) = 0;
-    /// Deletes the component and its field.
+    /// Deletes the component and its field. One that is inherited cannot go; where it has no properties, and
+    /// no other stands in its block, the form's file repeats it no longer.
     virtual void Delete() = 0;
 };
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Format.h"
+#include "base/Languagetags.h"
 #include "base/Utf8.h"
 #include "runtime/Classes.h"
 #include "runtime/Componentprops.h"
@@ -34,13 +35,28 @@ TExclusionRules RulesOf(TmlCustomLang& lang, const TFormParts& parts) {
 struct TLanguages {
     int Count;
     int Active;
+    TStringList Names;
 };
 
 /// Under a dispatcher its languages hold.
 TLanguages LanguagesOf(TmlCustomLang& lang) {
     if (const auto dispatcher = lang.GetDispatcher())
-        return {dispatcher->GetNumOfLanguages(), dispatcher->GetActiveLanguage()};
-    return {lang.GetNumLang(), lang.GetActiveLanguage()};
+        return {dispatcher->GetNumOfLanguages(), dispatcher->GetActiveLanguage(), dispatcher->GetLangNames()};
+    return {lang.GetNumLang(), lang.GetActiveLanguage(), lang.GetLangNames()};
+}
+
+/// Languages whose names tell what they are get their tags; a tag that is there stays.
+void FillLocales(TTable& locales, const TStringList& names) {
+    constexpr const char* kLocale = ".Locale";
+    for (int i = 0; i < names.Count(); ++i) {
+        const std::string tag = LanguageTagOf(names[i]);
+        if (tag.empty()) continue;
+        locales.Add(kLocale, {}, names.Count());
+        const int entry = locales.Find(kLocale);
+        const auto& values = locales.Entries()[static_cast<std::size_t>(entry)].Values;
+        const auto place = static_cast<std::size_t>(i);
+        if (place >= values.size() || values[place].Text.empty()) locales.SetText(entry, i + 1, tag);
+    }
 }
 
 /// Entries that stay although the form has no such text.
@@ -98,7 +114,7 @@ void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
 
 TStringList BuildTables(TmlCustomLang& lang) {
     const auto owner = lang.GetComponent()->GetOwner();
-    const TFormParts parts(*owner);
+    const TFormParts parts(owner);
     const TExclusionRules rules = RulesOf(lang, parts);
     const bool withItems = ClassInheritsFrom(lang.GetClassName(), "TmlLangTLV");
     const TCollectedTexts collected = CollectTexts(parts, rules, withItems);
@@ -109,6 +125,7 @@ TStringList BuildTables(TmlCustomLang& lang) {
         {languages.Count, languages.Active, ReadBooleanProp(*lang.GetComponent(), "IgnoreRemovals", false),
          TStaying(parts, rules, languages.Active == 1)});
     TakeFromAncestor(tables[static_cast<std::size_t>(TStringsType::stStrings)], lang);
+    FillLocales(tables[static_cast<std::size_t>(TStringsType::stLocales)], languages.Names);
     lang.SetTables(tables);
     UpdateExtended(*lang.GetComponent(), parts, languages.Active);
     return NotesOn(parts, owner->GetName(), collected.Notes);

@@ -60,6 +60,10 @@ std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& 
     return value;
 }
 
+void WriteProp(IOTAComponent& component, const std::string& name, const TFormValue& value) {
+    Write(component, name, value, InheritedValue(component, name) == value);
+}
+
 std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const std::string& name) {
     if (component.GetPropValue(name)) return component.GetPropComponent(name);
     const auto ancestor = component.GetAncestor();

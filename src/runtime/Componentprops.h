@@ -15,6 +15,8 @@ namespace tml {
 
 /// None when neither the form nor an ancestor holds the property.
 std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& name);
+/// Stores a value, or lets the ancestor's equal one hold.
+void WriteProp(IOTAComponent& component, const std::string& name, const TFormValue& value);
 /// The component that a reference names; nullptr when it names none.
 std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const std::string& name);
 int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue);

@@ -6,6 +6,7 @@
 #include "base/Utf8.h"
 #include "runtime/Componentprops.h"
 #include "tables/Propertytexts.h"
+#include "tables/Table.h"
 
 namespace tml {
 namespace {
@@ -72,6 +73,32 @@ void ClearExtended(IOTAComponent& lang) {
         std::vector<TFormValue>& values = ValuesOf(item);
         for (std::size_t i = 1; i < values.size(); ++i)
             values[i] = TFormValue::String({});
+    });
+}
+
+std::vector<TExtendedText> ReadExtended(IOTAComponent& lang) {
+    std::vector<TExtendedText> texts;
+    const auto value = ReadProp(lang, kExtended);
+    if (!value || value->Kind != TFormValueKind::Collection) return texts;
+    for (TItem item : value->Collection) {
+        TExtendedText text{
+            TextOf(item, "Component"), std::string(WithoutStrings(TextOf(item, "Property"))), {}};
+        for (const TFormValue& one : ValuesOf(item))
+            text.Values.push_back(one.Text);
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+void MoveExtended(IOTAComponent& lang, const std::vector<int>& former) {
+    ForEachItem(lang, [&](TItem& item) {
+        std::vector<TTableValue> texts;
+        for (TFormValue& value : ValuesOf(item))
+            texts.push_back({std::move(value.Text)});
+        std::vector<TFormValue>& values = ValuesOf(item);
+        values.clear();
+        for (TTableValue& text : MovedValues(texts, former))
+            values.push_back(TFormValue::String(std::move(text.Text)));
     });
 }
 

@@ -39,33 +39,36 @@ struct TFormParts::TPlaces {
     std::unordered_map<TComponentHandle, int> Parts;
 };
 
-TFormParts::TFormParts(IOTAComponent& owner) {
+TFormParts::TFormParts(const TComponentPtr& owner) {
     Read(owner, {}, -1);
 }
 
 /// A form, frame or ancestor: what it repeats first, then what its file says.
-void TFormParts::Read(IOTAComponent& owner, const std::string& path, int holder) {
-    const bool isFrame = owner.GetOrigin() == TComponentOrigin::coFrame;
+void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int holder) {
+    const bool isFrame = owner->GetOrigin() == TComponentOrigin::coFrame;
     const std::size_t begin = parts_.size();
-    const auto ancestor = ++depth_ > kDeepest ? nullptr : owner.GetAncestor();
-    if (ancestor != nullptr)
-        Read(*ancestor, path, holder);
-    else if (owner.GetOrigin() != TComponentOrigin::coOwn)
+    const auto ancestor = ++depth_ > kDeepest ? nullptr : owner->GetAncestor();
+    if (ancestor != nullptr) {
+        ++above_;
+        Read(ancestor, path, holder);
+        --above_;
+    } else if (owner->GetOrigin() != TComponentOrigin::coOwn) {
         unseen_.push_back(path);
+    }
     if (isFrame) LeaveTranslated(begin);
     const int part = Overlay(owner, path, holder);
     parts_[static_cast<std::size_t>(part)].IsFrame = isFrame;
-    TPlaces places{{{owner.GetComponentHandle(), part}}};
-    const int count = owner.GetComponentCount();
+    TPlaces places{{{owner->GetComponentHandle(), part}}};
+    const int count = owner->GetComponentCount();
     for (int i = 0; i < count; ++i)
-        ReadOwned(*owner.GetComponent(i), path, places);
+        ReadOwned(owner->GetComponent(i), path, places);
     --depth_;
 }
 
 /// What the file of a descendant says of an inherited frame stands in no frame's block, but within it all the
 /// same.
-void TFormParts::ReadOwned(IOTAComponent& component, const std::string& path, TPlaces& places) {
-    const auto parent = component.GetParent();
+void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places) {
+    const auto parent = component->GetParent();
     const auto block =
         parent == nullptr ? places.Parts.end() : places.Parts.find(parent->GetComponentHandle());
     int holder = block == places.Parts.end() ? -1 : block->second;
@@ -76,24 +79,26 @@ void TFormParts::ReadOwned(IOTAComponent& component, const std::string& path, TP
         inside = part.Path;
         break;
     }
-    const std::string own = component.GetName().empty() ? std::string() : Joined(inside, component.GetName());
+    const std::string own =
+        component->GetName().empty() ? std::string() : Joined(inside, component->GetName());
     if (own.empty()) {
-        places.Parts.emplace(component.GetComponentHandle(), holder);
-    } else if (component.GetOrigin() == TComponentOrigin::coFrame) {
+        places.Parts.emplace(component->GetComponentHandle(), holder);
+    } else if (component->GetOrigin() == TComponentOrigin::coFrame) {
         Read(component, own, holder);
     } else {
-        places.Parts.emplace(component.GetComponentHandle(), Overlay(component, own, holder));
+        places.Parts.emplace(component->GetComponentHandle(), Overlay(component, own, holder));
     }
 }
 
 /// Gives the component's index.
-int TFormParts::Overlay(IOTAComponent& component, const std::string& path, int holder) {
+int TFormParts::Overlay(const TComponentPtr& component, const std::string& path, int holder) {
     const auto [place, isNew] = byPath_.emplace(UpperCase(path), static_cast<int>(parts_.size()));
-    if (isNew) parts_.push_back({path, {}, {}, {}, holder, false, false});
+    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder, false, false});
     TFormPart& part = parts_[static_cast<std::size_t>(place->second)];
-    part.Name = component.GetName();
-    part.ClassName = component.GetComponentType();
-    Override(part.Properties, component.GetProperties());
+    part.Name = component->GetName();
+    part.ClassName = component->GetComponentType();
+    if (above_ == 0) part.Component = component;
+    Override(part.Properties, component->GetProperties());
     return place->second;
 }
 

@@ -17,6 +17,8 @@ struct TFormPart {
     std::string Name;
     std::string ClassName;
     std::vector<TFormProperty> Properties;
+    /// In the form's own file; nullptr for one that only its ancestors and frames hold.
+    std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
     bool IsFrame = false;
     bool TranslatesItself = false;  ///< stands on a frame that has a localization component of its own
@@ -25,7 +27,7 @@ struct TFormPart {
 /// All components of a form, frame or data module: its file's, its ancestors' and its frames'.
 class TFormParts {
   public:
-    explicit TFormParts(IOTAComponent& owner);
+    explicit TFormParts(const std::shared_ptr<IOTAComponent>& owner);
 
     const std::vector<TFormPart>& Items() const { return parts_; }
     /// The component at a path, without regard to case; nullptr when there is none.
@@ -38,15 +40,17 @@ class TFormParts {
 
   private:
     struct TPlaces;
-    void Read(IOTAComponent& owner, const std::string& path, int holder);
-    void ReadOwned(IOTAComponent& component, const std::string& path, TPlaces& places);
-    int Overlay(IOTAComponent& component, const std::string& path, int holder);
+    using TComponentPtr = std::shared_ptr<IOTAComponent>;
+    void Read(const TComponentPtr& owner, const std::string& path, int holder);
+    void ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places);
+    int Overlay(const TComponentPtr& component, const std::string& path, int holder);
     void LeaveTranslated(std::size_t begin);
 
     std::vector<TFormPart> parts_;
     std::unordered_map<std::string, int> byPath_;  ///< upper-cased
     std::vector<std::string> unseen_;
     int depth_ = 0;
+    int above_ = 0;  ///< ancestors and frames' own forms around what is being read
 };
 
 }  // namespace tml

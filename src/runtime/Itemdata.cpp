@@ -296,4 +296,14 @@ std::string TItemData::Bytes() const {
     return changed.append(bytes, done);
 }
 
+bool HoldsItems(const TFormProperty& property) {
+    constexpr std::string_view kItems = "Items.";
+    return property.Value.Kind == TFormValueKind::Binary && property.Name.size() > kItems.size() &&
+           SameText(std::string_view(property.Name).substr(0, kItems.size()), kItems);
+}
+
+std::optional<TItemData> ReadItemData(const TFormProperty& property) {
+    return HoldsItems(property) ? TItemData::Read(property.Name, property.Value.Text) : std::nullopt;
+}
+
 }  // namespace tml

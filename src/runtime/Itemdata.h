@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/Formvalue.h"
+
 namespace tml {
 
 /// The items of a list view or the nodes of a tree as a form holds them, in binary; only their texts are
@@ -43,5 +45,10 @@ class TItemData {
     std::vector<TField> fields_;
     std::vector<std::string> coded_;  ///< length and text of each field
 };
+
+/// True for a binary property of the object "Items".
+bool HoldsItems(const TFormProperty& property);
+/// The items of such a property; none where they cannot be read.
+std::optional<TItemData> ReadItemData(const TFormProperty& property);
 
 }  // namespace tml

@@ -8,7 +8,8 @@
 #include "base/Utf8.h"
 #include "runtime/Buildlist.h"
 #include "runtime/Classes.h"
-#include "runtime/Formtexts.h"
+#include "runtime/Extended.h"
+#include "runtime/Showlanguage.h"
 #include "tables/Languages.h"
 
 namespace tml {
@@ -25,13 +26,6 @@ void ExpectCount(IOTAComponent& component, int count) {
     if (count < 1 || count > kMostLanguages)
         throw EBadInput("", 0, component.GetName() + " cannot have " + std::to_string(count) + " languages",
                         "Give at least one language, and at most " + std::to_string(kMostLanguages));
-}
-
-/// The text that is shown in the language (1-based).
-const std::string& TextIn(const TTableEntry& entry, int language) {
-    const auto index = static_cast<std::size_t>(language) - 1;
-    const bool isThere = index < entry.Values.size() && !entry.Values[index].Text.empty();
-    return isThere ? entry.Values[index].Text : entry.Base();
 }
 
 /// "Old" and "Old.Property" are the component's, "Older" is not.
@@ -57,17 +51,18 @@ int TmlLangView::GetNumLang() {
 
 void TmlLangView::SetNumLang(int count) {
     ExpectCount(Component(), count);
-    if (count != Count()) FitTables(count);
+    std::vector<int> places(static_cast<std::size_t>(count));
+    std::iota(places.begin(), places.end(), 1);
+    if (count != Count()) MoveLanguages(places);
     StoreCount(count);
 }
 
-void TmlLangView::FitTables(int count) {
-    std::vector<int> places(static_cast<std::size_t>(count));
-    std::iota(places.begin(), places.end(), 1);
+void TmlLangView::MoveLanguages(const std::vector<int>& former) {
     std::vector<TTable> tables = GetTables();
     for (TTable& table : tables)
-        table.MoveLanguages(places);
+        table.MoveLanguages(former);
     WriteTables(tables);
+    MoveExtended(Component(), former);
 }
 
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
@@ -146,14 +141,7 @@ void TmlLangView::ClearTranslations() {
 }
 
 void TmlLangView::ShowLanguage(int from, int to) {
-    const TFormTexts texts(Component().GetOwner());
-    for (const TTableKind& kind : kTableKinds) {
-        // The string table's IDs are free texts and name no component.
-        if (kind.Type == TStringsType::stStrings) continue;
-        const TTable table = GetTable(kind.Type);
-        for (const TTableEntry& entry : table.Entries())
-            texts.Replace(entry.Key, TextIn(entry, from), TextIn(entry, to));
-    }
+    ShowTexts(*this, from, to);
 }
 
 TStringList TmlLangView::GetExclusions(TExclusionList list) {

@@ -26,6 +26,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     /// EBadInput where the form names more languages than kMostLanguages.
     void SetTable(const TTable& table) override;
     void ShowLanguage(int from, int to) override;
+    void MoveLanguages(const std::vector<int>& former) override;
     std::vector<TTable> GetTables() override;
     void SetTables(const std::vector<TTable>& tables) override;
     TStringList BuildList() override;
@@ -41,7 +42,6 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     TStateRecords ReadStates();
     TTable ReadTable(TStringsType type, const TStateRecords& states);
     void WriteTables(const std::vector<TTable>& tables);
-    void FitTables(int count);
     void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
 };
 

@@ -11,8 +11,6 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kItems = "Items.";
-
 bool IsLocalization(const std::string& className) {
     return ClassInheritsFrom(className, "TmlCustomLang") || ClassInheritsFrom(className, "TmlLangDispatcher");
 }
@@ -26,17 +24,12 @@ class TCollector {
             Add(part, text);
         if (!withItems_) return;
         for (const TFormProperty& property : part.Properties)
-            if (property.Value.Kind == TFormValueKind::Binary && IsItems(property.Name))
-                AddItems(part, property);
+            if (HoldsItems(property)) AddItems(part, property);
     }
 
     TCollectedTexts Result;
 
   private:
-    static bool IsItems(const std::string& name) {
-        return name.size() > kItems.size() && SameText(name.substr(0, kItems.size()), kItems);
-    }
-
     void Add(const TFormPart& part, const TPropertyText& text) {
         // What holds for a font holds for its name.
         const std::string path = text.Shape == TTextShape::Font ? text.Path + ".Name" : text.Path;
@@ -48,7 +41,7 @@ class TCollector {
     }
 
     void AddItems(const TFormPart& part, const TFormProperty& property) {
-        const auto items = TItemData::Read(property.Name, property.Value.Text);
+        const auto items = ReadItemData(property);
         if (!items) {
             Result.Notes.Add(
                 Format("%s: its %s cannot be read; it stays as it is", part.Path, property.Name));

@@ -107,4 +107,19 @@ bool TFontValue::Take(std::string_view name, const TFormValue& value) {
     return true;
 }
 
+std::optional<TFormValue> TFontValue::Property(std::string_view name) const {
+    TFormValue value;
+    if (SameText(name, "Name") && Name) return TFormValue::String(*Name);
+    if (SameText(name, "Height") && Height) {
+        value.Kind = TFormValueKind::Integer;
+        value.Text = *Height;
+        return value;
+    }
+    if (!SameText(name, "Style") || !Style) return std::nullopt;
+    value.Kind = TFormValueKind::Set;
+    for (const std::string& style : *Style)
+        value.Items.push_back(TFormValue::Identifier(std::string(kStylePrefix) + style));
+    return value;
+}
+
 }  // namespace tml

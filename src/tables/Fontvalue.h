@@ -26,6 +26,8 @@ struct TFontValue {
     /// Takes a property of a font ("Name", "Height", "Style") as a form holds it; false for another one and
     /// for a value of another kind.
     bool Take(std::string_view name, const TFormValue& value);
+    /// The other way round: what a form holds under this name; none where the font does not give it.
+    std::optional<TFormValue> Property(std::string_view name) const;
 };
 
 }  // namespace tml

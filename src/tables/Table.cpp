@@ -24,22 +24,37 @@ std::string LineOf(const TTableEntry& entry, std::string_view delimiter) {
     return JoinFields(fields, delimiter);
 }
 
-std::vector<TTableValue> Moved(const std::vector<TTableValue>& values, const std::vector<int>& former) {
+/// What is on record stays true under another base language, but for what equals the base text on purpose:
+/// the former base text does where the present one did.
+void FollowBaseLanguage(std::vector<TTableValue>& values, const std::vector<int>& former) {
+    const TTableValue base = std::exchange(values.front(), {values.front().Text});
+    for (std::size_t i = 1; i < values.size(); ++i) {
+        TTableValue& value = values[i];
+        const bool isEqual = value.Text == base.Text;
+        if (value.Mark == TValueMark::Same && !isEqual) value.Mark = TValueMark::None;
+        if (base.Mark == TValueMark::Same && isEqual && former[i] == 1) value.Mark = TValueMark::Same;
+    }
+}
+
+}  // namespace
+
+std::vector<TTableValue> MovedValues(const std::vector<TTableValue>& values, const std::vector<int>& former,
+                                     bool beginEmpty) {
     const auto valueAt = [&](int place, const TTableValue& missing) {
         const bool isThere = place > 0 && place <= static_cast<int>(values.size());
         return isThere ? values[static_cast<std::size_t>(place) - 1] : missing;
     };
     TTableValue base = valueAt(former.front(), valueAt(1, {}));
-    if (base.Text.empty()) base = valueAt(1, {});
+    // An empty text shows the base text; there is none behind that of the base language.
+    if (base.Text.empty() && !beginEmpty) base = valueAt(1, {});
+    const TTableValue begin = beginEmpty ? TTableValue() : TTableValue{base.Text};
     std::vector<TTableValue> moved;
     for (const int place : former)
-        moved.push_back(valueAt(place, base));
-    // An empty text shows the base text; there is none behind that of the base language.
-    if (!moved.empty() && moved.front().Text.empty()) moved.front() = base;
+        moved.push_back(valueAt(place, begin));
+    moved.front() = base;
+    if (former.front() != 1) FollowBaseLanguage(moved, former);
     return moved;
 }
-
-}  // namespace
 
 const std::string& TTableEntry::Base() const {
     static const std::string none;
@@ -138,7 +153,7 @@ void TTable::Remove(const std::vector<bool>& gone) {
 void TTable::MoveLanguages(const std::vector<int>& former) {
     for (int i = 0; i < stored_.Count(); ++i) {
         const std::vector<TTableValue>& old = entries_[static_cast<std::size_t>(i)].Values;
-        std::vector<TTableValue> moved = Moved(old, former);
+        std::vector<TTableValue> moved = MovedValues(old, former, type_ == TStringsType::stLocales);
         if (moved != old) Touch(i).Values = std::move(moved);
     }
 }

@@ -34,6 +34,13 @@ struct TTableEntry {
     const std::string& Base() const;
 };
 
+/// The values of an entry moved along with their languages. former holds, for each language from now on, the
+/// place (1-based) that it had, 0 for a new one, which begins with the base text or (beginEmpty) without a
+/// text. A language that becomes the base language takes the former base text where it has none, and has no
+/// state from then on.
+std::vector<TTableValue> MovedValues(const std::vector<TTableValue>& values, const std::vector<int>& former,
+                                     bool beginEmpty = false);
+
 /// A translation table as a value: entries in a stable order, found by key in constant time. An entry that
 /// nobody changes is written back byte for byte, odd ones (no value, more values than languages, a key that
 /// stands twice) included.
@@ -68,9 +75,8 @@ class TTable {
     void ClearTranslations();
     /// Removes the entries with a flag.
     void Remove(const std::vector<bool>& gone);
-    /// Moves the values along with their languages. former holds, for each language from now on, the place
-    /// (1-based) that it had, 0 for a new one, which begins with the base text. A language
-    /// that becomes the base language takes the former base text where it has none.
+    /// Moves the values along with their languages, see MovedValues; what a new language is called in Locales
+    /// is nobody's.
     void MoveLanguages(const std::vector<int>& former);
 
   private:

@@ -68,7 +68,7 @@ TEST_F(TBuildTest, TextsOfAncestorsAndFramesAreTheForms) {
     const std::string tables =
         "Captions:.Caption|Harbour|Harbour\nCaptions:btnOK.Caption|&OK|&OK\n"
         "Captions:fra.lblWeight.Caption|Weight:|Weight:\nCaptions:lblTide.Caption|Tide|Tide\n"
-        "Hints:btnOK.Hint|Go|Go\nHints:fra.lblWeight.Hint|In tons|In tons\n";
+        "Hints:btnOK.Hint|Go|Go\nHints:fra.lblWeight.Hint|In tons|In tons\nLocales:.Locale|en|de\n";
     EXPECT_EQ(Tables(), tables);
     Ide.SaveAll();
     const std::string saved = Form();
@@ -76,6 +76,32 @@ TEST_F(TBuildTest, TextsOfAncestorsAndFramesAreTheForms) {
     EXPECT_FALSE(Ide.GetModuleServices()->FindModule("/p/Main.pas")->GetModified())
         << "nothing to write twice";
     EXPECT_EQ(Form(), saved);
+}
+
+TEST_F(TBuildTest, LanguagesWhoseNamesTellWhatTheyAreGetTheirTags) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"German", "de"},
+        {"deutsch", "de"},
+        {"PT-br", "pt-BR"},
+        {"Portuguese (Brazil)", "pt-BR"},
+        {"Brazilian Portuguese", "pt-BR"},
+        {"Chinese (Simplified)", "zh-Hans"},
+        {"\xD7\xA2\xD7\x91\xD7\xA8\xD7\x99\xD7\xAA", "he"},
+        {"Language N2", ""},
+        {"Pirate", ""},
+    };
+    for (const auto& [name, tag] : cases) {
+        Lang()->SetLangNames(TStringList({"English", name}));
+        Lang()->SetTable(TTable(TStringsType::stLocales));
+        Lang()->BuildList();
+        EXPECT_EQ(Lang()->GetTable(TStringsType::stLocales).Lines("|")[0], ".Locale|en|" + std::string(tag));
+    }
+    Lang()->SetTable(TTable(TStringsType::stLocales, TStringList({".Locale|en-GB|"}), "|"));
+    Lang()->SetLangNames(TStringList({"English", "German"}));
+    Lang()->BuildList();
+    EXPECT_EQ(Lang()->GetTable(TStringsType::stLocales).Lines("|")[0], ".Locale|en-GB|de") << "a tag stays";
+    Lang()->SetNumLang(3);
+    EXPECT_EQ(Lang()->GetTable(TStringsType::stLocales).Lines("|")[0], ".Locale|en-GB|de|");
 }
 
 TEST_F(TBuildTest, WhatRepeatsAFormThatIsNotThereIsSaidAndItsTextsStay) {
@@ -144,7 +170,8 @@ TEST_F(TBuildTest, AFormInItsSecondLanguageIsCollectedIntoThat) {
         "Captions:lblTide.Caption|Tide|Gezeiten\nCaptions:.Caption|Harbour|Hafen\nCaptions:btnOK.Caption|&OK|"
         "&Gut\n"
         "Captions:fra.lblWeight.Caption|Weight:|Weight:\nCaptions:New.Caption|Neu|Neu\n"
-        "Hints:lblTide.Hint|High|Hoch\nHints:btnOK.Hint|Go|Go\nHints:fra.lblWeight.Hint|In tons|In tons\n")
+        "Hints:lblTide.Hint|High|Hoch\nHints:btnOK.Hint|Go|Go\nHints:fra.lblWeight.Hint|In tons|In tons\n"
+        "Locales:.Locale|en|de\n")
         << "the base text in an inherited form is no German one; a hint may be the default in German";
     Ide.SaveAll();
     EXPECT_EQ(Form().find("States"), std::string::npos) << "the German text was written anew";
@@ -163,13 +190,13 @@ TEST_F(TBuildTest, ExclusionsAndExtendedTranslations) {
     Lang()->BuildList();
     EXPECT_EQ(Tables(),
               "Captions:.Caption|Harbour|Harbour\nCaptions:fra.lblWeight.Caption|Weight:|Weight:\n"
-              "Captions:lblTide.Caption|Tide|Tide\n");
+              "Captions:lblTide.Caption|Tide|Tide\nLocales:.Locale|en|de\n");
     Ide.SaveAll();
     EXPECT_NE(Form().find("'Special'\n          'Alt'"), std::string::npos) << Form();
     Lang()->ClearTranslations();
     EXPECT_EQ(Tables(),
               "Captions:.Caption|Harbour|\nCaptions:fra.lblWeight.Caption|Weight:|\nCaptions:lblTide.Caption|"
-              "Tide|\n");
+              "Tide|\nLocales:.Locale|en|de\n");
     Ide.SaveAll();
     EXPECT_NE(Form().find("'Special'\n          ''"), std::string::npos) << Form();
 }

@@ -2,6 +2,7 @@
 
 #include "base/Errors.h"
 #include "runtime/Classes.h"
+#include "runtime/Classproperties.h"
 #include "runtime/Componentprops.h"
 #include "support/Sampleproject.h"
 
@@ -48,6 +49,79 @@ TEST_F(TLangTest, WritesOnlyWhatDiffers) {
     Lang->SetLanguage("german");
     EXPECT_EQ(Lang->GetActiveLanguage(), 2);
     EXPECT_EQ(ReadStringProp(*Lang->GetComponent(), "Language"), "German");
+}
+
+TEST_F(TLangTest, StatesAndExtendedTranslationsMoveWithTheirLanguages) {
+    struct TMoveCase {
+        const char* Entry;  ///< in English, German and French, the base language first
+        const char* States;
+        std::vector<int> Places;
+        const char* Moved;
+        const char* MovedStates;
+    };
+    const TMoveCase cases[] = {
+        {"k.C|OK|Gut|Bon",
+         "Captions|k.C|2|stale|No;",
+         {1, 3, 2},
+         "k.C|OK|Bon|Gut",
+         "Captions|k.C|3|stale|No;"},
+        {"k.C|OK|Gut|Bon",
+         "Captions|k.C|2|stale|No;Captions|k.C|3|touched|ok;",
+         {1, 3},
+         "k.C|OK|Bon",
+         "Captions|k.C|2|touched|ok;"},
+        {"k.C|OK|Gut|Bon",
+         "Captions|k.C|2|stale|No;Captions|k.C|3|stale|Non;",
+         {2, 1, 3, 0},
+         "k.C|Gut|OK|Bon|Gut",
+         "Captions|k.C|3|stale|Non;"},
+        {"k.C|OK|OK|OK", "Captions|k.C|2|same|;", {2, 1, 3}, "k.C|OK|OK|OK", "Captions|k.C|2|same|;"},
+        {"k.C|OK|Gut|OK", "Captions|k.C|3|same|;", {2, 1, 3}, "k.C|Gut|OK|OK", ""},
+    };
+    Lang->SetNumLang(3);
+    for (const TMoveCase& row : cases) {
+        WriteStringProp(*Lang->GetComponent(), "Delimiter", "|");
+        WriteListProp(*Lang->GetComponent(), "Captions", TStringList({row.Entry}));
+        TStringList states;
+        for (std::string rest = row.States; !rest.empty(); rest.erase(0, rest.find(';') + 1))
+            states.Add(rest.substr(0, rest.find(';')));
+        WriteListProp(*Lang->GetComponent(), "States", states);
+        TFormValue extended{TFormValueKind::Collection, {}, {}, {}};
+        extended.Collection = {{{"Values.Strings", TFormValue::Strings(TStringList({"a", "b", "c"}))}}};
+        Lang->GetComponent()->SetPropValue("ExtendedTranslations", extended);
+        Lang->MoveLanguages(row.Places);
+        EXPECT_EQ(ReadListProp(*Lang->GetComponent(), "Captions")[0], row.Moved);
+        std::string moved;
+        for (const std::string& line : ReadListProp(*Lang->GetComponent(), "States"))
+            moved += line + ";";
+        EXPECT_EQ(moved, row.MovedStates) << row.Entry << row.States;
+        const auto value = Lang->GetComponent()->GetPropValue("ExtendedTranslations");
+        EXPECT_EQ(value->Collection[0][0].Value.Items[0].Text, row.Places[0] == 2 ? "b" : "a");
+        EXPECT_EQ(value->Collection[0][0].Value.Items.size(), row.Places.size());
+    }
+}
+
+TEST_F(TLangTest, ANewPropertyStandsWhereStreamingWritesIt) {
+    struct TPlaceCase {
+        const char* ClassName;
+        std::vector<std::string> Held;
+        const char* Name;
+        std::size_t Place;
+    };
+    const TPlaceCase cases[] = {
+        {"TmlLang", {"NumOfLanguages", "Hints.Strings", "Left", "Top"}, "Captions.Strings", 1},
+        {"TmlLang", {"NumOfLanguages", "Captions.Strings", "OnKept", "Left"}, "States.Strings", 2},
+        {"TmlLang", {"Left", "Top"}, "NumOfLanguages", 0},
+        {"TmlLang", {"Left", "Top", "NumOfLanguages"}, "LangNames.Strings", 3},
+        {"TmlLang", {"Other", "States.Strings"}, "Strings.Strings", 1},
+        {"TmlLangTLV", {"OnKept", "Left"}, "ListView_TreeView_Items.Strings", 1},
+        {"TmlLangDispatcher", {"OnChangeLanguage"}, "Language", 0},
+        {"TmlLang", {"NumOfLanguages"}, "Unknown", 1},
+        {"TLabel", {"Font.Height", "ParentFont"}, "Font.Name", 1},
+        {"TLabel", {"Caption", "ParentFont"}, "Hint", 2},
+    };
+    for (const TPlaceCase& row : cases)
+        EXPECT_EQ(PlaceOfNewProperty(row.ClassName, row.Held, row.Name), row.Place) << row.Name;
 }
 
 TEST_F(TLangTest, NumberOfLanguagesKeepsValuesTogether) {

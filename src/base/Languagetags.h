@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tml {
+
+/// The BCP 47 tag ("de", "pt-BR", "zh-Hans") of a language that is named in English ("German", "Portuguese
+/// (Brazil)", "Brazilian Portuguese"), in itself ("Deutsch") or by its tag, without regard to case; "" for
+/// any other name.
+std::string LanguageTagOf(std::string_view name);
+
+}  // namespace tml

@@ -1,0 +1,111 @@
+#include "runtime/Showlanguage.h"
+
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "runtime/Componentprops.h"
+#include "runtime/Extended.h"
+#include "runtime/Formparts.h"
+#include "runtime/Textsetter.h"
+#include "tables/Textmerge.h"
+
+namespace tml {
+namespace {
+
+/// The changes of each component of a form.
+class TFormChange {
+  public:
+    TFormChange(const TFormParts& parts, int from, int to)
+        : parts_(parts), from_(from), to_(to), changes_(parts.Items().size()) {}
+
+    /// Of a key that stands twice the first counts.
+    void Add(const TTable& table) {
+        const auto& entries = table.Entries();
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const TFormPart* const part = parts_.OfKey(entries[i].Key);
+            if (part != nullptr && table.Find(entries[i].Key) == static_cast<int>(i))
+                Add(*part, table.Type(), entries[i].Key.substr(part->Path.size() + 1), entries[i]);
+        }
+    }
+    void Add(const TExtendedText& text) {
+        TTableEntry entry;
+        for (const std::string& value : text.Values)
+            entry.Values.push_back({value});
+        if (const TFormPart* const part = parts_.Find(text.Component))
+            Add(*part, TStringsType::stOtherStrings, text.Property, entry);
+    }
+
+    void Make() {
+        for (std::size_t i = 0; i < changes_.size(); ++i) {
+            const TFormPart& part = parts_.Items()[i];
+            if (changes_[i].empty()) continue;
+            std::vector<TFormProperty> properties = part.Properties;
+            SetTexts(properties, changes_[i]);
+            if (properties == part.Properties) continue;
+            if (const auto component = ComponentOf(part)) Write(*component, part.Properties, properties);
+        }
+    }
+
+  private:
+    void Add(const TFormPart& part, TStringsType table, std::string path, const TTableEntry& entry) {
+        const std::string& from = ShownText(entry, from_);
+        const std::string& to = ShownText(entry, to_);
+        const auto index = static_cast<std::size_t>(&part - parts_.Items().data());
+        if (from != to) changes_[index].push_back({table, std::move(path), from, to, entry.Base()});
+    }
+
+    /// One that the file does not repeat, it repeats from now on; nullptr within a frame that it does not.
+    std::shared_ptr<IOTAComponent> ComponentOf(const TFormPart& part) const {
+        if (part.Component != nullptr) return part.Component;
+        const std::size_t dot = part.Path.rfind('.');
+        const TFormPart* const owner = parts_.Find(dot == std::string::npos ? "" : part.Path.substr(0, dot));
+        return owner->Component == nullptr ? nullptr : owner->Component->FindComponent(part.Name);
+    }
+
+    /// What the file repeats of an inherited component and says nothing of, goes.
+    static void LeaveEmpty(IOTAComponent& component) {
+        const bool isOwned = component.GetOwner() != nullptr;
+        if (isOwned && component.GetOrigin() == TComponentOrigin::coInherited &&
+            component.GetProperties().empty())
+            component.Delete();
+    }
+
+    static void Write(IOTAComponent& component, const std::vector<TFormProperty>& before,
+                      const std::vector<TFormProperty>& after) {
+        std::unordered_map<std::string_view, const TFormValue*> former;
+        for (const TFormProperty& property : before)
+            former.emplace(property.Name, &property.Value);
+        for (const TFormProperty& property : after) {
+            const auto found = former.find(property.Name);
+            const bool isEqual = found != former.end() && *found->second == property.Value;
+            if (!isEqual) WriteProp(component, property.Name, property.Value);
+            if (found != former.end()) former.erase(found);
+        }
+        for (const auto& [name, value] : former)
+            component.RemoveProp(std::string(name));
+        LeaveEmpty(component);
+    }
+
+    const TFormParts& parts_;
+    int from_;
+    int to_;
+    std::vector<std::vector<TTextChange>> changes_;
+};
+
+}  // namespace
+
+void ShowTexts(TmlCustomLang& lang, int from, int to) {
+    const TFormParts parts(lang.GetComponent()->GetOwner());
+    TFormChange change(parts, from, to);
+    for (const TTable& table : lang.GetTables())
+        // The IDs of Strings name no component, and a language's tag is no property of the form's file.
+        if (table.Type() != TStringsType::stStrings && table.Type() != TStringsType::stLocales)
+            change.Add(table);
+    for (const TExtendedText& text : ReadExtended(*lang.GetComponent()))
+        change.Add(text);
+    change.Make();
+}
+
+}  // namespace tml

@@ -1,0 +1,20 @@
+unit Main;
+
+interface
+
+uses
+  Forms, StdCtrls, Mllang;
+
+type
+  TMainForm = class(TForm)
+    lblTide: TLabel;
+    lblOwn: TLabel;
+    memHelp: TMemo;
+    mlLang1: TmlLang;
+  end;
+
+implementation
+
+{$R *.dfm}
+
+end.
