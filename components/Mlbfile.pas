@@ -466,7 +466,7 @@ begin
   try
     Unknown := UnknownParts(FParts[Number].Payload);
   except
-    on EmlDamaged do RefuseDamage('the form ' + Section.Address.Form + ' names more than it holds');
+    on EmlDamaged do RefuseDamage('the form ' + FParts[Number].Form.Form + ' names more than it holds');
   end;
   FParts[Number].Payload := Payload(Section) + Unknown;
 end;

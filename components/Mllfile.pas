@@ -19,7 +19,7 @@ type
     FVersion: Integer;
     FFields: TmlFileFields;
     FNames: array of TmlNamedColumn;
-    function ReadOptions: string;
+    function ReadOptions(const Given: string): string;
     procedure ReadNames;
     procedure WriteAnew(Former: TmlFileFields);
     procedure PutSettings(const Section: string; const Lines: TmlFields);
@@ -153,7 +153,7 @@ begin
   inherited Create(FileName);
   FVersion := TranslationFileVersion;
   FDocument := TmllDocument.Create(Bytes, FileName);
-  if Bytes = '' then FFields := TmlFileFields.Create(Delimiter) else FFields := TmlFileFields.Create(ReadOptions);
+  if Bytes = '' then FFields := TmlFileFields.Create(Delimiter) else FFields := TmlFileFields.Create(ReadOptions(Delimiter));
   ReadNames;
   if (Delimiter = '') or (Delimiter = FFields.Delimiter) then Exit;
   Former := FFields;
@@ -172,7 +172,8 @@ begin
   inherited Destroy;
 end;
 
-function TmllFile.ReadOptions: string;
+{ The delimiter; the one given where the file names none. }
+function TmllFile.ReadOptions(const Given: string): string;
 var
   Options: TmlSection;
   Line: TmlEntryLine;
@@ -180,7 +181,7 @@ var
 begin
   Options := FDocument.Find(OptionsName);
   if Options = nil then Refuse(1, 'the section "Options" is missing', 'Choose a translation file (.mll)');
-  Result := '';
+  Result := Given;
   FVersion := 0;
   for Line in Options.Entries do
   begin

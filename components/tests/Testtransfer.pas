@@ -235,6 +235,9 @@ var
   Name, Before: string;
 begin
   Lang := Read(Languages + Tables);
+  Name := FileOf('[Options]'#10);
+  Lang.SaveToFile(stStrings, Name, '!');
+  Expect(Pos('IDS_0=Ship!Schiff!Ship', BytesOfFile(Name)) > 0, 'a file that names no delimiter');
   Name := FileOf('[Options]'#10'Version=2'#10'Delimiter=|'#10);
   Before := BytesOfFile(Name);
   try

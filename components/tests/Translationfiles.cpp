@@ -29,17 +29,28 @@ void CopyFile(const std::string& sourceName, const std::string& targetName, cons
     std::ofstream(targetName, std::ios::binary) << target->Bytes();
 }
 
-/// What the file becomes when its forms are put back, and when they are put into a new one.
-std::string Outcome(const std::string& bytes, const std::string& fileName) {
-    const auto target = OpenTranslationFile("", "new.mll", "|");
+struct TNamedFile {
+    std::string Bytes;
+    std::string Name;
+};
+
+/// What a file becomes when the forms of another one are put into it.
+std::string Outcome(const TNamedFile& from, const TNamedFile& to) {
     try {
-        const auto source = OpenTranslationFile(bytes, fileName);
+        const auto source = OpenTranslationFile(from.Bytes, from.Name);
+        const auto target = OpenTranslationFile(to.Bytes, to.Name, to.Bytes.empty() ? "|" : "");
         CopyForms(*source, *target);
-        CopyForms(*source, *source);
-        return std::to_string(Crc32(source->Bytes())) + ' ' + std::to_string(Crc32(target->Bytes()));
+        return std::to_string(Crc32(target->Bytes()));
     } catch (const EBadInput& error) {
         return error.what();
     }
+}
+
+/// The damaged file on its way into a new one, and under the forms of the whole one.
+void Tell(const std::string& what, const TNamedFile& whole, const std::string& bytes) {
+    const TNamedFile damaged{bytes, whole.Name};
+    std::cout << what << ": " << Outcome(damaged, {"", "new.mll"}) << '\n';
+    std::cout << what << ", then saved: " << Outcome(whole, damaged) << '\n';
 }
 
 /// A binary file that is damaged so that its checksum does not tell.
@@ -51,14 +62,15 @@ std::string WithChecksum(std::string bytes) {
 }
 
 void Damage(const std::string& fileName) {
-    const std::string whole = TextOfFile(fileName);
-    for (std::size_t i = 1; i <= whole.size(); ++i) {
-        std::cout << i << " cut: " << Outcome(whole.substr(0, i), fileName) << '\n';
-        std::string damaged = whole;
+    const TNamedFile whole{TextOfFile(fileName), fileName};
+    for (std::size_t i = 1; i <= whole.Bytes.size(); ++i) {
+        const std::string number = std::to_string(i);
+        Tell(number + " cut", whole, whole.Bytes.substr(0, i));
+        std::string damaged = whole.Bytes;
         damaged[i - 1] = static_cast<char>(damaged[i - 1] ^ 1);
-        std::cout << i << " changed: " << Outcome(damaged, fileName) << '\n';
+        Tell(number + " changed", whole, damaged);
         if (IsBinaryTranslation(fileName) && i > 14)
-            std::cout << i << " unnoticed: " << Outcome(WithChecksum(damaged), fileName) << '\n';
+            Tell(number + " unnoticed", whole, WithChecksum(damaged));
     }
 }
 

@@ -55,19 +55,22 @@ begin
   end;
 end;
 
-{ What the file becomes when its forms are put back, and when they are put into a new one. }
-function Outcome(const Bytes, FileName: string): string;
+{ What a file becomes when the forms of another one are put into it. }
+function Outcome(const SourceBytes, SourceName, TargetBytes, TargetName: string): string;
 var
   Source, Target: TmlTranslationFile;
 begin
   Source := nil;
-  Target := OpenTranslationFile('', 'new.mll', '|');
+  Target := nil;
   try
     try
-      Source := OpenTranslationFile(Bytes, FileName, '');
+      Source := OpenTranslationFile(SourceBytes, SourceName, '');
+      if TargetBytes = '' then
+        Target := OpenTranslationFile('', TargetName, '|')
+      else
+        Target := OpenTranslationFile(TargetBytes, TargetName, '');
       CopyForms(Source, Target);
-      CopyForms(Source, Source);
-      Result := Format('%u %u', [ChecksumOf(Source.Bytes), ChecksumOf(Target.Bytes)]);
+      Result := IntToStr(ChecksumOf(Target.Bytes));
     except
       on E: EmlTranslationFile do Result := PChar(E.Message); { up to a NUL, as the other prints it }
     end;
@@ -75,6 +78,13 @@ begin
     Source.Free;
     Target.Free;
   end;
+end;
+
+{ The damaged file on its way into a new one, and under the forms of the whole one. }
+procedure Tell(Number: Integer; const How, Whole, Damaged, FileName: string);
+begin
+  WriteLn(Number, ' ', How, ': ', Outcome(Damaged, FileName, '', 'new.mll'));
+  WriteLn(Number, ' ', How, ', then saved: ', Outcome(Whole, FileName, Damaged, FileName));
 end;
 
 { A binary file that is damaged so that its checksum does not tell. }
@@ -95,12 +105,12 @@ begin
   Whole := BytesOfFile(FileName);
   for I := 1 to Length(Whole) do
   begin
-    WriteLn(I, ' cut: ', Outcome(Copy(Whole, 1, I), FileName));
+    Tell(I, 'cut', Whole, Copy(Whole, 1, I), FileName);
     Damaged := Whole;
     Damaged[I] := Chr(Ord(Damaged[I]) xor 1);
-    WriteLn(I, ' changed: ', Outcome(Damaged, FileName));
+    Tell(I, 'changed', Whole, Damaged, FileName);
     if IsBinaryTranslation(FileName) and (I > 14) then
-      WriteLn(I, ' unnoticed: ', Outcome(WithChecksum(Damaged), FileName));
+      Tell(I, 'unnoticed', Whole, WithChecksum(Damaged), FileName);
   end;
 end;
 

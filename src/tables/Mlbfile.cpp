@@ -140,7 +140,6 @@ std::vector<TFileExtended> ReadExtended(TReader reader) {
     return extended;
 }
 
-/// What a form holds besides what this version knows.
 std::string UnknownParts(std::string_view form) {
     TReader reader(form);
     reader.Text();
@@ -292,8 +291,19 @@ void TMlbFile::Put(const TFormSection& section) {
     version_ = kTranslationFileVersion;
     const auto [place, isNew] = index_.emplace(KeyOf(section.Address), parts_.size());
     if (isNew) parts_.push_back({'F', {}, section.Address});
-    std::string& payload = parts_[place->second].Payload;
-    payload = Payload(section) + (isNew ? std::string() : UnknownParts(payload));
+    TPart& part = parts_[place->second];
+    const std::string unknown = KeptParts(part);
+    part.Payload = Payload(section) + unknown;
+}
+
+/// What the part holds besides what this version knows.
+std::string TMlbFile::KeptParts(const TPart& form) const {
+    if (form.Payload.empty()) return {};
+    try {
+        return UnknownParts(form.Payload);
+    } catch (const TDamaged&) {
+        Refuse("the form " + form.Form.Form + " names more than it holds");
+    }
 }
 
 std::string TMlbFile::Payload(const TFormSection& section) {

@@ -30,6 +30,7 @@ class TMlbFile : public ITranslationFile {
     void ReadContent(std::string_view content);
     TFormSection ReadForm(const TPart& form) const;
     static void ExpectColumns(const TFormSection& form);
+    std::string KeptParts(const TPart& form) const;
     std::string Payload(const TFormSection& section);
     std::size_t ColumnOf(const std::string& language);
     [[noreturn]] void Refuse(const std::string& problem) const;
