@@ -9,6 +9,7 @@
 #include "platform/Toolsapi.h"
 #include "tables/Exclusions.h"
 #include "tables/Table.h"
+#include "tables/Texttransfer.h"
 
 namespace tml {
 
@@ -48,6 +49,8 @@ class TmlCustomLang : public ILanguages {
     /// Whether it is that one; by names alone, so that no form is opened for it.
     virtual bool IsLinkedTo(TmlLangDispatcher& dispatcher) = 0;
 
+    /// The component of the ancestor form that this one repeats; nullptr for one of the form's own.
+    virtual std::shared_ptr<TmlCustomLang> GetInherited() = 0;
     /// A table as it is now; a command reads it once, and writes it back once.
     virtual TTable GetTable(TStringsType type) = 0;
     /// Changes the lines of the form that differ. A table that the class does not have is left out.
@@ -66,6 +69,24 @@ class TmlCustomLang : public ILanguages {
     virtual TStringList BuildList() = 0;
     /// Empties the translations of all languages but the base language; keys, base texts and lists stay.
     virtual void ClearTranslations() = 0;
+
+    // Translation files (docs/translation-files.md). EBadInput, with file and line, for one that cannot be
+    // used; the component and the file are then as they were.
+
+    /// Writes what BuildList would make of the tables into a text file; the form does not change, and what
+    /// else the file holds stays. Another delimiter than the file's rewrites it. Taken are the entries, notes
+    /// those of BuildList.
+    virtual TTransferReport SaveAllToFile(const std::string& fileName, const std::string& delimiter) = 0;
+    virtual TTransferReport SaveAllToBinaryFile(const std::string& fileName) = 0;
+    /// Brings the tables up to the form and replaces languages and translations by those of the file (see
+    /// TTransferKind). EBadInput where a
+    /// dispatcher has not the file's languages.
+    virtual TTransferReport LoadAllFromFile(const std::string& fileName) = 0;
+    virtual TTransferReport LoadAllFromBinaryFile(const std::string& fileName) = 0;
+    /// Adds and overwrites translations from a file of either kind; what it lacks stays.
+    virtual TTransferReport MergeAllFromFile(const std::string& fileName) = 0;
+    /// The same of one language, by its name without regard to case.
+    virtual TTransferReport LoadLanguage(const std::string& fileName, const std::string& languageName) = 0;
     virtual TStringList GetExclusions(TExclusionList list) = 0;
     virtual void SetExclusions(TExclusionList list, const TStringList& entries) = 0;
     /// Lets the stored translations follow a component that was renamed.
@@ -75,9 +96,26 @@ class TmlCustomLang : public ILanguages {
 /// Options of the project as the run-time translation editor shares them.
 class ImlLangProjectSettings;
 
+/// The translation files of a command over a project: while it lives each is read once, and what forms save
+/// is written once, by Commit. Without one every call reads and writes by itself.
+class ITranslationFiles {
+  public:
+    virtual ~ITranslationFiles() = default;
+    /// The languages of all forms that a file holds. EFileError for a missing file, EBadInput for one that
+    /// cannot be read.
+    virtual TStringList GetLanguages(const std::string& fileName) = 0;
+    /// EBadInput for a file that no form could be saved into; see SaveAllToFile.
+    virtual void ExpectWritable(const std::string& fileName, const std::string& delimiter) = 0;
+    /// EFileError where somebody else has changed a file since it was read.
+    virtual void Commit() = 0;
+};
+
 class IMlRuntime {
   public:
     virtual ~IMlRuntime() = default;
+
+    /// One lives at a time. projectName: whose forms are meant, without folder and extension.
+    virtual std::unique_ptr<ITranslationFiles> OpenTranslationFiles(const std::string& projectName) = 0;
 
     /// Class names of the localization components.
     virtual const std::vector<std::string>& NamesArray() const = 0;

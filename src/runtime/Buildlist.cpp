@@ -11,9 +11,9 @@
 #include "runtime/Componentprops.h"
 #include "runtime/Extended.h"
 #include "runtime/Formparts.h"
-#include "runtime/Langview.h"
 #include "runtime/Textcollector.h"
 #include "tables/Inheritedstrings.h"
+#include "tables/Languages.h"
 #include "tables/Textmerge.h"
 
 namespace tml {
@@ -32,19 +32,6 @@ TExclusionRules RulesOf(TmlCustomLang& lang, const TFormParts& parts) {
             lang.GetExclusions(TExclusionList::SmartExcludeProps), PathsOf(parts)};
 }
 
-struct TLanguages {
-    int Count;
-    int Active;
-    TStringList Names;
-};
-
-/// Under a dispatcher its languages hold.
-TLanguages LanguagesOf(TmlCustomLang& lang) {
-    if (const auto dispatcher = lang.GetDispatcher())
-        return {dispatcher->GetNumOfLanguages(), dispatcher->GetActiveLanguage(), dispatcher->GetLangNames()};
-    return {lang.GetNumLang(), lang.GetActiveLanguage(), lang.GetLangNames()};
-}
-
 /// Languages whose names tell what they are get their tags; a tag that is there stays.
 void FillLocales(TTable& locales, const TStringList& names) {
     constexpr const char* kLocale = ".Locale";
@@ -57,6 +44,10 @@ void FillLocales(TTable& locales, const TStringList& names) {
         const auto place = static_cast<std::size_t>(i);
         if (place >= values.size() || values[place].Text.empty()) locales.SetText(entry, i + 1, tag);
     }
+}
+
+bool HasItems(TmlCustomLang& lang) {
+    return ClassInheritsFrom(lang.GetClassName(), "TmlLangTLV");
 }
 
 /// Entries that stay although the form has no such text.
@@ -103,41 +94,56 @@ TStringList NotesOn(const TFormParts& parts, const std::string& owner, TStringLi
 }
 
 void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
-    const auto ancestor = lang.GetComponent()->GetAncestor();
-    if (ancestor == nullptr) return;
-    TmlLangView inherited(ancestor);
-    TakeInheritedStrings(strings, lang.GetLangNames(), inherited.GetTable(TStringsType::stStrings),
-                         inherited.GetLangNames());
+    if (const auto ancestor = lang.GetInherited())
+        TakeInheritedStrings(strings, lang.GetLangNames(), ancestor->GetTable(TStringsType::stStrings),
+                             ancestor->GetLangNames());
 }
 
 }  // namespace
 
-TStringList BuildTables(TmlCustomLang& lang) {
+TLangTexts ReadTexts(TmlCustomLang& lang) {
+    const TStringList names = TEffectiveLanguages(lang).Get().GetLangNames();
+    return {FitLangNames(names, std::max(names.Count(), 1)), lang.GetTables(),
+            ReadExtended(*lang.GetComponent())};
+}
+
+void WriteTexts(TmlCustomLang& lang, const TLangTexts& texts) {
+    lang.SetTables(texts.Tables);
+    WriteExtended(*lang.GetComponent(), texts.Extended);
+}
+
+TBuiltTexts BuiltTexts(TmlCustomLang& lang) {
     const auto owner = lang.GetComponent()->GetOwner();
     const TFormParts parts(owner);
     const TExclusionRules rules = RulesOf(lang, parts);
-    const bool withItems = ClassInheritsFrom(lang.GetClassName(), "TmlLangTLV");
-    const TCollectedTexts collected = CollectTexts(parts, rules, withItems);
-    std::vector<TTable> tables = lang.GetTables();
-    const TLanguages languages = LanguagesOf(lang);
+    const TCollectedTexts collected = CollectTexts(parts, rules, HasItems(lang));
+    TLangTexts texts = ReadTexts(lang);
+    const int active = TEffectiveLanguages(lang).Get().GetActiveLanguage();
     MergeTexts(
-        tables, collected.Texts,
-        {languages.Count, languages.Active, ReadBooleanProp(*lang.GetComponent(), "IgnoreRemovals", false),
-         TStaying(parts, rules, languages.Active == 1)});
-    TakeFromAncestor(tables[static_cast<std::size_t>(TStringsType::stStrings)], lang);
-    FillLocales(tables[static_cast<std::size_t>(TStringsType::stLocales)], languages.Names);
-    lang.SetTables(tables);
-    UpdateExtended(*lang.GetComponent(), parts, languages.Active);
-    return NotesOn(parts, owner->GetName(), collected.Notes);
+        texts.Tables, collected.Texts,
+        {texts.Languages.Count(), active, ReadBooleanProp(*lang.GetComponent(), "IgnoreRemovals", false),
+         TStaying(parts, rules, active == 1)});
+    TakeFromAncestor(texts.Tables[static_cast<std::size_t>(TStringsType::stStrings)], lang);
+    FillLocales(texts.Tables[static_cast<std::size_t>(TStringsType::stLocales)], texts.Languages);
+    UpdateExtended(texts.Extended, parts, active);
+    return {std::move(texts), NotesOn(parts, owner->GetName(), collected.Notes)};
+}
+
+TStringList BuildTables(TmlCustomLang& lang) {
+    const TBuiltTexts built = BuiltTexts(lang);
+    WriteTexts(lang, built.Texts);
+    return built.Notes;
 }
 
 void ClearTables(TmlCustomLang& lang) {
-    std::vector<TTable> tables = lang.GetTables();
-    for (TTable& table : tables)
+    TLangTexts texts = ReadTexts(lang);
+    for (TTable& table : texts.Tables)
         // What language a language is stays true without translations.
         if (table.Type() != TStringsType::stLocales) table.ClearTranslations();
-    lang.SetTables(tables);
-    ClearExtended(*lang.GetComponent());
+    for (TFileExtended& item : texts.Extended)
+        for (std::size_t i = 1; i < item.Values.size(); ++i)
+            item.Values[i].clear();
+    WriteTexts(lang, texts);
 }
 
 }  // namespace tml

@@ -1,7 +1,7 @@
 #include "runtime/Extended.h"
 
 #include <algorithm>
-#include <functional>
+#include <optional>
 
 #include "base/Utf8.h"
 #include "runtime/Componentprops.h"
@@ -22,23 +22,26 @@ std::string TextOf(const TItem& item, std::string_view name) {
     return {};
 }
 
-/// The values, added where the item has none.
-std::vector<TFormValue>& ValuesOf(TItem& item) {
-    const auto found = std::find_if(item.begin(), item.end(), [](const TFormProperty& property) {
-        return SameText(property.Name, kValues) && property.Value.Kind == TFormValueKind::List;
-    });
-    if (found != item.end()) return found->Value.Items;
-    item.push_back({kValues, TFormValue::Strings({})});
-    return item.back().Value.Items;
+/// nullptr where the item has none.
+template <typename Item>
+auto FindValues(Item& item) -> decltype(&item.front().Value) {
+    for (auto& property : item)
+        if (SameText(property.Name, kValues) && property.Value.Kind == TFormValueKind::List)
+            return &property.Value;
+    return nullptr;
 }
 
-void ForEachItem(IOTAComponent& lang, const std::function<void(TItem&)>& change) {
+/// The values, added where the item has none.
+TFormValue& ValuesOf(TItem& item) {
+    if (TFormValue* values = FindValues(item)) return *values;
+    item.push_back({kValues, TFormValue::Strings({})});
+    return item.back().Value;
+}
+
+std::optional<TFormValue> ItemsOf(IOTAComponent& lang) {
     auto value = ReadProp(lang, kExtended);
-    if (!value || value->Kind != TFormValueKind::Collection) return;
-    const TFormValue before = *value;
-    for (TItem& item : value->Collection)
-        change(item);
-    if (!(*value == before)) lang.SetPropValue(kExtended, *value);
+    if (value && value->Kind != TFormValueKind::Collection) value.reset();
+    return value;
 }
 
 /// What the form shows at a path; nullptr for a property that it does not hold.
@@ -51,55 +54,55 @@ const TPropertyText* Find(const std::vector<TPropertyText>& texts, std::string_v
 
 }  // namespace
 
-void UpdateExtended(IOTAComponent& lang, const TFormParts& parts, int active) {
-    ForEachItem(lang, [&](TItem& item) {
-        const TFormPart* part = parts.Find(TextOf(item, "Component"));
-        if (part == nullptr) return;
-        const std::vector<TPropertyText> texts = TextsOfProperties(part->Properties);
-        const TPropertyText* text = Find(texts, TextOf(item, "Property"));
-        if (text == nullptr) return;
-        std::vector<TFormValue>& values = ValuesOf(item);
-        const auto place = static_cast<std::size_t>(active);
-        // As in a table: a form that shows the base text says nothing about another language.
-        if (place > 1 && !values.empty() && values.front().Text == text->Text) return;
-        while (values.size() < place)
-            values.push_back(TFormValue::String({}));
-        values[place - 1] = TFormValue::String(text->Text);
-    });
-}
-
-void ClearExtended(IOTAComponent& lang) {
-    ForEachItem(lang, [](TItem& item) {
-        std::vector<TFormValue>& values = ValuesOf(item);
-        for (std::size_t i = 1; i < values.size(); ++i)
-            values[i] = TFormValue::String({});
-    });
-}
-
-std::vector<TExtendedText> ReadExtended(IOTAComponent& lang) {
-    std::vector<TExtendedText> texts;
-    const auto value = ReadProp(lang, kExtended);
-    if (!value || value->Kind != TFormValueKind::Collection) return texts;
-    for (TItem item : value->Collection) {
-        TExtendedText text{
-            TextOf(item, "Component"), std::string(WithoutStrings(TextOf(item, "Property"))), {}};
-        for (const TFormValue& one : ValuesOf(item))
-            text.Values.push_back(one.Text);
-        texts.push_back(std::move(text));
+std::vector<TFileExtended> ReadExtended(IOTAComponent& lang) {
+    std::vector<TFileExtended> items;
+    const auto value = ItemsOf(lang);
+    if (!value) return items;
+    for (const TItem& item : value->Collection) {
+        items.push_back({TextOf(item, "Component"), TextOf(item, "Property"), {}});
+        if (const TFormValue* values = FindValues(item))
+            for (const TFormValue& text : values->Items)
+                items.back().Values.push_back(text.Text);
     }
-    return texts;
+    return items;
+}
+
+void WriteExtended(IOTAComponent& lang, const std::vector<TFileExtended>& items) {
+    auto value = ItemsOf(lang);
+    if (!value) return;
+    const TFormValue before = *value;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (!items[i].Values.empty() || FindValues(value->Collection[i]) != nullptr)
+            ValuesOf(value->Collection[i]) = TFormValue::Strings(TStringList(items[i].Values));
+    if (!(*value == before)) lang.SetPropValue(kExtended, *value);
 }
 
 void MoveExtended(IOTAComponent& lang, const std::vector<int>& former) {
-    ForEachItem(lang, [&](TItem& item) {
+    std::vector<TFileExtended> items = ReadExtended(lang);
+    for (TFileExtended& item : items) {
         std::vector<TTableValue> texts;
-        for (TFormValue& value : ValuesOf(item))
-            texts.push_back({std::move(value.Text)});
-        std::vector<TFormValue>& values = ValuesOf(item);
-        values.clear();
+        for (std::string& text : item.Values)
+            texts.push_back({std::move(text)});
+        item.Values.clear();
         for (TTableValue& text : MovedValues(texts, former))
-            values.push_back(TFormValue::String(std::move(text.Text)));
-    });
+            item.Values.push_back(std::move(text.Text));
+    }
+    WriteExtended(lang, items);
+}
+
+void UpdateExtended(std::vector<TFileExtended>& items, const TFormParts& parts, int active) {
+    const auto place = static_cast<std::size_t>(active);
+    for (TFileExtended& item : items) {
+        const TFormPart* part = parts.Find(item.Component);
+        if (part == nullptr) continue;
+        const std::vector<TPropertyText> texts = TextsOfProperties(part->Properties);
+        const TPropertyText* text = Find(texts, item.Property);
+        if (text == nullptr) continue;
+        // As in a table: a form that shows the base text says nothing about another language.
+        if (place > 1 && !item.Values.empty() && item.Values.front() == text->Text) continue;
+        item.Values.resize(std::max(item.Values.size(), place));
+        item.Values[place - 1] = text->Text;
+    }
 }
 
 }  // namespace tml

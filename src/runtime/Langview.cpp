@@ -9,8 +9,10 @@
 #include "runtime/Buildlist.h"
 #include "runtime/Classes.h"
 #include "runtime/Extended.h"
+#include "runtime/Langtransfer.h"
 #include "runtime/Showlanguage.h"
 #include "tables/Languages.h"
+#include "tables/Textmerge.h"
 
 namespace tml {
 namespace {
@@ -101,6 +103,11 @@ TTable TmlLangView::ReadTable(TStringsType type, const TStateRecords& states) {
     return table;
 }
 
+std::shared_ptr<TmlCustomLang> TmlLangView::GetInherited() {
+    const auto ancestor = Component().GetAncestor();
+    return ancestor == nullptr ? nullptr : std::make_shared<TmlLangView>(ancestor, files_);
+}
+
 TTable TmlLangView::GetTable(TStringsType type) {
     return ReadTable(type, ReadStates());
 }
@@ -138,6 +145,30 @@ TStringList TmlLangView::BuildList() {
 
 void TmlLangView::ClearTranslations() {
     ClearTables(*this);
+}
+
+TTransferReport TmlLangView::SaveAllToFile(const std::string& fileName, const std::string& delimiter) {
+    return SaveTexts(*this, files_, fileName, delimiter);
+}
+
+TTransferReport TmlLangView::SaveAllToBinaryFile(const std::string& fileName) {
+    return SaveTexts(*this, files_, fileName, {});
+}
+
+TTransferReport TmlLangView::LoadAllFromFile(const std::string& fileName) {
+    return LoadTexts(*this, files_, fileName, TTransferKind::Load);
+}
+
+TTransferReport TmlLangView::LoadAllFromBinaryFile(const std::string& fileName) {
+    return LoadTexts(*this, files_, fileName, TTransferKind::Load);
+}
+
+TTransferReport TmlLangView::MergeAllFromFile(const std::string& fileName) {
+    return LoadTexts(*this, files_, fileName, TTransferKind::Merge);
+}
+
+TTransferReport TmlLangView::LoadLanguage(const std::string& fileName, const std::string& languageName) {
+    return LoadTexts(*this, files_, fileName, TTransferKind::Merge, languageName);
 }
 
 void TmlLangView::ShowLanguage(int from, int to) {

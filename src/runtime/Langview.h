@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "runtime/Langfiles.h"
 #include "runtime/Languagesview.h"
 #include "tables/States.h"
 
@@ -12,7 +15,8 @@ namespace tml {
 /// to the form and every write changes only what differs.
 class TmlLangView : public TLanguagesView<TmlCustomLang> {
   public:
-    using TLanguagesView::TLanguagesView;
+    TmlLangView(std::shared_ptr<IOTAComponent> component, TLangFiles& files)
+        : TLanguagesView(std::move(component)), files_(files) {}
 
     std::string GetName() override;
     std::string GetClassName() override;
@@ -22,6 +26,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     void SetNumLang(int count) override;
     std::shared_ptr<TmlLangDispatcher> GetDispatcher() override;
     bool IsLinkedTo(TmlLangDispatcher& dispatcher) override;
+    std::shared_ptr<TmlCustomLang> GetInherited() override;
     TTable GetTable(TStringsType type) override;
     /// EBadInput where the form names more languages than kMostLanguages.
     void SetTable(const TTable& table) override;
@@ -31,6 +36,12 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     void SetTables(const std::vector<TTable>& tables) override;
     TStringList BuildList() override;
     void ClearTranslations() override;
+    TTransferReport SaveAllToFile(const std::string& fileName, const std::string& delimiter) override;
+    TTransferReport SaveAllToBinaryFile(const std::string& fileName) override;
+    TTransferReport LoadAllFromFile(const std::string& fileName) override;
+    TTransferReport LoadAllFromBinaryFile(const std::string& fileName) override;
+    TTransferReport MergeAllFromFile(const std::string& fileName) override;
+    TTransferReport LoadLanguage(const std::string& fileName, const std::string& languageName) override;
     TStringList GetExclusions(TExclusionList list) override;
     void SetExclusions(TExclusionList list, const TStringList& entries) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
@@ -43,6 +54,8 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     TTable ReadTable(TStringsType type, const TStateRecords& states);
     void WriteTables(const std::vector<TTable>& tables);
     void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
+
+    TLangFiles& files_;
 };
 
 class TmlDispatcherView : public TLanguagesView<TmlLangDispatcher> {

@@ -1,15 +1,14 @@
 #include "runtime/Runtime.h"
 
 #include "runtime/Classes.h"
+#include "runtime/Langfiles.h"
 #include "runtime/Langview.h"
 
 namespace tml {
 namespace {
 
-template <typename View>
-std::shared_ptr<View> ViewOn(const std::shared_ptr<IOTAComponent>& component, const char* ancestor) {
-    if (!component || !ClassInheritsFrom(component->GetComponentType(), ancestor)) return nullptr;
-    return std::make_shared<View>(component);
+bool IsA(const std::shared_ptr<IOTAComponent>& component, const char* ancestor) {
+    return component != nullptr && ClassInheritsFrom(component->GetComponentType(), ancestor);
 }
 
 class TMlRuntime : public IMlRuntime {
@@ -24,12 +23,18 @@ class TMlRuntime : public IMlRuntime {
         return ClassInheritsFrom(className, ancestor);
     }
     std::shared_ptr<TmlCustomLang> AsCustomLang(const std::shared_ptr<IOTAComponent>& component) override {
-        return ViewOn<TmlLangView>(component, "TmlCustomLang");
+        return IsA(component, "TmlCustomLang") ? std::make_shared<TmlLangView>(component, files_) : nullptr;
     }
     std::shared_ptr<TmlLangDispatcher> AsDispatcher(
         const std::shared_ptr<IOTAComponent>& component) override {
-        return ViewOn<TmlDispatcherView>(component, "TmlLangDispatcher");
+        return IsA(component, "TmlLangDispatcher") ? std::make_shared<TmlDispatcherView>(component) : nullptr;
     }
+    std::unique_ptr<ITranslationFiles> OpenTranslationFiles(const std::string& projectName) override {
+        return files_.Open(projectName);
+    }
+
+  private:
+    TLangFiles files_{*this};
 };
 
 }  // namespace

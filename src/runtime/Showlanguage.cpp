@@ -9,6 +9,7 @@
 #include "runtime/Extended.h"
 #include "runtime/Formparts.h"
 #include "runtime/Textsetter.h"
+#include "tables/Propertytexts.h"
 #include "tables/Textmerge.h"
 
 namespace tml {
@@ -20,21 +21,17 @@ class TFormChange {
     TFormChange(const TFormParts& parts, int from, int to)
         : parts_(parts), from_(from), to_(to), changes_(parts.Items().size()) {}
 
-    /// Of a key that stands twice the first counts.
-    void Add(const TTable& table) {
-        const auto& entries = table.Entries();
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            const TFormPart* const part = parts_.OfKey(entries[i].Key);
-            if (part != nullptr && table.Find(entries[i].Key) == static_cast<int>(i))
-                Add(*part, table.Type(), entries[i].Key.substr(part->Path.size() + 1), entries[i]);
-        }
+    void Add(const std::vector<TTable>& before, const std::vector<TTable>& after) {
+        for (std::size_t i = 0; i < before.size(); ++i)
+            // The IDs of Strings name no component, and a language's tag is no property of the form's file.
+            if (before[i].Type() != TStringsType::stStrings && before[i].Type() != TStringsType::stLocales)
+                Add(before[i], after[i]);
     }
-    void Add(const TExtendedText& text) {
-        TTableEntry entry;
-        for (const std::string& value : text.Values)
-            entry.Values.push_back({value});
-        if (const TFormPart* const part = parts_.Find(text.Component))
-            Add(*part, TStringsType::stOtherStrings, text.Property, entry);
+    void Add(const std::vector<TFileExtended>& before, const std::vector<TFileExtended>& after) {
+        for (std::size_t i = 0; i < before.size(); ++i)
+            if (const TFormPart* const part = parts_.Find(before[i].Component))
+                Add(*part, TStringsType::stOtherStrings, std::string(WithoutStrings(before[i].Property)),
+                    EntryOf(before[i]), EntryOf(after[i]));
     }
 
     void Make() {
@@ -49,11 +46,30 @@ class TFormChange {
     }
 
   private:
-    void Add(const TFormPart& part, TStringsType table, std::string path, const TTableEntry& entry) {
-        const std::string& from = ShownText(entry, from_);
-        const std::string& to = ShownText(entry, to_);
+    static TTableEntry EntryOf(const TFileExtended& text) {
+        TTableEntry entry;
+        for (const std::string& value : text.Values)
+            entry.Values.push_back({value});
+        return entry;
+    }
+
+    /// Of a key that stands twice the first counts.
+    void Add(const TTable& before, const TTable& after) {
+        const auto& entries = before.Entries();
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const TFormPart* const part = parts_.OfKey(entries[i].Key);
+            if (part != nullptr && before.Find(entries[i].Key) == static_cast<int>(i))
+                Add(*part, before.Type(), entries[i].Key.substr(part->Path.size() + 1), entries[i],
+                    after.Entries()[i]);
+        }
+    }
+
+    void Add(const TFormPart& part, TStringsType table, std::string path, const TTableEntry& before,
+             const TTableEntry& after) {
+        const std::string& from = ShownText(before, from_);
+        const std::string& to = ShownText(after, to_);
         const auto index = static_cast<std::size_t>(&part - parts_.Items().data());
-        if (from != to) changes_[index].push_back({table, std::move(path), from, to, entry.Base()});
+        if (from != to) changes_[index].push_back({table, std::move(path), from, to, after.Base()});
     }
 
     /// One that the file does not repeat, it repeats from now on; nullptr within a frame that it does not.
@@ -99,12 +115,18 @@ class TFormChange {
 void ShowTexts(TmlCustomLang& lang, int from, int to) {
     const TFormParts parts(lang.GetComponent()->GetOwner());
     TFormChange change(parts, from, to);
-    for (const TTable& table : lang.GetTables())
-        // The IDs of Strings name no component, and a language's tag is no property of the form's file.
-        if (table.Type() != TStringsType::stStrings && table.Type() != TStringsType::stLocales)
-            change.Add(table);
-    for (const TExtendedText& text : ReadExtended(*lang.GetComponent()))
-        change.Add(text);
+    const std::vector<TTable> tables = lang.GetTables();
+    const std::vector<TFileExtended> extended = ReadExtended(*lang.GetComponent());
+    change.Add(tables, tables);
+    change.Add(extended, extended);
+    change.Make();
+}
+
+void ShowChangedTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& after, int place) {
+    const TFormParts parts(lang.GetComponent()->GetOwner());
+    TFormChange change(parts, place, place);
+    change.Add(before.Tables, after.Tables);
+    change.Add(before.Extended, after.Extended);
     change.Make();
 }
 

@@ -16,11 +16,11 @@ void TakeStrings(TReceiver& receiver, TmlCustomLang& lang) {
 }
 
 /// A list that the form stores need not hold all that its ancestors have.
-void TakeAncestors(TReceiver& receiver, IMlRuntime& runtime, TmlCustomLang& lang) {
-    const auto ancestor = runtime.AsCustomLang(lang.GetComponent()->GetAncestor());
+void TakeAncestors(TReceiver& receiver, TmlCustomLang& lang) {
+    const auto ancestor = lang.GetInherited();
     if (ancestor == nullptr) return;
     TakeStrings(receiver, *ancestor);
-    TakeAncestors(receiver, runtime, *ancestor);
+    TakeAncestors(receiver, *ancestor);
 }
 
 }  // namespace
@@ -51,14 +51,14 @@ void TakeRelative(TReceiver& receiver, IMlRuntime& runtime, IOTAModule& form) {
     if (lang != nullptr) TakeStrings(receiver, *lang);
 }
 
-TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const TLangPlan& plan) {
+TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan) {
     TReceiver receiver;
     receiver.Component.FormName = form.GetFormName();
     receiver.Component.FormClass = form.GetFormEditor()->GetRootComponent()->GetComponentType();
     receiver.Component.ComponentName = plan.Name;
     if (plan.Lang == nullptr) return receiver;
     receiver.Existing = plan.Lang->GetTable(TStringsType::stStrings);
-    TakeAncestors(receiver, runtime, *plan.Lang);
+    TakeAncestors(receiver, *plan.Lang);
     return receiver;
 }
 
@@ -70,7 +70,7 @@ TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& d
         // An insertion says what is wrong.
     }
     if (plan.Name.empty()) plan.Name = InsertedName(defaultClass, form.GetFormName());
-    return ReceiverOf(runtime, form, plan);
+    return ReceiverOf(form, plan);
 }
 
 void TakeReceiver(TScanInput& input, TReceiver receiver, bool isOwnUnit) {

@@ -20,7 +20,7 @@ struct TReceiver {
 };
 
 /// The component of an open form, there or planned, with the strings that it and its ancestors hold.
-TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const TLangPlan& plan);
+TReceiver ReceiverOf(IOTAModule& form, const TLangPlan& plan);
 /// The same where one of the class is planned. A form that takes none has its strings found all the same.
 TReceiver ReceiverOf(IMlRuntime& runtime, IOTAModule& form, const std::string& defaultClass);
 

@@ -146,7 +146,7 @@ TScanInput TRun::MakeInput() {
 
 TReceiver TRun::Receiver() {
     IMlRuntime& runtime = *context_.Host.Runtime;
-    TReceiver receiver = ReceiverOf(runtime, *GetModuleFromFileName(context_, formUnit_), plan_);
+    TReceiver receiver = ReceiverOf(*GetModuleFromFileName(context_, formUnit_), plan_);
     for (const std::string& unit : Descendants()) {
         const TModuleLease opened(context_, unit);
         TakeRelative(receiver, runtime, *GetModuleFromFileName(context_, unit));
@@ -233,8 +233,7 @@ void TRun::AddToDescendants() {
         TModuleLease opened(context_, unit);
         const auto form = GetModuleFromFileName(context_, unit);
         const auto lang = FindCustomLang(runtime, *form->GetFormEditor());
-        const auto ancestor =
-            lang == nullptr ? nullptr : runtime.AsCustomLang(lang->GetComponent()->GetAncestor());
+        const auto ancestor = lang == nullptr ? nullptr : lang->GetInherited();
         if (ancestor == nullptr) continue;
         TTable table = lang->GetTable(TStringsType::stStrings);
         if (!TakeInheritedStrings(table, lang->GetLangNames(), ancestor->GetTable(TStringsType::stStrings),

@@ -284,10 +284,14 @@ void TMlbFile::ExpectColumns(const TFormSection& form) {
         if (state.Place < 2 || static_cast<std::size_t>(state.Place) > count) throw TDamaged();
 }
 
-void TMlbFile::Put(const TFormSection& section) {
+void TMlbFile::ExpectWritable() const {
     if (version_ > kTranslationFileVersion)
         throw EBadInput(fileName_, 0, "the file is of a newer version",
                         "Save into another file, or with a newer program");
+}
+
+void TMlbFile::Put(const TFormSection& section) {
+    ExpectWritable();
     version_ = kTranslationFileVersion;
     const auto [place, isNew] = index_.emplace(KeyOf(section.Address), parts_.size());
     if (isNew) parts_.push_back({'F', {}, section.Address});

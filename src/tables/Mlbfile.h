@@ -17,6 +17,7 @@ class TMlbFile : public ITranslationFile {
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override { return languages_; }
     std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    void ExpectWritable() const override;
     void Put(const TFormSection& section) override;
     std::string Bytes() const override;
 

@@ -86,10 +86,26 @@ std::vector<std::string_view> ViewsOf(const std::vector<std::string>& texts) {
 
 }  // namespace
 
+std::string DelimiterOfMll(std::string_view bytes) {
+    const std::string options = '[' + std::string(kOptions) + ']';
+    bytes.remove_prefix(std::min(bytes.find('['), bytes.size()));
+    bool isOptions = false;
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+        const std::string_view line = Trim(bytes.substr(0, end));
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+        if (isOptions && line.starts_with('[')) break;
+        if (line.starts_with('[')) isOptions = SameText(line, options);
+        const auto [name, value] = Setting(line);
+        if (isOptions && SameText(name, "Delimiter")) return Unquoted(value);
+    }
+    return {};
+}
+
 TMllFile::TMllFile(std::string_view bytes, const std::string& fileName, const std::string& delimiter)
     : fileName_(fileName),
       document_(bytes, fileName),
-      delimiter_(bytes.empty() ? delimiter : ReadOptions()),
+      delimiter_(bytes.empty() ? delimiter : ReadOptions(delimiter)),
       fields_(delimiter_) {
     ReadNames();
     if (!delimiter.empty() && delimiter != delimiter_) {
@@ -99,11 +115,12 @@ TMllFile::TMllFile(std::string_view bytes, const std::string& fileName, const st
     }
 }
 
-std::string TMllFile::ReadOptions() {
+/// The delimiter; the one given where the file names none.
+std::string TMllFile::ReadOptions(const std::string& given) {
     const TSection* options = document_.Find(kOptions);
     if (options == nullptr)
         Refuse(1, "the section \"Options\" is missing", "Choose a translation file (.mll)");
-    std::string delimiter;
+    std::string delimiter = given;
     version_ = 0;
     for (const TEntryLine& line : TMllDocument::Entries(*options)) {
         const auto [name, value] = Setting(line.Content);
@@ -241,9 +258,13 @@ void TMllFile::PutSettings(std::string_view section, std::vector<std::string> li
     document_.Put(section, lines, {});
 }
 
-void TMllFile::WriteOptions() {
+void TMllFile::ExpectWritable() const {
     if (version_ > kTranslationFileVersion)
         Refuse(0, "the file is of a newer version", "Save into another file, or with a newer program");
+}
+
+void TMllFile::WriteOptions() {
+    ExpectWritable();
     PutSettings(kOptions,
                 {"Version=" + std::to_string(kTranslationFileVersion), "Delimiter=" + Quoted(delimiter_)});
 }

@@ -7,6 +7,9 @@
 
 namespace tml {
 
+/// The delimiter of a text file, without reading more of it than its options; "" where it names none.
+std::string DelimiterOfMll(std::string_view bytes);
+
 /// The text kind.
 class TMllFile : public ITranslationFile {
   public:
@@ -16,6 +19,7 @@ class TMllFile : public ITranslationFile {
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override;
     std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    void ExpectWritable() const override;
     void Put(const TFormSection& section) override;
     std::string Bytes() const override { return document_.Bytes(); }
 
@@ -23,7 +27,7 @@ class TMllFile : public ITranslationFile {
     using TSection = TMllDocument::TSection;
     using TEntryLine = TMllDocument::TEntryLine;
 
-    std::string ReadOptions();
+    std::string ReadOptions(const std::string& given);
     void PutSettings(std::string_view section, std::vector<std::string> lines);
     void WriteOptions();
     void ReadNames();

@@ -16,15 +16,6 @@ constexpr std::array<std::string_view, 4> kStateNames = {"missing", "stale", "to
 /// In the order of the marks.
 constexpr std::array<std::string_view, 4> kMarkNames = {"", "same", "stale", "touched"};
 
-std::string_view NameOf(TValueMark mark) {
-    return kMarkNames[static_cast<std::size_t>(mark)];
-}
-
-TValueMark MarkOf(std::string_view name) {
-    const auto* const found = std::find(kMarkNames.begin() + 1, kMarkNames.end(), name);
-    return found == kMarkNames.end() ? TValueMark::None : static_cast<TValueMark>(found - kMarkNames.begin());
-}
-
 int PlaceOf(const std::string& text) {
     int place = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), place);
@@ -45,6 +36,36 @@ std::string Bare(std::string_view text) {
 }
 
 }  // namespace
+
+std::string_view NameOf(TValueMark mark) {
+    return kMarkNames[static_cast<std::size_t>(mark)];
+}
+
+TValueMark ValueMarkOf(std::string_view name) {
+    const auto* const found = std::find(kMarkNames.begin() + 1, kMarkNames.end(), name);
+    return found == kMarkNames.end() ? TValueMark::None : static_cast<TValueMark>(found - kMarkNames.begin());
+}
+
+bool IsInDoubt(const TTableValue& value) {
+    return value.Mark == TValueMark::Stale || value.Mark == TValueMark::Touched;
+}
+
+bool IsTranslation(const TTableValue& value, const std::string& base) {
+    return !value.Text.empty() && (value.Text != base || value.Mark != TValueMark::None);
+}
+
+TTableValue WithNewBase(TTableValue value, const std::string& former, const std::string& base,
+                        bool hasStates) {
+    if (value.Text.empty() || former == base) return value;
+    if (value.Mark == TValueMark::None && (value.Text == former || !hasStates)) {
+        if (value.Text == former) value.Text = base;
+        return value;
+    }
+    const std::string translated = IsInDoubt(value) ? value.Former : former;
+    if (translated == base) return {value.Text, value.Text == base ? TValueMark::Same : TValueMark::None};
+    return {value.Text, DifferInLooksOnly(translated, base) ? TValueMark::Touched : TValueMark::Stale,
+            translated};
+}
 
 std::string_view NameOf(TTextState state) {
     return kStateNames[static_cast<std::size_t>(state)];
@@ -75,12 +96,12 @@ bool DifferInLooksOnly(std::string_view left, std::string_view right) {
 TStateRecords::TStateRecords(TStringList lines, std::string_view delimiter) : delimiter_(delimiter) {
     for (const std::string& line : lines) {
         std::vector<std::string> fields = SplitFields(line, delimiter);
-        const bool isRecord = fields.size() == 5 && MarkOf(fields[3]) != TValueMark::None;
+        const bool isRecord = fields.size() == 5 && ValueMarkOf(fields[3]) != TValueMark::None;
         TRecord record{{}, {}, isRecord ? PlaceOf(fields[2]) : 0, {}, line};
         if (record.Place > 0) {
             record.Table = std::move(fields[0]);
             record.Key = std::move(fields[1]);
-            record.Value = {{}, MarkOf(fields[3]), std::move(fields[4])};
+            record.Value = {{}, ValueMarkOf(fields[3]), std::move(fields[4])};
         }
         records_.push_back(std::move(record));
     }

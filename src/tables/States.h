@@ -19,6 +19,22 @@ std::string_view NameOf(TTextState state);
 /// language).
 TTextState StateOf(const TTableEntry& entry, int place);
 
+/// A mark as it is stored: "same", "stale", "touched", "" for none; None for any other text.
+std::string_view NameOf(TValueMark mark);
+TValueMark ValueMarkOf(std::string_view name);
+
+/// True for a translation that was made for another base text.
+bool IsInDoubt(const TTableValue& value);
+
+/// True for a text of its own: not empty, and not equal to the base text for no known reason.
+bool IsTranslation(const TTableValue& value, const std::string& base);
+
+/// A translation when its base text becomes another one: what equals the former base text for no known reason
+/// follows it, any other is in doubt until the base text is again what had been translated. Settings, which
+/// have no states, only follow.
+TTableValue WithNewBase(TTableValue value, const std::string& former, const std::string& base,
+                        bool hasStates);
+
 /// True when two texts are the same but for letter case, punctuation, blanks and accelerators.
 bool DifferInLooksOnly(std::string_view left, std::string_view right);
 

@@ -26,20 +26,10 @@ void FollowBase(TTable& table, int index, const std::string& text) {
     const TTableEntry former = table.Entries()[static_cast<std::size_t>(index)];
     table.SetText(index, 1, text);
     for (int place = 2; place <= static_cast<int>(former.Values.size()); ++place) {
-        const TTableValue& value = former.Values[static_cast<std::size_t>(place) - 1];
-        if (value.Text.empty()) continue;
-        if (value.Mark == TValueMark::None && (value.Text == former.Base() || !HasStates(table.Type()))) {
-            if (value.Text == former.Base()) table.SetText(index, place, text);
-            continue;
-        }
-        const bool wasInDoubt = value.Mark == TValueMark::Stale || value.Mark == TValueMark::Touched;
-        const std::string& translated = wasInDoubt ? value.Former : former.Base();
-        if (translated == text)
-            table.SetMark(index, place, value.Text == text ? TValueMark::Same : TValueMark::None);
-        else
-            table.SetMark(index, place,
-                          DifferInLooksOnly(translated, text) ? TValueMark::Touched : TValueMark::Stale,
-                          translated);
+        const TTableValue value = WithNewBase(former.Values[static_cast<std::size_t>(place) - 1],
+                                              former.Base(), text, HasStates(table.Type()));
+        table.SetText(index, place, value.Text);
+        table.SetMark(index, place, value.Mark, value.Former);
     }
 }
 

@@ -74,6 +74,8 @@ class ITranslationFile {
     virtual TStringList Languages() const = 0;
     /// None when the file does not hold the form. EBadInput, with the place, for a damaged one.
     virtual std::optional<TFormSection> Read(const TFormAddress& form) const = 0;
+    /// EBadInput for a file of a newer version.
+    virtual void ExpectWritable() const = 0;
     /// Replaces the form in its place, or adds it at the end; everything else stays as it is.
     /// EBadInput for a file of a newer version.
     virtual void Put(const TFormSection& section) = 0;
@@ -98,8 +100,8 @@ std::string PlainLanguageName(std::string_view name);
 bool IsBinaryTranslation(std::string_view fileName);
 
 /// Reads a file of either kind, by its extension; empty bytes are a new one. delimiter is that of a new text
-/// file, or the one that an old one is to have from now on ("" keeps it). EBadInput for a damaged or foreign
-/// file.
+/// file and of one that names none, and the one that an old one is to have from now on ("" keeps it).
+/// EBadInput for a damaged or foreign file.
 std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string_view bytes, const std::string& fileName,
                                                       const std::string& delimiter = {});
 

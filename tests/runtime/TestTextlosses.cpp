@@ -1,5 +1,5 @@
-// Random changes of a form, of its language and of its tables: no translation is lost, and none goes to
-// another text.
+// Random changes of a form, of its language and of its tables, and ways through translation files: no
+// translation is lost, and none goes to another text or language.
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
@@ -7,6 +7,7 @@
 #include "ide/Headlesside.h"
 #include "runtime/Runtime.h"
 #include "support/Memoryfiles.h"
+#include "tables/Translationfile.h"
 
 namespace tml {
 namespace {
@@ -14,6 +15,7 @@ namespace {
 struct TModelText {
     std::string Base;
     std::string German;
+    std::string Polish;
 
     bool operator==(const TModelText&) const = default;
 };
@@ -23,7 +25,8 @@ struct TModel {
     std::map<int, TModelText> Texts;
     std::map<std::string, int> Labels;  ///< by component
     std::vector<int> Columns;
-    int Active = 1;
+    bool ShowsGerman = false;
+    TStringList Languages{{"English", "German", "Polish"}};
 
     bool operator==(const TModel&) const = default;
 };
@@ -37,8 +40,8 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
             "    Grid: TStringGrid;\n    mlLang1: TmlLang;\n  end;\nimplementation\n{$R *.dfm}\nend.\n";
         Files.Files["/p/Main.dfm"] =
             "object Main: TMain\n  object Grid: TStringGrid\n  end\n  object mlLang1: TmlLang\n"
-            "    NumOfLanguages = 2\n    LangNames.Strings = (\n      'English'\n      'German')\n  "
-            "end\nend\n";
+            "    NumOfLanguages = 3\n    LangNames.Strings = (\n      'English'\n      'German'\n"
+            "      'Polish')\n  end\nend\n";
         Ide.OpenProject("/p/P.dpr");
     }
 
@@ -57,9 +60,11 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
     void Step() {
         using TChange = void (TTextlosses::*)();
         constexpr TChange kChanges[] = {
-            &TTextlosses::AddLabel,     &TTextlosses::RenameLabel, &TTextlosses::RemoveLabel,
-            &TTextlosses::Reword,       &TTextlosses::AddColumn,   &TTextlosses::MoveColumn,
-            &TTextlosses::RemoveColumn, &TTextlosses::Translate,   &TTextlosses::SwitchLanguage,
+            &TTextlosses::AddLabel,         &TTextlosses::RenameLabel, &TTextlosses::RemoveLabel,
+            &TTextlosses::Reword,           &TTextlosses::AddColumn,   &TTextlosses::MoveColumn,
+            &TTextlosses::RemoveColumn,     &TTextlosses::Translate,   &TTextlosses::SwitchLanguage,
+            &TTextlosses::GoThroughFile,    &TTextlosses::MergeLater,  &TTextlosses::SwapLanguages,
+            &TTextlosses::MoveToOtherTable,
         };
         const TModel before = Model;
         const auto scope = Ide.GetModuleServices()->BeginCommand("Step");
@@ -97,23 +102,27 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
     static std::string ColumnKey(std::size_t index) {
         return "Grid.Columns[" + std::to_string(index) + "].Title.Caption";
     }
+    std::size_t PlaceOf(const std::string& language) {
+        return static_cast<std::size_t>(Model.Languages.IndexOf(language)) + 1;
+    }
     void Check(const TTable& table, const std::string& key, int text) {
         const int index = table.Find(key);
         ASSERT_GE(index, 0) << key;
         const TTableEntry& entry = table.Entries()[static_cast<std::size_t>(index)];
-        ASSERT_EQ(entry.Values.size(), 2U) << key;
+        ASSERT_EQ(entry.Values.size(), 3U) << key;
         EXPECT_EQ(entry.Base(), Model.Texts[text].Base) << key;
-        EXPECT_EQ(entry.Values[1].Text, Model.Texts[text].German) << key;
+        EXPECT_EQ(entry.Values[PlaceOf("German") - 1].Text, Model.Texts[text].German) << key;
+        EXPECT_EQ(entry.Values[PlaceOf("Polish") - 1].Text, Model.Texts[text].Polish) << key;
     }
 
     /// As the form shows it now.
     const std::string& Shown(int text) {
-        return Model.Active == 1 ? Model.Texts[text].Base : Model.Texts[text].German;
+        return Model.ShowsGerman ? Model.Texts[text].German : Model.Texts[text].Base;
     }
     int NewText() {
         const int text = ++last_;
         const std::string wording = "Text number " + std::to_string(text);
-        Model.Texts[text] = {wording, wording};
+        Model.Texts[text] = {wording, wording, wording};
         return text;
     }
     std::string SomeLabel() {
@@ -150,9 +159,10 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
         const std::string name = SomeLabel();
         TModelText& text = Model.Texts[Model.Labels[name]];
         const std::string wording = "Another " + std::to_string(++last_);
-        const bool isMissing = text.German == text.Base;
-        if (Model.Active == 1) text.Base = wording;
-        if (Model.Active == 2 || isMissing) text.German = wording;
+        // What is missing follows the base text.
+        if (Model.ShowsGerman || text.German == text.Base) text.German = wording;
+        if (!Model.ShowsGerman && text.Polish == text.Base) text.Polish = wording;
+        if (!Model.ShowsGerman) text.Base = wording;
         Component(name)->SetPropValue("Caption", TFormValue::String(wording));
     }
 
@@ -181,26 +191,86 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
     }
 
     void Translate() {
+        if (Model.ShowsGerman) return;
         for (const TStringsType type : {TStringsType::stCaptions, TStringsType::stCollections}) {
             TTable table = Lang()->GetTable(type);
             const int count = static_cast<int>(table.Entries().size());
             for (int i = 0; i < count; ++i) {
                 const std::string base = table.Entries()[static_cast<std::size_t>(i)].Base();
-                for (auto& [number, text] : Model.Texts)
-                    if (text.Base == base && text.German == base && Model.Active == 1) {
-                        text.German = "Deutsch " + std::to_string(number);
-                        table.SetText(i, 2, text.German);
-                    }
+                for (auto& [number, text] : Model.Texts) {
+                    if (text.Base != base || text.German != base || text.Polish != base) continue;
+                    text.German = "Deutsch ~!@#$ " + std::to_string(number);
+                    text.Polish = "[polski]=\\" + std::to_string(number) + "\r\n ";
+                    table.SetText(i, static_cast<int>(PlaceOf("German")), text.German);
+                    table.SetText(i, static_cast<int>(PlaceOf("Polish")), text.Polish);
+                }
             }
             Lang()->SetTable(table);
         }
     }
     void SwitchLanguage() {
-        Model.Active = 3 - Model.Active;
-        Lang()->SetLanguage(Model.Active == 1 ? "English" : "German");
+        Model.ShowsGerman = !Model.ShowsGerman;
+        Lang()->SetLanguage(Model.ShowsGerman ? "German" : "English");
         for (const auto& [name, text] : Model.Labels)
             Component(name)->SetPropValue("Caption", TFormValue::String(Shown(text)));
         WriteColumns();
+    }
+
+    /// Into one of two files, of either kind; gives its name.
+    std::string Save() {
+        const std::string file = Pick(2) == 0 ? "/p/texts.mll" : "/p/texts.mlb";
+        if (file.ends_with("mlb"))
+            Lang()->SaveAllToBinaryFile(file);
+        else
+            Lang()->SaveAllToFile(file, std::vector<std::string>{"~!@#$", "|", "=", "\\"}[Pick(4)]);
+        return file;
+    }
+    void GoThroughFile() {
+        const std::string file = Save();
+        Lang()->ClearTranslations();
+        if (Pick(2) == 0)
+            Lang()->LoadAllFromFile(file);
+        else
+            Lang()->MergeAllFromFile(file);
+    }
+    /// What was translated since the file was saved stays.
+    void MergeLater() {
+        const std::string file = Save();
+        Translate();
+        Lang()->MergeAllFromFile(file);
+    }
+    /// A load takes the file's order of languages.
+    void SwapLanguages() {
+        const std::string name = Save();
+        const auto file = OpenTranslationFile(Runtime->Files->ReadFile(name).value(), name);
+        TFormSection section = file->Read({"", "Main"}).value();
+        const auto swapped = [](std::vector<std::string> fields) {
+            std::swap(fields[1], fields[2]);
+            return fields;
+        };
+        section.Languages = TStringList(swapped(section.Languages.Items()));
+        for (TFileTable& table : section.Tables)
+            for (TFileEntry& entry : table.Entries)
+                entry.Fields = swapped(entry.Fields);
+        for (TFileState& state : section.States)
+            state.Place = 5 - state.Place;
+        file->Put(section);
+        Runtime->Files->WriteFile(name, file->Bytes());
+        Lang()->LoadAllFromFile(name);
+        Model.Languages = TStringList(swapped(Model.Languages.Items()));
+        EXPECT_EQ(Lang()->GetLangNames(), Model.Languages);
+    }
+    /// As an older program may have entered it; the update puts it where it belongs.
+    void MoveToOtherTable() {
+        if (Model.Labels.empty()) return;
+        TTable captions = Lang()->GetTable(TStringsType::stCaptions);
+        TTable others = Lang()->GetTable(TStringsType::stOtherStrings);
+        std::vector<bool> moved(captions.Entries().size());
+        const std::size_t entry = Pick(moved.size());
+        moved[entry] = true;
+        others.Append(captions.Entries()[entry]);
+        captions.Remove(moved);
+        Lang()->SetTables({captions, others});
     }
 
     std::mt19937 random_;

@@ -38,14 +38,14 @@ std::string Saved(std::string bytes, const std::string& fileName, const TFormSec
     return file->Bytes();
 }
 
-const TStringList kTwo({"English", "German"});
+const TStringList kTwoLanguages({"English", "German"});
 const TStringList kThree({"German", "English", "Hebrew"});
 
 TEST(Translationfile, FormsOfDifferentLanguagesShareAFileOfEitherKindAndKeepTheirPlaces) {
     for (const std::string name : {"a.mll", "a.MLB"}) {
-        std::string bytes = Saved("", name, Section("One", kTwo), "~!@#$");
+        std::string bytes = Saved("", name, Section("One", kTwoLanguages), "~!@#$");
         bytes = Saved(bytes, name, Section("Two", kThree));
-        TFormSection changed = Section("One", kTwo);
+        TFormSection changed = Section("One", kTwoLanguages);
         changed.Tables[1].Entries[0].Fields[1] = "Neu";
         bytes = Saved(bytes, name, changed);
         const auto file = OpenTranslationFile(bytes, name);
@@ -86,7 +86,7 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
 }
 
 TEST(Translationfile, AnotherDelimiterWritesEveryLineAnew) {
-    const TFormSection one = Section("One", kTwo), two = Section("Two", kThree);
+    const TFormSection one = Section("One", kTwoLanguages), two = Section("Two", kThree);
     std::string bytes = Saved(Saved("", "a.mll", one, "~!@#$"), "a.mll", two);
     for (const std::string delimiter : {"=", " ", "\\", "\"", "a\\"}) {
         bytes = Saved(bytes, "a.mll", one, delimiter);
@@ -116,7 +116,7 @@ std::string MessageOf(const std::string& bytes, const std::string& name) {
     try {
         const auto file = OpenTranslationFile(bytes, name);
         file->Read({"P", "F"});
-        file->Put({{"P", "F"}, kTwo, {}, {}, {}});
+        file->Put({{"P", "F"}, kTwoLanguages, {}, {}, {}});
     } catch (const EBadInput& error) {
         return error.what();
     }
@@ -149,7 +149,7 @@ TEST(Translationfile, WhatIsDamagedOrForeignIsRefusedWithItsPlace) {
 }
 
 TEST(Translationfile, EveryBrokenByteOfABinaryFileIsNoticed) {
-    TFormSection form = Section("F", kTwo);
+    TFormSection form = Section("F", kTwoLanguages);
     form.Address.Project = "P";
     const std::string whole = Saved("", "f.mlb", form);
     ASSERT_EQ(MessageOf(whole, "f.mlb"), "read");

@@ -1,0 +1,109 @@
+#include "runtime/Langfiles.h"
+
+#include <utility>
+
+#include "base/Errors.h"
+
+namespace tml {
+
+class TLangFiles::TSession : public ITranslationFiles {
+  public:
+    TSession(TLangFiles& owner, std::string projectName)
+        : owner_(owner), outer_(owner.session_), projectName_(std::move(projectName)) {
+        owner_.session_ = this;
+    }
+    ~TSession() override { owner_.session_ = outer_; }
+    TSession(const TSession&) = delete;
+    TSession& operator=(const TSession&) = delete;
+
+    TStringList GetLanguages(const std::string& fileName) override {
+        return OpenPresent(fileName).File->Languages();
+    }
+
+    void ExpectWritable(const std::string& fileName, const std::string& delimiter) override {
+        OpenFile(fileName, delimiter).File->ExpectWritable();
+    }
+
+    void Commit() override {
+        for (auto& [fileName, open] : open_) {
+            if (!open.Changed) continue;
+            ExpectUnchanged(fileName, open);
+            std::string bytes = open.File->Bytes();
+            if (bytes != open.Read) Files(fileName).WriteFile(fileName, std::move(bytes));
+            open.Changed = false;
+        }
+    }
+
+    std::optional<TFormSection> Read(const std::string& fileName, const std::string& formName) {
+        const TOpenFile& open = OpenPresent(fileName);
+        const auto found = open.Finder.Find({projectName_, formName});
+        return found ? open.File->Read(*found) : std::nullopt;
+    }
+
+    void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
+               const TLangTexts& texts) {
+        TOpenFile& open = OpenFile(fileName, delimiter);
+        const TFormAddress form{projectName_, formName};
+        open.File->Put(ToSection(open.Finder.Find(form).value_or(form), texts));
+        open.Changed = true;
+    }
+
+  private:
+    struct TOpenFile {
+        std::optional<std::string> Read;
+        std::unique_ptr<ITranslationFile> File;
+        TFormFinder Finder;
+        bool Changed = false;
+    };
+
+    ICommandFiles& Files(const std::string& fileName) const {
+        if (owner_.runtime_.Files == nullptr)
+            throw EFileError(fileName, 0, "this IDE gives no files", "Choose another one");
+        return *owner_.runtime_.Files;
+    }
+
+    TOpenFile& OpenFile(const std::string& fileName, const std::string& delimiter) {
+        const auto present = open_.find(fileName);
+        if (present != open_.end()) return present->second;
+        std::optional<std::string> bytes = Files(fileName).ReadFile(fileName);
+        auto file = OpenTranslationFile(bytes.value_or(""), fileName, delimiter);
+        TFormFinder finder(*file);
+        return open_.emplace(fileName, TOpenFile{std::move(bytes), std::move(file), std::move(finder)})
+            .first->second;
+    }
+
+    TOpenFile& OpenPresent(const std::string& fileName) {
+        TOpenFile& open = OpenFile(fileName, {});
+        if (!open.Read) throw EFileError(fileName, 0, "there is no such file", "Choose a translation file");
+        return open;
+    }
+
+    void ExpectUnchanged(const std::string& fileName, const TOpenFile& open) const {
+        if (Files(fileName).ReadFile(fileName) != open.Read)
+            throw EFileError(fileName, 0, "the file has changed since it was read", "Repeat the command");
+    }
+
+    TLangFiles& owner_;
+    TSession* outer_;
+    std::string projectName_;
+    std::unordered_map<std::string, TOpenFile> open_;
+};
+
+std::unique_ptr<ITranslationFiles> TLangFiles::Open(const std::string& projectName) {
+    return std::make_unique<TSession>(*this, projectName);
+}
+
+std::optional<TFormSection> TLangFiles::Read(const std::string& fileName, const std::string& formName) {
+    if (session_ != nullptr) return session_->Read(fileName, formName);
+    return TSession(*this, {}).Read(fileName, formName);
+}
+
+void TLangFiles::Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
+                       const TLangTexts& texts) {
+    if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, texts);
+    TSession alone(*this, {});
+    alone.Write(fileName, delimiter, formName, texts);
+    alone.Commit();
+}
+
+}  // namespace tml

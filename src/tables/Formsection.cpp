@@ -1,0 +1,70 @@
+#include "tables/Formsection.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tables/States.h"
+
+namespace tml {
+namespace {
+
+TFileTable ToFile(const TTable& table, std::size_t languages) {
+    TFileTable file{table.Type(), {}};
+    file.Entries.reserve(table.Entries().size());
+    for (const TTableEntry& entry : table.Entries()) {
+        file.Entries.push_back({entry.Key, std::vector<std::string>(languages)});
+        for (std::size_t i = 0; i < std::min(languages, entry.Values.size()); ++i)
+            file.Entries.back().Fields[i] = entry.Values[i].Text;
+    }
+    return file;
+}
+
+void AddStates(const TTable& table, std::size_t languages, std::vector<TFileState>& states) {
+    for (const TTableEntry& entry : table.Entries())
+        for (std::size_t i = 1; i < std::min(languages, entry.Values.size()); ++i)
+            if (const TTableValue& value = entry.Values[i]; value.Mark != TValueMark::None)
+                states.push_back({table.Type(), static_cast<int>(i) + 1, entry.Key,
+                                  std::string(NameOf(value.Mark)), value.Former});
+}
+
+TTable FromFile(const TFileTable& file) {
+    TTable table(file.Type);
+    for (const TFileEntry& entry : file.Entries) {
+        TTableEntry read{entry.Key, {}};
+        read.Values.reserve(entry.Fields.size());
+        for (const std::string& field : entry.Fields)
+            read.Values.push_back({field});
+        table.Append(std::move(read));
+    }
+    return table;
+}
+
+}  // namespace
+
+TFormSection ToSection(const TFormAddress& address, const TLangTexts& texts) {
+    TFormSection section{address, texts.Languages, {}, {}, texts.Extended};
+    const std::size_t languages = texts.Languages.Items().size();
+    for (const TTable& table : texts.Tables) {
+        if (!table.Entries().empty()) section.Tables.push_back(ToFile(table, languages));
+        AddStates(table, languages, section.States);
+    }
+    for (TFileExtended& item : section.Extended)
+        item.Values.resize(languages);
+    return section;
+}
+
+TLangTexts FromSection(const TFormSection& section) {
+    TLangTexts texts{section.Languages, {}, section.Extended};
+    for (const TTableKind& kind : kTableKinds)
+        texts.Tables.emplace_back(kind.Type);
+    for (const TFileTable& table : section.Tables)
+        texts.Tables[static_cast<std::size_t>(table.Type)] = FromFile(table);
+    for (const TFileState& state : section.States) {
+        TTable& table = texts.Tables[static_cast<std::size_t>(state.Type)];
+        const int entry = table.Find(state.Key);
+        if (entry >= 0) table.SetMark(entry, state.Place, ValueMarkOf(state.State), state.Former);
+    }
+    return texts;
+}
+
+}  // namespace tml

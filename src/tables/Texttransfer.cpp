@@ -1,0 +1,245 @@
+#include "tables/Texttransfer.h"
+
+#include <algorithm>
+#include <deque>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
+
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "tables/Languageplaces.h"
+#include "tables/States.h"
+#include "tables/Textmerge.h"
+
+namespace tml {
+namespace {
+
+/// Where the form holds no texts that entries could stand for.
+bool IsFreeTable(TStringsType type) {
+    return type == TStringsType::stStrings || type == TStringsType::stLocales;
+}
+
+TTableValue ValueAt(const TTableEntry& entry, std::size_t index) {
+    return index < entry.Values.size() ? entry.Values[index] : TTableValue();
+}
+
+bool IsTranslated(const TTableEntry& entry, int place) {
+    return IsTranslation(ValueAt(entry, static_cast<std::size_t>(place) - 1), entry.Base());
+}
+
+/// "Captions btnOK.Caption (German): 'Gut'".
+std::string LineOf(std::string_view where, const std::string& language, const std::string& text) {
+    return Format("%s (%s): '%s'", where, language, text);
+}
+
+/// One table of the form and that of the file.
+class TTableTransfer {
+  public:
+    TTableTransfer(std::string_view name, TTable& own, const TStringList& languages,
+                   const TTransfer& transfer, TTransferReport& report)
+        : name_(name), own_(own), languages_(languages), transfer_(transfer), report_(report) {
+        const auto& entries = own_.Entries();
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            indexes_[UpperCase(entries[i].Key)].push_back(static_cast<int>(i));
+    }
+
+    void Run(const TTable& file) {
+        std::vector<bool> met(own_.Entries().size(), false);
+        for (const TTableEntry& entry : file.Entries()) {
+            const int index = TakeIndex(entry);
+            if (index < 0) continue;
+            Take(index, entry);
+            if (static_cast<std::size_t>(index) < met.size()) met[static_cast<std::size_t>(index)] = true;
+        }
+        for (std::size_t i = 0; i < met.size(); ++i)
+            if (!met[i]) Leave(static_cast<int>(i));
+    }
+
+  private:
+    const TTableEntry& At(int index) const { return own_.Entries()[static_cast<std::size_t>(index)]; }
+    std::string Where(const std::string& key) const { return name_ + ' ' + key; }
+
+    /// -1 where the form has no place for the entry.
+    int TakeIndex(const TTableEntry& entry) {
+        const auto found = indexes_.find(UpperCase(entry.Key));
+        if (found != indexes_.end() && !found->second.empty()) {
+            const int index = found->second.front();
+            found->second.pop_front();
+            return index;
+        }
+        const bool isDouble = found != indexes_.end();
+        const bool isNew = !isDouble && IsFreeTable(own_.Type()) && Append(entry);
+        if (isNew) return static_cast<int>(own_.Entries().size()) - 1;
+        report_.Unknown.Add(Where(entry.Key));
+        return -1;
+    }
+
+    bool Append(const TTableEntry& entry) {
+        if (own_.Type() == TStringsType::stStrings) report_.Added.Add(Where(entry.Key));
+        return own_.Add(entry.Key, entry.Base(), languages_.Count());
+    }
+
+    void Take(int index, const TTableEntry& entry) {
+        for (std::size_t column = 1; column < transfer_.Places.size(); ++column)
+            if (transfer_.Places[column] > 1) Take(index, transfer_.Places[column], entry, column);
+    }
+
+    void Take(int index, int place, const TTableEntry& entry, std::size_t column) {
+        const TTableValue former = ValueAt(At(index), static_cast<std::size_t>(place) - 1);
+        const bool wasTranslated = IsTranslation(former, At(index).Base());
+        const TTableValue taken =
+            WithNewBase(ValueAt(entry, column), entry.Base(), At(index).Base(), HasStates(own_.Type()));
+        const bool says = transfer_.Kind == TTransferKind::Load ? !taken.Text.empty()
+                                                                : IsTranslation(taken, At(index).Base());
+        if (!says && (wasTranslated || taken.Text.empty())) {
+            report_.Kept += wasTranslated ? 1 : 0;
+            return;
+        }
+        Set(index, place, former, Settled(taken, former));
+        if (wasTranslated && former.Text != taken.Text)
+            report_.Overwritten.Add(LineOf(Where(entry.Key), LanguageAt(place), taken.Text) +
+                                    Format(" instead of '%s'", former.Text));
+    }
+
+    /// What is in doubt on one side only has been looked at on the other: the same text in a merge, and a
+    /// text that was written anew in the file.
+    TTableValue Settled(TTableValue taken, const TTableValue& former) const {
+        const bool isSame = taken.Text == former.Text;
+        if (isSame && transfer_.Kind == TTransferKind::Merge && IsInDoubt(taken) && !IsInDoubt(former))
+            return former;
+        const bool isSameDoubt =
+            IsInDoubt(taken) && taken.Mark == former.Mark && taken.Former == former.Former;
+        if (!isSame && isSameDoubt) return {taken.Text};
+        return taken;
+    }
+
+    void Set(int index, int place, const TTableValue& former, const TTableValue& taken) {
+        report_.Taken += former.Text != taken.Text ? 1 : 0;
+        report_.InDoubt += former != taken && IsInDoubt(taken) ? 1 : 0;
+        own_.SetText(index, place, taken.Text);
+        own_.SetMark(index, place, taken.Mark, taken.Former);
+    }
+
+    /// An entry that the file has not.
+    void Leave(int index) {
+        for (const int place : transfer_.Places) {
+            if (place < 2 || !IsTranslated(At(index), place)) continue;
+            if (transfer_.Kind == TTransferKind::Merge || own_.Type() == TStringsType::stLocales) {
+                ++report_.Kept;
+                continue;
+            }
+            const std::string text = ValueAt(At(index), static_cast<std::size_t>(place) - 1).Text;
+            report_.Dropped.Add(LineOf(Where(At(index).Key), LanguageAt(place), text));
+            own_.SetText(index, place, {});
+        }
+    }
+
+    std::string LanguageAt(int place) const { return languages_[place - 1]; }
+
+    std::string name_;
+    TTable& own_;
+    const TStringList& languages_;
+    const TTransfer& transfer_;
+    TTransferReport& report_;
+    std::unordered_map<std::string, std::deque<int>> indexes_;  ///< by key, upper-cased
+};
+
+/// They go through a table of their own: what holds for entries holds for them.
+TTable TableOf(const std::vector<TFileExtended>& items) {
+    TTable table(TStringsType::stOtherStrings);
+    for (const TFileExtended& item : items) {
+        TTableEntry entry{item.Component + ':' + item.Property, {}};
+        for (const std::string& value : item.Values)
+            entry.Values.push_back({value});
+        table.Append(std::move(entry));
+    }
+    return table;
+}
+
+void TransferExtended(TLangTexts& form, const TLangTexts& file, const TTransfer& transfer,
+                      TTransferReport& report) {
+    TTable table = TableOf(form.Extended);
+    TTableTransfer("ExtendedTranslations", table, form.Languages, transfer, report)
+        .Run(TableOf(file.Extended));
+    for (std::size_t i = 0; i < form.Extended.size(); ++i) {
+        const std::vector<TTableValue>& values = table.Entries()[i].Values;
+        form.Extended[i].Values.resize(values.size());
+        std::transform(values.begin(), values.end(), form.Extended[i].Values.begin(),
+                       [](const TTableValue& value) { return value.Text; });
+    }
+}
+
+TStringList PlainNames(const TStringList& names) {
+    TStringList plain;
+    for (const std::string& name : names)
+        plain.Add(PlainLanguageName(name));
+    return plain;
+}
+
+std::vector<int> FirstPlaces(int count) {
+    std::vector<int> places(static_cast<std::size_t>(count));
+    std::iota(places.begin(), places.end(), 1);
+    return places;
+}
+
+/// A language that the form knows keeps the form's spelling.
+std::string Spelled(const TStringList& present, int place, const std::string& name) {
+    const bool isKnown = place > 0 && SameText(PlainLanguageName(present[place - 1]), name);
+    return isKnown ? present[place - 1] : name;
+}
+
+/// The file's languages, in its order.
+TLanguageMeeting LoadedLanguages(const TStringList& present, const TStringList& file,
+                                 std::vector<int> places) {
+    TLanguageMeeting meeting{{}, std::move(places), FirstPlaces(file.Count())};
+    for (int i = 0; i < file.Count(); ++i)
+        meeting.Names.Add(Spelled(present, meeting.Former[static_cast<std::size_t>(i)], file[i]));
+    return meeting;
+}
+
+}  // namespace
+
+bool AreBasesCrossed(const TStringList& present, const TStringList& file) {
+    const TStringList plain = PlainNames(present);
+    return !SameText(plain[0], file[0]) && (plain.IndexOf(file[0]) > 0 || file.IndexOf(plain[0]) > 0);
+}
+
+TLanguageMeeting MeetLanguages(const TStringList& present, const TStringList& file, TTransferKind kind,
+                               const std::string& only) {
+    std::vector<int> places = PlacesOfLanguages(PlainNames(present), file);
+    places.front() = 1;
+    if (kind == TTransferKind::Load) return LoadedLanguages(present, file, std::move(places));
+    TLanguageMeeting meeting{present, FirstPlaces(present.Count()), {1}};
+    for (int column = 1; column < file.Count(); ++column) {
+        const bool isTaken = only.empty() || SameText(file[column], only);
+        int place = isTaken ? places[static_cast<std::size_t>(column)] : 0;
+        if (place > 0) meeting.Names.Set(place - 1, Spelled(present, place, file[column]));
+        if (isTaken && place == 0) {
+            meeting.Names.Add(file[column]);
+            meeting.Former.push_back(0);
+            place = meeting.Names.Count();
+        }
+        meeting.Places.push_back(place);
+    }
+    return meeting;
+}
+
+void TransferTexts(TLangTexts& form, const TLangTexts& file, const TTransfer& transfer,
+                   TTransferReport& report) {
+    for (std::size_t i = 0; i < form.Tables.size(); ++i)
+        TTableTransfer(KindOf(form.Tables[i].Type()).Property, form.Tables[i], form.Languages, transfer,
+                       report)
+            .Run(file.Tables[i]);
+    TransferExtended(form, file, transfer, report);
+}
+
+int CountTranslations(const TLangTexts& texts, int place) {
+    int count = 0;
+    for (const TTable& table : texts.Tables)
+        for (const TTableEntry& entry : table.Entries())
+            count += IsTranslated(entry, place) ? 1 : 0;
+    return count;
+}
+
+}  // namespace tml
