@@ -30,7 +30,9 @@ TModalResult TAnswers::MessageDlg(const std::string& text, TMsgDlgType type, con
     return offers(mrCancel) ? mrCancel : mrNo;
 }
 
-bool TAnswers::InputQuery(const std::string& caption, const std::string& prompt, std::string&) {
+bool TAnswers::InputQuery(const std::string& caption, const std::string& prompt, std::string& value) {
+    if (Text) value = *Text;
+    if (Text) return true;
     Errors.push_back(caption + ": " + prompt + " cannot be asked here");
     return false;
 }

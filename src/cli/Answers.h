@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <typeindex>
 #include <unordered_map>
@@ -31,6 +32,8 @@ class TAnswers : public IDialogs {
     /// Texts of information since the last ClearErrors.
     std::vector<std::string> Information;
     void ClearMessages();
+    /// What a question for a text is answered with; none is cancelled.
+    std::optional<std::string> Text;
 
     TModalResult MessageDlg(const std::string& text, TMsgDlgType type,
                             const TMsgDlgButtons& buttons) override;

@@ -17,15 +17,18 @@
 #include "cli/Statscommand.h"
 #include "cli/Terminal.h"
 #include "cli/Textscommand.h"
+#include "cli/Transfercommands.h"
 #include "cli/Updatecommands.h"
 
 namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,  AddScanCommand,     AddReplaceCommand,    AddInsertCommand,   AddLanguagesCommand,
-    AddUpdateCommand, AddClearCommand,    AddTextsCommand,      AddStatsCommand,    AddPseudoCommand,
-    AddCheckCommand,  AddFormTextCommand, AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
+    AddFormsCommand,      AddScanCommand,     AddReplaceCommand,      AddInsertCommand,
+    AddLanguagesCommand,  AddUpdateCommand,   AddClearCommand,        AddTextsCommand,
+    AddStatsCommand,      AddPseudoCommand,   AddCheckCommand,        AddSaveCommand,
+    AddLoadCommand,       AddMergeCommand,    AddLoadLanguageCommand, AddFormTextCommand,
+    AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

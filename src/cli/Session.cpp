@@ -16,7 +16,8 @@ void ExpectNotStopped() {
 
 }  // namespace
 
-TSession::TSession(TProgram& program, const std::string& project) : json_(program.Json), workplace_(program) {
+TSession::TSession(TProgram& program, const std::string& project)
+    : json_(program.Json), isOneProject_(!program.ProjectName.empty()), workplace_(program) {
     Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
     expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
@@ -46,6 +47,21 @@ std::vector<TFormRow*> TSession::Rows(const std::vector<std::string>& formNames)
         rows.push_back(found);
     }
     return rows;
+}
+
+bool TSession::HasSeveralProjects() {
+    return !isOneProject_ && Modules().GetMainProjectGroup()->GetProjectCount() > 1;
+}
+
+void TSession::ForEachProject(const std::function<void()>& work) {
+    if (!HasSeveralProjects()) return work();
+    const auto group = Modules().GetMainProjectGroup();
+    for (int i = 0; i < group->GetProjectCount(); ++i) {
+        group->SetActiveProject(group->GetProject(i));
+        expert_->RunItemClick();
+        ExpectNotStopped();
+        work();
+    }
 }
 
 void TSession::Run(const std::function<void(TContext&, TSubjects&)>& command) {

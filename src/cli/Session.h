@@ -27,6 +27,11 @@ class TSession {
 
     /// The rows of the forms with these names, all rows without one. EBadInput for an unknown name.
     std::vector<TFormRow*> Rows(const std::vector<std::string>& formNames);
+    /// A group is open, and the options name none of its projects.
+    bool HasSeveralProjects();
+    /// Calls work for each project of a group, which is the active one then and listed; for the active one
+    /// alone where the options name a project.
+    void ForEachProject(const std::function<void()>& work);
     /// Runs a function that stands behind a command, as the window would: what the IDE tells meanwhile waits.
     void Run(const std::function<void(TContext&, TSubjects&)>& command);
 
@@ -44,6 +49,7 @@ class TSession {
     void TakeMessages(const std::string& subject);
 
     bool json_;
+    bool isOneProject_;
     TWorkplace workplace_;
     TmlLangExpert* expert_ = nullptr;
     int attempts_ = 0;

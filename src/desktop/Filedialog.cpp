@@ -75,7 +75,8 @@ void ExecuteFiles(QFileDialog& dialog, TFileDialog& form) {
 }
 
 void Show(TOpenDialog& form, QFileDialog& dialog) {
-    dialog.setFileMode(form.FileMustExist ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+    const auto existing = form.AllowMultiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    dialog.setFileMode(form.FileMustExist ? existing : QFileDialog::AnyFile);
     ExecuteFiles(dialog, form);
 }
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "desktop/Chooserview.h"
+#include "desktop/Filenameview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
 #include "desktop/Langconfigview.h"
@@ -27,6 +28,7 @@ constexpr TMakeView kViews[] = {
     Make<TfrmLangConfig, TLangConfigView>,  Make<TfrmNotTranslate, TChooserView>,
     Make<TfrmOptions, TOptionsView>,        Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
     Make<TfrmSkippedStrings, TSkippedView>, Make<TfrmTranslUnits, TUnitsView>,
+    Make<TfrmAsk4FileName, TFileNameView>,
 };
 
 }  // namespace

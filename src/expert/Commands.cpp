@@ -29,6 +29,11 @@ void OnScan(TContext& context, TSubjects& subjects) {
     Command(context, subjects.Scan);
 }
 
+template <void (*Command)(TContext&, TFilesMemory&)>
+void OnFiles(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.Files);
+}
+
 /// A command of the window itself.
 constexpr TCommand OfWindow(std::string_view name, std::string_view caption, std::string_view shortCut,
                             unsigned places, void (TfrmmlLang::*method)()) {
@@ -69,17 +74,25 @@ constexpr std::array kCommands{
     TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages",
              false, nullptr, "Set up number of languages in selected form",
              "Languages|Set up value of NumOfLanguages property for selected form(s)"},
-    TCommand{"SaveForms", "&Save Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
-    TCommand{"LoadForms", "&Load Selected Form(s)...", "", 111, plFile, SaveLoad, nullptr},
+    TCommand{"SaveForms", "&Save Selected Form(s)...", "", 111, plFile | plToolBar, SaveLoad,
+             OnFiles<SaveSelectedForms>, "Save form(s)", false, nullptr, "",
+             "Save form(s)|Save selected forms to file"},
+    TCommand{"LoadForms", "&Load Selected Form(s)...", "", 111, plFile | plToolBar, SaveLoad,
+             OnFiles<LoadSelectedForms>, "Load form(s)", false, nullptr, "",
+             "Load form(s)|Load translation for selected forms from file"},
     TCommand{"SaveFormsProperties", "Save Selected Form(s) &Properties...", "", 111, plFile, SaveLoad,
              nullptr},
-    TCommand{"LoadFormsLanguage", "Load L&anguage for Form(s)...", "", 111, plFile, SaveLoad, nullptr},
-    TCommand{"SaveProject", "Sa&ve Project...", "", -1, plFile, SaveLoad, nullptr},
-    TCommand{"LoadProject", "Loa&d Project...", "", -1, plFile, SaveLoad, nullptr},
-    TCommand{"LoadProjectLanguage", "Load Language for Pro&ject...", "", -1, plFile, SaveLoad, nullptr},
+    TCommand{"LoadFormsLanguage", "Load L&anguage for Form(s)...", "", 111, plFile, SaveLoad,
+             OnFiles<LoadLanguageForForms>},
+    TCommand{"SaveProject", "Sa&ve Project...", "", -1, plFile | plToolBar, SaveLoad, OnFiles<SaveProject>,
+             "Save project", false, nullptr, "", "Save project|Save translations for whole project"},
+    TCommand{"LoadProject", "Loa&d Project...", "", -1, plFile | plToolBar, SaveLoad, OnFiles<LoadProject>,
+             "Load project", false, nullptr, "", "Load project|Load translation for whole project"},
+    TCommand{"LoadProjectLanguage", "Load Language for Pro&ject...", "", -1, plFile, SaveLoad,
+             OnFiles<LoadLanguageForProject>},
     TCommand{"SaveProjectProperties", "Save Project Properties...", "", 0, plFile, SaveLoad, nullptr},
-    TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, nullptr},
-    TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, nullptr},
+    TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, OnFiles<MergeSelectedForms>},
+    TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, OnFiles<MergeProject>},
     TCommand{"SourceWithForm", "&With form...", "", 111, plFile | plToolBar, Source, OnScan<SourceWithForm>,
              "Source", false, nullptr, "Move the hard-coded strings of selected forms' units into the forms",
              "Source|Moves the hard-coded strings of selected forms' units into the forms"},

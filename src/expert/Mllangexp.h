@@ -45,6 +45,9 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     void ProjectClosed();
     void InitializeProjectSettings(const std::string& projectFileName);
     void DestroyProjectSettings();
+    /// Entry points that do nothing, on purpose: the main window's commands save and load.
+    void SaveProjectTranslations(const std::string& /*fileName*/) {}
+    void LoadProjectTranslations(const std::string& /*fileName*/) {}
     void InstallEditorPopupMenu();
     void RemoveEditorPopupMenu();
     /// Takes the expert's menus away; no stored setting is touched.

@@ -58,6 +58,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
     BuildMenus();
     odExternalFile.Name = "odExternalFile";
     odExternalFile.FileMustExist = true;
+    odExternalFile.AllowMultiSelect = true;
     Menu = MainMenu;
     TfrmmlLang::FormShow();
     CheckEnableActions();

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "scan/Scanmemory.h"
+#include "translations/Filecommands.h"
 
 namespace tml {
 
 /// What the subjects remember between their commands. It belongs to the expert, which hands it to them.
 struct TSubjects {
     TScanMemory Scan;
+    TFilesMemory Files;
 };
 
 }  // namespace tml

@@ -6,7 +6,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Formrows.h"
-#include "windows/Filedialogs.h"
+#include "translations/Translationdialogs.h"
 
 namespace tml {
 namespace {
@@ -112,8 +112,7 @@ void TfrmProjectTranslationSettings::ChooseDictionary() {
 }
 
 void TfrmProjectTranslationSettings::ChooseTranslationFile() {
-    const auto file = AskForFile(context_, edDefTranslationFile, "mlb",
-                                 "TmlLang text files (*.mll)|*.mll|TmlLang binary files (*.mlb)|*.mlb");
+    const auto file = AskForFile(context_, edDefTranslationFile, "mlb", kBothTranslations);
     if (file) edDefTranslationFile = *file;
     Changed();
 }

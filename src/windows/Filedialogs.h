@@ -19,7 +19,8 @@ class TFileDialog : public TForm {
 
 class TOpenDialog : public TFileDialog {
   public:
-    bool FileMustExist = false;  ///< and more than one may be chosen
+    bool FileMustExist = false;
+    bool AllowMultiSelect = false;  ///< of files that exist
 };
 
 class TSaveDialog : public TFileDialog {

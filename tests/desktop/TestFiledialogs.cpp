@@ -14,6 +14,7 @@ TEST_F(TFileDialogs, SeveralFilesThatExist) {
     TOpenDialog files;
     files.Filter = "Pascal Files(*.pas)|*.pas|All files|*.*";
     files.FileMustExist = true;
+    files.AllowMultiSelect = true;
     files.Files = {Path("orchard/Orchard.dpr")};
     User.On([this](QWidget& window) {
         auto& dialog = dynamic_cast<QFileDialog&>(window);

@@ -1,0 +1,228 @@
+#include "cli/Transfercommands.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+#include "base/Errors.h"
+#include "base/Folderindex.h"
+#include "base/Format.h"
+#include "cli/Formoptions.h"
+#include "cli/Jsonlines.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "translations/Filedelimiter.h"
+#include "translations/Formtrans.h"
+#include "translations/Projmngsaskfilename.h"
+
+namespace tml {
+namespace {
+
+struct TTransferOptions : TFormOptions {
+    std::string File;
+    std::optional<std::string> Delimiter;
+    std::string Language;
+};
+
+/// One of the commands at work on one project.
+class TTransferRun {
+  public:
+    TTransferRun(TProgram& program, TSession& session, const TTransferOptions& options)
+        : program_(program),
+          session_(session),
+          options_(options),
+          project_(ProjectNameOf(session.Context())),
+          fileName_(AbsolutePath(*program.Files, GetParsedFileName(*session.Context().Host.Clock,
+                                                                   options.File, project_ + "."))) {}
+
+    using TTransferForm = std::function<TTransferReport(const std::string& formName)>;
+    using TCheckFile = std::function<void(ITranslationFiles&)>;
+
+    /// All forms as one step; nothing is written where the file cannot be used.
+    void Run(const char* title, const TCheckFile& check, const TTransferForm& transfer) {
+        const std::vector<TFormRow*> rows = Rows();
+        if (rows.empty()) return;
+        const auto scope = session_.Modules().BeginCommand(title);
+        const auto files = session_.Context().Host.Runtime->OpenTranslationFiles(project_);
+        check(*files);
+        session_.ForEach(rows, [&](TFormRow& row) {
+            const auto one = session_.Modules().BeginCommand(title);
+            const TTransferReport report = transfer(row.FormName);
+            one->Commit();
+            if (session_.Answers().Errors.empty()) Tell(row, report);
+        });
+        files->Commit();
+        scope->Commit();
+        session_.Ide().SaveAll();
+        program_.HasWritten = true;
+        std::cout << told_.str();
+    }
+
+    /// As the window asks for it.
+    std::string Delimiter() {
+        if (IsBinaryTranslation(fileName_)) return {};
+        const std::string old = GetMLLFileDelimiter(session_.Context(), fileName_);
+        std::string delimiter = old;
+        session_.Answers().Text = options_.Delimiter.value_or(old);
+        if (!AskForDelimiter(session_.Context(), old, fileName_, delimiter))
+            throw EBadInput(fileName_, 0, session_.Answers().Errors.front());
+        return delimiter;
+    }
+
+    TContext& Context() { return session_.Context(); }
+    const std::string& FileName() const { return fileName_; }
+
+  private:
+    std::vector<TFormRow*> Rows() {
+        std::vector<TFormRow*> rows = session_.Rows(options_.Forms);
+        for (const TFormRow* row : rows)
+            if (!options_.Forms.empty() && !row->HasComponent())
+                throw EBadInput(row->FileName, 0, "the form has no localization component",
+                                "\"tmllang insert\" puts one on it");
+        std::erase_if(rows, [](const TFormRow* row) { return !row->HasComponent(); });
+        // Of a group some projects may have none.
+        if (rows.empty() && !session_.HasSeveralProjects())
+            throw EBadInput("", 0, "no form of the project is translated",
+                            "\"tmllang insert\" puts components on them");
+        return rows;
+    }
+
+    void Tell(const TFormRow& row, const TTransferReport& report) {
+        if (program_.Json) {
+            TJsonLine(told_)
+                .Text("project", project_)
+                .Text("form", row.FormName)
+                .Number("taken", report.Taken)
+                .Number("kept", report.Kept)
+                .Number("inDoubt", report.InDoubt)
+                .Texts("added", report.Added)
+                .Texts("overwritten", report.Overwritten)
+                .Texts("dropped", report.Dropped)
+                .Texts("unknown", report.Unknown)
+                .Texts("notes", report.Notes);
+            return;
+        }
+        told_ << row.FormName << ": " << report.Taken << (report.Taken == 1 ? " text" : " texts") << "\n";
+        for (const std::string& line : LinesOf(report))
+            told_ << "  " << line << "\n";
+    }
+
+    TProgram& program_;
+    TSession& session_;
+    const TTransferOptions& options_;
+    std::string project_;
+    std::string fileName_;
+    std::ostringstream told_;  ///< when the files are written, not before
+};
+
+int ForProjects(TProgram& program, const TTransferOptions& options,
+                const std::function<void(TTransferRun&)>& work) {
+    TSession session(program, options.Project);
+    if (session.HasSeveralProjects() && !options.Forms.empty())
+        throw EBadInput("", 0, "--form names forms of one project", "Say --project, too");
+    session.ForEachProject([&] {
+        TTransferRun run(program, session, options);
+        work(run);
+    });
+    return session.ExitCode();
+}
+
+int RunSave(TProgram& program, const TTransferOptions& options) {
+    return ForProjects(program, options, [](TTransferRun& run) {
+        const std::string delimiter = run.Delimiter();
+        run.Run(
+            "Save Translations",
+            [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
+            [&](const std::string& form) {
+                return SaveFormToFile(run.Context(), form, run.FileName(), delimiter);
+            });
+    });
+}
+
+using TLoadForm = TTransferReport (*)(TContext&, const std::string&, const std::string&);
+
+int RunLoad(TProgram& program, const TTransferOptions& options, const char* title, TLoadForm load) {
+    return ForProjects(program, options, [&](TTransferRun& run) {
+        run.Run(
+            title, [&](ITranslationFiles& files) { files.GetLanguages(run.FileName()); },
+            [&](const std::string& form) { return load(run.Context(), form, run.FileName()); });
+    });
+}
+
+int RunLoadLanguage(TProgram& program, const TTransferOptions& options) {
+    return ForProjects(program, options, [&](TTransferRun& run) {
+        const auto check = [&](ITranslationFiles& files) {
+            const TStringList languages = files.GetLanguages(run.FileName());
+            if (languages.IndexOf(options.Language) < 0)
+                throw EBadInput(run.FileName(), 0, "the file has no language " + options.Language,
+                                "It has " + languages.CommaText());
+        };
+        run.Run("Load Language", check, [&](const std::string& form) {
+            return LoadFormLanguage(run.Context(), form, run.FileName(), options.Language);
+        });
+    });
+}
+
+CLI::App* AddTransferCommand(CLI::App& app, const std::string& name, const std::string& description,
+                             const std::string& examples, TTransferOptions& options) {
+    CLI::App* command = AddFormOptions(AddCommand(app, name, description, examples), options);
+    command
+        ->add_option("FILE", options.File,
+                     "A translation file, .mlb for the binary kind, else text; ($PROJECT_NAME), ($YEAR), "
+                     "($MONTH), ($DAY), ($HOUR), ($MINUTE), ($SECOND) are replaced. Of a group every project "
+                     "is meant unless --project names one")
+        ->required();
+    return command;
+}
+
+void AddLoadingCommand(CLI::App& app, TProgram& program, const std::string& name,
+                       const std::string& description, const char* title, TLoadForm load) {
+    const auto options = std::make_shared<TTransferOptions>();
+    AddTransferCommand(app, name, description, "  tmllang " + name + " Orchard.dproj orchard.mll", *options)
+        ->callback([&program, options, title, load] {
+            program.Run = [=](TProgram& shared) { return RunLoad(shared, *options, title, load); };
+        });
+}
+
+}  // namespace
+
+void AddSaveCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TTransferOptions>();
+    CLI::App* command =
+        AddTransferCommand(app, "save", "Save the translations of forms into a translation file",
+                           "  tmllang save Orchard.dproj orchard.mll\n"
+                           "  tmllang save Orchard.dproj orchard.mlb --form MainForm\n"
+                           "  tmllang save Farm.groupproj 'texts/($PROJECT_NAME).mll'",
+                           *options);
+    command->add_option("--delimiter", options->Delimiter,
+                        "Delimiter of a text file; another one than it has rewrites it");
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunSave(shared, *options); };
+    });
+}
+
+void AddLoadCommand(CLI::App& app, TProgram& program) {
+    AddLoadingCommand(app, program, "load", "Replace the translations of forms by those of a file",
+                      "Load Translations", LoadFormFromFile);
+}
+
+void AddMergeCommand(CLI::App& app, TProgram& program) {
+    AddLoadingCommand(app, program, "merge",
+                      "Bring the translations of a file into forms; what it has not stays",
+                      "Merge Translations", MergeFormFromFile);
+}
+
+void AddLoadLanguageCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TTransferOptions>();
+    CLI::App* command =
+        AddTransferCommand(app, "load-language", "Bring one language of a translation file into forms",
+                           "  tmllang load-language Orchard.dproj orchard.mll German", *options);
+    command->add_option("LANGUAGE", options->Language, "The language's name in the file")->required();
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunLoadLanguage(shared, *options); };
+    });
+}
+
+}  // namespace tml

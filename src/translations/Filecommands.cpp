@@ -1,0 +1,218 @@
+#include "translations/Filecommands.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "core/Insertion.h"
+#include "platform/Projectoptions.h"
+#include "translations/Filedelimiter.h"
+#include "translations/Formseries.h"
+#include "translations/Formtrans.h"
+#include "translations/Translationdialogs.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kNotTranslated = "Project or file is not translated!";
+constexpr const char* kWhichLanguage =
+    "The following languages are available in the selected file:\r\n%sPlease type the language name to "
+    "load:";
+constexpr const char* kNoLanguage = "The specified language doesn't exist in file!";
+
+using TRows = std::vector<TFormRow*>;
+using TTransferRow = std::function<TTransferReport(TFormRow&)>;
+
+bool IsTranslated(TContext& context, bool isThere) {
+    if (!isThere) context.Dialogs().MessageDlg(kNotTranslated, TMsgDlgType::mtError, {mrOk});
+    return isThere;
+}
+
+/// Of two and more rows those without a component get one.
+bool CheckSelected(TContext& context, const TRows& rows) {
+    if (rows.empty()) return false;
+    return IsTranslated(context, rows.size() > 1 || rows.front()->HasComponent());
+}
+
+bool CheckProject(TContext& context) {
+    const auto& rows = context.Rows.Active().Items();
+    return IsTranslated(
+        context, std::any_of(rows.begin(), rows.end(), [](const auto& row) { return row->HasComponent(); }));
+}
+
+/// The file that the project's settings propose, "" for none.
+std::string DefaultFile(TContext& context) {
+    const auto settings = context.Host.Runtime->mlLangProjectSettings;
+    return settings == nullptr
+               ? std::string()
+               : std::get<std::string>(settings->GetOptionValue("DefaultTranslationFileName"));
+}
+
+template <typename TDialog>
+std::optional<std::string> Ask(TContext& context, TDialog& dialog, std::string& last) {
+    const std::string proposed = DefaultFile(context);
+    if (!proposed.empty() || !last.empty()) dialog.Files = {proposed.empty() ? last : proposed};
+    if (context.Dialogs().ShowModal(dialog) != mrOk || dialog.Files.empty()) return std::nullopt;
+    last = dialog.Files.front();
+    return last;
+}
+
+/// The person's choice of the kind carries over to the next command.
+template <typename TDialog>
+std::optional<std::string> AskOfBothKinds(TContext& context, TDialog dialog, std::string& last) {
+    dialog.FilterIndex = context.Settings.Get().LastFilterIndex;
+    const auto file = Ask(context, dialog, last);
+    if (file) context.Settings.SetLastFilterIndex(dialog.FilterIndex);
+    return file;
+}
+
+/// Where to save, and with which delimiter ("" for the binary kind).
+struct TTarget {
+    std::string FileName;
+    std::string Delimiter;
+};
+
+std::optional<TTarget> AskForTarget(TContext& context, TFilesMemory& memory) {
+    const auto file = AskOfBothKinds(context, SaveDialog(), memory.Saved);
+    if (!file) return std::nullopt;
+    if (IsBinaryTranslation(*file)) return TTarget{*file, {}};
+    const std::string old = GetMLLFileDelimiter(context, *file);
+    std::string delimiter = old;
+    if (!AskForDelimiter(context, old, *file, delimiter)) return std::nullopt;
+    return TTarget{*file, delimiter};
+}
+
+/// What was done is told, even where a form has ended the command.
+void Report(TContext& context, const std::function<void(TFormReports&)>& work) {
+    TFormReports reports;
+    TAllSteps steps;
+    steps.Try([&] { work(reports); });
+    ShowReports(context.Dialogs(), reports);
+    steps.Finish();
+}
+
+void TransferSelected(TContext& context, const std::string& title, const TRows& rows,
+                      const TTransferRow& transfer) {
+    Report(context, [&](TFormReports& reports) {
+        const auto withComponent = [&](TFormRow& row) {
+            if (!row.HasComponent()) context.Dialogs().HideProgress();
+            InsertTmlLang(context, row);
+            return transfer(row);
+        };
+        TransferForms(context, title, rows, withComponent, reports);
+    });
+}
+
+using TLoadForm = TTransferReport (*)(TContext&, const std::string&, const std::string&);
+
+void LoadSelected(TContext& context, TFilesMemory& memory, const std::string& title, TLoadForm load) {
+    const TRows rows = SelectedRows(context);
+    if (!CheckSelected(context, rows)) return;
+    const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
+    if (file)
+        TransferSelected(context, title, rows,
+                         [&](TFormRow& row) { return load(context, row.FormName, *file); });
+}
+
+void LoadWhole(TContext& context, TFilesMemory& memory, bool merge) {
+    if (!CheckProject(context)) return;
+    const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
+    if (file)
+        Report(context, [&](TFormReports& reports) { LoadProjFromFile(context, *file, merge, reports); });
+}
+
+/// None where the person gives up, or names none that the file has.
+std::optional<std::string> AskForLanguage(TContext& context, const TStringList& languages) {
+    std::string answer = languages.Empty() ? std::string() : languages[languages.Count() - 1];
+    const std::string prompt = Format(kWhichLanguage, languages.Text());
+    if (!context.Dialogs().InputQuery("Load Language from File", prompt, answer)) return std::nullopt;
+    if (Trim(answer).empty()) return std::nullopt;
+    if (languages.IndexOf(answer) >= 0) return answer;
+    context.Dialogs().MessageDlg(kNoLanguage, TMsgDlgType::mtError, {mrOk});
+    return std::nullopt;
+}
+
+struct TSourceLanguage {
+    std::string FileName;
+    std::string Language;
+};
+
+std::optional<TSourceLanguage> AskForSource(TContext& context, TFilesMemory& memory) {
+    TOpenDialog dialog = OpenDialog();
+    dialog.Filter = kTextTranslations;
+    const auto file = Ask(context, dialog, memory.Opened);
+    if (!file) return std::nullopt;
+    const auto language =
+        AskForLanguage(context, context.Host.Runtime->OpenTranslationFiles({})->GetLanguages(*file));
+    return language ? std::optional(TSourceLanguage{*file, *language}) : std::nullopt;
+}
+
+}  // namespace
+
+void SaveSelectedForms(TContext& context, TFilesMemory& memory) {
+    const TRows rows = SelectedRows(context);
+    if (!CheckSelected(context, rows)) return;
+    const auto target = AskForTarget(context, memory);
+    if (target)
+        TransferSelected(context, "Save Translations", rows, [&](TFormRow& row) {
+            return SaveFormToFile(context, row.FormName, target->FileName, target->Delimiter);
+        });
+}
+
+void LoadSelectedForms(TContext& context, TFilesMemory& memory) {
+    LoadSelected(context, memory, "Load Translations", LoadFormFromFile);
+}
+
+void MergeSelectedForms(TContext& context, TFilesMemory& memory) {
+    LoadSelected(context, memory, "Merge Translations", MergeFormFromFile);
+}
+
+void LoadLanguageForForms(TContext& context, TFilesMemory& memory) {
+    const TRows rows = SelectedRows(context);
+    if (!CheckSelected(context, rows)) return;
+    const auto source = AskForSource(context, memory);
+    if (source)
+        TransferSelected(context, "Load Language", rows, [&](TFormRow& row) {
+            return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
+        });
+}
+
+void SaveProject(TContext& context, TFilesMemory& memory) {
+    if (!CheckProject(context)) return;
+    const auto target = AskForTarget(context, memory);
+    if (!target) return;
+    Report(context, [&](TFormReports& reports) {
+        if (IsBinaryTranslation(target->FileName))
+            SaveProjectToMLBFile(context, target->FileName, reports);
+        else
+            SaveProjectToMLLFile(context, target->FileName, target->Delimiter, reports);
+    });
+}
+
+void LoadProject(TContext& context, TFilesMemory& memory) {
+    LoadWhole(context, memory, false);
+}
+
+void MergeProject(TContext& context, TFilesMemory& memory) {
+    LoadWhole(context, memory, true);
+}
+
+void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
+    if (!CheckProject(context)) return;
+    const auto source = AskForSource(context, memory);
+    if (!source) return;
+    TRows rows;
+    for (const auto& row : context.Rows.Active().Items())
+        rows.push_back(row.get());
+    Report(context, [&](TFormReports& reports) {
+        const auto load = [&](TFormRow& row) {
+            return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
+        };
+        TransferForms(context, "Load Language", rows, load, reports);
+    });
+}
+
+}  // namespace tml

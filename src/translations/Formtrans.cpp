@@ -1,0 +1,102 @@
+#include "translations/Formtrans.h"
+
+#include "base/Errors.h"
+#include "core/Modules.h"
+#include "translations/Formseries.h"
+
+namespace tml {
+namespace {
+
+/// In a file they would be one.
+void ExpectNoNamesakeOf(TContext& context, const TFormRow& row) {
+    for (const TFormRow* other : context.Rows.Active().FindForms(row.FormName))
+        if (other != &row)
+            throw EBadInput(row.FileName, 0,
+                            "the form of " + other->FileName + " is named " + other->FormName + ", too",
+                            "Give one of the two forms another name");
+}
+
+TTransferReport OnForm(TContext& context, const std::string& formName, TFormUse use,
+                       const std::function<TTransferReport(TmlCustomLang&)>& transfer) {
+    TTransferReport report;
+    TFormRow* row = context.Rows.Active().FindForm(formName);
+    if (row == nullptr || row->FileName.empty() || row->Component.ClassName.empty()) return report;
+    ExpectNoNamesakeOf(context, *row);
+    WithTmlLang(context, *row, use, [&](TmlCustomLang& lang) {
+        report = transfer(lang);
+        if (use == TFormUse::Reads) return;
+        row->Component.NumLang = lang.GetNumLang();
+        context.Rows.Active().Touch();
+    });
+    return report;
+}
+
+std::vector<TFormRow*> Rows(TContext& context, bool translatedOnly) {
+    std::vector<TFormRow*> rows;
+    for (const auto& row : context.Rows.Active().Items())
+        if (!translatedOnly || row->HasComponent()) rows.push_back(row.get());
+    return rows;
+}
+
+}  // namespace
+
+TTransferReport SaveFormToFile(TContext& context, const std::string& formName, const std::string& fileName,
+                               const std::string& delimiter) {
+    return OnForm(context, formName, TFormUse::Reads, [&](TmlCustomLang& lang) {
+        return IsBinaryTranslation(fileName) ? lang.SaveAllToBinaryFile(fileName)
+                                             : lang.SaveAllToFile(fileName, delimiter);
+    });
+}
+
+TTransferReport LoadFormFromFile(TContext& context, const std::string& formName,
+                                 const std::string& fileName) {
+    return OnForm(context, formName, TFormUse::Changes, [&](TmlCustomLang& lang) {
+        return IsBinaryTranslation(fileName) ? lang.LoadAllFromBinaryFile(fileName)
+                                             : lang.LoadAllFromFile(fileName);
+    });
+}
+
+TTransferReport MergeFormFromFile(TContext& context, const std::string& formName,
+                                  const std::string& fileName) {
+    return OnForm(context, formName, TFormUse::Changes,
+                  [&](TmlCustomLang& lang) { return lang.MergeAllFromFile(fileName); });
+}
+
+TTransferReport LoadFormLanguage(TContext& context, const std::string& formName, const std::string& fileName,
+                                 const std::string& languageName) {
+    return OnForm(context, formName, TFormUse::Changes,
+                  [&](TmlCustomLang& lang) { return lang.LoadLanguage(fileName, languageName); });
+}
+
+void TransferForms(TContext& context, const std::string& title, const std::vector<TFormRow*>& rows,
+                   const std::function<TTransferReport(TFormRow&)>& transfer, TFormReports& reports) {
+    const auto files = context.Host.Runtime->OpenTranslationFiles(ProjectNameOf(context));
+    ForEachForm(
+        context, title, rows, [&](TFormRow& row) { reports.emplace_back(row.FormName, transfer(row)); },
+        [&] { files->Commit(); });
+}
+
+void SaveProjectToMLLFile(TContext& context, const std::string& fileName, const std::string& delimiter,
+                          TFormReports& reports) {
+    TransferForms(
+        context, "Save Translations", Rows(context, true),
+        [&](TFormRow& row) { return SaveFormToFile(context, row.FormName, fileName, delimiter); }, reports);
+}
+
+void SaveProjectToMLBFile(TContext& context, const std::string& fileName, TFormReports& reports) {
+    SaveProjectToMLLFile(context, fileName, {}, reports);
+}
+
+void LoadProjFromFile(TContext& context, const std::string& fileName, bool merge, TFormReports& reports) {
+    const auto load = merge ? MergeFormFromFile : LoadFormFromFile;
+    TransferForms(
+        context, merge ? "Merge Translations" : "Load Translations", Rows(context, false),
+        [&](TFormRow& row) { return load(context, row.FormName, fileName); }, reports);
+}
+
+std::string ProjectNameOf(TContext& context) {
+    const auto project = GetActiveProject(context);
+    return project == nullptr ? std::string() : WithExtension(FileNameOf(project->GetFileName()), "");
+}
+
+}  // namespace tml

@@ -1,0 +1,48 @@
+#include "translations/Transferreport.h"
+
+#include <algorithm>
+
+#include "base/Format.h"
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+/// Nobody reads more in one message, and no more of a line.
+constexpr int kMostLines = 20;
+constexpr std::size_t kMostCharacters = 120;
+
+std::string InOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    const std::string_view begin = LeftCodePoints(text, kMostCharacters);
+    return begin.size() == text.size() ? text : std::string(begin) + "...";
+}
+
+}  // namespace
+
+TStringList LinesOf(const TTransferReport& report) {
+    TStringList lines = report.Notes;
+    const auto add = [&](const char* what, const TStringList& list) {
+        for (const std::string& line : list)
+            lines.Add(Format("%s: %s", what, line));
+    };
+    add("dropped", report.Dropped);
+    add("overwritten", report.Overwritten);
+    add("not in the form", report.Unknown);
+    if (report.Kept > 0) lines.Add(Format("kept, for the file has no text: %d", report.Kept));
+    if (report.InDoubt > 0) lines.Add(Format("in doubt, for the base text is another: %d", report.InDoubt));
+    return lines;
+}
+
+void ShowReports(IDialogs& dialogs, const TFormReports& reports) {
+    std::string text;
+    int count = 0;
+    for (const auto& [form, report] : reports)
+        for (const std::string& line : LinesOf(report))
+            if (++count <= kMostLines) text += Format("%s: %s\r\n", form, InOneLine(line));
+    if (count > kMostLines) text += Format("and %d more\r\n", count - kMostLines);
+    if (count > 0) dialogs.MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
+}
+
+}  // namespace tml
