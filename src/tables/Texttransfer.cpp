@@ -123,9 +123,10 @@ class TTableTransfer {
 
     /// An entry that the file has not.
     void Leave(int index) {
+        if (own_.Type() == TStringsType::stLocales) return;
         for (const int place : transfer_.Places) {
             if (place < 2 || !IsTranslated(At(index), place)) continue;
-            if (transfer_.Kind == TTransferKind::Merge || own_.Type() == TStringsType::stLocales) {
+            if (transfer_.Kind == TTransferKind::Merge) {
                 ++report_.Kept;
                 continue;
             }
@@ -237,8 +238,10 @@ void TransferTexts(TLangTexts& form, const TLangTexts& file, const TTransfer& tr
 int CountTranslations(const TLangTexts& texts, int place) {
     int count = 0;
     for (const TTable& table : texts.Tables)
-        for (const TTableEntry& entry : table.Entries())
-            count += IsTranslated(entry, place) ? 1 : 0;
+        // A tag says what a language is; it translates nothing.
+        if (table.Type() != TStringsType::stLocales)
+            for (const TTableEntry& entry : table.Entries())
+                count += IsTranslated(entry, place) ? 1 : 0;
     return count;
 }
 
