@@ -10,15 +10,9 @@
 #include "runtime/Formparts.h"
 #include "runtime/Runtime.h"
 #include "runtime/Textcollector.h"
-#include "tables/Fontvalue.h"
 
 namespace tml {
 namespace {
-
-/// Of these the setter changes no property yet.
-constexpr TStringsType kNotSet[] = {TStringsType::stFonts, TStringsType::stMultiLines,
-                                    TStringsType::stCharSets, TStringsType::stCollections,
-                                    TStringsType::stListView_TreeView_Items};
 
 std::shared_ptr<TmlCustomLang> LangOf(IMlRuntime& runtime, IOTAComponent& owner) {
     for (int i = 0; i < owner.GetComponentCount(); ++i)
@@ -51,28 +45,16 @@ void Print(const std::string& key, const std::string& text) {
     std::cout << '\n';
 }
 
-/// A font has a line for each of its parts.
-void PrintFont(const std::string& key, const std::string& text) {
-    const TFontValue font = TFontValue::FromText(text);
-    Print(key + ".Name", font.Name.value_or(""));
-    Print(key + ".Height", font.Height.value_or(""));
-    std::string style;
-    for (const std::string& word : font.Style.value_or(std::vector<std::string>{}))
-        style += (style.empty() ? "" : ",") + word;
-    Print(key + ".Style", style);
-}
-
 void PrintTexts(const std::shared_ptr<IOTAComponent>& owner, const std::string& language) {
     std::cout << "== " << language << '\n';
     const TFormParts parts(owner);
     for (const TFormText& text : CollectTexts(parts, TExclusionRules({}, {}, {}, {}), true).Texts) {
-        if (std::find(std::begin(kNotSet), std::end(kNotSet), text.Table) != std::end(kNotSet)) continue;
+        // What a value leaves out of a font is the base language's here, and there what it was before the
+        // first change.
+        if (text.Table == TStringsType::stFonts) continue;
         const TFormPart* part = parts.OfKey(text.Key);
         const bool sorts = text.Table == TStringsType::stMultiLines && part != nullptr && Sorts(*part);
-        if (text.Table == TStringsType::stFonts)
-            PrintFont(text.Key, text.Text);
-        else
-            Print(text.Key, sorts ? Sorted(text.Text) : text.Text);
+        Print(text.Key, sorts ? Sorted(text.Text) : text.Text);
     }
 }
 

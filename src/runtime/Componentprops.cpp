@@ -61,7 +61,10 @@ std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& 
 }
 
 void WriteProp(IOTAComponent& component, const std::string& name, const TFormValue& value) {
-    Write(component, name, value, InheritedValue(component, name) == value);
+    if (InheritedValue(component, name) != value)
+        component.SetPropValue(name, value);
+    else if (component.GetPropValue(name))
+        component.RemoveProp(name);
 }
 
 std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const std::string& name) {
