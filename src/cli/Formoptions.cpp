@@ -46,8 +46,8 @@ void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std
         lease.Save();
         one->Commit();
     });
-    scope->Commit();
     session.Ide().SaveAll();
+    scope->Commit();
 }
 
 }  // namespace tml

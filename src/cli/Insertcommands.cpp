@@ -120,19 +120,18 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     return session.ExitCode();
 }
 
-void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool expected) {
+void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool expected, std::ostream& out) {
     const TModuleLease lease(session.Context(), row.FileName);
     const auto component = GetmlLang(session.Context(), row.FormName);
     if (expected) ExpectComponent(component, row);
     const TStringList names = component != nullptr ? component->GetLangNames() : TStringList();
     if (program.Json)
-        TJsonLine(std::cout)
+        TJsonLine(out)
             .Text("form", row.FormName)
             .Texts("languages", names)
             .Text("active", component != nullptr ? component->GetLanguage() : "");
     else
-        std::cout << row.FormName << ": " << (component != nullptr ? names.CommaText() : "no component")
-                  << "\n";
+        out << row.FormName << ": " << (component != nullptr ? names.CommaText() : "no component") << "\n";
 }
 
 /// Asked of all forms before the first is changed, so that nothing is written for a part of them.
@@ -159,19 +158,24 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
     const std::vector<TFormRow*> rows = session.Rows(options.Forms);
     if (options.Languages.empty()) {
-        session.ForEach(rows, [&](TFormRow& row) { PrintLanguages(program, session, row, false); });
+        session.ForEach(rows,
+                        [&](TFormRow& row) { PrintLanguages(program, session, row, false, std::cout); });
         return session.ExitCode();
     }
     const TStringList names = TStringList::FromCommaText(options.Languages);
     const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
     if (!program.Yes) RefuseLoss(session, rows, setUp);
+    std::ostringstream report;  // told when the files are written, not before
+    const auto scope = session.Modules().BeginCommand("Languages");
     session.ForEach(rows, [&](TFormRow& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
         if (!session.Answers().Errors.empty()) return;
-        PrintLanguages(program, session, row, true);
+        PrintLanguages(program, session, row, true, report);
     });
     session.Ide().SaveAll();
+    scope->Commit();
     program.HasWritten = true;
+    std::cout << report.str();
     return session.ExitCode();
 }
 
