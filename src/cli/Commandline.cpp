@@ -24,11 +24,11 @@ namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,      AddScanCommand,     AddReplaceCommand,      AddInsertCommand,
-    AddLanguagesCommand,  AddUpdateCommand,   AddClearCommand,        AddTextsCommand,
-    AddStatsCommand,      AddPseudoCommand,   AddCheckCommand,        AddSaveCommand,
-    AddLoadCommand,       AddMergeCommand,    AddLoadLanguageCommand, AddFormTextCommand,
-    AddFormBinaryCommand, AddSettingsCommand, AddCompletionCommand,
+    AddFormsCommand,     AddScanCommand,       AddReplaceCommand,      AddInsertCommand,
+    AddLanguagesCommand, AddUpdateCommand,     AddClearCommand,        AddTextsCommand,
+    AddStatsCommand,     AddPseudoCommand,     AddCheckCommand,        AddSaveCommand,
+    AddLoadCommand,      AddMergeCommand,      AddLoadLanguageCommand, AddExportPropertiesCommand,
+    AddFormTextCommand,  AddFormBinaryCommand, AddSettingsCommand,     AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

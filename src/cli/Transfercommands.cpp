@@ -16,6 +16,7 @@
 #include "translations/Filedelimiter.h"
 #include "translations/Formtrans.h"
 #include "translations/Projmngsaskfilename.h"
+#include "translations/Propexport.h"
 
 namespace tml {
 namespace {
@@ -24,6 +25,7 @@ struct TTransferOptions : TFormOptions {
     std::string File;
     std::optional<std::string> Delimiter;
     std::string Language;
+    std::vector<std::string> Kinds;
 };
 
 /// One of the commands at work on one project.
@@ -37,7 +39,7 @@ class TTransferRun {
           fileName_(AbsolutePath(*program.Files, GetParsedFileName(*session.Context().Host.Clock,
                                                                    options.File, project_ + "."))) {}
 
-    using TTransferForm = std::function<TTransferReport(const std::string& formName)>;
+    using TTransferForm = std::function<TTransferReport(TFormRow&)>;
     using TCheckFile = std::function<void(ITranslationFiles&)>;
 
     /// All forms as one step; nothing is written where the file cannot be used.
@@ -49,7 +51,7 @@ class TTransferRun {
         check(*files);
         session_.ForEach(rows, [&](TFormRow& row) {
             const auto one = session_.Modules().BeginCommand(title);
-            const TTransferReport report = transfer(row.FormName);
+            const TTransferReport report = transfer(row);
             one->Commit();
             if (session_.Answers().Errors.empty()) Tell(row, report);
         });
@@ -135,8 +137,8 @@ int RunSave(TProgram& program, const TTransferOptions& options) {
         run.Run(
             "Save Translations",
             [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
-            [&](const std::string& form) {
-                return SaveFormToFile(run.Context(), form, run.FileName(), delimiter);
+            [&](TFormRow& row) {
+                return SaveFormToFile(run.Context(), row.FormName, run.FileName(), delimiter);
             });
     });
 }
@@ -147,7 +149,35 @@ int RunLoad(TProgram& program, const TTransferOptions& options, const char* titl
     return ForProjects(program, options, [&](TTransferRun& run) {
         run.Run(
             title, [&](ITranslationFiles& files) { files.GetLanguages(run.FileName()); },
-            [&](const std::string& form) { return load(run.Context(), form, run.FileName()); });
+            [&](TFormRow& row) { return load(run.Context(), row.FormName, run.FileName()); });
+    });
+}
+
+/// EBadInput for a kind that there is not.
+TPropertyKinds KindsOf(const std::vector<std::string>& names) {
+    const TStringList known = PropertyKindNames();
+    TStringList kinds;
+    for (const std::string& name : names) {
+        const int index = known.IndexOf(name);
+        if (index < 0)
+            throw EBadInput("", 0, "there is no kind of properties " + name,
+                            "Give some of " + known.CommaText());
+        kinds.Add(known[index]);
+    }
+    return PropertyKindsOf(kinds);
+}
+
+int RunExport(TProgram& program, const TTransferOptions& options) {
+    const TPropertyKinds kinds = KindsOf(options.Kinds);
+    return ForProjects(program, options, [&](TTransferRun& run) {
+        ExpectTextKind(run.FileName());
+        const std::string delimiter = run.Delimiter();
+        run.Run(
+            "Save Properties",
+            [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
+            [&](TFormRow& row) {
+                return SavePropsToFile(run.Context(), row, run.FileName(), delimiter, kinds);
+            });
     });
 }
 
@@ -159,8 +189,8 @@ int RunLoadLanguage(TProgram& program, const TTransferOptions& options) {
                 throw EBadInput(run.FileName(), 0, "the file has no language " + options.Language,
                                 "It has " + languages.CommaText());
         };
-        run.Run("Load Language", check, [&](const std::string& form) {
-            return LoadFormLanguage(run.Context(), form, run.FileName(), options.Language);
+        run.Run("Load Language", check, [&](TFormRow& row) {
+            return LoadFormLanguage(run.Context(), row.FormName, run.FileName(), options.Language);
         });
     });
 }
@@ -175,6 +205,11 @@ CLI::App* AddTransferCommand(CLI::App& app, const std::string& name, const std::
                      "is meant unless --project names one")
         ->required();
     return command;
+}
+
+void AddDelimiterOption(CLI::App& command, TTransferOptions& options) {
+    command.add_option("--delimiter", options.Delimiter,
+                       "Delimiter of a text file; another one than it has rewrites it");
 }
 
 void AddLoadingCommand(CLI::App& app, TProgram& program, const std::string& name,
@@ -196,8 +231,7 @@ void AddSaveCommand(CLI::App& app, TProgram& program) {
                            "  tmllang save Orchard.dproj orchard.mlb --form MainForm\n"
                            "  tmllang save Farm.groupproj 'texts/($PROJECT_NAME).mll'",
                            *options);
-    command->add_option("--delimiter", options->Delimiter,
-                        "Delimiter of a text file; another one than it has rewrites it");
+    AddDelimiterOption(*command, *options);
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunSave(shared, *options); };
     });
@@ -222,6 +256,23 @@ void AddLoadLanguageCommand(CLI::App& app, TProgram& program) {
     command->add_option("LANGUAGE", options->Language, "The language's name in the file")->required();
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunLoadLanguage(shared, *options); };
+    });
+}
+
+void AddExportPropertiesCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TTransferOptions>();
+    CLI::App* command = AddTransferCommand(
+        app, "export-properties", "Save chosen kinds of properties of forms into a text translation file",
+        "  tmllang export-properties Orchard.dproj captions.mll --kinds captions,hints\n"
+        "  tmllang export-properties Orchard.dproj strings.mll --kinds strings --form MainForm",
+        *options);
+    command->add_option("--kinds", options->Kinds, "Of " + PropertyKindNames().CommaText())
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->required();
+    AddDelimiterOption(*command, *options);
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunExport(shared, *options); };
     });
 }
 

@@ -8,6 +8,7 @@
 #include "base/Stringlist.h"
 #include "platform/Toolsapi.h"
 #include "tables/Exclusions.h"
+#include "tables/Propertykinds.h"
 #include "tables/Table.h"
 #include "tables/Texttransfer.h"
 
@@ -78,6 +79,9 @@ class TmlCustomLang : public ILanguages {
     /// those of BuildList.
     virtual TTransferReport SaveAllToFile(const std::string& fileName, const std::string& delimiter) = 0;
     virtual TTransferReport SaveAllToBinaryFile(const std::string& fileName) = 0;
+    /// The same of chosen kinds: what the file holds of the form's others stays. No file for no entry.
+    virtual TTransferReport SaveToFile(const TPropertyKinds& kinds, const std::string& fileName,
+                                       const std::string& delimiter) = 0;
     /// Brings the tables up to the form and replaces languages and translations by those of the file (see
     /// TTransferKind). EBadInput where a
     /// dispatcher has not the file's languages.

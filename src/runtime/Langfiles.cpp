@@ -48,6 +48,14 @@ class TLangFiles::TSession : public ITranslationFiles {
         open.Changed = true;
     }
 
+    void Change(const std::string& fileName, const std::string& delimiter, const std::string& formName,
+                const TChange& change) {
+        const TOpenFile& open = OpenFile(fileName, delimiter);
+        const auto found = open.Finder.Find({projectName_, formName});
+        if (const auto texts = change(found ? open.File->Read(*found) : std::nullopt))
+            Write(fileName, delimiter, formName, *texts);
+    }
+
   private:
     struct TOpenFile {
         std::optional<std::string> Read;
@@ -103,6 +111,14 @@ void TLangFiles::Write(const std::string& fileName, const std::string& delimiter
     if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, texts);
     TSession alone(*this, {});
     alone.Write(fileName, delimiter, formName, texts);
+    alone.Commit();
+}
+
+void TLangFiles::Change(const std::string& fileName, const std::string& delimiter,
+                        const std::string& formName, const TChange& change) {
+    if (session_ != nullptr) return session_->Change(fileName, delimiter, formName, change);
+    TSession alone(*this, {});
+    alone.Change(fileName, delimiter, formName, change);
     alone.Commit();
 }
 

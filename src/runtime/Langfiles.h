@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +26,11 @@ class TLangFiles {
     /// Puts a form into a file. delimiter as OpenTranslationFile.
     void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
                const TLangTexts& texts);
+    /// The same with what change makes of what the file holds of the form; change gives none where nothing is
+    /// to be written.
+    using TChange = std::function<std::optional<TLangTexts>(const std::optional<TFormSection>& present)>;
+    void Change(const std::string& fileName, const std::string& delimiter, const std::string& formName,
+                const TChange& change);
 
   private:
     class TSession;

@@ -16,6 +16,19 @@ std::string FormNameOf(TmlCustomLang& lang) {
     return lang.GetComponent()->GetOwner()->GetName();
 }
 
+/// file: the form's languages there.
+void ExpectOneBase(TmlCustomLang& lang, const TStringList& present, const TStringList& file,
+                   const std::string& fileName) {
+    if (file.Empty())
+        throw EBadInput(fileName, 0, "the form " + FormNameOf(lang) + " has no languages there",
+                        "Save the form into the file again");
+    if (AreBasesCrossed(present, file))
+        throw EBadInput(fileName, 0,
+                        Format("the base language of %s is %s there and %s in the form", FormNameOf(lang),
+                               file[0], present[0]),
+                        "Give both the same base language");
+}
+
 /// What a file brings into one component. The file was saved from texts that were brought up to their form;
 /// so are these first, for an item's place is part of its key.
 class TLangLoad {
@@ -32,7 +45,7 @@ class TLangLoad {
     }
 
     TTransferReport Run(const TFormSection& section, const std::string& only) {
-        ExpectOneBase(section.Languages);
+        ExpectOneBase(lang_, Present(), section.Languages, fileName_);
         TLanguageMeeting meeting = Meet(section.Languages, only);
         TellLanguages(meeting);
         SetActive(meeting);
@@ -45,17 +58,6 @@ class TLangLoad {
 
   private:
     const TStringList& Present() const { return texts_.Languages; }
-
-    void ExpectOneBase(const TStringList& file) const {
-        if (file.Empty())
-            throw EBadInput(fileName_, 0, "the form " + FormNameOf(lang_) + " has no languages there",
-                            "Save the form into the file again");
-        if (AreBasesCrossed(Present(), file))
-            throw EBadInput(fileName_, 0,
-                            Format("the base language of %s is %s there and %s in the form",
-                                   FormNameOf(lang_), file[0], Present()[0]),
-                            "Give both the same base language");
-    }
 
     /// A dispatcher's languages are set on it alone.
     TLanguageMeeting Meet(const TStringList& file, const std::string& only) const {
@@ -150,6 +152,24 @@ TTransferReport SaveTexts(TmlCustomLang& lang, TLangFiles& files, const std::str
         report.Taken += static_cast<int>(table.Entries().size());
     report.Taken += static_cast<int>(built.Texts.Extended.size());
     report.Notes = built.Notes;
+    return report;
+}
+
+TTransferReport SaveKinds(TmlCustomLang& lang, TLangFiles& files, const TPropertyKinds& kinds,
+                          const std::string& fileName, const std::string& delimiter) {
+    const TBuiltTexts built = BuiltTexts(lang);
+    TTransferReport report;
+    report.Notes = built.Notes;
+    report.Taken = CountEntries(built.Texts, kinds);
+    if (kinds.None()) return report;
+    files.Change(fileName, delimiter, FormNameOf(lang),
+                 [&](const std::optional<TFormSection>& present) -> std::optional<TLangTexts> {
+                     if (!present && report.Taken == 0) return std::nullopt;
+                     if (present) ExpectOneBase(lang, built.Texts.Languages, present->Languages, fileName);
+                     const TLangTexts file =
+                         FromSection(present.value_or(TFormSection{{}, built.Texts.Languages, {}, {}, {}}));
+                     return WithKindsOf(built.Texts, file, kinds);
+                 });
     return report;
 }
 

@@ -11,6 +11,10 @@ namespace tml {
 TTransferReport SaveTexts(TmlCustomLang& lang, TLangFiles& files, const std::string& fileName,
                           const std::string& delimiter);
 
+/// See TmlCustomLang::SaveToFile.
+TTransferReport SaveKinds(TmlCustomLang& lang, TLangFiles& files, const TPropertyKinds& kinds,
+                          const std::string& fileName, const std::string& delimiter);
+
 /// See TmlCustomLang::LoadAllFromFile. only: the one language that is taken, "" for all.
 TTransferReport LoadTexts(TmlCustomLang& lang, TLangFiles& files, const std::string& fileName,
                           TTransferKind kind, const std::string& only = {});

@@ -155,6 +155,11 @@ TTransferReport TmlLangView::SaveAllToBinaryFile(const std::string& fileName) {
     return SaveTexts(*this, files_, fileName, {});
 }
 
+TTransferReport TmlLangView::SaveToFile(const TPropertyKinds& kinds, const std::string& fileName,
+                                        const std::string& delimiter) {
+    return SaveKinds(*this, files_, kinds, fileName, delimiter);
+}
+
 TTransferReport TmlLangView::LoadAllFromFile(const std::string& fileName) {
     return LoadTexts(*this, files_, fileName, TTransferKind::Load);
 }

@@ -38,6 +38,8 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     void ClearTranslations() override;
     TTransferReport SaveAllToFile(const std::string& fileName, const std::string& delimiter) override;
     TTransferReport SaveAllToBinaryFile(const std::string& fileName) override;
+    TTransferReport SaveToFile(const TPropertyKinds& kinds, const std::string& fileName,
+                               const std::string& delimiter) override;
     TTransferReport LoadAllFromFile(const std::string& fileName) override;
     TTransferReport LoadAllFromBinaryFile(const std::string& fileName) override;
     TTransferReport MergeAllFromFile(const std::string& fileName) override;

@@ -12,6 +12,7 @@
 #include "translations/Filedelimiter.h"
 #include "translations/Formseries.h"
 #include "translations/Formtrans.h"
+#include "translations/Propexport.h"
 #include "translations/Translationdialogs.h"
 
 namespace tml {
@@ -21,6 +22,9 @@ constexpr const char* kNotTranslated = "Project or file is not translated!";
 constexpr const char* kWhichLanguage =
     "The following languages are available in the selected file:\r\n%sPlease type the language name to "
     "load:";
+constexpr const char* kOtherDelimiterOfProperties =
+    "The existing delimiter in file differs from new one.\rThis may cause errors in future reading "
+    "translation information\rContinue?";
 constexpr const char* kNoLanguage = "The specified language doesn't exist in file!";
 
 using TRows = std::vector<TFormRow*>;
@@ -37,10 +41,14 @@ bool CheckSelected(TContext& context, const TRows& rows) {
     return IsTranslated(context, rows.size() > 1 || rows.front()->HasComponent());
 }
 
-bool CheckProject(TContext& context) {
-    const auto& rows = context.Rows.Active().Items();
+bool CheckProject(TContext& context, const TFormRows& list) {
+    const auto& rows = list.Items();
     return IsTranslated(
         context, std::any_of(rows.begin(), rows.end(), [](const auto& row) { return row->HasComponent(); }));
+}
+
+bool CheckProject(TContext& context) {
+    return CheckProject(context, context.Rows.Active());
 }
 
 /// The file that the project's settings propose, "" for none.
@@ -52,8 +60,8 @@ std::string DefaultFile(TContext& context) {
 }
 
 template <typename TDialog>
-std::optional<std::string> Ask(TContext& context, TDialog& dialog, std::string& last) {
-    const std::string proposed = DefaultFile(context);
+std::optional<std::string> Ask(TContext& context, TDialog& dialog, std::string& last,
+                               const std::string& proposed) {
     if (!proposed.empty() || !last.empty()) dialog.Files = {proposed.empty() ? last : proposed};
     if (context.Dialogs().ShowModal(dialog) != mrOk || dialog.Files.empty()) return std::nullopt;
     last = dialog.Files.front();
@@ -64,7 +72,7 @@ std::optional<std::string> Ask(TContext& context, TDialog& dialog, std::string& 
 template <typename TDialog>
 std::optional<std::string> AskOfBothKinds(TContext& context, TDialog dialog, std::string& last) {
     dialog.FilterIndex = context.Settings.Get().LastFilterIndex;
-    const auto file = Ask(context, dialog, last);
+    const auto file = Ask(context, dialog, last, DefaultFile(context));
     if (file) context.Settings.SetLastFilterIndex(dialog.FilterIndex);
     return file;
 }
@@ -75,14 +83,28 @@ struct TTarget {
     std::string Delimiter;
 };
 
+std::optional<TTarget> TextTarget(TContext& context, const std::string& file, const char* otherDelimiter) {
+    const std::string old = GetMLLFileDelimiter(context, file);
+    std::string delimiter = old;
+    if (!AskForDelimiter(context, old, file, delimiter, otherDelimiter)) return std::nullopt;
+    return TTarget{file, delimiter};
+}
+
 std::optional<TTarget> AskForTarget(TContext& context, TFilesMemory& memory) {
     const auto file = AskOfBothKinds(context, SaveDialog(), memory.Saved);
     if (!file) return std::nullopt;
     if (IsBinaryTranslation(*file)) return TTarget{*file, {}};
-    const std::string old = GetMLLFileDelimiter(context, *file);
-    std::string delimiter = old;
-    if (!AskForDelimiter(context, old, *file, delimiter)) return std::nullopt;
-    return TTarget{*file, delimiter};
+    return TextTarget(context, *file, kOtherDelimiter);
+}
+
+/// Of the text kind; what the project proposes is meant for whole files.
+std::optional<TTarget> AskForTextTarget(TContext& context, TFilesMemory& memory) {
+    TSaveDialog dialog = SaveDialog();
+    dialog.Filter = kTextTranslations;
+    const auto file = Ask(context, dialog, memory.Saved, {});
+    if (!file) return std::nullopt;
+    ExpectTextKind(*file);
+    return TextTarget(context, *file, kOtherDelimiterOfProperties);
 }
 
 /// What was done is told, even where a form has ended the command.
@@ -143,11 +165,32 @@ struct TSourceLanguage {
 std::optional<TSourceLanguage> AskForSource(TContext& context, TFilesMemory& memory) {
     TOpenDialog dialog = OpenDialog();
     dialog.Filter = kTextTranslations;
-    const auto file = Ask(context, dialog, memory.Opened);
+    const auto file = Ask(context, dialog, memory.Opened, DefaultFile(context));
     if (!file) return std::nullopt;
     const auto language =
         AskForLanguage(context, context.Host.Runtime->OpenTranslationFiles({})->GetLanguages(*file));
     return language ? std::optional(TSourceLanguage{*file, *language}) : std::nullopt;
+}
+
+void SaveProperties(TContext& context, TFilesMemory& memory, const TRows& rows) {
+    TPropertyKinds kinds;
+    if (PropListDialog(context, kinds) != mrOk) return;
+    const auto target = AskForTextTarget(context, memory);
+    if (!target) return;
+    Report(context, [&](TFormReports& reports) {
+        const auto save = [&](TFormRow& row) {
+            return SavePropsToFile(context, row, target->FileName, target->Delimiter, kinds);
+        };
+        TransferForms(context, "Save Properties", rows, save, reports);
+    });
+}
+
+/// All, or the selected ones.
+TRows ProjectForms(TContext& context, bool selectedOnly) {
+    TRows rows;
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (row->Selected || !selectedOnly) rows.push_back(row.get());
+    return rows;
 }
 
 }  // namespace
@@ -213,6 +256,16 @@ void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
         };
         TransferForms(context, "Load Language", rows, load, reports);
     });
+}
+
+void SaveSelectedProperties(TContext& context, TFilesMemory& memory) {
+    const TRows rows = ProjectForms(context, true);
+    if (CheckSelected(context, rows)) SaveProperties(context, memory, rows);
+}
+
+void SaveProjectProperties(TContext& context, TFilesMemory& memory) {
+    if (CheckProject(context, context.Rows.FormNames))
+        SaveProperties(context, memory, ProjectForms(context, false));
 }
 
 }  // namespace tml

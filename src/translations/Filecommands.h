@@ -24,4 +24,9 @@ void LoadProject(TContext& context, TFilesMemory& memory);
 void MergeProject(TContext& context, TFilesMemory& memory);
 void LoadLanguageForProject(TContext& context, TFilesMemory& memory);
 
+// Chosen properties of project forms, whichever list is in front.
+
+void SaveSelectedProperties(TContext& context, TFilesMemory& memory);
+void SaveProjectProperties(TContext& context, TFilesMemory& memory);
+
 }  // namespace tml

@@ -7,9 +7,6 @@ namespace tml {
 namespace {
 
 constexpr const char* kNoDelimiter = "You cannot use empty delimiter!";
-constexpr const char* kOtherDelimiter =
-    "The existing delimiter in file differs from new one. This may cause errors in future reading "
-    "translation information Continue?";
 
 std::optional<std::string> BytesOf(TContext& context, const std::string& fileName) {
     IOTAModuleServices* services = GetModuleServices(context);
@@ -25,14 +22,14 @@ std::string GetMLLFileDelimiter(TContext& context, const std::string& fileName) 
 }
 
 bool AskForDelimiter(TContext& context, const std::string& oldDelimiter, const std::string& fileName,
-                     std::string& delimiter) {
+                     std::string& delimiter, const char* otherDelimiter) {
     if (!context.Dialogs().InputQuery("Saving to file", "Input delimeter:", delimiter)) return false;
     if (delimiter.empty()) {
         context.Dialogs().MessageDlg(kNoDelimiter, TMsgDlgType::mtError, {mrOk});
         return false;
     }
     return delimiter == oldDelimiter || !BytesOf(context, fileName) ||
-           context.Dialogs().MessageDlg(kOtherDelimiter, TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
+           context.Dialogs().MessageDlg(otherDelimiter, TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
 }
 
 }  // namespace tml

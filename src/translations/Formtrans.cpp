@@ -7,15 +7,6 @@
 namespace tml {
 namespace {
 
-/// In a file they would be one.
-void ExpectNoNamesakeOf(TContext& context, const TFormRow& row) {
-    for (const TFormRow* other : context.Rows.Active().FindForms(row.FormName))
-        if (other != &row)
-            throw EBadInput(row.FileName, 0,
-                            "the form of " + other->FileName + " is named " + other->FormName + ", too",
-                            "Give one of the two forms another name");
-}
-
 TTransferReport OnForm(TContext& context, const std::string& formName, TFormUse use,
                        const std::function<TTransferReport(TmlCustomLang&)>& transfer) {
     TTransferReport report;
@@ -39,6 +30,18 @@ std::vector<TFormRow*> Rows(TContext& context, bool translatedOnly) {
 }
 
 }  // namespace
+
+void ExpectNoNamesakeOf(TContext& context, const TFormRow& row) {
+    std::vector<TFormRow*> others = context.Rows.FormNames.FindForms(row.FormName);
+    if (context.Rows.ExternalFiles.Find(row.Id()) == &row)
+        for (TFormRow* other : context.Rows.ExternalFiles.FindForms(row.FormName))
+            others.push_back(other);
+    for (const TFormRow* other : others)
+        if (other != &row)
+            throw EBadInput(row.FileName, 0,
+                            "the form of " + other->FileName + " is named " + other->FormName + ", too",
+                            "Give one of the two forms another name");
+}
 
 TTransferReport SaveFormToFile(TContext& context, const std::string& formName, const std::string& fileName,
                                const std::string& delimiter) {
