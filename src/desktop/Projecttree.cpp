@@ -9,6 +9,7 @@
 #include "core/Formrows.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
+#include "platform/Projectmanager.h"
 
 namespace tml {
 namespace {
@@ -30,6 +31,13 @@ QTreeWidgetItem* NewItem(const QString& text, const char* picture, TKind kind, c
 
 std::string FileOf(const QTreeWidgetItem& item) {
     return FromQt(item.data(0, kFileRole).toString());
+}
+
+/// What add-ins know the kind by.
+std::string IdentOf(int kind) {
+    return std::string(kind == Group     ? kGroupContainer
+                       : kind == Project ? kProjectContainer
+                                         : kFileContainer);
 }
 
 bool IsSource(const QTreeWidgetItem& item) {
@@ -119,6 +127,20 @@ void TProjectTree::AddSettings(QMenu& menu) {
     action->setEnabled(command->Enabled);
 }
 
+void TProjectTree::AddEntries(QMenu& menu, const std::vector<std::shared_ptr<TMenuItem>>& entries) {
+    for (const auto& entry : entries) {
+        if (entry->Caption == "-") {
+            menu.addSeparator();
+        } else if (!entry->Items.empty()) {
+            AddEntries(*menu.addMenu(ToQt(entry->Caption)), entry->Items);
+        } else {
+            QAction* action =
+                menu.addAction(ToQt(entry->Caption), this, [this, entry] { OnCommand(*entry); });
+            action->setEnabled(entry->Enabled);
+        }
+    }
+}
+
 void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
     const QTreeWidgetItem* item = itemAt(event->pos());
     if (item == nullptr) return;
@@ -132,6 +154,7 @@ void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
     if (kind == Project)
         menu.addAction("Make &Active Project", this, [&] { OnMakeActive(ProjectOf(*item)); });
     if (IsActive(*item)) AddSettings(menu);
+    AddEntries(menu, ide_.ProjectMenu(IdentOf(kind), kind == Project ? ProjectOf(*item) : nullptr));
     if (!menu.isEmpty()) menu.exec(event->globalPos());
 }
 

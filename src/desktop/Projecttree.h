@@ -32,6 +32,7 @@ class TProjectTree : public QTreeWidget {
     void MarkItems();
     bool IsActive(const QTreeWidgetItem& item);
     void AddSettings(QMenu& menu);
+    void AddEntries(QMenu& menu, const std::vector<std::shared_ptr<TMenuItem>>& entries);
     std::shared_ptr<IOTAProject> ProjectOf(const QTreeWidgetItem& item);
 
     THeadlessIde& ide_;

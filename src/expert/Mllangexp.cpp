@@ -8,6 +8,7 @@
 #include "core/Modules.h"
 #include "expert/Expopt.h"
 #include "expert/Mlmainform.h"
+#include "expert/Mlprojmngrmenu.h"
 #include "scan/Editorcommands.h"
 #include "translations/Projectsettings.h"
 
@@ -399,12 +400,18 @@ TmlLangExpert& ExpRegister(const THost& host, IRegistration& registration) {
 }
 
 void Finalize(const THost& host) {
+    UnregisterProjectMenu(host);
     if (host.CommonLibrary != nullptr) host.CommonLibrary->Unload();
 }
 
-TPackage MakePackage(const THost& host) {
+TPackage MakePackage(const THost& host, std::function<void(TmlLangExpert&)> loaded) {
     return {.Name = "TmlLang",
-            .Register = [host](IRegistration& registration) { ExpRegister(host, registration); },
+            .Register =
+                [host, loaded = std::move(loaded)](IRegistration& registration) {
+                    TmlLangExpert& expert = ExpRegister(host, registration);
+                    RegisterProjectMenu(host, expert);
+                    if (loaded) loaded(expert);
+                },
             .Finalization = [host] { Finalize(host); }};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -104,7 +105,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
 TmlLangExpert& ExpRegister(const THost& host, IRegistration& registration);
 /// What is left to do when the IDE has released the expert: the common library goes last.
 void Finalize(const THost& host);
-/// The package by which an IDE loads the expert.
-TPackage MakePackage(const THost& host);
+/// The package by which an IDE loads the expert; loaded is told of it.
+TPackage MakePackage(const THost& host, std::function<void(TmlLangExpert&)> loaded = {});
 
 }  // namespace tml

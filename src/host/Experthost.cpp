@@ -19,8 +19,7 @@ TExpertHost::~TExpertHost() {
 }
 
 void TExpertHost::LoadExpert() {
-    TPackage package = MakePackage(host_);
-    package.Register = [this](IRegistration& registration) { expert_ = &ExpRegister(host_, registration); };
+    const TPackage package = MakePackage(host_, [this](TmlLangExpert& expert) { expert_ = &expert; });
     ide_.LoadPackage(package);
     package_ = package.Name;
 }

@@ -5,6 +5,7 @@
 #include "ide/Menus.h"
 #include "ide/Moduleservices.h"
 #include "ide/Packagehost.h"
+#include "ide/Projectmenus.h"
 #include "projects/Projectreader.h"
 
 namespace tml {
@@ -17,6 +18,7 @@ class TIdeState {
     IFileSystem& Files;
     TModules Modules;
     TNativeServices Native;
+    TProjectMenus ProjectMenus;
     std::vector<TProjectProblem> Problems;
     /// Last, so that packages are unloaded while everything else still lives.
     TPackageHost Packages;
@@ -60,6 +62,15 @@ INTAServices* THeadlessIde::GetNTAServices() {
 
 IOTAModuleServices* THeadlessIde::GetModuleServices() {
     return &state_->Modules;
+}
+
+IOTAProjectManager* THeadlessIde::GetProjectManager() {
+    return &state_->ProjectMenus;
+}
+
+std::vector<std::shared_ptr<TMenuItem>> THeadlessIde::ProjectMenu(
+    const std::string& ident, const std::shared_ptr<IOTAProject>& project) {
+    return state_->ProjectMenus.Open(ident, project);
 }
 
 void THeadlessIde::OpenProject(const std::string& path) {

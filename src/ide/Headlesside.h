@@ -29,6 +29,7 @@ class THeadlessIde : public IBorlandIDEServices {
     IOTAServices* GetServices() override;
     INTAServices* GetNTAServices() override;
     IOTAModuleServices* GetModuleServices() override;
+    IOTAProjectManager* GetProjectManager() override;
 
     /// Completes what a crash left of an earlier save, then opens a project or a group of projects (the
     /// first is the active one), closing an open one. EBadInput for a file that is no project and for a group
@@ -38,6 +39,11 @@ class THeadlessIde : public IBorlandIDEServices {
     void CloseProject();
     /// What was found wrong while the project was opened.
     const std::vector<TProjectProblem>& Problems() const;
+
+    /// What add-ins have added to the local menu of the project manager, for a node of the kind; project is
+    /// that of the node, nullptr for another one.
+    std::vector<std::shared_ptr<TMenuItem>> ProjectMenu(const std::string& ident,
+                                                        const std::shared_ptr<IOTAProject>& project);
 
     /// Where the IDE shows a person why a module cannot be opened; nowhere at first.
     void ShowErrors(std::function<void(const EBadInput&)> show);

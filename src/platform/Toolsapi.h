@@ -288,6 +288,8 @@ class INTAServices {
     virtual std::unique_ptr<TForm> CreateDockHost(const std::string& className) = 0;
 };
 
+class IOTAProjectManager;
+
 /// The IDE by interface; an IDE without one of them gives nullptr.
 class IBorlandIDEServices {
   public:
@@ -295,6 +297,7 @@ class IBorlandIDEServices {
     virtual IOTAServices* GetServices() = 0;
     virtual INTAServices* GetNTAServices() = 0;
     virtual IOTAModuleServices* GetModuleServices() = 0;
+    virtual IOTAProjectManager* GetProjectManager() = 0;
 };
 
 }  // namespace tml
