@@ -5,7 +5,7 @@
 namespace tml {
 namespace {
 
-constexpr const char* kOtherDelimiter =
+constexpr const char* kDelimiterDiffers =
     "The existing delimiter in file differs from new one.\rThis may cause errors in future reading "
     "translation information\rContinue?";
 
@@ -81,7 +81,7 @@ TEST_F(TPropexport, WhatIsNotGoneOnWithWritesNothing) {
     const std::string saved = Files.Files["/p/a.mll"];
     Choose({"Hints"}, "/p/a.mll");
     User.OnInput("Input delimeter:", "~");
-    User.OnMessage(kOtherDelimiter, mrNo);
+    User.OnMessage(kDelimiterDiffers, mrNo);
     Run("SaveFormsProperties");
     Choose({}, "/p/b.mll");
     User.OnInput("Input delimeter:", "~");
