@@ -5,6 +5,7 @@
 #include <map>
 #include <numeric>
 
+#include "core/Formfamilies.h"
 #include "core/Modules.h"
 #include "tables/Languageplaces.h"
 #include "tables/Languages.h"
@@ -119,6 +120,37 @@ std::vector<TFormRow*> LinkedRows(TContext& context, TmlLangDispatcher& dispatch
     return sorted;
 }
 
+bool Stores(IOTAComponent& component, std::string_view list) {
+    return component.GetPropValue(std::string(list) + ".Strings").has_value();
+}
+
+/// Calls work for the component of each form that inherits that of the row and its languages.
+template <typename Work>
+void WithHeirs(TContext& context, const TFormRow& row, Work work) {
+    for (const std::string& unit : FamiliesOf(context.Rows.FormNames).DescendantsOf(row.FormName)) {
+        TModuleLease lease(context, unit);
+        const auto module = GetModuleFromFileName(context, unit);
+        const auto editor = GetFormEditorFromModule(module);
+        const auto lang = editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
+        if (lang == nullptr || Stores(*lang->GetComponent(), "LangNames")) continue;
+        work(*lang);
+        MarkModifiedForm(context, module->GetFormName());
+        lease.Save();
+    }
+}
+
+/// The tables that an heir stores itself; the others are its ancestor's, which have moved.
+void MoveStored(TmlCustomLang& heir, const TMoves& moves) {
+    std::vector<TTable> moved;
+    std::vector<TTable> tables = heir.GetTables();
+    for (TTable& table : tables)
+        if (Stores(*heir.GetComponent(), KindOf(table.Type()).Property)) {
+            table.MoveLanguages(moves.Places);
+            moved.push_back(std::move(table));
+        }
+    heir.SetTables(moved);
+}
+
 }  // namespace
 
 std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
@@ -152,11 +184,16 @@ void SetUpComponent(TContext& context, TFormRow& row, const std::shared_ptr<IOTA
                     const TLangSetUp& setUp) {
     if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
         const TMoves moves = MovesOf(*lang, setUp);
+        const bool move = !moves.AreNone(lang->GetNumLang());
+        if (move && moves.Shown() != moves.Active)
+            WithHeirs(context, row,
+                      [&](TmlCustomLang& heir) { heir.ShowLanguage(moves.Active, moves.Shown()); });
         MoveTexts(*lang, moves);
         SetNames(*lang, setUp);
         lang->SetNumLang(setUp.NumLang);
         row.Component.NumLang = setUp.NumLang;
         SetActive(*lang, moves.NewActive);
+        if (move) WithHeirs(context, row, [&](TmlCustomLang& heir) { MoveStored(heir, moves); });
     } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
         SetUpDispatcher(context, *dispatcher, setUp);
     }
