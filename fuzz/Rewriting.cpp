@@ -80,6 +80,16 @@ bool HasMemberLiterals(const TScanInput& input) {
            }) != tokens.end();
 }
 
+/// What stands behind a parenthesis that is never closed may count as an argument of the call in front of it.
+bool HasOpenParentheses(const TScanInput& input) {
+    int open = 0;
+    for (const TToken& token : input.Source->CodeTokens()) {
+        const std::string_view text = TextOf(*input.Source, token);
+        open += text == "(" ? 1 : text == ")" ? -1 : 0;
+    }
+    return open != 0;
+}
+
 void CheckRewrite(const TScanInput& input, const TScanResult& result) {
     const TmlFoundSourceStrings kept = Kept(result, false);
     const TEdits edits = Rewrite(kept, input);
@@ -90,7 +100,9 @@ void CheckRewrite(const TScanInput& input, const TScanResult& result) {
     if (!proven) return;
     TScanInput second = input;
     second.Source = ReadSource(ApplyEdits(input.Text(), edits), input.FileName());
-    Expect(CountStrings(second) == result.Found.Count() - kept.Count(), "a second scan finds no call again");
+    const int left = result.Found.Count() - kept.Count();
+    const int found = CountStrings(second);
+    Expect(found == left || (found < left && HasOpenParentheses(input)), "a second scan finds no call again");
 }
 
 void CheckUnit(const std::string& text, const std::string& fileName) {
