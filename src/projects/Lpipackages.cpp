@@ -7,6 +7,7 @@
 
 #include "base/Codedtext.h"
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 #include "projects/Xmlfile.h"
 
@@ -40,7 +41,7 @@ class TPackageEdits {
             const std::size_t end = isEmpty ? headEnd + 1 : text_.find('>', headEnd + 1) + 1;
             return {{begin, end, WholeList(IndentAt(begin), isNumbered)}};
         }
-        const std::size_t end = LineBegin(text_.find(std::string("</") + kList, headEnd));
+        const std::size_t end = LineBegin(text_.find(Format("</%s", kList), headEnd));
         TEdits edits = {{end, end, Item(IndentAt(begin) + "  ", isNumbered ? count + 1 : 0)}};
         if (const TEdit number = Count(begin, headEnd, count + 1); number.End > 0)
             edits.insert(edits.begin(), number);
@@ -72,8 +73,8 @@ class TPackageEdits {
                indent + "</" + name + ">\r\n";
     }
     std::string WholeList(const std::string& indent, bool isNumbered) const {
-        return std::string("<") + kList + (isNumbered ? " Count=\"1\"" : "") + ">\r\n" +
-               Item(indent + "  ", isNumbered ? 1 : 0) + indent + "</" + kList + ">";
+        return Format("<%s%s>\r\n%s%s</%s>", kList, isNumbered ? " Count=\"1\"" : "",
+                      Item(indent + "  ", isNumbered ? 1 : 0), indent, kList);
     }
     /// The number of packages; one that ends at 0 where the file gives none.
     TEdit Count(std::size_t begin, std::size_t headEnd, std::ptrdiff_t count) const {
