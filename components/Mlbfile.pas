@@ -170,25 +170,13 @@ begin
   Result := TStringsType(Ordinal);
 end;
 
-procedure AddText(Bytes: TmlBytes; const Text: string);
-begin
-  Bytes.AddNumber(Length(Text), 4);
-  Bytes.Add(Text);
-end;
-
 procedure AddTexts(Bytes: TmlBytes; const Texts: TmlFields);
 var
   I: Integer;
 begin
   Bytes.AddNumber(Length(Texts), 4);
   for I := 0 to High(Texts) do
-    AddText(Bytes, Texts[I]);
-end;
-
-procedure AddPartTo(Bytes: TmlBytes; Tag: Char; const Payload: string);
-begin
-  Bytes.Add(Tag);
-  AddText(Bytes, Payload);
+    Bytes.AddText(Texts[I]);
 end;
 
 function KeyOf(const Form: TmlFormAddress): string;
@@ -490,52 +478,52 @@ begin
   AddPart(Part);
 end;
 
-function TableBytes(Kind: TStringsType; const Entries: TmlFileEntries): string;
+procedure AddTable(Bytes: TmlBytes; Kind: TStringsType; const Entries: TmlFileEntries);
 var
   I: Integer;
-  Bytes: TmlBytes;
 begin
-  Bytes := TmlBytes.Create;
+  if Length(Entries) = 0 then Exit;
+  Bytes.BeginPart(TableTag);
   Bytes.AddNumber(Ord(Kind), 1);
   Bytes.AddNumber(Length(Entries), 4);
   for I := 0 to High(Entries) do
   begin
-    AddText(Bytes, Entries[I].Key);
+    Bytes.AddText(Entries[I].Key);
     AddTexts(Bytes, Entries[I].Fields);
   end;
-  Result := Bytes.Finish;
+  Bytes.EndPart;
 end;
 
-function StatesBytes(const Section: TmlFormSection): string;
+procedure AddStates(Bytes: TmlBytes; const Section: TmlFormSection);
 var
   State: TmlFileState;
-  Bytes: TmlBytes;
 begin
-  Bytes := TmlBytes.Create;
+  if Length(Section.States) = 0 then Exit;
+  Bytes.BeginPart(StatesTag);
   for State in Section.States do
   begin
     Bytes.AddNumber(Ord(State.Kind), 1);
     Bytes.AddNumber(State.Place, 4);
     Bytes.AddNumber(StateNumber(State.State), 1);
-    AddText(Bytes, State.Key);
-    AddText(Bytes, State.Former);
+    Bytes.AddText(State.Key);
+    Bytes.AddText(State.Former);
   end;
-  Result := Bytes.Finish;
+  Bytes.EndPart;
 end;
 
-function ExtendedBytes(const Section: TmlFormSection): string;
+procedure AddExtended(Bytes: TmlBytes; const Section: TmlFormSection);
 var
   Extended: TmlFileExtended;
-  Bytes: TmlBytes;
 begin
-  Bytes := TmlBytes.Create;
+  if Length(Section.Extended) = 0 then Exit;
+  Bytes.BeginPart(ExtendedTag);
   for Extended in Section.Extended do
   begin
-    AddText(Bytes, Extended.Component);
-    AddText(Bytes, Extended.PropertyName);
+    Bytes.AddText(Extended.Component);
+    Bytes.AddText(Extended.PropertyName);
     AddTexts(Bytes, Extended.Values);
   end;
-  Result := Bytes.Finish;
+  Bytes.EndPart;
 end;
 
 function TmlbFile.Payload(const Section: TmlFormSection): string;
@@ -545,15 +533,15 @@ var
   Bytes: TmlBytes;
 begin
   Bytes := TmlBytes.Create;
-  AddText(Bytes, Section.Address.Project);
-  AddText(Bytes, Section.Address.Form);
+  Bytes.AddText(Section.Address.Project);
+  Bytes.AddText(Section.Address.Form);
   Bytes.AddNumber(Length(Section.Languages), 4);
   for I := 0 to High(Section.Languages) do
     Bytes.AddNumber(ColumnOf(PlainLanguageName(Section.Languages[I])), 4);
   for Kind := Low(Kind) to High(Kind) do
-    if Length(Section.Tables[Kind]) > 0 then AddPartTo(Bytes, TableTag, TableBytes(Kind, Section.Tables[Kind]));
-  if Length(Section.States) > 0 then AddPartTo(Bytes, StatesTag, StatesBytes(Section));
-  if Length(Section.Extended) > 0 then AddPartTo(Bytes, ExtendedTag, ExtendedBytes(Section));
+    AddTable(Bytes, Kind, Section.Tables[Kind]);
+  AddStates(Bytes, Section);
+  AddExtended(Bytes, Section);
   Result := Bytes.Finish;
 end;
 
@@ -569,16 +557,19 @@ end;
 
 function TmlbFile.Content: string;
 var
-  All, Names: TmlBytes;
+  Bytes: TmlBytes;
   I: Integer;
 begin
-  Names := TmlBytes.Create;
-  AddTexts(Names, FLanguages);
-  All := TmlBytes.Create;
-  AddPartTo(All, NamesTag, Names.Finish);
+  Bytes := TmlBytes.Create;
+  Bytes.BeginPart(NamesTag);
+  AddTexts(Bytes, FLanguages);
+  Bytes.EndPart;
   for I := 0 to FCount - 1 do
-    AddPartTo(All, FParts[I].Tag, FParts[I].Payload);
-  Result := All.Finish;
+  begin
+    Bytes.Add(FParts[I].Tag);
+    Bytes.AddText(FParts[I].Payload);
+  end;
+  Result := Bytes.Finish;
 end;
 
 function TmlbFile.Bytes: string;

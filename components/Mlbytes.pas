@@ -9,11 +9,16 @@ type
   TmlBytes = class
   private
     FBuffer: string;
-    FCount: Integer;
+    FCount, FBegin: Integer;
   public
     procedure Add(const Piece: string);
     { A number in so many bytes, the lowest one first. }
     procedure AddNumber(Number: Int64; Size: Integer);
+    { Behind its size in four bytes. }
+    procedure AddText(const Text: string);
+    { A tag, and the size of what is added until EndPart. Parts stand in no others. }
+    procedure BeginPart(Tag: Char);
+    procedure EndPart;
     { All that was added; frees the object. }
     function Finish: string;
   end;
@@ -36,6 +41,29 @@ begin
     Number := Number shr 8;
     Dec(Size);
   end;
+end;
+
+procedure TmlBytes.AddText(const Text: string);
+begin
+  AddNumber(Length(Text), 4);
+  Add(Text);
+end;
+
+procedure TmlBytes.BeginPart(Tag: Char);
+begin
+  Add(Tag);
+  AddNumber(0, 4);
+  FBegin := FCount;
+end;
+
+procedure TmlBytes.EndPart;
+var
+  Filled: Integer;
+begin
+  Filled := FCount;
+  FCount := FBegin - 4;
+  AddNumber(Filled - FBegin, 4);
+  FCount := Filled;
 end;
 
 function TmlBytes.Finish: string;

@@ -6,19 +6,7 @@ program Translationfiles;
 {$MODE Delphi}
 
 uses
-  Classes, SysUtils, crc, Mlfilefields, Mlopenfile, Mltranslationfile;
-
-procedure WriteFile(const FileName, Bytes: string);
-var
-  Stream: TFileStream;
-begin
-  Stream := TFileStream.Create(FileName, fmCreate);
-  try
-    Stream.WriteBuffer(Pointer(Bytes)^, Length(Bytes));
-  finally
-    Stream.Free;
-  end;
-end;
+  SysUtils, crc, Mlfilefields, Mlopenfile, Mltranslationfile;
 
 function ChecksumOf(const Bytes: string): Cardinal;
 begin
@@ -40,15 +28,12 @@ end;
 procedure CopyFile(const SourceName, TargetName, Delimiter: string);
 var
   Source, Target: TmlTranslationFile;
-  Former: string;
 begin
-  Former := '';
-  if FileExists(TargetName) then Former := BytesOfFile(TargetName);
-  Source := OpenTranslationFile(BytesOfFile(SourceName), SourceName, '');
-  Target := OpenTranslationFile(Former, TargetName, Delimiter);
+  Source := ReadTranslations(SourceName);
+  Target := ReadTranslationsToChange(TargetName, Delimiter);
   try
     CopyForms(Source, Target);
-    WriteFile(TargetName, Target.Bytes);
+    WriteTranslations(Target, TargetName);
   finally
     Source.Free;
     Target.Free;
