@@ -14,6 +14,8 @@ type
     Text: string;
     { In the base language, which stands in for what is missing and is restored exactly. }
     Base: string;
+    { In the language in which the property stood at first. }
+    First: string;
     IsBase: Boolean;
   end;
 

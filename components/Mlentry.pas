@@ -133,6 +133,7 @@ begin
   Result.Text := ValueIn(FLine, FDelimiter, Language);
   Result.IsBase := Language = 1;
   if Result.IsBase then Result.Base := Result.Text else Result.Base := ValueIn(FLine, FDelimiter, 1);
+  if FFirst = 1 then Result.First := Result.Base else Result.First := ValueIn(FLine, FDelimiter, FFirst);
 end;
 
 function TmlEntry.Wanted(Language: Integer): string;

@@ -1,5 +1,6 @@
 { Fonts, known by what they publish. A value gives Name, Height and Style, or some of these; a part that is not
-  given stays as the form has it. Heights are those of the design; a form that is scaled to its screen scales them. }
+  given is the base language's, and one that this does not give either is as it was before the first change. Heights are
+  those of the design; a form that is scaled to its screen scales them. }
 unit Mlfontaccess;
 
 {$IFDEF FPC}{$MODE Delphi}{$ENDIF}
@@ -31,8 +32,9 @@ type
     FFormerParentFont: Boolean;
     { The scale when the font was read last. }
     FScale: TmlScale;
-    procedure Note(const Place: TmlPlace);
-    function Wanted(const Value: TmlValue; Font: TObject): TmlFont;
+    procedure Note(const Place: TmlPlace; const Value: TmlValue);
+    function Former(const Place: TmlPlace; const Value: TmlValue): TmlFont;
+    function Wanted(const Place: TmlPlace; const Value: TmlValue): TmlFont;
   public
     function Read(const Place: TmlPlace): string; override;
     function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
@@ -41,6 +43,10 @@ type
   end;
 
 function IsFont(Item: TObject): Boolean;
+
+var
+  { Of a font that a form gives no name; set by the unit of the visual library. }
+  DefaultFontName: string = '';
 
 implementation
 
@@ -159,14 +165,19 @@ begin
   Result.Style := GetOrdProp(Font, 'Style');
 end;
 
-function FontShows(const Place: TmlPlace; const Value: TmlFont): Boolean;
-var
-  Shown: TmlFont;
+{ The font; what it does not give is the other's. }
+function Over(const Font, Other: TmlFont): TmlFont;
 begin
-  Shown := ReadFont(Place);
-  Result := (not (fpName in Value.Given) or (Shown.Name = Value.Name)) and
-    (not (fpHeight in Value.Given) or (Shown.Height = Value.Height)) and
-    (not (fpStyle in Value.Given) or (Shown.Style = Value.Style));
+  Result := Font;
+  if not (fpName in Font.Given) then Result.Name := Other.Name;
+  if not (fpHeight in Font.Given) then Result.Height := Other.Height;
+  if not (fpStyle in Font.Given) then Result.Style := Other.Style;
+  Result.Given := Font.Given + Other.Given;
+end;
+
+function IsSame(const Font, Other: TmlFont): Boolean;
+begin
+  Result := (Font.Name = Other.Name) and (Font.Height = Other.Height) and (Font.Style = Other.Style);
 end;
 
 function ReadParentFont(const Place: TmlPlace): Boolean;
@@ -197,27 +208,35 @@ begin
   Result := FontText(Shown) = Earlier;
 end;
 
-{ Parts that the value leaves out are those from before the first change. }
-function TmlFontAccess.Wanted(const Value: TmlValue; Font: TObject): TmlFont;
+{ As it was before the first change, but for what the language gave in which it stood then. }
+function TmlFontAccess.Former(const Place: TmlPlace; const Value: TmlValue): TmlFont;
+var
+  Plain: TmlFont;
 begin
-  Result := ParseFont(Value.Text, Font);
-  if not FNoted then Exit;
-  if not (fpName in Result.Given) then Result.Name := FFormer.Name;
-  if not (fpHeight in Result.Given) then Result.Height := FFormer.Height;
-  if not (fpStyle in Result.Given) then Result.Style := FFormer.Style;
-  Result.Given := FFormer.Given;
+  Result := FFormer;
+  if FNoted then Exit;
+  Plain := Default(TmlFont);
+  Plain.Given := ParseFont(Value.First, FontAt(Place)).Given;
+  Plain.Name := DefaultFontName;
+  Result := Over(Plain, ReadFont(Place));
+end;
+
+function TmlFontAccess.Wanted(const Place: TmlPlace; const Value: TmlValue): TmlFont;
+begin
+  Result := Over(ParseFont(Value.Text, FontAt(Place)), ParseFont(Value.Base, FontAt(Place)));
+  Result := Over(Result, Former(Place, Value));
 end;
 
 function TmlFontAccess.Shows(const Place: TmlPlace; const Value: TmlValue): Boolean;
 begin
-  Result := FontShows(Place, Wanted(Value, FontAt(Place))) and
+  Result := IsSame(ReadFont(Place), Wanted(Place, Value)) and
     not (FNoted and Value.IsBase and FFormerParentFont and not ReadParentFont(Place));
 end;
 
-procedure TmlFontAccess.Note(const Place: TmlPlace);
+procedure TmlFontAccess.Note(const Place: TmlPlace; const Value: TmlValue);
 begin
+  FFormer := Former(Place, Value);
   FNoted := True;
-  FFormer := ReadFont(Place);
   FFormerParentFont := ReadParentFont(Place);
 end;
 
@@ -229,8 +248,8 @@ var
   Scale: TmlScale;
 begin
   Font := FontAt(Place);
-  if not FNoted then Note(Place);
-  Wish := Wanted(Value, Font);
+  if not FNoted then Note(Place, Value);
+  Wish := Wanted(Place, Value);
   SetStrProp(Font, 'Name', Wish.Name);
   Scale := ScaleAt(Place);
   SetOrdProp(Font, 'Height', ScaledHeight(Wish.Height, Scale.Screen, Scale.Design));

@@ -8,7 +8,7 @@ interface
 implementation
 
 uses
-  Forms, Mlcheckitems, Mlformsurface, Mlloading, Mlviewitems;
+  Forms, Graphics, Mlcheckitems, Mlfontaccess, Mlformsurface, Mlloading, Mlviewitems;
 
 type
   TmlLater = class
@@ -36,6 +36,7 @@ end;
 initialization
   Later := TmlLater.Create;
   ApplyLoadedSoon := ApplySoon;
+  DefaultFontName := DefFontData.Name;
   WatchLoading(TCustomFrame);
 
 finalization

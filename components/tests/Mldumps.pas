@@ -1,4 +1,5 @@
-{ What a form shows: a line for each published text of each component, under the key that tables use. }
+{ What a form shows: a line for each published text of each component, under the key that tables use, and where its
+  windows stand. }
 unit Mldumps;
 
 {$MODE Delphi}
@@ -14,7 +15,7 @@ procedure DumpTexts(Root: TComponent; Lines: TStrings);
 implementation
 
 uses
-  SysUtils, TypInfo, ComCtrls, Graphics, Mlcustomlang;
+  SysUtils, TypInfo, ComCtrls, Controls, Graphics, Mlcustomlang;
 
 type
   TDump = class
@@ -116,6 +117,8 @@ begin
       if Info^.Name <> 'Name' then Add(Key, GetStrProp(Instance, Info));
     tkEnumeration:
       if Info^.Name = 'BiDiMode' then Add(Key, GetEnumProp(Instance, Info));
+    tkInteger:
+      if (Info^.Name = 'Left') and (Instance is TWinControl) then Add(Key, IntToStr(GetOrdProp(Instance, Info)));
     tkClass:
       AddObject(Key, GetObjectProp(Instance, Info));
   end;
