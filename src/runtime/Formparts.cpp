@@ -39,7 +39,7 @@ struct TFormParts::TPlaces {
     std::unordered_map<TComponentHandle, int> Parts;
 };
 
-TFormParts::TFormParts(const TComponentPtr& owner) {
+TFormParts::TFormParts(const TComponentPtr& owner, TFrames frames) : frames_(frames) {
     Read(owner, {}, -1);
 }
 
@@ -55,7 +55,7 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
     } else if (owner->GetOrigin() != TComponentOrigin::coOwn) {
         unseen_.push_back(path);
     }
-    if (isFrame) LeaveTranslated(begin);
+    if (isFrame && frames_ == TFrames::Translated) LeaveTranslated(begin);
     const int part = Overlay(owner, path, holder);
     parts_[static_cast<std::size_t>(part)].IsFrame = isFrame;
     TPlaces places{{{owner->GetComponentHandle(), part}}};

@@ -27,7 +27,10 @@ struct TFormPart {
 /// All components of a form, frame or data module: its file's, its ancestors' and its frames'.
 class TFormParts {
   public:
-    explicit TFormParts(const std::shared_ptr<IOTAComponent>& owner);
+    /// What stands on a frame that translates itself is no concern of the form that the frame stands on;
+    /// whoever wants to see the form wants to see the frame whole.
+    enum class TFrames { Translated, Whole };
+    explicit TFormParts(const std::shared_ptr<IOTAComponent>& owner, TFrames frames = TFrames::Translated);
 
     const std::vector<TFormPart>& Items() const { return parts_; }
     /// The component at a path, without regard to case; nullptr when there is none.
@@ -46,6 +49,7 @@ class TFormParts {
     int Overlay(const TComponentPtr& component, const std::string& path, int holder);
     void LeaveTranslated(std::size_t begin);
 
+    TFrames frames_;
     std::vector<TFormPart> parts_;
     std::unordered_map<std::string, int> byPath_;  ///< upper-cased
     std::vector<std::string> unseen_;

@@ -1,0 +1,201 @@
+#include "layout/Boxreader.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "base/Utf8.h"
+#include "layout/Boxproperties.h"
+#include "layout/Buttonkinds.h"
+#include "layout/Clientareas.h"
+
+namespace tml {
+namespace {
+
+constexpr int kDesignResolution = 96;
+constexpr int kItemSpace = 6;
+
+/// What a control says that has an action and nothing else of its own.
+using TActions = std::unordered_map<std::string, const TLayoutNode*>;
+
+/// By name in upper case.
+TActions ActionsOf(const TLayoutNode& form) {
+    TActions actions;
+    for (const TLayoutNode& list : form.Children)
+        for (const TLayoutNode& action : list.Children)
+            if (action.Find("Width") == nullptr) actions.emplace(UpperCase(action.Name), &action);
+    return actions;
+}
+
+void TakeFromAction(TLayoutBox& box, const TActions& actions) {
+    const auto action = actions.find(UpperCase(NameIn(box.Node->Find("Action"))));
+    if (action == actions.end()) return;
+    const TLayoutNode& from = *action->second;
+    if (box.Node->Find("Caption") == nullptr) box.Text = TextIn(from.Find("Caption"));
+    if (box.Node->Find("Visible") == nullptr) box.Visible = FlagIn(from.Find("Visible"), true);
+}
+
+bool HasSize(const TLayoutNode& node) {
+    return node.Find("Width") != nullptr || node.Find("Height") != nullptr;
+}
+
+/// nullptr for a component that is no control.
+const TLayoutClass* ClassOf(const TLayoutNode& node, bool isRoot) {
+    const TLayoutClass* row = FindLayoutClass(node.ClassName);
+    if (row == nullptr || row->Name == "TControl") {
+        const TLayoutClass* const other = FindLayoutClass(node.Ancestor);
+        if (other != nullptr) row = other;
+    }
+    if (row != nullptr) return row;
+    if (node.IsFrame || (isRoot && node.Find("DesignLeft") != nullptr))
+        return &LayoutClassOf(TLayoutKind::Frame);
+    if (isRoot) return &LayoutClassOf(TLayoutKind::Form);
+    return HasSize(node) ? &LayoutClassOf(TLayoutKind::Box) : nullptr;
+}
+
+TLayoutBox StartedBox(const TLayoutNode& node, const TLayoutClass& type, int parent) {
+    TLayoutBox box;
+    box.Node = &node;
+    box.Class = &type;
+    box.Parent = parent;
+    box.Align = type.Align;
+    box.AutoSize = type.AutoSize;
+    box.Around = type.Space;
+    box.Design[0].Size = type.Size.Width;
+    box.Design[1].Size = type.Size.Height;
+    return box;
+}
+
+/// A font that the form describes begins with the platform's own; any other is the parent's.
+void HandDownFont(TLayoutBox& box, const TLayoutBox* parent) {
+    const bool isOwn = !box.ParentFont || box.Font != TLayoutFont();
+    if (!isOwn && parent != nullptr) box.Font = parent->Font;
+}
+
+void CompleteAnchors(TLayoutBox& box) {
+    if (box.GivenAnchors) {
+        box.Anchored = *box.GivenAnchors;
+    } else if (box.Align != TLayoutAlign::None && box.Align != TLayoutAlign::Custom) {
+        box.Anchored = SidesOf(box.Align);
+    }
+    for (int& space : box.Space)
+        space = ClampedLength(space + box.Around);
+}
+
+void CompleteSizes(TLayoutBox& box) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const char* const size = axis == 0 ? "Width" : "Height";
+        if (box.DesignClient[axis] && box.Node->Find(size) == nullptr)
+            box.Design[axis].Size = *box.DesignClient[axis];
+        box.Design[axis].Size = std::max(0, box.Design[axis].Size);
+    }
+}
+
+int Scaled(int length, int from, int to) {
+    const std::int64_t product = std::int64_t{length} * to * 2;
+    return ClampedLength((product + (product < 0 ? -from : from)) / (2 * std::int64_t{from}));
+}
+
+template <typename... TLengths>
+void ScaleAll(int from, int to, TLengths&... lengths) {
+    ((lengths = Scaled(lengths, from, to)), ...);
+}
+
+void ScaleBox(TLayoutBox& box, int from, int to) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        ScaleAll(from, to, box.Design[axis].Begin, box.Design[axis].Size, box.Least[axis], box.Most[axis],
+                 box.Spread.Edge[axis], box.Spread.Between[axis], box.Space[NearOf(axis)],
+                 box.Space[FarOf(axis)]);
+        if (box.DesignClient[axis]) ScaleAll(from, to, *box.DesignClient[axis]);
+    }
+    ScaleAll(from, to, box.InnerSpace, box.Font.Height);
+}
+
+/// The resolution that the form was drawn at.
+int DesignResolution(const TLayoutNode& form, TLayoutLook look) {
+    const char* const property = look == TLayoutLook::Vcl ? "PixelsPerInch" : "DesignTimePPI";
+    const int given = LengthIn(form.Find(property)).value_or(kDesignResolution);
+    return std::max(1, given);
+}
+
+/// A group spreads its items in its columns.
+void SpreadItems(TLayoutBox& group, bool isRadio) {
+    const auto count = static_cast<int>(group.Node->Find("Items.Strings")->Items.size());
+    const int columns = std::clamp(LengthIn(group.Node->Find("Columns")).value_or(1), 1, std::max(1, count));
+    const bool isDown = SameText(NameIn(group.Node->Find("ColumnLayout")), "clVerticalThenHorizontal");
+    group.Spread.Order = isDown ? TChildOrder::Columns : TChildOrder::Rows;
+    group.Spread.PerLine = isDown ? (count + columns - 1) / columns : columns;
+    group.Spread.Shrink = {TChildResize::Scale, TChildResize::Scale};
+    if (FlagIn(group.Node->Find("AutoFill"), true))
+        group.Spread.Enlarge = {TChildResize::Equal, TChildResize::Equal};
+    if (group.Node->Find("ChildSizing.LeftRightSpacing") == nullptr) group.Spread.Edge[0] = kItemSpace;
+    if (group.Node->Find("ChildSizing.TopBottomSpacing") == nullptr)
+        group.Spread.Edge[1] = isRadio ? 0 : kItemSpace;
+}
+
+/// The items of a group are controls that no form names.
+void AddItems(TLayoutBoxes& boxes, int group) {
+    const TLayoutNode& node = *boxes[group].Node;
+    const TFormValue* const items = node.Find("Items.Strings");
+    if (items == nullptr || items->Kind != TFormValueKind::List) return;
+    const bool isRadio = boxes[group].Kind() == TLayoutKind::RadioGroup;
+    SpreadItems(boxes[group], isRadio);
+    const TLayoutClass& type = LayoutClassOf(isRadio ? TLayoutKind::RadioButton : TLayoutKind::CheckBox);
+    for (std::size_t i = 0; i < items->Items.size(); ++i) {
+        TLayoutBox box = StartedBox(node, type, group);
+        box.Item = static_cast<int>(i);
+        box.Text = items->Items[i].Text;
+        box.Font = boxes[group].Font;
+        box.Cell = {TCellAlign::Near, TCellAlign::Center};
+        boxes[group].Children.push_back(static_cast<int>(boxes.All.size()));
+        boxes.All.push_back(std::move(box));
+    }
+}
+
+bool HasItems(const TLayoutBox& box) {
+    return box.Item < 0 && (box.Kind() == TLayoutKind::RadioGroup || box.Kind() == TLayoutKind::CheckGroup);
+}
+
+/// The index of the new box; -1 for what cannot be seen.
+int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TLayoutNode& node, int parent) {
+    const TLayoutClass* const type = ClassOf(node, parent < 0);
+    if (type == nullptr) return -1;
+    TLayoutBox box = StartedBox(node, *type, parent);
+    ReadBoxProperties(box);
+    TakeFromAction(box, actions);
+    if (node.Find("Caption") == nullptr) box.Text += CaptionOfKind(NameIn(node.Find("Kind")));
+    HandDownFont(box, parent < 0 ? nullptr : &boxes[parent]);
+    CompleteAnchors(box);
+    CompleteSizes(box);
+    const int index = static_cast<int>(boxes.All.size());
+    if (parent >= 0) boxes[parent].Children.push_back(index);
+    boxes.All.push_back(std::move(box));
+    return index;
+}
+
+}  // namespace
+
+// By hand instead of by recursion: a form may be as deep as it is long.
+void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form) {
+    const TActions actions = ActionsOf(form);
+    std::vector<std::pair<const TLayoutNode*, int>> open = {{&form, -1}};
+    while (!open.empty()) {
+        const auto [node, parent] = open.back();
+        open.pop_back();
+        const int index = AddBox(boxes, actions, *node, parent);
+        if (index < 0) continue;
+        if (HasItems(boxes[index])) AddItems(boxes, index);
+        for (auto child = node->Children.rbegin(); child != node->Children.rend(); ++child)
+            open.emplace_back(&*child, index);
+    }
+    const int from = DesignResolution(form, boxes.Options.Look);
+    const int to = boxes.Options.Scaled ? boxes.Options.PixelsPerInch : from;
+    for (TLayoutBox& box : boxes.All) {
+        if (from != to) ScaleBox(box, from, to);
+        box.Now = box.Design;
+        for (std::size_t axis = 0; axis < kAxes; ++axis)
+            box.Now[axis].Size = box.Limited(axis, box.Now[axis].Size);
+    }
+    FindClientAreas(boxes);
+}
+
+}  // namespace tml

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "layout/Layoutgeometry.h"
+#include "layout/Layoutnode.h"
+#include "layout/Textmeasure.h"
+
+namespace tml {
+
+/// What a control is drawn as.
+#define TML_LAYOUT_KINDS(X)                                                                                 \
+    X(Form)                                                                                                 \
+    X(Frame)                                                                                                \
+    X(Panel)                                                                                                \
+    X(GroupBox)                                                                                             \
+    X(ScrollBox) X(PageControl) X(Page) X(TabControl) X(Label) X(StaticText) X(Button) X(SpeedButton)       \
+        X(CheckBox) X(RadioButton) X(RadioGroup) X(CheckGroup) X(Edit) X(SpinEdit) X(EditButton) X(Memo)    \
+            X(ComboBox) X(ListBox) X(CheckListBox) X(ListView) X(TreeView) X(Grid) X(ToolBar) X(ToolButton) \
+                X(CoolBar) X(StatusBar) X(Splitter) X(ProgressBar) X(TrackBar) X(ScrollBar) X(UpDown)       \
+                    X(Image) X(Shape) X(Bevel) X(DividerBevel) X(PaintBox) X(ButtonPanel) X(Calendar) X(Box)
+
+enum class TLayoutKind : std::uint8_t {
+#define TML_LAYOUT_KIND(name) name,
+    TML_LAYOUT_KINDS(TML_LAYOUT_KIND)
+#undef TML_LAYOUT_KIND
+};
+
+/// "Form", "Panel", ...
+std::string_view NameOf(TLayoutKind kind);
+
+enum class TLayoutAlignment : std::uint8_t { Near, Center, Far };
+
+/// A piece of a control that is no control itself: a tab, an item of a radio group, a column's title, a panel
+/// of a status bar, an item of a menu bar, a line of a list.
+struct TLayoutPart {
+    TLayoutRect Place;  ///< within the control
+    std::string Text;
+    bool IsOn = false;  ///< chosen, checked, or the open tab
+    TLayoutAlignment Alignment = TLayoutAlignment::Near;
+};
+
+/// A control of a form, with what is needed to draw it.
+struct TLayoutItem {
+    const TLayoutNode* Node = nullptr;  ///< of the tree that was laid out; never nullptr
+    int Parent = -1;                    ///< index, -1 for the form itself
+    /// What stands for an item of a radio or check group has the node of the group; -1 for all others.
+    int Item = -1;
+    TLayoutKind Kind = TLayoutKind::Box;
+    /// As the running program says it: in the client area of the parent. A form's own place is that on the
+    /// screen.
+    TLayoutRect Bounds;
+    TLayoutRect Client;  ///< the client area, within the control
+    TLayoutRect Place;   ///< from the upper left corner of the form on
+    /// What of Place can be seen inside all parents; empty (no width) for what is hidden or on another page.
+    TLayoutRect Seen;
+    bool Visible = true;  ///< its own property; one on another page is visible and not seen
+    bool Enabled = true;
+    bool AutoSize = false;
+    TLayoutFont Font;
+    std::string Text;   ///< caption or text, with "&" before the access key; LF between lines
+    std::string Color;  ///< "clWindow" or a number as the form holds it; "" for that of the kind
+    TLayoutAlignment Alignment = TLayoutAlignment::Near;  ///< across
+    TLayoutAlignment Layout = TLayoutAlignment::Near;     ///< down
+    bool WordWrap = false;
+    bool RightToLeft = false;
+    bool IsOn = false;  ///< checked, pressed
+    std::vector<TLayoutPart> Parts;
+};
+
+struct TFormLayout {
+    std::vector<TLayoutItem> Items;  ///< parents before their children, those behind others first
+    std::vector<std::string> Notes;  ///< for the person: "Circle of anchors at Button1"
+};
+
+/// Whose rules and measures count.
+enum class TLayoutLook : std::uint8_t { Lcl, Vcl };
+
+struct TLayoutOptions {
+    TLayoutLook Look = TLayoutLook::Lcl;
+    int PixelsPerInch = 96;  ///< of the screen
+    bool Scaled = true;      ///< the program scales forms that were drawn at another resolution
+};
+
+/// Reckons where everything on a form stands. Any tree is taken: what makes no sense is passed over and
+/// noted. Items point into the tree, which has to outlive them. Time grows with the number of components.
+TFormLayout LayOutForm(const TLayoutNode& form, const ITextMeasure& texts,
+                       const TLayoutOptions& options = {});
+
+}  // namespace tml
