@@ -1,5 +1,6 @@
 #include "base/Languagetags.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -71,6 +72,13 @@ TTags ReadOwn() {
     return tags;
 }
 
+constexpr std::string_view kRightScripts = ",ARAB,HEBR,SYRC,THAA,NKOO,ADLM,";
+constexpr std::string_view kRightLanguages = ",AR,DV,FA,HE,IW,JI,KS,KU-IQ,NQO,PS,SD,SYR,UG,UR,YI,";
+
+bool IsAmong(std::string_view list, const std::string& part) {
+    return list.find("," + part + ",") != std::string_view::npos;
+}
+
 }  // namespace
 
 std::string LanguageTagOf(std::string_view name) {
@@ -80,6 +88,17 @@ std::string LanguageTagOf(std::string_view name) {
     static const TTags own = ReadOwn();
     const auto found = own.find(upper);
     return found == own.end() ? std::string() : found->second;
+}
+
+bool IsRightToLeft(std::string_view tag) {
+    std::string rest = UpperCase(tag);
+    std::replace(rest.begin(), rest.end(), '_', '-');
+    const std::string language = rest.substr(0, rest.find('-'));
+    rest.erase(0, language.size() + 1);
+    const std::string second = rest.substr(0, rest.find('-'));
+    constexpr std::size_t kScriptSize = 4;
+    if (second.size() == kScriptSize) return IsAmong(kRightScripts, second);
+    return IsAmong(kRightLanguages, language) || IsAmong(kRightLanguages, language + "-" + second);
 }
 
 }  // namespace tml

@@ -10,4 +10,7 @@ namespace tml {
 /// any other name.
 std::string LanguageTagOf(std::string_view name);
 
+/// True for a tag of a language that is written from right to left; "_" may stand for "-".
+bool IsRightToLeft(std::string_view tag);
+
 }  // namespace tml

@@ -124,12 +124,12 @@ std::string FoldCase(std::string_view text) {
     std::string folded;
     folded.reserve(text.size());
     for (std::size_t pos = 0; pos < text.size();) {
-        const char32_t codePoint = DecodeCodePoint(text, pos);
-        const auto mapped =
-            codePoint < 0x80
-                ? static_cast<char32_t>(AsciiLower(static_cast<char>(codePoint)))
-                : static_cast<char32_t>(u_foldCase(static_cast<UChar32>(codePoint), U_FOLD_CASE_DEFAULT));
-        AppendCodePoint(folded, mapped);
+        if (static_cast<unsigned char>(text[pos]) < 0x80) {
+            folded += AsciiLower(text[pos++]);
+            continue;
+        }
+        const auto codePoint = static_cast<UChar32>(DecodeCodePoint(text, pos));
+        AppendCodePoint(folded, static_cast<char32_t>(u_foldCase(codePoint, U_FOLD_CASE_DEFAULT)));
     }
     return folded;
 }

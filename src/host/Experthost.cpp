@@ -11,7 +11,10 @@ TExpertHost::TExpertHost(IFileSystem& files, IRegistry& registry, IDialogs& dial
       runtime_(MakeMlRuntime()),
       common_(std::move(common)),
       ide_(files, *runtime_, dockableForms),
-      host_{&ide_, runtime_.get(), &registry, &dialogs, &files_, common_.get(), clock_.get()} {}
+      host_{&ide_, runtime_.get(), &registry, &dialogs, &files_, common_.get(), clock_.get()} {
+    runtime_->Dialogs = &dialogs;
+    runtime_->CommonLibrary = common_.get();
+}
 
 TExpertHost::~TExpertHost() {
     ide_.CloseProject();

@@ -27,10 +27,12 @@ TModules::TModules(IFileSystem& files, IMlRuntime& runtime)
                 [this](const std::vector<TStagedFile>& staged) { Write(staged); },
                 [this](const std::vector<std::string>& fileNames) { TellRestored(fileNames); }}) {
     runtime.Files = this;
+    runtime.BeginCommand = [this](const std::string& title) { return BeginCommand(title); };
 }
 
 TModules::~TModules() {
     runtime_.Files = nullptr;
+    runtime_.BeginCommand = nullptr;
     for (const std::shared_ptr<TModule>& module : modules_)
         module->CloseDocuments();
 }

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "base/Stringlist.h"
+#include "platform/Dialogs.h"
+#include "platform/Mlcommon.h"
 #include "platform/Toolsapi.h"
 #include "tables/Exclusions.h"
 #include "tables/Propertykinds.h"
@@ -65,6 +67,12 @@ class TmlCustomLang : public ILanguages {
     /// All of them, and all that differ at once.
     virtual std::vector<TTable> GetTables() = 0;
     virtual void SetTables(const std::vector<TTable>& tables) = 0;
+    /// The same of tables in which a person has changed texts: what the form shows of them in its active
+    /// language follows. Entries stand as they stood, with new ones behind them, but for IDs of "Strings".
+    virtual void EditTables(const std::vector<TTable>& tables) = 0;
+    /// Called when the person has edited the component in the translation editor, which has let the form
+    /// follow; for classes that have more to do.
+    virtual void TranslationsEdited() {}
     /// Brings the tables up to what the form shows (docs/tables.md); a table that is as it should be is not
     /// written. Gives notes for the person on what could not be read.
     virtual TStringList BuildList() = 0;
@@ -93,6 +101,9 @@ class TmlCustomLang : public ILanguages {
     virtual TTransferReport LoadLanguage(const std::string& fileName, const std::string& languageName) = 0;
     virtual TStringList GetExclusions(TExclusionList list) = 0;
     virtual void SetExclusions(TExclusionList list, const TStringList& entries) = 0;
+    /// Whether BuildList keeps entries that the form has no more.
+    virtual bool GetIgnoreRemovals() = 0;
+    virtual void SetIgnoreRemovals(bool ignore) = 0;
     /// Lets the stored translations follow a component that was renamed.
     virtual void ComponentRenamed(const std::string& oldName, const std::string& newName) = 0;
 };
@@ -114,6 +125,18 @@ class ITranslationFiles {
     virtual void Commit() = 0;
 };
 
+/// Where the translation editor opens: at an entry (0-based; -1 for none in particular) of a table. Field 0
+/// is the entry's key, others are languages (1-based).
+struct TTransEditorPlace {
+    TStringsType Table = TStringsType::stStrings;
+    int Entry = 0;
+    int Field = 0;
+    bool IsLast = false;  ///< where the person was last instead
+};
+/// Told when an ID of "Strings" has become another one, inside the change that wrote it.
+using TChangeStrID =
+    std::function<void(const std::string& formName, const std::string& oldID, const std::string& newID)>;
+
 class IMlRuntime {
   public:
     virtual ~IMlRuntime() = default;
@@ -132,8 +155,22 @@ class IMlRuntime {
     virtual std::shared_ptr<TmlLangDispatcher> AsDispatcher(
         const std::shared_ptr<IOTAComponent>& component) = 0;
 
-    /// By which the library reads and writes files; the host's, nullptr without one.
+    /// Shows the translation editor on a component, as a modal window; true when it has changed the form.
+    std::function<bool(TmlCustomLang&, const TTransEditorPlace&, const TChangeStrID&)> TransEditorDlg;
+    /// The same on the components of several forms; those that it has changed. The place is in the first one.
+    std::function<std::vector<TmlCustomLang*>(const std::vector<TmlCustomLang*>&, const TTransEditorPlace&,
+                                              const TChangeStrID&)>
+        TransEditorForms;
+
+    // What the library asks of the host; each is missing where there is none.
+
+    /// By which it reads and writes files.
     ICommandFiles* Files = nullptr;
+    /// Makes what the editor writes one step of undo.
+    std::function<std::unique_ptr<ICommandScope>(const std::string& title)> BeginCommand;
+    IDialogs* Dialogs = nullptr;
+    /// For searches by regular expressions.
+    ICommonLibraryLoader* CommonLibrary = nullptr;
     /// Callbacks of the translation editor.
     std::function<void(const std::string& formName, const std::string& id)> NavigateToSource;
     std::function<void()> ShowAboutBox;

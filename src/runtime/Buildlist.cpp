@@ -8,9 +8,9 @@
 #include "base/Languagetags.h"
 #include "base/Utf8.h"
 #include "runtime/Classes.h"
-#include "runtime/Componentprops.h"
 #include "runtime/Extended.h"
 #include "runtime/Formparts.h"
+#include "runtime/Showlanguage.h"
 #include "runtime/Textcollector.h"
 #include "tables/Inheritedstrings.h"
 #include "tables/Languages.h"
@@ -112,6 +112,11 @@ void WriteTexts(TmlCustomLang& lang, const TLangTexts& texts) {
     WriteExtended(*lang.GetComponent(), texts.Extended);
 }
 
+void EditTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& after) {
+    WriteTexts(lang, after);
+    ShowChangedTexts(lang, before, after, TEffectiveLanguages(lang).Get().GetActiveLanguage());
+}
+
 TBuiltTexts BuiltTexts(TmlCustomLang& lang) {
     const auto owner = lang.GetComponent()->GetOwner();
     const TFormParts parts(owner);
@@ -121,8 +126,7 @@ TBuiltTexts BuiltTexts(TmlCustomLang& lang) {
     const int active = TEffectiveLanguages(lang).Get().GetActiveLanguage();
     MergeTexts(
         texts.Tables, collected.Texts,
-        {texts.Languages.Count(), active, ReadBooleanProp(*lang.GetComponent(), "IgnoreRemovals", false),
-         TStaying(parts, rules, active == 1)});
+        {texts.Languages.Count(), active, lang.GetIgnoreRemovals(), TStaying(parts, rules, active == 1)});
     TakeFromAncestor(texts.Tables[static_cast<std::size_t>(TStringsType::stStrings)], lang);
     FillLocales(texts.Tables[static_cast<std::size_t>(TStringsType::stLocales)], texts.Languages);
     UpdateExtended(texts.Extended, parts, active);

@@ -36,6 +36,11 @@ TLangTexts ReadTexts(TmlCustomLang& lang);
 /// Writes tables and extended translations where they differ.
 void WriteTexts(TmlCustomLang& lang, const TLangTexts& texts);
 
+/// Writes texts that a person has changed; what the form shows of them in its active language follows. Before
+/// and after have the same tables and extended translations, with the entries of before in their order and
+/// new ones behind them, but for the IDs of "Strings".
+void EditTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& after);
+
 /// See TmlCustomLang::BuildList.
 TStringList BuildTables(TmlCustomLang& lang);
 

@@ -52,6 +52,11 @@ void Write(IOTAComponent& component, const std::string& name, const TFormValue& 
         component.RemoveProp(name);
 }
 
+bool ToBoolean(const std::optional<TFormValue>& value, bool defaultValue) {
+    if (!value || value->Kind != TFormValueKind::Identifier) return defaultValue;
+    return SameText(value->Text, "True");
+}
+
 }  // namespace
 
 std::optional<TFormValue> ReadProp(IOTAComponent& component, const std::string& name) {
@@ -84,9 +89,13 @@ void WriteIntegerProp(IOTAComponent& component, const std::string& name, int val
 }
 
 bool ReadBooleanProp(IOTAComponent& component, const std::string& name, bool defaultValue) {
-    const auto value = ReadProp(component, name);
-    if (!value || value->Kind != TFormValueKind::Identifier) return defaultValue;
-    return SameText(value->Text, "True");
+    return ToBoolean(ReadProp(component, name), defaultValue);
+}
+
+void WriteBooleanProp(IOTAComponent& component, const std::string& name, bool value, bool defaultValue) {
+    if (value == ReadBooleanProp(component, name, defaultValue)) return;
+    Write(component, name, TFormValue::Boolean(value),
+          value == ToBoolean(InheritedValue(component, name), defaultValue));
 }
 
 std::string ReadStringProp(IOTAComponent& component, const std::string& name) {

@@ -22,6 +22,7 @@ std::shared_ptr<IOTAComponent> ReadComponentProp(IOTAComponent& component, const
 int ReadIntegerProp(IOTAComponent& component, const std::string& name, int defaultValue);
 void WriteIntegerProp(IOTAComponent& component, const std::string& name, int value, int defaultValue);
 bool ReadBooleanProp(IOTAComponent& component, const std::string& name, bool defaultValue);
+void WriteBooleanProp(IOTAComponent& component, const std::string& name, bool value, bool defaultValue);
 /// "" when the property is not held.
 std::string ReadStringProp(IOTAComponent& component, const std::string& name);
 void WriteStringProp(IOTAComponent& component, const std::string& name, const std::string& value);

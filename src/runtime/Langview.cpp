@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::string_view kDefaultDelimiter = "\x01";
 constexpr const char* kStates = "States";
+constexpr const char* kIgnoreRemovals = "IgnoreRemovals";
 
 std::string TableProperty(TStringsType type) {
     return std::string(KindOf(type).Property);
@@ -129,6 +130,15 @@ void TmlLangView::SetTables(const std::vector<TTable>& tables) {
     WriteTables(tables);
 }
 
+void TmlLangView::EditTables(const std::vector<TTable>& tables) {
+    const std::vector<TFileExtended> extended = ReadExtended(Component());
+    const std::vector<TTable> present = GetTables();
+    TLangTexts before{{}, {}, extended};
+    for (const TTable& table : tables)
+        before.Tables.push_back(present[static_cast<std::size_t>(table.Type())]);
+    EditTexts(*this, before, {{}, tables, extended});
+}
+
 void TmlLangView::WriteTables(const std::vector<TTable>& tables) {
     TStateRecords states = ReadStates();
     for (const TTable& table : tables) {
@@ -186,6 +196,14 @@ TStringList TmlLangView::GetExclusions(TExclusionList list) {
 
 void TmlLangView::SetExclusions(TExclusionList list, const TStringList& entries) {
     WriteListProp(Component(), std::string(PropertyOf(list)), entries);
+}
+
+bool TmlLangView::GetIgnoreRemovals() {
+    return ReadBooleanProp(Component(), kIgnoreRemovals, false);
+}
+
+void TmlLangView::SetIgnoreRemovals(bool ignore) {
+    WriteBooleanProp(Component(), kIgnoreRemovals, ignore, false);
 }
 
 void TmlLangView::ComponentRenamed(const std::string& oldName, const std::string& newName) {

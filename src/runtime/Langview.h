@@ -34,6 +34,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     void MoveLanguages(const std::vector<int>& former) override;
     std::vector<TTable> GetTables() override;
     void SetTables(const std::vector<TTable>& tables) override;
+    void EditTables(const std::vector<TTable>& tables) override;
     TStringList BuildList() override;
     void ClearTranslations() override;
     TTransferReport SaveAllToFile(const std::string& fileName, const std::string& delimiter) override;
@@ -46,6 +47,8 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     TTransferReport LoadLanguage(const std::string& fileName, const std::string& languageName) override;
     TStringList GetExclusions(TExclusionList list) override;
     void SetExclusions(TExclusionList list, const TStringList& entries) override;
+    bool GetIgnoreRemovals() override;
+    void SetIgnoreRemovals(bool ignore) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
 
   private:

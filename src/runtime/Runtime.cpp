@@ -3,6 +3,7 @@
 #include "runtime/Classes.h"
 #include "runtime/Langfiles.h"
 #include "runtime/Langview.h"
+#include "runtime/Mltranseditor.h"
 
 namespace tml {
 namespace {
@@ -13,6 +14,15 @@ bool IsA(const std::shared_ptr<IOTAComponent>& component, const char* ancestor) 
 
 class TMlRuntime : public IMlRuntime {
   public:
+    TMlRuntime() {
+        TransEditorForms = [this](const auto& langs, const auto& place, const auto& onChangeStrID) {
+            return EditTranslations(langs, place, onChangeStrID);
+        };
+        TransEditorDlg = [this](TmlCustomLang& lang, const auto& place, const auto& onChangeStrID) {
+            return !TransEditorForms({&lang}, place, onChangeStrID).empty();
+        };
+    }
+
     const std::vector<std::string>& NamesArray() const override { return LangClassNames(); }
 
     bool IsRegistered(const std::string& className) const override {
@@ -34,7 +44,16 @@ class TMlRuntime : public IMlRuntime {
     }
 
   private:
+    std::vector<TmlCustomLang*> EditTranslations(const std::vector<TmlCustomLang*>& langs,
+                                                 const TTransEditorPlace& place,
+                                                 const TChangeStrID& onChangeStrID) {
+        TfrmTransEditor window(*this, langs, place, onChangeStrID, memory_);
+        Dialogs->ShowModal(window);
+        return window.ChangedLangs();
+    }
+
     TLangFiles files_{*this};
+    TTransEditorMemory memory_;
 };
 
 }  // namespace

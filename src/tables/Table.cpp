@@ -1,5 +1,6 @@
 #include "tables/Table.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -116,6 +117,14 @@ void TTable::SetMark(int index, int place, TValueMark mark, const std::string& f
     TTableValue& value = values[static_cast<std::size_t>(place) - 1];
     value.Mark = mark;
     value.Former = former;
+}
+
+void TTable::SetValues(int index, const std::vector<TTableValue>& values) {
+    std::vector<TTableValue>& present = entries_[static_cast<std::size_t>(index)].Values;
+    const bool isSameLine =
+        std::equal(present.begin(), present.end(), values.begin(), values.end(),
+                   [](const TTableValue& left, const TTableValue& right) { return left.Text == right.Text; });
+    (isSameLine ? present : Touch(index).Values) = values;
 }
 
 void TTable::Append(TTableEntry entry) {

@@ -69,6 +69,8 @@ class TTable {
     void SetText(int index, int place, const std::string& text);
     /// Puts on record what is known of a value; nothing for a place that the entry has not.
     void SetMark(int index, int place, TValueMark mark, const std::string& former = {});
+    /// Gives an entry other values, with what is known of them.
+    void SetValues(int index, const std::vector<TTableValue>& values);
     /// Appends an entry as it is.
     void Append(TTableEntry entry);
     /// Empties every value but those of the base language.

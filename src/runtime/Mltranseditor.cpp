@@ -1,0 +1,432 @@
+#include "runtime/Mltranseditor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "runtime/Transcommands.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kAllForms = "All forms";
+constexpr const char* kBoxCaption = "Translation Editor";
+constexpr const char* kIDPrompt = "String ID:";
+constexpr const char* kSearching = "Searching...";
+constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
+constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
+
+std::string CaptionOf(const TTransTexts& texts) {
+    const auto& forms = texts.Forms();
+    return forms.size() == 1 ? Format("%s - %s", kBoxCaption, forms.front().Name) : kBoxCaption;
+}
+
+ICommonLibrary* MatcherOf(IMlRuntime& runtime) {
+    ICommonLibrary* const library =
+        runtime.CommonLibrary == nullptr ? nullptr : runtime.CommonLibrary->Load();
+    return library != nullptr && library->HasMatcher() ? library : nullptr;
+}
+
+}  // namespace
+
+TfrmTransEditor::TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCustomLang*>& langs,
+                                 const TTransEditorPlace& place, TChangeStrID onChangeStrID,
+                                 TTransEditorMemory& memory)
+    : runtime_(runtime),
+      onChangeStrID_(std::move(onChangeStrID)),
+      memory_(memory),
+      library_(MatcherOf(runtime)),
+      texts_(langs) {
+    Name = "frmTransEditor";
+    Caption = CaptionOf(texts_);
+    ActiveControl = "grTexts";
+    Actions = CommandsOf(*this);
+    BuildTree();
+    Open(place);
+}
+
+// --- tree
+
+void TfrmTransEditor::BuildTree() {
+    const auto& forms = texts_.Forms();
+    const int level = forms.size() > 1 ? 1 : 0;
+    if (level > 0) Tree.push_back({kAllForms, 0, {}});
+    for (int form = 0; form < static_cast<int>(forms.size()); ++form) {
+        Tree.push_back({forms[static_cast<std::size_t>(form)].Name, level, {form, -1}});
+        for (int table = 0; table < static_cast<int>(texts_.Tables().size()); ++table) {
+            const TTransTable& one = texts_.Tables()[static_cast<std::size_t>(table)];
+            if (one.Form() == form && (one.Count() > 0 || one.IsStrings()))
+                Tree.push_back({std::string(one.Property()), level + 1, {form, table}});
+        }
+    }
+}
+
+int TfrmTransEditor::NodeOf(const TTransScope& scope) const {
+    const auto found =
+        std::find_if(Tree.begin(), Tree.end(), [&](const auto& node) { return node.Scope == scope; });
+    return found == Tree.end() ? 0 : static_cast<int>(found - Tree.begin());
+}
+
+void TfrmTransEditor::SelectNode(int node) {
+    node_ = node;
+    Arrange();
+}
+
+TTransProgress TfrmTransEditor::NodeProgress(int node, int column) const {
+    const TTransScope& scope = Tree.at(static_cast<std::size_t>(node)).Scope;
+    return scope.Table < 0 ? texts_.Progress(column, scope.Form)
+                           : texts_.ProgressOfTable(column, scope.Table);
+}
+
+// --- opening
+
+int TfrmTransEditor::FormOf(const std::string& name) const {
+    const auto& forms = texts_.Forms();
+    const auto found =
+        std::find_if(forms.begin(), forms.end(), [&](const auto& form) { return form.Name == name; });
+    return found == forms.end() ? -1 : static_cast<int>(found - forms.begin());
+}
+
+int TfrmTransEditor::TableOf(int form, std::string_view property) const {
+    const auto& tables = texts_.Tables();
+    const auto found = std::find_if(tables.begin(), tables.end(), [&](const auto& table) {
+        return table.Form() == form && table.Property() == property;
+    });
+    return found == tables.end() ? -1 : static_cast<int>(found - tables.begin());
+}
+
+int TfrmTransEditor::ColumnOf(const std::string& language) const {
+    if (language.empty()) return 0;
+    const auto& languages = texts_.Languages();
+    const auto found = std::find_if(languages.begin(), languages.end(),
+                                    [&](const auto& known) { return SameText(known.Name, language); });
+    return found == languages.end() ? FirstTranslation() : static_cast<int>(found - languages.begin()) + 1;
+}
+
+int TfrmTransEditor::FirstTranslation() const {
+    return std::min(2, ColumnCount() - 1);
+}
+
+void TfrmTransEditor::Open(const TTransEditorPlace& place) {
+    grid_.SetCurrent(0, FirstTranslation());
+    if (place.IsLast) return Return();
+    const int table = TableOf(0, KindOf(place.Table).Property);
+    node_ = NodeOf({0, table});
+    Arrange();
+    const auto& places = texts_.Forms().front().Places;
+    const auto column = std::find(places.begin(), places.end(), place.Field);
+    const bool isLanguage = place.Field > 0 && column != places.end();
+    Show({table, place.Entry}, isLanguage ? static_cast<int>(column - places.begin()) : 0);
+}
+
+void TfrmTransEditor::Return() {
+    const int nodeForm = FormOf(memory_.NodeForm);
+    if (nodeForm >= 0) node_ = NodeOf({nodeForm, TableOf(nodeForm, memory_.NodeTable)});
+    filter_ = memory_.Filter;
+    if (!HasPatterns()) filter_.IsPattern = false;
+    Arrange();
+    const int form = FormOf(memory_.Form);
+    const int table = form < 0 ? -1 : TableOf(form, memory_.Table);
+    const int entry = table < 0 ? -1 : texts_.Tables()[static_cast<std::size_t>(table)].FindKey(memory_.Key);
+    Show({table, entry}, table < 0 ? FirstTranslation() : ColumnOf(memory_.Language));
+}
+
+/// A row that is not shown leaves the first one current.
+void TfrmTransEditor::Show(TTransRow row, int column) {
+    grid_.SetCurrent(std::max(grid_.PlaceOf(row), 0), column);
+}
+
+// --- filter
+
+void TfrmTransEditor::SetFilter(const TTransFilter& filter) {
+    const TTransFilter former = std::exchange(filter_, filter);
+    if (former != filter) Arrange();
+}
+
+void TfrmTransEditor::Arrange() {
+    const TTransSieve sieve(filter_, texts_, library_);
+    bool stopped = false;
+    const auto goesOn = [&](int done, int all) {
+        // A search for a plain text is done before anybody could read that it runs.
+        stopped = filter_.IsPattern && !runtime_.Dialogs->ShowProgress(kSearching, done, all);
+        return !stopped;
+    };
+    {
+        const TProgressEnd end(*runtime_.Dialogs);
+        grid_.Assign(FilteredRows(texts_, Tree[static_cast<std::size_t>(node_)].Scope, sieve, goesOn));
+    }
+    Notice.clear();
+    if (sieve.IsBroken()) Notice = "The pattern cannot be read";
+    if (stopped) Notice = "Stopped: there may be more";
+    Update();
+}
+
+// --- cells
+
+std::string TfrmTransEditor::ColumnCaption(int column) const {
+    return column == 0 ? "Key" : texts_.Languages()[static_cast<std::size_t>(column) - 1].Name;
+}
+
+std::optional<TTextState> TfrmTransEditor::State(int place, int column) const {
+    return texts_.State(grid_.RowAt(place), column);
+}
+
+std::string TfrmTransEditor::FormerBase(int place, int column) const {
+    const TTransRow row = grid_.RowAt(place);
+    const auto state = texts_.State(row, column);
+    if (state != TTextState::Stale && state != TTextState::Touched) return {};
+    return texts_.Find(row)->Values[static_cast<std::size_t>(texts_.PlaceOf(row, column)) - 1].Former;
+}
+
+bool TfrmTransEditor::IsEditable(int place, int column) const {
+    const TTransRow row = grid_.RowAt(place);
+    return column == 0 ? IsOfStrings(row) : texts_.PlaceOf(row, column) > 0;
+}
+
+void TfrmTransEditor::SetCurrent(int place, int column) {
+    grid_.SetCurrent(place, column);
+    Update();
+}
+
+void TfrmTransEditor::Select(const TTransRange& range) {
+    grid_.Select(range);
+    Update();
+}
+
+// --- edits
+
+void TfrmTransEditor::Update() {
+    Changed();
+}
+
+void TfrmTransEditor::Done(const std::string& notice) {
+    texts_.EndStep();
+    Notice = notice;
+    Update();
+}
+
+void TfrmTransEditor::SetText(int place, int column, const std::string& text) {
+    const TTransRow row = grid_.RowAt(place);
+    if (column == 0) return Rename(row, text);
+    WriteText(texts_, {row, column}, text);
+    Done();
+}
+
+void TfrmTransEditor::SetState(TTextState state) {
+    SetStates(texts_, Selected(), state);
+    Done();
+}
+
+void TfrmTransEditor::acNextUntranslated() {
+    const int count = grid_.Count();
+    const int column = std::max(grid_.Column(), FirstTranslation());
+    for (int i = 1; i <= count; ++i) {
+        const int place = (grid_.Place() + i) % count;
+        const auto state = State(place, column);
+        if (!state || *state == TTextState::Done) continue;
+        grid_.SetCurrent(place, column);
+        return Done();
+    }
+    Done("Nothing that is shown is left to be translated");
+}
+
+void TfrmTransEditor::acCopyBase() {
+    CopyBase(texts_, Selected(), false);
+    Done();
+}
+
+void TfrmTransEditor::acConfirm() {
+    const auto cells = Selected();
+    SetStates(texts_, cells, TTextState::Done);
+    texts_.EndStep();
+    const bool hasEmpty = std::any_of(cells.begin(), cells.end(), [this](const TTransCell& cell) {
+        return texts_.State(cell.Row, cell.Column) == TTextState::Missing;
+    });
+    if (hasEmpty) return Done("A translation without a text cannot be done");
+    acNextUntranslated();
+}
+
+void TfrmTransEditor::acFillFromBase() {
+    std::vector<TTransCell> cells = Selected();
+    if (grid_.Selection().IsOne()) {
+        cells.clear();
+        for (const TTransRow row : grid_.Shown())
+            cells.push_back({row, grid_.Column()});
+    }
+    Done(Format("Filled: %d", CopyBase(texts_, cells, true)));
+}
+
+void TfrmTransEditor::acTranslateEqual() {
+    Done(Format("Translated alike: %d", TranslateEqual(texts_, Selected())));
+}
+
+void TfrmTransEditor::acClear() {
+    ClearTexts(texts_, Selected());
+    Done();
+}
+
+void TfrmTransEditor::acCopy() {
+    if (WriteClipboard) WriteClipboard(WriteTabSeparated(TextsOf(texts_, grid_)));
+}
+
+void TfrmTransEditor::acPaste() {
+    if (!ReadClipboard) return;
+    const TTransPasted pasted = PasteTexts(texts_, grid_, ReadTabSeparated(ReadClipboard()));
+    Done(pasted.Left == 0 ? std::string() : Format("Texts without a cell that takes them: %d", pasted.Left));
+}
+
+void TfrmTransEditor::acUndo() {
+    Follow(texts_.Undo());
+}
+
+void TfrmTransEditor::acRedo() {
+    Follow(texts_.Redo());
+}
+
+void TfrmTransEditor::Follow(const std::vector<TTransRow>& rows) {
+    for (const TTransRow row : rows)
+        grid_.Show(row, texts_.Find(row) != nullptr);
+    if (!rows.empty()) grid_.SetCurrent(grid_.PlaceOf(rows.back()), grid_.Column());
+    Done();
+}
+
+// --- string IDs
+
+bool TfrmTransEditor::IsOfStrings(TTransRow row) const {
+    return texts_.TableOf(row).IsStrings();
+}
+
+bool TfrmTransEditor::HasTranslation() const {
+    const TTransRange& range = grid_.Selection();
+    for (int place = range.FirstRow; HasRow() && place <= range.LastRow; ++place)
+        for (int column = range.FirstColumn; column <= range.LastColumn; ++column)
+            if (texts_.PlaceOf(grid_.RowAt(place), column) > 1) return true;
+    return false;
+}
+
+bool TfrmTransEditor::HasID() const {
+    return HasRow() && IsOfStrings(grid_.Current().Row);
+}
+
+int TfrmTransEditor::StringsTable() const {
+    const TTransScope& scope = Tree[static_cast<std::size_t>(node_)].Scope;
+    const int form = HasRow() ? texts_.TableOf(grid_.Current().Row).Form() : scope.Form;
+    return TableOf(form, KindOf(TStringsType::stStrings).Property);
+}
+
+std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) const {
+    if (id.empty()) return "A string ID needs a name!";
+    const TTransTable& table = texts_.TableOf(row);
+    // A renamed ID is written at once, one that is deleted is not: the form still has it.
+    const int stored = row.Entry < 0 ? -1 : table.Stored().Find(id);
+    for (const int known : {table.FindKey(id), stored})
+        if (known >= 0 && known != row.Entry) return Format("The string ID \"%s\" is there already!", id);
+    return {};
+}
+
+void TfrmTransEditor::acAddID() {
+    const int table = StringsTable();
+    std::string id;
+    if (!runtime_.Dialogs->InputQuery("Add String ID", kIDPrompt, id)) return;
+    if (const std::string problem = ProblemOf(id, {table, -1}); !problem.empty()) {
+        runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
+        return;
+    }
+    const TTransForm& form = texts_.FormOf({table, 0});
+    const TTransRow row =
+        texts_.Add(table, {id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
+    grid_.Show(row, true);
+    const auto base = std::find(form.Places.begin(), form.Places.end(), 1);
+    Show(row, static_cast<int>(base - form.Places.begin()));
+    Done();
+}
+
+void TfrmTransEditor::acRenameID() {
+    const TTransRow row = grid_.Current().Row;
+    std::string id = texts_.Text(row, 0);
+    if (runtime_.Dialogs->InputQuery("Rename String ID", kIDPrompt, id)) Rename(row, id);
+}
+
+void TfrmTransEditor::Rename(TTransRow row, const std::string& id) {
+    const std::string former = texts_.Text(row, 0);
+    if (id == former) return;
+    if (const std::string problem = ProblemOf(id, row); !problem.empty()) {
+        runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
+        return Done();
+    }
+    try {
+        const auto scope = BeginCommand(Format("Rename %s", former));
+        texts_.Rename(row, id);
+        if (onChangeStrID_) onChangeStrID_(texts_.FormOf(row).Name, former, id);
+        if (scope != nullptr) scope->Commit();
+    } catch (...) {
+        texts_.RenameHere(row, former);
+        throw;
+    }
+    hasRenamed_ = true;
+    Done();
+}
+
+void TfrmTransEditor::acDeleteID() {
+    std::vector<TTransRow> rows;
+    for (int place = grid_.Selection().FirstRow; place <= grid_.Selection().LastRow; ++place)
+        if (IsOfStrings(grid_.RowAt(place))) rows.push_back(grid_.RowAt(place));
+    for (const TTransRow row : rows) {
+        texts_.Put(row, std::nullopt);
+        grid_.Show(row, false);
+    }
+    Done();
+}
+
+void TfrmTransEditor::acJumpToSource() {
+    const TTransRow row = grid_.Current().Row;
+    runtime_.NavigateToSource(texts_.FormOf(row).Name, texts_.Text(row, 0));
+}
+
+void TfrmTransEditor::acAbout() {
+    runtime_.ShowAboutBox();
+}
+
+// --- closing
+
+std::unique_ptr<ICommandScope> TfrmTransEditor::BeginCommand(const std::string& title) const {
+    return runtime_.BeginCommand ? runtime_.BeginCommand(title) : nullptr;
+}
+
+void TfrmTransEditor::btnOKClick() {
+    if (texts_.HasEdits()) {
+        const auto scope = BeginCommand(kBoxCaption);
+        texts_.Write();
+        if (scope != nullptr) scope->Commit();
+    }
+    Close(mrOk);
+}
+
+bool TfrmTransEditor::FormCloseQuery() {
+    if (ModalResult == mrOk) return true;
+    if (texts_.HasEdits()) {
+        const std::string question = hasRenamed_ ? Format("%s\r\n%s", kAskDrop, kRenamedStay) : kAskDrop;
+        return runtime_.Dialogs->MessageDlg(question, TMsgDlgType::mtConfirmation, {mrYes, mrNo}) == mrYes;
+    }
+    if (hasRenamed_) runtime_.Dialogs->MessageDlg(kRenamedStay, TMsgDlgType::mtInformation, {mrOk});
+    return true;
+}
+
+void TfrmTransEditor::FormClose() {
+    memory_.Filter = filter_;
+    const TTransScope& scope = Tree[static_cast<std::size_t>(node_)].Scope;
+    const auto& forms = texts_.Forms();
+    memory_.NodeForm = scope.Form < 0 ? std::string() : forms[static_cast<std::size_t>(scope.Form)].Name;
+    memory_.NodeTable.clear();
+    if (scope.Table >= 0)
+        memory_.NodeTable = texts_.Tables()[static_cast<std::size_t>(scope.Table)].Property();
+    if (!HasRow()) return;
+    const TTransCell current = grid_.Current();
+    memory_.Form = texts_.FormOf(current.Row).Name;
+    memory_.Table = texts_.TableOf(current.Row).Property();
+    memory_.Key = texts_.Text(current.Row, 0);
+    memory_.Language = current.Column == 0 ? std::string() : ColumnCaption(current.Column);
+}
+
+}  // namespace tml

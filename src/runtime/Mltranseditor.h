@@ -1,0 +1,181 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Mlruntime.h"
+#include "runtime/Transedits.h"
+#include "runtime/Transfilter.h"
+#include "runtime/Transgrid.h"
+#include "runtime/Transtexts.h"
+#include "windows/Actions.h"
+
+namespace tml {
+
+/// What the translation editor remembers from one opening to the next.
+struct TTransEditorMemory {
+    std::string Form;   ///< of the current text
+    std::string Table;  ///< its property
+    std::string Key;
+    std::string Language;  ///< of the current column, "" for that of the keys
+    TTransFilter Filter;
+    std::string NodeForm;   ///< of the node, "" for all forms
+    std::string NodeTable;  ///< "" for all tables
+};
+
+/// A node of the tree: all forms, a form, a table.
+struct TTransNode {
+    std::string Caption;
+    int Level = 0;  ///< 0 for the outermost
+    TTransScope Scope;
+};
+
+/// The translation editor: a tree of forms and tables beside a grid with a row an entry and a column a
+/// language. What a person edits is written when it closes with mrOk, but for IDs that are renamed, which are
+/// written at once.
+class TfrmTransEditor : public TForm {
+  public:
+    /// Runtime, components and memory must outlive the window. The place is in the first component.
+    TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCustomLang*>& langs,
+                    const TTransEditorPlace& place, TChangeStrID onChangeStrID, TTransEditorMemory& memory);
+    TfrmTransEditor(const TfrmTransEditor&) = delete;
+    TfrmTransEditor& operator=(const TfrmTransEditor&) = delete;
+
+    std::vector<TTransNode> Tree;
+    TActions Actions;
+    std::string Notice;  ///< what came of the last command, or what is wrong with the filter; "" for nothing
+    /// The clipboard, as its texts; the view has it.
+    std::function<std::string()> ReadClipboard;
+    std::function<void(const std::string&)> WriteClipboard;
+
+    /// Forms, languages, entries and states. A column is a language's index there + 1.
+    const TTransTexts& Texts() const { return texts_; }
+    /// The components whose forms the editor has changed.
+    std::vector<TmlCustomLang*> ChangedLangs() const { return texts_.Changed(); }
+
+    // Tree
+
+    int Node() const { return node_; }
+    void SelectNode(int node);
+    /// How far a column's language is below a node; of settings and keys nothing.
+    TTransProgress NodeProgress(int node, int column) const;
+
+    // Filter
+
+    const TTransFilter& Filter() const { return filter_; }
+    void SetFilter(const TTransFilter& filter);
+    /// False where there are no regular expressions.
+    bool HasPatterns() const { return library_ != nullptr; }
+
+    // Cells. A place is that of a row among those shown, 0-based.
+
+    /// The rows that are shown, the current cell and the selected ones. Where these are to change, SetCurrent
+    /// and Select of the window tell the view.
+    const TTransGrid& Grid() const { return grid_; }
+    int ColumnCount() const { return static_cast<int>(texts_.Languages().size()) + 1; }
+    /// "Key", then the languages.
+    std::string ColumnCaption(int column) const;
+    /// What a cell holds, and its state: none for keys, base texts and settings.
+    const std::string& Text(int place, int column) const { return texts_.Text(grid_.RowAt(place), column); }
+    std::optional<TTextState> State(int place, int column) const;
+    /// The base text that had been translated, where a translation is in doubt; else "".
+    std::string FormerBase(int place, int column) const;
+    bool IsEditable(int place, int column) const;
+    /// See TTransGrid.
+    void SetCurrent(int place, int column);
+    void Select(const TTransRange& range);
+
+    // Edits. Each is a step of undo, with all cells that it changes.
+
+    /// Takes a typed text; in column 0 a new ID for an entry of "Strings".
+    void SetText(int place, int column, const std::string& text);
+    /// Says of the selected translations in which state they are; see WithState.
+    void SetState(TTextState state);
+
+    void acNextUntranslated();
+    /// Writes the base text into the selected translations.
+    void acCopyBase();
+    /// The selected translations are done; goes on to the next untranslated one.
+    void acConfirm();
+    /// Writes the base text into the empty ones among the selected translations, or, where one cell is
+    /// selected, of all that are shown in its language.
+    void acFillFromBase();
+    /// What is missing in the language gets the text that a selected translation with the same base text has,
+    /// in all forms and whether it is shown or not.
+    void acTranslateEqual();
+    void acClear();
+    void acMarkMissing() { SetState(TTextState::Missing); }
+    void acMarkStale() { SetState(TTextState::Stale); }
+    void acMarkTouched() { SetState(TTextState::Touched); }
+    void acMarkDone() { SetState(TTextState::Done); }
+    void acCopy();
+    /// From the first selected cell on; a single text goes into every selected cell.
+    void acPaste();
+    void acUndo();
+    void acRedo();
+    void acAddID();
+    void acRenameID();
+    void acDeleteID();
+    void acJumpToSource();
+    void acAbout();
+
+    // When the commands do something.
+
+    bool HasRow() const { return grid_.HasRow(); }
+    bool HasTranslation() const;
+    bool HasID() const;
+    bool CanAddID() const { return StringsTable() >= 0; }
+    bool CanJump() const { return HasID() && runtime_.NavigateToSource; }
+    bool CanUndo() const { return texts_.CanUndo(); }
+    bool CanRedo() const { return texts_.CanRedo(); }
+    bool HasAbout() const { return static_cast<bool>(runtime_.ShowAboutBox); }
+
+    /// Writes and closes.
+    void btnOKClick();
+    void btnCancelClick() { Close(mrCancel); }
+    bool FormCloseQuery() override;
+    void FormClose() override;
+
+  private:
+    void BuildTree();
+    /// Where the place leads, else where the person was last.
+    void Open(const TTransEditorPlace& place);
+    void Return();
+    int NodeOf(const TTransScope& scope) const;
+    int FormOf(const std::string& name) const;
+    /// -1 for a table that the form has not.
+    int TableOf(int form, std::string_view property) const;
+    int ColumnOf(const std::string& language) const;
+    int FirstTranslation() const;
+    void Show(TTransRow row, int column);
+    /// Assigns the rows that pass the filter.
+    void Arrange();
+
+    /// Ends the step and tells the view.
+    void Done(const std::string& notice = {});
+    void Update();
+    /// Rows that may have come or gone.
+    void Follow(const std::vector<TTransRow>& rows);
+    std::vector<TTransCell> Selected() const { return SelectedCells(grid_); }
+    bool IsOfStrings(TTransRow row) const;
+    /// The table "Strings" that takes new IDs: the current row's form's, else the node's; -1 for none.
+    int StringsTable() const;
+    /// What is wrong with an ID for an entry, "" for nothing.
+    std::string ProblemOf(const std::string& id, TTransRow row) const;
+    void Rename(TTransRow row, const std::string& id);
+    std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) const;
+
+    IMlRuntime& runtime_;
+    TChangeStrID onChangeStrID_;
+    TTransEditorMemory& memory_;
+    ICommonLibrary* library_;
+    TTransTexts texts_;
+    TTransFilter filter_;
+    int node_ = 0;
+    TTransGrid grid_;
+    bool hasRenamed_ = false;
+};
+
+}  // namespace tml

@@ -1,0 +1,84 @@
+#include "runtime/Transfilter.h"
+
+#include <algorithm>
+
+#include "base/Utf8.h"
+
+namespace tml {
+namespace {
+
+constexpr int kRowsBetweenQuestions = 2000;
+
+bool IsIn(const TTransTable& table, const TTransScope& scope, int index) {
+    return (scope.Form < 0 || table.Form() == scope.Form) && (scope.Table < 0 || scope.Table == index);
+}
+
+}  // namespace
+
+TTransSieve::TTransSieve(const TTransFilter& filter, const TTransTexts& texts, ICommonLibrary* library)
+    : filter_(filter),
+      texts_(texts),
+      library_(library),
+      sought_(filter.IsPattern ? "(?s:.*?)(?i:" + filter.Text + ")(?s:.*)" : FoldCase(filter.Text)) {
+    const auto& languages = texts.Languages();
+    for (std::size_t i = 0; i < languages.size(); ++i)
+        if (filter.Language.empty() || SameText(languages[i].Name, filter.Language))
+            columns_.push_back(static_cast<int>(i) + 1);
+    // A pattern that took too long is given up for a scan; this is a new one.
+    if (filter.IsPattern && library != nullptr) library->InitInternalPasSource("");
+}
+
+bool TTransSieve::IsBroken() const {
+    return filter_.IsPattern && !filter_.Text.empty() &&
+           (library_ == nullptr || !library_->mlREStringMatches("", "|" + sought_));
+}
+
+bool TTransSieve::Passes(TTransRow row) const {
+    if (!IsShown(row)) return false;
+    if (filter_.Text.empty()) return true;
+    const TTableEntry& entry = *texts_.Find(row);
+    return Holds(entry.Key) || std::any_of(entry.Values.begin(), entry.Values.end(),
+                                           [this](const TTableValue& value) { return Holds(value.Text); });
+}
+
+bool TTransSieve::IsShown(TTransRow row) const {
+    return filter_.Show == TTransShow::All ||
+           std::any_of(columns_.begin(), columns_.end(), [&](int column) { return IsShown(row, column); });
+}
+
+bool TTransSieve::IsShown(TTransRow row, int column) const {
+    const auto state = texts_.State(row, column);
+    if (!state) return false;
+    if (filter_.Show == TTransShow::Missing) return *state == TTextState::Missing;
+    if (filter_.Show == TTransShow::Stale)
+        return *state == TTextState::Stale || *state == TTextState::Touched;
+    const std::string& text = texts_.Text(row, column);
+    return !text.empty() && text == texts_.Find(row)->Base();
+}
+
+bool TTransSieve::Holds(const std::string& text) const {
+    if (!filter_.IsPattern) return FoldCase(text).find(sought_) != std::string::npos;
+    return library_ != nullptr && library_->mlREStringMatches(text, sought_);
+}
+
+std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope& scope,
+                                    const TTransSieve& sieve,
+                                    const std::function<bool(int done, int all)>& goesOn) {
+    const auto& tables = texts.Tables();
+    int all = 0;
+    for (int i = 0; i < static_cast<int>(tables.size()); ++i)
+        if (IsIn(tables[static_cast<std::size_t>(i)], scope, i))
+            all += tables[static_cast<std::size_t>(i)].Count();
+    std::vector<TTransRow> rows;
+    int done = 0;
+    for (int i = 0; i < static_cast<int>(tables.size()); ++i) {
+        const TTransTable& table = tables[static_cast<std::size_t>(i)];
+        for (int entry = 0; IsIn(table, scope, i) && entry < table.Count(); ++entry) {
+            if (++done % kRowsBetweenQuestions == 0 && !goesOn(done, all)) return rows;
+            if (table.Find(entry) != nullptr && sieve.Passes({i, entry})) rows.push_back({i, entry});
+        }
+    }
+    return rows;
+}
+
+}  // namespace tml

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Mlcommon.h"
+#include "runtime/Transtexts.h"
+
+namespace tml {
+
+enum class TTransShow { All, Missing, Stale, SameAsBase };
+
+/// Which entries a person wants to see.
+struct TTransFilter {
+    TTransShow Show = TTransShow::All;  ///< Stale takes touched texts in
+    std::string Language = {};          ///< whose texts Show looks at, "" for any
+    std::string Text = {};              ///< what a key or a text holds, without regard to case; "" for all
+    bool IsPattern = false;             ///< Text is a regular expression
+
+    bool operator==(const TTransFilter&) const = default;
+};
+
+/// What of the forms is looked at: all of them, a form, or one table (0-based, -1 for all).
+struct TTransScope {
+    int Form = -1;
+    int Table = -1;
+
+    bool operator==(const TTransScope&) const = default;
+};
+
+/// A filter ready to be asked. It must not outlive what it is given.
+class TTransSieve {
+  public:
+    /// library may be nullptr where the text is no pattern.
+    TTransSieve(const TTransFilter& filter, const TTransTexts& texts, ICommonLibrary* library);
+
+    bool Passes(TTransRow row) const;
+    /// A pattern that cannot be read lets nothing pass.
+    bool IsBroken() const;
+
+  private:
+    bool IsShown(TTransRow row) const;
+    bool IsShown(TTransRow row, int column) const;
+    bool Holds(const std::string& text) const;
+
+    const TTransFilter& filter_;
+    const TTransTexts& texts_;
+    ICommonLibrary* library_;
+    std::string sought_;        ///< folded, or the pattern for a whole text
+    std::vector<int> columns_;  ///< that Show looks at
+};
+
+/// The entries of the scope that pass, in the order of tables and entries. goesOn is asked now and then with
+/// what has been looked at and how much there is; where it says false the rest is left out.
+std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope& scope,
+                                    const TTransSieve& sieve,
+                                    const std::function<bool(int done, int all)>& goesOn);
+
+}  // namespace tml

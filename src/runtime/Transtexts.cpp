@@ -1,0 +1,210 @@
+#include "runtime/Transtexts.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Languagetags.h"
+#include "base/Utf8.h"
+#include "runtime/Buildlist.h"
+#include "runtime/Extended.h"
+
+namespace tml {
+namespace {
+
+/// The form's own word on what a language is counts before its name.
+std::string TagOf(const TTable& locales, const TStringList& names, int place) {
+    for (const TTableEntry& entry : locales.Entries())
+        if (static_cast<std::size_t>(place) <= entry.Values.size() &&
+            !entry.Values[static_cast<std::size_t>(place) - 1].Text.empty())
+            return entry.Values[static_cast<std::size_t>(place) - 1].Text;
+    return LanguageTagOf(names[place - 1]);
+}
+
+TTable ExtendedTable(const std::vector<TFileExtended>& items) {
+    TTable table(TStringsType::stOtherStrings);
+    for (const TFileExtended& item : items) {
+        TTableEntry entry{item.Component + "." + item.Property, {}};
+        for (const std::string& text : item.Values)
+            entry.Values.push_back({text});
+        table.Append(std::move(entry));
+    }
+    return table;
+}
+
+void Take(std::vector<TFileExtended>& items, const TTable& table) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        items[i].Values.clear();
+        for (const TTableValue& value : table.Entries()[i].Values)
+            items[i].Values.push_back(value.Text);
+    }
+}
+
+}  // namespace
+
+TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs) {
+    for (TmlCustomLang* const lang : langs)
+        ReadForm(*lang);
+    for (TTransForm& form : forms_)
+        form.Places.resize(languages_.size() + 1);
+}
+
+void TTransTexts::ReadForm(TmlCustomLang& lang) {
+    TLangTexts texts = ReadTexts(lang);
+    const TTable& locales = texts.Tables[static_cast<std::size_t>(TStringsType::stLocales)];
+    TTransForm form{&lang, lang.GetComponent()->GetOwner()->GetName(), texts.Languages, {}};
+    for (int place = 1; place <= form.Languages.Count(); ++place) {
+        const auto column = ColumnOf(form.Languages[place - 1], form.Places);
+        if (column > languages_.size())
+            languages_.push_back(
+                {form.Languages[place - 1], IsRightToLeft(TagOf(locales, form.Languages, place))});
+        form.Places.resize(std::max(form.Places.size(), column + 1));
+        form.Places[column] = place;
+    }
+    const int number = static_cast<int>(forms_.size());
+    for (TTable& table : texts.Tables)
+        tables_.emplace_back(number, std::move(table), form.Languages.Count());
+    if (!texts.Extended.empty())
+        tables_.emplace_back(number, ExtendedTable(texts.Extended), form.Languages.Count(), true);
+    forms_.push_back(std::move(form));
+}
+
+/// A form whose languages have one name has a column for each.
+std::size_t TTransTexts::ColumnOf(const std::string& language, const std::vector<int>& taken) const {
+    std::size_t column = 1;
+    while (column <= languages_.size() && (!SameText(languages_[column - 1].Name, language) ||
+                                           (column < taken.size() && taken[column] != 0)))
+        ++column;
+    return column;
+}
+
+const TTransForm& TTransTexts::FormOf(TTransRow row) const {
+    return forms_[static_cast<std::size_t>(TableOf(row).Form())];
+}
+
+const TTableEntry* TTransTexts::Find(TTransRow row) const {
+    const bool isKnown = row.Table >= 0 && row.Table < static_cast<int>(tables_.size());
+    return isKnown ? TableOf(row).Find(row.Entry) : nullptr;
+}
+
+int TTransTexts::PlaceOf(TTransRow row, int column) const {
+    return column < 1 ? 0 : FormOf(row).Places[static_cast<std::size_t>(column)];
+}
+
+const std::string& TTransTexts::Text(TTransRow row, int column) const {
+    static const std::string kNone;
+    const TTableEntry* const entry = Find(row);
+    if (entry == nullptr) return kNone;
+    if (column == 0) return entry->Key;
+    const auto place = static_cast<std::size_t>(PlaceOf(row, column));
+    return place == 0 || place > entry->Values.size() ? kNone : entry->Values[place - 1].Text;
+}
+
+std::optional<TTextState> TTransTexts::State(TTransRow row, int column) const {
+    const TTableEntry* const entry = Find(row);
+    if (entry == nullptr || !TableOf(row).HasStates()) return std::nullopt;
+    const int place = PlaceOf(row, column);
+    return place < 2 ? std::nullopt : std::optional(StateOf(*entry, place));
+}
+
+TTransProgress TTransTexts::ProgressOfTable(int column, int table) const {
+    const int place = PlaceOf({table, 0}, column);
+    return place == 0 ? TTransProgress() : tables_[static_cast<std::size_t>(table)].Progress(place);
+}
+
+TTransProgress TTransTexts::Progress(int column, int form) const {
+    TTransProgress progress;
+    for (std::size_t i = 0; i < tables_.size(); ++i)
+        if (form < 0 || tables_[i].Form() == form) progress += ProgressOfTable(column, static_cast<int>(i));
+    return progress;
+}
+
+// --- edits
+
+void TTransTexts::Put(TTransRow row, std::optional<TTableEntry> entry) {
+    step_.push_back({row, At(row).Put(row.Entry, std::move(entry))});
+}
+
+TTransRow TTransTexts::Add(int table, TTableEntry entry) {
+    const TTransRow row{table, tables_[static_cast<std::size_t>(table)].Count()};
+    Put(row, std::move(entry));
+    return row;
+}
+
+void TTransTexts::EndStep() {
+    if (step_.empty()) return;
+    done_.push_back(std::exchange(step_, {}));
+    undone_.clear();
+}
+
+std::vector<TTransRow> TTransTexts::Swap(TSteps& from, TSteps& to) {
+    if (from.empty()) return {};
+    TStep step = std::move(from.back());
+    from.pop_back();
+    std::vector<TTransRow> rows;
+    // Backwards, for a row may stand in a step twice.
+    std::reverse(step.begin(), step.end());
+    for (TEdit& edit : step) {
+        edit.Entry = At(edit.Row).Put(edit.Row.Entry, std::move(edit.Entry));
+        rows.push_back(edit.Row);
+    }
+    to.push_back(std::move(step));
+    return rows;
+}
+
+void TTransTexts::RenameHere(TTransRow row, const std::string& id) {
+    At(row).Rename(row.Entry, id);
+    for (TStep& step : done_)
+        for (TEdit& edit : step)
+            if (edit.Row == row && edit.Entry) edit.Entry->Key = id;
+}
+
+void TTransTexts::Rename(TTransRow row, const std::string& id) {
+    RenameHere(row, id);
+    undone_.clear();
+    if (!At(row).IsStored(row.Entry)) return;
+    TTransForm& form = forms_[static_cast<std::size_t>(At(row).Form())];
+    form.Lang->SetTable(At(row).Stored());
+    form.IsChanged = true;
+}
+
+// --- writing
+
+bool TTransTexts::HasEdits() const {
+    return std::any_of(tables_.begin(), tables_.end(), [](const auto& table) { return table.HasEdits(); });
+}
+
+void TTransTexts::Write() {
+    const auto isOf = [](const TTransTable& table, std::size_t form) {
+        return table.HasEdits() && table.Form() == static_cast<int>(form);
+    };
+    std::vector<bool> changed(forms_.size());
+    for (std::size_t form = 0; form < forms_.size(); ++form) {
+        changed[form] = std::any_of(tables_.begin(), tables_.end(),
+                                    [&](const TTransTable& table) { return isOf(table, form); });
+        if (!changed[form]) continue;
+        TmlCustomLang& lang = *forms_[form].Lang;
+        TLangTexts before{{}, {}, ReadExtended(*lang.GetComponent())};
+        TLangTexts after = before;
+        for (const TTransTable& table : tables_) {
+            if (!isOf(table, form)) continue;
+            if (table.IsExtended()) {
+                Take(after.Extended, table.Edited());
+                continue;
+            }
+            before.Tables.push_back(table.Stored());
+            after.Tables.push_back(table.Edited());
+        }
+        EditTexts(lang, before, after);
+    }
+    for (std::size_t form = 0; form < forms_.size(); ++form)
+        forms_[form].IsChanged = forms_[form].IsChanged || changed[form];
+}
+
+std::vector<TmlCustomLang*> TTransTexts::Changed() const {
+    std::vector<TmlCustomLang*> changed;
+    for (const TTransForm& form : forms_)
+        if (form.IsChanged) changed.push_back(form.Lang);
+    return changed;
+}
+
+}  // namespace tml

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Mlruntime.h"
+#include "runtime/Transtable.h"
+
+namespace tml {
+
+/// An entry of the forms that are being translated: its table (0-based, of all forms) and its index there.
+struct TTransRow {
+    int Table = -1;
+    int Entry = -1;
+
+    auto operator<=>(const TTransRow&) const = default;
+};
+
+/// A form that is being translated.
+struct TTransForm {
+    TmlCustomLang* Lang = nullptr;
+    std::string Name;
+    TStringList Languages;    ///< base first
+    std::vector<int> Places;  ///< by column: of its language (1-based), 0 where the form has not got it
+    bool IsChanged = false;   ///< in the form itself
+};
+
+/// A language of the forms; those of the same name are one.
+struct TTransLanguage {
+    std::string Name;
+    bool IsRightToLeft = false;
+};
+
+/// The tables of one or more forms side by side, their languages in columns (1-based, column 0 is the key),
+/// with what a person edits, step by step. Nothing is written before Write, but for IDs that are renamed.
+class TTransTexts {
+  public:
+    /// The components must outlive it.
+    explicit TTransTexts(const std::vector<TmlCustomLang*>& langs);
+
+    const std::vector<TTransForm>& Forms() const { return forms_; }
+    const std::vector<TTransLanguage>& Languages() const { return languages_; }
+    /// Of every form all kinds, with its extended translations behind them, one form's behind the other's.
+    const std::vector<TTransTable>& Tables() const { return tables_; }
+
+    const TTransForm& FormOf(TTransRow row) const;
+    const TTransTable& TableOf(TTransRow row) const { return tables_[static_cast<std::size_t>(row.Table)]; }
+    /// nullptr for one that has gone.
+    const TTableEntry* Find(TTransRow row) const;
+    /// The place (1-based) that a column's language has in the row's form, 0 where it has none.
+    int PlaceOf(TTransRow row, int column) const;
+    /// What stands in a column, "" where there is nothing.
+    const std::string& Text(TTransRow row, int column) const;
+    /// None for keys, base texts and settings.
+    std::optional<TTextState> State(TTransRow row, int column) const;
+    /// Of all tables of a form (-1: of all forms).
+    TTransProgress Progress(int column, int form) const;
+    TTransProgress ProgressOfTable(int column, int table) const;
+
+    /// Gives an entry another content, none for one that goes, as a part of the step that EndStep ends.
+    void Put(TTransRow row, std::optional<TTableEntry> entry);
+    TTransRow Add(int table, TTableEntry entry);
+    /// What was put since the last call is one step of undo.
+    void EndStep();
+    bool CanUndo() const { return !done_.empty(); }
+    bool CanRedo() const { return !undone_.empty(); }
+    /// Take a step back, or take it again, and give its rows.
+    std::vector<TTransRow> Undo() { return Swap(done_, undone_); }
+    std::vector<TTransRow> Redo() { return Swap(undone_, done_); }
+
+    /// Gives an ID another name, here and in the form, where that has it. No step of undo; what was taken
+    /// back cannot be taken again afterwards.
+    void Rename(TTransRow row, const std::string& id);
+    /// The same here only.
+    void RenameHere(TTransRow row, const std::string& id);
+
+    /// True where Write has something to write.
+    bool HasEdits() const;
+    void Write();
+    /// The components whose forms are others now.
+    std::vector<TmlCustomLang*> Changed() const;
+
+  private:
+    struct TEdit {
+        TTransRow Row;
+        std::optional<TTableEntry> Entry;  ///< on its other side
+    };
+    using TStep = std::vector<TEdit>;
+    using TSteps = std::vector<TStep>;
+
+    void ReadForm(TmlCustomLang& lang);
+    /// Behind the last one for a new language.
+    std::size_t ColumnOf(const std::string& language, const std::vector<int>& taken) const;
+    TTransTable& At(TTransRow row) { return tables_[static_cast<std::size_t>(row.Table)]; }
+    std::vector<TTransRow> Swap(TSteps& from, TSteps& to);
+
+    std::vector<TTransForm> forms_;
+    std::vector<TTransLanguage> languages_;
+    std::vector<TTransTable> tables_;
+    TStep step_;
+    TSteps done_, undone_;
+};
+
+}  // namespace tml
