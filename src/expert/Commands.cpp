@@ -10,6 +10,7 @@
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
 #include "translations/Formlanguages.h"
+#include "translations/Formtranslate.h"
 #include "translations/Formupdate.h"
 
 namespace tml {
@@ -55,6 +56,11 @@ void ViewForm(TContext& context) {
     if (const auto form = GetFormEditorFromModule(GetModuleFromFileName(context, file))) form->Show();
 }
 
+/// An ID that is renamed in the editor is not followed by the units yet.
+void Translate(TContext& context, TSubjects& /*subjects*/) {
+    Translate1Click(context, {});
+}
+
 /// Only while a project with entries is open.
 bool HasProjectSettings(TContext& context) {
     return context.Host.Runtime->mlLangProjectSettings != nullptr && !context.Project.ProjectFiles.Empty();
@@ -69,7 +75,7 @@ constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
 
 // A command without a handler is not there yet: it is shown, never enabled, and gets its handler here.
 constexpr std::array kCommands{
-    TCommand{"Translate", "&Translate", "Ctrl+T", 1, kFilePopupBar, None, nullptr, "Translate"},
+    TCommand{"Translate", "&Translate", "Ctrl+T", 1, kFilePopupBar, None, Translate, "Translate"},
     TCommand{"Wizard", "&Wizard", "Ctrl+W", 1, plFile | plToolBar, None, nullptr, "Translation Wizard"},
     TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages",
              false, nullptr, "Set up number of languages in selected form",

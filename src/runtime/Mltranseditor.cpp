@@ -42,13 +42,14 @@ TfrmTransEditor::TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCusto
     Caption = CaptionOf(texts_);
     ActiveControl = "grTexts";
     Actions = CommandsOf(*this);
-    BuildTree();
+    BuildTree(place);
     Open(place);
 }
 
 // --- tree
 
-void TfrmTransEditor::BuildTree() {
+/// Empty tables are left out, unless one is asked for or takes new IDs.
+void TfrmTransEditor::BuildTree(const TTransEditorPlace& place) {
     const auto& forms = texts_.Forms();
     const int level = forms.size() > 1 ? 1 : 0;
     if (level > 0) Tree.push_back({kAllForms, 0, {}});
@@ -56,7 +57,8 @@ void TfrmTransEditor::BuildTree() {
         Tree.push_back({forms[static_cast<std::size_t>(form)].Name, level, {form, -1}});
         for (int table = 0; table < static_cast<int>(texts_.Tables().size()); ++table) {
             const TTransTable& one = texts_.Tables()[static_cast<std::size_t>(table)];
-            if (one.Form() == form && (one.Count() > 0 || one.IsStrings()))
+            const bool isAsked = !place.IsLast && form == 0 && one.Property() == KindOf(place.Table).Property;
+            if (one.Form() == form && (one.Count() > 0 || one.IsStrings() || isAsked))
                 Tree.push_back({std::string(one.Property()), level + 1, {form, table}});
         }
     }

@@ -139,7 +139,7 @@ class TfrmTransEditor : public TForm {
     void FormClose() override;
 
   private:
-    void BuildTree();
+    void BuildTree(const TTransEditorPlace& place);
     /// Where the place leads, else where the person was last.
     void Open(const TTransEditorPlace& place);
     void Return();

@@ -474,6 +474,25 @@ TEST_F(TTransEditorTest, AnAddedIDIsWrittenBehindTheOthers) {
     EXPECT_EQ(strings.Lines("|").Items(), std::vector<std::string>{"IDS_2|Three||"});
 }
 
+TEST_F(TTransEditorTest, ExtendedTranslationsAreTextsWithoutStates) {
+    const std::string extended =
+        "    ExtendedTranslations = <\n      item\n        Component = 'btnOK'\n        Property = "
+        "'HelpKeyword'\n"
+        "        Values.Strings = (\n          'ok'\n          'gut'\n        )\n      end>\n";
+    const std::string form = With(kAbout, "    LangNames", extended + "    LangNames");
+    Put("About", form);
+    const auto fill = [](TfrmTransEditor& editor) {
+        EXPECT_EQ(editor.Tree.back().Caption, "ExtendedTranslations");
+        const int place = PlaceOf(editor, "btnOK.HelpKeyword");
+        EXPECT_EQ(editor.Text(place, 2), "gut");
+        EXPECT_EQ(editor.State(place, 2), std::nullopt);
+        editor.SetText(place, 2, "fein");
+        editor.btnOKClick();
+    };
+    EXPECT_EQ(Edit(fill), "AboutForm;");
+    EXPECT_EQ(Form("About"), With(form, "'gut'", "'fein'"));
+}
+
 TEST_F(TTransEditorTest, ShowsAnIDInTheSourceAndTheAboutBox) {
     Edit([&](TfrmTransEditor& editor) {
         editor.SetCurrent(PlaceOf(editor, "IDS_1"), 2);

@@ -1,0 +1,68 @@
+#include "translations/Formtranslate.h"
+
+#include <algorithm>
+
+#include "base/Format.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "translations/Formseries.h"
+
+namespace tml {
+namespace {
+
+/// A form in the editor. Its unit is as open as it was when this goes.
+struct TTranslatedForm {
+    std::string Name;
+    std::unique_ptr<TModuleLease> Lease;
+    std::shared_ptr<TmlCustomLang> Lang;  ///< nullptr where the form can have none
+    bool IsChanged = false;
+};
+
+/// Without its texts there would be nothing to translate.
+void InsertWithTexts(TContext& context, TFormRow& row) {
+    const auto scope = BeginCommand(context, "Translate");
+    InsertTmlLang(context, row);
+    if (const auto lang = GetmlLang(context, row)) {
+        lang->BuildList();
+        MarkModifiedForm(context, row.FormName);
+    }
+    scope->Commit();
+}
+
+TTranslatedForm OpenForm(TContext& context, TFormRow& row) {
+    TTranslatedForm form{row.FormName, std::make_unique<TModuleLease>(context, row.FileName), nullptr,
+                         !row.HasComponent()};
+    if (!TestForCorrectForm(context, row)) {
+        // A file that was opened for this is left open, on purpose.
+        form.Lease->Keep();
+        return form;
+    }
+    if (!row.HasComponent()) InsertWithTexts(context, row);
+    form.Lang = GetmlLang(context, row);
+    if (form.Lang == nullptr)
+        context.Dialogs().MessageDlg(Format("Form %s is not translated!", form.Name), TMsgDlgType::mtError,
+                                     {mrOk});
+    return form;
+}
+
+}  // namespace
+
+void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
+    std::vector<TTranslatedForm> forms;
+    std::vector<TmlCustomLang*> langs;
+    for (TFormRow* const row : SelectedRows(context)) {
+        TTranslatedForm form = OpenForm(context, *row);
+        if (form.Lang == nullptr) continue;
+        langs.push_back(form.Lang.get());
+        forms.push_back(std::move(form));
+    }
+    if (langs.empty()) return;
+    const auto changed = context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
+    for (TTranslatedForm& form : forms) {
+        const bool isEdited = std::find(changed.begin(), changed.end(), form.Lang.get()) != changed.end();
+        if (isEdited) MarkModifiedForm(context, form.Name);
+        if (isEdited || form.IsChanged) form.Lease->Save();
+    }
+}
+
+}  // namespace tml

@@ -1,0 +1,71 @@
+// "&Translate": the translation editor on the selected forms.
+#include <gtest/gtest.h>
+
+#include "runtime/Mltranseditor.h"
+#include "support/Expertfixture.h"
+
+namespace tml {
+namespace {
+
+struct TFormTranslateTest : testing::Test, TExpertFixture {
+    void OnEditor(const std::function<void(TfrmTransEditor&)>& use) {
+        User.OnWindow<TfrmTransEditor>("frmTransEditor", use);
+    }
+    std::string Form(int number) { return Files.Files["/p/Unit" + std::to_string(number) + ".dfm"]; }
+    bool IsOpen(int number) {
+        return Ide.GetModuleServices()->FindModule("/p/Unit" + std::to_string(number) + ".pas") != nullptr;
+    }
+};
+
+TEST_F(TFormTranslateTest, EnterAndDoubleClickTranslateAndAClosedFormIsSaved) {
+    Open();
+    Select("Form2");
+    const std::string before = Form(2);
+    OnEditor([](TfrmTransEditor& editor) {
+        EXPECT_EQ(editor.Caption, "Translation Editor - Form2");
+        editor.btnCancelClick();
+    });
+    Expert->Window()->lvFormNamesDblClick();
+    EXPECT_EQ(Form(2), before);
+    EXPECT_FALSE(IsOpen(2));
+    OnEditor([](TfrmTransEditor& editor) {
+        editor.SetText(0, 2, "Vertraut");
+        editor.btnOKClick();
+    });
+    Expert->Window()->lvFormNamesKeyDown(0x0D);
+    EXPECT_NE(Form(2).find("Vertraut"), std::string::npos);
+    EXPECT_FALSE(IsOpen(2));
+}
+
+TEST_F(TFormTranslateTest, AnOpenFormIsMarkedAsModified) {
+    Open();
+    const auto module = Parts.Modules().OpenModule("/p/Unit2.pas", true);
+    Select("Form2");
+    const std::string before = Form(2);
+    OnEditor([](TfrmTransEditor& editor) {
+        editor.SetText(0, 2, "Vertraut");
+        editor.btnOKClick();
+    });
+    Expert->Window()->Run("Translate");
+    EXPECT_TRUE(module->GetModified());
+    EXPECT_EQ(Form(2), before);
+}
+
+TEST_F(TFormTranslateTest, AFormWithoutAComponentGetsOneWithItsTexts) {
+    Open();
+    Expert->Window()->SelectAll1Click();
+    OnEditor([](TfrmTransEditor& editor) {
+        ASSERT_EQ(editor.Texts().Forms().size(), 2U);
+        EXPECT_EQ(editor.Text(0, 0), "IDS_0");
+        EXPECT_EQ(editor.Text(1, 0), "Button1.Caption");
+        EXPECT_EQ(editor.Texts().Find(editor.Grid().RowAt(1))->Base(), "Go");
+        editor.btnCancelClick();
+    });
+    Expert->Window()->Run("Translate");
+    EXPECT_NE(Form(1).find("'Button1.Caption'#1'Go'"), std::string::npos) << Form(1);
+    EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
+    EXPECT_EQ(Form(2).find("Captions"), std::string::npos) << "what has a component stays as it is";
+}
+
+}  // namespace
+}  // namespace tml
