@@ -3,7 +3,7 @@
 #include "base/Format.h"
 #include "forms/Formtree.h"
 
-namespace tml::testing {
+namespace tml {
 
 TLaidOut::TLaidOut(const std::string& formText, const TLayoutOptions& options)
     : Form(LayoutNodeOf(TFormTree::Parse(formText, "Form.lfm")->Root())),
@@ -20,4 +20,4 @@ std::string TLaidOut::Places() const {
     return places;
 }
 
-}  // namespace tml::testing
+}  // namespace tml

@@ -4,7 +4,7 @@
 
 #include "layout/Formlayout.h"
 
-namespace tml::testing {
+namespace tml {
 
 /// Every character takes half of the font's height, a line one and a quarter of it; the platform's own font
 /// is 12 pixels high.
@@ -31,4 +31,4 @@ struct TLaidOut {
     TFormLayout Layout;
 };
 
-}  // namespace tml::testing
+}  // namespace tml

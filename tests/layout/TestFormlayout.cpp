@@ -2,7 +2,7 @@
 
 #include "layout/Layouttesting.h"
 
-namespace tml::testing {
+namespace tml {
 namespace {
 
 struct TPlacesCase {
@@ -18,7 +18,7 @@ std::string Around(const std::string& inside) {
            inside + "\nend\n";
 }
 
-class FormLayout : public ::testing::TestWithParam<TPlacesCase> {};
+class FormLayout : public testing::TestWithParam<TPlacesCase> {};
 
 TEST_P(FormLayout, PutsControlsWhereTheRunningFormDoes) {
     EXPECT_EQ(TLaidOut(Around(GetParam().Form)).Places(), GetParam().Places);
@@ -52,4 +52,4 @@ TEST(FormLayoutNotes, CircleOfAnchorsIsNoted) {
 }
 
 }  // namespace
-}  // namespace tml::testing
+}  // namespace tml
