@@ -13,6 +13,7 @@
 #include "cli/Pseudocommand.h"
 #include "cli/Replacecommand.h"
 #include "cli/Scancommand.h"
+#include "cli/Setcommand.h"
 #include "cli/Settingscommand.h"
 #include "cli/Statscommand.h"
 #include "cli/Terminal.h"
@@ -24,11 +25,27 @@ namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,     AddScanCommand,       AddReplaceCommand,      AddInsertCommand,
-    AddLanguagesCommand, AddUpdateCommand,     AddClearCommand,        AddTextsCommand,
-    AddStatsCommand,     AddPseudoCommand,     AddCheckCommand,        AddSaveCommand,
-    AddLoadCommand,      AddMergeCommand,      AddLoadLanguageCommand, AddExportPropertiesCommand,
-    AddFormTextCommand,  AddFormBinaryCommand, AddSettingsCommand,     AddCompletionCommand,
+    AddFormsCommand,
+    AddScanCommand,
+    AddReplaceCommand,
+    AddInsertCommand,
+    AddLanguagesCommand,
+    AddUpdateCommand,
+    AddClearCommand,
+    AddTextsCommand,
+    AddSetCommand,
+    AddStatsCommand,
+    AddPseudoCommand,
+    AddCheckCommand,
+    AddSaveCommand,
+    AddLoadCommand,
+    AddMergeCommand,
+    AddLoadLanguageCommand,
+    AddExportPropertiesCommand,
+    AddFormTextCommand,
+    AddFormBinaryCommand,
+    AddSettingsCommand,
+    AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

@@ -8,6 +8,7 @@
 #include "base/Utf8.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "cli/Statenames.h"
 #include "tables/States.h"
 #include "tables/Textmerge.h"
 
@@ -18,14 +19,6 @@ struct TTextsOptions : TFormOptions {
     std::vector<std::string> States;
     std::string Language;
 };
-
-/// What is wrong with the name of a state, "" for nothing.
-std::string CheckState(const std::string& name) {
-    for (const TTextState state :
-         {TTextState::Missing, TTextState::Stale, TTextState::Touched, TTextState::Done})
-        if (name == NameOf(state)) return {};
-    return "a text is missing, stale, touched or done, not " + name;
-}
 
 /// The places of the languages whose state decides which entries are listed.
 std::vector<int> PlacesToCheck(const TTextsOptions& options, const TStringList& names, const TFormRow& row) {
@@ -124,7 +117,7 @@ void AddTextsCommand(CLI::App& app, TProgram& program) {
         ->add_option("--state", options->States, "Only texts in these states: missing, stale, touched, done")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CLI::Validator(CheckState, ""));
+        ->check(CLI::Validator(CheckStateName, ""));
     command->add_option("--language", options->Language,
                         "Whose state --state means, instead of any language's");
     command->callback([&program, options] {
