@@ -28,6 +28,7 @@ constexpr std::array kPages{
     TPage{"frmSkippedStrings", "skipped", "Skipped strings"},
     TPage{"frmOptions", "options", "Options"},
     TPage{"frmProjectTranslationSettings", "projectsettings", "Settings of a project"},
+    TPage{"frmTransEditor", "translationeditor", "Translation editor"},
     TPage{"frmAsk4FileName", "translationfiles", "Translation files"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},

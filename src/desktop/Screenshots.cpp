@@ -38,7 +38,9 @@ class TPictures {
   public:
     TPictures(const std::string& sample, QString folder, QString theme)
         : folder_(std::move(folder)), theme_(std::move(theme)) {
-        std::filesystem::copy(sample, Path("orchard"), std::filesystem::copy_options::recursive);
+        const auto recursive = std::filesystem::copy_options::recursive;
+        std::filesystem::copy(sample, Path("orchard"), recursive);
+        std::filesystem::copy(sample + "/../harbour", Path("harbour"), recursive);
         window_ = std::make_unique<TMainWindow>(
             TDeskFolders{Path("settings"), FromQt(QApplication::applicationDirPath())});
         window_->resize(1280, 820);
@@ -54,6 +56,7 @@ class TPictures {
     void TakeOptions();
     void TakeProjectSettings();
     void TakeExternalFiles();
+    void TakeTranslations();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -170,6 +173,26 @@ void TPictures::TakeExternalFiles() {
     window_->Runner().Run([&] { expert.pcFormsListChange(TFormsPage::ProjectForms); });
 }
 
+void TPictures::TakeTranslations() {
+    window_->OpenProject(ToQt(Path("harbour/Harbour.lpi")));
+    SelectForm("MainForm");
+    steps_.push_back([this](QWidget& editor) {
+        auto& table = *editor.findChild<QTableView*>("grTexts");
+        const auto set = [&](int row, int column, const char* text) {
+            table.model()->setData(table.model()->index(row, column), text, Qt::EditRole);
+        };
+        set(2, 1, "&Log of the day");
+        set(4, 1, "&New ship...");
+        set(6, 1, "&quit");
+        set(8, 3, "");
+        table.setCurrentIndex(table.model()->index(4, 3));
+        Take(editor, "translations");
+        steps_.push_back([](QWidget& question) { Accept(question); });
+        editor.close();
+    });
+    RunCommand("Translate");
+}
+
 void TPictures::TakeAll() {
     SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
@@ -220,6 +243,7 @@ void TPictures::TakeAll() {
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
     window_->Find();
     Take(*window_, "messages");
+    TakeTranslations();
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "desktop/Optionsview.h"
 #include "desktop/Projectsettingsview.h"
 #include "desktop/Skippedview.h"
+#include "desktop/Transeditorview.h"
 #include "desktop/Unitsview.h"
 
 namespace tml {
@@ -28,7 +29,7 @@ constexpr TMakeView kViews[] = {
     Make<TfrmLangConfig, TLangConfigView>,  Make<TfrmNotTranslate, TChooserView>,
     Make<TfrmOptions, TOptionsView>,        Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
     Make<TfrmSkippedStrings, TSkippedView>, Make<TfrmTranslUnits, TUnitsView>,
-    Make<TfrmAsk4FileName, TFileNameView>,
+    Make<TfrmAsk4FileName, TFileNameView>,  Make<TfrmTransEditor, TTransEditorView>,
 };
 
 }  // namespace

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "desktop/Actionbinding.h"
+#include "desktop/Binder.h"
+#include "desktop/Transmodel.h"
+#include "desktop/View.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QTreeWidgetItem;
+
+namespace Ui {
+class Transeditorview;
+}
+
+namespace tml {
+
+/// The translation editor: forms and tables in a tree, their texts in a grid, the current one in boxes below.
+class TTransEditorView : public TView {
+  public:
+    TTransEditorView(TfrmTransEditor& form, const TViewServices& services);
+    ~TTransEditorView() override;
+
+    void Refresh() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void BindTree();
+    void BindFilters();
+    void BindCells();
+    void BindButtons();
+    void Run(const std::function<void()>& work) { services_.Runner.Run(work); }
+    /// Runs a command on what has been typed.
+    void Execute(const TAction& action);
+    /// What stands in a cell's editor or in the box goes to the editor.
+    void TakeTyped();
+    void EditBelow(QEvent* event);
+    void ChangeFilter(const std::function<void(TTransFilter&)>& change);
+
+    /// Gives the grid the height that the boxes leave, and its columns the width.
+    void LayOut();
+    void RefreshTree();
+    void RefreshFilters();
+    void RefreshTexts();
+    /// Shows a text in a box, in the direction of its column.
+    void ShowText(QPlainTextEdit& box, const QString& text, int column);
+    void RefreshStatus();
+    /// The column of a language whose progress is shown, 0 without one.
+    int ProgressColumn() const;
+
+    TfrmTransEditor& form_;
+    const TViewServices& services_;
+    std::unique_ptr<Ui::Transeditorview> ui_;
+    TBinder binder_;
+    TTransModel model_;
+    std::unique_ptr<TActionBinding> actions_;
+    std::vector<QTreeWidgetItem*> nodes_;
+    QLabel* progress_;
+    QLabel* notice_;
+    bool refreshing_ = false;
+    bool laidOut_ = false;
+};
+
+}  // namespace tml

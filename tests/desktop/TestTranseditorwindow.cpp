@@ -1,0 +1,164 @@
+#include <QClipboard>
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QTreeWidget>
+
+#include "desktop/Deskfixture.h"
+
+namespace tml {
+namespace {
+
+/// The translation editor on a program in English, German and Hebrew.
+class TTransWindow : public TDesktop {
+  public:
+    TTransWindow() {
+        std::filesystem::copy(std::filesystem::path(TML_TESTS) / "../examples/harbour", Path("harbour"),
+                              std::filesystem::copy_options::recursive);
+    }
+
+    /// As somebody else has done it before.
+    void Set(const char* form, const char* key, const char* language, const char* text) {
+        EXPECT_EQ(QProcess::execute(TML_BIN "/tmllang", {"set", ToQt(Path("harbour/Harbour.lpi")), "--form",
+                                                         form, "--key", key, "--language", language, text}),
+                  0);
+    }
+    /// Opens it on the main form by Enter in the forms list.
+    void Translate(const std::function<void(QWidget&)>& work) {
+        Window->OpenProject(ToQt(Path("harbour/Harbour.lpi")));
+        SelectForm("MainForm");
+        User.On(work);
+        QTest::keyClick(&Find<QTableView>("lvFormNames"), Qt::Key_Return);
+        QApplication::processEvents();
+    }
+    static QTableView& Cells(QWidget& window) { return *window.findChild<QTableView*>("grTexts"); }
+    static QString Box(QWidget& window, const char* name) {
+        return window.findChild<QPlainTextEdit*>(name)->toPlainText();
+    }
+    /// Each key goes where the one before has left the focus.
+    static void TypeHere(QWidget& window, const char* text) {
+        for (const char* key = text; *key != 0; ++key)
+            QTest::keyClick(window.focusWidget(), *key);
+    }
+    static void Search(QWidget& window, const char* text) {
+        window.findChild<QLineEdit*>("filter")->clear();
+        QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(window.findChild<QLineEdit*>("filter"), text);
+        QTest::keyClick(window.findChild<QLineEdit*>("filter"), Qt::Key_Down);
+    }
+};
+
+TEST_F(TTransWindow, ATranslatorWorksThroughAFormByTheKeyboard) {
+    Set("MainForm", "mniQuit.Caption", "German", "");
+    Set("MainForm", "mniFile.Caption", "English", "&Storage");
+    Translate([](QWidget& window) {
+        QTableView& cells = Cells(window);
+        EXPECT_EQ(window.windowTitle(), "Translation Editor - MainForm");
+        EXPECT_TRUE(cells.hasFocus());
+        // The next texts that are missing or were made for another base text.
+        QTest::keyClick(&cells, Qt::Key_F7);
+        EXPECT_EQ(TextOf(window, "lblText"), "German (Stale):");
+        EXPECT_EQ(Box(window, "memBase"), "&Storage");
+        EXPECT_EQ(Box(window, "memFormer"), "&File");
+        EXPECT_TRUE(window.findChild<QWidget*>("memFormer")->isVisible());
+        TypeHere(window, "&Lager");
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QTest::keyClick(&cells, Qt::Key_F7);
+        EXPECT_EQ(TextOf(window, "lblText"), "German (Missing):");
+        EXPECT_FALSE(window.findChild<QWidget*>("memFormer")->isVisible());
+        QTest::keyClick(&cells, Qt::Key_F8);
+        EXPECT_EQ(TextOf(window, "lblText"), "German (Missing):") << "there is no text to be confirmed";
+        QTest::keyClick(&cells, Qt::Key_F6);
+        EXPECT_EQ(Box(window, "memText"), "&Quit");
+        QTest::keyClick(&cells, Qt::Key_F8);
+        // A text of several lines is edited in the box; Esc drops what was typed there.
+        Search(window, "fairway");
+        ClickCell(cells, 0, 2);
+        QTest::keyClick(&cells, Qt::Key_F2);
+        auto& box = *window.findChild<QPlainTextEdit*>("memText");
+        EXPECT_TRUE(box.hasFocus());
+        QTest::keyClicks(&box, "nothing");
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(Box(window, "memText").startsWith("Die Fahrrinne ist frei.\n"));
+        QTest::keyClick(&cells, Qt::Key_Return, Qt::ControlModifier);
+        QTest::keyClicks(&box, "Eins");
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTest::keyClicks(&box, "Zwei");
+        QTest::keyClick(&box, Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_EQ(Cell(cells, 0, 2), "Eins\u21B5Zwei");
+        // Back and forth.
+        QTest::keyClick(&cells, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_TRUE(Box(window, "memText").startsWith("Die Fahrrinne ist frei.\n"));
+        QTest::keyClick(&cells, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(Box(window, "memText"), "Eins\nZwei");
+        Press(window, "btnOK");
+    });
+    Window->SaveAll();
+    const std::string form = OnDisk("harbour/forms/Mainwindow.lfm");
+    for (const char* text : {"&Lager", "Eins", "Zwei"})
+        EXPECT_NE(form.find(text), std::string::npos) << text;
+    EXPECT_EQ(form.find("Fahrrinne"), std::string::npos);
+}
+
+TEST_F(TTransWindow, RangesOfCellsAreCopiedAndPastedAndSentencesOfTheRightToLeft) {
+    Translate([this](QWidget& window) {
+        QTableView& cells = Cells(window);
+        Search(window, "mni");
+        ClickCell(cells, 0, 1);
+        ClickCell(cells, 1, 2, Qt::ShiftModifier);
+        QTest::keyClick(&cells, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(),
+                  "&File\t&Datei\r\n&New arrival...\t&Neue Ankunft...\r\n");
+        QGuiApplication::clipboard()->setText("eins\t\"zwei\"\ndrei\tvier\n");
+        ClickCell(cells, 0, 2);
+        QTest::keyClick(&cells, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(Cell(cells, 0, 2) + Cell(cells, 0, 3) + Cell(cells, 1, 2) + Cell(cells, 1, 3),
+                  "einszweidreivier");
+        QTest::keyClick(&cells, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(Cell(cells, 0, 2), "&Datei") << "one step";
+        ClickCell(cells, 0, 3);
+        const auto& box = *window.findChild<QPlainTextEdit*>("memText");
+        EXPECT_EQ(box.document()->defaultTextOption().textDirection(), Qt::RightToLeft);
+        // A search that finds nothing, and one by a pattern.
+        Search(window, "nothing like it");
+        EXPECT_EQ(TextOf(window, "filterCount"), "0 rows");
+        EXPECT_FALSE(window.findChild<QAction*>("acConfirm")->isEnabled());
+        Press(window, "ckPattern");
+        Search(window, "^&F");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        User.Answer("What you have edited is not written yet", "No");
+        ClickCell(cells, 0, 2);
+        QTest::keyClicks(&cells, "x");
+        Press(window, "btnCancel");
+        QApplication::processEvents();
+        EXPECT_TRUE(window.isVisible());
+        User.Answer("What you have edited is not written yet", "Yes");
+        Press(window, "btnCancel");
+    });
+    Window->SaveAll();
+    EXPECT_NE(OnDisk("harbour/forms/Mainwindow.lfm").find("&Datei"), std::string::npos);
+}
+
+TEST_F(TTransWindow, TheTreeAndTheFilterNarrowWhatIsShown) {
+    Set("MainForm", "mniQuit.Caption", "Hebrew", "");
+    Translate([](QWidget& window) {
+        auto& tree = *window.findChild<QTreeWidget*>("tree");
+        QTableView& cells = Cells(window);
+        const auto strings = tree.findItems("Strings", Qt::MatchExactly | Qt::MatchRecursive);
+        ASSERT_EQ(strings.size(), 1);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(strings[0]).center());
+        EXPECT_EQ(TextOf(window, "filterCount"), "2 rows");
+        EXPECT_EQ(strings[0]->text(1), "2/2");
+        EXPECT_EQ(Cell(cells, 0, 0), "IDS_0");
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
+                          tree.visualItemRect(tree.topLevelItem(0)).center());
+        window.findChild<QComboBox*>("cbShow")->setCurrentText("missing");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        window.findChild<QComboBox*>("cbLanguage")->setCurrentText("German");
+        EXPECT_EQ(TextOf(window, "filterCount"), "0 rows");
+        Press(window, "btnCancel");
+    });
+}
+
+}  // namespace
+}  // namespace tml
