@@ -50,6 +50,12 @@ TTextPage::TTextPage(std::string fileName) : fileName_(std::move(fileName)) {
     SetUpLanguage(*this, fileName_);
 }
 
+void TTextPage::GoToLine(int line) {
+    SendScintilla(SCI_ENSUREVISIBLEENFORCEPOLICY, static_cast<long>(line) - 1);
+    setCursorPosition(line - 1, 0);
+    setFocus();
+}
+
 void TTextPage::changeEvent(QEvent* event) {
     QsciScintilla::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) SetUpLanguage(*this, fileName_);
@@ -151,12 +157,6 @@ void TCodeEditor::TakeBlock() {
     if (!hasBlock) SendScintilla(SCI_GOTOPOS, caret);
     following_ = false;
     GiveBlock();
-}
-
-void TCodeEditor::GoToLine(int line) {
-    SendScintilla(SCI_ENSUREVISIBLEENFORCEPOLICY, static_cast<long>(line) - 1);
-    setCursorPosition(line - 1, 0);
-    setFocus();
 }
 
 void TCodeEditor::contextMenuEvent(QContextMenuEvent* event) {

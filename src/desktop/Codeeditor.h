@@ -14,6 +14,8 @@ class TTextPage : public QsciScintilla {
     explicit TTextPage(std::string fileName);
 
     const std::string& FileName() const { return fileName_; }
+    /// 1-based line.
+    void GoToLine(int line);
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -40,8 +42,6 @@ class TCodeEditor : public TTextPage {
     /// error passes on.
     void Commit();
     void Follow();
-    /// 1-based line.
-    void GoToLine(int line);
 
   protected:
     void contextMenuEvent(QContextMenuEvent* event) override;

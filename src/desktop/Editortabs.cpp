@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "desktop/Codeeditor.h"
 #include "desktop/Icons.h"
@@ -17,6 +19,15 @@ namespace {
 
 constexpr int kTypingPause = 500;  ///< ms; what is typed without one is one step of undo
 constexpr int kCloseSize = 9;      ///< pixels
+
+/// The editor of one of the module's files; that of the unit for a path that leads there some other way.
+std::shared_ptr<IOTAEditor> EditorOf(IOTAModule& module, const std::string& fileName) {
+    if (auto form = module.GetFormEditor(); form != nullptr && SameText(form->GetFileName(), fileName))
+        return form;
+    const auto header = module.GetSourceEditor(1);
+    const bool isHeader = header != nullptr && SameText(header->GetFileName(), fileName);
+    return isHeader ? header : module.GetSourceEditor(0);
+}
 
 }  // namespace
 
@@ -107,6 +118,18 @@ std::string TEditorTabs::FormTextOf(const std::string& formFile) {
     const auto module = std::dynamic_pointer_cast<TModule>(ide_.GetModuleServices()->FindModule(formFile));
     if (module == nullptr || module->Files().Form == nullptr) return {};
     return module->Files().Form->ShownText();
+}
+
+void TEditorTabs::ShowFile(const std::string& fileName) {
+    std::shared_ptr<IOTAModule> module;
+    try {
+        module = ide_.GetModuleServices()->OpenModule(fileName, true);
+    } catch (const EBadInput& error) {
+        if (!IsFormFile(fileName) || !SameText(error.File(), fileName)) throw;
+        module = ide_.OpenText(fileName);
+    }
+    EditorOf(*module, fileName)->Show();
+    Follow();
 }
 
 void TEditorTabs::ShowForm(const std::string& unitFile) {

@@ -24,6 +24,9 @@ class TEditorTabs : public QTabWidget {
     void Commit();
     /// Tabs of closed modules go, the IDE's current editor comes to the front, texts follow the buffers.
     void Follow();
+    /// Opens what the file belongs to and brings the file itself to the front; a form that cannot be read
+    /// comes as a text.
+    void ShowFile(const std::string& fileName);
     /// Opens the unit and brings its form to the front; nothing for a unit without one.
     void ShowForm(const std::string& unitFile);
     /// Closing a source, or a form whose source is not shown, closes their module.

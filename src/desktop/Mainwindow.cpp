@@ -34,7 +34,8 @@
 namespace tml {
 namespace {
 
-constexpr int kStatusTime = 5000;  ///< ms
+constexpr int kStatusTime = 5000;    ///< ms
+constexpr qsizetype kNamesTold = 3;  ///< of files in the status bar
 
 /// The tool bar, by the names of items in the menus.
 constexpr std::array kToolBar{"Open1", "Save1", "SaveAll1", "Undo1", "Redo1",
@@ -126,6 +127,10 @@ void TMainWindow::BindIde() {
         ShowMessages();
     };
     host_->Ide().ShowErrors(dialogs_.OnError);
+    host_->Ide().TellWritten([this](const std::string& title, const std::vector<std::string>& files) {
+        for (const std::string& file : files)
+            written_.emplace_back(file, title);
+    });
 }
 
 void TMainWindow::BindMenus() {
@@ -161,6 +166,7 @@ void TMainWindow::Follow() {
         for (const auto& menu : menus_)
             menu->Refresh();
         FollowTitle();
+        TellWritten();
     } catch (const std::exception& error) {
         messages_->AddError(error);
     }
@@ -171,6 +177,22 @@ void TMainWindow::FollowTitle() {
     const auto project = host_->Modules().GetActiveProject();
     const QString name = project == nullptr ? QString() : ToQt(FileNameOf(project->GetFileName())) + " - ";
     setWindowTitle(name + "TmlLang Workbench");
+}
+
+/// What is open tells by its tab that it is saved; of a closed file nobody would learn.
+void TMainWindow::TellWritten() {
+    QStringList names;
+    QString command;
+    for (const auto& [file, title] : std::exchange(written_, {})) {
+        names += ToQt(FileNameOf(file));
+        if (host_->Modules().FindModule(file) != nullptr) continue;
+        command = " (" + ToQt(title) + ")";
+        messages_->AddNote(file, "Written to the disk (" + title + "); undo and redo work once it is open");
+    }
+    if (names.empty()) return;
+    const auto more = names.size() - kNamesTold;
+    const QString rest = more > 0 ? " and " + QString::number(more) + " more" : QString();
+    statusBar()->showMessage("Written: " + names.mid(0, kNamesTold).join(", ") + rest + command, kStatusTime);
 }
 
 void TMainWindow::FillRecentProjects() {
@@ -191,23 +213,39 @@ void TMainWindow::ReportError(const std::exception& error) {
     messages_->AddError(error);
     const auto* changed = dynamic_cast<const EChangedOnDisk*>(&error);
     if (changed != nullptr && host_->Modules().FindModule(changed->File()) != nullptr)
-        runner_.Run([this, file = changed->File()] { AskAboutChanged(file); });
+        runner_.Run([this, file = changed->File()] {
+            if (!AskAboutChanged(file)) return;
+            if (const auto module = host_->Modules().FindModule(file)) module->Save();
+        });
     else
         dialogs_.MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
 }
 
-void TMainWindow::AskAboutChanged(const std::string& file) {
+bool TMainWindow::AskAboutChanged(const std::string& file) {
     const TChangedFileWay way = AskAboutChangedFile(this, file, host_->Ide().DiffToDisk(file));
     const auto module = host_->Modules().FindModule(file);
-    if (module == nullptr || way == TChangedFileWay::Leave) return;
+    if (module == nullptr || way == TChangedFileWay::Leave) return false;
     if (way == TChangedFileWay::Overwrite) {
         host_->Ide().AcceptDisk(file);
-        module->Save();
-        return;
+    } else {
+        const std::string unit = module->GetFileName();
+        module->Close();
+        GoTo(unit, 0);
     }
-    const std::string unit = module->GetFileName();
-    module->Close();
-    GoTo(unit, 0);
+    return true;
+}
+
+bool TMainWindow::SaveAsking(const std::function<void()>& save) {
+    for (;;) {
+        try {
+            save();
+            return true;
+        } catch (const EChangedOnDisk& changed) {
+            if (host_->Modules().FindModule(changed.File()) == nullptr) throw;
+            messages_->AddError(changed);
+            if (!AskAboutChanged(changed.File())) return false;
+        }
+    }
 }
 
 void TMainWindow::ShowWindow(TForm& form) {
@@ -310,10 +348,12 @@ bool TMainWindow::AskToSave(const std::vector<std::shared_ptr<IOTAModule>>& modu
     if (modified.empty()) return true;
     const TModalResult answer = dialogs_.MessageDlg("Save the changes of these units?\n" + names,
                                                     TMsgDlgType::mtConfirmation, {mrYes, mrNo, mrCancel});
-    if (answer == mrYes)
-        for (const auto& module : modified)
-            module->Save();
-    return answer != mrCancel;
+    bool goesOn = answer != mrCancel;
+    for (std::size_t i = 0; answer == mrYes && goesOn && i < modified.size(); ++i)
+        goesOn = SaveAsking([this, file = modified[i]->GetFileName()] {
+            if (const auto module = host_->Modules().FindModule(file)) module->Save();
+        });
+    return goesOn;
 }
 
 bool TMainWindow::AskToSaveAll() {
@@ -330,17 +370,18 @@ void TMainWindow::CloseFile() {
 
 void TMainWindow::Save() {
     const std::string file = tabs_->CurrentFile();
-    if (const auto module = host_->Modules().FindModule(file)) module->Save();
+    SaveAsking([&] {
+        if (const auto module = host_->Modules().FindModule(file)) module->Save();
+    });
 }
 
 void TMainWindow::SaveAll() {
-    host_->Ide().SaveAll();
+    SaveAsking([this] { host_->Ide().SaveAll(); });
 }
 
 void TMainWindow::GoTo(const std::string& file, int line) {
-    host_->Modules().OpenModule(file, true);
-    tabs_->Follow();
-    if (TCodeEditor* editor = tabs_->Current(); editor != nullptr && line > 0) editor->GoToLine(line);
+    tabs_->ShowFile(file);
+    if (TTextPage* text = tabs_->CurrentText(); text != nullptr && line > 0) text->GoToLine(line);
 }
 
 // --- editing

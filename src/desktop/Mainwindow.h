@@ -68,6 +68,7 @@ class TMainWindow : public QMainWindow {
     void HelpContents();
     void About();
 
+    /// line: 1-based, 0 for the one where the cursor is. A form that cannot be read opens as a text.
     void GoTo(const std::string& file, int line);
 
   protected:
@@ -81,7 +82,11 @@ class TMainWindow : public QMainWindow {
     void Follow();
     void FollowTitle();
     void ReportError(const std::exception& error);
-    void AskAboutChanged(const std::string& file);
+    /// Lets the person decide on an open file that was written meanwhile; false leaves it as it is.
+    bool AskAboutChanged(const std::string& file);
+    /// Runs save, again and again while the person settles what stands in its way; false gives up.
+    bool SaveAsking(const std::function<void()>& save);
+    void TellWritten();
     void ShowWindow(TForm& form);
     void ShowTopic(const std::string& topic);
     void ShowLocalMenu(const QPoint& at);
@@ -106,6 +111,8 @@ class TMainWindow : public QMainWindow {
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::string project_;
     bool following_ = false;
+    /// What has been written since it was told, and by what command.
+    std::vector<std::pair<std::string, std::string>> written_;
     bool wantsExpert_ = true;  ///< opens with a project: its window was not closed by the person
 };
 

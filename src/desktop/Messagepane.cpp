@@ -33,10 +33,19 @@ void TMessagePane::GoTo(const QTreeWidgetItem& item) const {
 }
 
 void TMessagePane::AddMessage(const std::string& file, int line, const std::string& text) {
+    Add("error", file, line, text);
+}
+
+void TMessagePane::AddNote(const std::string& file, const std::string& text) {
+    Add("info", file, 0, text);
+}
+
+void TMessagePane::Add(const char* picture, const std::string& file, int line, const std::string& text) {
     QTreeWidgetItem*& item = shown_[{file, line, text}];
-    delete item;
+    // One that is there may be the one whose click has brought the message.
+    if (item != nullptr) return setCurrentItem(item);
     item = new QTreeWidgetItem(this);
-    item->setIcon(0, PictureOf("error"));
+    item->setIcon(0, PictureOf(picture));
     item->setText(0, ToQt(FileNameOf(file)));
     item->setToolTip(0, ToQt(file));
     item->setText(1, line > 0 ? QString::number(line) : QString());

@@ -96,6 +96,15 @@ void THeadlessIde::ShowErrors(std::function<void(const EBadInput&)> show) {
     state_->Modules.OnError = std::move(show);
 }
 
+void THeadlessIde::TellWritten(
+    std::function<void(const std::string& title, const std::vector<std::string>&)> tell) {
+    state_->Modules.OnWritten = std::move(tell);
+}
+
+std::shared_ptr<IOTAModule> THeadlessIde::OpenText(const std::string& fileName) {
+    return state_->Modules.OpenText(fileName);
+}
+
 std::vector<std::shared_ptr<IOTAModule>> THeadlessIde::Modules() const {
     return {state_->Modules.Open().begin(), state_->Modules.Open().end()};
 }

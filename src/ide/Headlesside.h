@@ -47,7 +47,12 @@ class THeadlessIde : public IBorlandIDEServices {
 
     /// Where the IDE shows a person why a module cannot be opened; nowhere at first.
     void ShowErrors(std::function<void(const EBadInput&)> show);
+    /// Told what was written to the disk, and by the command, undo or redo of which title; nobody at first.
+    void TellWritten(std::function<void(const std::string& title, const std::vector<std::string>&)> tell);
 
+    /// Opens a file by itself, as the text of a source: a form that cannot be read, so that it can be mended.
+    /// Opening its unit closes it again. EBadInput for a file that cannot be read at all.
+    std::shared_ptr<IOTAModule> OpenText(const std::string& fileName);
     /// The open modules in the order of their opening.
     std::vector<std::shared_ptr<IOTAModule>> Modules() const;
     /// The source or form that was shown last, nullptr when its module is closed.

@@ -160,7 +160,8 @@ void TJournal::Commit() {
         return;
     }
     TEntry entry = MakeEntry();
-    WritePending();
+    WritePending(title_);
+    SettleStates(scopes_.back());
     scopes_.pop_back();
     if (entry.Steps.empty()) return;
     DropRedoOf(entry);
@@ -181,15 +182,26 @@ TJournal::TEntry TJournal::MakeEntry() const {
     return entry;
 }
 
-void TJournal::WritePending() {
+void TJournal::WritePending(const std::string& title) {
     std::vector<TStagedFile> files;
     for (auto& [fileName, pending] : pending_)
         if (pending.Bytes != pending.OnDisk)
             files.push_back({fileName, std::move(pending.Bytes), std::move(pending.OnDisk)});
-    if (!files.empty()) host_.Write(files);
-    for (TStagedFile& file : files)
-        if (TDocument* document = Document(file.Path)) document->Written(std::move(*file.Bytes));
     pending_.clear();
+    if (files.empty()) return;
+    host_.Write(files);
+    TFileNames written;
+    for (TStagedFile& file : files) {
+        written.push_back(file.Path);
+        if (TDocument* document = Document(file.Path)) document->Written(std::move(*file.Bytes));
+    }
+    host_.Written(title, written);
+}
+
+void TJournal::SettleStates(const TFiles& files) {
+    for (const auto& [fileName, found] : files)
+        if (TDocument* document = Document(fileName); document != nullptr && document->Bytes() == found.Bytes)
+            SetState(*document, found.Bytes, document->State().Marked && found.Marked);
 }
 
 void TJournal::Closed(const TDocument& document) {
@@ -268,12 +280,7 @@ std::string TJournal::Move(TEntries& from, TEntries& to, const TFileNames& files
 
     for (std::size_t i = 0; i < top->Steps.size(); ++i)
         if (Document(top->Steps[i].FileName()) == nullptr) SetPending(top->Steps[i].FileName(), bytes[i]);
-    try {
-        WritePending();
-    } catch (...) {
-        pending_.clear();
-        throw;
-    }
+    WritePending(top->Title + ", " + direction.Verb);
     TFileNames restored;
     for (std::size_t i = 0; i < top->Steps.size(); ++i) {
         restored.push_back(top->Steps[i].FileName());

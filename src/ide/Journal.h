@@ -26,6 +26,8 @@ class TJournal {
         std::function<std::optional<std::string>(const std::string& fileName)> Read;
         /// Writes all files of a command; what it throws ends the commit.
         std::function<void(const std::vector<TStagedFile>&)> Write;
+        /// The command, or the one that was taken back or made again, has had these files written.
+        std::function<void(const std::string& title, const std::vector<std::string>& fileNames)> Written;
         /// An undo, a redo or a rollback has given the files other bytes.
         std::function<void(const std::vector<std::string>& fileNames)> Restored;
     };
@@ -95,7 +97,9 @@ class TJournal {
     void TellRestored(const TFileNames& files);
     void RollBack();
     void Commit();
-    void WritePending();
+    void WritePending(const std::string& title);
+    /// A command that has changed nothing in a document has not modified it either, though it has marked it.
+    void SettleStates(const TFiles& files);
     TEntry MakeEntry() const;
     void DropRedoOf(const TEntry& entry);
     std::string Patch() const;

@@ -6,6 +6,7 @@
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
+#include "forms/Formbinary.h"
 #include "ide/Changesets.h"
 
 namespace tml {
@@ -25,6 +26,9 @@ TModules::TModules(IFileSystem& files, IMlRuntime& runtime)
       runtime_(runtime),
       journal_({[this](const std::string& fileName) { return ReadOnDisk(fileName); },
                 [this](const std::vector<TStagedFile>& staged) { Write(staged); },
+                [this](const std::string& title, const std::vector<std::string>& fileNames) {
+                    if (OnWritten) OnWritten(title, fileNames);
+                },
                 [this](const std::vector<std::string>& fileNames) { TellRestored(fileNames); }}) {
     runtime.Files = this;
     runtime.BeginCommand = [this](const std::string& title) { return BeginCommand(title); };
@@ -88,9 +92,30 @@ std::shared_ptr<TModule> TModules::OpenClosed(const std::string& fileName) {
     ExpectNoNamesake(fileName, unitFile);
     if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
     const auto module = std::make_shared<TModule>(*this, ReadFiles(found));
+    if (!found.Unit.FormFile.empty()) CloseText(found.Unit.FormFile);
     AttachDesigner(module);
     Register(module);
     Announce(TOTAFileNotification::ofnFileOpened, unitFile);
+    return module;
+}
+
+void TModules::CloseText(const std::string& formFile) {
+    const std::shared_ptr<TModule> text = Find(formFile);
+    if (!text) return;
+    if (text->GetModified())
+        throw EBadInput(formFile, 0, "the form is open as a text that is not saved", "Save it first");
+    CloseModule(text);
+}
+
+std::shared_ptr<IOTAModule> TModules::OpenText(const std::string& fileName) {
+    const std::string path = AbsolutePath(files_, fileName);
+    if (const auto open = Find(path)) return open;
+    if (TBinaryFormFile::IsBinaryForm(ReadBytes(path).second))
+        throw EBadInput(path, 0, "a binary form is no text", "Take the file from a copy of the project");
+    TModuleFiles read;
+    read.Unit = ReadSource(path, FindUnit(path).CodePage);
+    const auto module = std::make_shared<TModule>(*this, std::move(read));
+    Register(module);
     return module;
 }
 
@@ -258,7 +283,11 @@ std::shared_ptr<IOTAEditor> TModules::CurrentEditor() const {
 std::string TModules::DiffToDisk(const std::string& fileName) {
     const std::shared_ptr<TModule> open = Find(fileName);
     if (!open) return {};
-    const TModuleFiles onDisk = ReadFiles(FindUnit(fileName));
+    TFoundUnit found = FindUnit(fileName);
+    // A form may be open as a text, and no unit then.
+    found.Unit.FileName = open->GetFileName();
+    if (!open->Files().Form) found.Unit.FormFile.clear();
+    const TModuleFiles onDisk = ReadFiles(found);
     return UnifiedDiff("on disk", "open", ShownText(onDisk, fileName), ShownText(open->Files(), fileName));
 }
 

@@ -59,6 +59,8 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     void SetCurrent(const std::shared_ptr<TModule>& module, int editor = 0);
     std::shared_ptr<IOTAEditor> CurrentEditor() const;
     // See THeadlessIde.
+    std::function<void(const std::string& title, const std::vector<std::string>& fileNames)> OnWritten;
+    std::shared_ptr<IOTAModule> OpenText(const std::string& fileName);
     std::string DiffToDisk(const std::string& fileName);
     void AcceptDisk(const std::string& fileName);
     void CloseModule(const std::shared_ptr<TModule>& module);
@@ -79,6 +81,8 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     };
     TFoundUnit FindUnit(const std::string& fileName);
     std::shared_ptr<TModule> OpenClosed(const std::string& fileName);
+    /// A form that is open as a text makes room for its unit; EBadInput where it is not saved.
+    void CloseText(const std::string& formFile);
     void ExpectNoNamesake(const std::string& fileName, const std::string& found);
     TModuleFiles ReadFiles(const TFoundUnit& found);
     std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName, const std::string& codePage);

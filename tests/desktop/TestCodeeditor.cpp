@@ -122,7 +122,7 @@ TEST_F(TCodeEditorPane, AFileThatChangedOnTheDiskIsComparedReloadedOrOverwritten
     GoTo(pricing, 1);
     QTest::keyClicks(Window->Tabs().Current(), "// mine ");
     std::ofstream(Path(pricing), std::ios::binary) << theirs;
-    const auto answer = [&](const QString& button) {
+    const auto answer = [&](const QString& button, const char* command = "Save1") {
         User.On([button](QWidget& box) {
             const QString diff = box.findChild<QPlainTextEdit*>()->toPlainText();
             EXPECT_TRUE(diff.contains("\n-// theirs\n") && diff.contains("\n+// mine ")) << FromQt(diff);
@@ -131,7 +131,7 @@ TEST_F(TCodeEditorPane, AFileThatChangedOnTheDiskIsComparedReloadedOrOverwritten
                     return QTest::mouseClick(candidate, Qt::LeftButton);
             ADD_FAILURE() << "no button " << FromQt(button);
         });
-        Click("Save1");
+        Click(command);
     };
     answer("Cancel");
     EXPECT_TRUE(EditorText().startsWith("// mine "));
@@ -140,10 +140,13 @@ TEST_F(TCodeEditorPane, AFileThatChangedOnTheDiskIsComparedReloadedOrOverwritten
     EXPECT_TRUE(OnDisk(pricing).starts_with("// mine "));
     EXPECT_FALSE(Window->Tabs().Current()->IsModified());
     QTest::keyClicks(Window->Tabs().Current(), "// mine ");
+    GoTo("orchard/Main.pas", 1);
+    QTest::keyClicks(Window->Tabs().Current(), "// main ");
     std::ofstream(Path(pricing), std::ios::binary) << theirs;
-    answer("Reload");
+    answer("Reload", "SaveAll1");
     EXPECT_EQ(FromQt(EditorText().remove('\r')), FromQt(ToQt(theirs).remove('\r')));
     EXPECT_EQ(OnDisk(pricing), theirs);
+    EXPECT_TRUE(OnDisk("orchard/Main.pas").starts_with("// main ")) << "the others are saved all the same";
 }
 
 TEST_F(TCodeEditorPane, AsksAboutUnsavedWork) {

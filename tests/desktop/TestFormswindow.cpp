@@ -1,11 +1,16 @@
 #include <QHeaderView>
+#include <QStatusBar>
 
 #include "desktop/Deskfixture.h"
 
 namespace tml {
 namespace {
 
-using TFormsWindow = TDesktop;
+struct TFormsWindow : TDesktop {
+    void FromFileMenu(const QString& entry) { ChooseFromBar(*Dock().findChild<QMenuBar*>(), "File", entry); }
+    QString Status() { return Window->statusBar()->currentMessage(); }
+    QString Title() { return Window->Tabs().tabText(Window->Tabs().currentIndex()); }
+};
 
 TEST_F(TFormsWindow, LanguagesOfAForm) {
     OpenOrchard();
@@ -67,6 +72,36 @@ TEST_F(TFormsWindow, WhatIsTypedFiltersAndHomeAndEndGoToTheEnds) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(forms.isRowHidden(0));
     EXPECT_TRUE(forms.hasFocus());
+}
+
+TEST_F(TFormsWindow, WhatIsWrittenUnseenIsToldAndWhatChangesNothingIsNoChange) {
+    OpenOrchard();
+    const std::string about = "orchard/forms/About.dfm";
+    const std::string before = OnDisk(about);
+    SelectForm("AboutBox");
+    const auto clear = [&] {
+        User.Answer("This will clear all translation information", "Yes");
+        FromFileMenu("Clear Translations");
+    };
+    clear();
+    EXPECT_EQ(OnDisk(about).find("Bestellbuch"), std::string::npos);
+    EXPECT_EQ(Status(), "Written: About.dfm (Clear Translations)");
+    auto& messages = Window->Messages();
+    ASSERT_EQ(messages.topLevelItemCount(), 1);
+    EXPECT_EQ(messages.topLevelItem(0)->text(0), "About.dfm");
+    EXPECT_TRUE(messages.topLevelItem(0)->text(2).contains("Clear Translations"));
+    Click("Messages1");
+    QTest::mouseClick(messages.viewport(), Qt::LeftButton, {},
+                      messages.visualItemRect(messages.topLevelItem(0)).center());
+    Dock().raise();
+    clear();
+    EXPECT_EQ(Title(), "About.dfm") << "not modified";
+    Click("Undo1");
+    EXPECT_EQ(Status(), "Undone: Clear Translations");
+    EXPECT_EQ(Title(), "About.dfm *");
+    Click("Save1");
+    EXPECT_EQ(OnDisk(about), before);
+    EXPECT_EQ(messages.topLevelItemCount(), 1) << "a save of what is open is seen";
 }
 
 TEST_F(TFormsWindow, NamesAreWholeAndNoWidthIsDead) {

@@ -7,7 +7,19 @@
 namespace tml {
 namespace {
 
-using TMessages = TDesktop;
+struct TMessages : TDesktop {
+    void ClickMessage(int row) {
+        auto& messages = Window->Messages();
+        QTest::mouseClick(messages.viewport(), Qt::LeftButton, {},
+                          messages.visualItemRect(messages.topLevelItem(row)).center());
+    }
+    /// 1-based, in the text in front.
+    int CursorLine() {
+        int line = 0, column = 0;
+        Window->Tabs().CurrentText()->getCursorPosition(&line, &column);
+        return line + 1;
+    }
+};
 
 TEST_F(TMessages, ProgressComesLateAndCanBeStopped) {
     IDialogs& dialogs = *Window->Host().Host().Dialogs;
@@ -53,13 +65,12 @@ TEST_F(TMessages, ProblemsOfAProjectLeadToTheirFile) {
         Q_EMIT tree.itemActivated(item, 0);
     ASSERT_NE(Window->Tabs().Current(), nullptr);
     EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Main.pas"));
-    QTest::mouseClick(messages.viewport(), Qt::LeftButton, {},
-                      messages.visualItemRect(messages.topLevelItem(0)).center());
+    ClickMessage(0);
     EXPECT_EQ(Window->Tabs().Current()->FileName(), Path("orchard/Orchard.dproj"));
 }
 
 TEST_F(TMessages, AFormThatCannotBeReadIsNamedInTheMessages) {
-    std::ofstream(Path("orchard/Main.dfm")) << "object MainForm: TMainForm\n  Caption = 'x\n";
+    std::ofstream(Path("orchard/Main.dfm")) << "object MainForm: TMainForm\n  Caption = 'x\nend\n";
     OpenOrchard();
     SelectForm("MainForm");
     Click("ViewForm2");
@@ -68,6 +79,25 @@ TEST_F(TMessages, AFormThatCannotBeReadIsNamedInTheMessages) {
     EXPECT_TRUE(messages.isVisible());
     ASSERT_EQ(messages.topLevelItemCount(), 1) << "the same message stands once";
     EXPECT_EQ(messages.topLevelItem(0)->text(0) + messages.topLevelItem(0)->text(1), "Main.dfm2");
+    ClickMessage(0);
+    ASSERT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    EXPECT_EQ(CursorLine(), 2);
+    QTest::keyClick(Window->Tabs().Current(), Qt::Key_End);
+    QTest::keyClicks(Window->Tabs().Current(), "'");
+    Click("Save1");
+    Click("ViewForm2");
+    EXPECT_EQ(Window->Tabs().count(), 1);
+    EXPECT_FALSE(Window->Host().Modules().FindFormModule("MainForm")->GetModified()) << "mended";
+}
+
+TEST_F(TMessages, AMessageOnAFormThatCanBeReadLeadsIntoItsText) {
+    OpenOrchard();
+    GoTo("orchard/Main.pas", 1);
+    Window->Messages().AddMessage(Path("orchard/Main.dfm"), 5, "Look here");
+    Click("Messages1");
+    ClickMessage(0);
+    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    EXPECT_EQ(CursorLine(), 5);
 }
 
 TEST_F(TMessages, ATitleIsWhole) {

@@ -505,6 +505,50 @@ TEST(HeadlessIde, AFormIsThatOfTheActiveProjectAndIsUndoneWithItsUnit) {
     EXPECT_EQ(ide.Undo("/q/Unit1.pas"), "");
 }
 
+TEST_F(TIdeTest, ACommandThatChangesNothingModifiesNothing) {
+    const auto form = Open("/p/Unit1.pas")->GetFormEditor();
+    const auto run = [&] {
+        const auto command = Services.BeginCommand("nothing");
+        Component("Button1")->SetPropValue("Hint", TFormValue::String("B"));
+        Component("Button1")->RemoveProp("Hint");
+        form->MarkModified();
+        command->Commit();
+        return form->GetModified();
+    };
+    EXPECT_FALSE(run());
+    EXPECT_EQ(Ide.Undo(), "");
+    form->MarkModified();
+    EXPECT_TRUE(run()) << "it was before";
+    Component("Button1")->SetPropValue("Hint", TFormValue::String("B"));
+    EXPECT_TRUE(run());
+    Ide.SaveAll();
+    EXPECT_FALSE(run());
+}
+
+TEST_F(TIdeTest, AFormThatCannotBeReadIsMendedAsAText) {
+    std::vector<std::string> written;
+    Ide.TellWritten([&](const std::string& title, const std::vector<std::string>& files) {
+        for (const std::string& file : files)
+            written.push_back(title + ": " + file);
+    });
+    const std::string form = "/p/Unit1.dfm", whole = Files.Files[form];
+    Files.Files[form].insert(0, "x");
+    EXPECT_THROW(Open(form), EBadInput);
+    const auto text = Ide.OpenText(form);
+    EXPECT_EQ(text->GetFormEditor(), nullptr);
+    text->GetSourceEditor(0)->CreateUndoableWriter()->DeleteTo(1);
+    EXPECT_THROW(Open("/p/Unit1.pas"), EBadInput) << "not saved yet";
+    text->Save();
+    EXPECT_EQ(Files.Files[form], whole);
+    EXPECT_EQ(written, (std::vector<std::string>{"Save Unit1.dfm: " + form}));
+    const auto unit = Open("/p/Unit1.pas");
+    EXPECT_EQ(Services.FindModule(form), unit);
+    EXPECT_EQ(Ide.Modules().size(), 1U) << "the text is closed";
+    unit->Close();
+    Files.Files[form] = "TPF0x";
+    EXPECT_THROW(Ide.OpenText(form), EBadInput);
+}
+
 TEST(HeadlessIde, OpeningAndLookingTouchesNothing) {
     TMemoryFileSystem files;
     AddSampleProject(files);
