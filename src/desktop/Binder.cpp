@@ -173,6 +173,21 @@ void TBinder::DoubleClick(QListWidget* list, std::function<void(int index)> hand
                      });
 }
 
+void TBinder::ForSelected(QListWidget* list, QAbstractButton* rename,
+                          const std::vector<QAbstractButton*>& others) {
+    const auto enable = [list, rename, others] {
+        const bool hasSelection = !list->selectedItems().isEmpty();
+        rename->setEnabled(hasSelection);
+        for (QAbstractButton* button : others)
+            button->setEnabled(hasSelection);
+    };
+    QObject::connect(list, &QListWidget::itemSelectionChanged, list, enable);
+    Show(enable);
+    QObject::connect(list, &QListWidget::doubleClicked, rename, &QAbstractButton::click);
+    QObject::connect(new QShortcut(Qt::Key_F2, list, nullptr, nullptr, Qt::WidgetShortcut),
+                     &QShortcut::activated, rename, &QAbstractButton::click);
+}
+
 void TBinder::Enabled(QWidget* widget, const bool& member) {
     Show([widget, &member] { widget->setEnabled(member); });
 }

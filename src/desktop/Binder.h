@@ -59,6 +59,9 @@ class TBinder {
                std::function<void()> handler = {});
     /// index: of the item, 0-based.
     void DoubleClick(QListWidget* list, std::function<void(int index)> handler);
+    /// Buttons that work on what is selected of a list, dead without a selection; F2 and a double click
+    /// press the one that renames.
+    void ForSelected(QListWidget* list, QAbstractButton* rename, const std::vector<QAbstractButton*>& others);
     void Enabled(QWidget* widget, const bool& member);
     void Label(QLabel* label, const std::string& member);
     /// Anything else that follows the state.

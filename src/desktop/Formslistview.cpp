@@ -240,7 +240,10 @@ bool TFormsListView::eventFilter(QObject* watched, QEvent* event) {
         auto* table = qobject_cast<QTableView*>(watched);
         if (table != nullptr && KeyPressed(*table, key)) return true;
         if (table == nullptr && (key.key() == Qt::Key_Down || key.key() == Qt::Key_Escape)) {
-            if (key.key() == Qt::Key_Escape) ui_->filter->clear();
+            if (key.key() == Qt::Key_Escape)
+                ui_->filter->clear();
+            else
+                GoToEnd(*ui_->lvFormNames, false, false);
             ui_->lvFormNames->setFocus();
             return true;
         }
@@ -255,6 +258,10 @@ bool TFormsListView::KeyPressed(QTableView& table, const QKeyEvent& key) {
     }
     if (key.key() == Qt::Key_Home || key.key() == Qt::Key_End) {
         GoToEnd(table, key.key() == Qt::Key_End, key.modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    }
+    if (key.key() == Qt::Key_Escape && &table == ui_->lvFormNames) {
+        ui_->filter->clear();
         return true;
     }
     const bool types = !key.text().isEmpty() && key.text().at(0).isPrint() && key.text() != " " &&

@@ -17,6 +17,7 @@ TLangConfigView::TLangConfigView(TfrmLangConfig& form, const TViewServices& serv
     binder_.Click(ui_->btnRename, [&form] { form.btnRenameClick(); });
     binder_.Click(ui_->btnAdd, [&form] { form.btnAddClick(); });
     binder_.Click(ui_->btnDelete, [&form] { form.btnDeleteClick(); });
+    binder_.ForSelected(ui_->lbLangNames, ui_->btnRename, {ui_->btnDelete, ui_->btnMoveUp, ui_->btnMoveDown});
     binder_.Enabled(ui_->btOK, form.btOKEnabled);
     binder_.CloseWith(ui_->btOK, form, mrOk);
     binder_.CloseWith(ui_->btCancel, form, mrCancel);

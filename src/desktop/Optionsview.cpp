@@ -62,6 +62,7 @@ void TOptionsView::BindLanguages() {
     binder_.Click(ui_->btDelete, [this] { form_.btDeleteClick(); });
     binder_.Click(ui_->btMoveUp, [this] { form_.btMoveUpClick(); });
     binder_.Click(ui_->btMoveDown, [this] { form_.btMoveDownClick(); });
+    binder_.ForSelected(ui_->lbLanguages, ui_->btRename, {ui_->btDelete, ui_->btMoveUp, ui_->btMoveDown});
 }
 
 void TOptionsView::BindSourceStrings() {

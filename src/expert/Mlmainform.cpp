@@ -288,7 +288,9 @@ void TfrmmlLang::Run(std::string_view commandName) {
 }
 
 void TfrmmlLang::Translate() {
-    if (TMenuItem* item = FindCommand("Translate")) item->Click();
+    const auto translate = std::find_if(
+        built_.begin(), built_.end(), [](const TBuilt& built) { return built.Command->Name == "Translate"; });
+    FindCommand(translate->Command->IsBuilt() ? "Translate" : "ViewForm")->Click();
 }
 
 void TfrmmlLang::Execute(const TCommand& command) {

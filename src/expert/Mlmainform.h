@@ -83,7 +83,7 @@ class TfrmmlLang : public TForm {
 
     void DeselectHidden();
     TMenuItem* FindCommand(std::string_view name) const;
-    /// As a click would, where the command is enabled.
+    /// As a click would, where the command is enabled; while there is no translation editor the form opens.
     void Translate();
     void BuildMenus();
     void Place(const TCommand& command, TMenuItem& menu, char number);

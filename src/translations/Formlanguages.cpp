@@ -116,12 +116,14 @@ void sbLanguagesClick(TContext& context) {
     TLinkedDispatcher linked = FindDispatcher(context, lang.get());
     if (!EditsDispatcher(context, linked)) linked = {};
     const TStringList present = PresentNames(context, linked.Dispatcher.get(), lang.get());
+    TLangSetUp setUp;
+    const auto confirm = [&](const TStringList& names, const std::vector<int>& places) {
+        setUp = SetUpOf(names, places, present);
+        if (lang == nullptr) setUp = ByNames(setUp);
+        return ConfirmLosses(context, rows, linked, setUp, LostLanguages(present, places));
+    };
     TStringList names = present;
-    std::vector<int> places;
-    if (ConfigureLanguages(context, names, places) != mrOk) return;
-    TLangSetUp setUp = SetUpOf(names, places, present);
-    if (lang == nullptr) setUp = ByNames(setUp);
-    if (!ConfirmLosses(context, rows, linked, setUp, LostLanguages(present, places))) return;
+    if (ConfigureLanguages(context, names, confirm) != mrOk) return;
     const auto scope = BeginCommand(context, "Languages");
     // What a form fails with takes back that form alone.
     TAllSteps steps;

@@ -106,13 +106,13 @@ void TfrmLangConfig::btnDeleteClick() {
     edLangCountChange(std::to_string(lbLangNames.Count()));
 }
 
-TModalResult ConfigureLanguages(TContext& context, TStringList& names, std::vector<int>& formerPlaces) {
+TModalResult ConfigureLanguages(TContext& context, TStringList& names, const TConfirmLanguages& confirm) {
     TfrmLangConfig window(context.Dialogs(), context.Settings.Get().DefaultLangNames, names);
+    window.OnConfirm = [&](const TfrmLangConfig& form) {
+        return confirm(form.lbLangNames, form.FormerPlaces());
+    };
     const TModalResult result = context.Dialogs().ShowModal(window);
-    if (result == mrOk) {
-        names = window.lbLangNames;
-        formerPlaces = window.FormerPlaces();
-    }
+    if (result == mrOk) names = window.lbLangNames;
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ class TfrmLangConfig : public TForm {
     std::vector<bool> Selected;  ///< a flag for each name
     bool btOKEnabled = false;
 
+    /// Asked before the window closes with mrOk; false keeps it open with what was entered.
+    std::function<bool(const TfrmLangConfig&)> OnConfirm;
+
     /// For each name the place (1-based) that its language had when the window was opened, 0 for a new one.
     std::vector<int> FormerPlaces() const;
 
@@ -30,6 +34,7 @@ class TfrmLangConfig : public TForm {
     void btnRenameClick();
     void btnAddClick();
     void btnDeleteClick();
+    bool FormCloseQuery() override { return ModalResult != mrOk || !OnConfirm || OnConfirm(*this); }
 
   private:
     void Step(int tag);
@@ -43,8 +48,10 @@ class TfrmLangConfig : public TForm {
     TStringList formerPlaces_;  ///< as text, for they move as the names do; "" for a new one
 };
 
-/// Shows the window on a copy of the names; only mrOk changes them. formerPlaces is then set to what the
-/// window tells of them.
-TModalResult ConfigureLanguages(TContext& context, TStringList& names, std::vector<int>& formerPlaces);
+/// Asked before languages are taken, with what TfrmLangConfig tells of them.
+using TConfirmLanguages = std::function<bool(const TStringList& names, const std::vector<int>& formerPlaces)>;
+
+/// Shows the window on a copy of the names; only mrOk changes them. What confirm refuses stays open.
+TModalResult ConfigureLanguages(TContext& context, TStringList& names, const TConfirmLanguages& confirm);
 
 }  // namespace tml

@@ -312,6 +312,9 @@ TEST_F(TInsertion, TextsGoWithTheirLanguages) {
                 User.OnMessage("These languages would give up " + std::string(row.Asked) + ". Continue?",
                                row.Answer);
             window.ModalResult = mrOk;
+            if (row.Answer != mrNo) return;
+            EXPECT_FALSE(window.FormCloseQuery()) << "what was entered is not lost";
+            window.ModalResult = mrCancel;
         });
         EXPECT_EQ(lineOf("/p/Unit2.dfm"), row.Texts) << row.Asked;
         if (*row.OtherTexts != 0) {

@@ -60,6 +60,8 @@ TEST_F(TDock, CtrlLGivesItTheFocusAndEnterGoesThere) {
     QApplication::processEvents();
     ASSERT_EQ(QApplication::focusWidget(), &Find<QTableView>("lvFormNames"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    GoTo("orchard/Main.pas", 1);
     EXPECT_EQ(EditorText(), before);
 }
 

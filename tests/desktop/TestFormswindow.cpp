@@ -69,9 +69,30 @@ TEST_F(TFormsWindow, WhatIsTypedFiltersAndHomeAndEndGoToTheEnds) {
         if (!forms.isRowHidden(row)) shown += Cell(forms, row, 0);
     EXPECT_EQ(shown.size(), 2) << FromQt(shown.join(' '));
     EXPECT_EQ(forms.selectionModel()->selectedRows().size(), 2) << "what is hidden is not selected";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_TRUE(forms.hasFocus());
+    QStringList chosen;
+    for (const QModelIndex& row : forms.selectionModel()->selectedRows())
+        chosen += row.data().toString();
+    EXPECT_EQ(chosen, shown.mid(0, 1)) << "the first of what is shown";
+    QTest::keyClick(&forms, Qt::Key_Escape);
+    EXPECT_FALSE(forms.isRowHidden(0)) << "the filter goes from the list, too";
+    QTest::keyClicks(QApplication::focusWidget(), "D");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(forms.isRowHidden(0));
     EXPECT_TRUE(forms.hasFocus());
+}
+
+TEST_F(TFormsWindow, EnterAndADoubleClickOpenTheForm) {
+    OpenOrchard();
+    auto& forms = Find<QTableView>("lvFormNames");
+    SelectForm("MainForm");
+    QTest::keyClick(&forms, Qt::Key_Return);
+    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
+    SelectForm("AboutBox");
+    QTest::mouseDClick(forms.viewport(), Qt::LeftButton, {},
+                       forms.visualRect(forms.selectionModel()->selectedRows().at(0)).center());
+    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/forms/About.dfm"));
 }
 
 TEST_F(TFormsWindow, WhatIsWrittenUnseenIsToldAndWhatChangesNothingIsNoChange) {
@@ -102,6 +123,28 @@ TEST_F(TFormsWindow, WhatIsWrittenUnseenIsToldAndWhatChangesNothingIsNoChange) {
     Click("Save1");
     EXPECT_EQ(OnDisk(about), before);
     EXPECT_EQ(messages.topLevelItemCount(), 1) << "a save of what is open is seen";
+}
+
+TEST_F(TFormsWindow, LanguagesAreRenamedByKeyAndStayWhereTheQuestionIsAnsweredNo) {
+    OpenOrchard();
+    SelectForm("AboutBox");
+    User.On([&](QWidget& dialog) {
+        auto& names = *dialog.findChild<QListWidget*>("lbLangNames");
+        EXPECT_FALSE(dialog.findChild<QPushButton*>("btnRename")->isEnabled()) << "nothing is selected";
+        ClickItem(names, 1);
+        User.AnswerInput("Deutsch");
+        QTest::keyClick(&names, Qt::Key_F2);
+        Press(dialog, "btnMoveUp");
+        User.Answer("These languages would give up English as the base language of AboutBox", "No");
+        Press(dialog, "btOK");
+        ASSERT_TRUE(dialog.isVisible());
+        EXPECT_EQ(names.item(0)->text(), "Deutsch");
+        Press(dialog, "btnMoveDown");
+        Press(dialog, "btOK");
+    });
+    FromFileMenu("Languages...");
+    EXPECT_NE(OnDisk("orchard/forms/About.dfm").find("'Deutsch')"), std::string::npos);
+    EXPECT_EQ(Status(), "Written: About.dfm (Languages)");
 }
 
 TEST_F(TFormsWindow, NamesAreWholeAndNoWidthIsDead) {
