@@ -6,6 +6,8 @@
 #include "base/Utf8.h"
 #include "core/Formrows.h"
 #include "core/Modules.h"
+#include "editors/Mldialogreg.h"
+#include "editors/Mlreg.h"
 #include "expert/Expopt.h"
 #include "expert/Mlmainform.h"
 #include "expert/Mlprojmngrmenu.h"
@@ -404,15 +406,33 @@ void Finalize(const THost& host) {
     if (host.CommonLibrary != nullptr) host.CommonLibrary->Unload();
 }
 
+namespace {
+
+void LinkEditors(TEditorHost& editors, TmlLangExpert& expert) {
+    editors.Expert = &expert.Context();
+    editors.RunCommand = [&expert](std::string_view command) { expert.Window()->Run(command); };
+}
+
+}  // namespace
+
 TPackage MakePackage(const THost& host, std::function<void(TmlLangExpert&)> loaded) {
+    const auto editors = std::make_shared<TEditorHost>(TEditorHost{host});
     return {.Name = "TmlLang",
             .Register =
-                [host, loaded = std::move(loaded)](IRegistration& registration) {
-                    TmlLangExpert& expert = ExpRegister(host, registration);
-                    RegisterProjectMenu(host, expert);
-                    if (loaded) loaded(expert);
+                [host, editors, loaded = std::move(loaded)](IRegistration& registration) {
+                    RegisterMlreg(registration, editors, [&] {
+                        TmlLangExpert& expert = ExpRegister(host, registration);
+                        LinkEditors(*editors, expert);
+                        RegisterProjectMenu(host, expert);
+                        if (loaded) loaded(expert);
+                    });
+                    RegisterMldialogs(registration, editors);
                 },
-            .Finalization = [host] { Finalize(host); }};
+            .Finalization =
+                [host, editors] {
+                    *editors = {host};
+                    Finalize(host);
+                }};
 }
 
 }  // namespace tml

@@ -83,9 +83,7 @@ std::string AllLosses(TContext& context, const std::vector<TFormRow*>& rows, con
     return losses + further;
 }
 
-bool ConfirmLosses(TContext& context, const std::vector<TFormRow*>& rows, const TLinkedDispatcher& linked,
-                   const TLangSetUp& setUp, const TStringList& deleted) {
-    const std::string losses = AllLosses(context, rows, linked, setUp, deleted);
+bool ConfirmLosses(TContext& context, const std::string& losses) {
     if (losses.empty()) return true;
     return context.Dialogs().MessageDlg(Format("These languages would give up %s. Continue?", losses),
                                         TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
@@ -120,7 +118,8 @@ void sbLanguagesClick(TContext& context) {
     const auto confirm = [&](const TStringList& names, const std::vector<int>& places) {
         setUp = SetUpOf(names, places, present);
         if (lang == nullptr) setUp = ByNames(setUp);
-        return ConfirmLosses(context, rows, linked, setUp, LostLanguages(present, places));
+        return ConfirmLosses(context,
+                             AllLosses(context, rows, linked, setUp, LostLanguages(present, places)));
     };
     TStringList names = present;
     if (ConfigureLanguages(context, names, confirm) != mrOk) return;
@@ -131,6 +130,22 @@ void sbLanguagesClick(TContext& context) {
     lease.Save();
     scope->Commit();
     steps.Finish();
+}
+
+bool EditDispatcherLanguages(TContext& context, TmlLangDispatcher& dispatcher) {
+    const TStringList present = dispatcher.GetLangNames();
+    TLangSetUp setUp;
+    const auto confirm = [&](const TStringList& names, const std::vector<int>& places) {
+        setUp = SetUpOf(names, places, present);
+        const std::string name = dispatcher.GetComponent()->GetName();
+        return ConfirmLosses(context, LossOf(dispatcher, name, setUp, LostLanguages(present, places)));
+    };
+    TStringList names = present;
+    if (ConfigureLanguages(context, names, confirm) != mrOk) return false;
+    const auto scope = BeginCommand(context, "Languages");
+    SetUpDispatcher(context, dispatcher, setUp);
+    scope->Commit();
+    return true;
 }
 
 }  // namespace tml
