@@ -5,7 +5,7 @@
 
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
-#include "layout/Buttonkinds.h"
+#include "layout/Buttonglyphs.h"
 #include "layout/Clientareas.h"
 
 namespace tml {
@@ -60,6 +60,7 @@ TLayoutBox StartedBox(const TLayoutNode& node, const TLayoutClass& type, int par
     box.Align = type.Align;
     box.AutoSize = type.AutoSize;
     box.Around = type.Space;
+    box.Scrolls = type.Kind == TLayoutKind::ScrollBox;
     box.Design[0].Size = type.Size.Width;
     box.Design[1].Size = type.Size.Height;
     return box;

@@ -4,21 +4,20 @@
 
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
-#include "layout/Buttonkinds.h"
+#include "layout/Buttonglyphs.h"
 #include "layout/Neededarea.h"
+#include "layout/Panelbuttons.h"
 #include "layout/Toolbarrows.h"
 
 namespace tml {
 namespace {
 
-/// What stands for the kind of a button, and the space beside it.
-constexpr int kKindGlyph = 20;
+/// Between the picture and the text of a button.
 constexpr int kGlyphSpace = 4;
-constexpr int kButtonRoom = 10;
-constexpr int kGlyphButton = kKindGlyph + kButtonRoom;
-constexpr int kLineRoom = 8;
-constexpr int kListRoom = 10;
-constexpr int kComboRoom = 12;
+/// Around the line of a combo box.
+constexpr int kListRoom = 8;
+constexpr int kEmptyRoom = 12;
+constexpr int kEditRoom = 10;
 
 std::string WithoutMarks(std::string_view text) {
     std::string plain;
@@ -73,27 +72,28 @@ TLayoutSize WordsWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     return TextSize(boxes.Texts, box.Text, box.Font, width, marksKeys);
 }
 
-int ButtonRowHeight(const TLayoutBoxes& boxes, const TLayoutBox& box) {
-    const TFormValue* const glyphs = box.Node->Find("ShowGlyphs");
-    const bool hasGlyphs = glyphs == nullptr || !glyphs->Items.empty();
-    const int button = std::max(boxes.Texts.LineHeight(box.Font) + kButtonRoom, hasGlyphs ? kGlyphButton : 0);
-    return button + (FlagIn(box.Node->Find("ShowBevel"), true) ? kLineRoom : 0);
-}
-
-/// The list of a box that can be typed in stands beside a whole edit.
+/// A box that can be typed in is an edit; another one is lower once it has items.
 int ComboHeight(const TLayoutBoxes& boxes, const TLayoutBox& box) {
-    const bool isList = SameText(NameIn(box.Node->Find("Style")), "csDropDownList");
-    return boxes.Texts.LineHeight(box.Font) + (isList ? kListRoom : kComboRoom);
+    const std::string style = NameIn(box.Node->Find("Style"));
+    const bool isEdit = style.empty() || SameText(style, "csDropDown") || SameText(style, "csSimple");
+    const TFormValue* const items = box.Node->Find("Items.Strings");
+    const bool isEmpty = items == nullptr || items->Items.empty();
+    return boxes.Texts.LineHeight(box.Font) + (isEdit ? kEditRoom : isEmpty ? kEmptyRoom : kListRoom);
 }
 
 TLayoutSize LabelledWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     TLayoutSize size = TextSize(boxes.Texts, box.Text, box.Font, 0, true);
-    size.Height = std::max(size.Height, boxes.Texts.LineHeight(box.Font));
-    if (!CaptionOfKind(NameIn(box.Node->Find("Kind"))).empty()) {
-        size.Width += kKindGlyph + kGlyphSpace;
-        size.Height = std::max(size.Height, kKindGlyph);
-    }
+    const TLayoutSize glyph = box.Item < 0 ? GlyphOf(*box.Node) : TLayoutSize();
+    const bool hasBoth = size.Width > 0 && glyph.Width > 0;
+    size.Width += glyph.Width + (hasBoth ? kGlyphSpace : 0);
+    size.Height = std::max({size.Height, boxes.Texts.LineHeight(box.Font), glyph.Height});
     return {size.Width + box.Class->Around.Width, size.Height + box.Class->Around.Height};
+}
+
+/// A title with the frame to its sides.
+TLayoutSize TitleWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
+    const TLayoutSize text = TextSize(boxes.Texts, box.Text, box.Font, 0, true);
+    return {text.Width + box.Class->Around.Width, box.Frame[kTop] + box.Frame[kBottom]};
 }
 
 TLayoutSize OwnWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
@@ -101,12 +101,16 @@ TLayoutSize OwnWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     switch (box.Class->Fit) {
         case TLayoutFit::Text:
             return WordsWish(boxes, box);
+        case TLayoutFit::Title:
+            return TitleWish(boxes, box);
+        case TLayoutFit::Fixed:
+            return around;
         case TLayoutFit::Combo:
             return {0, ComboHeight(boxes, box)};
         case TLayoutFit::TextLine:
             return {0, boxes.Texts.LineHeight(box.Font) + around.Height};
         case TLayoutFit::Buttons:
-            return {0, ButtonRowHeight(boxes, box)};
+            return TPanelButtons(boxes, box).Needed;
         case TLayoutFit::Labelled:
             return LabelledWish(boxes, box);
         default:

@@ -107,13 +107,21 @@ void ResizeSpaces(std::vector<TLine>& lines, int difference) {
     }
 }
 
-/// What a line gives or takes of a difference that is shared with others.
-std::int64_t ShareOf(const TLine& line, TChildResize resize, std::int64_t rest, std::int64_t count,
-                     double scale) {
-    const int sign = rest > 0 ? 1 : -1;
-    const std::int64_t share = resize == TChildResize::Scale ? std::llround(line.Size * scale) - line.Size
-                                                             : (rest + sign * (count - 1)) / count;
-    return sign > 0 ? std::clamp<std::int64_t>(share, 1, rest) : std::clamp<std::int64_t>(share, rest, -1);
+/// A difference that lines share: what is left of it, all of it, and the number of lines.
+struct TShared {
+    std::int64_t Rest;
+    std::int64_t All;
+    std::int64_t Count;
+};
+
+/// What a line gives or takes; the first ones take the broken pixels.
+std::int64_t ShareOf(const TLine& line, TChildResize resize, const TShared& shared, double scale) {
+    const int sign = shared.Rest > 0 ? 1 : -1;
+    const std::int64_t share = resize == TChildResize::Scale
+                                   ? std::llround(line.Size * scale) - line.Size
+                                   : (shared.All + sign * (shared.Count - 1)) / shared.Count;
+    return sign > 0 ? std::clamp<std::int64_t>(share, 1, shared.Rest)
+                    : std::clamp<std::int64_t>(share, shared.Rest, -1);
 }
 
 /// Changes the lines until they fill the target or none can change any more: equally, or each by its size.
@@ -123,13 +131,14 @@ void ResizeLines(std::vector<TLine>& lines, TChildResize resize, int target) {
         const std::int64_t total = TotalOf(lines);
         std::int64_t rest = target - total;
         const auto can = [&](const TLine& line) { return rest > 0 || CanShrink(line); };
-        auto count = std::count_if(lines.begin(), lines.end(), can);
+        const auto count = std::count_if(lines.begin(), lines.end(), can);
         if (rest == 0 || count == 0) return;
         const double scale = static_cast<double>(target) / static_cast<double>(total);
+        const std::int64_t all = rest;
         for (TLine& line : lines) {
             if (rest == 0 || !can(line)) continue;
             const int least = rest > 0 ? 1 : std::max(1, line.Least);
-            const std::int64_t size = line.Size + ShareOf(line, resize, rest, count--, scale);
+            const std::int64_t size = line.Size + ShareOf(line, resize, {rest, all, count}, scale);
             rest += line.Size;
             line.Size = std::max(least, ClampedLength(size));
             rest -= line.Size;
@@ -157,15 +166,15 @@ void PlaceLines(std::vector<TLine>& lines) {
     }
 }
 
+/// What sizes itself keeps its size in the middle of a cell that is too small for it.
 TLayoutExtent PlaceInCell(const TLine& line, int size, TCellAlign align, bool shrinks) {
+    if (align == TCellAlign::Center) return {line.Begin + (line.Size - size) / 2, size};
     if (size > line.Size) return {line.Begin, shrinks ? line.Size : size};
     switch (align) {
         case TCellAlign::Fill:
             return {line.Begin, line.Size};
         case TCellAlign::Far:
             return {line.Begin + line.Size - size, size};
-        case TCellAlign::Center:
-            return {line.Begin + (line.Size - size) / 2, size};
         default:
             return {line.Begin, size};
     }

@@ -16,6 +16,8 @@ namespace {
 /// rest within few rounds, or never.
 constexpr int kMostRounds = 6;
 
+constexpr int kScrollBar = 17;
+
 /// A control that sizes itself moves what stands free in it to its upper left corner.
 void MoveSpared(TLayoutBoxes& boxes, int parent) {
     TLayoutBox& box = boxes[parent];
@@ -40,6 +42,22 @@ void SizeForm(TLayoutBox& form) {
         form.Now[axis].Size = form.OwnSize(axis);
 }
 
+/// What is too small for what it holds shows bars, each of which takes room of the other axis.
+void AddScrollBars(TLayoutBox& box) {
+    if (!box.Scrolls) return;
+    const auto overflows = [&](std::size_t axis) {
+        return box.Wish[axis] > box.Now[axis].Size - box.Bar[axis];
+    };
+    box.Bar = {0, 0};
+    for (const std::size_t axis : {1, 0, 1})
+        if (overflows(axis)) box.Bar[1 - axis] = kScrollBar;
+}
+
+void PlaceWithin(TLayoutBoxes& boxes, int box, const TChildOrders& orders) {
+    AddScrollBars(boxes[box]);
+    PlaceChildren(boxes, box, orders);
+}
+
 std::vector<TLayoutExtents> PlacesOf(const TLayoutBoxes& boxes) {
     std::vector<TLayoutExtents> places;
     places.reserve(boxes.All.size());
@@ -48,7 +66,17 @@ std::vector<TLayoutExtents> PlacesOf(const TLayoutBoxes& boxes) {
     return places;
 }
 
+/// What stands in something hidden stays as the form has it.
+std::vector<bool> LaidOut(const TLayoutBoxes& boxes) {
+    std::vector<bool> laid;
+    laid.reserve(boxes.All.size());
+    for (const TLayoutBox& box : boxes.All)
+        laid.push_back(box.Parent < 0 || (box.Visible && laid[static_cast<std::size_t>(box.Parent)]));
+    return laid;
+}
+
 void PlaceAll(TLayoutBoxes& boxes) {
+    const std::vector<bool> laid = LaidOut(boxes);
     const std::vector<TChildOrders> orders = LinkBoxes(boxes);
     for (int round = 0; round < kMostRounds; ++round) {
         const std::vector<TLayoutExtents> before = PlacesOf(boxes);
@@ -57,7 +85,7 @@ void PlaceAll(TLayoutBoxes& boxes) {
         FindWishes(boxes, orders);
         SizeForm(boxes.All.front());
         for (std::size_t i = 0; i < boxes.All.size(); ++i)
-            PlaceChildren(boxes, static_cast<int>(i), orders[i]);
+            if (laid[i]) PlaceWithin(boxes, static_cast<int>(i), orders[i]);
         if (PlacesOf(boxes) == before) return;
     }
 }
@@ -85,7 +113,7 @@ int OpenPage(const TLayoutBoxes& boxes, const TLayoutBox& control) {
         const bool isNamed = active != nullptr && page.Node->Name == active->Text;
         const bool isNumbered = index != nullptr && index->Text == std::to_string(place++);
         if (isNamed || isNumbered) return child;
-        if (open < 0 && page.Visible) open = child;
+        if (open < 0 && page.TabVisible) open = child;
     }
     return open;
 }
@@ -98,7 +126,7 @@ std::vector<bool> InFront(const TLayoutBoxes& boxes) {
         front.push_back(box.Parent < 0 || (box.Visible && box.Kind() != TLayoutKind::Page));
     for (const TLayoutBox& box : boxes.All) {
         const int page = OpenPage(boxes, box);
-        if (page >= 0) front[static_cast<std::size_t>(page)] = boxes[page].Visible;
+        if (page >= 0) front[static_cast<std::size_t>(page)] = true;
     }
     return front;
 }

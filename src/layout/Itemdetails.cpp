@@ -6,13 +6,12 @@
 #include "layout/Boxproperties.h"
 #include "layout/Boxwishes.h"
 #include "layout/Clientareas.h"
+#include "layout/Panelbuttons.h"
 
 namespace tml {
 namespace {
 
 constexpr int kPartRoom = 8;
-constexpr int kButtonWidth = 80;
-constexpr int kButtonSpace = 6;
 constexpr int kColumnWidth = 64;
 constexpr int kStatusWidth = 50;
 
@@ -128,35 +127,8 @@ void AddStatusPanels(const TLayoutBoxes& boxes, const TLayoutBox& box, TLayoutIt
         AddColumns(boxes, box, item, "Panels", "Text", kStatusWidth);
 }
 
-/// The buttons of a panel of buttons stand at its right end, help at the left one.
 void AddPanelButtons(const TLayoutBoxes& boxes, const TLayoutBox& box, TLayoutItem& item) {
-    struct TPanelButton {
-        const char* Flag;
-        const char* Caption;
-        const char* Text;
-    };
-    static constexpr TPanelButton kButtons[] = {{"pbHelp", "HelpButton.Caption", "&Help"},
-                                                {"pbCancel", "CancelButton.Caption", "Cancel"},
-                                                {"pbClose", "CloseButton.Caption", "&Close"},
-                                                {"pbOK", "OKButton.Caption", "&OK"}};
-    const TFormValue* const shown = box.Node->Find("ShowButtons");
-    const int height = boxes.Texts.LineHeight(box.Font) + 10;
-    int right = box.Now[0].Size - kButtonSpace;
-    for (const TPanelButton& one : kButtons) {
-        const bool isShown = shown == nullptr || std::any_of(shown->Items.begin(), shown->Items.end(),
-                                                             [&](const TFormValue& flag) {
-                                                                 return SameText(flag.Text, one.Flag);
-                                                             });
-        if (!isShown) continue;
-        const TFormValue* const caption = box.Node->Find(one.Caption);
-        const bool isHelp = &one == &kButtons[0];
-        const int left = isHelp ? kButtonSpace : right - kButtonWidth;
-        item.Parts.push_back({{left, (box.Now[1].Size - height) / 2, kButtonWidth, height},
-                              caption == nullptr ? one.Text : TextIn(caption),
-                              false,
-                              TLayoutAlignment::Center});
-        if (!isHelp) right = left - kButtonSpace;
-    }
+    item.Parts = TPanelButtons(boxes, box).Parts;
 }
 
 TAddParts PartsOf(TLayoutKind kind) {

@@ -9,7 +9,7 @@ int ClampedLength(std::int64_t length) {
 }
 
 int TLayoutBox::Room(std::size_t axis) const {
-    return std::max(0, Now[axis].Size - Frame[NearOf(axis)] - Frame[FarOf(axis)]);
+    return std::max(0, Now[axis].Size - Frame[NearOf(axis)] - Frame[FarOf(axis)] - Bar[axis]);
 }
 
 int TLayoutBox::Limited(std::size_t axis, int size) const {
@@ -28,6 +28,12 @@ bool TLayoutBox::Keeps(std::size_t side) const {
 bool TLayoutBox::IsFree(std::size_t axis) const {
     return Align == TLayoutAlign::None && Anchored[NearOf(axis)] && !Anchored[FarOf(axis)] &&
            !Links[NearOf(axis)].Given;
+}
+
+bool TLayoutBox::CountsAsFree(std::size_t axis) const {
+    if (axis == 0) return IsFree(axis);
+    return Align == TLayoutAlign::None && Anchored[kTop] && !Anchored[kBottom] &&
+           AnchorControl[kBottom].empty();
 }
 
 bool TLayoutBox::IsFree() const {

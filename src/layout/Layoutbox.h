@@ -104,7 +104,9 @@ struct TLayoutBox {
     TChildSizing Spread;
 
     bool AutoSize = false;
+    bool Scrolls = false;  ///< shows bars where it is too small
     bool Visible = true;
+    bool TabVisible = true;  ///< of a page, which is laid out all the same
     bool ParentFont = true;
     bool WordWrap = false;
     TLayoutFont Font;
@@ -112,6 +114,7 @@ struct TLayoutBox {
 
     TPerSide<int> Frame = {0, 0, 0, 0};  ///< from the border to the client area
     TPerSide<int> Inset = {0, 0, 0, 0};  ///< from there to where aligned children stand
+    TPerAxis<int> Bar = {0, 0};          ///< what a scroll bar at the far edge takes
     TPerAxis<int> Wish = {0, 0};         ///< size for what it holds, below 1 where it holds nothing
 
     TLayoutKind Kind() const { return Class->Kind; }
@@ -125,6 +128,8 @@ struct TLayoutBox {
     /// Stands and stays where the form puts it.
     bool IsFree() const;
     bool IsFree(std::size_t axis) const;
+    /// Its place counts as the form's where a parent sizes itself: down also that of one tied at its top.
+    bool CountsAsFree(std::size_t axis) const;
 };
 
 /// The sides that an aligned control keeps.

@@ -15,6 +15,8 @@ enum class TLayoutFit : std::uint8_t {
     Text,      ///< the text alone
     TextLine,  ///< the height of a line, with the class's room around it; the width stays
     Labelled,  ///< the text, with the class's room around it
+    Title,     ///< a title and the frame around the children
+    Fixed,     ///< the class's room
     Combo,     ///< the height of a line and a button; the width stays
     Buttons,   ///< a row of buttons and a line above it; the width stays
 };

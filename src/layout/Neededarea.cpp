@@ -54,7 +54,7 @@ class TReachReckoner {
         if (cell != table_.end()) {
             reached.Side[0].To[0] = cell->second.Begin;
             reached.Wanted = cell->second.Size;
-        } else if (parent_.Spread.Order == TChildOrder::None && box.IsFree(axis_)) {
+        } else if (parent_.Spread.Order == TChildOrder::None && box.CountsAsFree(axis_)) {
             reached.Side[0].To[0] = box.Now[axis_].Begin;
         } else if (box.Align == TLayoutAlign::Custom) {
             reached.Side[0].To[0] = box.Now[axis_].Begin;
@@ -180,7 +180,7 @@ int SparedRoom(const TLayoutBoxes& boxes, int parent, std::size_t axis) {
     std::optional<int> spared;
     for (const int index : box.Children) {
         const TLayoutBox& child = boxes[index];
-        if (!child.Visible || !child.IsFree(axis)) continue;
+        if (!child.Visible || !child.CountsAsFree(axis)) continue;
         const int space =
             std::max(child.Space[NearOf(axis)], box.Spread.Edge[axis]) + box.Inset[NearOf(axis)];
         const int own = child.Now[axis].Begin - space;

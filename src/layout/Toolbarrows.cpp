@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kSeparator = 8;
 constexpr int kDivider = 5;
-constexpr int kArrow = 12;
+constexpr int kArrow = 13;
 constexpr int kImage = 16;
 constexpr int kTextRoom = 4;
 constexpr int kToolButtonRoom = 4;
@@ -27,14 +27,14 @@ TButtonStyle StyleOf(const TLayoutBox& box) {
     const std::string style = NameIn(box.Node->Find("Style"));
     if (SameText(style, "tbsSeparator")) return TButtonStyle::Separator;
     if (SameText(style, "tbsDivider")) return TButtonStyle::Divider;
-    if (SameText(style, "tbsDropDown")) return TButtonStyle::DropDown;
+    if (SameText(style, "tbsDropDown") || SameText(style, "tbsButtonDrop")) return TButtonStyle::DropDown;
     return TButtonStyle::Button;
 }
 
 /// A tool bar as its buttons see it; along is the axis of a row.
 class TToolBarRows {
   public:
-    TToolBarRows(const TLayoutBoxes& boxes, int toolBar)
+    TToolBarRows(const TLayoutBoxes& boxes, int toolBar, bool isOneRow)
         : boxes_(boxes),
           bar_(boxes[toolBar]),
           along_(IsUpright() ? 1 : 0),
@@ -43,7 +43,8 @@ class TToolBarRows {
           wraps_(FlagIn(bar_.Node->Find("Wrapable"), true)),
           showsCaptions_(FlagIn(bar_.Node->Find("ShowCaptions"), false)),
           isList_(FlagIn(bar_.Node->Find("List"), false)),
-          image_(FindImage()) {
+          image_(FindImage()),
+          end_(isOneRow ? kFarthest : bar_.Room(along_) - bar_.Inset[FarOf(along_)]) {
         Place();
     }
 
@@ -132,7 +133,6 @@ class TToolBarRows {
 
     void Place() {
         const int start = bar_.Inset[along_];
-        const int end = bar_.Room(along_) - bar_.Inset[along_ + 2];
         TPerAxis<int> pen;
         pen[along_] = start;
         pen[across_] = bar_.Inset[across_];
@@ -142,7 +142,7 @@ class TToolBarRows {
             extents[along_] = {pen[along_], LengthAlong(box)};
             extents[across_] = {pen[across_], AcrossOf(box)};
             extents[along_].Begin = BehindObstacles(extents);
-            if (wraps_ && extents[along_].Begin > start && extents[along_].End() > end) {
+            if (wraps_ && extents[along_].Begin > start && extents[along_].End() > end_) {
                 pen[across_] = ClampedLength(pen[across_] + button_[across_]);
                 extents[across_].Begin = pen[across_];
                 extents[along_].Begin = start;
@@ -159,7 +159,8 @@ class TToolBarRows {
         }
     }
     int AcrossOf(const TLayoutBox& box) const {
-        return box.AutoSize ? box.OwnSize(across_) : box.Limited(across_, button_[across_]);
+        const bool isOwn = box.AutoSize && box.Kind() != TLayoutKind::ToolButton;
+        return isOwn ? box.OwnSize(across_) : box.Limited(across_, button_[across_]);
     }
 
     const TLayoutBoxes& boxes_;
@@ -171,18 +172,21 @@ class TToolBarRows {
     bool showsCaptions_;
     bool isList_;
     TLayoutSize image_;
+    int end_;                     ///< of a row
     std::vector<int> obstacles_;  ///< the aligned children
 };
 
 }  // namespace
 
 void PlaceToolBarRows(TLayoutBoxes& boxes, int toolBar) {
-    for (const auto& [child, extents] : TToolBarRows(boxes, toolBar).Places)
+    for (const auto& [child, extents] : TToolBarRows(boxes, toolBar, false).Places)
         boxes[child].Now = extents;
 }
 
 TLayoutSize ToolBarWish(const TLayoutBoxes& boxes, int toolBar) {
-    const TToolBarRows rows(boxes, toolBar);
+    const TLayoutBox& bar = boxes[toolBar];
+    const bool isGiven = bar.Keeps(kLeft) && bar.Keeps(kRight);
+    const TToolBarRows rows(boxes, toolBar, !isGiven);
     return {rows.Needed[0], rows.Needed[1]};
 }
 

@@ -8,7 +8,8 @@ namespace tml {
 /// the aligned ones.
 void PlaceToolBarRows(TLayoutBoxes& boxes, int toolBar);
 
-/// The size that they need in the width (upright: the height) that the bar has.
+/// The size that they need: in the width (upright: the height) that the bar has where the parent gives it,
+/// else in one row.
 TLayoutSize ToolBarWish(const TLayoutBoxes& boxes, int toolBar);
 
 }  // namespace tml

@@ -1,17 +1,23 @@
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
+#include "forms/Formtree.h"
 #include "layout/Layouttesting.h"
+#include "support/Corpora.h"
+#include "support/Growth.h"
 
 namespace tml {
 namespace {
 
+using std::string;
+
 struct TPlacesCase {
     const char* Name;
-    const char* Form;  ///< what stands in a form with a client area of 200 by 100
+    const char* Inside;  ///< what stands in a form with a client area of 200 by 100
     const char* Places;
 };
 
-std::string Around(const std::string& inside) {
+string Around(const string& inside) {
     return "object Form1: TForm1\n  Left = 40\n  Top = 30\n  Width = 200\n  Height = 100\n  ClientWidth = "
            "200\n"
            "  ClientHeight = 100\n" +
@@ -21,16 +27,23 @@ std::string Around(const std::string& inside) {
 class FormLayout : public testing::TestWithParam<TPlacesCase> {};
 
 TEST_P(FormLayout, PutsControlsWhereTheRunningFormDoes) {
-    EXPECT_EQ(TLaidOut(Around(GetParam().Form)).Places(), GetParam().Places);
+    EXPECT_EQ(TLaidOut(Around(GetParam().Inside)).Places(), GetParam().Places);
 }
 
 const TPlacesCase kCases[] = {
     {"AsDesigned", "object A: TButton Left = 8 Top = 16 Width = 70 Height = 24 end", "A 8,16 70x24\n"},
     {"ClassSizes", "object A: TButton end object B: TMemo end", "A 0,0 75x25\nB 0,0 150x90\n"},
+    {"UnknownClassesAreBoxes",
+     "object A: TGauge Left = 3 Width = 50 Height = 9 end object B: TTimer Left = 5 Top = 6 end",
+     "A 3,0 50x9\n"},
     {"AlignTakesFromTheRest",
      "object B: TPanel Align = alTop Top = 20 Height = 20 end object A: TPanel Align = alTop Height = 20 end "
      "object C: TPanel Align = alLeft Width = 30 end object D: TMemo Align = alClient end",
      "B 0,20 200x20\nA 0,0 200x20\nC 0,40 30x60\nD 30,40 170x60\n"},
+    {"OutermostOnTheFarSidesFirst",
+     "object A: TPanel Align = alBottom Top = 60 Height = 10 end object B: TPanel Align = alBottom Top = 90 "
+     "Height = 10 end object C: TPanel Align = alRight Left = 180 Width = 20 end",
+     "A 0,80 200x10\nB 0,90 200x10\nC 180,0 20x80\n"},
     {"AlignAtOnePlacePutsTheLaterOneOutside",
      "object A: TPanel Align = alTop Height = 20 end object B: TPanel Align = alTop Height = 30 end",
      "A 0,30 200x20\nB 0,0 200x30\n"},
@@ -38,17 +51,190 @@ const TPlacesCase kCases[] = {
      "object A: TPanel Align = alTop Height = 20 BorderSpacing.Around = 6 end "
      "object B: TMemo Align = alClient BorderSpacing.Around = 4 end",
      "A 6,6 188x20\nB 4,32 192x64\n"},
+    {"HiddenOnesTakeNoRoom",
+     "object A: TPanel Align = alTop Height = 20 Visible = False end object B: TMemo Align = alClient end",
+     "A 0,0 170x20\nB 0,0 200x100\n"},
+    {"AnchorsKeepTheDistanceOfTheDesign",
+     "object P: TPanel Align = alClient BevelOuter = bvNone ClientWidth = 100 ClientHeight = 50 "
+     "object A: TButton Left = 70 Width = 20 Height = 20 Anchors = [akTop, akRight] end "
+     "object B: TEdit Left = 10 Top = 5 Width = 80 AutoSize = False Height = 20 Anchors = [akLeft, akTop, "
+     "akRight, "
+     "akBottom] end object C: TButton Left = 40 Top = 20 Width = 20 Height = 10 Anchors = [] end end",
+     "P 0,0 200x100\nA 170,0 20x20\nB 10,5 180x70\nC 90,45 20x10\n"},
+    {"ConstraintsHold",
+     "object A: TPanel Align = alTop Height = 20 Constraints.MaxWidth = 150 Constraints.MinHeight = 30 end",
+     "A 0,0 150x30\n"},
+    {"SidesAreTiedToSiblings",
+     "object B: TButton AnchorSideLeft.Control = A AnchorSideLeft.Side = asrBottom AnchorSideTop.Control = A "
+     "AnchorSideTop.Side = asrCenter AnchorSideRight.Control = Owner AnchorSideRight.Side = asrBottom Height "
+     "= 10 "
+     "Anchors = [akTop, akLeft, akRight] BorderSpacing.Around = 5 end "
+     "object A: TButton Left = 10 Top = 20 Width = 40 Height = 30 BorderSpacing.Right = 8 end",
+     "B 58,30 137x10\nA 10,20 40x30\n"},
+    {"ATieToWhatIsHiddenGoesOn",
+     "object A: TButton Left = 10 Top = 7 Width = 40 end object B: TButton AnchorSideLeft.Control = A "
+     "AnchorSideLeft.Side = asrBottom Visible = False end object C: TButton AnchorSideLeft.Control = B end",
+     "A 10,7 40x25\nB 0,0 75x25\nC 50,0 75x25\n"},
+    {"LabelsTakeTheirText",
+     "object A: TLabel Caption = '&Name && more' end object B: TLabel Caption = 'one two' Width = 20 Anchors "
+     "= "
+     "[akLeft, akTop, akRight] AnchorSideRight.Control = C WordWrap = True end object C: TButton Left = 30 "
+     "end",
+     "A 0,0 66x15\nB 0,0 30x30\nC 30,0 75x25\n"},
+    {"FontsAreHandedDown",
+     "object P: TPanel Align = alClient Font.Height = -20 ParentFont = False object A: TLabel Caption = 'ab' "
+     "end "
+     "object B: TLabel Caption = 'ab' Font.Height = -8 ParentFont = False end end",
+     "P 0,0 200x100\nA 0,0 20x25\nB 0,0 8x10\n"},
+    {"APanelTakesItsChildren",
+     "object P: TPanel Left = 10 Top = 10 AutoSize = True BevelOuter = bvNone ChildSizing.LeftRightSpacing = "
+     "4 "
+     "object A: TButton Left = 30 Top = 20 Width = 40 Height = 20 end "
+     "object B: TButton Left = 80 Top = 30 Width = 40 Height = 20 end end",
+     "P 10,10 98x30\nA 4,0 40x20\nB 54,10 40x20\n"},
+    {"AGroupKeepsItsTitleFree",
+     "object G: TGroupBox Align = alClient Caption = 'Title' object A: TMemo Align = alClient end end",
+     "G 0,0 200x100\nA 0,0 196x83\n"},
+    {"PagesFillTheirControl",
+     "object P: TPageControl Align = alClient ActivePage = A object A: TTabSheet Caption = 'One' end "
+     "object B: TTabSheet TabVisible = False end end",
+     "P 0,0 200x100\nA 0,0 196x71\nB 0,0 196x71\n"},
+    {"ItemsOfAGroupStandInColumns",
+     "object G: TRadioGroup Width = 200 Height = 100 Columns = 2 Items.Strings = ( 'a' 'bb' 'c' ) end",
+     "G 0,0 200x100\nG[0] 6,14 29x19\nG[1] 95,14 35x19\nG[2] 6,62 29x19\n"},
+    {"ChildrenAreSpread",
+     "object P: TPanel Align = alClient BevelOuter = bvNone ChildSizing.Layout = "
+     "cclLeftToRightThenTopToBottom "
+     "ChildSizing.ControlsPerLine = 2 ChildSizing.EnlargeHorizontal = crsHomogenousChildResize "
+     "ChildSizing.HorizontalSpacing = 10 object A: TButton end object B: TButton end object C: TButton end "
+     "end",
+     "P 0,0 200x100\nA 0,0 95x25\nB 105,0 95x25\nC 0,25 95x25\n"},
+    {"ButtonsStandInRows",
+     "object T: TToolBar Width = 60 Align = alLeft Visible = False end "
+     "object B: TToolBar AutoSize = True EdgeBorders = [] ButtonWidth = 90 "
+     "object X: TToolButton Left = 5 end object Y: TToolButton Left = 100 Style = tbsSeparator end "
+     "object Z: TToolButton Left = 110 end object E: TEdit Left = 150 Width = 40 end end",
+     "T 0,0 60x32\nB 0,0 200x45\nX 1,0 90x22\nY 91,0 8x22\nZ 99,0 90x22\nE 1,22 40x23\n"},
+    {"BarsTakeRoom",
+     "object S: TScrollBox Align = alClient BorderStyle = bsNone object A: TPanel Align = alTop Height = 130 "
+     "end end",
+     "S 0,0 200x100\nA 0,0 183x130\n"},
+    {"AMenuBarTakesRoom",
+     "Menu = M object M: TMainMenu object I: TMenuItem Caption = 'File' end end object A: TMemo Align = "
+     "alClient end",
+     "A 0,0 200x75\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Cases, FormLayout, ::testing::ValuesIn(kCases),
                          [](const auto& info) { return info.param.Name; });
 
-TEST(FormLayoutNotes, CircleOfAnchorsIsNoted) {
+TEST(FormLayoutScaling, FormsAreScaledFromTheirResolutionToTheScreens) {
+    const string form =
+        "object F: TF DesignTimePPI = 120 Width = 250 Height = 125 object A: TButton Left = 10 "
+        "Top = 20 Width = 100 Height = 40 Font.Height = -15 Anchors = [akTop, akRight] end end";
+    EXPECT_EQ(TLaidOut(form).Places(), "A 8,16 80x32\n");
+    EXPECT_EQ(TLaidOut(form).Layout.Items[1].Font.Height, 12);
+    EXPECT_EQ(TLaidOut(form, {TLayoutLook::Lcl, 96, false}).Places(), "A 10,20 100x40\n");
+    EXPECT_EQ(TLaidOut(form, {TLayoutLook::Lcl, 240, true}).Places(), "A 20,40 200x80\n");
+}
+
+TEST(FormLayoutDrawing, ItemsSayWhatIsSeenAndHow) {
+    const TLaidOut laidOut(Around(
+        "Menu = M object M: TMainMenu object I: TMenuItem Caption = '&File' end end "
+        "object P: TPageControl Left = 50 Top = 10 Width = 100 Height = 60 ActivePage = B object A: "
+        "TTabSheet "
+        "Caption = 'One' object X: TButton end end object B: TTabSheet Caption = 'Two' object Y: TCheckBox "
+        "Caption = 'On' Left = 70 Checked = True Enabled = False end end end"));
+    const std::vector<TLayoutItem>& items = laidOut.Layout.Items;
+    ASSERT_EQ(items.size(), 6U);
+    EXPECT_EQ(items[0].Parts[0].Text, "&File");
+    EXPECT_EQ(items[1].Place, (TLayoutRect{50, 35, 100, 60}));
+    EXPECT_EQ(items[1].Parts[1].Text, "Two");
+    EXPECT_TRUE(items[1].Parts[1].IsOn);
+    EXPECT_EQ(items[3].Node->Name, "X");
+    EXPECT_EQ(items[3].Seen.Width, 0);
+    const TLayoutItem& box = items[5];
+    EXPECT_EQ(box.Kind, TLayoutKind::CheckBox);
+    EXPECT_EQ(box.Place, (TLayoutRect{122, 62, 35, 19}));
+    EXPECT_EQ(box.Seen, (TLayoutRect{122, 62, 26, 19}));
+    EXPECT_EQ(box.Text, "On");
+    EXPECT_TRUE(box.IsOn);
+    EXPECT_FALSE(box.Enabled);
+}
+
+TEST(FormLayoutBadInput, CirclesOfAnchorsAreBrokenAndNoted) {
     const TLaidOut laidOut(
         Around("object A: TButton AnchorSideLeft.Control = B Left = 5 end "
-               "object B: TButton AnchorSideLeft.Control = A Left = 9 end"));
-    EXPECT_EQ(laidOut.Layout.Notes, std::vector<std::string>{"Circle of anchors at B"});
-    EXPECT_EQ(laidOut.Places(), "A 9,0 75x25\nB 9,0 75x25\n");
+               "object B: TButton AnchorSideLeft.Control = A Left = 9 end "
+               "object C: TButton AnchorSideTop.Control = C Top = 4 end"));
+    EXPECT_EQ(laidOut.Layout.Notes, std::vector<string>{"Circle of anchors at B"});
+    EXPECT_EQ(laidOut.Places(), "A 9,0 75x25\nB 9,0 75x25\nC 0,4 75x25\n");
+}
+
+TEST(FormLayoutBadInput, AbsurdValuesStayInRange) {
+    const TLaidOut laidOut(Around(
+        "object A: TPanel Width = 99999999999999 Height = -5 Align = alTop BorderSpacing.Around = 2147483647 "
+        "end "
+        "object B: TMemo Left = -99999 Width = 99999 Anchors = [akRight] Constraints.MinWidth = -7 end "
+        "object C: TButton Align = 3 Anchors = 4 Font.Height = 'x' Caption = 5 Top = alTop end "
+        "object D: TPanel PixelsPerInch = 0 ChildSizing.Layout = cclTopToBottomThenLeftToRight "
+        "ChildSizing.ControlsPerLine = -3 object E: TButton Height = 88888888888 end end"));
+    for (const TLayoutItem& item : laidOut.Layout.Items) {
+        EXPECT_GE(item.Bounds.Width, 0) << item.Node->Name;
+        EXPECT_GE(item.Bounds.Height, 0) << item.Node->Name;
+        EXPECT_LE(std::max(item.Bounds.Width, item.Bounds.Height), 100'000) << item.Node->Name;
+    }
+    EXPECT_EQ(laidOut.Layout.Items.size(), 6U);
+}
+
+/// Chains of anchors, of alignments, of parents, a table and a bar, of so many controls.
+string LargeForm(int size) {
+    string inside;
+    for (int i = 0; i < size; ++i)
+        inside += Format(
+            "object A%d: TButton AnchorSideTop.Control = A%d AnchorSideTop.Side = asrBottom end\n"
+            "object B%d: TPanel Align = alTop Top = %d AutoSize = True end\n",
+            i, i + 1, i, size - i);
+    inside += "object T: TToolBar\n";
+    for (int i = 0; i < size; ++i)
+        inside += Format("object C%d: TToolButton Left = %d end\n", i, size - i);
+    inside +=
+        "end object P: TPanel AutoSize = True ChildSizing.Layout = cclLeftToRightThenTopToBottom "
+        "ChildSizing.ControlsPerLine = 7 ChildSizing.EnlargeVertical = crsScaleChilds\n";
+    for (int i = 0; i < size; ++i)
+        inside += Format("object D%d: TEdit end\n", i);
+    inside += "end\n";
+    return Around(inside);
+}
+
+TEST(FormLayoutGrowth, TimeGrowsWithTheNumberOfControls) {
+    ExpectLinearGrowth(150, [](int size) {
+        return TLaidOut(LargeForm(size)).Layout.Items.size() == static_cast<std::size_t>(4 * size + 3);
+    });
+}
+
+TEST(FormLayoutGrowth, DeepFormsAreLaidOut) {
+    TLayoutNode form;
+    form.ClassName = "TForm1";
+    TLayoutNode* inner = &form;
+    for (int i = 0; i < 5000; ++i) {
+        inner->Children.resize(1);
+        inner = &inner->Children.front();
+        inner->ClassName = "TPanel";
+        inner->Properties.push_back({"AutoSize", TFormValue::Boolean(true)});
+    }
+    EXPECT_EQ(LayOutForm(form, TFixedMeasure()).Items.size(), 5001U);
+}
+
+TEST(FormLayoutCorpus, EveryPackagedFormIsLaidOut) {
+    const auto files = PartOf(FilesBelow("/usr/lib/lazarus", {".lfm"}), 4);
+    ASSERT_FALSE(files.empty()) << "install the package lazarus-src";
+    for (const auto& file : files) {
+        const TLaidOut laidOut(ReadFileOf(file));
+        EXPECT_FALSE(laidOut.Layout.Items.empty()) << file;
+        for (const TLayoutItem& item : laidOut.Layout.Items)
+            EXPECT_TRUE(item.Bounds.Width >= 0 && item.Bounds.Height >= 0) << file << " " << item.Node->Name;
+    }
 }
 
 }  // namespace
