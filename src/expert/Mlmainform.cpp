@@ -175,7 +175,7 @@ void TfrmmlLang::lvFormNamesChange() {
 }
 
 void TfrmmlLang::lvFormNamesKeyDown(TShortCut key) {
-    if (key == kEnter) Translate();
+    if (key == kEnter) FindCommand("Translate")->Click();
 }
 
 void TfrmmlLang::SelectAll1Click() {
@@ -285,12 +285,6 @@ void TfrmmlLang::Run(std::string_view commandName) {
     if (item == nullptr || !item->Enabled)
         throw std::invalid_argument("no command that can be run now: " + std::string(commandName));
     item->Click();
-}
-
-void TfrmmlLang::Translate() {
-    const auto translate = std::find_if(
-        built_.begin(), built_.end(), [](const TBuilt& built) { return built.Command->Name == "Translate"; });
-    FindCommand(translate->Command->IsBuilt() ? "Translate" : "ViewForm")->Click();
 }
 
 void TfrmmlLang::Execute(const TCommand& command) {

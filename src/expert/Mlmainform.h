@@ -44,7 +44,7 @@ class TfrmmlLang : public TForm {
     void UpdateStatusBar();
     void lvFormNamesColumnClick(int column);
     void lvFormNamesChange();
-    void lvFormNamesDblClick() { Translate(); }
+    void lvFormNamesDblClick() { FindCommand("Translate")->Click(); }
     void lvFormNamesKeyDown(TShortCut key);
     /// row: of the forms list, 0-based.
     bool IsShown(int row) const;
@@ -83,8 +83,6 @@ class TfrmmlLang : public TForm {
 
     void DeselectHidden();
     TMenuItem* FindCommand(std::string_view name) const;
-    /// As a click would, where the command is enabled; while there is no translation editor the form opens.
-    void Translate();
     void BuildMenus();
     void Place(const TCommand& command, TMenuItem& menu, char number);
     TMenuItem& SubMenu(TMenuItem& menu, TSubMenu subMenu, char number);

@@ -59,8 +59,12 @@ TEST_F(TDock, CtrlLGivesItTheFocusAndEnterGoesThere) {
     QTest::keyClick(Window->Tabs().Current(), Qt::Key_L, Qt::ControlModifier);
     QApplication::processEvents();
     ASSERT_EQ(QApplication::focusWidget(), &Find<QTableView>("lvFormNames"));
+    SelectForm("AboutBox");
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmTransEditor");
+        Press(window, "btnCancel");
+    });
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    EXPECT_EQ(Window->Tabs().CurrentFile(), Path("orchard/Main.dfm"));
     GoTo("orchard/Main.pas", 1);
     EXPECT_EQ(EditorText(), before);
 }
