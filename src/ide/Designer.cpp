@@ -175,7 +175,7 @@ void TDesigner::CheckOwn(const TFormNode& node) {
 template <typename Change>
 void TDesigner::ForEachReference(const std::string& name, Change change) {
     if (name.empty()) return;
-    for (TFormNode* node : NodesBelow(form_->Root(), true))
+    for (TFormNode* node : NodesBelow(form_->Root()))
         for (const TFormProperty& property : node->Properties())
             if (property.Value.Kind == TFormValueKind::Identifier && SameText(property.Value.Text, name))
                 change(*node, property.Name);
@@ -208,7 +208,8 @@ void TDesigner::Delete(TFormNode& node) {
     CheckOwn(node);
     const std::string name = node.Name();
     const auto command = services_.Journal->Begin("Delete " + name);
-    for (const TFormNode* gone : NodesBelow(node, false))
+    for (const TFormNode* gone :
+         NodesBelow(node, [this](const TFormNode& one) { return form_->IsFrame(one); }))
         if (!gone->Name().empty())
             source_.RemoveComponent(form_->Root().ClassName(), gone->ClassName(), gone->Name());
     form_->Change("Delete " + name, [&](TFormTree& tree) {
@@ -251,6 +252,13 @@ std::shared_ptr<IOTAComponent> TDesigner::FindAncestor(const TFormNode& node) {
     // A class that derives from itself would be looked through for ever.
     const bool fits = found != nullptr && found != GetRootComponent();
     return fits && SameText(found->GetComponentType(), className) ? found : nullptr;
+}
+
+bool TDesigner::InheritsFrame(const TFormNode& node) {
+    auto inherited = FindAncestor(node);
+    while (inherited != nullptr && inherited->GetOrigin() == TComponentOrigin::coInherited)
+        inherited = inherited->GetAncestor();
+    return inherited != nullptr && inherited->GetOrigin() == TComponentOrigin::coFrame;
 }
 
 /// What had followed the name is restored as well, so nobody is told.

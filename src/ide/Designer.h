@@ -62,6 +62,7 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void Delete(TFormNode& node) override;
     std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) override;
     std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) override;
+    bool InheritsFrame(const TFormNode& node) override;
     std::shared_ptr<IOTAComponent> FindOwned(TFormNode& owner, const std::string& name) override;
     std::shared_ptr<IOTAComponent> FindInherited(const TFormNode& owner, const std::string& name) override;
     void NameRestored() override;

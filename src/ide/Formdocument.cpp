@@ -12,14 +12,14 @@
 namespace tml {
 
 // A form has no bound on its depth, so the walk keeps its own stack.
-std::vector<TFormNode*> NodesBelow(TFormNode& node, bool intoFrames) {
+std::vector<TFormNode*> NodesBelow(TFormNode& node, const std::function<bool(const TFormNode&)>& isClosed) {
     std::vector<TFormNode*> nodes;
     std::vector<TFormNode*> open = {&node};
     while (!open.empty()) {
         TFormNode* next = open.back();
         open.pop_back();
         nodes.push_back(next);
-        if (!intoFrames && next != &node && next->Prefix() == TFormPrefix::Inline) continue;
+        if (isClosed && next != &node && isClosed(*next)) continue;
         const auto& children = next->Children();
         for (auto child = children.rbegin(); child != children.rend(); ++child)
             open.push_back(child->get());
@@ -72,20 +72,31 @@ std::shared_ptr<TDesignComponent> TFormDocument::ComponentOf(TFormNode& node) {
 
 const std::vector<TFormNode*>& TFormDocument::OwnedBy(const TFormNode& owner) {
     static const std::vector<TFormNode*> none;
-    if (&owner != &Root() && owner.Prefix() != TFormPrefix::Inline) return none;
-    const auto [place, isNew] = owned_.try_emplace(&owner);
-    if (isNew) {
-        place->second = NodesBelow(const_cast<TFormNode&>(owner), false);
-        place->second.erase(place->second.begin());
-    }
-    return place->second;
+    if (&owner != &Root() && !IsFrame(owner)) return none;
+    if (const auto known = owned_.find(&owner); known != owned_.end()) return known->second;
+    std::vector<TFormNode*> owned =
+        NodesBelow(const_cast<TFormNode&>(owner), [this](const TFormNode& node) { return IsFrame(node); });
+    owned.erase(owned.begin());
+    return owned_[&owner] = std::move(owned);
 }
 
-TFormNode* TFormDocument::OwnerOf(const TFormNode& node) const {
+TFormNode* TFormDocument::OwnerOf(const TFormNode& node) {
     TFormNode* owner = node.Parent();
-    while (owner != nullptr && owner->Parent() != nullptr && owner->Prefix() != TFormPrefix::Inline)
+    while (owner != nullptr && owner->Parent() != nullptr && !IsFrame(*owner))
         owner = owner->Parent();
     return owner;
+}
+
+/// The file does not tell an inherited frame from another container: its ancestors do.
+bool TFormDocument::IsFrame(const TFormNode& node) {
+    if (node.Prefix() == TFormPrefix::Inline) return true;
+    const bool mayBe = node.Prefix() == TFormPrefix::Inherited && node.Parent() != nullptr;
+    if (!mayBe || node.Children().empty()) return false;
+    // Forms that inherit from each other would ask for ever.
+    const auto [known, isNew] = inheritsFrame_.try_emplace(&node, false);
+    if (!isNew) return known->second;
+    const bool isFrame = designer_->InheritsFrame(node);
+    return inheritsFrame_[&node] = isFrame;
 }
 
 TFormNode* TFormDocument::FindOwned(std::string_view name) {
@@ -93,11 +104,7 @@ TFormNode* TFormDocument::FindOwned(std::string_view name) {
 }
 
 TFormNode* TFormDocument::FindOwned(const TFormNode& owner, std::string_view name) {
-    // A frame that is inherited owns what stands in its block.
-    const bool isInherited = owner.Parent() != nullptr && owner.Prefix() == TFormPrefix::Inherited;
-    const std::vector<TFormNode*> block =
-        isInherited ? NodesBelow(const_cast<TFormNode&>(owner), false) : std::vector<TFormNode*>();
-    const std::vector<TFormNode*>& owned = isInherited ? block : OwnedBy(owner);
+    const std::vector<TFormNode*>& owned = OwnedBy(owner);
     const auto found = std::find_if(owned.begin(), owned.end(),
                                     [&](const TFormNode* node) { return SameText(node->Name(), name); });
     return found == owned.end() ? nullptr : *found;
@@ -120,7 +127,8 @@ TFormNode& TFormDocument::Add(TFormTree& tree, TFormNode& parent, const std::str
 
 void TFormDocument::Remove(TFormTree& tree, TFormNode& node) {
     owned_.clear();
-    for (TFormNode* gone : NodesBelow(node, true))
+    inheritsFrame_.clear();
+    for (TFormNode* gone : NodesBelow(node))
         Unbind(*gone);
     tree.RemoveChild(node);
 }
@@ -140,10 +148,11 @@ TFormTree& TFormDocument::Tree() {
 void TFormDocument::Read() {
     if (!unread_ || IsClosed()) return;
     owned_.clear();
+    inheritsFrame_.clear();
     tree_ = TFormTree::Parse(Bytes(), FileName(), codePage_);
     unread_ = false;
     if (!places_) return;
-    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root(), true);
+    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root());
     for (const TPlaces::TPlace& place : places_->Places) {
         place.Component->Bind(nodes.at(place.Node));
         components_[nodes[place.Node]] = place.Component;
@@ -155,7 +164,7 @@ std::shared_ptr<const TDocument::TView> TFormDocument::View() const {
     if (unread_) return places_;
     auto view = std::make_shared<TPlaces>();
     if (components_.empty()) return view;
-    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root(), true);
+    const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root());
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (const auto found = components_.find(nodes[i]); found != components_.end())
             view->Places.push_back({found->second, i, nodes[i]->Name()});

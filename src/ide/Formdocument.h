@@ -26,6 +26,8 @@ class IComponentDesigner {
     virtual std::shared_ptr<IOTAComponent> FindReference(const std::string& reference) = 0;
     /// What the node repeats, see IOTAComponent::GetAncestor.
     virtual std::shared_ptr<IOTAComponent> FindAncestor(const TFormNode& node) = 0;
+    /// Whether what the node repeats is a frame.
+    virtual bool InheritsFrame(const TFormNode& node) = 0;
     /// See IOTAComponent::FindComponent.
     virtual std::shared_ptr<IOTAComponent> FindOwned(TFormNode& owner, const std::string& name) = 0;
     /// The component of the form's or frame's nearest ancestor that has one of this name; nullptr when there
@@ -61,7 +63,9 @@ class TFormDocument : public TDocument {
     /// The components that the form or frame owns, in file order; none for other components.
     const std::vector<TFormNode*>& OwnedBy(const TFormNode& owner);
     /// The frame or form that owns the component, nullptr for the form itself.
-    TFormNode* OwnerOf(const TFormNode& node) const;
+    TFormNode* OwnerOf(const TFormNode& node);
+    /// A frame owns what stands in its block, one that the form inherits as well.
+    bool IsFrame(const TFormNode& node);
     /// The form itself or a component that it owns, without regard to case; nullptr when there is none.
     TFormNode* FindOwned(std::string_view name);
     /// Likewise a component of the file that a form or frame owns.
@@ -95,11 +99,13 @@ class TFormDocument : public TDocument {
     IComponentDesigner* designer_ = nullptr;
     std::unordered_map<const TFormNode*, std::shared_ptr<TDesignComponent>> components_;
     std::unordered_map<const TFormNode*, std::vector<TFormNode*>> owned_;
+    std::unordered_map<const TFormNode*, bool> inheritsFrame_;
     /// Names before the first Take since the last Restored.
     TNames formerNames_;
 };
 
-/// The component and all below it in file order; those inside frames only with intoFrames.
-std::vector<TFormNode*> NodesBelow(TFormNode& node, bool intoFrames);
+/// The component and all below it in file order, but for what stands in the block of one that is closed.
+std::vector<TFormNode*> NodesBelow(TFormNode& node,
+                                   const std::function<bool(const TFormNode&)>& isClosed = {});
 
 }  // namespace tml

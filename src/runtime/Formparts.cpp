@@ -56,35 +56,30 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
         unseen_.push_back(path);
     }
     if (isFrame && frames_ == TFrames::Translated) LeaveTranslated(begin);
-    const int part = Overlay(owner, path, holder);
-    parts_[static_cast<std::size_t>(part)].IsFrame = isFrame;
-    TPlaces places{{{owner->GetComponentHandle(), part}}};
-    const int count = owner->GetComponentCount();
-    for (int i = 0; i < count; ++i)
-        ReadOwned(owner->GetComponent(i), path, places);
+    ReadBlock(owner, path, holder);
     --depth_;
 }
 
-/// What the file of a descendant says of an inherited frame stands in no frame's block, but within it all the
-/// same.
+/// What the file says of a form or a frame, be it inherited.
+void TFormParts::ReadBlock(const TComponentPtr& owner, const std::string& path, int holder) {
+    TPlaces places{{{owner->GetComponentHandle(), Overlay(owner, path, holder)}}};
+    const int count = owner->GetComponentCount();
+    for (int i = 0; i < count; ++i)
+        ReadOwned(owner->GetComponent(i), path, places);
+}
+
 void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places) {
     const auto parent = component->GetParent();
     const auto block =
         parent == nullptr ? places.Parts.end() : places.Parts.find(parent->GetComponentHandle());
-    int holder = block == places.Parts.end() ? -1 : block->second;
-    std::string inside = path;
-    for (int around = holder; around >= 0; around = parts_[static_cast<std::size_t>(around)].Holder) {
-        const TFormPart& part = parts_[static_cast<std::size_t>(around)];
-        if (part.Path == path || !part.IsFrame) continue;
-        inside = part.Path;
-        break;
-    }
-    const std::string own =
-        component->GetName().empty() ? std::string() : Joined(inside, component->GetName());
+    const int holder = block == places.Parts.end() ? -1 : block->second;
+    const std::string own = component->GetName().empty() ? std::string() : Joined(path, component->GetName());
     if (own.empty()) {
         places.Parts.emplace(component->GetComponentHandle(), holder);
     } else if (component->GetOrigin() == TComponentOrigin::coFrame) {
         Read(component, own, holder);
+    } else if (component->GetComponentCount() > 0) {
+        ReadBlock(component, own, holder);
     } else {
         places.Parts.emplace(component->GetComponentHandle(), Overlay(component, own, holder));
     }
@@ -93,7 +88,7 @@ void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& pa
 /// Gives the component's index.
 int TFormParts::Overlay(const TComponentPtr& component, const std::string& path, int holder) {
     const auto [place, isNew] = byPath_.emplace(UpperCase(path), static_cast<int>(parts_.size()));
-    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder, false, false});
+    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder, false});
     TFormPart& part = parts_[static_cast<std::size_t>(place->second)];
     part.Name = component->GetName();
     part.ClassName = component->GetComponentType();

@@ -20,7 +20,6 @@ struct TFormPart {
     /// In the form's own file; nullptr for one that only its ancestors and frames hold.
     std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
-    bool IsFrame = false;
     bool TranslatesItself = false;  ///< stands on a frame that has a localization component of its own
 };
 
@@ -45,6 +44,7 @@ class TFormParts {
     struct TPlaces;
     using TComponentPtr = std::shared_ptr<IOTAComponent>;
     void Read(const TComponentPtr& owner, const std::string& path, int holder);
+    void ReadBlock(const TComponentPtr& owner, const std::string& path, int holder);
     void ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places);
     int Overlay(const TComponentPtr& component, const std::string& path, int holder);
     void LeaveTranslated(std::size_t begin);

@@ -156,6 +156,30 @@ TEST(Showlanguage, WhatAFormInheritsIsOverriddenAndThenNot) {
     EXPECT_EQ(form.Form(), before);
 }
 
+TEST(Showlanguage, WhatStandsInTheBlockOfAnInheritedFrameRepeatsTheFramesComponent) {
+    TShownForm form(
+        "inherited Main: TMain\n  inherited fra: TCargo\n    inherited lbl: TLabel\n      Hint = "
+        "'Go'\n    end\n  end\nend\n",
+        "TMain",
+        "    Captions.Strings = (\n      'lbl.Caption'#1'Tide'#1'Flut'#1\n      "
+        "'fra.lbl.Caption'#1'Load'#1'Last'#1)\n",
+        "object Base: TBase\n  inline fra: TCargo\n  end\n  object lbl: TLabel\n    Caption = "
+        "'Tide'\n  end\nend\n");
+    form.Put("Cargo", "TCargo",
+             "object Cargo: TCargo\n  object lbl: TLabel\n    Caption = 'Load'\n  end\nend\n", "TFrame");
+    form.Files.Files["/p/P.dpr"].insert(std::string("program P;\nuses ").size(),
+                                        "Cargo in 'Cargo.pas' {Cargo}, ");
+    const std::string before = form.Form();
+    form.Show(1, 2);
+    EXPECT_EQ(form.Shown(),
+              "inherited Main: TMain\n  inherited fra: TCargo\n    inherited lbl: TLabel\n      Hint = 'Go'\n"
+              "      Caption = 'Last'\n    end\n  end\n");
+    EXPECT_TRUE(form.Form().ends_with("  inherited lbl: TLabel\n    Caption = 'Flut'\n  end\nend\n"))
+        << form.Form();
+    form.Show(2, 1);
+    EXPECT_EQ(form.Form(), before);
+}
+
 /// Another value for each entry: of what is no text one that a form can hold.
 std::string Other(TStringsType type, const std::string& base) {
     if (type == TStringsType::stFonts) return "Name=Other;Height=-77;Style=Bold,Underline";

@@ -8,7 +8,10 @@ uses
   Dock in 'Dock.pas' {DockForm},
   Jetty in 'Jetty.pas' {JettyForm},
   Crane in 'Crane.pas' {CraneFrame: TFrame},
-  Quay in 'Quay.pas' {QuayForm};
+  Quay in 'Quay.pas' {QuayForm},
+  Winch in 'Winch.pas' {WinchFrame: TFrame},
+  Basin in 'Basin.pas' {BasinForm},
+  Lock in 'Lock.pas' {LockForm};
 
 begin
 end.
