@@ -8,6 +8,11 @@
 #include "desktop/Texts.h"
 
 namespace tml {
+namespace {
+
+constexpr const char* kButtonRow = "buttons";  ///< the row below everything else, in every view that has one
+
+}  // namespace
 
 TFormDialog::TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewServices& services,
                          QWidget* parent)
@@ -51,19 +56,27 @@ TModalResult TFormDialog::Execute() {
 void TFormDialog::FitOnScreen() {
     const QSize room = RoomFor(*this);
     const QSize least = view_->minimumSizeHint().expandedTo(view_->minimumSize());
-    if (least.boundedTo(room) != least) {
-        auto* area = new QScrollArea(this);
-        area->setFrameShape(QFrame::NoFrame);
-        area->setWidgetResizable(true);
-        layout()->removeWidget(view_);
-        layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
-        setMinimumSize(0, 0);
-        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        layout()->addWidget(area);
-        area->setWidget(view_);
-        resize(least + QSize(area->verticalScrollBar()->sizeHint().width(), 0));
-    }
+    if (least.boundedTo(room) != least) Scroll(least);
     resize(size().boundedTo(room));
+}
+
+void TFormDialog::Scroll(const QSize& least) {
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    layout()->removeWidget(view_);
+    layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    layout()->addWidget(area);
+    if (auto* buttons = view_->findChild<QHBoxLayout*>(kButtonRow)) {
+        view_->layout()->removeItem(buttons);
+        buttons->setParent(nullptr);
+        buttons->setContentsMargins(view_->layout()->contentsMargins());
+        static_cast<QVBoxLayout*>(layout())->addLayout(buttons);
+    }
+    area->setWidget(view_);
+    resize(least + QSize(area->verticalScrollBar()->sizeHint().width(), 0));
 }
 
 void TFormDialog::StoreLayout() {

@@ -25,8 +25,10 @@ class TFormDialog : public QDialog {
 
   private:
     void FormChanged();
-    /// Makes it as small as its screen; what has no room then is scrolled to.
+    /// Makes it as small as its screen.
     void FitOnScreen();
+    /// What has no room, which is the size that it needs at least, is scrolled to, but for the buttons.
+    void Scroll(const QSize& least);
     void FocusActiveControl();
     void TryClose();
     void StoreLayout();

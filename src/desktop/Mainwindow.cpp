@@ -1,6 +1,7 @@
 #include "desktop/Mainwindow.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -239,6 +240,7 @@ bool TMainWindow::SaveAsking(const std::function<void()>& save) {
     for (;;) {
         try {
             save();
+            TellWritten();  // before what is saved may be closed
             return true;
         } catch (const EChangedOnDisk& changed) {
             if (host_->Modules().FindModule(changed.File()) == nullptr) throw;
@@ -311,6 +313,8 @@ void TMainWindow::OpenProject(const QString& path) {
     for (const TProjectProblem& problem : host_->Ide().Problems())
         messages_->AddMessage(problem.FileName, problem.Line, problem.Problem + ". " + problem.Remedy);
     if (!opened) return;
+    // Names of files that the person types mean the project's folder, wherever the program was started.
+    QDir::setCurrent(QFileInfo(file).absolutePath());
     ui_->messageDock->setVisible(messages_->topLevelItemCount() > 0);
     ui_->messageDock->raise();
     // Last, and apart: where it cannot be stored the project is open all the same.

@@ -26,6 +26,7 @@
 #include "expert/Mlmainform.h"
 #include "platform/Projectoptions.h"
 #include "scan/Dntcedit.h"
+#include "translations/Projmngsaskfilename.h"
 
 // Takes a picture of every window on a copy of a sample project, without a screen.
 namespace tml {
@@ -57,6 +58,7 @@ class TPictures {
     void TakeProjectSettings();
     void TakeExternalFiles();
     void TakeTranslations();
+    void TakeTranslationFiles();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -143,7 +145,6 @@ void TPictures::TakeOptions() {
 
 void TPictures::TakeProjectSettings() {
     const std::string dictionary = "Orchard.dix";
-    QDir::setCurrent(ToQt(Path("orchard")));
     std::ofstream(dictionary) << "<HEAD>\n<LANGUAGE>English</LANGUAGE>\n</HEAD>\n";
     const auto settings = window_->Host().Host().Runtime->mlLangProjectSettings;
     settings->SetOptionValue("DefaultDictionary", dictionary);
@@ -193,6 +194,28 @@ void TPictures::TakeTranslations() {
     RunCommand("Translate");
 }
 
+void TPictures::TakeTranslationFiles() {
+    TExpertSettings& settings = window_->Host().Expert()->Settings();
+    settings.SetMultiProjFolder("translations");
+    settings.SetMultiProjUseTemplate(true);
+    steps_.push_back([this](QWidget& dialog) {
+        Take(dialog, "filename");
+        dialog.close();
+    });
+    TfrmAsk4FileName names(window_->Host().Expert()->Context(), true);
+    window_->Host().Host().Dialogs->ShowModal(names);
+    steps_.push_back([this](QWidget& chooser) {
+        for (const char* kind : {"Captions", "Hints"}) {
+            auto& kinds = *chooser.findChild<QListWidget*>("lbComps");
+            kinds.setCurrentItem(kinds.findItems(kind, Qt::MatchExactly).first());
+            chooser.findChild<QAbstractButton*>("btAdd")->click();
+        }
+        Take(chooser, "properties");
+        chooser.close();
+    });
+    RunCommand("SaveProjectProperties");
+}
+
 void TPictures::TakeAll() {
     SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
@@ -234,6 +257,7 @@ void TPictures::TakeAll() {
     TakeOptions();
     TakeProjectSettings();
     TakeExternalFiles();
+    TakeTranslationFiles();
     window_->HelpContents();
     Take(*window_->findChild<THelp*>("help"), "help");
     window_->findChild<THelp*>("help")->close();

@@ -74,7 +74,7 @@ bool PortalPrefersDark() {
 }
 
 /// Outlines of boxes that are not ticked are hardly seen in a dark window, and the signs on the title bars of
-/// docks are drawn for light ones.
+/// docks and at the end of a tool bar that is too narrow are drawn for light ones.
 class TThemeStyle : public QProxyStyle {
   public:
     TThemeStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
@@ -96,6 +96,7 @@ class TThemeStyle : public QProxyStyle {
                        const QWidget* widget) const override {
         if (icon == SP_TitleBarCloseButton) return PictureOf("dockclose");
         if (icon == SP_TitleBarNormalButton) return PictureOf("float");
+        if (icon == SP_ToolBarHorizontalExtensionButton) return PictureOf("more");
         return QProxyStyle::standardIcon(icon, option, widget);
     }
 };

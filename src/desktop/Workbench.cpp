@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -39,13 +40,13 @@ int main(int argc, char** argv) {
     arguments.addPositionalArgument("PROJECT", "A project or a group of projects to open.", "[PROJECT]");
     AnswerWithoutDisplay(argc, argv, arguments);
     QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName("TmlLang Workbench");
     LoadResources();
     arguments.process(application);
 
     const QString side = arguments.value(theme);
     SetTheme(application, side == "light" ? TTheme::Light : side == "dark" ? TTheme::Dark : TTheme::Desktop);
-    TMainWindow window({FromQt(arguments.value(config)), FromQt(QApplication::applicationDirPath())});
+    const QString settingsFolder = QFileInfo(arguments.value(config)).absoluteFilePath();
+    TMainWindow window({FromQt(settingsFolder), FromQt(QApplication::applicationDirPath())});
     window.show();
     const QStringList projects = arguments.positionalArguments();
     if (!projects.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenProject(projects.first()); });

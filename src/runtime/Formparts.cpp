@@ -88,10 +88,11 @@ void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& pa
 /// Gives the component's index.
 int TFormParts::Overlay(const TComponentPtr& component, const std::string& path, int holder) {
     const auto [place, isNew] = byPath_.emplace(UpperCase(path), static_cast<int>(parts_.size()));
-    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder, false});
+    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder});
     TFormPart& part = parts_[static_cast<std::size_t>(place->second)];
     part.Name = component->GetName();
     part.ClassName = component->GetComponentType();
+    part.IsFrame = part.IsFrame || component->GetOrigin() == TComponentOrigin::coFrame;
     if (above_ == 0) part.Component = component;
     Override(part.Properties, component->GetProperties());
     return place->second;

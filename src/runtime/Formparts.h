@@ -20,6 +20,7 @@ struct TFormPart {
     /// In the form's own file; nullptr for one that only its ancestors and frames hold.
     std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
+    bool IsFrame = false;
     bool TranslatesItself = false;  ///< stands on a frame that has a localization component of its own
 };
 

@@ -89,6 +89,16 @@ inline bool ClickEntry(const QString& text) {
     return true;
 }
 
+/// The same for an entry of a menu that opens inside the one that has popped up.
+inline bool ClickEntry(const QString& subMenu, const QString& text) {
+    if (!ClickEntry(subMenu)) return false;
+    const auto isOpen = [&] {
+        const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu != nullptr && menu->title().remove('&') == subMenu;
+    };
+    return QTest::qWaitFor(isOpen) && ClickEntry(text);
+}
+
 /// The person at the workbench: what is done with each modal window, in the order in which they come. A
 /// window that nobody expects ends the test.
 class TDeskUser {
@@ -206,14 +216,16 @@ class TDesktop : public testing::Test {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::processEvents();
     }
-    /// Opens a menu of a menu bar and clicks an entry, both with the mouse.
-    static void ChooseFromBar(QMenuBar& bar, const QString& menu, const QString& entry) {
+    /// Opens a menu of a menu bar, and a menu in that, and clicks an entry, all with the mouse.
+    static void ChooseFromBar(QMenuBar& bar, const QString& menu, const QString& entry,
+                              const QString& subMenu = {}) {
         // Menus that have been made anew leave their old ones for the event loop to delete.
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         for (QAction* action : bar.actions())
             if (action->text().remove('&') == menu)
                 QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(action).center());
-        EXPECT_TRUE(ClickEntry(entry)) << "no menu " << FromQt(menu);
+        EXPECT_TRUE(subMenu.isEmpty() ? ClickEntry(entry) : ClickEntry(subMenu, entry))
+            << "no menu " << FromQt(menu + ' ' + subMenu);
         QApplication::processEvents();
     }
     static void ClickCell(QTableView& table, int row, int column,

@@ -158,6 +158,11 @@ TEST_F(TCodeEditorPane, AsksAboutUnsavedWork) {
     Window->close();
     EXPECT_TRUE(Window->isVisible());
     User.Answer("Save the changes of these units?", "Yes");
+    Click("Close1");
+    EXPECT_EQ(Window->Messages().topLevelItemCount(), 0) << "it was open when it was saved";
+    GoTo("orchard/Main.pas", 1);
+    QTest::keyClicks(Window->Tabs().Current(), "// mine ");
+    User.Answer("Save the changes of these units?", "Yes");
     Window->close();
     EXPECT_FALSE(Window->isVisible());
     EXPECT_TRUE(MakeDiskFileSystem()->Read(file).starts_with("// mine "));

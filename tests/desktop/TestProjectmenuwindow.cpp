@@ -23,17 +23,22 @@ TEST_F(TProjectMenuWindow, TheTranslationsOfAProjectAreSavedFromTheProjectManage
     });
     User.Answer("This will save selected project to texts.mll! Continue?", "Yes");
     User.AnswerInput("|");
-    open(tree.topLevelItem(0), [] {
-        EXPECT_TRUE(ClickEntry("TmlLang translations"));
-        EXPECT_TRUE(QTest::qWaitFor([] {
-            const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            return menu != nullptr && menu->title() == "TmlLang translations";
-        }));
-        EXPECT_TRUE(ClickEntry("Save selected project"));
-    });
+    open(tree.topLevelItem(0),
+         [] { EXPECT_TRUE(ClickEntry("TmlLang translations", "Save selected project")); });
     QApplication::processEvents();
     const std::string written = OnDisk("orchard/texts.mll");
     EXPECT_NE(written.find("[Orchard/AboutBox]"), std::string::npos) << written;
+    User.On([](QWidget& dialog) {
+        Press(dialog, "rbFileNameTemplate");
+        EXPECT_FALSE(EditOf(dialog, "edFileName").isEnabled());
+        Press(dialog, "rbMLB");
+        EXPECT_EQ(EditOf(dialog, "edTemplateText").text(), "($PROJECT_NAME).mlb");
+        Press(dialog, "btOK");
+    });
+    User.Answer("This will save all projects in project group to ($PROJECT_NAME).mlb! Continue?", "Yes");
+    open(tree.topLevelItem(0), [] { EXPECT_TRUE(ClickEntry("TmlLang translations", "Save all projects")); });
+    QApplication::processEvents();
+    EXPECT_TRUE(std::filesystem::exists(Path("orchard/Orchard.mlb"))) << "in the project's folder";
     open(tree.topLevelItem(0)->child(1), [] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);

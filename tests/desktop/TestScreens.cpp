@@ -4,6 +4,7 @@
 #include "desktop/Deskfixture.h"
 #include "scan/Dntcedit.h"
 #include "scan/Skippedstrings.h"
+#include "translations/Projmngsaskfilename.h"
 
 namespace tml {
 namespace {
@@ -16,14 +17,27 @@ struct TScreens : TDesktop {
             EXPECT_EQ(window.screen(), &screen);
             EXPECT_LE(window.width(), RoomFor(window).width()) << FromQt(window.objectName());
             EXPECT_LE(window.height(), RoomFor(window).height()) << FromQt(window.objectName());
+            ExpectInSight(window);
             if (window.objectName() == "frmFound") User.Answer("This will close", "Yes");
             window.close();
         });
     }
+    /// The buttons that end a window, and three rows of the review, without scrolling.
+    static void ExpectInSight(QWidget& window) {
+        for (const char* name : {"btOK", "btCancel", "btClose", "btHelp", "btnHelp"})
+            if (const auto* button = window.findChild<QPushButton*>(name)) {
+                EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect())
+                    << FromQt(window.objectName()) << ' ' << name;
+            }
+        if (const auto* table = window.findChild<QTableView*>("sgStrings")) {
+            EXPECT_GE(table->viewport()->visibleRegion().boundingRect().height(), 3 * table->rowHeight(0));
+        }
+    }
     void ShowChoosers(const QScreen& screen) {
         TfrmNotTranslate names(*Window->Host().Host().Registry, TStringList({"Button1"}), {});
         TfrmSkippedStrings skipped(Context(), Window->Host().Expert()->Subjects().Scan);
-        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped}) {
+        TfrmAsk4FileName file(Context(), true);
+        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file}) {
             Expect(screen);
             Context().Dialogs().ShowModal(*form);
         }
@@ -42,8 +56,8 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     EXPECT_EQ(Window->height(), RoomFor(*Window).height());
     EXPECT_EQ(Window->width(), RoomFor(*Window).width());
     SelectForm("MainForm");
-    for (const char* command :
-         {"Options1", "ProjectSettings1", "tbLanguages", "SourceWithForm1", "SourceWithoutForm1"}) {
+    for (const char* command : {"Options1", "ProjectSettings1", "tbLanguages", "SourceWithForm1",
+                                "SourceWithoutForm1", "SaveProjectProperties1"}) {
         Expect(screen);
         Click(command);
     }
@@ -51,9 +65,9 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     Click("Contents1");
     const auto& help = Find<QDialog>("help");
     EXPECT_EQ(help.size().boundedTo(RoomFor(help)), help.size());
-    EXPECT_EQ(seen_, (std::set<std::string>{"frmFound", "frmLangConfig", "frmNotTranslate", "frmOptions",
-                                            "frmProjectTranslationSettings", "frmSkippedStrings",
-                                            "frmTranslUnits"}));
+    EXPECT_EQ(seen_, (std::set<std::string>{"frmAsk4FileName", "frmFound", "frmLangConfig", "frmNotTranslate",
+                                            "frmOptions", "frmProjectTranslationSettings",
+                                            "frmSkippedStrings", "frmTranslUnits"}));
 }
 
 TEST_F(TScreens, EveryWindowFitsALaptops) {
