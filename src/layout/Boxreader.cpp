@@ -6,12 +6,10 @@
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
 #include "layout/Buttonglyphs.h"
-#include "layout/Clientareas.h"
 
 namespace tml {
 namespace {
 
-constexpr int kDesignResolution = 96;
 constexpr int kItemSpace = 6;
 
 /// What a control says that has an action and nothing else of its own.
@@ -52,13 +50,19 @@ const TLayoutClass* ClassOf(const TLayoutNode& node, bool isRoot) {
     return HasSize(node) ? &LayoutClassOf(TLayoutKind::Box) : nullptr;
 }
 
-TLayoutBox StartedBox(const TLayoutNode& node, const TLayoutClass& type, int parent) {
+/// In the older library few classes size themselves.
+bool SizesItself(const TLayoutClass& type, TLayoutLook look) {
+    const bool isText = type.Kind == TLayoutKind::Label || type.Kind == TLayoutKind::Edit;
+    return type.AutoSize && (look == TLayoutLook::Lcl || isText);
+}
+
+TLayoutBox StartedBox(const TLayoutNode& node, const TLayoutClass& type, int parent, TLayoutLook look) {
     TLayoutBox box;
     box.Node = &node;
     box.Class = &type;
     box.Parent = parent;
     box.Align = type.Align;
-    box.AutoSize = type.AutoSize;
+    box.AutoSize = SizesItself(type, look);
     box.Around = type.Space;
     box.Scrolls = type.Kind == TLayoutKind::ScrollBox;
     box.Design[0].Size = type.Size.Width;
@@ -91,33 +95,6 @@ void CompleteSizes(TLayoutBox& box) {
     }
 }
 
-int Scaled(int length, int from, int to) {
-    const std::int64_t product = std::int64_t{length} * to * 2;
-    return ClampedLength((product + (product < 0 ? -from : from)) / (2 * std::int64_t{from}));
-}
-
-template <typename... TLengths>
-void ScaleAll(int from, int to, TLengths&... lengths) {
-    ((lengths = Scaled(lengths, from, to)), ...);
-}
-
-void ScaleBox(TLayoutBox& box, int from, int to) {
-    for (std::size_t axis = 0; axis < kAxes; ++axis) {
-        ScaleAll(from, to, box.Design[axis].Begin, box.Design[axis].Size, box.Least[axis], box.Most[axis],
-                 box.Spread.Edge[axis], box.Spread.Between[axis], box.Space[NearOf(axis)],
-                 box.Space[FarOf(axis)]);
-        if (box.DesignClient[axis]) ScaleAll(from, to, *box.DesignClient[axis]);
-    }
-    ScaleAll(from, to, box.InnerSpace, box.Font.Height);
-}
-
-/// The resolution that the form was drawn at.
-int DesignResolution(const TLayoutNode& form, TLayoutLook look) {
-    const char* const property = look == TLayoutLook::Vcl ? "PixelsPerInch" : "DesignTimePPI";
-    const int given = LengthIn(form.Find(property)).value_or(kDesignResolution);
-    return std::max(1, given);
-}
-
 /// A group spreads its items in its columns.
 void SpreadItems(TLayoutBox& group, bool isRadio) {
     const auto count = static_cast<int>(group.Node->Find("Items.Strings")->Items.size());
@@ -142,7 +119,7 @@ void AddItems(TLayoutBoxes& boxes, int group) {
     SpreadItems(boxes[group], isRadio);
     const TLayoutClass& type = LayoutClassOf(isRadio ? TLayoutKind::RadioButton : TLayoutKind::CheckBox);
     for (std::size_t i = 0; i < items->Items.size(); ++i) {
-        TLayoutBox box = StartedBox(node, type, group);
+        TLayoutBox box = StartedBox(node, type, group, TLayoutLook::Lcl);
         box.Item = static_cast<int>(i);
         box.Text = items->Items[i].Text;
         box.Font = boxes[group].Font;
@@ -160,7 +137,7 @@ bool HasItems(const TLayoutBox& box) {
 int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TLayoutNode& node, int parent) {
     const TLayoutClass* const type = ClassOf(node, parent < 0);
     if (type == nullptr) return -1;
-    TLayoutBox box = StartedBox(node, *type, parent);
+    TLayoutBox box = StartedBox(node, *type, parent, boxes.Options.Look);
     ReadBoxProperties(box);
     TakeFromAction(box, actions);
     if (node.Find("Caption") == nullptr) box.Text += CaptionOfKind(NameIn(node.Find("Kind")));
@@ -178,6 +155,8 @@ int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TLayoutNode& node
 // By hand instead of by recursion: a form may be as deep as it is long.
 void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form) {
     const TActions actions = ActionsOf(form);
+    for (const TLayoutNode& node : form.Children)
+        boxes.OnForm.emplace(UpperCase(node.Name), &node);
     std::vector<std::pair<const TLayoutNode*, int>> open = {{&form, -1}};
     while (!open.empty()) {
         const auto [node, parent] = open.back();
@@ -188,15 +167,6 @@ void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form) {
         for (auto child = node->Children.rbegin(); child != node->Children.rend(); ++child)
             open.emplace_back(&*child, index);
     }
-    const int from = DesignResolution(form, boxes.Options.Look);
-    const int to = boxes.Options.Scaled ? boxes.Options.PixelsPerInch : from;
-    for (TLayoutBox& box : boxes.All) {
-        if (from != to) ScaleBox(box, from, to);
-        box.Now = box.Design;
-        for (std::size_t axis = 0; axis < kAxes; ++axis)
-            box.Now[axis].Size = box.Limited(axis, box.Now[axis].Size);
-    }
-    FindClientAreas(boxes);
 }
 
 }  // namespace tml

@@ -4,8 +4,8 @@
 
 namespace tml {
 
-/// The controls of a form, as the form has them: classes found, fonts handed down, scaled for the screen.
-/// What cannot be seen (menus, timers) is left out.
+/// The controls of a form, as the form has them: classes found, fonts handed down. What cannot be seen
+/// (menus, timers) is left out.
 void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form);
 
 }  // namespace tml

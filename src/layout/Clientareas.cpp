@@ -8,11 +8,22 @@
 namespace tml {
 namespace {
 
-constexpr int kMenuRoom = 10;
-constexpr int kTabRoom = 12;
+/// What a look keeps around lines of text, and around pages.
+struct TLookRooms {
+    int Menu;
+    int Tab;
+    int PageEdge;
+};
+
+constexpr TLookRooms kLclRooms = {10, 12, 2};
+constexpr TLookRooms kVclRooms = {7, 11, 4};
 /// Of a control that a line is drawn around.
 constexpr int kLine = 2;
 constexpr int kNarrowLine = 1;
+
+const TLookRooms& RoomsOf(const TLayoutBoxes& boxes) {
+    return boxes.Options.Look == TLayoutLook::Lcl ? kLclRooms : kVclRooms;
+}
 
 using TFindFrame = void (*)(const TLayoutBoxes&, TLayoutBox&);
 
@@ -72,9 +83,9 @@ std::size_t SideOfTabs(const TLayoutBox& box) {
 }
 
 void FrameTabbed(const TLayoutBoxes& boxes, TLayoutBox& box) {
-    AddAround(box.Frame, kLine);
+    AddAround(box.Frame, RoomsOf(boxes).PageEdge);
     if (!FlagIn(box.Node->Find("ShowTabs"), true) || box.Children.empty()) return;
-    box.Frame[SideOfTabs(box)] += TabsHeight(boxes, box) - kLine;
+    box.Frame[SideOfTabs(box)] = TabsHeight(boxes, box);
 }
 
 bool HasEdge(const TFormValue* edges, std::string_view name, bool other) {
@@ -83,7 +94,8 @@ bool HasEdge(const TFormValue* edges, std::string_view name, bool other) {
                        [&](const TFormValue& one) { return SameText(one.Text, name); });
 }
 
-void FrameToolBar(const TLayoutBoxes&, TLayoutBox& box) {
+void FrameToolBar(const TLayoutBoxes& boxes, TLayoutBox& box) {
+    const bool isLcl = boxes.Options.Look == TLayoutLook::Lcl;
     if (box.Class->Name != "TToolBar") return;
     constexpr std::string_view kEdges[] = {"ebLeft", "ebTop", "ebRight", "ebBottom"};
     int width = 0;
@@ -92,8 +104,9 @@ void FrameToolBar(const TLayoutBoxes&, TLayoutBox& box) {
         width += style == nullptr || !SameText(style->Text, "esNone") ? 1 : 0;
     }
     for (std::size_t side = 0; side < kSides; ++side)
-        box.Inset[side] = HasEdge(box.Node->Find("EdgeBorders"), kEdges[side], side == kTop) ? width : 0;
-    box.Inset[kLeft] += LengthOf(box, "Indent", 1);
+        box.Inset[side] =
+            HasEdge(box.Node->Find("EdgeBorders"), kEdges[side], isLcl && side == kTop) ? width : 0;
+    box.Inset[kLeft] += LengthOf(box, "Indent", isLcl ? 1 : 0);
 }
 
 TFindFrame FrameOf(TLayoutKind kind) {
@@ -128,11 +141,11 @@ const TLayoutNode* MainMenuOf(const TLayoutNode& form) {
 }
 
 int MenuBarHeight(const TLayoutBoxes& boxes) {
-    return boxes.Texts.LineHeight({}) + kMenuRoom;
+    return boxes.Texts.LineHeight({}) + RoomsOf(boxes).Menu;
 }
 
 int TabsHeight(const TLayoutBoxes& boxes, const TLayoutBox& box) {
-    return boxes.Texts.LineHeight(box.Font) + kTabRoom;
+    return boxes.Texts.LineHeight(box.Font) + RoomsOf(boxes).Tab;
 }
 
 void FindClientAreas(TLayoutBoxes& boxes) {

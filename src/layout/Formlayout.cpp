@@ -5,7 +5,9 @@
 #include "layout/Boxlinks.h"
 #include "layout/Boxplacement.h"
 #include "layout/Boxreader.h"
+#include "layout/Boxscaling.h"
 #include "layout/Boxwishes.h"
+#include "layout/Clientareas.h"
 #include "layout/Itemdetails.h"
 #include "layout/Neededarea.h"
 
@@ -167,8 +169,11 @@ std::string_view NameOf(TLayoutKind kind) {
 }
 
 TFormLayout LayOutForm(const TLayoutNode& form, const ITextMeasure& texts, const TLayoutOptions& options) {
-    TLayoutBoxes boxes{{}, texts, options, {}};
+    TLayoutBoxes boxes{{}, texts, options, {}, {}};
     ReadBoxes(boxes, form);
+    ScaleBoxes(boxes);
+    FindClientAreas(boxes);
+    KeepThemeSizes(boxes);
     PlaceAll(boxes);
     TFormLayout layout;
     const std::vector<bool> front = InFront(boxes);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "layout/Formlayout.h"
@@ -140,6 +141,8 @@ struct TLayoutBoxes {
     const ITextMeasure& Texts;
     TLayoutOptions Options;
     std::vector<std::string> Notes;
+    /// What stands on the form itself, seen or not, by name in upper case.
+    std::unordered_map<std::string, const TLayoutNode*> OnForm;
 
     TLayoutBox& operator[](int index) { return All[static_cast<std::size_t>(index)]; }
     const TLayoutBox& operator[](int index) const { return All[static_cast<std::size_t>(index)]; }

@@ -64,11 +64,10 @@ class TToolBarRows {
     TLayoutSize FindImage() const {
         const std::string name = NameIn(bar_.Node->Find("Images"));
         if (name.empty()) return {};
-        for (const TLayoutNode& node : boxes_.All.front().Node->Children)
-            if (SameText(node.Name, name))
-                return {LengthIn(node.Find("Width")).value_or(kImage),
-                        LengthIn(node.Find("Height")).value_or(kImage)};
-        return {kImage, kImage};
+        const auto images = boxes_.OnForm.find(UpperCase(name));
+        if (images == boxes_.OnForm.end()) return {kImage, kImage};
+        return {LengthIn(images->second->Find("Width")).value_or(kImage),
+                LengthIn(images->second->Find("Height")).value_or(kImage)};
     }
 
     TLayoutSize TextOf(const TLayoutBox& box) const {
@@ -95,6 +94,8 @@ class TToolBarRows {
     int LengthAlong(const TLayoutBox& box) const {
         const TButtonStyle style = StyleOf(box);
         if (style == TButtonStyle::Other) return box.OwnSize(along_);
+        const bool isLine = style == TButtonStyle::Separator || style == TButtonStyle::Divider;
+        if (isLine && boxes_.Options.Look == TLayoutLook::Vcl) return box.Now[along_].Size;
         if (style == TButtonStyle::Separator) return kSeparator;
         if (style == TButtonStyle::Divider) return kDivider;
         const TLayoutSize size = ButtonSize(box);

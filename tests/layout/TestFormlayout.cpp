@@ -138,6 +138,25 @@ TEST(FormLayoutScaling, FormsAreScaledFromTheirResolutionToTheScreens) {
     EXPECT_EQ(TLaidOut(form, {TLayoutLook::Lcl, 240, true}).Places(), "A 20,40 200x80\n");
 }
 
+TEST(FormLayoutLooks, TheOlderLibraryHasItsOwnMeasures) {
+    const string inside =
+        "Menu = M object M: TMainMenu object I: TMenuItem end end object G: TGroupBox Width = 100 Height = "
+        "50 "
+        "Caption = 'G' object A: TPanel Align = alTop Height = 10 end end object P: TPageControl Top = 50 "
+        "Width = 100 "
+        "Height = 40 object S: TTabSheet end end object C: TCheckBox Left = 150 Width = 40 Height = 17 end "
+        "object T: TToolBar Align = alBottom object X: TToolButton Width = 9 Style = tbsSeparator end "
+        "object Y: TToolButton end end";
+    const TLaidOut whole(Around(inside), {TLayoutLook::Vcl});
+    EXPECT_EQ(whole.Places(),
+              "G 0,0 100x50\nA 2,15 96x10\nP 0,50 100x40\nS 0,0 92x10\nC 150,0 40x17\n"
+              "T 0,68 200x32\nX 0,0 9x22\nY 9,0 23x22\n");
+    EXPECT_EQ(whole.Layout.Items[0].Place, (TLayoutRect{0, 0, 200, 122}));
+    const TLaidOut framed("object F: TF Width = 216 Height = 139 PixelsPerInch = 192 end",
+                          {TLayoutLook::Vcl});
+    EXPECT_EQ(framed.Layout.Items[0].Place, (TLayoutRect{0, 0, 100, 50}));
+}
+
 TEST(FormLayoutDrawing, ItemsSayWhatIsSeenAndHow) {
     const TLaidOut laidOut(Around(
         "Menu = M object M: TMainMenu object I: TMenuItem Caption = '&File' end end "
