@@ -1,6 +1,7 @@
 #include "layout/Formlayout.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "layout/Boxlinks.h"
 #include "layout/Boxplacement.h"
@@ -161,10 +162,16 @@ TLayoutItem ItemOf(const TLayoutBoxes& boxes, const TLayoutBox& box, bool isInFr
 
 std::string_view NameOf(TLayoutKind kind) {
     static constexpr std::string_view kNames[] = {
-#define TML_LAYOUT_KIND(name) #name,
-        TML_LAYOUT_KINDS(TML_LAYOUT_KIND)
-#undef TML_LAYOUT_KIND
+        "Form",       "Frame",       "Panel",        "GroupBox",   "ScrollBox",    "PageControl",
+        "Page",       "TabControl",  "Label",        "StaticText", "Button",       "SpeedButton",
+        "CheckBox",   "RadioButton", "RadioGroup",   "CheckGroup", "Edit",         "SpinEdit",
+        "EditButton", "Memo",        "ComboBox",     "ListBox",    "CheckListBox", "ListView",
+        "TreeView",   "Grid",        "ToolBar",      "ToolButton", "CoolBar",      "StatusBar",
+        "Splitter",   "ProgressBar", "TrackBar",     "ScrollBar",  "UpDown",       "Image",
+        "Shape",      "Bevel",       "DividerBevel", "PaintBox",   "ButtonPanel",  "Calendar",
+        "Box",
     };
+    static_assert(std::size(kNames) == static_cast<std::size_t>(TLayoutKind::Box) + 1);
     return kNames[static_cast<std::size_t>(kind)];
 }
 

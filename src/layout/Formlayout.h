@@ -12,28 +12,50 @@
 namespace tml {
 
 /// What a control is drawn as.
-#define TML_LAYOUT_KINDS(X)                                                                                 \
-    X(Form)                                                                                                 \
-    X(Frame)                                                                                                \
-    X(Panel)                                                                                                \
-    X(GroupBox)                                                                                             \
-    X(ScrollBox)                                                                                            \
-    X(PageControl)                                                                                          \
-    X(Page)                                                                                                 \
-    X(TabControl)                                                                                           \
-    X(Label)                                                                                                \
-    X(StaticText)                                                                                           \
-    X(Button)                                                                                               \
-    X(SpeedButton) X(CheckBox) X(RadioButton) X(RadioGroup) X(CheckGroup) X(Edit) X(SpinEdit) X(EditButton) \
-        X(Memo) X(ComboBox) X(ListBox) X(CheckListBox) X(ListView) X(TreeView) X(Grid) X(ToolBar)           \
-            X(ToolButton) X(CoolBar) X(StatusBar) X(Splitter) X(ProgressBar) X(TrackBar) X(ScrollBar)       \
-                X(UpDown) X(Image) X(Shape) X(Bevel) X(DividerBevel) X(PaintBox) X(ButtonPanel) X(Calendar) \
-                    X(Box)
-
 enum class TLayoutKind : std::uint8_t {
-#define TML_LAYOUT_KIND(name) name,
-    TML_LAYOUT_KINDS(TML_LAYOUT_KIND)
-#undef TML_LAYOUT_KIND
+    Form,
+    Frame,
+    Panel,
+    GroupBox,
+    ScrollBox,
+    PageControl,
+    Page,
+    TabControl,
+    Label,
+    StaticText,
+    Button,
+    SpeedButton,
+    CheckBox,
+    RadioButton,
+    RadioGroup,
+    CheckGroup,
+    Edit,
+    SpinEdit,
+    EditButton,
+    Memo,
+    ComboBox,
+    ListBox,
+    CheckListBox,
+    ListView,
+    TreeView,
+    Grid,
+    ToolBar,
+    ToolButton,
+    CoolBar,
+    StatusBar,
+    Splitter,
+    ProgressBar,
+    TrackBar,
+    ScrollBar,
+    UpDown,
+    Image,
+    Shape,
+    Bevel,
+    DividerBevel,
+    PaintBox,
+    ButtonPanel,
+    Calendar,
+    Box,
 };
 
 /// "Form", "Panel", ...
