@@ -13,6 +13,7 @@ namespace {
 constexpr const char* kAllForms = "All forms";
 constexpr const char* kBoxCaption = "Translation Editor";
 constexpr const char* kIDPrompt = "String ID:";
+constexpr const char* kReading = "Reading translations...";
 constexpr const char* kSearching = "Searching...";
 constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
 constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
@@ -37,7 +38,9 @@ TfrmTransEditor::TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCusto
       onChangeStrID_(std::move(onChangeStrID)),
       memory_(memory),
       library_(MatcherOf(runtime)),
-      texts_(langs) {
+      texts_(langs, [&](int forms) {
+          runtime.Dialogs->ShowProgress(kReading, forms, static_cast<int>(langs.size()));
+      }) {
     Name = "frmTransEditor";
     Caption = CaptionOf(texts_);
     ActiveControl = "grTexts";
@@ -119,7 +122,8 @@ void TfrmTransEditor::Open(const TTransEditorPlace& place) {
     const auto& places = texts_.Forms().front().Places;
     const auto column = std::find(places.begin(), places.end(), place.Field);
     const bool isLanguage = place.Field > 0 && column != places.end();
-    Show({table, place.Entry}, isLanguage ? static_cast<int>(column - places.begin()) : 0);
+    const int key = place.Entry < 0 ? FirstTranslation() : 0;
+    Show({table, place.Entry}, isLanguage ? static_cast<int>(column - places.begin()) : key);
 }
 
 void TfrmTransEditor::Return() {

@@ -37,7 +37,8 @@ struct TTransNode {
 /// written at once.
 class TfrmTransEditor : public TForm {
   public:
-    /// Runtime, components and memory must outlive the window. The place is in the first component.
+    /// Runtime, components and memory must outlive the window. The place is in the first component. Shows
+    /// progress, which the caller ends.
     TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCustomLang*>& langs,
                     const TTransEditorPlace& place, TChangeStrID onChangeStrID, TTransEditorMemory& memory);
     TfrmTransEditor(const TfrmTransEditor&) = delete;

@@ -47,9 +47,13 @@ class TMlRuntime : public IMlRuntime {
     std::vector<TmlCustomLang*> EditTranslations(const std::vector<TmlCustomLang*>& langs,
                                                  const TTransEditorPlace& place,
                                                  const TChangeStrID& onChangeStrID) {
-        TfrmTransEditor window(*this, langs, place, onChangeStrID, memory_);
-        Dialogs->ShowModal(window);
-        return window.ChangedLangs();
+        std::unique_ptr<TfrmTransEditor> window;
+        {
+            const TProgressEnd end(*Dialogs);
+            window = std::make_unique<TfrmTransEditor>(*this, langs, place, onChangeStrID, memory_);
+        }
+        Dialogs->ShowModal(*window);
+        return window->ChangedLangs();
     }
 
     TLangFiles files_{*this};

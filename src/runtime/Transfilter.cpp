@@ -24,13 +24,14 @@ TTransSieve::TTransSieve(const TTransFilter& filter, const TTransTexts& texts, I
     for (std::size_t i = 0; i < languages.size(); ++i)
         if (filter.Language.empty() || SameText(languages[i].Name, filter.Language))
             columns_.push_back(static_cast<int>(i) + 1);
+    if (!filter.IsPattern || filter.Text.empty()) return;
     // A pattern that took too long is given up for a scan; this is a new one.
-    if (filter.IsPattern && library != nullptr) library->InitInternalPasSource("");
+    if (library != nullptr) library->InitInternalPasSource("");
+    isBroken_ = CannotRead(filter.Text) || CannotRead(sought_);
 }
 
-bool TTransSieve::IsBroken() const {
-    return filter_.IsPattern && !filter_.Text.empty() &&
-           (library_ == nullptr || !library_->mlREStringMatches("", "|" + sought_));
+bool TTransSieve::CannotRead(const std::string& pattern) const {
+    return library_ == nullptr || !library_->mlREStringMatches("", "|" + pattern);
 }
 
 bool TTransSieve::Passes(TTransRow row) const {
@@ -58,7 +59,7 @@ bool TTransSieve::IsShown(TTransRow row, int column) const {
 
 bool TTransSieve::Holds(const std::string& text) const {
     if (!filter_.IsPattern) return FoldCase(text).find(sought_) != std::string::npos;
-    return library_ != nullptr && library_->mlREStringMatches(text, sought_);
+    return !isBroken_ && library_->mlREStringMatches(text, sought_);
 }
 
 std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope& scope,

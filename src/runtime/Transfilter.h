@@ -37,9 +37,10 @@ class TTransSieve {
 
     bool Passes(TTransRow row) const;
     /// A pattern that cannot be read lets nothing pass.
-    bool IsBroken() const;
+    bool IsBroken() const { return isBroken_; }
 
   private:
+    bool CannotRead(const std::string& pattern) const;
     bool IsShown(TTransRow row) const;
     bool IsShown(TTransRow row, int column) const;
     bool Holds(const std::string& text) const;
@@ -49,6 +50,7 @@ class TTransSieve {
     ICommonLibrary* library_;
     std::string sought_;        ///< folded, or the pattern for a whole text
     std::vector<int> columns_;  ///< that Show looks at
+    bool isBroken_ = false;
 };
 
 /// The entries of the scope that pass, in the order of tables and entries. goesOn is asked now and then with

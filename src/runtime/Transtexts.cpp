@@ -41,9 +41,13 @@ void Take(std::vector<TFileExtended>& items, const TTable& table) {
 
 }  // namespace
 
-TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs) {
-    for (TmlCustomLang* const lang : langs)
+TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs,
+                         const std::function<void(int forms)>& onForm) {
+    onForm(0);
+    for (TmlCustomLang* const lang : langs) {
         ReadForm(*lang);
+        onForm(static_cast<int>(forms_.size()));
+    }
     for (TTransForm& form : forms_)
         form.Places.resize(languages_.size() + 1);
 }

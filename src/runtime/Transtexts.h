@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,8 +37,8 @@ struct TTransLanguage {
 /// with what a person edits, step by step. Nothing is written before Write, but for IDs that are renamed.
 class TTransTexts {
   public:
-    /// The components must outlive it.
-    explicit TTransTexts(const std::vector<TmlCustomLang*>& langs);
+    /// The components must outlive it. onForm is told at first and behind each form how many have been read.
+    TTransTexts(const std::vector<TmlCustomLang*>& langs, const std::function<void(int forms)>& onForm);
 
     const std::vector<TTransForm>& Forms() const { return forms_; }
     const std::vector<TTransLanguage>& Languages() const { return languages_; }
