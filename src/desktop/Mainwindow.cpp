@@ -62,6 +62,7 @@ TMainWindow::TMainWindow(const TDeskFolders& folders)
     services_.reset(new TViewServices{runner_, host_->Host(), *places_,
                                       [this](const std::string& topic) { ShowTopic(topic); }});
     ui_->setupUi(this);
+    telling_.setSingleShot(true);
     setWindowIcon(ProgramIcon());
     BuildPanes();
     BindIde();
@@ -180,6 +181,17 @@ void TMainWindow::FollowTitle() {
     setWindowTitle(name + "TmlLang Workbench");
 }
 
+void TMainWindow::Tell(const QString& outcome) {
+    statusBar()->showMessage(outcome, kStatusTime);
+    telling_.start(kStatusTime);
+}
+
+bool TMainWindow::event(QEvent* event) {
+    // The hint of the button that was clicked would hide at once what that has done.
+    if (event->type() == QEvent::StatusTip && telling_.isActive()) return true;
+    return QMainWindow::event(event);
+}
+
 /// What is open tells by its tab that it is saved; of a closed file nobody would learn.
 void TMainWindow::TellWritten() {
     QStringList names;
@@ -193,7 +205,7 @@ void TMainWindow::TellWritten() {
     if (names.empty()) return;
     const auto more = names.size() - kNamesTold;
     const QString rest = more > 0 ? " and " + QString::number(more) + " more" : QString();
-    statusBar()->showMessage("Written: " + names.mid(0, kNamesTold).join(", ") + rest + command, kStatusTime);
+    Tell("Written: " + names.mid(0, kNamesTold).join(", ") + rest + command);
 }
 
 void TMainWindow::FillRecentProjects() {
@@ -392,12 +404,12 @@ void TMainWindow::GoTo(const std::string& file, int line) {
 
 void TMainWindow::Undo() {
     const std::string step = host_->Ide().Undo(tabs_->CurrentFile());
-    statusBar()->showMessage(step.empty() ? "Nothing to undo" : "Undone: " + ToQt(step), kStatusTime);
+    Tell(step.empty() ? "Nothing to undo" : "Undone: " + ToQt(step));
 }
 
 void TMainWindow::Redo() {
     const std::string step = host_->Ide().Redo(tabs_->CurrentFile());
-    statusBar()->showMessage(step.empty() ? "Nothing to redo" : "Redone: " + ToQt(step), kStatusTime);
+    Tell(step.empty() ? "Nothing to redo" : "Redone: " + ToQt(step));
 }
 
 void TMainWindow::Cut() {

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -72,6 +73,7 @@ class TMainWindow : public QMainWindow {
     void GoTo(const std::string& file, int line);
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
@@ -86,6 +88,8 @@ class TMainWindow : public QMainWindow {
     bool AskAboutChanged(const std::string& file);
     /// Runs save, again and again while the person settles what stands in its way; false gives up.
     bool SaveAsking(const std::function<void()>& save);
+    /// Shows in the status bar what was done.
+    void Tell(const QString& outcome);
     void TellWritten();
     void ShowWindow(TForm& form);
     void ShowTopic(const std::string& topic);
@@ -110,6 +114,7 @@ class TMainWindow : public QMainWindow {
     QPointer<TExpertDock> dock_;
     std::vector<std::unique_ptr<TMenuBinding>> menus_;
     std::string project_;
+    QTimer telling_;  ///< runs while the status bar tells what was done
     bool following_ = false;
     /// What has been written since it was told, and by what command.
     std::vector<std::pair<std::string, std::string>> written_;

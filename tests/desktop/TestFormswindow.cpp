@@ -112,6 +112,8 @@ TEST_F(TFormsWindow, WhatIsWrittenUnseenIsToldAndWhatChangesNothingIsNoChange) {
     };
     clear();
     EXPECT_EQ(OnDisk(about).find("Bestellbuch"), std::string::npos);
+    QStatusTipEvent hint("what the mouse is over");
+    QApplication::sendEvent(&Dock(), &hint);
     EXPECT_EQ(Status(), "Written: About.dfm (Clear Translations)");
     auto& messages = Window->Messages();
     ASSERT_EQ(messages.topLevelItemCount(), 1);
