@@ -45,6 +45,12 @@ TEdit TFormBinaryEditor::Name(const TFormNodeData& node) const {
     return {node.NameSpan.Begin, node.NameSpan.End, bytes};
 }
 
+TEdit TFormBinaryEditor::Class(const TFormNodeData& node) const {
+    std::string bytes;
+    TFormBinaryWriter(file_, strings_, bytes).ShortString(EncodeFor(file_, node.ClassName));
+    return {node.ClassSpan.Begin, node.ClassSpan.End, bytes};
+}
+
 TEdit TFormBinaryEditor::NewProperty(const TFormNodeData& owner, const TFormProperty& property,
                                      const TFormPropertyPlace* next) const {
     std::string bytes;

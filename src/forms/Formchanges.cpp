@@ -142,6 +142,7 @@ void AddNodeEdits(const TFormNode& node, const IFormEditor& editor, TEdits& edit
     const TFormNodeData& data = node.Data();
     const TFormFile& file = *data.File;
     if (data.Renamed) edits.push_back(editor.Name(data));
+    if (data.Reclassed) edits.push_back(editor.Class(data));
     for (auto at = data.Properties.begin(); at != data.Properties.end(); ++at) {
         const TFormPropertyPlace& place = *at;
         if (!place.Change) continue;

@@ -35,6 +35,8 @@ class IFormEditor {
 
     /// Puts a component's new name in the place of the old.
     virtual TEdit Name(const TFormNodeData& node) const = 0;
+    /// The same for its class.
+    virtual TEdit Class(const TFormNodeData& node) const = 0;
     /// In front of a property that the file holds, or (nullptr) behind them all.
     virtual TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
                               const TFormPropertyPlace* next) const = 0;

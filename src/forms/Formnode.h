@@ -42,6 +42,7 @@ struct TFormNodeData {
     int Line = 0;
     bool IsNew = false;  ///< not in the file: the spans mean nothing
     bool Renamed = false;
+    bool Reclassed = false;
     TFormSpan Span;      ///< from the head to the end of the node
     TFormSpan NameSpan;  ///< empty, at the class name, for a nameless text node
     TFormSpan ClassSpan;

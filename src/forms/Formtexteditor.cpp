@@ -90,6 +90,10 @@ TEdit TFormTextEditor::Name(const TFormNodeData& node) const {
     return edit;
 }
 
+TEdit TFormTextEditor::Class(const TFormNodeData& node) const {
+    return {node.ClassSpan.Begin, node.ClassSpan.End, EncodeFor(file_, node.ClassName)};
+}
+
 // Behind the blanks that follow an offset and, when nothing else is on the line, behind its line break.
 std::size_t TFormTextEditor::LineAfter(std::size_t offset) const {
     std::size_t end = offset;

@@ -17,6 +17,7 @@ class TFormTextEditor : public IFormEditor {
     std::string Item(const std::vector<TFormProperty>& item, const TFormSpot& spot) const override;
     TEdit Replacement(TFormSpan value) const override;
     TEdit Name(const TFormNodeData& node) const override;
+    TEdit Class(const TFormNodeData& node) const override;
     TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
                       const TFormPropertyPlace* next) const override;
     TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const override;

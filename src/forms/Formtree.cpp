@@ -118,6 +118,14 @@ void TFormTree::Rename(TFormNode& node, const std::string& name) {
     node.Data().Renamed = !node.Data().IsNew;
 }
 
+void TFormTree::SetClass(TFormNode& node, const std::string& className) {
+    if (node.Parent() == nullptr) throw std::logic_error("the class of a form's root cannot be changed");
+    if (node.ClassName() == className) return;
+    Editor();
+    node.Data().ClassName = CheckedName(className, *file_);
+    node.Data().Reclassed = !node.Data().IsNew;
+}
+
 std::string TFormTree::Bytes() const {
     if (!editor_) return file_->Bytes();
     return ApplyEdits(file_->Bytes(), FormEdits(*root_, *editor_));

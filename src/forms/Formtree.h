@@ -47,6 +47,8 @@ class TFormTree {
     void RemoveChild(TFormNode& node);
     /// References by name from other components' properties are the caller's business.
     void Rename(TFormNode& node, const std::string& name);
+    /// Gives a component with a class another one; its properties stay. The root's cannot be changed.
+    void SetClass(TFormNode& node, const std::string& className);
 
     /// The file with all changes.
     std::string Bytes() const;

@@ -150,6 +150,11 @@ class IMlRuntime {
     virtual bool IsRegistered(const std::string& className) const = 0;
     /// True when the class is the ancestor or derives from it ("TmlCustomLang").
     virtual bool InheritsFrom(const std::string& className, const std::string& ancestor) const = 0;
+    /// The unit that declares a class of the suite, without extension; "" for another class.
+    virtual std::string UnitOf(const std::string& className) const = 0;
+    /// The properties that one class of the suite has and the other one has not.
+    virtual std::vector<std::string> PropertiesWithout(const std::string& className,
+                                                       const std::string& otherClass) const = 0;
     /// Views on a component; nullptr when its class is not of the kind.
     virtual std::shared_ptr<TmlCustomLang> AsCustomLang(const std::shared_ptr<IOTAComponent>& component) = 0;
     virtual std::shared_ptr<TmlLangDispatcher> AsDispatcher(

@@ -1,5 +1,7 @@
 #include "runtime/Runtime.h"
 
+#include <sstream>
+
 #include "runtime/Classes.h"
 #include "runtime/Langfiles.h"
 #include "runtime/Langview.h"
@@ -10,6 +12,18 @@ namespace {
 
 bool IsA(const std::shared_ptr<IOTAComponent>& component, const char* ancestor) {
     return component != nullptr && ClassInheritsFrom(component->GetComponentType(), ancestor);
+}
+
+/// The published properties of a class of the suite, those of its ancestors there included.
+TStringList PropertiesOf(const std::string& className) {
+    TStringList properties;
+    for (const TRuntimeClass* row = FindRuntimeClass(className); row != nullptr;
+         row = FindRuntimeClass(row->Ancestor)) {
+        std::istringstream words{std::string(row->Properties)};
+        for (std::string word; words >> word;)
+            properties.Add(word);
+    }
+    return properties;
 }
 
 class TMlRuntime : public IMlRuntime {
@@ -31,6 +45,18 @@ class TMlRuntime : public IMlRuntime {
     }
     bool InheritsFrom(const std::string& className, const std::string& ancestor) const override {
         return ClassInheritsFrom(className, ancestor);
+    }
+    std::string UnitOf(const std::string& className) const override {
+        const TRuntimeClass* found = FindRuntimeClass(className);
+        return found == nullptr ? std::string() : std::string(found->Unit);
+    }
+    std::vector<std::string> PropertiesWithout(const std::string& className,
+                                               const std::string& otherClass) const override {
+        const TStringList others = PropertiesOf(otherClass);
+        std::vector<std::string> missing;
+        for (const std::string& property : PropertiesOf(className))
+            if (others.IndexOf(property) < 0) missing.push_back(property);
+        return missing;
     }
     std::shared_ptr<TmlCustomLang> AsCustomLang(const std::shared_ptr<IOTAComponent>& component) override {
         return IsA(component, "TmlCustomLang") ? std::make_shared<TmlLangView>(component, files_) : nullptr;

@@ -51,4 +51,33 @@ TEdits AddInclude(const TSourceText& source, const std::string& header) {
     return {{behind, behind, "\r\n" + line}};
 }
 
+TEdits ExchangeInclude(const TSourceText& source, const std::string& oldHeader, const std::string& newHeader,
+                       bool keepsOld) {
+    const std::string_view text = source.Text();
+    const std::vector<TPreprocessorLine> lines = PreprocessorLines(source);
+    const auto includes = [&](const TPreprocessorLine& line, const std::string& header) {
+        return line.Word == "include" && SameText(IncludedBy(source, line), header);
+    };
+    const bool hasNew = std::any_of(lines.begin(), lines.end(),
+                                    [&](const TPreprocessorLine& line) { return includes(line, newHeader); });
+    if (hasNew && keepsOld) return {};
+    TEdits edits;
+    for (const TPreprocessorLine& line : lines) {
+        if (!includes(line, oldHeader)) continue;
+        const std::string_view name = IncludedBy(source, line);
+        const auto begin = static_cast<std::size_t>(name.data() - text.data());
+        const std::size_t end = begin + name.size();
+        if (keepsOld)
+            edits.push_back({line.End, line.End,
+                             "\r\n" + std::string(text.substr(line.Begin, begin - line.Begin)) + newHeader +
+                                 std::string(text.substr(end, line.End - end))});
+        else if (!hasNew)
+            edits.push_back({begin, end, newHeader});
+        else
+            edits.push_back({line.Begin, std::min(text.find('\n', line.End), text.size() - 1) + 1, ""});
+    }
+    if (!hasNew && edits.empty()) return AddInclude(source, newHeader);
+    return edits;
+}
+
 }  // namespace tml

@@ -293,4 +293,29 @@ TEdits AddImplementationUnit(const TSourceText& source, const std::string& unitN
     return AddTo(source, reader, implementation, unitName);
 }
 
+TEdits ExchangeUsedUnit(const TSourceText& source, const std::string& oldUnit, const std::string& newUnit,
+                        bool keepsOld) {
+    const TUsesReader reader(source);
+    const TRegion* part = reader.Part(TRegionKind::Interface);
+    const bool hasNew = Uses(source, reader, part, newUnit);
+    if (hasNew && keepsOld) return {};
+    TEdits edits;
+    for (const TUsesClause& clause : reader.ClausesOf(part))
+        for (const TUsedUnit& unit : clause.Units) {
+            if (!SameText(unit.Name, oldUnit)) continue;
+            if (keepsOld)
+                edits.push_back({unit.End, unit.End, ", " + newUnit});
+            else if (!hasNew)
+                edits.push_back({unit.Begin, unit.End, newUnit});
+            else
+                for (TEdit& edit : TakeOut(source, reader.Conditions(), clause, unit))
+                    edits.push_back(std::move(edit));
+        }
+    if (hasNew) return edits;
+    if (edits.empty()) return AddUsedUnit(source, newUnit);
+    for (TEdit& edit : TakeOutBelow(source, reader, newUnit))
+        edits.push_back(std::move(edit));
+    return edits;
+}
+
 }  // namespace tml

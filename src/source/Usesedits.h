@@ -18,4 +18,10 @@ TEdits AddUsedUnit(const TSourceText& source, const std::string& unitName);
 /// the unit is used in either part.
 TEdits AddImplementationUnit(const TSourceText& source, const std::string& unitName);
 
+/// The interface (the program) uses a unit in the place of another one: its name stands there, or, where the
+/// other one is to stay, behind it. Where it is used already the other one is taken out or stays. What is
+/// done is undone by the exchange the other way round.
+TEdits ExchangeUsedUnit(const TSourceText& source, const std::string& oldUnit, const std::string& newUnit,
+                        bool keepsOld);
+
 }  // namespace tml
