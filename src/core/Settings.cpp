@@ -51,6 +51,7 @@ constexpr std::array kSettings{
     TSetting{"Delimiter", "Delimiter", &V::Delimiter, String, Fixed, Always, kSettingsKey},
     TSetting{"UseCustom", "UseCustom", &V::UseCustom, Bool, NeverRead, Differs},
     TSetting{"UserFile", "UserFile", &V::UserFile, String, NeverRead, Always},
+    TSetting{"IDsFromTexts", "IDsFromTexts", &V::IDsFromTexts, Bool, Fixed, Differs},
 };
 
 /// Between what a number has to lie; the others take any.

@@ -45,6 +45,7 @@ struct TSettingValues {
     std::string MultiProjFileName;
     std::string MultiProjTemplate;
     bool MultiProjUseTemplate = false;
+    bool IDsFromTexts = false;  ///< proposed IDs are made from the texts, not counted
     std::string Delimiter = "~!@#$";
     bool UseCustom = false;
     std::string UserFile;
@@ -143,6 +144,7 @@ class TExpertSettings {
     TML_SETTER(UseRegExpForSkip)
     TML_SETTER(PreviewLines)
     TML_SETTER(NoCommentsInSources)
+    TML_SETTER(IDsFromTexts)
 #undef TML_SETTER
     /// Writes "UserFile", too.
     void SetUseCustom(bool value);

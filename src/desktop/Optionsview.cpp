@@ -81,6 +81,7 @@ void TOptionsView::BindSourceStrings() {
     binder_.Check(ui_->ckbAddFormName, form_.ckbAddFormName);
     binder_.Check(ui_->ckbNoComments, form_.ckbNoComments, [this] { form_.ckbNoCommentsClick(); });
     binder_.Text(ui_->edHCPrefix, form_.edHCPrefix);
+    binder_.Check(ui_->ckbIDsFromTexts, form_.ckbIDsFromTexts);
 }
 
 void TOptionsView::BindConstants() {

@@ -96,6 +96,7 @@ void TfrmOptions::FillSourceStrings() {
     ckbNoComments = settings.NoCommentsInSources;
     CommentsLengthEnabled = !ckbNoComments;
     edHCPrefix = settings.HCPrefix;
+    ckbIDsFromTexts = settings.IDsFromTexts;
     edCnstPrefix = settings.CnstPrefix;
     rgPermanentPart = settings.CnstPermanent != 0 ? 1 : 0;
     ckbEmptyConsts = settings.EmptyConstsValues;
@@ -228,6 +229,7 @@ void TfrmOptions::Store() {
     settings.SetUseRegExpForSkip(RegExpEnabled && ckbUseRegExp);
     settings.SetPreviewLines(NumberOr(edPreviewLines, kFewestPreviewLines));
     settings.SetNoCommentsInSources(ckbNoComments);
+    settings.SetIDsFromTexts(ckbIDsFromTexts);
 }
 
 void TfrmOptions::btOKClick() {

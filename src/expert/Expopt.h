@@ -35,6 +35,7 @@ class TfrmOptions : public TForm {
     bool ckbAddFormName = false;
     bool ckbNoComments = false;
     std::string edHCPrefix;
+    bool ckbIDsFromTexts = false;  ///< "Ma&ke IDs from the texts"
     std::string edCnstPrefix;
     int rgPermanentPart = 0;  ///< 0 "&Don't Change", 1 "&All UPPERCASE"
     bool ckbEmptyConsts = false;

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "scan/Calls.h"
+#include "scan/Newids.h"
 #include "source/Charclass.h"
 #include "source/Literals.h"
 
@@ -125,23 +127,10 @@ class TWalk {
     std::size_t callsEnd_ = 0;
 };
 
-/// Gives out the IDs that the component does not hold yet.
-class TNewIDs {
-  public:
-    TNewIDs(std::string prefix, const TTable& existing) : prefix_(std::move(prefix)), existing_(existing) {}
-
-    std::string Next() {
-        for (;;) {
-            std::string id = prefix_ + std::to_string(++counter_);
-            if (existing_.Find(id) < 0) return id;
-        }
-    }
-
-  private:
-    std::string prefix_;
-    const TTable& existing_;
-    std::int32_t counter_ = -1;
-};
+std::unique_ptr<INewIDs> NewIDsOf(const TScanInput& input) {
+    if (input.IDsFromTexts) return std::make_unique<TTextIDs>(input.HCPrefix, input.Existing);
+    return std::make_unique<TCountedIDs>(input.HCPrefix, input.Existing);
+}
 
 void Describe(TmlFoundSourceString& row, const TLiteral& literal, const std::string& text,
               const TLanguage& language) {
@@ -183,7 +172,7 @@ TScanResult Scan(const TScanInput& input) {
     TWalk walk(input);
     const TSourceText& source = *input.Source;
     const TCallStyle style = CallStyleOf(input);
-    TNewIDs ids(input.HCPrefix, input.Existing);
+    const auto ids = NewIDsOf(input);
     std::vector<std::size_t> places;
     std::int32_t line = 0;
     std::size_t counted = 0;
@@ -195,7 +184,7 @@ TScanResult Scan(const TScanInput& input) {
         counted = literal.Open;
         row.Line = line;
         row.ScanPosition = static_cast<std::int32_t>(lineEnd);
-        row.StrID = ids.Next();
+        row.StrID = ids->Next(text);
         row.Replacement = ReplacementText(style, row.StrID, text);
         places.push_back(index);
         Report(input, result.Found.Count());

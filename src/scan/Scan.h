@@ -32,6 +32,7 @@ struct TScanInput {
     TTable Existing{TStringsType::stStrings};  ///< what the component holds already
     TSkipSettings Skip;
     std::string HCPrefix = "IDS_";
+    bool IDsFromTexts = false;  ///< proposed IDs are made from the texts, see TTextIDs
     std::string ReplaceMethod = "GetTextOrDefault(";
     int CommentsLength = 0;
     bool NoCommentsInSources = false;
@@ -46,7 +47,9 @@ struct TScanInput {
 };
 
 struct TScanResult {
-    TmlFoundSourceStrings Found;  ///< in the order of the text, each with an ID of its own
+    /// In the order of the text, each with an ID of its own; those made from texts are the same for the same
+    /// text.
+    TmlFoundSourceStrings Found;
     TmlSkippedStrings Skipped;
 };
 

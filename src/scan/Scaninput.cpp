@@ -33,6 +33,7 @@ TScanInput ScanInputOf(const TSettingValues& settings, ICommonLibrary* common) {
                   .IgnorableLength = settings.IgnorableLength,
                   .UseRegExpForSkip = settings.UseRegExpForSkip};
     input.HCPrefix = settings.HCPrefix;
+    input.IDsFromTexts = settings.IDsFromTexts;
     input.ReplaceMethod = settings.ReplaceMethod;
     input.CommentsLength = settings.CommentsLength;
     input.NoCommentsInSources = settings.NoCommentsInSources;

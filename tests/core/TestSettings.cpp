@@ -44,7 +44,8 @@ TEST(Settings, AnEmptyStoreGivesTheDefaults) {
                               "MultiProjUseTemplate|false",
                               "Delimiter|~!@#$",
                               "UseCustom|false",
-                              "UserFile|"};
+                              "UserFile|",
+                              "IDsFromTexts|false"};
     TStore store;
     store.Settings.ReadSettings();
     EXPECT_EQ(store.Settings.Get().ExcludeChars.size(), 33U);

@@ -100,6 +100,7 @@ TEST_F(TOptions, OKStoresInOrderAndRebuildsTheMenuItem) {
         window.memSkipWordsChange();
         EXPECT_FALSE(window.ckbUseRegExp);
         window.edHCPrefix = "S";
+        window.ckbIDsFromTexts = true;
         window.ckbOpenAllForms = true;
         window.lbLanguages = TNamesBox(TStringList({"One Two"}));
         window.btOKClick();
@@ -111,7 +112,7 @@ TEST_F(TOptions, OKStoresInOrderAndRebuildsTheMenuItem) {
     EXPECT_EQ(names,
               "ShortCut MenuSection OpenAllForms HCPrefix AddFormName ReplaceMethod DefaultLangNames "
               "CommentsLength EmptyConstsValues ExcludeChars SkipLines SkipWords UseRegExpForSkip "
-              "PreviewLines NoCommentsInSources ");
+              "PreviewLines NoCommentsInSources IDsFromTexts ");
     EXPECT_EQ(Settings().PreviewLines, 3);
     EXPECT_EQ(Settings().DefaultLangNames, "One Two\r\n");
     for (const auto& section : Ide.GetNTAServices()->GetMainMenu().Items)
