@@ -6,8 +6,10 @@
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Utf8.h"
+#include "cli/Baseline.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "cli/Sarif.h"
 #include "cli/Shownpath.h"
 #include "ids/Idchecks.h"
 
@@ -16,6 +18,8 @@ namespace {
 
 struct TCheckOptions : TFormOptions {
     bool Units = false;
+    std::string Sarif;
+    TBaselineOptions Baseline;
 };
 
 std::string_view WordOf(TBadIDKind kind) {
@@ -28,16 +32,19 @@ class TCheckRun {
     TCheckRun(TProgram& program, const TCheckOptions& options)
         : program_(program),
           options_(options),
+          baseline_(*program.Files, options.Baseline),
           session_(program, options.Project),
-          forms_(session_.Context()) {}
+          ids_(session_.Context()) {}
 
     int Run() {
         if (options_.Units)
             CheckUnits();
         else
             session_.ForEach(session_.Rows(options_.Forms), [this](TFormRow& row) { CheckForm(row); });
+        ids_.Judge(found_);
+        Report();
         const int exit = session_.ExitCode();
-        return exit == kDone && found_ ? kFindings : exit;
+        return exit == kDone && failing_ ? kFindings : exit;
     }
 
   private:
@@ -55,38 +62,69 @@ class TCheckRun {
     }
 
     void Check(const std::string& formName, const std::string& fileName) {
-        for (const TBadID& bad : CheckIDInFile(session_.Context(), forms_, formName, fileName)) {
-            found_ = true;
+        for (TBadID& bad : CheckIDInFile(session_.Context(), ids_, formName, fileName)) {
+            found_.push_back(std::move(bad));
+            checkedForms_.push_back(formName);
+        }
+    }
+
+    void Report() {
+        const auto project = session_.Modules().GetActiveProject();
+        TSarifLog sarif(FolderOf(project->GetFileName()));
+        for (std::size_t i = 0; i < found_.size(); ++i) {
+            const TBadID& bad = found_[i];
+            const bool isUsed = bad.Use.Kind == TIDUseKind::Used;
+            if (!isUsed &&
+                baseline_.Accepts(
+                    {std::string(WordOf(bad.Kind)), bad.FileName, {checkedForms_[i], bad.ID, bad.Type()}}))
+                continue;
+            failing_ = failing_ || !isUsed;
+            if (!isUsed) sarif.Add(bad);
             if (program_.Json)
-                PrintJson(bad, formName);
+                PrintJson(bad, checkedForms_[i]);
             else
                 PrintText(bad);
         }
+        if (!options_.Sarif.empty()) sarif.Write(*program_.Files, options_.Sarif);
+        baseline_.Write();
     }
 
     static void PrintText(const TBadID& bad) {
         std::cout << ShownPath(bad.FileName);
         if (bad.Kind != TBadIDKind::Unused) std::cout << ":" << bad.Place;
-        std::cout << ": '" << bad.ID << "': " << bad.Type() << "\n";
+        std::cout << ": '" << bad.ID << "': " << bad.Type();
+        if (bad.Kind == TBadIDKind::Unused) std::cout << " [" << bad.Use.Text() << "]";
+        std::cout << "\n";
     }
 
     static void PrintJson(const TBadID& bad, const std::string& formName) {
         TJsonLine line(std::cout);
         line.Text("kind", WordOf(bad.Kind)).Text("file", bad.FileName);
-        if (formName.empty())
-            line.Null("form");
-        else
-            line.Text("form", formName);
+        const auto text = [&line](const char* name, std::string_view value) {
+            if (value.empty())
+                line.Null(name);
+            else
+                line.Text(name, value);
+        };
+        text("form", formName);
         line.Text("id", bad.ID)
             .Number(bad.Kind == TBadIDKind::Unused ? "index" : "line", bad.Place)
             .Text("type", bad.Type());
+        if (bad.Kind != TBadIDKind::Unused) return;
+        line.Text("use", bad.Use.Word());
+        text("reason", bad.Use.Reason());
+        text("useFile", bad.Use.FileName);
+        line.Number("useLine", bad.Use.Line);
     }
 
     TProgram& program_;
     const TCheckOptions& options_;
+    TBaseline baseline_;
     TSession session_;
-    TFormIDs forms_;
-    bool found_ = false;
+    TProjectIDs ids_;
+    std::vector<TBadID> found_;
+    std::vector<std::string> checkedForms_;  ///< of each, "" for a unit that was checked by itself
+    bool failing_ = false;
 };
 
 }  // namespace
@@ -97,10 +135,14 @@ void AddCheckCommand(CLI::App& app, TProgram& program) {
         AddCommand(app, "check", "Find string IDs that units do not use, and calls whose ID no component has",
                    "  tmllang check Orchard.dproj\n"
                    "  tmllang check Orchard.dproj --form MainForm --json\n"
-                   "  tmllang check Orchard.dproj --units");
+                   "  tmllang check Orchard.dproj --units\n"
+                   "  tmllang check Orchard.dproj --sarif ids.sarif --baseline ids.baseline");
     AddFormOptions(command, *options);
     command->add_flag("--units", options->Units,
                       "The units without a form instead: their calls of forms' components");
+    command->add_option("--sarif", options->Sarif, "Also writes the findings into this file, as SARIF 2.1.0")
+        ->type_name("FILE");
+    AddBaselineOptions(command, options->Baseline);
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TCheckRun(shared, *options).Run(); };
     });

@@ -7,6 +7,7 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "cli/Baseline.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scanpaths.h"
 #include "cli/Scantargets.h"
@@ -28,6 +29,7 @@ struct TScanOptions {
     bool Skipped = false;
     bool Count = false;
     bool Fail = false;
+    TBaselineOptions Baseline;
     bool All = false;  ///< strings that carry an advice fail as well
 };
 
@@ -61,6 +63,7 @@ class TScanRun {
     TScanRun(TProgram& program, const TScanOptions& options)
         : program_(program),
           options_(options),
+          baseline_(*program.Files, options.Baseline),
           workplace_(program),
           settings_(*workplace_.Host().Registry, workplace_.Host().Runtime->NamesArray()) {
         settings_.ReadSettings();
@@ -77,6 +80,7 @@ class TScanRun {
         }
         progress_.Hide();
         if (options_.Count) PrintCount();
+        baseline_.Write();
         if (failures_ > 0 && scanned_ == 0) return kBadInput;
         if (failures_ > 0 || incomplete_ || workplace_.HasProblems()) return kDoneInPart;
         return options_.Fail && failing_ > 0 ? kFindings : kDone;
@@ -132,7 +136,7 @@ class TScanRun {
         try {
             TScanInput input = ScanInputOf(settings_.Get(), common_);
             if (!Take(target, input)) return;
-            if (options_.Count && !options_.Skipped && !options_.Fail)
+            if (options_.Count && !options_.Skipped && !options_.Fail && !baseline_.IsUsed())
                 found_ += CountStrings(input);
             else
                 Print(input);
@@ -167,20 +171,29 @@ class TScanRun {
         TScanResult result = Scan(input);
         VerifyAgainstExisting(result.Found, input.Existing, CallStyleOf(input));
         MergeDuplicates(result.Found);
-        found_ += result.Found.Count();
-        failing_ += std::count_if(result.Found.begin(), result.Found.end(), [this](const auto& found) {
+        const TmlFoundSourceStrings fresh = NewOnes(result.Found, input.FileName());
+        found_ += fresh.Count();
+        failing_ += std::count_if(fresh.begin(), fresh.end(), [this](const auto& found) {
             return options_.All || found.Advice == TAdvice::None;
         });
         skipped_ += static_cast<std::int64_t>(result.Skipped.size());
         if (options_.Count) return;
         const std::string file = program_.Json ? input.FileName() : ShownPath(input.FileName());
         TLineCounter lines(input.Text());
-        for (const TmlFoundSourceString& found : result.Found)
+        for (const TmlFoundSourceString& found : fresh)
             PrintFound(file, found, lines);
         if (!options_.Skipped) return;
         TLineCounter skippedLines(input.Text());
         for (const TmlSkippedString& skipped : result.Skipped)
             PrintSkipped(file, skipped, skippedLines);
+    }
+
+    /// Without those that the baseline accepts.
+    TmlFoundSourceStrings NewOnes(const TmlFoundSourceStrings& all, const std::string& file) {
+        TmlFoundSourceStrings fresh;
+        for (const TmlFoundSourceString& found : all)
+            if (!baseline_.Accepts({"found", file, {found.StrContent}})) fresh.AddItem() = found;
+        return fresh;
     }
 
     void PrintFound(const std::string& file, const TmlFoundSourceString& found, TLineCounter& lines) const {
@@ -239,6 +252,7 @@ class TScanRun {
 
     TProgram& program_;
     const TScanOptions& options_;
+    TBaseline baseline_;
     TWorkplace workplace_;
     TExpertSettings settings_;
     ICommonLibrary* common_ = nullptr;
@@ -262,7 +276,8 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
                    "  tmllang scan src/Unit1.pas lib/ --count\n"
                    "  tmllang scan . --exclude 'vendor/**' --exclude '*_test.pas'\n"
                    "  git show HEAD:Unit1.cpp | tmllang scan - --input-name Unit1.cpp\n"
-                   "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)");
+                   "  tmllang scan Orchard.dproj --fail    (exit code 1 when strings are found)\n"
+                   "  tmllang scan Orchard.dproj --fail --baseline texts.baseline");
     const auto options = std::make_shared<TScanOptions>();
     command
         ->add_option("PATH", options->Paths,
@@ -283,6 +298,7 @@ void AddScanCommand(CLI::App& app, TProgram& program) {
     command->add_flag("--skipped", options->Skipped, "Also what was passed over, with the reason");
     command->add_flag("--count", options->Count, "Only count");
     command->add_flag("--fail", options->Fail, "Exit code 1 when strings are found that carry no advice");
+    AddBaselineOptions(command, options->Baseline);
     command->add_flag("--all", options->All, "With --fail: strings that carry an advice count too");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TScanRun(shared, *options).Run(); };

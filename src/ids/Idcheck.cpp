@@ -71,7 +71,9 @@ class TIDCheck {
 
   private:
     void FindUnused(const TStringList& lines);
-    bool IsNamed(const TStringList& lines, const std::string& id) const;
+    /// What calls name, upper-cased: with as many quotes as an ID of the table has at most.
+    std::unordered_set<std::string> NamedIDs(const TStringList& lines) const;
+    std::ptrdiff_t MostQuotes() const;
     void CheckLine(std::string_view line, int number);
     TCall NextCall(std::string_view upper) const;
     std::optional<std::string> FormOf(std::string_view before) const;
@@ -88,33 +90,39 @@ class TIDCheck {
     std::vector<TBadID> found_;
 };
 
-/// One walk finds what stands between each call's first quote and the next. An ID that has a quote in it is
-/// searched by itself.
+/// One walk finds what stands between each call's first quote and the next one, or a later one where there
+/// are IDs with quotes.
 void TIDCheck::FindUnused(const TStringList& lines) {
+    const std::unordered_set<std::string> named = NamedIDs(lines);
+    const std::vector<TTableEntry>& entries = own_->Strings.Entries();
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        if (!named.contains(UpperCase(entries[i].Key)))
+            Add(TBadIDKind::Unused, entries[i].Key, static_cast<int>(i), formName_);
+}
+
+std::unordered_set<std::string> TIDCheck::NamedIDs(const TStringList& lines) const {
     std::unordered_set<std::string> named;
+    const std::ptrdiff_t quotes = MostQuotes();
     for (const std::string& line : lines) {
         const std::string upper = AsciiUpperOf(line);
         for (const std::string& pattern : patterns_)
             for (std::size_t at = upper.find(pattern); at != kNone; at = upper.find(pattern, at + 1)) {
                 const std::size_t begin = at + pattern.size();
-                const std::size_t end = line.find(language_.Delimiter(), begin);
-                if (end != kNone) named.insert(UpperCase(std::string_view(line).substr(begin, end - begin)));
+                std::size_t end = line.find(language_.Delimiter(), begin);
+                for (std::ptrdiff_t i = 0; i <= quotes && end != kNone; ++i) {
+                    named.insert(UpperCase(std::string_view(line).substr(begin, end - begin)));
+                    end = line.find(language_.Delimiter(), end + 1);
+                }
             }
     }
-    for (std::size_t i = 0; i < own_->Strings.Entries().size(); ++i) {
-        const std::string& id = own_->Strings.Entries()[i].Key;
-        const bool hasQuote = id.find(language_.Delimiter()) != std::string::npos;
-        if (!(hasQuote ? IsNamed(lines, id) : named.contains(UpperCase(id))))
-            Add(TBadIDKind::Unused, id, static_cast<int>(i), formName_);
-    }
+    return named;
 }
 
-bool TIDCheck::IsNamed(const TStringList& lines, const std::string& id) const {
-    return std::any_of(patterns_.begin(), patterns_.end(), [&](const std::string& pattern) {
-        const std::string wanted = UpperCase(pattern + id) + language_.Delimiter();
-        return std::any_of(lines.begin(), lines.end(),
-                           [&](const std::string& line) { return Contains(UpperCase(line), wanted); });
-    });
+std::ptrdiff_t TIDCheck::MostQuotes() const {
+    std::ptrdiff_t most = 0;
+    for (const TTableEntry& entry : own_->Strings.Entries())
+        most = std::max(most, std::count(entry.Key.begin(), entry.Key.end(), language_.Delimiter()));
+    return most;
 }
 
 TCall TIDCheck::NextCall(std::string_view upper) const {
@@ -172,7 +180,7 @@ bool TIDCheck::EndsCall(std::string_view behind) const {
 }
 
 void TIDCheck::Add(TBadIDKind kind, std::string_view id, int place, const std::string& form) {
-    TBadID bad{kind, std::string(id), place, {}, {}, fileName_};
+    TBadID bad{kind, std::string(id), place, {}, {}, fileName_, {}};
     const TIDHolder* holder = kind == TBadIDKind::Unused ? own_ : inForce_;
     if (kind != TBadIDKind::Undecided) {
         bad.FormName = form;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "ids/Iduses.h"
 #include "source/Language.h"
 #include "tables/Table.h"
 
@@ -24,6 +25,7 @@ struct TBadID {
     std::string FormName;       ///< whose component has not the ID; "" for Undecided
     std::string ComponentName;  ///< the same
     std::string FileName;       ///< of the unit
+    TIDUse Use;                 ///< of an unused ID: what else of the project asks for it
 
     /// "Not found in Form2.mlLang1"
     std::string Type() const;

@@ -191,6 +191,16 @@ class TCloser {
 
 }  // namespace
 
+std::vector<TAccessorName> FindAccessorNames(std::string_view text) {
+    std::vector<TAccessorName> names;
+    for (const std::size_t method : FindMethods(text)) {
+        if (WordBegin(text, method) != method) continue;
+        const std::size_t open = OpenOf(text, method);
+        if (open != std::string_view::npos) names.push_back({method, open});
+    }
+    return names;
+}
+
 std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponentReference& component,
                                      const TFormComponents& others) {
     std::vector<TAccessorCall> calls;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "scan/Replacement.h"
@@ -16,6 +17,16 @@ struct TAccessorCall {
     std::size_t Open = 0;   ///< the parenthesis
     std::size_t End = 0;    ///< behind the closing parenthesis, or the line's end where there is none
 };
+
+/// The name of an accessor in front of a parenthesis: of a call as a rule, but of a declaration or in a
+/// comment too. Byte offsets, 0-based.
+struct TAccessorName {
+    std::size_t Begin = 0;
+    std::size_t Open = 0;  ///< the parenthesis
+};
+
+/// In any case, in the order of the text.
+std::vector<TAccessorName> FindAccessorNames(std::string_view text);
 
 /// The calls on the component, bare or qualified by the form or Self (this), in any case; in the order
 /// of their parentheses, calls in comments among them. With others, also the calls on any of those; none
