@@ -9,6 +9,7 @@
 #include "cli/Completioncommand.h"
 #include "cli/Formfilecommands.h"
 #include "cli/Formscommand.h"
+#include "cli/Idcommands.h"
 #include "cli/Insertcommands.h"
 #include "cli/Pseudocommand.h"
 #include "cli/Replacecommand.h"
@@ -37,6 +38,7 @@ constexpr TAddCommand kCommands[] = {
     AddStatsCommand,
     AddPseudoCommand,
     AddCheckCommand,
+    AddRenameIDCommand,
     AddSaveCommand,
     AddLoadCommand,
     AddMergeCommand,

@@ -65,6 +65,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
 }
 
 TfrmmlLang::~TfrmmlLang() {
+    Subjects.IDs.BadIDs.reset();
     for (TFormRows* list : Context.Rows.Both())
         ClearRows(*list);
     Context.OnRowsChanged = nullptr;

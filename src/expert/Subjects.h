@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ids/Badidsform.h"
 #include "scan/Scanmemory.h"
 #include "translations/Filecommands.h"
 
@@ -9,6 +10,7 @@ namespace tml {
 struct TSubjects {
     TScanMemory Scan;
     TFilesMemory Files;
+    TIDsMemory IDs;
 };
 
 }  // namespace tml

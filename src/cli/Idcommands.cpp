@@ -1,0 +1,87 @@
+#include "cli/Idcommands.h"
+
+#include <iostream>
+#include <memory>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "cli/Jsonlines.h"
+#include "cli/Scantargets.h"
+#include "cli/Session.h"
+#include "cli/Shownpath.h"
+#include "cli/Terminal.h"
+#include "ids/Idrename.h"
+
+namespace tml {
+namespace {
+
+struct TRenameOptions {
+    std::string Project;
+    std::string Form;
+    std::string OldID;
+    std::string NewID;
+    std::vector<std::string> Units;
+};
+
+void PrintRenamed(const TProgram& program, const TIDRename& rename, const TIDRenamed& renamed) {
+    if (program.Json) {
+        TJsonLine(std::cout)
+            .Text("form", rename.FormName)
+            .Text("old", rename.OldID)
+            .Text("new", rename.NewID)
+            .Number("calls", renamed.Calls)
+            .Texts("forms", renamed.Forms)
+            .Texts("units", renamed.Units)
+            .Texts("left", renamed.Left);
+        return;
+    }
+    std::cout << rename.FormName << ": '" << rename.OldID << "' is '" << rename.NewID << "' now, in "
+              << renamed.Forms.size() << (renamed.Forms.size() == 1 ? " form" : " forms") << " and "
+              << renamed.Calls << (renamed.Calls == 1 ? " use" : " uses") << "\n";
+    for (const std::string& unit : renamed.Units)
+        std::cout << "  " << ShownPath(unit) << "\n";
+    for (const std::string& use : renamed.Left)
+        PrintMessage(Format("%s: '%s' was left: %s", rename.FormName, rename.OldID, use));
+}
+
+int RunRename(TProgram& program, const TRenameOptions& options) {
+    TSession session(program, options.Project);
+    TIDRename rename{
+        session.Rows({options.Form}).front()->FormName, options.OldID, options.NewID, {}, program.Yes};
+    if (!options.Units.empty())
+        for (const TScanTarget& target :
+             TargetsOfProject(*session.Modules().GetActiveProject(), {}, options.Units))
+            rename.Units.push_back(target.FileName);
+    TIDRenamed renamed;
+    session.Attempt(rename.FormName, [&] {
+        session.Run([&](TContext& context, TSubjects&) { renamed = RenameID(context, rename); });
+        session.Ide().SaveAll();
+        program.HasWritten = true;
+        PrintRenamed(program, rename, renamed);
+    });
+    const int exit = session.ExitCode();
+    return exit == kDone && !renamed.Left.empty() ? kDoneInPart : exit;
+}
+
+}  // namespace
+
+void AddRenameIDCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TRenameOptions>();
+    CLI::App* command =
+        AddCommand(app, "rename-id", "Give a string another ID, in its component and in all that asks for it",
+                   "  tmllang rename-id Orchard.dproj --form MainForm IDS_7 IDS_READY\n"
+                   "  tmllang rename-id Orchard.dproj --form MainForm IDS_7 IDS_READY --unit Main");
+    command->add_option("PROJECT", options->Project, "A project file")->required();
+    command->add_option("--form", options->Form, "The form whose component has the string")->required();
+    command->add_option("OLD", options->OldID, "The ID that it has")->required();
+    command->add_option("NEW", options->NewID, "The ID that it gets")->required();
+    command
+        ->add_option("--unit", options->Units,
+                     "Only the uses in this unit follow, the others are listed; may be repeated")
+        ->allow_extra_args(false);
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunRename(shared, *options); };
+    });
+}
+
+}  // namespace tml

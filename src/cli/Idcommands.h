@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/Program.h"
+
+namespace tml {
+
+/// "rename-id": another ID for a string, in component and source.
+void AddRenameIDCommand(CLI::App& app, TProgram& program);
+
+}  // namespace tml

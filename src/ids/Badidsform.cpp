@@ -1,0 +1,261 @@
+#include "ids/Badidsform.h"
+
+#include <algorithm>
+#include <map>
+
+#include "base/Errors.h"
+#include "base/Files.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "ids/Idchecks.h"
+#include "ids/Transeditor.h"
+#include "scan/Selunit.h"
+
+namespace tml {
+namespace {
+
+const std::string kIDFormKey = "\\Software\\Velmora\\TmlLang\\IDForm";
+constexpr TShortCut kEnterKey = 0x0D;
+
+using TBadIDsAction = TActionRow<TfrmBadIDs>;
+constexpr std::array kBadIDsActions{
+    TBadIDsAction{"ViewSource", "View Source", "Ctrl+V", &TfrmBadIDs::ShowSource1Click,
+                  &TfrmBadIDs::CanShowSource},
+    TBadIDsAction{"Delete", "Delete", "Ctrl+Del", &TfrmBadIDs::Delete1Click, &TfrmBadIDs::CanDelete},
+};
+
+void Tell(TContext& context, const std::string& text, TMsgDlgType type) {
+    context.Dialogs().HideProgress();
+    context.Dialogs().MessageDlg(text, type, {mrOk});
+}
+
+/// A new window in the place of a former one, whose column widths it takes over.
+TfrmBadIDs& NewWindow(TContext& context, TIDsMemory& memory) {
+    const std::vector<TListColumn> columns =
+        memory.BadIDs == nullptr ? std::vector<TListColumn>() : memory.BadIDs->lvIDs.Columns;
+    memory.BadIDs.reset();
+    memory.BadIDs = std::make_unique<TfrmBadIDs>(context, memory);
+    auto& fresh = memory.BadIDs->lvIDs.Columns;
+    for (std::size_t i = 0; i < std::min(columns.size(), fresh.size()); ++i)
+        fresh[i].Width = columns[i].Width;
+    return *memory.BadIDs;
+}
+
+/// Checks files one by one, with the progress of them; what is found is judged in the end.
+class TCheckSeries {
+  public:
+    TCheckSeries(TContext& context, std::size_t count) : context_(context), ids_(context), count_(count) {}
+
+    void Check(const std::string& formName, const std::string& fileName) {
+        if (count_ > 1 && !context_.Dialogs().ShowProgress("Checking...", static_cast<int>(done_++),
+                                                           static_cast<int>(count_)))
+            throw EmlLangSilent();
+        try {
+            for (TBadID& bad : CheckIDInFile(context_, ids_, formName, fileName))
+                found_.push_back(std::move(bad));
+        } catch (const EmlLangSilent&) {
+            Tell(context_, Format("Couldnot open file:\r%s\r\nUnit skipped!", fileName),
+                 TMsgDlgType::mtError);
+        }
+    }
+
+    bool HasFound() const { return !found_.empty(); }
+    std::vector<TBadID> Judged() {
+        ids_.Judge(found_);
+        return std::move(found_);
+    }
+
+  private:
+    TContext& context_;
+    TProjectIDs ids_;
+    std::size_t count_;
+    std::size_t done_ = 0;
+    std::vector<TBadID> found_;
+    TProgressEnd end_{context_.Dialogs()};
+};
+
+void ShowFound(TContext& context, TfrmBadIDs& window, TCheckSeries& series) {
+    window.Add(series.Judged());
+    context.Dialogs().HideProgress();
+    context.Dialogs().Show(window);
+}
+
+std::vector<const TFormRow*> SelectedForms(TContext& context) {
+    std::vector<const TFormRow*> rows;
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (row->Selected) rows.push_back(row.get());
+    return rows;
+}
+
+/// The rows whose deletion the person confirms; the answer for all holds for the rest.
+std::vector<const TBadIDRow*> ConfirmedRows(TContext& context, const TfrmBadIDs& window) {
+    std::vector<const TBadIDRow*> confirmed;
+    TModalResult answer = mrNone;
+    for (const auto& row : window.lvIDs.Items()) {
+        const TFormRow* form = context.Rows.FormNames.FindFile(row->Bad.FileName);
+        if (!row->Selected || form == nullptr || !form->HasComponent()) continue;
+        if (answer != mrYesToAll)
+            answer =
+                context.Dialogs().MessageDlg(Format("This will delete %s from %s.%s! Continue?", row->Bad.ID,
+                                                    form->FormName, form->Component.ComponentName),
+                                             TMsgDlgType::mtWarning, {mrYes, mrNo, mrCancel, mrYesToAll});
+        if (answer == mrYes || answer == mrYesToAll) confirmed.push_back(row.get());
+        if (answer != mrYes && answer != mrNo && answer != mrYesToAll) break;
+    }
+    return confirmed;
+}
+
+void DeleteIDs(TContext& context, const TFormRow& form, const std::vector<std::string>& ids) {
+    TModuleLease lease(context, form.FileName);
+    const auto lang = GetmlLang(context, form);
+    if (lang == nullptr) return;
+    TTable strings = lang->GetTable(TStringsType::stStrings);
+    std::vector<bool> gone(strings.Entries().size());
+    for (const std::string& id : ids)
+        if (const int index = strings.Find(id); index >= 0) gone[static_cast<std::size_t>(index)] = true;
+    strings.Remove(gone);
+    lang->SetTable(strings);
+    MarkModifiedForm(context, form.FormName);
+    lease.Save();
+}
+
+}  // namespace
+
+// --- the window
+
+std::string TBadIDRow::Cell(std::size_t column) const {
+    switch (column) {
+        case bcStringID:
+            return Bad.ID;
+        case bcType:
+            return Bad.Type();
+        case bcInfo:
+            return Bad.Info();
+        case bcUse:
+            return Bad.Kind == TBadIDKind::Unused ? Bad.Use.Text() : std::string();
+        case bcFileName:
+            return Bad.FileName;
+        default:
+            return {};
+    }
+}
+
+TfrmBadIDs::TfrmBadIDs(TContext& context, TIDsMemory& memory) : context_(context), memory_(memory) {
+    Name = "frmBadIDs";
+    Caption = "Bad string IDs";
+    ActiveControl = "lvIDs";
+    lblTop =
+        "TmlLang Expert has detected the following ID(s) as a problematic. Right-click on the item to delete "
+        "or locate the selected ID.";
+    lvIDs.Columns = {{"String ID", 75}, {"Type", 220}, {"Info", 90}, {"Use", 140}, {"File Name", 200}};
+    Actions.All = BindActions<TfrmBadIDs>(*this, kBadIDsActions);
+    Actions.Popup = {"ViewSource", "", "Delete"};
+}
+
+void TfrmBadIDs::FormShow() {
+    ReadPlacement(*context_.Host.Registry, kIDFormKey, Placement);
+}
+
+void TfrmBadIDs::FormClose() {
+    WritePlacement(*context_.Host.Registry, kIDFormKey, Placement);
+}
+
+void TfrmBadIDs::Add(std::vector<TBadID> found) {
+    for (TBadID& bad : found)
+        lvIDs.Add(std::move(bad));
+    UpdateStatus();
+}
+
+void TfrmBadIDs::Remove(const std::vector<int>& rows) {
+    std::vector<TBadID> kept;
+    for (const auto& row : lvIDs.Items())
+        if (std::find(rows.begin(), rows.end(), row->Id()) == rows.end()) kept.push_back(row->Bad);
+    lvIDs.Clear();
+    Add(std::move(kept));
+}
+
+void TfrmBadIDs::UpdateStatus() {
+    StatusPanels[1] = std::to_string(lvIDs.Count());
+    Changed();
+}
+
+bool TfrmBadIDs::CanDelete() const {
+    const TBadIDRow* row = lvIDs.FirstSelected();
+    return row != nullptr && row->Bad.Kind == TBadIDKind::Unused;
+}
+
+void TfrmBadIDs::LVIDsDblClick() {
+    if (const TBadIDRow* row = lvIDs.FirstSelected()) ViewBadID(context_, row->Bad);
+}
+
+void TfrmBadIDs::LVIDsKeyDown(TShortCut key) {
+    if (key == kEnterKey) LVIDsDblClick();
+}
+
+void TfrmBadIDs::Delete1Click() {
+    DeleteStringByID(context_, *this);
+}
+
+// --- the commands
+
+void CheckunusedIDs1Click(TContext& context, TIDsMemory& memory) {
+    const std::vector<const TFormRow*> rows = SelectedForms(context);
+    if (rows.empty()) return;
+    TfrmBadIDs& window = NewWindow(context, memory);
+    TCheckSeries series(context, rows.size());
+    for (const TFormRow* row : rows) {
+        if (row->HasComponent())
+            series.Check(row->FormName, row->FileName);
+        else if (rows.size() == 1)
+            return Tell(context, Format("Form %s is not translated!", row->FormName), TMsgDlgType::mtError);
+    }
+    if (series.HasFound()) return ShowFound(context, window, series);
+    const std::string which =
+        rows.size() == 1 ? Format("form %s", rows.front()->FormName) : std::string("selected forms");
+    Tell(context, Format("All IDs on %s are used.\rAll internal and external IDs resolved.", which),
+         TMsgDlgType::mtInformation);
+}
+
+void CheckbadstringIDsinunit1Click(TContext& context, TIDsMemory& memory) {
+    TfrmTranslUnits chooser(context);
+    chooser.Caption = "Check bad string IDs in unit(s)";
+    chooser.lblUnits = "&Select Unit(s):";
+    chooser.OptionsVisible = false;
+    if (context.Dialogs().ShowModal(chooser) != mrOk) return;
+    TfrmBadIDs& window = NewWindow(context, memory);
+    const TStringList units = chooser.lbUnits.SelectedItems();
+    TCheckSeries series(context, units.Items().size());
+    for (const std::string& unit : units)
+        if (!SameText(ExtensionOf(unit), ".DPR")) series.Check({}, unit);
+    if (series.HasFound()) return ShowFound(context, window, series);
+    Tell(context, "All external IDs in unit(s) resolved.", TMsgDlgType::mtInformation);
+}
+
+void ViewBadID(TContext& context, const TBadID& bad) {
+    if (bad.Kind == TBadIDKind::Unused) return EditStringID(context, bad.FileName, bad.ID);
+    if (!OpenFile(context, bad.FileName, true)) return;
+    const auto editor = GetModuleFromFileName(context, bad.FileName)->GetSourceEditor(0);
+    editor->GetEditView(0)->SetCursorPos({bad.Place, 0});
+    editor->Show();
+}
+
+void DeleteStringByID(TContext& context, TfrmBadIDs& window) {
+    const std::vector<const TBadIDRow*> confirmed = ConfirmedRows(context, window);
+    if (confirmed.empty()) return;
+    std::map<std::string, std::vector<std::string>> idsByFile;
+    std::vector<int> rows;
+    for (const TBadIDRow* row : confirmed) {
+        idsByFile[row->Bad.FileName].push_back(row->Bad.ID);
+        rows.push_back(row->Id());
+    }
+    const auto scope = BeginCommand(context, "Delete strings");
+    for (const auto& [file, ids] : idsByFile)
+        DeleteIDs(context, *context.Rows.FormNames.FindFile(file), ids);
+    scope->Commit();
+    window.Remove(rows);
+    if (window.lvIDs.Count() == 0) window.Close(mrClose);
+}
+
+}  // namespace tml

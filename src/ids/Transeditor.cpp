@@ -1,0 +1,83 @@
+#include "ids/Transeditor.h"
+
+#include <algorithm>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "core/Insertion.h"
+#include "core/Modules.h"
+#include "ids/Idforms.h"
+#include "ids/Stridrepl.h"
+
+namespace tml {
+namespace {
+
+void Inform(TContext& context, const std::string& text, TMsgDlgType type) {
+    context.Dialogs().MessageDlg(text, type, {mrOk});
+}
+
+/// The call around a place of a source, else the first one of its line.
+const TIDCall* CallAt(const std::vector<TIDCall>& calls, std::size_t place, int line) {
+    const TIDCall* found = nullptr;
+    for (const TIDCall& call : calls) {
+        if (call.Line != line) continue;
+        if (found == nullptr || call.Place <= place) found = &call;
+    }
+    return found;
+}
+
+}  // namespace
+
+void OpenTransEditor(TContext& context, const std::string& unitFile,
+                     const std::function<TTransEditorPlace(TmlCustomLang&)>& place) {
+    const TFormRow* row = nullptr;
+    for (TFormRows* list : context.Rows.Both())
+        if (row == nullptr) row = list->FindFile(unitFile);
+    const bool wasOpen = IsFileOpen(context, unitFile);
+    const bool isOpen = row != nullptr && OpenFile(context, unitFile, false);
+    TModuleLease lease(context, unitFile, wasOpen || !isOpen);
+    const auto lang = isOpen ? GetmlLang(context, *row) : nullptr;
+    if (lang == nullptr) return Inform(context, "Nil designer", TMsgDlgType::mtError);
+    const auto& editor = context.Host.Runtime->TransEditorDlg;
+    if (!editor)
+        throw EBadInput(unitFile, 0, "the run-time library has no translation editor",
+                        "Change the texts in the properties of the component");
+    const std::string formName = row->FormName;
+    const auto changeID = [&context](const std::string& form, const std::string& oldID,
+                                     const std::string& newID) {
+        OnChangeStrID(context, form, oldID, newID);
+    };
+    if (!editor(*lang, place(*lang), changeID)) return;
+    MarkModifiedForm(context, formName);
+    lease.Save();
+}
+
+void EditStringID(TContext& context, const std::string& unitFile, const std::string& id) {
+    OpenTransEditor(context, unitFile, [&id](TmlCustomLang& lang) {
+        TTransEditorPlace place;
+        place.Entry = std::max(lang.GetTable(place.Table).Find(id), 0);
+        return place;
+    });
+}
+
+void ViewTranslationByIDMenuClick(TContext& context, TScanMemory& /*memory*/) {
+    const auto editor = GetCurrentSourceEditor(context);
+    if (editor == nullptr || editor->GetEditViewCount() == 0) return;
+    const auto view = editor->GetEditView(0);
+    const TOTACharPos cursor = view->GetCursorPos();
+    const std::vector<TIDCall> calls = ReadIDCalls(*editor->GetSource());
+    const TIDCall* call = CallAt(calls, static_cast<std::size_t>(view->CharPosToPos(cursor)), cursor.Line);
+    if (call == nullptr || call->Argument != TIDArgument::Whole)
+        return Inform(context, "There is no call with a string ID at the cursor!",
+                      TMsgDlgType::mtInformation);
+    const std::vector<TFormRow*> own = context.Rows.FormNames.FindUnitOrForm(editor->GetFileName());
+    const std::string unitForm = own.empty() ? std::string() : own.front()->FormName;
+    const std::string form = TIDForms(context.Rows.FormNames).FormAsked(*call, unitForm);
+    const TFormRow* row = form.empty() ? nullptr : context.Rows.FormNames.FindForm(form);
+    if (row == nullptr)
+        return Inform(context, Format("It cannot be told which component is asked for %s!", call->ID),
+                      TMsgDlgType::mtInformation);
+    EditStringID(context, row->FileName, call->ID);
+}
+
+}  // namespace tml

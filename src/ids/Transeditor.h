@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "core/Context.h"
+#include "platform/Mlruntime.h"
+#include "scan/Scanmemory.h"
+
+namespace tml {
+
+/// Opens the translation editor on the component of a unit's form, with the ID change at hand; the place is
+/// chosen by the table (-1 in Entry: its first). Where the editor has changed the form, it is marked as
+/// modified; a unit that was closed is saved then and closed again. An error message where the unit has no
+/// designer; EBadInput where the run-time library has no editor.
+void OpenTransEditor(TContext& context, const std::string& unitFile,
+                     const std::function<TTransEditorPlace(TmlCustomLang&)>& place);
+
+/// The same at a string by its ID.
+void EditStringID(TContext& context, const std::string& unitFile, const std::string& id);
+
+/// The command of the code editor: opens the translation editor at the ID of the call at the cursor. A
+/// message where there is no such call, or no component that has the ID.
+void ViewTranslationByIDMenuClick(TContext& context, TScanMemory& memory);
+
+}  // namespace tml
