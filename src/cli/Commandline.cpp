@@ -11,6 +11,7 @@
 #include "cli/Formscommand.h"
 #include "cli/Idcommands.h"
 #include "cli/Insertcommands.h"
+#include "cli/Phrasecommands.h"
 #include "cli/Pseudocommand.h"
 #include "cli/Replacecommand.h"
 #include "cli/Scancommand.h"
@@ -39,6 +40,8 @@ constexpr TAddCommand kCommands[] = {
     AddPseudoCommand,
     AddCheckCommand,
     AddRenameIDCommand,
+    AddFindCommand,
+    AddReplacePhraseCommand,
     AddSaveCommand,
     AddLoadCommand,
     AddMergeCommand,

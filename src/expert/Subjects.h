@@ -3,6 +3,7 @@
 #include "ids/Badidsform.h"
 #include "scan/Scanmemory.h"
 #include "translations/Filecommands.h"
+#include "translations/Findphrase.h"
 
 namespace tml {
 
@@ -11,6 +12,7 @@ struct TSubjects {
     TScanMemory Scan;
     TFilesMemory Files;
     TIDsMemory IDs;
+    TPhrasesMemory Phrases;
 };
 
 }  // namespace tml
