@@ -51,6 +51,12 @@ constexpr TAddCommand kCommands[] = {
     AddFormBinaryCommand,
     AddSettingsCommand,
     AddCompletionCommand,
+    AddFormsCommand,     AddScanCommand,          AddReplaceCommand,      AddInsertCommand,
+    AddLanguagesCommand, AddUpdateCommand,        AddClearCommand,        AddTextsCommand,
+    AddStatsCommand,     AddPseudoCommand,        AddCheckCommand,        AddRenameIDCommand,
+    AddFindCommand,      AddReplacePhraseCommand, AddChangeTypeCommand,   AddSaveCommand,
+    AddLoadCommand,      AddMergeCommand,         AddLoadLanguageCommand, AddExportPropertiesCommand,
+    AddFormTextCommand,  AddFormBinaryCommand,    AddSettingsCommand,     AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

@@ -1,16 +1,20 @@
 #include "cli/Idcommands.h"
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
 #include "base/Errors.h"
+#include "base/Files.h"
 #include "base/Format.h"
+#include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
 #include "cli/Session.h"
 #include "cli/Shownpath.h"
 #include "cli/Terminal.h"
 #include "ids/Idrename.h"
+#include "ids/Typechange.h"
 
 namespace tml {
 namespace {
@@ -63,7 +67,62 @@ int RunRename(TProgram& program, const TRenameOptions& options) {
     return exit == kDone && !renamed.Left.empty() ? kDoneInPart : exit;
 }
 
+struct TTypeOptions : TFormOptions {
+    std::string ClassName;
+};
+
+void ExpectClass(TSession& session, const std::string& className) {
+    const auto& names = session.Context().Host.Runtime->NamesArray();
+    if (std::find(names.begin(), names.end(), className) != names.end()) return;
+    std::string known;
+    for (const std::string& name : names)
+        known += (known.empty() ? "" : ", ") + name;
+    throw EBadInput("", 0, className + " is no class of localization components", "Choose one of " + known);
+}
+
+int RunChangeType(TProgram& program, const TTypeOptions& options) {
+    TSession session(program, options.Project);
+    ExpectClass(session, options.ClassName);
+    std::vector<TFormRow*> rows;
+    for (TFormRow* row : session.Rows(options.Forms))
+        if (!options.Forms.empty() || (row->HasComponent() && row->Component.Ancestor.empty()))
+            rows.push_back(row);
+    std::vector<std::string> former;
+    for (const TFormRow* row : rows)
+        former.push_back(row->Component.ClassName);
+    session.Attempt(FileNameOf(options.Project), [&] {
+        session.Run(
+            [&](TContext& context, TSubjects&) { ChangeTmlLangType(context, rows, options.ClassName); });
+        program.HasWritten = true;
+    });
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i]->Component.ClassName != options.ClassName) continue;
+        if (program.Json)
+            TJsonLine(std::cout)
+                .Text("form", rows[i]->FormName)
+                .Text("former", former[i])
+                .Text("class", rows[i]->Component.ClassName);
+        else
+            std::cout << rows[i]->FormName << ": " << former[i] << " -> " << rows[i]->Component.ClassName
+                      << "\n";
+    }
+    return session.ExitCode();
+}
+
 }  // namespace
+
+void AddChangeTypeCommand(CLI::App& app, TProgram& program) {
+    const auto options = std::make_shared<TTypeOptions>();
+    CLI::App* command = AddFormOptions(
+        AddCommand(app, "change-type", "Give the localization components of forms another class",
+                   "  tmllang change-type Orchard.dproj TmlLangRTSE --form MainForm\n"
+                   "  tmllang change-type Orchard.dproj TmlLang"),
+        *options);
+    command->add_option("CLASS", options->ClassName, "A class of localization components")->required();
+    command->callback([&program, options] {
+        program.Run = [options](TProgram& shared) { return RunChangeType(shared, *options); };
+    });
+}
 
 void AddRenameIDCommand(CLI::App& app, TProgram& program) {
     const auto options = std::make_shared<TRenameOptions>();
