@@ -1,5 +1,6 @@
 // bench-make form BYTES FILE: a text form of at least that many bytes.
 // bench-make project COUNT FOLDER: a project of COUNT forms with their units, in a new folder.
+// bench-make ids COUNT FOLDER: likewise with 100 string IDs a form, which the unit asks for but for some.
 // bench-make sources COUNT FOLDER: likewise with units of 1,000 lines and no components on the forms yet.
 // What is made depends on the numbers only.
 #include <array>
@@ -206,6 +207,41 @@ std::string LongUnit(const std::string& unit, const std::string& form) {
            ";\r\n\r\nimplementation\r\n\r\n{$R *.dfm}\r\n\r\n" + handlers + "end.\r\n";
 }
 
+constexpr int kStrings = 100;
+
+std::string FormWithStrings(const std::string& name) {
+    TFormWriter form;
+    form.Begin(name, "T" + name);
+    form.Property("Caption", "'" + name + "'");
+    form.Begin("mlLang1", "TmlLang");
+    std::string strings = "(";
+    for (int i = 0; i < kStrings; ++i) {
+        const std::string number = std::to_string(i);
+        strings += "\r\n      'IDS_" + number + "'#1'Text " + number + "'#1'Text " + number + "'";
+    }
+    form.Property("Strings.Strings", strings + ")");
+    form.End();
+    form.End();
+    return form.Text();
+}
+
+/// One ID in ten is not asked for, and one call in ten has no ID.
+std::string UnitWithCalls(const std::string& unit, const std::string& form) {
+    std::string code;
+    for (int i = 0; i < kStrings; ++i) {
+        const std::string number = std::to_string(i % 10 == 0 ? i + 1000 : i);
+        code += "  if Count > " + number + " then\r\n    Count := Count - 1; // so that it ends\r\n" +
+                "  ShowMessage(mlLang1.GetTextOrDefault('IDS_" + number + "' (* 'Text " + number +
+                "' *) ));\r\n";
+    }
+    return "unit " + unit + ";\r\n\r\ninterface\r\n\r\nuses\r\n  Classes, Forms, Mllang;\r\n\r\ntype\r\n  T" +
+           form +
+           " = class(TForm)\r\n    mlLang1: TmlLang;\r\n    procedure Work(Count: Integer);\r\n  end;" +
+           "\r\n\r\nvar\r\n  " + form + ": T" + form + ";\r\n\r\nimplementation\r\n\r\n{$R *.dfm}" +
+           "\r\n\r\nprocedure T" + form + ".Work(Count: Integer);\r\nbegin\r\n" + code +
+           "end;\r\n\r\nend.\r\n";
+}
+
 /// What writes a form file or unit by its names.
 struct TKindOfProject {
     std::string (*Form)(const std::string& form);
@@ -231,8 +267,9 @@ void MakeProject(const TKindOfProject& kind, std::size_t count, const std::files
 
 int main(int argc, char** argv) {
     const std::string what = argc == 4 ? argv[1] : "";
-    if (what != "form" && what != "project" && what != "sources") {
-        std::cerr << "bench-make form BYTES FILE | project COUNT FOLDER | sources COUNT FOLDER\n";
+    if (what != "form" && what != "project" && what != "ids" && what != "sources") {
+        std::cerr << "bench-make form BYTES FILE | project COUNT FOLDER | ids COUNT FOLDER | sources COUNT "
+                     "FOLDER\n";
         return 2;
     }
     try {
@@ -242,6 +279,8 @@ int main(int argc, char** argv) {
             Save(argv[3], LargeForm(number));
         else if (what == "project")
             MakeProject({SmallForm, UnitOf}, number, argv[3]);
+        else if (what == "ids")
+            MakeProject({FormWithStrings, UnitWithCalls}, number, argv[3]);
         else
             MakeProject({FormWithHandlers, LongUnit}, number, argv[3]);
         return 0;
