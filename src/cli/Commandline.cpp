@@ -42,6 +42,7 @@ constexpr TAddCommand kCommands[] = {
     AddRenameIDCommand,
     AddFindCommand,
     AddReplacePhraseCommand,
+    AddChangeTypeCommand,
     AddSaveCommand,
     AddLoadCommand,
     AddMergeCommand,
@@ -51,12 +52,6 @@ constexpr TAddCommand kCommands[] = {
     AddFormBinaryCommand,
     AddSettingsCommand,
     AddCompletionCommand,
-    AddFormsCommand,     AddScanCommand,          AddReplaceCommand,      AddInsertCommand,
-    AddLanguagesCommand, AddUpdateCommand,        AddClearCommand,        AddTextsCommand,
-    AddStatsCommand,     AddPseudoCommand,        AddCheckCommand,        AddRenameIDCommand,
-    AddFindCommand,      AddReplacePhraseCommand, AddChangeTypeCommand,   AddSaveCommand,
-    AddLoadCommand,      AddMergeCommand,         AddLoadLanguageCommand, AddExportPropertiesCommand,
-    AddFormTextCommand,  AddFormBinaryCommand,    AddSettingsCommand,     AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

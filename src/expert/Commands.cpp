@@ -6,6 +6,7 @@
 #include "expert/Expopt.h"
 #include "expert/Mlmainform.h"
 #include "expert/Subjects.h"
+#include "ids/Stridrepl.h"
 #include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
@@ -56,9 +57,11 @@ void ViewForm(TContext& context) {
     if (const auto form = GetFormEditorFromModule(GetModuleFromFileName(context, file))) form->Show();
 }
 
-/// An ID that is renamed in the editor is not followed by the units yet.
 void Translate(TContext& context, TSubjects& /*subjects*/) {
-    Translate1Click(context, {});
+    Translate1Click(context,
+                    [&context](const std::string& form, const std::string& oldID, const std::string& newID) {
+                        OnChangeStrID(context, form, oldID, newID);
+                    });
 }
 
 /// Only while a project with entries is open.

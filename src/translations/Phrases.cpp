@@ -46,7 +46,7 @@ void ReplaceTexts(TmlCustomLang& lang, const std::vector<TPhraseHit>& hits, cons
             else
                 table.SetText(hit.Entry, hit.Field - 1, phrase.Replaced(hit.Text));
         }
-    lang.SetTexts(tables);
+    lang.EditTables(tables);
 }
 
 bool HasTexts(const TFormPhrases& form) {
