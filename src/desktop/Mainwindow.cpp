@@ -198,6 +198,7 @@ void TMainWindow::TellWritten() {
     QString command;
     for (const auto& [file, title] : std::exchange(written_, {})) {
         names += ToQt(FileNameOf(file));
+        messages_->Forget(file);
         if (host_->Modules().FindModule(file) != nullptr) continue;
         command = " (" + ToQt(title) + ")";
         messages_->AddNote(file, "Written to the disk (" + title + "); undo and redo work once it is open");

@@ -53,12 +53,20 @@ void TMessagePane::Add(const char* picture, const std::string& file, int line, c
     item->setToolTip(2, ToQt(text));
     item->setData(0, kFileRole, ToQt(file));
     item->setData(0, kLineRole, line);
-    scrollToItem(item);
+    setCurrentItem(item);
 }
 
 void TMessagePane::ClearMessages() {
     shown_.clear();
     clear();
+}
+
+void TMessagePane::Forget(const std::string& file) {
+    std::erase_if(shown_, [&](const auto& message) {
+        const bool isOfFile = std::get<0>(message.first) == file;
+        if (isOfFile) delete message.second;
+        return isOfFile;
+    });
 }
 
 void TMessagePane::AddError(const std::exception& error) {

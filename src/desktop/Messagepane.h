@@ -24,6 +24,8 @@ class TMessagePane : public QTreeWidget {
     /// With its place, where the error has one.
     void AddError(const std::exception& error);
     void ClearMessages();
+    /// What was said of a file does not hold any more.
+    void Forget(const std::string& file);
 
   private:
     void GoTo(const QTreeWidgetItem& item) const;

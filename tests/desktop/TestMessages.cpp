@@ -85,6 +85,7 @@ TEST_F(TMessages, AFormThatCannotBeReadIsNamedInTheMessages) {
     QTest::keyClick(Window->Tabs().Current(), Qt::Key_End);
     QTest::keyClicks(Window->Tabs().Current(), "'");
     Click("Save1");
+    EXPECT_EQ(messages.topLevelItemCount(), 0);
     Click("ViewForm2");
     EXPECT_EQ(Window->Tabs().count(), 1);
     EXPECT_FALSE(Window->Host().Modules().FindFormModule("MainForm")->GetModified()) << "mended";
