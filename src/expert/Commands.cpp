@@ -58,10 +58,7 @@ void ViewForm(TContext& context) {
 }
 
 void Translate(TContext& context, TSubjects& /*subjects*/) {
-    Translate1Click(context,
-                    [&context](const std::string& form, const std::string& oldID, const std::string& newID) {
-                        OnChangeStrID(context, form, oldID, newID);
-                    });
+    Translate1Click(context, ChangeStrIDOf(context));
 }
 
 /// Only while a project with entries is open.

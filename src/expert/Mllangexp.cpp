@@ -410,6 +410,7 @@ namespace {
 
 void LinkEditors(TEditorHost& editors, TmlLangExpert& expert) {
     editors.Expert = &expert.Context();
+    editors.OnChangeStrID = ChangeStrIDOf(expert.Context());
     editors.RunCommand = [&expert](std::string_view command) { expert.Window()->Run(command); };
 }
 

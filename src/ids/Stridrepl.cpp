@@ -280,4 +280,10 @@ void OnChangeStrID(TContext& context, const std::string& formName, const std::st
     TIDChange(context, formName, oldID, newID).Run();
 }
 
+TChangeStrID ChangeStrIDOf(TContext& context) {
+    return [&context](const std::string& formName, const std::string& oldID, const std::string& newID) {
+        OnChangeStrID(context, formName, oldID, newID);
+    };
+}
+
 }  // namespace tml

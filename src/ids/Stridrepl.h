@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/Context.h"
+#include "platform/Mlruntime.h"
 #include "windows/Actions.h"
 #include "windows/Boxes.h"
 #include "windows/Listview.h"
@@ -83,5 +84,7 @@ std::vector<TSourceLineRow> LinesWithID(std::string_view text, const TLanguage& 
 /// empty ID.
 void OnChangeStrID(TContext& context, const std::string& formName, const std::string& oldID,
                    const std::string& newID);
+/// The same as the translation editor wants it.
+TChangeStrID ChangeStrIDOf(TContext& context);
 
 }  // namespace tml

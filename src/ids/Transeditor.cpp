@@ -43,11 +43,7 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
         throw EBadInput(unitFile, 0, "the run-time library has no translation editor",
                         "Change the texts in the properties of the component");
     const std::string formName = row->FormName;
-    const auto changeID = [&context](const std::string& form, const std::string& oldID,
-                                     const std::string& newID) {
-        OnChangeStrID(context, form, oldID, newID);
-    };
-    if (!editor(*lang, place(*lang), changeID)) return;
+    if (!editor(*lang, place(*lang), ChangeStrIDOf(context))) return;
     MarkModifiedForm(context, formName);
     lease.Save();
 }

@@ -56,13 +56,15 @@ void TfrmTransEditor::BuildTree(const TTransEditorPlace& place) {
     const auto& forms = texts_.Forms();
     const int level = forms.size() > 1 ? 1 : 0;
     if (level > 0) Tree.push_back({kAllForms, 0, {}});
-    for (int form = 0; form < static_cast<int>(forms.size()); ++form) {
-        Tree.push_back({forms[static_cast<std::size_t>(form)].Name, level, {form, -1}});
-        for (int table = 0; table < static_cast<int>(texts_.Tables().size()); ++table) {
-            const TTransTable& one = texts_.Tables()[static_cast<std::size_t>(table)];
-            const bool isAsked = !place.IsLast && form == 0 && one.Property() == KindOf(place.Table).Property;
-            if (one.Form() == form && (one.Count() > 0 || one.IsStrings() || isAsked))
-                Tree.push_back({std::string(one.Property()), level + 1, {form, table}});
+    for (int number = 0; number < static_cast<int>(forms.size()); ++number) {
+        const TTransForm& form = forms[static_cast<std::size_t>(number)];
+        Tree.push_back({form.Name, level, {number, -1}});
+        for (int index = form.FirstTable; index < form.TablesEnd; ++index) {
+            const TTransTable& table = texts_.Tables()[static_cast<std::size_t>(index)];
+            const bool isAsked =
+                !place.IsLast && number == 0 && table.Property() == KindOf(place.Table).Property;
+            if (table.Count() > 0 || table.IsStrings() || isAsked)
+                Tree.push_back({std::string(table.Property()), level + 1, {number, index}});
         }
     }
 }
@@ -94,11 +96,11 @@ int TfrmTransEditor::FormOf(const std::string& name) const {
 }
 
 int TfrmTransEditor::TableOf(int form, std::string_view property) const {
-    const auto& tables = texts_.Tables();
-    const auto found = std::find_if(tables.begin(), tables.end(), [&](const auto& table) {
-        return table.Form() == form && table.Property() == property;
-    });
-    return found == tables.end() ? -1 : static_cast<int>(found - tables.begin());
+    if (form < 0) return -1;
+    const TTransForm& whose = texts_.Forms()[static_cast<std::size_t>(form)];
+    for (int table = whose.FirstTable; table < whose.TablesEnd; ++table)
+        if (texts_.Tables()[static_cast<std::size_t>(table)].Property() == property) return table;
+    return -1;
 }
 
 int TfrmTransEditor::ColumnOf(const std::string& language) const {
@@ -133,7 +135,7 @@ void TfrmTransEditor::Return() {
     if (!HasPatterns()) filter_.IsPattern = false;
     Arrange();
     const int form = FormOf(memory_.Form);
-    const int table = form < 0 ? -1 : TableOf(form, memory_.Table);
+    const int table = TableOf(form, memory_.Table);
     const int entry = table < 0 ? -1 : texts_.Tables()[static_cast<std::size_t>(table)].FindKey(memory_.Key);
     Show({table, entry}, table < 0 ? FirstTranslation() : ColumnOf(memory_.Language));
 }
@@ -290,10 +292,9 @@ void TfrmTransEditor::acRedo() {
     Follow(texts_.Redo());
 }
 
-void TfrmTransEditor::Follow(const std::vector<TTransRow>& rows) {
-    for (const TTransRow row : rows)
-        grid_.Show(row, texts_.Find(row) != nullptr);
-    if (!rows.empty()) grid_.SetCurrent(grid_.PlaceOf(rows.back()), grid_.Column());
+void TfrmTransEditor::Follow(const TTransSwapped& swapped) {
+    grid_.Update(swapped.Come, swapped.Gone);
+    if (!swapped.Rows.empty()) grid_.SetCurrent(grid_.PlaceOf(swapped.Rows.back()), grid_.Column());
     Done();
 }
 
@@ -342,7 +343,7 @@ void TfrmTransEditor::acAddID() {
     const TTransForm& form = texts_.FormOf({table, 0});
     const TTransRow row =
         texts_.Add(table, {id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
-    grid_.Show(row, true);
+    grid_.Update({row}, {});
     const auto base = std::find(form.Places.begin(), form.Places.end(), 1);
     Show(row, static_cast<int>(base - form.Places.begin()));
     Done();
@@ -378,10 +379,9 @@ void TfrmTransEditor::acDeleteID() {
     std::vector<TTransRow> rows;
     for (int place = grid_.Selection().FirstRow; place <= grid_.Selection().LastRow; ++place)
         if (IsOfStrings(grid_.RowAt(place))) rows.push_back(grid_.RowAt(place));
-    for (const TTransRow row : rows) {
+    for (const TTransRow row : rows)
         texts_.Put(row, std::nullopt);
-        grid_.Show(row, false);
-    }
+    grid_.Update({}, rows);
     Done();
 }
 

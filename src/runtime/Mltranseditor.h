@@ -157,8 +157,7 @@ class TfrmTransEditor : public TForm {
     /// Ends the step and tells the view.
     void Done(const std::string& notice = {});
     void Update();
-    /// Rows that may have come or gone.
-    void Follow(const std::vector<TTransRow>& rows);
+    void Follow(const TTransSwapped& swapped);
     std::vector<TTransCell> Selected() const { return SelectedCells(grid_); }
     bool IsOfStrings(TTransRow row) const;
     /// The table "Strings" that takes new IDs: the current row's form's, else the node's; -1 for none.

@@ -37,9 +37,9 @@ bool TTransSieve::CannotRead(const std::string& pattern) const {
 bool TTransSieve::Passes(TTransRow row) const {
     if (!IsShown(row)) return false;
     if (filter_.Text.empty()) return true;
-    const TTableEntry& entry = *texts_.Find(row);
-    return Holds(entry.Key) || std::any_of(entry.Values.begin(), entry.Values.end(),
-                                           [this](const TTableValue& value) { return Holds(value.Text); });
+    for (int column = 0; column <= static_cast<int>(texts_.Languages().size()); ++column)
+        if (const std::string& text = texts_.Text(row, column); !text.empty() && Holds(text)) return true;
+    return false;
 }
 
 bool TTransSieve::IsShown(TTransRow row) const {

@@ -1,6 +1,7 @@
 #include "runtime/Transgrid.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tml {
@@ -31,14 +32,15 @@ void TTransGrid::Assign(std::vector<TTransRow> rows) {
     KeepCurrent();
 }
 
-void TTransGrid::Show(TTransRow row, bool isShown) {
-    const auto place = std::lower_bound(shown_.begin(), shown_.end(), row);
-    if ((place != shown_.end() && *place == row) == isShown) return;
-    if (isShown)
-        shown_.insert(place, row);
-    else
-        shown_.erase(place);
-    KeepCurrent();
+void TTransGrid::Update(std::vector<TTransRow> come, std::vector<TTransRow> gone) {
+    if (come.empty() && gone.empty()) return;
+    std::sort(come.begin(), come.end());
+    std::sort(gone.begin(), gone.end());
+    std::vector<TTransRow> left;
+    std::set_difference(shown_.begin(), shown_.end(), gone.begin(), gone.end(), std::back_inserter(left));
+    std::vector<TTransRow> all;
+    std::set_union(left.begin(), left.end(), come.begin(), come.end(), std::back_inserter(all));
+    Assign(std::move(all));
 }
 
 void TTransGrid::KeepCurrent() {

@@ -50,8 +50,8 @@ class TTransGrid {
 
     /// Other rows, ascending. The current row stays; where it has gone, the next one shown takes its place.
     void Assign(std::vector<TTransRow> rows);
-    /// Shows a row at its place, or no longer.
-    void Show(TTransRow row, bool isShown);
+    /// Shows rows at their places, and others no longer.
+    void Update(std::vector<TTransRow> come, std::vector<TTransRow> gone);
 
   private:
     void KeepCurrent();

@@ -65,10 +65,12 @@ void TTransTexts::ReadForm(TmlCustomLang& lang) {
         form.Places[column] = place;
     }
     const int number = static_cast<int>(forms_.size());
+    form.FirstTable = static_cast<int>(tables_.size());
     for (TTable& table : texts.Tables)
         tables_.emplace_back(number, std::move(table), form.Languages.Count());
     if (!texts.Extended.empty())
         tables_.emplace_back(number, ExtendedTable(texts.Extended), form.Languages.Count(), true);
+    form.TablesEnd = static_cast<int>(tables_.size());
     forms_.push_back(std::move(form));
 }
 
@@ -117,8 +119,10 @@ TTransProgress TTransTexts::ProgressOfTable(int column, int table) const {
 
 TTransProgress TTransTexts::Progress(int column, int form) const {
     TTransProgress progress;
-    for (std::size_t i = 0; i < tables_.size(); ++i)
-        if (form < 0 || tables_[i].Form() == form) progress += ProgressOfTable(column, static_cast<int>(i));
+    const int end =
+        form < 0 ? static_cast<int>(tables_.size()) : forms_[static_cast<std::size_t>(form)].TablesEnd;
+    for (int i = form < 0 ? 0 : forms_[static_cast<std::size_t>(form)].FirstTable; i < end; ++i)
+        progress += ProgressOfTable(column, i);
     return progress;
 }
 
@@ -140,19 +144,21 @@ void TTransTexts::EndStep() {
     undone_.clear();
 }
 
-std::vector<TTransRow> TTransTexts::Swap(TSteps& from, TSteps& to) {
-    if (from.empty()) return {};
+TTransSwapped TTransTexts::Swap(TSteps& from, TSteps& to) {
+    TTransSwapped swapped;
+    if (from.empty()) return swapped;
     TStep step = std::move(from.back());
     from.pop_back();
-    std::vector<TTransRow> rows;
     // Backwards, for a row may stand in a step twice.
     std::reverse(step.begin(), step.end());
     for (TEdit& edit : step) {
+        swapped.Rows.push_back(edit.Row);
+        if (!edit.Entry) swapped.Gone.push_back(edit.Row);
+        if (Find(edit.Row) == nullptr) swapped.Come.push_back(edit.Row);
         edit.Entry = At(edit.Row).Put(edit.Row.Entry, std::move(edit.Entry));
-        rows.push_back(edit.Row);
     }
     to.push_back(std::move(step));
-    return rows;
+    return swapped;
 }
 
 void TTransTexts::RenameHere(TTransRow row, const std::string& id) {
@@ -177,31 +183,28 @@ bool TTransTexts::HasEdits() const {
     return std::any_of(tables_.begin(), tables_.end(), [](const auto& table) { return table.HasEdits(); });
 }
 
+bool TTransTexts::HasEdits(const TTransForm& form) const {
+    return std::any_of(tables_.begin() + form.FirstTable, tables_.begin() + form.TablesEnd,
+                       [](const auto& table) { return table.HasEdits(); });
+}
+
 void TTransTexts::Write() {
-    const auto isOf = [](const TTransTable& table, std::size_t form) {
-        return table.HasEdits() && table.Form() == static_cast<int>(form);
-    };
-    std::vector<bool> changed(forms_.size());
-    for (std::size_t form = 0; form < forms_.size(); ++form) {
-        changed[form] = std::any_of(tables_.begin(), tables_.end(),
-                                    [&](const TTransTable& table) { return isOf(table, form); });
-        if (!changed[form]) continue;
-        TmlCustomLang& lang = *forms_[form].Lang;
-        TLangTexts before{{}, {}, ReadExtended(*lang.GetComponent())};
-        TLangTexts after = before;
-        for (const TTransTable& table : tables_) {
-            if (!isOf(table, form)) continue;
-            if (table.IsExtended()) {
-                Take(after.Extended, table.Edited());
-                continue;
-            }
-            before.Tables.push_back(table.Stored());
-            after.Tables.push_back(table.Edited());
-        }
-        EditTexts(lang, before, after);
+    for (TTransForm& form : forms_)
+        if (HasEdits(form)) Write(form);
+    for (TTransForm& form : forms_)
+        form.IsChanged = form.IsChanged || HasEdits(form);
+}
+
+void TTransTexts::Write(TTransForm& form) {
+    TLangTexts before{{}, {}, ReadExtended(*form.Lang->GetComponent())};
+    TLangTexts after = before;
+    for (auto table = tables_.begin() + form.FirstTable; table != tables_.begin() + form.TablesEnd; ++table) {
+        if (table->HasEdits() && table->IsExtended()) Take(after.Extended, table->Edited());
+        if (!table->HasEdits() || table->IsExtended()) continue;
+        before.Tables.push_back(table->Stored());
+        after.Tables.push_back(table->Edited());
     }
-    for (std::size_t form = 0; form < forms_.size(); ++form)
-        forms_[form].IsChanged = forms_[form].IsChanged || changed[form];
+    EditTexts(*form.Lang, before, after);
 }
 
 std::vector<TmlCustomLang*> TTransTexts::Changed() const {

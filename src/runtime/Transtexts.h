@@ -25,6 +25,15 @@ struct TTransForm {
     TStringList Languages;    ///< base first
     std::vector<int> Places;  ///< by column: of its language (1-based), 0 where the form has not got it
     bool IsChanged = false;   ///< in the form itself
+    int FirstTable = 0;       ///< its tables, of all
+    int TablesEnd = 0;
+};
+
+/// What taking a step back, or again, has done.
+struct TTransSwapped {
+    std::vector<TTransRow> Rows;  ///< all that it has changed
+    std::vector<TTransRow> Come;  ///< of these, those that are there again
+    std::vector<TTransRow> Gone;
 };
 
 /// A language of the forms; those of the same name are one.
@@ -66,9 +75,9 @@ class TTransTexts {
     void EndStep();
     bool CanUndo() const { return !done_.empty(); }
     bool CanRedo() const { return !undone_.empty(); }
-    /// Take a step back, or take it again, and give its rows.
-    std::vector<TTransRow> Undo() { return Swap(done_, undone_); }
-    std::vector<TTransRow> Redo() { return Swap(undone_, done_); }
+    /// Take a step back, or take it again.
+    TTransSwapped Undo() { return Swap(done_, undone_); }
+    TTransSwapped Redo() { return Swap(undone_, done_); }
 
     /// Gives an ID another name, here and in the form, where that has it. No step of undo; what was taken
     /// back cannot be taken again afterwards.
@@ -94,7 +103,9 @@ class TTransTexts {
     /// Behind the last one for a new language.
     std::size_t ColumnOf(const std::string& language, const std::vector<int>& taken) const;
     TTransTable& At(TTransRow row) { return tables_[static_cast<std::size_t>(row.Table)]; }
-    std::vector<TTransRow> Swap(TSteps& from, TSteps& to);
+    TTransSwapped Swap(TSteps& from, TSteps& to);
+    bool HasEdits(const TTransForm& form) const;
+    void Write(TTransForm& form);
 
     std::vector<TTransForm> forms_;
     std::vector<TTransLanguage> languages_;

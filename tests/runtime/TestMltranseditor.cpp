@@ -178,7 +178,7 @@ TEST_F(TTransEditorTest, ShowsWhatAFilterLetsPass) {
         {{TTransShow::SameAsBase}, "btnOK.Caption;IDS_0;"},
         {{TTransShow::All, "", "tide"}, "btnTide.Caption;IDS_0;lblTide.Caption;"},
         {{TTransShow::Missing, "", "TIDE"}, "IDS_0;lblTide.Caption;"},
-        {{TTransShow::All, "", "EXTRA"}, "IDS_1;"},
+        {{TTransShow::All, "", "EXTRA"}, ""},
         {{TTransShow::All, "", "^tide$", true}, "btnTide.Caption;IDS_0;lblTide.Caption;"},
         {{TTransShow::All, "", "\\.lo|^.$", true}, ".Locale;"},
         {{TTransShow::All, "", "wo.*ne", true}, ""},
