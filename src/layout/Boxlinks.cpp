@@ -24,7 +24,8 @@ TNames NamesOf(const TLayoutBoxes& boxes, const TLayoutBox& parent) {
     return names;
 }
 
-/// "Owner" is the form; a reference into a frame or to another form has dots; the last name is the control's.
+/// "Owner" is the form or frame; a reference into a frame or to another form has dots; the last name is the
+/// control's.
 std::string_view LastName(std::string_view reference) {
     return reference.substr(reference.rfind('.') + 1);
 }
@@ -56,7 +57,7 @@ TBoxLink LinkOf(const TLayoutBoxes& boxes, const TNames& siblings, int index, st
     const auto found = siblings.find(name);
     if (found != siblings.end() && found->second != index)
         return {found->second, box.AnchorPoint[side], true};
-    const bool isOwner = name == "OWNER" && box.Parent == 0;
+    const bool isOwner = name == "OWNER" && (box.Parent == 0 || boxes[box.Parent].Node->IsFrame);
     const bool isParent = isOwner || name == UpperCase(boxes[box.Parent].Node->Name);
     return isParent ? TBoxLink{-1, box.AnchorPoint[side], true} : TBoxLink();
 }

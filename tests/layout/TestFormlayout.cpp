@@ -115,6 +115,10 @@ const TPlacesCase kCases[] = {
      "object X: TToolButton Left = 5 end object Y: TToolButton Left = 100 Style = tbsSeparator end "
      "object Z: TToolButton Left = 110 end object E: TEdit Left = 150 Width = 40 end end",
      "T 0,0 60x32\nB 0,0 200x45\nX 1,0 90x22\nY 91,0 8x22\nZ 99,0 90x22\nE 1,22 40x23\n"},
+    {"OnAFrameTheOwnerIsTheFrame",
+     "inline F: TFrame1 Left = 20 Width = 100 Height = 50 object A: TButton Anchors = [akTop, akRight] "
+     "AnchorSideRight.Control = Owner AnchorSideRight.Side = asrBottom end end",
+     "F 20,0 100x50\nA 25,0 75x25\n"},
     {"BarsTakeRoom",
      "object S: TScrollBox Align = alClient BorderStyle = bsNone object A: TPanel Align = alTop Height = 130 "
      "end end",
