@@ -11,6 +11,7 @@
 #include "expert/Expopt.h"
 #include "expert/Mlmainform.h"
 #include "expert/Mlprojmngrmenu.h"
+#include "ids/Stridrepl.h"
 #include "scan/Editorcommands.h"
 #include "translations/Projectsettings.h"
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -38,12 +37,8 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
     TModuleLease lease(context, unitFile, wasOpen || !isOpen);
     const auto lang = isOpen ? GetmlLang(context, *row) : nullptr;
     if (lang == nullptr) return Inform(context, "Nil designer", TMsgDlgType::mtError);
-    const auto& editor = context.Host.Runtime->TransEditorDlg;
-    if (!editor)
-        throw EBadInput(unitFile, 0, "the run-time library has no translation editor",
-                        "Change the texts in the properties of the component");
     const std::string formName = row->FormName;
-    if (!editor(*lang, place(*lang), ChangeStrIDOf(context))) return;
+    if (!context.Host.Runtime->TransEditorDlg(*lang, place(*lang), ChangeStrIDOf(context))) return;
     MarkModifiedForm(context, formName);
     lease.Save();
 }

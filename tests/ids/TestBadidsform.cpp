@@ -147,7 +147,6 @@ TEST(Badidsform, AnUnusedIDOpensTheTranslationEditor) {
     TBadIDsFixture f;
     f.Check("Form1");
     f.Window().lvIDs.Row(0).Selected = true;
-    EXPECT_THROW(f.Window().LVIDsDblClick(), EBadInput) << "there is no editor yet";
     int entry = -1;
     f.Runtime->TransEditorDlg = [&](TmlCustomLang& lang, const TTransEditorPlace& place,
                                     const TChangeStrID&) {
