@@ -16,7 +16,7 @@ constexpr const char* kButtonRow = "buttons";  ///< the row below everything els
 
 TFormDialog::TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewServices& services,
                          QWidget* parent)
-    : QDialog(parent), form_(form), view_(view.release()), services_(services) {
+    : QDialog(parent), form_(&form), view_(view.release()), services_(services) {
     setObjectName(ToQt(form.Name));
     auto* layout = new QVBoxLayout(this);
     // A view of one size makes a window of one size.
@@ -27,30 +27,50 @@ TFormDialog::TFormDialog(TForm& form, std::unique_ptr<TView> view, const TViewSe
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
     resize(view_->size());
-    form_.OnChange = [this] { FormChanged(); };
+    form_->OnChange = [this] { FormChanged(); };
 }
 
 TFormDialog::~TFormDialog() {
-    form_.OnChange = nullptr;
+    if (form_ != nullptr) form_->OnChange = nullptr;
 }
 
 std::string TFormDialog::PlaceName() const {
-    return "Place." + form_.Name;
+    return "Place." + form_->Name;
 }
 
-TModalResult TFormDialog::Execute() {
+void TFormDialog::Begin() {
     if (view_->Place() == nullptr) services_.Places.Restore(*this, PlaceName());
-    form_.Visible = true;
-    form_.FormShow();
+    form_->Visible = true;
+    form_->ModalResult = mrNone;
+    form_->FormShow();
     if (const TPlacement* place = view_->Place()) PutAt(*this, *place);
     FormChanged();
     FitOnScreen();
     FocusActiveControl();
-    exec();
-    form_.Visible = false;
+}
+
+void TFormDialog::End() {
+    form_->Visible = false;
     // A layout that cannot be stored is told, but takes nothing from what was decided in the window.
     services_.Runner.Run([this] { StoreLayout(); });
-    return form_.ModalResult;
+}
+
+TModalResult TFormDialog::Execute() {
+    Begin();
+    exec();
+    End();
+    return form_->ModalResult;
+}
+
+void TFormDialog::ShowOpen() {
+    Begin();
+    connect(this, &QDialog::finished, this, [this] {
+        End();
+        form_->OnChange = nullptr;
+        form_ = nullptr;
+        deleteLater();
+    });
+    show();
 }
 
 void TFormDialog::FitOnScreen() {
@@ -85,18 +105,18 @@ void TFormDialog::StoreLayout() {
         NotePlace(*this, *place);
     else
         services_.Places.Save(*this, PlaceName());
-    form_.FormClose();
+    form_->FormClose();
 }
 
 void TFormDialog::FocusActiveControl() {
-    if (form_.ActiveControl.empty()) return;
-    if (auto* control = findChild<QWidget*>(ToQt(form_.ActiveControl))) control->setFocus();
+    if (form_->ActiveControl.empty()) return;
+    if (auto* control = findChild<QWidget*>(ToQt(form_->ActiveControl))) control->setFocus();
 }
 
 void TFormDialog::FormChanged() {
-    setWindowTitle(ToQt(form_.Caption));
+    setWindowTitle(ToQt(form_->Caption));
     view_->Refresh();
-    if (form_.ModalResult != mrNone && isVisible()) TryClose();
+    if (form_->ModalResult != mrNone && isVisible()) TryClose();
 }
 
 void TFormDialog::TryClose() {
@@ -104,16 +124,16 @@ void TFormDialog::TryClose() {
     if (asking_) return;
     asking_ = true;
     bool agreed = false;
-    services_.Runner.Run([&] { agreed = form_.FormCloseQuery(); });
+    services_.Runner.Run([&] { agreed = form_->FormCloseQuery(); });
     asking_ = false;
     if (agreed)
-        QDialog::done(form_.ModalResult);
+        QDialog::done(form_->ModalResult);
     else
-        form_.ModalResult = mrNone;
+        form_->ModalResult = mrNone;
 }
 
 void TFormDialog::reject() {
-    form_.Close(mrCancel);
+    form_->Close(mrCancel);
 }
 
 void TFormDialog::closeEvent(QCloseEvent* event) {

@@ -17,6 +17,9 @@ class TFormDialog : public QDialog {
 
     /// Shows it until it is closed; gives the form's result. What FormShow throws passes on.
     TModalResult Execute();
+    /// Shows it beside the other windows; it frees itself once it is closed. The form may go then.
+    void ShowOpen();
+    const TForm* Form() const { return form_; }
     /// Asked for by Esc and the window's close button.
     void reject() override;
 
@@ -24,6 +27,9 @@ class TFormDialog : public QDialog {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    /// Brings it where it stood, with what the form holds.
+    void Begin();
+    void End();
     void FormChanged();
     /// Makes it as small as its screen.
     void FitOnScreen();
@@ -34,7 +40,7 @@ class TFormDialog : public QDialog {
     void StoreLayout();
     std::string PlaceName() const;
 
-    TForm& form_;
+    TForm* form_;  ///< nullptr once the window is closed
     TView* view_;
     const TViewServices& services_;
     bool asking_ = false;

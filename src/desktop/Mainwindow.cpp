@@ -17,6 +17,7 @@
 #include "desktop/Editortabs.h"
 #include "desktop/Expertdock.h"
 #include "desktop/Findbar.h"
+#include "desktop/Formdialog.h"
 #include "desktop/Help.h"
 #include "desktop/Icons.h"
 #include "desktop/Idecommands.h"
@@ -265,8 +266,7 @@ bool TMainWindow::SaveAsking(const std::function<void()>& save) {
 
 void TMainWindow::ShowWindow(TForm& form) {
     TfrmmlLang* window = host_->ExpertWindow();
-    if (window == nullptr || (&form != window && &form != window->Parent))
-        throw std::logic_error("The window \"" + form.Caption + "\" has no place in the workbench");
+    if (window == nullptr || (&form != window && &form != window->Parent)) return ShowOpenWindow(form);
     if (dock_ != nullptr && &dock_->Form() != window) {
         dock_->Forget();
         delete std::exchange(dock_, nullptr).data();
@@ -281,6 +281,15 @@ void TMainWindow::ShowWindow(TForm& form) {
     }
     dock_->ComeForward();
     wantsExpert_ = true;
+}
+
+void TMainWindow::ShowOpenWindow(TForm& form) {
+    for (auto* dialog : findChildren<TFormDialog*>(Qt::FindDirectChildrenOnly))
+        if (dialog->Form() == &form) {
+            dialog->raise();
+            return dialog->activateWindow();
+        }
+    (new TFormDialog(form, MakeView(form, *services_), *services_, this))->ShowOpen();
 }
 
 void TMainWindow::ShowTopic(const std::string& topic) {

@@ -92,6 +92,8 @@ class TMainWindow : public QMainWindow {
     void Tell(const QString& outcome);
     void TellWritten();
     void ShowWindow(TForm& form);
+    /// Of a window beside the workbench.
+    void ShowOpenWindow(TForm& form);
     void ShowTopic(const std::string& topic);
     void ShowLocalMenu(const QPoint& at);
     void CloseModule(const std::shared_ptr<IOTAModule>& module);

@@ -4,12 +4,15 @@
 
 #include "desktop/Chooserview.h"
 #include "desktop/Filenameview.h"
+#include "desktop/Findphraseview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
 #include "desktop/Langconfigview.h"
 #include "desktop/Optionsview.h"
 #include "desktop/Projectsettingsview.h"
+#include "desktop/Resultsview.h"
 #include "desktop/Skippedview.h"
+#include "desktop/Strreplaceview.h"
 #include "desktop/Transeditorview.h"
 #include "desktop/Unitsview.h"
 
@@ -30,6 +33,9 @@ constexpr TMakeView kViews[] = {
     Make<TfrmOptions, TOptionsView>,        Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
     Make<TfrmSkippedStrings, TSkippedView>, Make<TfrmTranslUnits, TUnitsView>,
     Make<TfrmAsk4FileName, TFileNameView>,  Make<TfrmTransEditor, TTransEditorView>,
+    Make<TfrmBadIDs, TBadIDsView>,          Make<TfrmFoundPhrases, TFoundPhrasesView>,
+    Make<TfrmFind, TFindPhraseView>,        Make<TfrmReplConfirm, TReplConfirmView>,
+    Make<TfrmStrReplace, TStrReplaceView>,
 };
 
 }  // namespace

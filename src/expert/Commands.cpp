@@ -7,6 +7,7 @@
 #include "expert/Mlmainform.h"
 #include "expert/Subjects.h"
 #include "ids/Stridrepl.h"
+#include "ids/Typechange.h"
 #include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
@@ -34,6 +35,16 @@ void OnScan(TContext& context, TSubjects& subjects) {
 template <void (*Command)(TContext&, TFilesMemory&)>
 void OnFiles(TContext& context, TSubjects& subjects) {
     Command(context, subjects.Files);
+}
+
+template <void (*Command)(TContext&, TIDsMemory&)>
+void OnIDs(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.IDs);
+}
+
+template <void (*Command)(TContext&, TPhrasesMemory&)>
+void OnPhrases(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.Phrases);
 }
 
 /// A command of the window itself.
@@ -116,14 +127,22 @@ constexpr std::array kCommands{
     TCommand{"ProjectSettings", "Project Settings...", "", 0, plFile, None, On<ProjectSettings>, "", false,
              HasProjectSettings},
     OfWindow("Exit", "E&xit", "", plFile, &TfrmmlLang::FormClose),
-    TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None, nullptr,
-             "Check IDs"},
-    TCommand{"CheckBadIDsInUnits", "Check Bad String IDs in Unit(s)", "", 0, plTools, None, nullptr},
-    TCommand{"ChangeType", "Change &TmlLang Type to", "", 112, plTools, None, nullptr},
+    TCommand{"CheckBadIDs", "&Check Bad String IDs", "", 112, plTools | plToolBar, None,
+             OnIDs<CheckunusedIDs1Click>, "Check IDs"},
+    TCommand{"CheckBadIDsInUnits", "Check Bad String IDs in Unit(s)", "", 0, plTools, None,
+             OnIDs<CheckbadstringIDsinunit1Click>},
+    TCommand{.Name = "ChangeTmlLangtype",
+             .Caption = "Change &TmlLang Type to",
+             .Tag = 112,
+             .Places = plTools,
+             .Entries = TypeCaptions,
+             .OnEntry = ToTmlLang1Click},
     TCommand{"Dictionary", "&Dictionary", "Ctrl+M", 0, plTools, None, nullptr},
     TCommand{"Wizards", "&Wizards", "", 0, plTools, None, nullptr},
-    TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Find"},
-    TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None, nullptr, "Replace"},
+    TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, OnPhrases<Findword1Click>,
+             "Find"},
+    TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None,
+             On<Replacephrase1Click>, "Replace"},
     TCommand{"Options", "&Options...", "", 0, plTools | plPopup | plToolBar, None, On<sbOptionsClick>,
              "Options"},
     TCommand{"ViewForm", "&View Form", "", 111, plPopup, None, On<ViewForm>},

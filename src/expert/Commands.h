@@ -1,7 +1,11 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/Mlruntime.h"
 
 namespace tml {
 
@@ -18,14 +22,14 @@ enum class TSubMenu { None, SaveLoad, Source, ConstSection, HardCoded };
 struct TCommand {
     std::string_view Name;
     std::string_view Caption;
-    std::string_view ShortCut;
+    std::string_view ShortCut = {};
     /// Chooses when the command is enabled, see TfrmmlLang::CheckEnableActions.
-    int Tag;
-    unsigned Places;
-    TSubMenu SubMenu;
+    int Tag = 0;
+    unsigned Places = 0;
+    TSubMenu SubMenu = TSubMenu::None;
     /// nullptr for a command of the window itself, and for one that the system does not have yet: that one is
     /// shown and never enabled.
-    void (*Handler)(TContext&, TSubjects&);
+    void (*Handler)(TContext&, TSubjects&) = nullptr;
     std::string_view ButtonCaption = {};
     bool PascalOnly = false;  ///< hidden while a C++ unit is selected
     /// For a command without rows that is not always available; nullptr where its tag alone decides.
@@ -34,8 +38,11 @@ struct TCommand {
     std::string_view ButtonHint = {};          ///< "short|long"
     void (TfrmmlLang::*OfWindow)() = nullptr;  ///< for a command of the window itself
     bool OfExternalFiles = false;              ///< shown on their page only
+    /// For a command that is a sub-menu: the captions of its entries, and what one (0-based) does.
+    std::vector<std::string> (*Entries)(IMlRuntime&) = nullptr;
+    void (*OnEntry)(TContext&, int entry) = nullptr;
 
-    bool IsBuilt() const { return Handler != nullptr || OfWindow != nullptr; }
+    bool IsBuilt() const { return Handler != nullptr || OfWindow != nullptr || OnEntry != nullptr; }
 };
 
 /// A menu that opens inside another one at the place of its first command.

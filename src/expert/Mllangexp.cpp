@@ -12,6 +12,7 @@
 #include "expert/Mlmainform.h"
 #include "expert/Mlprojmngrmenu.h"
 #include "ids/Stridrepl.h"
+#include "ids/Transeditor.h"
 #include "scan/Editorcommands.h"
 #include "translations/Projectsettings.h"
 
@@ -20,6 +21,9 @@ namespace {
 
 constexpr std::size_t kMenuPosition = 2;
 constexpr std::uint8_t kMostMenuRebuilds = 3;
+/// Beside those that scan.
+constexpr TEditorCommand kViewTranslation{"ViewTranslationByID", "View Translation by ID",
+                                          ViewTranslationByIDMenuClick};
 
 // The expert belongs to the IDE, the windows to the expert. Nothing outside this unit reads them.
 TmlLangExpert* ExpertSingleton = nullptr;
@@ -137,7 +141,7 @@ void TmlLangExpert::RebuildMenus() {
 void TmlLangExpert::InstallEditorPopupMenu() {
     INTAServices* nta = host_.Services == nullptr ? nullptr : host_.Services->GetNTAServices();
     if (nta == nullptr) return;
-    for (const TEditorCommand& command : AllEditorCommands()) {
+    const auto install = [&](const TEditorCommand& command) {
         auto item = std::make_shared<TMenuItem>();
         item->Name = command.Name;
         item->Caption = command.Caption;
@@ -150,7 +154,10 @@ void TmlLangExpert::InstallEditorPopupMenu() {
         };
         nta->GetEditorLocalMenu().Items.push_back(item);
         editorItems_.push_back(std::move(item));
-    }
+    };
+    for (const TEditorCommand& command : AllEditorCommands())
+        install(command);
+    install(kViewTranslation);
 }
 
 void TmlLangExpert::RemoveEditorPopupMenu() {

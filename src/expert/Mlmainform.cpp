@@ -114,10 +114,22 @@ std::shared_ptr<TMenuItem> TfrmmlLang::Build(const TCommand& command, const std:
     item->Enabled = command.IsBuilt();
     // In a menu it says what is to come, a button has to be worth its place.
     item->Visible = command.IsBuilt() || !isButton;
-    item->OnClick = [this, &command] { Execute(command); };
+    if (command.Entries == nullptr)
+        item->OnClick = [this, &command] { Execute(command); };
+    else
+        AddEntries(command, *item);
     if (command.PascalOnly) pascalOnly_.push_back(item);
     built_.push_back({&command, item, isButton});
     return item;
+}
+
+void TfrmmlLang::AddEntries(const TCommand& command, TMenuItem& item) {
+    int entry = 0;
+    for (const std::string& caption : command.Entries(*Context.Host.Runtime)) {
+        item.Items.push_back(MakeItem(item.Name + "_" + std::to_string(entry), caption));
+        item.Items.back()->OnClick = [this, &command, entry] { Execute(command, entry); };
+        ++entry;
+    }
 }
 
 void TfrmmlLang::FormShow() {
@@ -289,7 +301,7 @@ void TfrmmlLang::Run(std::string_view commandName) {
     item->Click();
 }
 
-void TfrmmlLang::Execute(const TCommand& command) {
+void TfrmmlLang::Execute(const TCommand& command, int entry) {
     if (!command.IsBuilt()) return;
     // The window may be gone when the handler returns, the context is not.
     TContext& context = Context;
@@ -298,6 +310,8 @@ void TfrmmlLang::Execute(const TCommand& command) {
     const auto run = [&] {
         if (command.OfWindow != nullptr)
             (this->*command.OfWindow)();
+        else if (command.OnEntry != nullptr)
+            command.OnEntry(context, entry);
         else
             command.Handler(context, Subjects);
     };

@@ -87,7 +87,9 @@ class TfrmmlLang : public TForm {
     void Place(const TCommand& command, TMenuItem& menu, char number);
     TMenuItem& SubMenu(TMenuItem& menu, TSubMenu subMenu, char number);
     std::shared_ptr<TMenuItem> Build(const TCommand& command, const std::string& name, bool isButton);
-    void Execute(const TCommand& command);
+    void AddEntries(const TCommand& command, TMenuItem& item);
+    /// entry: of a command that is a sub-menu, 0-based.
+    void Execute(const TCommand& command, int entry = -1);
     void ShowLanguageItems();
 
     std::function<void()> onClosed_;

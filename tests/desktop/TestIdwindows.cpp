@@ -1,0 +1,140 @@
+#include <QPlainTextEdit>
+
+#include "desktop/Deskfixture.h"
+
+namespace tml {
+namespace {
+
+/// The windows on string IDs and phrases, on a program in English, German and Hebrew.
+class TIdWindows : public TDesktop {
+  public:
+    TIdWindows() {
+        std::filesystem::copy(std::filesystem::path(TML_TESTS) / "../examples/harbour", Path("harbour"),
+                              std::filesystem::copy_options::recursive);
+        Window->OpenProject(ToQt(Path("harbour/Harbour.lpi")));
+        SelectForm("MainForm");
+    }
+    QMenuBar& Bar() { return *Find<QTableView>("lvFormNames").window()->findChild<QMenuBar*>(); }
+    /// An open window by its name.
+    QWidget& Open(const char* name) {
+        QWidget* window = Window->findChild<QDialog*>(name);
+        EXPECT_NE(window, nullptr) << name;
+        return *window;
+    }
+    static void AddID(QWidget& editor, TDeskUser& user, const char* id) {
+        user.AnswerInput(id);
+        QTest::keyClick(editor.findChild<QTableView*>("grTexts"), Qt::Key_Insert);
+    }
+};
+
+TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
+    User.On([this](QWidget& editor) {
+        AddID(editor, User, "IDS_UNUSED");
+        Press(editor, "btnOK");
+    });
+    Click("Translate1");
+    Click("CheckBadIDs1");
+    QWidget& bad = Open("frmBadIDs");
+    EXPECT_EQ(bad.windowTitle(), "Bad string IDs");
+    auto& list = *bad.findChild<QTableView*>("lvIDs");
+    ASSERT_EQ(list.model()->rowCount(), 1);
+    EXPECT_EQ(Cell(list, 0, 0), "IDS_UNUSED");
+    EXPECT_EQ(Cell(list, 0, 1), "Not used in source of current module.");
+    EXPECT_EQ(TextOf(bad, "total"), "Total: 1");
+    User.On([](QWidget& editor) {
+        EXPECT_EQ(Cell(*editor.findChild<QTableView*>("grTexts"), 2, 0), "IDS_UNUSED");
+        EXPECT_EQ(editor.findChild<QTableView*>("grTexts")->currentIndex().row(), 2);
+        Press(editor, "btnCancel");
+    });
+    ClickCell(list, 0, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    User.Answer("This will delete IDS_UNUSED from MainForm.", "Yes");
+    ChooseFromMenu(*list.viewport(), list.visualRect(list.model()->index(0, 0)).center(), "Delete");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Window->findChild<QDialog*>("frmBadIDs") == nullptr; }))
+        << "the last row closes it";
+    Click("CheckBadIDs1");
+    EXPECT_EQ(Window->findChild<QDialog*>("frmBadIDs"), nullptr);
+}
+
+TEST_F(TIdWindows, ARenamedIDIsFollowedByTheUnitThatIsChosen) {
+    User.On([this](QWidget& editor) {
+        auto& cells = *editor.findChild<QTableView*>("grTexts");
+        editor.findChild<QLineEdit*>("filter")->setText("IDS_0");
+        ClickCell(cells, 0, 0);
+        User.AnswerInput("IDS_SHIPS");
+        User.On([](QWidget& units) {
+            EXPECT_EQ(units.windowTitle(), "String ID Replacement");
+            auto& chosen = *units.findChild<QListWidget*>("lbSelectedUnits");
+            ASSERT_EQ(chosen.count(), 1);
+            EXPECT_TRUE(chosen.item(0)->text().endsWith("Mainwindow.pas"));
+            Press(units, "btAddAll");
+            EXPECT_GT(chosen.count(), 5);
+            EXPECT_FALSE(units.findChild<QPushButton*>("btAddAll")->isEnabled());
+            for (int i = 1; i < chosen.count(); ++i)
+                chosen.item(i)->setSelected(true);
+            Press(units, "btRemove");
+            EXPECT_EQ(chosen.count(), 1);
+            Press(units, "btReplace");
+        });
+        User.On([](QWidget& lines) {
+            auto& list = *lines.findChild<QTableView*>("lvSourceLines");
+            EXPECT_TRUE(list.isVisible());
+            ASSERT_EQ(list.model()->rowCount(), 1);
+            EXPECT_TRUE(Cell(list, 0, 2).contains("'IDS_SHIPS'"));
+            EXPECT_EQ(lines.findChild<QPushButton*>("btReplace")->text(), "&Replace");
+            Press(lines, "btReplace");
+        });
+        QTest::keyClick(&cells, Qt::Key_R, Qt::ControlModifier);
+        Press(editor, "btnOK");
+    });
+    Click("Translate1");
+    Window->SaveAll();
+    EXPECT_NE(OnDisk("harbour/forms/Mainwindow.lfm").find("IDS_SHIPS"), std::string::npos);
+    const std::string unit = OnDisk("harbour/forms/Mainwindow.pas");
+    EXPECT_NE(unit.find("'IDS_SHIPS'"), std::string::npos);
+    EXPECT_EQ(unit.find("'IDS_0'"), std::string::npos);
+}
+
+TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
+    User.On([](QWidget& find) {
+        EXPECT_EQ(find.windowTitle(), "Find Phrase");
+        EXPECT_FALSE(find.findChild<QLineEdit*>("edReplace")->isVisible());
+        Type(find, "edFindText", "Hafen");
+        Press(find, "btOK");
+    });
+    Click("FindPhrase1");
+    QWidget& found = Open("frmFoundPhrases");
+    auto& list = *found.findChild<QTableView*>("lvIDs");
+    ASSERT_EQ(list.model()->rowCount(), 3);
+    EXPECT_EQ(Cell(list, 0, 3), "German");
+    found.close();
+    User.On([](QWidget& replace) {
+        Type(replace, "edFindText", "Hafen");
+        Type(replace, "edReplace", "Port");
+        Press(replace, "ckbDoPrompt");
+        Press(replace, "btOK");
+    });
+    for (const char* button : {"btYes", "btNo", "btCancel"})
+        User.On([button](QWidget& confirm) {
+            EXPECT_TRUE(confirm.findChild<QPlainTextEdit*>("memResult")->toPlainText().contains("Port"));
+            Press(confirm, button);
+        });
+    Click("ReplacePhrase1");
+    Window->SaveAll();
+    const std::string form = OnDisk("harbour/forms/Mainwindow.lfm");
+    EXPECT_NE(form.find("Port"), std::string::npos);
+    EXPECT_NE(form.find("Hafen"), std::string::npos) << "what was not confirmed";
+}
+
+TEST_F(TIdWindows, TheTypeMenuGivesAComponentAnotherClass) {
+    SelectForm("TidesForm");
+    const std::string before = OnDisk("harbour/forms/Tidetable.lfm");
+    Click("ChangeTmlLangtype1_1");
+    EXPECT_NE(OnDisk("harbour/forms/Tidetable.lfm").find(": TmlLangRTSE"), std::string::npos);
+    SelectForm("TidesForm");
+    Click("ChangeTmlLangtype1_0");
+    EXPECT_EQ(OnDisk("harbour/forms/Tidetable.lfm"), before);
+}
+
+}  // namespace
+}  // namespace tml
