@@ -36,7 +36,7 @@ TfrmBadIDs& NewWindow(TContext& context, TIDsMemory& memory) {
     const std::vector<TListColumn> columns =
         memory.BadIDs == nullptr ? std::vector<TListColumn>() : memory.BadIDs->lvIDs.Columns;
     memory.BadIDs.reset();
-    memory.BadIDs = std::make_unique<TfrmBadIDs>(context, memory);
+    memory.BadIDs = std::make_unique<TfrmBadIDs>(context);
     auto& fresh = memory.BadIDs->lvIDs.Columns;
     for (std::size_t i = 0; i < std::min(columns.size(), fresh.size()); ++i)
         fresh[i].Width = columns[i].Width;
@@ -142,7 +142,7 @@ std::string TBadIDRow::Cell(std::size_t column) const {
     }
 }
 
-TfrmBadIDs::TfrmBadIDs(TContext& context, TIDsMemory& memory) : context_(context), memory_(memory) {
+TfrmBadIDs::TfrmBadIDs(TContext& context) : context_(context) {
     Name = "frmBadIDs";
     Caption = "Bad string IDs";
     ActiveControl = "lvIDs";

@@ -13,8 +13,6 @@
 
 namespace tml {
 
-struct TIDsMemory;
-
 /// The columns of the list of bad IDs.
 enum TBadIDColumn { bcStringID, bcType, bcInfo, bcUse, bcFileName };
 
@@ -30,7 +28,7 @@ class TBadIDRow : public TListRow {
 /// it goes, it has been closed before.
 class TfrmBadIDs : public TForm {
   public:
-    TfrmBadIDs(TContext& context, TIDsMemory& memory);
+    explicit TfrmBadIDs(TContext& context);
     ~TfrmBadIDs() override { Close(mrClose); }
     TfrmBadIDs(const TfrmBadIDs&) = delete;
     TfrmBadIDs& operator=(const TfrmBadIDs&) = delete;
@@ -63,7 +61,6 @@ class TfrmBadIDs : public TForm {
 
   private:
     TContext& context_;
-    TIDsMemory& memory_;
 };
 
 /// What the commands on string IDs remember: the one window of results.
