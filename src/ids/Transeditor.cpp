@@ -1,7 +1,5 @@
 #include "ids/Transeditor.h"
 
-#include <algorithm>
-
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -46,7 +44,7 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id) {
     OpenTransEditor(context, unitFile, [&id](TmlCustomLang& lang) {
         TTransEditorPlace place;
-        place.Entry = std::max(lang.GetTable(place.Table).Find(id), 0);
+        place.Entry = lang.GetTable(place.Table).Find(id);
         return place;
     });
 }

@@ -8,10 +8,9 @@
 
 namespace tml {
 
-/// Opens the translation editor on the component of a unit's form, with the ID change at hand; the place is
-/// chosen by the table (-1 in Entry: its first). Where the editor has changed the form, it is marked as
-/// modified; a unit that was closed is saved then and closed again. An error message where the unit has no
-/// designer.
+/// Opens the translation editor on the component of a unit's form, with the ID change at hand. Where the
+/// editor has changed the form, it is marked as modified; a unit that was closed is saved then and closed
+/// again. An error message where the unit has no designer.
 void OpenTransEditor(TContext& context, const std::string& unitFile,
                      const std::function<TTransEditorPlace(TmlCustomLang&)>& place);
 
