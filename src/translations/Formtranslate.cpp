@@ -45,9 +45,26 @@ TTranslatedForm OpenForm(TContext& context, TFormRow& row) {
     return form;
 }
 
+std::vector<std::string> ClosedFiles(TContext& context) {
+    std::vector<std::string> closed;
+    for (const auto& row : context.Rows.FormNames.Items())
+        if (!IsFileOpen(context, row->FileName)) closed.push_back(row->FileName);
+    return closed;
+}
+
+/// What was opened on the way, as ancestors of forms are. A unit that follows a renamed ID stays, for it is
+/// the person's to save.
+void CloseUnchanged(TContext& context, const std::vector<std::string>& files) {
+    for (const std::string& file : files) {
+        const auto module = GetModuleFromFileName(context, file);
+        if (module != nullptr && !module->GetModified()) CloseFile(context, file);
+    }
+}
+
 }  // namespace
 
 void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
+    const std::vector<std::string> closed = ClosedFiles(context);
     std::vector<TTranslatedForm> forms;
     std::vector<TmlCustomLang*> langs;
     for (TFormRow* const row : SelectedRows(context)) {
@@ -63,6 +80,8 @@ void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
         if (isEdited) MarkModifiedForm(context, form.Name);
         if (isEdited || form.IsChanged) form.Lease->Save();
     }
+    forms.clear();
+    CloseUnchanged(context, closed);
 }
 
 }  // namespace tml

@@ -67,5 +67,22 @@ TEST_F(TFormTranslateTest, AFormWithoutAComponentGetsOneWithItsTexts) {
     EXPECT_EQ(Form(2).find("Captions"), std::string::npos) << "what has a component stays as it is";
 }
 
+TEST_F(TFormTranslateTest, AnAncestorIsOpenOnlyMeanwhile) {
+    Put("/p/Unit1.dfm", "inherited Form1: TForm1\n  inherited mlLang1: TmlLang\n  end\nend\n");
+    Put("/p/Unit1.pas",
+        "unit Unit1;\n\ninterface\n\nuses\n  Unit2;\n\ntype\n  TForm1 = class(TForm2)\n  end;\n\nvar\n  "
+        "Form1: TForm1;\n\nimplementation\n\n{$R *.dfm}\n\nend.\n");
+    Open();
+    Select("Form1");
+    OnEditor([this](TfrmTransEditor& editor) {
+        EXPECT_EQ(editor.Text(0, 2), "Bekannt");
+        EXPECT_TRUE(IsOpen(2));
+        editor.btnCancelClick();
+    });
+    Expert->Window()->Run("Translate");
+    EXPECT_FALSE(IsOpen(1));
+    EXPECT_FALSE(IsOpen(2));
+}
+
 }  // namespace
 }  // namespace tml
