@@ -116,7 +116,6 @@ int TfrmTransEditor::FirstTranslation() const {
 }
 
 void TfrmTransEditor::Open(const TTransEditorPlace& place) {
-    grid_.SetCurrent(0, FirstTranslation());
     if (place.IsLast) return Return();
     const int table = TableOf(0, KindOf(place.Table).Property);
     node_ = NodeOf({0, table});
@@ -167,7 +166,7 @@ void TfrmTransEditor::Arrange() {
     Notice.clear();
     if (sieve.IsBroken()) Notice = "The pattern cannot be read";
     if (stopped) Notice = "Stopped: there may be more";
-    Update();
+    Changed();
 }
 
 // --- cells
@@ -194,24 +193,20 @@ bool TfrmTransEditor::IsEditable(int place, int column) const {
 
 void TfrmTransEditor::SetCurrent(int place, int column) {
     grid_.SetCurrent(place, column);
-    Update();
+    Changed();
 }
 
 void TfrmTransEditor::Select(const TTransRange& range) {
     grid_.Select(range);
-    Update();
+    Changed();
 }
 
 // --- edits
 
-void TfrmTransEditor::Update() {
-    Changed();
-}
-
 void TfrmTransEditor::Done(const std::string& notice) {
     texts_.EndStep();
     Notice = notice;
-    Update();
+    Changed();
 }
 
 void TfrmTransEditor::SetText(int place, int column, const std::string& text) {

@@ -156,7 +156,6 @@ class TfrmTransEditor : public TForm {
 
     /// Ends the step and tells the view.
     void Done(const std::string& notice = {});
-    void Update();
     void Follow(const TTransSwapped& swapped);
     std::vector<TTransCell> Selected() const { return SelectedCells(grid_); }
     bool IsOfStrings(TTransRow row) const;

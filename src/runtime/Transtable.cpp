@@ -24,7 +24,7 @@ TTransTable::TTransTable(int form, TTable table, int languages, bool extended)
       count_(static_cast<int>(stored_.Entries().size())),
       progress_(static_cast<std::size_t>(languages)) {
     for (const TTableEntry& entry : stored_.Entries())
-        Count(&entry, 1);
+        Tally(&entry, 1);
 }
 
 std::string_view TTransTable::Property() const {
@@ -50,8 +50,8 @@ std::optional<TTableEntry> TTransTable::Put(int index, std::optional<TTableEntry
     const TTableEntry* const present = Find(index);
     std::optional<TTableEntry> former;
     if (present != nullptr) former = *present;
-    Count(present, -1);
-    Count(entry ? &*entry : nullptr, 1);
+    Tally(present, -1);
+    Tally(entry ? &*entry : nullptr, 1);
     count_ = std::max(count_, index + 1);
     const TTableEntry* const stored =
         IsStored(index) ? &stored_.Entries()[static_cast<std::size_t>(index)] : nullptr;
@@ -89,7 +89,7 @@ TTable TTransTable::Edited() const {
     return table;
 }
 
-void TTransTable::Count(const TTableEntry* entry, int sign) {
+void TTransTable::Tally(const TTableEntry* entry, int sign) {
     if (entry == nullptr || !hasStates_) return;
     for (std::size_t i = 0; i < progress_.size(); ++i) {
         const TTextState state = i == 0 ? TTextState::Done : StateOf(*entry, static_cast<int>(i) + 1);

@@ -57,7 +57,7 @@ class TTransTable {
     TTable Edited() const;
 
   private:
-    void Count(const TTableEntry* entry, int sign);
+    void Tally(const TTableEntry* entry, int sign);
 
     int form_;
     TTable stored_;
