@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "cli/Jsonlines.h"
 #include "cli/Userregistry.h"
+#include "cli/Workplace.h"
 #include "core/Settings.h"
 
 namespace tml {
@@ -36,10 +37,14 @@ int RunSettings(TProgram& program, const TSettingsOptions& options) {
     const TSetting* setting = FindSetting(options.Name);
     if (setting == nullptr)
         throw EBadInput("", 0, "there is no setting " + options.Name, "\"tmllang settings\" lists them all");
-    if (options.Value)
-        StoreSettingText(*registry, *setting, *options.Value);
-    else
+    if (!options.Value) {
         Print(program, *registry, *setting, false);
+        return kDone;
+    }
+    const TWorkplace workplace(program);
+    const THost& host = workplace.Host();
+    StoreSettingText(*registry, *setting, *options.Value,
+                     {host.Runtime->NamesArray(), host.CommonLibrary->Load()});
     return kDone;
 }
 

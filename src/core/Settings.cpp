@@ -6,7 +6,9 @@
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
+#include "core/Formrow.h"
 #include "tables/Languages.h"
+#include "tables/Textmethods.h"
 #include "windows/Shortcuts.h"
 
 namespace tml {
@@ -66,7 +68,13 @@ constexpr TRange kRanges[] = {
     {"IgnorableLength", 0, std::numeric_limits<int>::max()},
     {"CommentsLength", 0, std::numeric_limits<int>::max()},
     {"PreviewLines", 1, std::numeric_limits<int>::max()},
+    {"SortOrder", -1, 1},
+    {"SortedColumn", 0, fcCount - 1},
+    {"LastFilterIndex", 1, std::numeric_limits<int>::max()},
 };
+
+/// These begin names that are written into sources as literals.
+constexpr std::string_view kPrefixes[] = {"HCPrefix", "CnstPrefix"};
 
 const TSettingValues kDefaults;
 
@@ -239,6 +247,34 @@ void FromPerson(const TSetting& setting, std::string_view text, TShortCut& value
     if (value == 0 && !text.empty()) throw Unfit(setting, text, "keys like Ctrl+L, or nothing");
 }
 
+template <typename Names>
+void ExpectOneOf(const Names& names, const TSetting& setting, std::string_view text) {
+    if (std::find(std::begin(names), std::end(names), text) != std::end(names)) return;
+    std::string all;
+    for (const std::string_view name : names)
+        all.append(all.empty() ? "one of " : ", ").append(name);
+    throw Unfit(setting, text, all);
+}
+
+bool IsForSource(char c) {
+    return c != '\'' && c != '"' && c != '\\' && static_cast<unsigned char>(c) >= ' ';
+}
+
+/// The phrases count as patterns only while the switch is on, so that either setting can spoil the other.
+void ExpectPatterns(IRegistryReader& registry, const TSetting& setting, std::string_view text,
+                    TSettingValues values, ICommonLibrary* common) {
+    const bool isWords = setting.Property == "SkipWords";
+    if (!isWords && setting.Property != "UseRegExpForSkip") return;
+    ReadSetting(registry, *FindSetting(isWords ? "UseRegExpForSkip" : "SkipWords"), values);
+    if (!values.UseRegExpForSkip) return;
+    const TStringList broken = BrokenPatterns(common, values.SkipWords);
+    if (broken.Empty()) return;
+    const std::string phrases = LinesToPerson(broken);
+    if (isWords) throw Unfit(setting, phrases, "regular expressions, or set UseRegExpForSkip to false first");
+    throw EBadInput("", 0, "SkipWords holds '" + phrases + "', which is no regular expression",
+                    "Set UseRegExpForSkip to '" + std::string(text) + "' when it is mended");
+}
+
 }  // namespace
 
 std::span<const TSetting> AllSettings() {
@@ -261,9 +297,32 @@ std::string StoredSettingText(IRegistryReader& registry, const TSetting& setting
     return std::visit([&](auto field) { return ToPerson(setting, values.*field); }, setting.Field);
 }
 
-void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text) {
+void CheckSettingText(const TSetting& setting, std::string_view text, const TSettingChecks& checks) {
+    if (setting.Property == "ReplaceMethod") ExpectOneOf(mlLangGetTextMethods, setting, text);
+    if (setting.Property == "MenuSection") ExpectOneOf(kMenuSections, setting, text);
+    if (setting.Property == "DefaultComp") ExpectOneOf(checks.ClassNames, setting, text);
+    if (setting.Property == "Delimiter" && text.empty()) throw Unfit(setting, text, "at least one character");
+    const bool isPrefix =
+        std::find(std::begin(kPrefixes), std::end(kPrefixes), setting.Property) != std::end(kPrefixes);
+    if (isPrefix && !std::all_of(text.begin(), text.end(), IsForSource))
+        throw Unfit(setting, text, "a text without quotes, back slashes and control characters");
+}
+
+/// One that does compile matches nothing behind an empty alternative.
+TStringList BrokenPatterns(ICommonLibrary* common, const TStringList& phrases) {
+    TStringList broken;
+    if (common == nullptr || !common->HasMatcher()) return broken;
+    for (const std::string& phrase : phrases)
+        if (!common->mlREStringMatches("", "|" + phrase)) broken.Add(phrase);
+    return broken;
+}
+
+void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text,
+                      const TSettingChecks& checks) {
     TSettingValues values;
     std::visit([&](auto field) { FromPerson(setting, text, values.*field); }, setting.Field);
+    CheckSettingText(setting, text, checks);
+    ExpectPatterns(registry, setting, text, values, checks.Common);
     WriteSetting(registry, setting, values);
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Stringlist.h"
+#include "platform/Mlcommon.h"
 #include "platform/Registry.h"
 #include "windows/Controls.h"
 
@@ -14,6 +15,11 @@ namespace tml {
 
 inline constexpr std::string_view kSettingsKey = "\\Software\\Velmora\\TmlLang";
 inline constexpr std::string_view kExpSettingsKey = "\\Software\\Velmora\\TmlLang\\ExpSettings";
+
+/// The menus of the IDE that can take the expert's item.
+inline constexpr std::string_view kMenuSections[] = {"FileMenu",      "EditMenu",    "SearchMenu",
+                                                     "ViewsMenu",     "ProjectMenu", "RunMenu",
+                                                     "ComponentMenu", "ToolsMenu",   "HelpMenu"};
 
 /// The expert's settings with their defaults.
 struct TSettingValues {
@@ -92,8 +98,18 @@ const TSetting* FindSetting(std::string_view property);
 /// A setting as it is stored now, as text for a person: switches as true and false, "\n" between the
 /// lines of a list. It needs no expert and shows a value that the expert cannot read as it stands.
 std::string StoredSettingText(IRegistryReader& registry, const TSetting& setting);
+/// What some settings are checked by.
+struct TSettingChecks {
+    std::vector<std::string> ClassNames;  ///< of the localization components
+    ICommonLibrary* Common = nullptr;     ///< nullptr where no pattern can be tried
+};
+/// EBadInput, with what would do, for a text that cannot work as the setting's value.
+void CheckSettingText(const TSetting& setting, std::string_view text, const TSettingChecks& checks);
+/// Those of the phrases that are no regular expressions.
+TStringList BrokenPatterns(ICommonLibrary* common, const TStringList& phrases);
 /// Stores a setting from such a text. EBadInput for a text that does not fit; nothing is stored then.
-void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text);
+void StoreSettingText(IRegistry& registry, const TSetting& setting, std::string_view text,
+                      const TSettingChecks& checks);
 
 /// The language names of a text: one a line, or separated by commas where it has no line break.
 TStringList SplitLangNames(std::string_view text);

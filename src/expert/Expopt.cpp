@@ -14,8 +14,6 @@ namespace {
 
 constexpr const char* kInputCaption = "TmlLang Expert default languages";
 constexpr const char* kInputPrompt = "Enter new language name:";
-constexpr std::array kMenuSections{"FileMenu", "EditMenu",      "SearchMenu", "ViewsMenu", "ProjectMenu",
-                                   "RunMenu",  "ComponentMenu", "ToolsMenu",  "HelpMenu"};
 constexpr int kPages = 3;
 
 /// The controls that others send the person to.
@@ -32,7 +30,9 @@ constexpr int kFewestPreviewLines = 5;
 
 template <typename Names>
 TChoiceBox ChoiceOf(const Names& names, const std::string& chosen) {
-    TChoiceBox box{TStringList({std::begin(names), std::end(names)}), -1};
+    TChoiceBox box;
+    for (const std::string_view name : names)
+        box.Items.Add(std::string(name));
     const auto found = std::find(box.Items.begin(), box.Items.end(), chosen);
     if (found != box.Items.end()) box.ItemIndex = static_cast<int>(found - box.Items.begin());
     return box;
@@ -51,15 +51,9 @@ std::string Stepped(const std::string& text, int step, int low, int high) {
     return std::to_string(std::clamp<long long>(number, low, high));
 }
 
-/// The patterns that do not compile. One that does matches nothing behind an empty alternative.
-TStringList BrokenPatterns(TContext& context, const TStringList& patterns) {
-    TStringList broken;
+ICommonLibrary* CommonLibraryOf(TContext& context) {
     ICommonLibraryLoader* loader = context.Host.CommonLibrary;
-    ICommonLibrary* library = loader == nullptr ? nullptr : loader->Load();
-    if (library == nullptr || !library->HasMatcher()) return broken;
-    for (const std::string& pattern : patterns)
-        if (!library->mlREStringMatches("", "|" + pattern)) broken.Add(pattern);
-    return broken;
+    return loader == nullptr ? nullptr : loader->Load();
 }
 
 }  // namespace
@@ -232,9 +226,22 @@ void TfrmOptions::Store() {
     settings.SetIDsFromTexts(ckbIDsFromTexts);
 }
 
+bool TfrmOptions::CheckPrefixes() {
+    try {
+        CheckSettingText(*FindSetting("HCPrefix"), edHCPrefix, {});
+        CheckSettingText(*FindSetting("CnstPrefix"), edCnstPrefix, {});
+    } catch (const EBadInput& error) {
+        context_.Dialogs().MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
+        return false;
+    }
+    return true;
+}
+
 void TfrmOptions::btOKClick() {
+    if (!CheckPrefixes()) return;
     Store();
-    const TStringList broken = ckbUseRegExp ? BrokenPatterns(context_, memSkipWords) : TStringList();
+    const TStringList broken =
+        ckbUseRegExp ? BrokenPatterns(CommonLibraryOf(context_), memSkipWords) : TStringList();
     if (!broken.Empty())
         context_.Dialogs().MessageDlg(
             Format("These phrases are no regular expressions and match as plain phrases only:\r\n%s",

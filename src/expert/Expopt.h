@@ -80,6 +80,8 @@ class TfrmOptions : public TForm {
     void FillSourceStrings();
     void FillExcludeAndSkip();
     void CheckRegExp();
+    /// False, and the person is told, for a prefix that cannot stand in a source.
+    bool CheckPrefixes();
     void Store();
 
     TContext& context_;

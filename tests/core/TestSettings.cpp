@@ -1,3 +1,5 @@
+#include <map>
+
 #include "base/Errors.h"
 #include "core/Settings.h"
 #include "support/Memoryregistry.h"
@@ -58,18 +60,23 @@ TEST(Settings, AnEmptyStoreGivesTheDefaults) {
 
 TEST(Settings, EverySettingOutlivesTheExpertButTheCustomOnes) {
     TMemoryRegistry registry;
+    const std::map<std::string_view, std::string> chosen = {
+        {"ShortCut", "F7"}, {"MenuSection", "HelpMenu"}, {"DefaultComp", "TmlLang"},
+        {"HCPrefix", "X "}, {"CnstPrefix", "c-"},        {"ReplaceMethod", "GetTextW("},
+        {"SortOrder", "1"}, {"SortedColumn", "4"}};
     for (const TSetting& setting : AllSettings()) {
         const bool isNumber = std::holds_alternative<int TSettingValues::*>(setting.Field);
         const bool isBool = std::holds_alternative<bool TSettingValues::*>(setting.Field);
-        const std::string text = isBool                           ? "true"
-                                 : isNumber                       ? "7"
-                                 : setting.Property == "ShortCut" ? "F7"
-                                                                  : "a\\nb ~";
-        StoreSettingText(registry, setting, text);
+        const std::string text = chosen.contains(setting.Property) ? chosen.at(setting.Property)
+                                 : isBool                          ? "true"
+                                 : isNumber                        ? "7"
+                                                                   : "a\\nb ~";
+        StoreSettingText(registry, setting, text, {kClasses});
         const bool isRead = setting.ReadDefault != TReadDefault::NeverRead;
         const std::string missing = isBool ? "false" : "";
         EXPECT_EQ(StoredSettingText(registry, setting), isRead ? text : missing) << setting.Property;
     }
+    registry.Values[kExp + "\\DefaultComponent"] = std::string("TNone");
     TExpertSettings settings(registry, kClasses);
     settings.ReadSettings();
     EXPECT_EQ(settings.Get().SkipWords, TStringList({"a", "b ~"}));
@@ -114,7 +121,7 @@ TEST(Settings, ANumberThatIsNoneStopsTheReadButNotTheCommand) {
         store.Registry.Values[kExp + "\\" + std::string(setting.ValueName)] = std::string("two");
         EXPECT_THROW(store.Settings.ReadSettings(), EConvertError);
         EXPECT_EQ(StoredSettingText(store.Registry, setting), "two");
-        StoreSettingText(store.Registry, setting, "2");
+        StoreSettingText(store.Registry, setting, "2", {});
         store.Settings.ReadSettings();
     }
 }
@@ -124,9 +131,12 @@ TEST(Settings, TextsThatDoNotFitAreRefusedAndNothingIsStored) {
     const std::pair<const char*, const char*> rows[] = {
         {"NumLang", "many"},       {"NumLang", "0"},         {"NumLang", "10001"},
         {"IgnorableLength", "-1"}, {"AddFormName", "maybe"}, {"ShortCut", "Ctrl+Nothing"},
-        {"SortOrder", ""},         {"CommentsLength", "-2"}, {"PreviewLines", "0"}};
+        {"SortOrder", ""},         {"CommentsLength", "-2"}, {"PreviewLines", "0"},
+        {"SortedColumn", "5"},     {"LastFilterIndex", "0"}, {"DefaultComp", "TFoo"},
+        {"HCPrefix", "I'DS"},      {"CnstPrefix", "a\tb"},   {"ReplaceMethod", "GetText"},
+        {"MenuSection", "File"},   {"Delimiter", ""}};
     for (const auto& [name, text] : rows)
-        EXPECT_THROW(StoreSettingText(registry, *FindSetting(name), text), EBadInput) << name;
+        EXPECT_THROW(StoreSettingText(registry, *FindSetting(name), text, {kClasses}), EBadInput) << name;
     EXPECT_TRUE(registry.Writes.empty());
     EXPECT_EQ(FindSetting("Nothing"), nullptr);
 }
@@ -134,7 +144,7 @@ TEST(Settings, TextsThatDoNotFitAreRefusedAndNothingIsStored) {
 TEST(Settings, ABackSlashInAListSurvives) {
     TMemoryRegistry registry;
     const TSetting& words = *FindSetting("skipwords");
-    StoreSettingText(registry, words, "\\d+\\n\\\\name");
+    StoreSettingText(registry, words, "\\d+\\n\\\\name", {});
     EXPECT_EQ(registry.Writes.back(), "ExpSettings\\SkipWords=string \\d+\r\n\\name\r\n");
     EXPECT_EQ(StoredSettingText(registry, words), "\\d+\\n\\\\name");
 }
