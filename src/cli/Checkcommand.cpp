@@ -11,6 +11,7 @@
 #include "cli/Jsonlines.h"
 #include "cli/Sarif.h"
 #include "cli/Shownpath.h"
+#include "cli/Terminal.h"
 #include "ids/Idchecks.h"
 
 namespace tml {
@@ -92,7 +93,7 @@ class TCheckRun {
     static void PrintText(const TBadID& bad) {
         std::cout << ShownPath(bad.FileName);
         if (bad.Kind != TBadIDKind::Unused) std::cout << ":" << bad.Place;
-        std::cout << ": '" << bad.ID << "': " << bad.Type();
+        std::cout << ": '" << OnOneLine(bad.ID) << "': " << bad.Type();
         if (bad.Kind == TBadIDKind::Unused) std::cout << " [" << bad.Use.Text() << "]";
         std::cout << "\n";
     }

@@ -149,9 +149,13 @@ std::optional<int> TCommandLine::Refuse(const CLI::ParseError& error) {
     const std::vector<std::string> words = app_.remaining();
     const auto word = std::find_if(words.begin(), words.end(),
                                    [](const std::string& each) { return !each.starts_with("-"); });
-    if (error.get_exit_code() == 0 || !app_.get_subcommands().empty() || word == words.end())
-        return app_.exit(error) == 0 ? kDone : kBadInput;
-    PrintMessage(UnknownCommand(*word).what());
+    if (error.get_exit_code() == 0) {
+        app_.exit(error);
+        return kDone;
+    }
+    const bool isCommand = !app_.get_subcommands().empty() || word == words.end();
+    PrintMessage(isCommand ? std::string(error.what()) + ". Run with --help for more information"
+                           : std::string(UnknownCommand(*word).what()));
     return kBadInput;
 }
 

@@ -28,7 +28,7 @@ bool HasTmlLang(TSession& session, const TFormOptions& options, const TFormRow& 
 void ForEachTmlLang(TSession& session, const TFormOptions& options,
                     const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
     session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
-        if (options.Forms.empty() && !row.HasComponent()) return;
+        if (options.Forms.empty() && !row.HasComponent()) return session.ExpectReadable(row);
         const TModuleLease lease(session.Context(), row.FileName);
         if (HasTmlLang(session, options, row)) work(row, *GetmlLang(session.Context(), row.FormName));
     });
@@ -38,7 +38,7 @@ void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std
                        const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
     const auto scope = session.Modules().BeginCommand(title);
     session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
-        if (options.Forms.empty() && !row.HasComponent()) return;
+        if (options.Forms.empty() && !row.HasComponent()) return session.ExpectReadable(row);
         const auto one = session.Modules().BeginCommand(title);
         TModuleLease lease(session.Context(), row.FileName);
         if (!HasTmlLang(session, options, row)) return;

@@ -84,6 +84,7 @@ int RunForms(TProgram& program, const std::string& project) {
     else
         PrintText(session.Context());
     PrintGroup(program, *session.Modules().GetMainProjectGroup());
+    session.ForEach(session.Rows({}), [&](TFormRow& row) { session.ExpectReadable(row); });
     return session.ExitCode();
 }
 

@@ -12,6 +12,7 @@
 #include "cli/Jsonlines.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
+#include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "projects/Lpipackages.h"
@@ -94,13 +95,14 @@ void InsertInto(TProgram& program, TSession& session, TFormRow& row, std::ostrea
     if (component == nullptr && !session.Answers().Errors.empty()) return;
     if (!had) ExpectComponent(component, row);
     const std::string name = component != nullptr ? component->GetName() : row.Component.ComponentName;
+    const bool isKept = had || component->GetComponent()->GetOrigin() == TComponentOrigin::coInherited;
     if (program.Json)
         TJsonLine(report)
             .Text("form", row.FormName)
             .Text("component", name)
-            .Text("done", had ? "kept" : "inserted");
+            .Text("done", isKept ? "kept" : "inserted");
     else
-        report << row.FormName << ": " << name << (had ? " is there already" : " inserted") << "\n";
+        report << row.FormName << ": " << name << (isKept ? " is there already" : " inserted") << "\n";
 }
 
 int RunInsert(TProgram& program, const TInsertOptions& options) {
@@ -110,7 +112,7 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     std::ostringstream report;  // told when the files are written, not before
     const auto scope = session.Modules().BeginCommand("Insert");
     if (options.AddPackage) AddPackage(session, report, program.Json);
-    session.ForEach(session.Rows(options.Forms),
+    session.ForEach(AncestorsFirst(session.Rows(options.Forms)),
                     [&](TFormRow& row) { InsertInto(program, session, row, report); });
     scope->Commit();
     session.Ide().SaveAll();
@@ -167,7 +169,7 @@ int RunLanguages(TProgram& program, const TInsertOptions& options) {
     if (!program.Yes) RefuseLoss(session, rows, setUp);
     std::ostringstream report;  // told when the files are written, not before
     const auto scope = session.Modules().BeginCommand("Languages");
-    session.ForEach(rows, [&](TFormRow& row) {
+    session.ForEach(AncestorsFirst(rows), [&](TFormRow& row) {
         ConfigureLangComponent(session.Context(), &row, setUp);
         if (!session.Answers().Errors.empty()) return;
         PrintLanguages(program, session, row, true, report);

@@ -10,6 +10,8 @@
 #include "cli/Scantargets.h"
 #include "cli/Session.h"
 #include "cli/Shownpath.h"
+#include "cli/Terminal.h"
+#include "core/Formfamilies.h"
 #include "scan/Found.h"
 #include "scan/Scanreplace.h"
 #include "scan/Selunit.h"
@@ -58,7 +60,8 @@ class TReplaceRun {
     int Run() {
         const auto command = session_.Modules().BeginCommand("Replace strings");
         if (options_.Units.empty())
-            session_.ForEach(session_.Rows(options_.Forms), [this](TFormRow& row) { ReplaceIn(row); });
+            session_.ForEach(AncestorsFirst(session_.Rows(options_.Forms)),
+                             [this](TFormRow& row) { ReplaceIn(row); });
         else
             ReplaceInUnits();
         if (options_.Patch) std::cout << command->Patch();
@@ -153,8 +156,8 @@ class TReplaceRun {
     void PrintText(const std::string& subject, const std::string& file) {
         if (options_.DryRun)
             for (const TFoundRow& row : decision_.Replaced)
-                report_ << file << ":" << row.Record.Line + 1 << ": '" << row.Record.StrContent << "' -> "
-                        << WrittenText(row.Record) << "\n";
+                report_ << file << ":" << row.Record.Line + 1 << ": '" << OnOneLine(row.Record.StrContent)
+                        << "' -> " << OnOneLine(WrittenText(row.Record)) << "\n";
         report_ << subject << ": " << decision_.Replaced.size()
                 << (Writes() ? " strings replaced" : " strings found");
         if (!decision_.LeftOut.empty())

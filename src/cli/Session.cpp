@@ -1,11 +1,14 @@
 #include "cli/Session.h"
 
+#include <utility>
+
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "cli/Interrupt.h"
 #include "cli/Terminal.h"
 #include "expert/Mllangexp.h"
+#include "forms/Formtree.h"
 
 namespace tml {
 namespace {
@@ -17,8 +20,11 @@ void ExpectNotStopped() {
 }  // namespace
 
 TSession::TSession(TProgram& program, const std::string& project)
-    : json_(program.Json), isOneProject_(!program.ProjectName.empty()), workplace_(program) {
-    Ide().ShowErrors([this](const EBadInput& error) { Answers().Errors.emplace_back(error.what()); });
+    : json_(program.Json),
+      isOneProject_(!program.ProjectName.empty()),
+      workplace_(program),
+      folders_(*workplace_.Host().Files) {
+    Ide().ShowErrors([this](const EBadInput& error) { AddError(error); });
     expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
     expert_->RunItemClick();
@@ -47,6 +53,11 @@ std::vector<TFormRow*> TSession::Rows(const std::vector<std::string>& formNames)
         rows.push_back(found);
     }
     return rows;
+}
+
+void TSession::ExpectReadable(const TFormRow& row) {
+    const std::string file = folders_.FormFileOf(row.FileName);
+    if (!file.empty()) TFormTree::Parse(Context().Host.Files->Read(file), file);
 }
 
 bool TSession::HasSeveralProjects() {
@@ -106,7 +117,7 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
         failed = true;
     } catch (const EBadInput& error) {
         failed = true;
-        Answers().Errors.emplace_back(error.what());
+        AddError(error);
     } catch (const std::bad_alloc&) {
         failed = true;
         Answers().Errors.emplace_back(EBadInput("", 0, kNoMemory, kTooLarge).what());
@@ -115,10 +126,19 @@ void TSession::Attempt(const std::string& subject, const std::function<void()>& 
     failures_ += failed || !Answers().Errors.empty() ? 1 : 0;
 }
 
+void TSession::AddError(const EBadInput& error) {
+    Answers().Errors.emplace_back(error.what());
+    if (!error.File().empty()) ofFiles_.try_emplace(error.what(), false);
+}
+
+/// What is wrong with a file that several forms need, their ancestor's for example, is told once.
 /// Information waits until all is written; with JSON it stands in a field of that.
 void TSession::TakeMessages(const std::string& subject) {
-    for (const std::string& error : Answers().Errors)
+    for (const std::string& error : Answers().Errors) {
+        const auto ofFile = ofFiles_.find(error);
+        if (ofFile != ofFiles_.end() && std::exchange(ofFile->second, true)) continue;
         PrintMessage(Format("%s: %s", subject, error));
+    }
     if (json_) return;
     for (const std::string& text : Answers().Information)
         information_.push_back(Format("%s: %s", subject, text));

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
+#include "base/Errors.h"
+#include "base/Folderindex.h"
 #include "cli/Workplace.h"
 #include "core/Context.h"
 #include "expert/Subjects.h"
@@ -32,6 +35,8 @@ class TSession {
     /// Calls work for each project of a group, which is the active one then and listed; for the active one
     /// alone where the options name a project.
     void ForEachProject(const std::function<void()>& work);
+    /// EBadInput, with the line, for a form file that is no form: for a command that does not open it.
+    void ExpectReadable(const TFormRow& row);
     /// Runs a function that stands behind a command, as the window would: what the IDE tells meanwhile waits.
     void Run(const std::function<void(TContext&, TSubjects&)>& command);
 
@@ -46,15 +51,18 @@ class TSession {
   private:
     /// EBadInput with the reason where an error was shown because the form is not as the project says.
     void NoteWrongForm(const TFormRow& row);
+    void AddError(const EBadInput& error);
     void TakeMessages(const std::string& subject);
 
     bool json_;
     bool isOneProject_;
     TWorkplace workplace_;
+    TFolderIndex folders_;
     TmlLangExpert* expert_ = nullptr;
     int attempts_ = 0;
     int failures_ = 0;
     std::vector<std::string> information_;
+    std::map<std::string, bool> ofFiles_;  ///< errors in files, and whether they have been told
 };
 
 }  // namespace tml

@@ -65,6 +65,25 @@ std::string Styled(TStream stream, TStyle style, std::string_view text) {
     return std::string("\x1b[") + CodeOf(style) + "m" + std::string(text) + "\x1b[m";
 }
 
+std::string OnOneLine(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string line;
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (c == '\n')
+            line += "\\n";
+        else if (c == '\r')
+            line += "\\r";
+        else if (c == '\t')
+            line += "\\t";
+        else if (code < 0x20 || code == 0x7F)
+            (line += "\\x").append({kDigits[code >> 4U], kDigits[code & 15U]});
+        else
+            line += c;
+    }
+    return line;
+}
+
 void PrintMessage(const std::string& text) {
     std::cout.flush();
     std::cerr << Styled(TStream::Error, TStyle::Error, "tmllang:") << " " << text << "\n";

@@ -16,6 +16,10 @@ enum class TStyle { Error, Place, Name, Added, Removed, Heading };
 /// or empty), the bare text elsewhere.
 std::string Styled(TStream stream, TStyle style, std::string_view text);
 
+/// The text with its control characters as a source would write them ("\n", "\x1B"), so that it stays on its
+/// line and changes nothing on a terminal.
+std::string OnOneLine(std::string_view text);
+
 /// Prints a message of the program to standard error.
 void PrintMessage(const std::string& text);
 

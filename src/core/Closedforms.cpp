@@ -91,6 +91,7 @@ void Inherit(TFormSearch& search, const TFormAnalysis& ancestor) {
         found.NumLang = ancestor.NumLang;
     found.FormName = formName;
     found.Ancestor = ancestor.NumLang > 0 ? ancestor.FormName : std::string();
+    found.DerivesFrom = ancestor.FormName;
 }
 
 }  // namespace

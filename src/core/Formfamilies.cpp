@@ -34,4 +34,23 @@ TFormFamilies FamiliesOf(const TFormRows& rows) {
     return families;
 }
 
+std::vector<TFormRow*> AncestorsFirst(const std::vector<TFormRow*>& rows) {
+    std::unordered_map<std::string, TFormRow*> byName;
+    for (TFormRow* row : rows)
+        byName.try_emplace(UpperCase(row->FormName), row);
+    std::vector<TFormRow*> ordered;
+    std::unordered_set<TFormRow*> met;
+    for (TFormRow* row : rows) {
+        std::vector<TFormRow*> line;  // from the form to its first ancestor
+        while (met.insert(row).second) {
+            line.push_back(row);
+            const auto ancestor = byName.find(UpperCase(row->Component.DerivesFrom));
+            if (ancestor == byName.end()) break;
+            row = ancestor->second;
+        }
+        ordered.insert(ordered.end(), line.rbegin(), line.rend());
+    }
+    return ordered;
+}
+
 }  // namespace tml

@@ -27,4 +27,8 @@ class TFormFamilies {
 
 TFormFamilies FamiliesOf(const TFormRows& rows);
 
+/// The rows in their order, but each behind those that its form derives from: what is done to the ancestor
+/// reaches its descendants.
+std::vector<TFormRow*> AncestorsFirst(const std::vector<TFormRow*>& rows);
+
 }  // namespace tml

@@ -23,7 +23,10 @@ std::string TFormRow::Cell(std::size_t column) const {
 
 void UpdateItem(TFormRow* row, const TFormAnalysis& found) {
     if (row == nullptr) return;
-    row->Component = found.NumLang > 0 ? found : TFormAnalysis();
+    row->Component = found;
+    if (found.NumLang > 0) return;
+    row->Component = {};
+    row->Component.DerivesFrom = found.DerivesFrom;
 }
 
 int CompareRows(const TFormRow& a, const TFormRow& b, int column) {

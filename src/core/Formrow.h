@@ -17,6 +17,8 @@ struct TFormAnalysis {
     std::string FormName = {};  ///< as the form itself has it, "" where that is not known
     std::string Ancestor =
         {};  ///< the form that it inherits the component from, "" for a component of its own
+    std::string DerivesFrom =
+        {};  ///< the form of the project that it derives from; of one with its own component "" will do
 };
 
 /// The columns of the forms list.
@@ -43,7 +45,8 @@ class TFormRow : public TListRow {
     int StateIndex() const override { return HasComponent() ? 1 : 0; }
 };
 
-/// Sets what is known of the row's component; nothing for a missing row. Below 1 language it has none.
+/// Sets what is known of the row's component; nothing for a missing row. Below 1 language it has none, and
+/// only the form that it derives from is kept.
 void UpdateItem(TFormRow* row, const TFormAnalysis& found);
 
 /// Compares two rows by a column: below 0, 0 or above 0.

@@ -150,12 +150,14 @@ TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName) {
     const auto module = GetModuleFromFileName(context, fileName);
     const auto editor = GetFormEditorFromModule(module);
     if (editor == nullptr) return {};
+    const auto root = editor->GetRootComponent();
+    const auto ancestor = root == nullptr ? nullptr : root->GetAncestor();
+    const std::string derivesFrom = ancestor == nullptr ? std::string() : ancestor->GetName();
     const auto lang = FindCustomLang(*context.Host.Runtime, *editor);
-    if (lang == nullptr) return {"", "", 0, module->GetFormName()};
+    if (lang == nullptr) return {"", "", 0, module->GetFormName(), "", derivesFrom};
     const bool isInherited = lang->GetComponent()->GetOrigin() == TComponentOrigin::coInherited;
-    const auto ancestor = isInherited ? editor->GetRootComponent()->GetAncestor() : nullptr;
-    return {lang->GetName(), lang->GetClassName(), lang->GetNumLang(), module->GetFormName(),
-            ancestor == nullptr ? std::string() : ancestor->GetName()};
+    return {lang->GetName(),       lang->GetClassName(),           lang->GetNumLang(),
+            module->GetFormName(), isInherited ? derivesFrom : "", derivesFrom};
 }
 
 }  // namespace tml
