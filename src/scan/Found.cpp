@@ -162,10 +162,12 @@ void TfrmFound::FormShow() {
 
 bool TfrmFound::FormCloseQuery() {
     if (ModalResult == mrOk || (sgStrings.Rows().empty() && !CanUndo())) return true;
+    if (ModalResult == mrIgnore)
+        return Confirm(
+            Format("This will leave \"%s\" as it is and go on! Continue?", FileNameOf(input_.FileName)));
     const int behind = input_.Place.Count - input_.Place.Number;
     std::string question = "This will close the Found Strings form! Continue?";
-    if (behind > 0 && ModalResult != mrIgnore)
-        question += Format("\r\nUnits of the series that stay as they are, too: %d", behind);
+    if (behind > 0) question += Format("\r\nUnits of the series that stay as they are, too: %d", behind);
     return Confirm(question);
 }
 
@@ -202,7 +204,8 @@ void TfrmFound::Update() {
     StatusPanels = {Format("Found strings: %d", sgStrings.Rows().size()),
                     Format("Deleted strings: %d", sgDeleted.Rows().size()),
                     Format("Selected rows: %d", Shown().SelectedCount())};
-    TakenPanel = Format("To be replaced: %d, left out: %d", Rows.CountTaken(), Rows.CountLeftOut());
+    TakenPanel = Format("To be replaced: %d, left out: %d", Rows.CountReplaced(), Rows.CountLeftOut());
+    if (Rows.CountMarked() > 0) TakenPanel += Format(", marked to ignore: %d", Rows.CountMarked());
     TableCaption = ShowsDeleted ? "Deleted strings, which stay as they are:" : "Found strings:";
     IDNotice.clear();
     for (TAction& action : Actions.All) {
@@ -285,8 +288,8 @@ void TfrmFound::CheckEditText(int row, const std::string& id) {
     const int known = input_.Existing.Find(id);
     bool isTaken = known >= 0 && input_.Existing.Entries()[static_cast<std::size_t>(known)].Base() != text;
     for (const TFoundRow& other : Rows)
-        isTaken = isTaken || (other.IsTaken() && !other.Record.MarkedToIgnore &&
-                              other.Record.StrContent != text && UpperCase(other.Record.StrID) == upper);
+        isTaken = isTaken || (other.IsReplaced() && other.Record.StrContent != text &&
+                              UpperCase(other.Record.StrID) == upper);
     IDNotice.clear();
     if (id.empty()) IDNotice = Format("The string \"%s\" has no ID!", text);
     if (isTaken) IDNotice = Format("The string ID \"%s\" is used for different texts!", id);
@@ -507,7 +510,7 @@ std::string TfrmFound::FindConflict() const {
     for (const TTableEntry& string : input_.Existing.Entries())
         known[UpperCase(string.Key)].insert(string.Base());
     for (const TFoundRow& row : Rows) {
-        if (!row.IsTaken() || row.Record.MarkedToIgnore) continue;
+        if (!row.IsReplaced()) continue;
         if (row.Record.StrID.empty()) return Format("The string \"%s\" has no ID!", row.Record.StrContent);
         auto& texts = known[UpperCase(row.Record.StrID)];
         if (!texts.empty() && !texts.contains(row.Record.StrContent))
@@ -520,11 +523,13 @@ std::string TfrmFound::FindConflict() const {
 std::string TfrmFound::Question() const {
     std::string question = "This will apply changes and modify source code. Continue?";
     if (Rows.CountLeftOut() > 0)
-        question += Format("\r\n%d strings will be replaced, %d are left out.", Rows.CountTaken(),
+        question += Format("\r\n%d strings will be replaced, %d are left out.", Rows.CountReplaced(),
                            Rows.CountLeftOut());
+    if (Rows.CountMarked() > 0)
+        question += Format("\r\n%d will be marked to be ignored.", Rows.CountMarked());
     const auto hidden =
         static_cast<int>(std::count_if(sgStrings.Rows().begin(), sgStrings.Rows().end(), [&](int row) {
-            return Rows[row].IsTaken() && sgStrings.PlaceOf(row) < 0;
+            return Rows[row].IsReplaced() && sgStrings.PlaceOf(row) < 0;
         }));
     if (hidden > 0) question += Format("\r\nThe filter hides %d of those that will be replaced.", hidden);
     return question;

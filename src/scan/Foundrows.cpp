@@ -21,9 +21,14 @@ std::vector<int> TFoundRows::At(TFoundPlace place) const {
     return rows;
 }
 
-int TFoundRows::CountTaken() const {
+int TFoundRows::CountReplaced() const {
     return static_cast<int>(
-        std::count_if(begin(), end(), [](const TFoundRow& row) { return row.IsTaken(); }));
+        std::count_if(begin(), end(), [](const TFoundRow& row) { return row.IsReplaced(); }));
+}
+
+int TFoundRows::CountMarked() const {
+    return static_cast<int>(std::count_if(
+        begin(), end(), [](const TFoundRow& row) { return row.IsTaken() && !row.IsReplaced(); }));
 }
 
 int TFoundRows::CountLeftOut() const {

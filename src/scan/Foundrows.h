@@ -19,6 +19,8 @@ struct TFoundRow {
     bool LeftOut = false;  ///< stands among the found rows, but its literal stays
 
     bool IsTaken() const { return Place == TFoundPlace::Found && !LeftOut; }
+    /// A mark is written, too, but its literal stays.
+    bool IsReplaced() const { return IsTaken() && !Record.MarkedToIgnore; }
     /// Only a mark, which leaves the literal as it is, takes a row that no call may replace.
     void LeaveOut(bool leftOut) {
         LeftOut = leftOut || (ForbidsCall(Record.Advice) && !Record.MarkedToIgnore);
@@ -38,7 +40,8 @@ class TFoundRows {
     std::vector<TFoundRow>::const_iterator begin() const { return rows_.begin(); }
     std::vector<TFoundRow>::const_iterator end() const { return rows_.end(); }
     std::vector<int> At(TFoundPlace place) const;
-    int CountTaken() const;
+    int CountReplaced() const;
+    int CountMarked() const;
     int CountLeftOut() const;
 
     /// A row to be changed, as a part of the step that EndStep ends.

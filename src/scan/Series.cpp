@@ -24,8 +24,7 @@ std::string TSeries::Summary(std::string_view done) const {
     for (std::size_t i = 0; i < shown; ++i)
         text += "\r\n" + notes_[i];
     if (shown < notes_.size()) text += Format("\r\nAnd %d more", notes_.size() - shown);
-    if (const int behind = place_.Count - place_.Number; stopped_ && behind > 0)
-        text += Format("\r\nUnits left as they were: %d", behind);
+    if (stopped_) text += Format("\r\nUnits left as they were: %d", place_.Count - changed_);
     return text;
 }
 

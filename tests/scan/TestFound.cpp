@@ -317,7 +317,13 @@ TEST_F(TFound, RowsWithAnAdviceAreLeftOutUntilTheyAreTaken) {
         {[](TfrmFound&) {}, "Two Three ", "\r\n2 strings will be replaced, 1 are left out."},
         {&Call<&TfrmFound::acTakeAll>, "One Two Three ", ""},
         {&Call<&TfrmFound::acTakeRow>, "One Two Three ", ""},
-        {&Call<&TfrmFound::acMarktoIgnore>, "One Two Three ", ""},
+        {&Call<&TfrmFound::acMarktoIgnore>, "One Two Three ", "\r\n1 will be marked to be ignored."},
+        {[](TfrmFound& window) {
+             window.sgStrings.SetCurrent(1);
+             window.acMarktoIgnore();
+             EXPECT_EQ(window.TakenPanel, "To be replaced: 1, left out: 1, marked to ignore: 1");
+         },
+         "Two Three ", "\r\n1 strings will be replaced, 1 are left out.\r\n1 will be marked to be ignored."},
         {&Call<&TfrmFound::acTakeRow, &TfrmFound::acTakeRow>, "Two Three ",
          "\r\n2 strings will be replaced, 1 are left out."},
         {&Call<&TfrmFound::acTakeAll, &TfrmFound::acLeaveAdvised>, "Two Three ",

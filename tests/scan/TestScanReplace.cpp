@@ -329,7 +329,7 @@ TEST_F(TScanReplace, ASeriesCanPassOverAUnitAndBeStopped) {
     });
     const std::string close = "This will close the Found Strings form! Continue?";
     const auto skip = [&](TfrmFound& window) {
-        User.OnMessage(close, mrYes);
+        User.OnMessage("This will leave \"First.pas\" as it is and go on! Continue?", mrYes);
         window.acSkipUnit();
     };
     const auto stop = [&](TfrmFound& window) {
@@ -339,7 +339,7 @@ TEST_F(TScanReplace, ASeriesCanPassOverAUnitAndBeStopped) {
     InSeries({skip, [this](TfrmFound& window) { Modify(window); }, stop},
              std::string(kDone) +
                  "\r\nChanged units: 1 of 5\r\nNo strings found in the \"Helper.pas\" "
-                 "source!\r\nUnits left as they were: 1");
+                 "source!\r\nUnits left as they were: 4");
     Expert->Window()->Run("SourceWithoutForm");
     EXPECT_EQ(StringsOf("Form2"), "IDS_0=Known IDS_1=Second ");
 }
