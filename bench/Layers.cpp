@@ -51,7 +51,7 @@ void Add(const char* name, const std::vector<TUnit>& units, TWork work) {
 
 /// What "scan --count" does with the bytes of one unit.
 int CountIn(const TUnit& unit, ICommonLibrary* common) {
-    return CountStrings(EveryRule(TCodedText::TextOf(unit.Bytes), unit.Path, common));
+    return CountStrings(EveryRule(TCodedText::TextOf(unit.Bytes), unit.Path, common)).Found;
 }
 
 void AddAll(const std::vector<TUnit>& units, ICommonLibrary* common) {

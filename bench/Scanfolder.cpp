@@ -17,7 +17,7 @@ int CountIn(const std::string& folder, ICommonLibrary* common) {
     std::string bytes;
     for (const std::string& path : FilesBelow(folder)) {
         ReadInto(bytes, path);
-        count += CountStrings(EveryRule(TCodedText::TextOf(bytes), path, common));
+        count += CountStrings(EveryRule(TCodedText::TextOf(bytes), path, common)).Found;
     }
     return count;
 }

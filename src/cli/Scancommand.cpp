@@ -136,8 +136,8 @@ class TScanRun {
         try {
             TScanInput input = ScanInputOf(settings_.Get(), common_);
             if (!Take(target, input)) return;
-            if (options_.Count && !options_.Skipped && !options_.Fail && !baseline_.IsUsed())
-                found_ += CountStrings(input);
+            if (options_.Count && !options_.Fail && !baseline_.IsUsed())
+                Count(input);
             else
                 Print(input);
             ++scanned_;
@@ -165,6 +165,12 @@ class TScanRun {
         }
         TakeLooseUnit(isInput ? options_.InputName : target.FileName, bytes, shared_, input);
         return true;
+    }
+
+    void Count(const TScanInput& input) {
+        const TStringCounts counts = CountStrings(input);
+        found_ += counts.Found;
+        skipped_ += counts.Skipped;
     }
 
     void Print(const TScanInput& input) {
@@ -202,7 +208,8 @@ class TScanRun {
         const std::string_view advice = AdviceWord(found.Advice);
         if (!program_.Json) {
             std::cout << Place(file, line) << ":" << lines.ColumnOf(offset) << ": "
-                      << Styled(TStream::Output, TStyle::Name, found.StrID) << " '" << found.StrContent << "'"
+                      << Styled(TStream::Output, TStyle::Name, found.StrID) << " '"
+                      << OnOneLine(found.StrContent) << "'"
                       << (advice.empty() ? "" : " [" + std::string(advice) + "]") << "\n";
             return;
         }
@@ -222,7 +229,7 @@ class TScanRun {
     void PrintSkipped(const std::string& file, const TmlSkippedString& skipped, TLineCounter& lines) const {
         const int line = lines.LineOf(static_cast<std::size_t>(skipped.Position));
         if (!program_.Json) {
-            std::cout << Place(file, line) << ": skipped '" << Trim(skipped.Text) << "' ["
+            std::cout << Place(file, line) << ": skipped '" << OnOneLine(Trim(skipped.Text)) << "' ["
                       << SkipReasonWord(skipped.Reason) << "]\n";
             return;
         }
@@ -241,9 +248,7 @@ class TScanRun {
 
     void PrintCount() const {
         if (program_.Json) {
-            TJsonLine row(std::cout);
-            row.Text("kind", "count").Number("found", found_);
-            if (options_.Skipped) row.Number("skipped", skipped_);
+            TJsonLine(std::cout).Text("kind", "count").Number("found", found_).Number("skipped", skipped_);
             return;
         }
         std::cout << found_ << (options_.Skipped ? " found, " + std::to_string(skipped_) + " skipped" : "")

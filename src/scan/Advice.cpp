@@ -4,7 +4,9 @@
 #include <array>
 
 #include "base/Utf8.h"
+#include "scan/Characterpointers.h"
 #include "scan/Cppsurroundings.h"
+#include "scan/Pointernames.h"
 #include "source/Cppoutline.h"
 #include "source/Literals.h"
 
@@ -54,9 +56,15 @@ constexpr std::array kCppCalls{
     TCppCall{"typeid", TAdvice::Unevaluated},
     TCppCall{"static_assert", TAdvice::Declaration},
     TCppCall{"_Static_assert", TAdvice::Declaration},
+    TCppCall{"USEFORM", TAdvice::UsesClause},
+    TCppCall{"USEFORMNS", TAdvice::UsesClause},
+    TCppCall{"USEUNIT", TAdvice::UsesClause},
+    TCppCall{"USEOBJ", TAdvice::UsesClause},
+    TCppCall{"USELIB", TAdvice::UsesClause},
+    TCppCall{"USERES", TAdvice::UsesClause},
+    TCppCall{"USERC", TAdvice::UsesClause},
+    TCppCall{"USEPACKAGE", TAdvice::UsesClause},
 };
-constexpr std::array<std::string_view, 9> kCharTypes{
-    "char", "wchar_t", "char8_t", "char16_t", "char32_t", "AnsiChar", "TCHAR", "WideChar", "WCHAR"};
 
 /// How far brackets and words are looked at: farther than people write, and not far enough to cost.
 constexpr std::size_t kFarBrackets = 8;
@@ -85,6 +93,7 @@ class TAdviser {
             FollowBrackets();
             if (tokens_[at_].Kind == TTokenKind::Literal) advice_[tokens_[at_].Index] = Advise();
         }
+        if (!reach_.GivesPointers) AdviseCharacterPointers();
         return std::move(advice_);
     }
 
@@ -104,6 +113,12 @@ class TAdviser {
             if (literal.InComment) advice_[i] = TAdvice::Comment;
             if (literal.InDirective) advice_[i] = TAdvice::Directive;
         }
+    }
+
+    void AdviseCharacterPointers() {
+        const std::vector<bool> wanted = FindCharacterPointers(source_, reach_.Header);
+        for (std::size_t i = 0; i < advice_.size(); ++i)
+            if (wanted[i] && advice_[i] == TAdvice::None) advice_[i] = TAdvice::CharacterPointer;
     }
 
     /// Keeps the opening brackets around the current token.
@@ -198,7 +213,7 @@ class TAdviser {
         std::size_t open = 3;
         while (open < kFarTokens && Before(open) != "[" && !Before(open).empty())
             ++open;
-        return std::find(kCharTypes.begin(), kCharTypes.end(), Before(open + 2)) != kCharTypes.end();
+        return IsCharacterType(Before(open + 2), true);
     }
 
     /// The statement in front calls the value a constant of the compiler.

@@ -39,6 +39,7 @@ namespace tml {
     X(Character, "character", "A constant of a single character may be used as a Char.")                    \
     X(Unevaluated, "unevaluated", "The compiler needs the text itself here.")                               \
     X(ConstType, "const-type", "The constant's type would become string.")                                  \
+    X(CharacterPointer, "char-pointer", "A character pointer is wanted here, and the call gives a string.") \
     X(NoBody, "no-body", "The routine has no body in Pascal that could set its constant.")                  \
     X(Joined, "joined", "The value is joined with another constant, whose text a call would lose.")
 
@@ -65,6 +66,7 @@ struct TReach {
     bool Everywhere = false;     ///< the reference names the form, so that any code reaches it
     /// A C++ unit's header, which tells the methods without an object; nullptr when there is none.
     const TSourceText* Header = nullptr;
+    bool GivesPointers = false;  ///< the method of the calls gives character pointers
 };
 
 /// The advice for each literal of the source, in the order of Literals().

@@ -12,6 +12,7 @@
 #include "scan/Lines.h"
 #include "scan/Skippedstrings.h"
 #include "source/Literals.h"
+#include "tables/Textmethods.h"
 
 namespace tml {
 namespace {
@@ -489,9 +490,16 @@ void TfrmFound::MarkRows(bool mark) {
     Done();
 }
 
+/// A row that was left out because a character pointer is wanted is taken with what gives one.
+void TfrmFound::SetReplacement(int row, const std::string& replacement, bool givesPointer) {
+    TFoundRow& changed = Rows.Change(row);
+    changed.Record.Replacement = replacement;
+    if (givesPointer && changed.Record.Advice == TAdvice::CharacterPointer) changed.LeaveOut(false);
+}
+
 void TfrmFound::acTypecastPChar() {
     for (const int row : AffectedFound())
-        Rows.Change(row).Record.Replacement = CastToPChar(Rows[row].Record.Replacement);
+        SetReplacement(row, CastToPChar(Rows[row].Record.Replacement), true);
     Done();
 }
 
@@ -499,7 +507,7 @@ void TfrmFound::UseMethod(const std::string& method) {
     TCallStyle style = input_.Style;
     style.ReplaceMethod = method;
     for (const int row : AffectedFound())
-        Rows.Change(row).Record.Replacement = input_.CallOf(Rows[row].Record, style);
+        SetReplacement(row, input_.CallOf(Rows[row].Record, style), GivesCharacterPointer(method));
     Done();
 }
 

@@ -153,6 +153,7 @@ class TfrmFound : public TForm {
     void LeaveOut(const std::vector<int>& rows, bool leftOut);
     void SetID(int row, const std::string& id);
     void MarkRows(bool mark);
+    void SetReplacement(int row, const std::string& replacement, bool givesPointer);
     void ExcludePhrases(const TStringList& phrases);
     /// The phrases that the option did not hold yet, as it holds them.
     TStringList AddToSkipWords(const TStringList& phrases);

@@ -11,6 +11,7 @@
 #include "scan/Newids.h"
 #include "source/Charclass.h"
 #include "source/Literals.h"
+#include "tables/Textmethods.h"
 
 namespace tml {
 namespace {
@@ -192,17 +193,20 @@ TScanResult Scan(const TScanInput& input) {
     if (!input.WithAdvice || places.empty()) return result;
     const std::string formClass = input.Component.ClassName();
     const std::vector<TAdvice> advice =
-        Advise(source, {formClass, input.Component.WithForm, input.Header.get()});
+        Advise(source, {formClass, input.Component.WithForm, input.Header.get(),
+                        GivesCharacterPointer(input.ReplaceMethod)});
     for (std::size_t i = 0; i < places.size(); ++i)
         result.Found[static_cast<int>(i)].Advice = advice[places[i]];
     return result;
 }
 
-int CountStrings(const TScanInput& input) {
-    int count = 0;
+TStringCounts CountStrings(const TScanInput& input) {
+    TStringCounts counts;
     TmlSkippedStrings skipped;
-    TWalk(input).Run(skipped, [&](std::size_t, const std::string&, std::size_t) { Report(input, ++count); });
-    return count;
+    TWalk(input).Run(skipped,
+                     [&](std::size_t, const std::string&, std::size_t) { Report(input, ++counts.Found); });
+    counts.Skipped = static_cast<int>(skipped.size());
+    return counts;
 }
 
 }  // namespace tml

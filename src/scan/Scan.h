@@ -59,7 +59,12 @@ TCallStyle CallStyleOf(const TScanInput& input);
 /// The literals to offer and those passed over; nothing is changed.
 TScanResult Scan(const TScanInput& input);
 
-/// The number of literals that Scan would offer.
-int CountStrings(const TScanInput& input);
+struct TStringCounts {
+    int Found = 0;
+    int Skipped = 0;
+};
+
+/// How many literals Scan would offer, and how many it would record as passed over.
+TStringCounts CountStrings(const TScanInput& input);
 
 }  // namespace tml

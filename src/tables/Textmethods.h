@@ -9,4 +9,9 @@ namespace tml {
 inline constexpr std::array<std::string_view, 6> mlLangGetTextMethods = {
     "GetText(", "GetTextC(", "GetTextOrDefault(", "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
 
+/// True for a call that gives a character pointer, not a string.
+inline bool GivesCharacterPointer(std::string_view method) {
+    return method.ends_with("C(");
+}
+
 }  // namespace tml

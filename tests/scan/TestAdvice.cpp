@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <regex>
 
 #include "scan/Advice.h"
 
@@ -6,10 +7,11 @@ namespace tml {
 namespace {
 
 /// The word for each literal in the order of the text, "-" for none.
-std::string Words(const std::string& text, const TLanguage& language, bool everywhere = false) {
+std::string Words(const std::string& text, const TLanguage& language, bool everywhere = false,
+                  const TSourceText* header = nullptr) {
     const TSourceText source(std::string_view(text), language);
     std::string words;
-    for (const TAdvice advice : Advise(source, {"TForm1", everywhere})) {
+    for (const TAdvice advice : Advise(source, {"TForm1", everywhere, header})) {
         if (!words.empty()) words += ' ';
         words += advice == TAdvice::None ? "-" : AdviceWord(advice);
     }
@@ -120,6 +122,69 @@ TEST(Advice, SurvivesConditionsAndGaps) {
         EXPECT_EQ(Words(row.Text, kPascal), row.Expected) << row.Text;
 }
 
+TEST(Advice, WhereACharacterPointerIsWanted) {
+    const std::string declared =
+        "unit U; interface uses Windows;\n"
+        "type PText = PChar; PNode = ^TNode; TNode = record Name: PChar; Title: string; end;\n"
+        "TForm1 = class(TForm) F: PWideChar; S: string; A: array[0..1] of PText;\n"
+        " procedure Show(const T: string; P: PChar; C: array of PChar); overload; property Q: PText read F; "
+        "property Con;\n"
+        " function G: PChar; procedure Say(P: PChar); procedure Say(S: string); end;\n"
+        "procedure Ext(var Buffer; A, B: PAnsiChar; S: string); cdecl; external;\n"
+        "var V: ^Char; implementation\n"
+        "function TForm1.G: PChar;\nvar P: Pointer; S, T: string; N: PNode; I: Integer; D: PChar;\n begin ";
+    const TCase pascal[] = {
+        {"P := 'a'; S := 'b'; F := 'c' + #13; Self.F := 'd'; Self.S := 'e'; V := 'f';", "p - p p - p"},
+        {"Result := 'a'; G := 'b'; Exit('c'); A[0] := 'd'; N.Name := 'e'; N^.Title := 'f';", "p p p p p -"},
+        {"Q := 'a'; S[1] := 'b'; D[0] := 'c'; X.F := 'd'; Y.lpszText := 'e';", "p - - - p"},
+        {"Show('a', 'b', ['cc']); Self.Show('d', 'e'); X.Show('f', 'g'); Say('h');", "- p - - p - - -"},
+        {"Ext(I, 'a', S + 'b', 'c'); ext(I, PChar('d'), 'e' #0, IntToStr(1) + 'f');", "p - - - p -"},
+        {"Application.MessageBox('a', 'b', 0); MessageBoxA(0, PChar(S), 'c', 0); X.MessageBox('d', 'e');",
+         "p p p - -"},
+        {"LoadLibrary('a'); StrPCopy(P, 'b'); StrComp('c', P); if StrComp(P, 'd' + S) = 0 then I := 1;",
+         "p - p -"},
+        {"Query(Con, 'a'); I := query(PChar(Con)); Note(PChar(D)); Note('b'); X.Add(PChar(T)); Add('c');",
+         "p - -"},
+    };
+    for (const TCase& row : pascal) {
+        const std::string expected = std::regex_replace(row.Expected, std::regex("p"), "char-pointer");
+        EXPECT_EQ(Words(declared + row.Text + " end; end.", kPascal), expected) << row.Text;
+    }
+    EXPECT_EQ(Words("uses Dynlibs; implementation procedure TForm1.M; begin LoadLibrary('a'); "
+                    "MessageBox(0, 'b', 'c', 0); end;\nfunction H: PChar; begin Result := 'd'; end;",
+                    kPascal),
+              "- char-pointer char-pointer outside-method");
+
+    const TCase cpp[] = {
+        {"const char *p = \"a\", *q; LPCTSTR w = L\"b\"; String s = \"c\"; p = \"d\"; if (s == \"e\") s = "
+         "\"f\";",
+         "p p - p - -"},
+        {"s = p == \"a\" ? \"b\" : \"c\"; p = s == x(1) ? \"d\" : \"e\"; (const char *)\"f\"; PChar(\"g\");",
+         "- - - p p p p"},
+        {"Application->MessageBox(L\"a\", L\"b\", MB_OK); ::MessageBox(0, \"c\", s.c_str(), 0); "
+         "x->MessageBox(\"d\");",
+         "p p p -"},
+        {"take(1, \"a\"); take(\"b\", 1); FText = \"c\"; this->FText = \"d\"; Put(\"e\", \"f\"); return "
+         "\"g\";",
+         "p - p p p - p"},
+        {"std::strcmp(p, \"a\"); log(s.c_str()); log(n, \"b\"); char c[] = {1}; names[0] = \"c\"; p[0] = "
+         "\"d\";",
+         "p p p -"},
+    };
+    const auto header = ReadSource(
+        "typedef const char* TText;\nclass TForm1 : public TForm { TText FText; String S;\n"
+        " void Put(const char *p, const String& s); const char* G(char *p); };\n"
+        "extern const wchar_t *names[2];\n",
+        "Unit1.h");
+    for (const TCase& row : cpp) {
+        const std::string text =
+            "void take(int n, TText t);\nconst char* TForm1::G(char *p)\n{ " + std::string(row.Text) + " }\n";
+        const std::string expected = std::regex_replace(row.Expected, std::regex("p"), "char-pointer");
+        EXPECT_EQ(Words(text, kCpp, false, header.get()), expected) << row.Text;
+    }
+    EXPECT_EQ(Words("void f(const char *p) { p = \"a\"; }", kCpp, true), "char-pointer");
+}
+
 TEST(Advice, ForCpp) {
     const TCase cases[] = {
         {"#include \"a.h\"\n#define A \"b\"\nextern \"C\" { void f(); }\n", "include directive linkage"},
@@ -144,7 +209,7 @@ TEST(Advice, ForCpp) {
          "asm asm asm array-initialiser -"},
         {"void TForm1::A() { static constexpr auto *c = \"a\"; const char *p = \"b\"; g(_D(\"c\")); "
          "_Pragma(\"d\") }",
-         "const - macro directive"},
+         "const char-pointer macro directive"},
         {"void TForm1::A() { n = sizeof(\"a\"); c = \"b\"[i]; decltype(f(\"c\")) d = f(\"d\"); }\n"
          "void g() noexcept(noexcept(f(\"e\")));",
          "unevaluated unevaluated unevaluated - unevaluated"},
@@ -162,6 +227,7 @@ TEST(Advice, ForCpp) {
          " t =\n#ifdef X\n \"d\"\n#elif Y\n \"e\"\n#endif\n ;\n"
          " u = \"f\"\n#if X\n#else\n NAME\n#endif\n ;\n v = (\n#if X\n \"g\"\n#endif\n \"h\"); }",
          "macro macro macro - - macro macro macro"},
+        {"USEFORM(\"forms\\Main.cpp\", MainForm); /* TForm: */ USERES(\"P.res\");", "uses uses"},
         {"__attribute__((deprecated(\"a\"))) void f(); void TForm1::A() { constexpr int i = 1; s = \"b\"; }",
          "attribute -"},
     };

@@ -360,6 +360,23 @@ TEST_F(TFound, RowsWithAnAdviceAreLeftOutUntilTheyAreTaken) {
     EXPECT_EQ(window.Advice(), "");
 }
 
+TEST_F(TFound, WhatGivesACharacterPointerTakesARowThatWantsOne) {
+    const char* code =
+        "unit U;\r\nimplementation\r\nprocedure TForm1.P(T: PChar);\r\nbegin\r\n  T := "
+        "'One';\r\nend;\r\nend.\r\n";
+    const std::pair<void (*)(TfrmFound&), bool> rows[] = {
+        {&Call<&TfrmFound::acTypecastPChar>, true},
+        {[](TfrmFound& window) { window.UseMethod("GetTextC("); }, true},
+        {[](TfrmFound& window) { window.UseMethod("GetText("); }, false},
+    };
+    for (const auto& [act, isTaken] : rows) {
+        TfrmFound window = Make(code, "/p/Unit1.pas", true);
+        EXPECT_EQ(window.Advice(), AdviceText(TAdvice::CharacterPointer));
+        act(window);
+        EXPECT_EQ(window.Rows[0].IsTaken(), isTaken) << window.Rows[0].Record.Replacement;
+    }
+}
+
 TEST_F(TFound, WhatNoCallMayReplaceIsTakenByAMarkOnly) {
     TFoundInput input{"U.pas",
                       std::make_shared<std::string>("A = 'One' + B;\r\n"),

@@ -20,7 +20,9 @@ void ExpectScans(const std::string& fileName, std::initializer_list<TCase> cases
         if (!withLibrary) input.Common = nullptr;
         const TScanResult result = Scan(input);
         EXPECT_EQ(Dump(result), row.Expected) << row.Text;
-        EXPECT_EQ(CountStrings(input), result.Found.Count()) << row.Text;
+        const TStringCounts counts = CountStrings(input);
+        EXPECT_EQ(counts.Found, result.Found.Count()) << row.Text;
+        EXPECT_EQ(counts.Skipped, static_cast<int>(result.Skipped.size())) << row.Text;
     }
 }
 

@@ -1,0 +1,5 @@
+void f()
+{
+    g("first\r\nsecond\twith \x1b[31mcolour");
+    g("-\n-");
+}

@@ -1,0 +1,3 @@
+object BaseForm: TBaseForm
+  Caption = 'Base'
+end

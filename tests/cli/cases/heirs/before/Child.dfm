@@ -1,0 +1,3 @@
+inherited ChildForm: TChildForm
+  Caption = 'Child'
+end

@@ -1,0 +1,3 @@
+object CutForm: TCutForm
+  Caption = 'Cut'
+  object Label1: TLabel

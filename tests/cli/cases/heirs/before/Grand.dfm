@@ -1,0 +1,3 @@
+inherited GrandForm: TGrandForm
+  Caption = 'Grand'
+end

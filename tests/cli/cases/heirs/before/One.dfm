@@ -1,0 +1,3 @@
+inherited OneForm: TOneForm
+  Caption = 'One'
+end

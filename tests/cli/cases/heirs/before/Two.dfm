@@ -1,0 +1,3 @@
+inherited TwoForm: TTwoForm
+  Caption = 'Two'
+end
