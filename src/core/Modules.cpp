@@ -134,6 +134,10 @@ void TOpenedMeanwhile::Save() {
     }
 }
 
+void TOpenedMeanwhile::Leave(const std::string& file) {
+    if (IsFileOpen(context_, file)) std::erase(closed_, file);
+}
+
 std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits) {
     const auto root = editor.GetRootComponent();
     const auto found = root == nullptr ? nullptr : FirstOf(*root, fits);

@@ -72,6 +72,8 @@ class TOpenedMeanwhile {
 
     /// Saves those of them that the command has changed.
     void Save();
+    /// One that is open now stays open, and the person's to save.
+    void Leave(const std::string& file);
 
   private:
     TContext& context_;

@@ -1,7 +1,5 @@
 #include "translations/Formseries.h"
 
-#include <exception>
-
 #include "base/Errors.h"
 #include "core/Modules.h"
 
@@ -28,24 +26,30 @@ void ShowProgressOf(TContext& context, const std::string& title, std::size_t row
 
 }  // namespace
 
-void ForEachForm(TContext& context, const std::string& title, const std::vector<TFormRow*>& rows,
-                 const std::function<void(TFormRow&)>& work, const std::function<void()>& finish) {
+std::exception_ptr ForEachForm(TContext& context, const std::string& title,
+                               const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work,
+                               const std::function<void()>& finish) {
     const TProgressEnd end(context.Dialogs());
     TOpenedMeanwhile opened(context);
     const auto all = BeginCommand(context, title);
     std::exception_ptr error;
     for (std::size_t i = 0; i < rows.size() && error == nullptr; ++i) {
         ShowProgressOf(context, title, i, rows.size());
+        TFormRow& row = *rows[i];
+        const bool wasOpen = IsFileOpen(context, row.FileName);
+        const bool hadComponent = row.HasComponent();
         const auto one = BeginCommand(context, title);
         error = ErrorOf([&] {
-            work(*rows[i]);
+            work(row);
             one->Commit();
         });
+        // Its own unit is left open on purpose, but for one that was shown to take a component.
+        if (!wasOpen && (hadComponent || !row.HasComponent())) opened.Leave(row.FileName);
     }
     if (finish) finish();
     opened.Save();
     all->Commit();
-    if (error != nullptr) std::rethrow_exception(error);
+    return error;
 }
 
 void WithTmlLang(TContext& context, TFormRow& row, TFormUse use,
@@ -55,13 +59,10 @@ void WithTmlLang(TContext& context, TFormRow& row, TFormUse use,
     TModuleLease lease(context, row.FileName, wasOpen);
     const auto editor = GetFormEditor(context, row.FormName);
     if (editor == nullptr) context.Dialogs().HideProgress();
-    if (!TestForCorrectForm(context, row)) {
-        // A file that was opened for this is left open, on purpose.
-        lease.Keep();
-        return;
-    }
-    const auto lang = FindCustomLang(*context.Host.Runtime, *editor);
-    if (lang == nullptr) return;
+    const auto lang =
+        TestForCorrectForm(context, row) ? FindCustomLang(*context.Host.Runtime, *editor) : nullptr;
+    // A file that was opened for this is left open then, on purpose.
+    if (lang == nullptr) return lease.Keep();
     work(*lang);
     if (use == TFormUse::Reads) return;
     MarkModifiedForm(context, row.FormName);

@@ -1,5 +1,9 @@
 #include "translations/Formtrans.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "base/Errors.h"
 #include "core/Modules.h"
 #include "translations/Formseries.h"
@@ -74,9 +78,13 @@ TTransferReport LoadFormLanguage(TContext& context, const std::string& formName,
 void TransferForms(TContext& context, const std::string& title, const std::vector<TFormRow*>& rows,
                    const std::function<TTransferReport(TFormRow&)>& transfer, TFormReports& reports) {
     const auto files = context.Host.Runtime->OpenTranslationFiles(ProjectNameOf(context));
-    ForEachForm(
-        context, title, rows, [&](TFormRow& row) { reports.emplace_back(row.FormName, transfer(row)); },
+    TFormReports done;
+    const auto error = ForEachForm(
+        context, title, rows, [&](TFormRow& row) { done.emplace_back(row.FormName, transfer(row)); },
         [&] { files->Commit(); });
+    // Nobody is told of what has been taken back.
+    std::move(done.begin(), done.end(), std::back_inserter(reports));
+    if (error != nullptr) std::rethrow_exception(error);
 }
 
 void SaveProjectToMLLFile(TContext& context, const std::string& fileName, const std::string& delimiter,

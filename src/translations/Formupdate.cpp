@@ -19,9 +19,10 @@ std::vector<TFormRow*> SelectedTranslated(TContext& context) {
 
 void ChangeSelected(TContext& context, const std::string& title,
                     const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
-    ForEachForm(context, title, SelectedTranslated(context), [&](TFormRow& row) {
+    const auto error = ForEachForm(context, title, SelectedTranslated(context), [&](TFormRow& row) {
         WithTmlLang(context, row, TFormUse::Changes, [&](TmlCustomLang& lang) { work(row, lang); });
     });
+    if (error != nullptr) std::rethrow_exception(error);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ TfrmAsk4FileName::TfrmAsk4FileName(TContext& context, bool saving) : context_(co
     preset(edTemplateText, settings.MultiProjTemplate);
     preset(edFolderName, settings.MultiProjFolder);
     rbMLL = SameText(ExtensionOf(edTemplateText), ".mll");
-    rbMLB = !rbMLL;
+    rbMLB = SameText(ExtensionOf(edTemplateText), ".mlb");
     CheckOK();
 }
 
@@ -132,13 +132,16 @@ std::string TfrmAsk4FileName::FileName() const {
     return rbFileNameTemplate ? JoinPath(edFolderName, "") + edTemplateText : edFileName;
 }
 
+bool TfrmAsk4FileName::IsFile(const std::string& name) const {
+    const auto info = context_.Host.Files->Stat(name);
+    return info && !info->IsFolder;
+}
+
 void TfrmAsk4FileName::CheckOK() {
     if (rbFileNameTemplate)
         btOKEnabled = !edTemplateText.empty();
-    else if (saving_)
-        btOKEnabled = !edFileName.empty();
     else
-        btOKEnabled = !edFileName.empty() && context_.Host.Files->Stat(edFileName).has_value();
+        btOKEnabled = !edFileName.empty() && (saving_ || IsFile(edFileName));
     Changed();
 }
 

@@ -53,6 +53,7 @@ class TfrmAsk4FileName : public TForm {
     std::string FileName() const;
 
   private:
+    bool IsFile(const std::string& name) const;
     void CheckOK();
 
     TContext& context_;

@@ -214,6 +214,38 @@ TEST_F(TFiletransfer, AFileThatChangesMeanwhileIsNotOverwritten) {
     Files.Files["/p/a.mll"] += "; somebody else\n";
     EXPECT_THROW(files->Commit(), EFileError);
     EXPECT_TRUE(Has("a.mll", "; somebody else\n"));
+    Files.Files.erase("/p/a.mll");
+    EXPECT_THROW(files->Commit(), EFileError);
+    EXPECT_EQ(Files.Files.count("/p/a.mll"), 0U) << "one that is gone is not made anew";
+}
+
+TEST_F(TFiletransfer, AProtectedFileKeepsEverythingAsItWas) {
+    SaveAs("SaveProject", "/p/a.mll");
+    Reword("Neu");
+    for (const auto& [file, command] :
+         {std::pair("/p/a.mll", "SaveProject"), std::pair("/p/Unit2.dfm", "LoadProject")}) {
+        Files.ReadOnlyFiles = {file};
+        const auto before = Files.Files;
+        if (std::string_view(command) == "LoadProject") {
+            OnOpen("/p/a.mll");
+            EXPECT_THROW(Run(command), EFileError);
+        } else {
+            EXPECT_THROW(SaveAs(command, "/p/a.mll"), EFileError);
+        }
+        EXPECT_EQ(Files.Files, before) << command;
+    }
+}
+
+TEST_F(TFiletransfer, AFormWithoutWhatItsRowSaysIsPassedOverAndLeftOpen) {
+    Row("Form1").Component = {"mlLang1", "TmlLang", 1};
+    Rows().Rename(Row("Form2"), "Gone");
+    OnSave("/p/a.mll");
+    User.OnInput(kDelimiter, "|");
+    User.OnMessage("Unable to obtain the interface of form module! Please check your project source.");
+    Run("SaveProject");
+    EXPECT_EQ(Files.Files.count("/p/a.mll"), 0U);
+    EXPECT_TRUE(IsFileOpen(Context(), "/p/Unit1.pas"));
+    EXPECT_TRUE(IsFileOpen(Context(), "/p/Unit2.pas"));
 }
 
 TEST_F(TFiletransfer, TwoFormsOfANameAreRefused) {

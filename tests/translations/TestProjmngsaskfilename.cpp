@@ -69,8 +69,11 @@ TEST_F(TAskfilename, ATemplateKeepsItsTagsAndTheDelimiterIsThatOfTheParsedFile) 
 TEST_F(TAskfilename, OneFileIsStoredEvenWhereItIsNotConfirmed) {
     Context().Settings.SetMultiProjTemplate("x.mlb");
     const auto use = [](TfrmAsk4FileName& window) {
-        EXPECT_TRUE(window.rbMLB);
+        EXPECT_TRUE(window.rbMLB && !window.rbMLL);
         EXPECT_FALSE(window.btOKEnabled) << "a file to load has to be there";
+        window.edFileNameChange("/p");
+        EXPECT_FALSE(window.btOKEnabled) << "a folder is no file";
+        window.edFileNameChange("/p/none.mll");
         window.btBrowseForFileClick();
         EXPECT_TRUE(window.btOKEnabled);
         window.btOKClick();
