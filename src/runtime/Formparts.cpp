@@ -94,7 +94,9 @@ int TFormParts::Overlay(const TComponentPtr& component, const std::string& path,
     part.ClassName = component->GetComponentType();
     part.IsFrame = part.IsFrame || component->GetOrigin() == TComponentOrigin::coFrame;
     if (above_ == 0) part.Component = component;
-    Override(part.Properties, component->GetProperties());
+    // What a localization component holds are tables, which nobody looks for here.
+    if (!ClassInheritsFrom(part.ClassName, "TmlCustomLang"))
+        Override(part.Properties, component->GetProperties());
     return place->second;
 }
 

@@ -16,7 +16,7 @@ struct TFormPart {
     std::string Path;  ///< from the form or frame on, through frames; "" for the form or frame itself
     std::string Name;
     std::string ClassName;
-    std::vector<TFormProperty> Properties;
+    std::vector<TFormProperty> Properties;  ///< none of a localization component
     /// In the form's own file; nullptr for one that only its ancestors and frames hold.
     std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself

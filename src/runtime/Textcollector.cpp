@@ -34,10 +34,10 @@ class TCollector {
         // What holds for a font holds for its name.
         const std::string path = text.Shape == TTextShape::Font ? text.Path + ".Name" : text.Path;
         const TTextProperty property{part.ClassName, part.Name, path, text.Shape == TTextShape::List};
-        const auto table = TableOfProperty(property);
-        if (!table || rules_.ExcludesProperty(part.Path, property)) return;
-        const bool enters = IsForReaders(property, text.Text) && !rules_.ExcludesText(property, text.Text);
-        Result.Texts.push_back({*table, part.Path + '.' + text.Path, text.Text, enters});
+        const auto kind = KindOfText(property, text.Text);
+        if (!kind || rules_.ExcludesProperty(part.Path, property)) return;
+        const bool enters = kind->IsForReaders && !rules_.ExcludesText(property, text.Text);
+        Result.Texts.push_back({kind->Table, part.Path + '.' + text.Path, text.Text, enters});
     }
 
     void AddItems(const TFormPart& part, const TFormProperty& property) {
@@ -52,8 +52,8 @@ class TCollector {
             const TTextProperty place{part.ClassName, part.Name, path};
             if (rules_.ExcludesProperty(part.Path, place)) continue;
             // Items are wording or data, as those of a list are.
-            const bool enters = IsForReaders({"TListBox", part.Name, "Items", true}, text.Text) &&
-                                !rules_.ExcludesText(place, text.Text);
+            const auto kind = KindOfText({"TListBox", part.Name, "Items", true}, text.Text);
+            const bool enters = kind->IsForReaders && !rules_.ExcludesText(place, text.Text);
             Result.Texts.push_back(
                 {TStringsType::stListView_TreeView_Items, part.Path + '.' + path, text.Text, enters});
         }

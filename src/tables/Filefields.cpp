@@ -3,6 +3,7 @@
 #include "tables/Filefields.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -25,6 +26,23 @@ constexpr TEscape kEscapes[] = {
 };
 constexpr char kMarkLetter = 'e';
 constexpr char kDelimiterLetter = 'd';
+
+/// The end of the characters from pos on that stand in a line for themselves: that are never escaped and
+/// begin neither an escape nor a delimiter.
+std::size_t EndOfPlain(std::string_view text, std::size_t pos, char mark, const std::string& delimiter) {
+    static constexpr auto kEscaped = [] {
+        std::array<bool, 256> escaped{};
+        for (const TEscape& escape : kEscapes)
+            escaped[static_cast<unsigned char>(escape.Character)] = true;
+        return escaped;
+    }();
+    // A file that is not there yet may be opened without a delimiter.
+    const char begin = *delimiter.c_str();
+    while (pos < text.size() && text[pos] != mark && text[pos] != begin &&
+           !kEscaped[static_cast<unsigned char>(text[pos])])
+        ++pos;
+    return pos;
+}
 
 }  // namespace
 
@@ -59,6 +77,10 @@ void TFileFields::Append(std::string& line, std::string_view text, TPiece piece)
         return false;
     };
     for (std::size_t pos = 0; pos < text.size(); ++pos) {
+        const std::size_t plain = EndOfPlain(text, pos, mark_, delimiter_);
+        line.append(text, pos, plain - pos);
+        if (plain == text.size()) break;
+        pos = plain;
         const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes), [&](const TEscape& row) {
             return row.Character == text[pos] && isEscaped(row, pos);
         });
@@ -78,6 +100,7 @@ void TFileFields::Append(std::string& line, std::string_view text, TPiece piece)
 TFileEntry TFileFields::Read(std::string_view line) const {
     TFileEntry entry;
     std::size_t pos = 0;
+    // "=" is no plain character.
     while (pos < line.size() && line[pos] != '=')
         pos = ReadCharacter(line, pos, entry.Key);
     if (pos == line.size()) return entry;
@@ -94,6 +117,10 @@ TFileEntry TFileFields::Read(std::string_view line) const {
 }
 
 std::size_t TFileFields::ReadCharacter(std::string_view line, std::size_t pos, std::string& text) const {
+    if (const std::size_t end = EndOfPlain(line, pos, mark_, delimiter_); end > pos) {
+        text.append(line, pos, end - pos);
+        return end;
+    }
     const char letter = line[pos] == mark_ && pos + 1 < line.size() ? line[pos + 1] : '\0';
     const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                       [&](const TEscape& row) { return row.Letter == letter; });

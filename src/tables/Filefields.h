@@ -32,7 +32,7 @@ class TFileFields {
         bool IsLast;
     };
     void Append(std::string& line, std::string_view text, TPiece piece) const;
-    /// Appends the character or escape at pos to the text; the position behind it.
+    /// Appends the plain characters at pos to the text, or the one other or escape; the position behind.
     std::size_t ReadCharacter(std::string_view line, std::size_t pos, std::string& text) const;
 
     std::string delimiter_;

@@ -56,6 +56,16 @@ TBlocks BlocksOf(std::vector<std::string> lines) {
     return blocks;
 }
 
+/// The block of the entry's key whose turn it is; an empty one for a new entry.
+TBlock TakeBlock(TBlocks& blocks, const std::string& entry) {
+    if (blocks.ByKey.empty()) return {};
+    const auto known = blocks.ByKey.find(KeyOf(entry));
+    if (known == blocks.ByKey.end() || known->second.empty()) return {};
+    TBlock block = std::move(known->second.front());
+    known->second.pop_front();
+    return block;
+}
+
 }  // namespace
 
 TMllDocument::TMllDocument(std::string_view bytes, std::string fileName) : fileName_(std::move(fileName)) {
@@ -138,15 +148,12 @@ void TMllDocument::Replace(TSection& section, const std::vector<std::string>& en
     TBlocks old = BlocksOf(std::move(section.Lines));
     section.Lines.clear();
     for (const std::string& entry : entries) {
-        std::list<TBlock>& known = old.ByKey[KeyOf(entry)];
-        TBlock block;
-        if (!known.empty()) {
-            block = std::move(known.front());
-            known.pop_front();
+        TBlock block = TakeBlock(old, entry);
+        if (block.empty()) {
+            section.Lines.push_back(entry + lineEnd_);
+            continue;
         }
-        const bool isNew = block.empty();
-        if (isNew) block.emplace_back();
-        if (isNew || ContentOf(block.back()) != entry || !block.back().ends_with('\n'))
+        if (ContentOf(block.back()) != entry || !block.back().ends_with('\n'))
             block.back() = entry + lineEnd_;
         std::move(block.begin(), block.end(), std::back_inserter(section.Lines));
     }

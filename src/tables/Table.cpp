@@ -95,12 +95,15 @@ void TTable::Rename(const std::function<std::string(const std::string& key)>& ne
 }
 
 void TTable::Rekey(const std::function<std::string(int index, const std::string& key)>& newKey) {
+    bool isNew = false;
     for (int i = 0; i < stored_.Count(); ++i) {
         const std::string& old = entries_[static_cast<std::size_t>(i)].Key;
         std::string key = newKey(i, old);
-        if (key != old) Touch(i).Key = std::move(key);
+        if (key == old) continue;
+        Touch(i).Key = std::move(key);
+        isNew = true;
     }
-    Reindex();
+    if (isNew) Reindex();
 }
 
 void TTable::SetText(int index, int place, const std::string& text) {

@@ -132,20 +132,13 @@ bool Says(TTextNature nature, std::string_view value) {
 
 }  // namespace
 
-std::optional<TStringsType> TableOfProperty(const TTextProperty& property) {
+std::optional<TTextKind> KindOfText(const TTextProperty& property, std::string_view value) {
     const TTextRule* rule = FindRule(property);
     if (rule == nullptr || rule->Nature == TTextNature::Never) return std::nullopt;
-    return TableFor(*rule, property);
-}
-
-bool IsForReaders(const TTextProperty& property, std::string_view value) {
-    const TTextRule* rule = FindRule(property);
-    if (rule == nullptr || rule->Nature == TTextNature::Setting) return rule != nullptr;
-    return Says(rule->Nature, value) && !IsComponentName(property, rule->Nature, Trim(value));
-}
-
-std::optional<TStringsType> KindOfText(const TTextProperty& property, std::string_view value) {
-    return IsForReaders(property, value) ? TableOfProperty(property) : std::nullopt;
+    const bool isForReaders =
+        rule->Nature == TTextNature::Setting ||
+        (Says(rule->Nature, value) && !IsComponentName(property, rule->Nature, Trim(value)));
+    return TTextKind{TableFor(*rule, property), isForReaders};
 }
 
 }  // namespace tml

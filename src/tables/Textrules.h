@@ -18,15 +18,15 @@ struct TTextProperty {
     bool IsList = false;  ///< of strings
 };
 
-/// The table for the texts of the property, by what is known of the class and by the property's name; none
-/// where its values are no texts.
-std::optional<TStringsType> TableOfProperty(const TTextProperty& property);
+struct TTextKind {
+    TStringsType Table;  ///< for the texts of the property, whatever they say
+    /// The value says something to a reader: it holds a letter, is not the name of a component and, where the
+    /// property holds data as well, is none.
+    bool IsForReaders;
+};
 
-/// True when the value (of a list its lines, LF between them) says something to a reader: it holds a letter,
-/// is not the name of a component and, where the property holds data as well, is none.
-bool IsForReaders(const TTextProperty& property, std::string_view value);
-
-/// Both questions in one: the table for this value of the property, none where it is no text.
-std::optional<TStringsType> KindOfText(const TTextProperty& property, std::string_view value);
+/// What a value of the property is (of a list its lines, LF between them), by what is known of the class and
+/// by the property's name; none where its values are no texts.
+std::optional<TTextKind> KindOfText(const TTextProperty& property, std::string_view value);
 
 }  // namespace tml

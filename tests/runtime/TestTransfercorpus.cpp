@@ -11,11 +11,12 @@
 namespace tml {
 namespace {
 
-/// The class of a form that inherits from none of the project; "" for another one and for what is no text.
+/// The class of a form; "" for what is no text.
 std::string ClassInFile(const std::string& form) {
     const std::string head = form.substr(0, form.find_first_of("\r\n"));
     const std::size_t colon = head.find(": ");
-    return head.starts_with("object ") && colon != std::string::npos ? head.substr(colon + 2) : "";
+    const bool isForm = head.starts_with("object ") || head.starts_with("inherited ");
+    return isForm && colon != std::string::npos ? head.substr(colon + 2) : "";
 }
 
 /// One form in a project of its own.

@@ -73,13 +73,17 @@ TEST(Textrules, TextsOfEveryFrameworkHaveTheirTableAndDataHasNone) {
     for (const TRuleCase& row : cases) {
         const std::string_view path = WithoutStrings(row.Path);
         const TTextProperty property{row.ClassName, "Some", path, path != row.Path};
-        const auto table = KindOfText(property, row.Value);
-        EXPECT_EQ(table ? KindOf(*table).Property : "", row.Table) << row.ClassName << "." << row.Path;
+        const auto kind = KindOfText(property, row.Value);
+        EXPECT_EQ(kind && kind->IsForReaders ? KindOf(kind->Table).Property : "", row.Table)
+            << row.ClassName << "." << row.Path;
     }
-    EXPECT_FALSE(KindOfText({"TButton", "AllButton", "Caption"}, "AllButton")) << "its own name";
-    EXPECT_TRUE(KindOfText({"TButton", "Cancel", "Caption"}, "Cancel")) << "a word that is its name, too";
-    EXPECT_FALSE(KindOfText({"TComboBox", "CBID", "Text"}, "CBID")) << "nobody's wording";
-    EXPECT_EQ(TableOfProperty({"TMenuItem", "", "Caption"}), TStringsType::stCaptions)
+    const auto isForReaders = [](const TTextProperty& property, std::string_view value) {
+        return KindOfText(property, value)->IsForReaders;
+    };
+    EXPECT_FALSE(isForReaders({"TButton", "AllButton", "Caption"}, "AllButton")) << "its own name";
+    EXPECT_TRUE(isForReaders({"TButton", "Cancel", "Caption"}, "Cancel")) << "a word that is its name, too";
+    EXPECT_FALSE(isForReaders({"TComboBox", "CBID", "Text"}, "CBID")) << "nobody's wording";
+    EXPECT_EQ(KindOfText({"TMenuItem", "", "Caption"}, "-")->Table, TStringsType::stCaptions)
         << "whatever the value";
 }
 
