@@ -103,6 +103,28 @@ begin
     end;
 end;
 
+{ A toolkit's own dialog runs a loop of its own, in which the program's calls wait. }
+function CloseDialogs(Data: gpointer): gboolean; cdecl;
+var
+  Windows, Next: PGList;
+begin
+  Windows := gtk_window_list_toplevels;
+  Next := Windows;
+  while Next <> nil do
+  begin
+    if GTK_IS_DIALOG(Next^.data) and GTK_WIDGET_VISIBLE(Next^.data) then
+    begin
+      Observer.Note('closed: ' + gtk_window_get_title(Next^.data));
+      gtk_dialog_response(Next^.data, GTK_RESPONSE_CANCEL);
+      Next := nil;
+    end
+    else
+      Next := Next^.next;
+  end;
+  g_list_free(Windows);
+  Result := True;
+end;
+
 procedure TProofObserver.Look(Sender: TObject);
 begin
   if Application.ModalLevel > 0 then
@@ -374,6 +396,7 @@ initialization
     Observer.FEvents := TStringList.Create;
     Application.AddOnExceptionHandler(@Observer.Failed);
     Application.QueueAsyncCall(@Observer.Start, 0);
+    g_timeout_add(Patience, @CloseDialogs, nil);
   end;
 
 finalization
