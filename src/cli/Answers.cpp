@@ -5,7 +5,7 @@
 namespace tml {
 namespace {
 
-std::string OnOneLine(std::string text) {
+std::string LinesJoined(std::string text) {
     for (std::size_t pos = 0; (pos = text.find("\r\n", pos)) != std::string::npos;)
         text.replace(pos, 2, " ");
     return text;
@@ -23,7 +23,7 @@ TModalResult TAnswers::MessageDlg(const std::string& text, TMsgDlgType type, con
         return std::find(buttons.begin(), buttons.end(), result) != buttons.end();
     };
     if (type == TMsgDlgType::mtError) Errors.push_back(text);
-    if (type == TMsgDlgType::mtInformation) Information.push_back(OnOneLine(text));
+    if (type == TMsgDlgType::mtInformation) Information.push_back(LinesJoined(text));
     if (!offers(mrYes)) return mrOk;
     if (type != TMsgDlgType::mtWarning || yes_) return mrYes;
     Errors.push_back(text + " (say --yes to go on)");

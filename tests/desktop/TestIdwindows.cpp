@@ -52,6 +52,7 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     ChooseFromMenu(*list.viewport(), list.visualRect(list.model()->index(0, 0)).center(), "Delete");
     EXPECT_TRUE(QTest::qWaitFor([this] { return Window->findChild<QDialog*>("frmBadIDs") == nullptr; }))
         << "the last row closes it";
+    User.Answer("All IDs on ", "OK");
     Click("CheckBadIDs1");
     EXPECT_EQ(Window->findChild<QDialog*>("frmBadIDs"), nullptr);
 }
