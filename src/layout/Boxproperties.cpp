@@ -158,6 +158,8 @@ const TTakers kTakers = {
     {"FONT.HEIGHT",
      [](TLayoutBox& box, const TFormValue& value) { box.Font.Height = std::abs(Number(value)); }},
     {"FONT.COLOR", [](TLayoutBox& box, const TFormValue& value) { box.Font.Color = value.Text; }},
+    {"BIDIMODE", [](TLayoutBox& box,
+                    const TFormValue& value) { box.RightToLeft = !SameText(value.Text, "bdLeftToRight"); }},
     {"CAPTION", TakeText},
     {"TEXT", TakeText},
     {"LINES.STRINGS", TakeText},

@@ -1,7 +1,8 @@
 #include "layout/Boxreader.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <map>
+#include <utility>
 
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
@@ -12,20 +13,34 @@ namespace {
 
 constexpr int kItemSpace = 6;
 
-/// What a control says that has an action and nothing else of its own.
-using TActions = std::unordered_map<std::string, const TLayoutNode*>;
+/// The actions of a form and of its frames: each by the one that owns it and by its name in upper case.
+using TActions = std::map<std::pair<const TLayoutNode*, std::string>, const TLayoutNode*>;
 
-/// By name in upper case.
+/// A component, and the form or frame that owns it.
+struct TOwned {
+    const TLayoutNode* Node;
+    const TLayoutNode* Owner;
+};
+
 TActions ActionsOf(const TLayoutNode& form) {
     TActions actions;
-    for (const TLayoutNode& list : form.Children)
-        for (const TLayoutNode& action : list.Children)
-            if (action.Find("Width") == nullptr) actions.emplace(UpperCase(action.Name), &action);
+    std::vector<TOwned> open = {{&form, &form}};
+    while (!open.empty()) {
+        const TOwned one = open.back();
+        open.pop_back();
+        const bool isList =
+            SameText(one.Node->ClassName, "TActionList") || SameText(one.Node->ClassName, "TActionManager");
+        for (const TLayoutNode& child : one.Node->Children) {
+            if (isList) actions.emplace(std::pair(one.Owner, UpperCase(child.Name)), &child);
+            open.push_back({&child, one.Node->IsFrame ? one.Node : one.Owner});
+        }
+    }
     return actions;
 }
 
-void TakeFromAction(TLayoutBox& box, const TActions& actions) {
-    const auto action = actions.find(UpperCase(NameIn(box.Node->Find("Action"))));
+/// What a control says that has an action and nothing else of its own.
+void TakeFromAction(TLayoutBox& box, const TActions& actions, const TLayoutNode* owner) {
+    const auto action = actions.find({owner, UpperCase(NameIn(box.Node->Find("Action")))});
     if (action == actions.end()) return;
     const TLayoutNode& from = *action->second;
     if (box.Node->Find("Caption") == nullptr) box.Text = TextIn(from.Find("Caption"));
@@ -123,6 +138,7 @@ void AddItems(TLayoutBoxes& boxes, int group) {
         box.Item = static_cast<int>(i);
         box.Text = items->Items[i].Text;
         box.Font = boxes[group].Font;
+        box.RightToLeft = boxes[group].RightToLeft;
         box.Cell = {TCellAlign::Near, TCellAlign::Center};
         boxes[group].Children.push_back(static_cast<int>(boxes.All.size()));
         boxes.All.push_back(std::move(box));
@@ -134,14 +150,16 @@ bool HasItems(const TLayoutBox& box) {
 }
 
 /// The index of the new box; -1 for what cannot be seen.
-int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TLayoutNode& node, int parent) {
+int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TOwned& owned, int parent) {
+    const TLayoutNode& node = *owned.Node;
     const TLayoutClass* const type = ClassOf(node, parent < 0);
     if (type == nullptr) return -1;
     TLayoutBox box = StartedBox(node, *type, parent, boxes.Options.Look);
     ReadBoxProperties(box);
-    TakeFromAction(box, actions);
+    TakeFromAction(box, actions, owned.Owner);
     if (node.Find("Caption") == nullptr) box.Text += CaptionOfKind(NameIn(node.Find("Kind")));
     HandDownFont(box, parent < 0 ? nullptr : &boxes[parent]);
+    if (!box.RightToLeft) box.RightToLeft = parent >= 0 && *boxes[parent].RightToLeft;
     CompleteAnchors(box);
     CompleteSizes(box);
     const int index = static_cast<int>(boxes.All.size());
@@ -157,15 +175,17 @@ void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form) {
     const TActions actions = ActionsOf(form);
     for (const TLayoutNode& node : form.Children)
         boxes.OnForm.emplace(UpperCase(node.Name), &node);
-    std::vector<std::pair<const TLayoutNode*, int>> open = {{&form, -1}};
+    std::vector<std::pair<TOwned, int>> open = {{{&form, &form}, -1}};
     while (!open.empty()) {
-        const auto [node, parent] = open.back();
+        const auto [owned, parent] = open.back();
         open.pop_back();
-        const int index = AddBox(boxes, actions, *node, parent);
+        const int index = AddBox(boxes, actions, owned, parent);
         if (index < 0) continue;
         if (HasItems(boxes[index])) AddItems(boxes, index);
-        for (auto child = node->Children.rbegin(); child != node->Children.rend(); ++child)
-            open.emplace_back(&*child, index);
+        const TLayoutNode* const owner = owned.Node->IsFrame ? owned.Node : owned.Owner;
+        const std::vector<TLayoutNode>& children = owned.Node->Children;
+        for (auto child = children.rbegin(); child != children.rend(); ++child)
+            open.emplace_back(TOwned{&*child, owner}, index);
     }
 }
 

@@ -67,8 +67,10 @@ TChildTable MakeTable(const TLayoutBoxes& boxes, int parent, std::size_t axis) {
     const std::size_t others = (children.size() - 1) / perLine + 1;
     const bool isWithin = (spread.Order == TChildOrder::Rows) == (axis == 0);
     table.Lines.resize(isWithin ? perLine : others);
+    const bool isMirrored = axis == 0 && *boxes[parent].RightToLeft;
     for (std::size_t i = 0; i < children.size(); ++i) {
         TTableCell cell{children[i], isWithin ? i % perLine : i / perLine, OwnLine(boxes, children[i], axis)};
+        if (isMirrored) cell.Line = table.Lines.size() - 1 - cell.Line;
         AddSpread(cell.Own, spread, axis, cell.Line == 0, cell.Line + 1 == table.Lines.size());
         Join(table.Lines[cell.Line], cell.Own);
         table.Cells.push_back(cell);
@@ -180,6 +182,14 @@ TLayoutExtent PlaceInCell(const TLine& line, int size, TCellAlign align, bool sh
     }
 }
 
+/// Of a child in a parent that is read from right to left, near and far are the other way round.
+TCellAlign CellAlignOf(const TLayoutBoxes& boxes, const TLayoutBox& child, std::size_t axis) {
+    const TCellAlign align = child.Cell[axis];
+    if (axis != 0 || !*boxes[child.Parent].RightToLeft) return align;
+    if (align == TCellAlign::Near) return TCellAlign::Far;
+    return align == TCellAlign::Far ? TCellAlign::Near : align;
+}
+
 bool Shrinks(const TChildSizing& spread, std::size_t axis) {
     return spread.Shrink[axis] == TChildResize::Scale || spread.Shrink[axis] == TChildResize::Equal;
 }
@@ -193,8 +203,9 @@ void SpreadChildren(TLayoutBoxes& boxes, int parent) {
         PlaceLines(table.Lines);
         for (const TTableCell& cell : table.Cells) {
             TLayoutBox& child = boxes[cell.Child];
-            child.Now[axis] = PlaceInCell(table.Lines[cell.Line], cell.Own.Size, child.Cell[axis],
-                                          Shrinks(boxes[parent].Spread, axis));
+            child.Now[axis] =
+                PlaceInCell(table.Lines[cell.Line], cell.Own.Size, CellAlignOf(boxes, child, axis),
+                            Shrinks(boxes[parent].Spread, axis));
             child.Now[axis].Size = child.Limited(axis, child.Now[axis].Size);
         }
     }
@@ -205,8 +216,8 @@ std::unordered_map<int, TLayoutExtent> TableExtents(const TLayoutBoxes& boxes, i
     PlaceLines(table.Lines);
     std::unordered_map<int, TLayoutExtent> extents;
     for (const TTableCell& cell : table.Cells)
-        extents[cell.Child] =
-            PlaceInCell(table.Lines[cell.Line], cell.Own.Size, boxes[cell.Child].Cell[axis], false);
+        extents[cell.Child] = PlaceInCell(table.Lines[cell.Line], cell.Own.Size,
+                                          CellAlignOf(boxes, boxes[cell.Child], axis), false);
     return extents;
 }
 

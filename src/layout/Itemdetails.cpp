@@ -176,7 +176,7 @@ void AddDetails(const TLayoutBoxes& boxes, const TLayoutBox& box, TLayoutItem& i
     item.Text = box.Text;
     item.WordWrap = box.WordWrap;
     item.Enabled = FlagIn(box.Node->Find("Enabled"), true);
-    item.RightToLeft = NameIn(box.Node->Find("BiDiMode")).starts_with("bdRightToLeft");
+    item.RightToLeft = *box.RightToLeft;
     item.IsOn = IsOn(box);
     if (IsCentered(item.Kind)) item.Alignment = item.Layout = TLayoutAlignment::Center;
     if (box.Item < 0) AddOwnDetails(boxes, box, item);

@@ -110,6 +110,7 @@ struct TLayoutBox {
     bool TabVisible = true;  ///< of a page, which is laid out all the same
     bool ParentFont = true;
     bool WordWrap = false;
+    std::optional<bool> RightToLeft;  ///< the parent's where the form does not say
     TLayoutFont Font;
     std::string Text;
 

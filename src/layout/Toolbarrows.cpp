@@ -5,6 +5,7 @@
 
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
+#include "layout/Boxwishes.h"
 
 namespace tml {
 namespace {
@@ -74,8 +75,8 @@ class TToolBarRows {
         const bool showsOwn = !isList_ || FlagIn(box.Node->Find("ShowCaption"), true);
         if (!showsCaptions_ || !showsOwn) return {};
         if (box.Text.empty()) return {kTextRoom, kTextRoom};
-        return {boxes_.Texts.Width(box.Text, box.Font) + kTextRoom,
-                boxes_.Texts.LineHeight(box.Font) + kTextRoom};
+        const TLayoutSize text = TextSize(boxes_.Texts, box.Text, box.Font, 0, true);
+        return {text.Width + kTextRoom, text.Height + kTextRoom};
     }
     TLayoutSize ButtonSize(const TLayoutBox& box) const {
         const TLayoutSize text = TextOf(box);

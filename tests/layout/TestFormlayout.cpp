@@ -115,6 +115,19 @@ const TPlacesCase kCases[] = {
      "object X: TToolButton Left = 5 end object Y: TToolButton Left = 100 Style = tbsSeparator end "
      "object Z: TToolButton Left = 110 end object E: TEdit Left = 150 Width = 40 end end",
      "T 0,0 60x32\nB 0,0 200x45\nX 1,0 90x22\nY 91,0 8x22\nZ 99,0 90x22\nE 1,22 40x23\n"},
+    {"FromRightToLeftColumnsAreTurned",
+     "BiDiMode = bdRightToLeft object G: TRadioGroup Width = 200 Height = 100 Columns = 2 Items.Strings = ( "
+     "'a' 'bb' "
+     "'c' ) end",
+     "G 0,0 200x100\nG[0] 161,14 29x19\nG[1] 66,14 35x19\nG[2] 161,62 29x19\n"},
+    {"ActionsGiveCaptions",
+     "object L: TActionList object X: TAction Caption = '&Long' end end object A: TCheckBox Action = X end "
+     "inline F: TFrame1 Top = 30 Width = 90 Height = 50 object M: TActionList object X: TAction Caption = "
+     "'No' end "
+     "end object B: TCheckBox Action = X end end object T: TToolBar Align = alBottom ShowCaptions = True "
+     "object C: "
+     "TToolButton Action = X end end",
+     "A 0,0 47x19\nF 0,30 90x50\nB 0,0 35x19\nT 0,68 200x32\nC 1,2 32x22\n"},
     {"OnAFrameTheOwnerIsTheFrame",
      "inline F: TFrame1 Left = 20 Width = 100 Height = 50 object A: TButton Anchors = [akTop, akRight] "
      "AnchorSideRight.Control = Owner AnchorSideRight.Side = asrBottom end end",
