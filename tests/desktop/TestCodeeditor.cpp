@@ -32,7 +32,7 @@ TEST_F(TCodeEditorPane, TheEditorsBlockIsTheIdes) {
     QTest::keyClick(&editor, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(editor.Source().GetBlockStart(), (TOTACharPos{5, 0}));
     EXPECT_EQ(editor.Source().GetBlockAfter(), (TOTACharPos{6, 0}));
-    const auto mark = Window->Host().Ide().GetNTAServices()->GetEditorLocalMenu().Items.back();
+    const auto mark = Window->Host().Ide().GetNTAServices()->GetEditorLocalMenu().Items.end()[-2];
     EXPECT_EQ(mark->Caption, "Mark as &untranslatable");
     Window->Runner().Run([&] { mark->Click(); });
     EXPECT_TRUE(editor.text().contains("{TML:IGNORE ON}"));

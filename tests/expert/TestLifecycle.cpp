@@ -53,10 +53,10 @@ TEST_F(TLifecycle, TheMenuItemIsTheThirdOfItsSectionAndRebuiltAtEveryNotificatio
         EXPECT_EQ(PlaceOfItem("ToolsMenu"), -1);
         EXPECT_EQ(PlaceOfItem("HelpMenu"), 2);
     }
-    EXPECT_EQ(Ide.GetNTAServices()->GetEditorLocalMenu().Items.back()->Caption, "Mark as &untranslatable");
+    EXPECT_EQ(Ide.GetNTAServices()->GetEditorLocalMenu().Items.back()->Caption, "View Translation by ID");
     Ide.UnloadPackage("TmlLang");
     EXPECT_EQ(PlaceOfItem("HelpMenu"), -1);
-    EXPECT_EQ(Find(Ide.GetNTAServices()->GetEditorLocalMenu(), "MarkUnTranslatableSourceMenu"), nullptr);
+    EXPECT_EQ(Find(Ide.GetNTAServices()->GetEditorLocalMenu(), "ViewTranslationByID"), nullptr);
 }
 
 TEST_F(TLifecycle, WithoutTheSectionThereIsNoItemAndNothingFails) {

@@ -17,6 +17,7 @@ namespace {
 
 constexpr const char* kDone = "Source file translated. All string constants added to \"Strings\" property.";
 constexpr const char* kApply = "This will apply changes and modify source code. Continue?";
+constexpr const char* kMarkedOne = "\r\n1 will be marked to be ignored.";
 constexpr const char* kCode = "  ShowMessage('Hello');\n  Caption := 'It''s' + #13#10'Hello';\n";
 
 struct TScanReplace : TExpertFixture, testing::Test {
@@ -149,7 +150,7 @@ TEST_F(TScanReplace, WhatTheComponentHoldsKeepsItsID) {
         User.OnMessage("The string ID \"ids_0\" is used for different texts!");
         window.tbModifyClick();
         window.SetEditText(2, "IDS_O");
-        User.OnMessage(kApply, mrYes);
+        User.OnMessage(std::string(kApply) + kMarkedOne, mrYes);
         User.OnMessage(kDone);
         window.tbModifyClick();
     });
@@ -405,7 +406,7 @@ TEST_F(TScanReplace, WithoutACallNothingIsInsertedAndNoUnitUsed) {
         Review([this](TfrmFound& window) {
             window.sgStrings.SetCurrent(0);
             window.acMarktoIgnore();
-            User.OnMessage(kApply, mrYes);
+            User.OnMessage(std::string(kApply) + kMarkedOne, mrYes);
             window.tbModifyClick();
         });
         EXPECT_TRUE(DoScanReplace(Context(), ScanMemory(), Row("Form1"), "/p/Helper.pas", constSection));
