@@ -29,6 +29,8 @@ constexpr std::array kPages{
     TPage{"frmOptions", "options", "Options"},
     TPage{"frmProjectTranslationSettings", "projectsettings", "Settings of a project"},
     TPage{"frmTransEditor", "translationeditor", "Translation editor"},
+    TPage{"frmStrReplace", "ids", "String IDs"},
+    TPage{"frmFind", "phrases", "Phrases in the tables"},
     TPage{"frmAsk4FileName", "translationfiles", "Translation files"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},
