@@ -1,6 +1,7 @@
 // "&Translate": the translation editor on the selected forms.
 #include <gtest/gtest.h>
 
+#include "ids/Stridrepl.h"
 #include "runtime/Mltranseditor.h"
 #include "support/Expertfixture.h"
 
@@ -65,6 +66,28 @@ TEST_F(TFormTranslateTest, AFormWithoutAComponentGetsOneWithItsTexts) {
     EXPECT_NE(Form(1).find("'Button1.Caption'#1'Go'"), std::string::npos) << Form(1);
     EXPECT_EQ(List(), "Form2|Unit2|3|mlLang1|1;Form1|Unit1|2|TmlLang|1;");
     EXPECT_EQ(Form(2).find("Captions"), std::string::npos) << "what has a component stays as it is";
+}
+
+TEST_F(TFormTranslateTest, ARenamedIDIsFollowedByItsUnitInOneStep) {
+    PutForm(2, "  object mlLang1: TmlLang\n    Strings.Strings = (\n      'IDS_0'#1'Known')\n  end\n",
+            "  mlLang1.GetText('IDS_0');\n");
+    const std::string form = Form(2), unit = Files.Files["/p/Unit2.pas"];
+    Open();
+    Select("Form2");
+    OnEditor([this](TfrmTransEditor& editor) {
+        for (int panel = 0; panel < 2; ++panel)
+            User.OnWindow<TfrmStrReplace>("frmStrReplace",
+                                          [](TfrmStrReplace& window) { window.btReplaceClick(); });
+        editor.SetText(0, 0, "IDS_NEW");
+        User.OnMessage("String IDs that were renamed stay renamed.");
+        editor.btnCancelClick();
+    });
+    Expert->Window()->Run("Translate");
+    EXPECT_NE(Form(2).find("'IDS_NEW'#1'Known'"), std::string::npos) << Form(2);
+    EXPECT_NE(Files.Files["/p/Unit2.pas"].find("GetText('IDS_NEW')"), std::string::npos);
+    EXPECT_EQ(Ide.Undo(), "Rename IDS_0");
+    EXPECT_EQ(Form(2), form);
+    EXPECT_EQ(Files.Files["/p/Unit2.pas"], unit);
 }
 
 TEST_F(TFormTranslateTest, AnAncestorIsOpenOnlyMeanwhile) {
