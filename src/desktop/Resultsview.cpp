@@ -36,6 +36,8 @@ void TResultsView::BindList() {
     QTableView& table = *ui_->lvIDs;
     table.setModel(&model_);
     SetUpTable(table);
+    // The end of a path tells more than its beginning.
+    table.setTextElideMode(Qt::ElideMiddle);
     table.installEventFilter(this);
     LayOutColumns();
     connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTabWidget>
 #include <QTableView>
@@ -192,6 +193,15 @@ void TPictures::TakeTranslations() {
         editor.close();
     });
     RunCommand("Translate");
+    steps_.push_back([this](QWidget& find) {
+        find.findChild<QLineEdit*>("edFindText")->insert("Hafen");
+        Take(find, "find");
+        find.findChild<QAbstractButton*>("btOK")->click();
+    });
+    RunCommand("FindPhrase");
+    auto& found = *window_->findChild<QDialog*>("frmFoundPhrases");
+    Take(found, "phrases");
+    found.close();
 }
 
 void TPictures::TakeTranslationFiles() {
