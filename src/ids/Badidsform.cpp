@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 #include "base/Errors.h"
 #include "base/Files.h"
@@ -112,9 +113,15 @@ void DeleteIDs(TContext& context, const TFormRow& form, const std::vector<std::s
     const auto lang = GetmlLang(context, form);
     if (lang == nullptr) return;
     TTable strings = lang->GetTable(TStringsType::stStrings);
-    std::vector<bool> gone(strings.Entries().size());
+    // An ID that stands twice goes as often as it was confirmed.
+    std::unordered_map<std::string, int> confirmed;
     for (const std::string& id : ids)
-        if (const int index = strings.Find(id); index >= 0) gone[static_cast<std::size_t>(index)] = true;
+        ++confirmed[UpperCase(id)];
+    std::vector<bool> gone;
+    for (const TTableEntry& entry : strings.Entries()) {
+        const auto id = confirmed.find(UpperCase(entry.Key));
+        gone.push_back(id != confirmed.end() && id->second-- > 0);
+    }
     strings.Remove(gone);
     lang->SetTable(strings);
     MarkModifiedForm(context, form.FormName);

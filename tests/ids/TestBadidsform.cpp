@@ -143,6 +143,23 @@ TEST(Badidsform, DeletedIDsGoInOneStep) {
     EXPECT_EQ(f.Files.Files["/p/Unit1.dfm"], before);
 }
 
+TEST(Badidsform, AnIDThatStandsTwiceGoesTwice) {
+    TBadIDsFixture f;
+    f.PutForm(1, TBadIDsFixture::Lang("'A\x01"
+                                      "a'\n      'a\x01"
+                                      "other'\n      'C\x01"
+                                      "c'"));
+    f.Check("Form1");
+    f.Window().lvIDs.Row(0).Selected = f.Window().lvIDs.Row(1).Selected = true;
+    f.User.OnMessage("This will delete A from Form1.mlLang1! Continue?", mrYes);
+    f.User.OnMessage("This will delete a from Form1.mlLang1! Continue?", mrYes);
+    f.Window().Delete1Click();
+    EXPECT_EQ(f.Window().lvIDs.Count(), 1);
+    const std::string& form = f.Files.Files["/p/Unit1.dfm"];
+    EXPECT_EQ(form.find("other"), std::string::npos) << form;
+    EXPECT_NE(form.find("C\x01"), std::string::npos);
+}
+
 TEST(Badidsform, AnUnusedIDOpensTheTranslationEditor) {
     TBadIDsFixture f;
     f.Check("Form1");
