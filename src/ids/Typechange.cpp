@@ -90,7 +90,8 @@ class TTypeChange {
     std::string Read(const std::string& file);
     bool ChangeForm(TFormTree& tree, TFormNode& node);
     bool PlanForm(TTypePlan& plan, TFormRow& row, bool isOwn);
-    void PlanSource(TTypePlan& plan, const TFormRow& row, const std::string& formClass);
+    void PlanSourceAlone(TTypePlan& plan, const std::string& file, TFormTree& tree);
+    void PlanSource(TTypePlan& plan, const std::string& formClass, const std::string& component);
     TEdits UnitEdits(const TSourceText& source, const TEdit& field);
     bool MentionsOldUnit(const TSourceText& source, const TEdit& field) const;
     void Write();
@@ -120,8 +121,8 @@ bool TTypeChange::Plan(TFormRow& row) {
     for (const TFormRow* each : plan.Rows)
         if (!CloseUnit(each->FileName)) return false;
     if (oldClass_ == newClass_) return true;
-    for (TFormRow* each : std::vector<TFormRow*>(plan.Rows))
-        if (!PlanForm(plan, *each, each == &row)) return true;
+    for (std::size_t i = 0; i < plan.Rows.size(); ++i)
+        if (!PlanForm(plan, *plan.Rows[i], i == 0)) return true;
     plans_.push_back(std::move(plan));
     return true;
 }
@@ -174,25 +175,41 @@ bool TTypeChange::PlanForm(TTypePlan& plan, TFormRow& row, bool isOwn) {
     const auto tree = TFormTree::Parse(before, file);
     TFormNode* node =
         isOwn ? FirstOfClass(tree->Root(), oldClass_) : tree->FindComponent(row.Component.ComponentName);
-    if (node == nullptr && isOwn)
-        throw EBadInput(file, 0, Format("the form has no line that ends with \": %s\"", oldClass_),
-                        "Open and save the form in the form designer");
+    if (node == nullptr && isOwn) return PlanSourceAlone(plan, file, *tree), true;
     // A descendant need not repeat the component.
     if (node == nullptr || node->ClassName() != oldClass_) return true;
     const std::string component = node->Name();
     if (!ChangeForm(*tree, *node)) return false;
     plan.Files.push_back({file, before, tree->Bytes()});
-    if (isOwn) PlanSource(plan, row, tree->Root().ClassName());
+    if (isOwn) PlanSource(plan, tree->Root().ClassName(), component);
     return true;
 }
 
-void TTypeChange::PlanSource(TTypePlan& plan, const TFormRow& row, const std::string& formClass) {
-    const std::string header = folders_.HeaderFileOf(row.FileName);
-    const std::string file = header.empty() ? row.FileName : header;
+/// A header line with something behind the class stays, on purpose, and with it those of descendants; the
+/// declaration changes all the same.
+void TTypeChange::PlanSourceAlone(TTypePlan& plan, const std::string& file, TFormTree& tree) {
+    const std::string component = plan.Rows.front()->Component.ComponentName;
+    const TFormNode* node = tree.FindComponent(component);
+    if (node == nullptr || node->ClassName() != oldClass_)
+        throw EBadInput(file, 0, Format("the form has no line that ends with \": %s\"", oldClass_),
+                        "Open and save the form in the form designer");
+    plan.Rows.resize(1);
+    PlanSource(plan, tree.Root().ClassName(), component);
+    context_.Dialogs().MessageDlg(
+        Format("%s: %s stays %s, whose name does not end its line. Only the unit says %s now.", file,
+               component, oldClass_, newClass_),
+        TMsgDlgType::mtInformation, {mrOk});
+}
+
+/// Takes the unit of the first row.
+void TTypeChange::PlanSource(TTypePlan& plan, const std::string& formClass, const std::string& component) {
+    const std::string& unit = plan.Rows.front()->FileName;
+    const std::string header = folders_.HeaderFileOf(unit);
+    const std::string file = header.empty() ? unit : header;
     const std::string before = Read(file);
     TCodedText coded(before, file);
     const TSharedSource source = ReadSource(coded.Text(), file);
-    TEdits edits = FieldEdits(*source, formClass, row.Component.ComponentName, oldClass_, newClass_);
+    TEdits edits = FieldEdits(*source, formClass, component, oldClass_, newClass_);
     if (edits.empty()) return;
     for (TEdit& edit : UnitEdits(*source, edits.front()))
         edits.push_back(std::move(edit));

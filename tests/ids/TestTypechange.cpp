@@ -101,11 +101,24 @@ TEST(Typechange, WhatCannotBeChangedStaysAsItWas) {
     const auto broken = f.Files.Files;
     EXPECT_THROW(f.Change("Form1", 1), EBadInput);
     EXPECT_EQ(f.Files.Files, broken);
+    f.Files.Files["/p/Unit1.dfm"] = "object Form1: TForm1\r\nend\r\n";
+    const auto without = f.Files.Files;
+    EXPECT_THROW(f.Change("Form1", 1), EBadInput);
+    EXPECT_EQ(f.Files.Files, without);
+}
+
+TEST(Typechange, AFormLineWithTextBehindTheClassStays) {
+    TTypeFixture f;
     f.Files.Files["/p/Unit1.dfm"] =
         "object Form1: TForm1\r\n  object mlLang1: TmlLang [0]\r\n  end\r\nend\r\n";
-    const auto numbered = f.Files.Files;
-    EXPECT_THROW(f.Change("Form1", 1), EBadInput);
-    EXPECT_EQ(f.Files.Files, numbered);
+    const std::string form = f.TextOf("/p/Unit1.dfm");
+    f.User.OnMessage(
+        "/p/Unit1.dfm: mlLang1 stays TmlLang, whose name does not end its line. Only the unit says "
+        "TmlLangRTSE now.");
+    f.Change("Form1", 1);
+    EXPECT_EQ(f.TextOf("/p/Unit1.dfm"), form);
+    EXPECT_TRUE(f.Has("/p/Unit1.pas", "    mlLang1: TmlLangRTSE;\r\n"));
+    EXPECT_EQ(f.Row("Form1").Component.ClassName, "TmlLangRTSE");
 }
 
 TEST(Typechange, PropertiesThatGoAreAskedAbout) {
