@@ -52,11 +52,12 @@ void Print(const TProgram& program, const TFormPhrases& form, const TPhraseHit& 
 }
 
 std::vector<TFormPhrases> Find(TSession& session, const TFindOptions& options) {
-    if (options.Phrase.Text.empty())
+    if (options.Phrase.Text.empty() && !options.Phrase.Whole)
         throw EBadInput("", 0, "there is nothing to look for", "Give a text that is not empty");
     std::vector<TFormPhrases> found;
     for (TFormRow* row : session.Rows(options.Forms))
         session.Attempt(row->FormName, [&] {
+            if (!row->HasComponent()) session.ExpectReadable(*row);
             for (TFormPhrases& form : FindPhrase(session.Context(), {row}, TPhrase(options.Phrase)))
                 found.push_back(std::move(form));
         });
@@ -79,20 +80,24 @@ class TReplacePhraseRun {
     int Run() {
         const std::vector<TFormPhrases> found = Find(session_, options_);
         std::vector<TFormPhrases> left;
+        bool isReplaced = options_.DryRun;
         if (!options_.DryRun)
             session_.Attempt("replace-phrase", [&] {
                 session_.Run([&](TContext& context, TSubjects&) { left = Replace(context, found); });
+                isReplaced = true;
             });
         for (const TFormPhrases& form : found)
             for (const TPhraseHit& hit : form.Hits)
-                Print(program_, form, hit, IsLeft(left, form, hit) ? "left" : "replaced",
+                Print(program_, form, hit, isReplaced && !IsLeft(left, form, hit) ? "replaced" : "left",
                       phrase_.Replaced(hit.Text));
         const int exit = session_.ExitCode();
+        if (!isReplaced) return kBadInput;
         return exit == kDone && !left.empty() ? kDoneInPart : exit;
     }
 
   private:
-    /// IDs follow in every unit of the project; one that cannot be changed is left.
+    /// IDs follow in every unit of the project; one that cannot be changed is left. All files are written at
+    /// once, or none.
     std::vector<TFormPhrases> Replace(TContext& context, const std::vector<TFormPhrases>& found) {
         std::vector<TFormPhrases> refused;
         const auto scope = session_.Modules().BeginCommand("Replace phrase");
@@ -106,8 +111,8 @@ class TReplacePhraseRun {
                     refused.push_back({form, {}, {}, {{TStringsType::stStrings, 0, 1, oldID, oldID}}});
                 }
             });
-        scope->Commit();
         session_.Ide().SaveAll();
+        scope->Commit();
         program_.HasWritten = true;
         left.insert(left.end(), refused.begin(), refused.end());
         return left;
