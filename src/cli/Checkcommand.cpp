@@ -51,6 +51,7 @@ class TCheckRun {
   private:
     void CheckForm(const TFormRow& row) {
         if (row.HasComponent()) return Check(row.FormName, row.FileName);
+        session_.ExpectReadable(row);
         if (options_.Forms.empty()) return;
         throw EBadInput(row.FileName, 0, "the form has no localization component",
                         "\"tmllang insert\" puts a component on it");

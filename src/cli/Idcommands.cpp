@@ -80,32 +80,40 @@ void ExpectClass(TSession& session, const std::string& className) {
     throw EBadInput("", 0, className + " is no class of localization components", "Choose one of " + known);
 }
 
+void PrintType(const TProgram& program, const TFormRow& row, const std::string& former) {
+    if (program.Json)
+        TJsonLine(std::cout)
+            .Text("form", row.FormName)
+            .Text("former", former)
+            .Text("class", row.Component.ClassName);
+    else
+        std::cout << row.FormName << ": " << former << " -> " << row.Component.ClassName << "\n";
+}
+
+/// Where no form is named, those without a component are passed over, and so are those that inherit it: they
+/// follow their ancestor.
+bool HasTypeOfItsOwn(TSession& session, const TTypeOptions& options, const TFormRow& row) {
+    if (!row.HasComponent()) session.ExpectReadable(row);
+    return !options.Forms.empty() || (row.HasComponent() && row.Component.Ancestor.empty());
+}
+
 int RunChangeType(TProgram& program, const TTypeOptions& options) {
     TSession session(program, options.Project);
     ExpectClass(session, options.ClassName);
-    std::vector<TFormRow*> rows;
-    for (TFormRow* row : session.Rows(options.Forms))
-        if (!options.Forms.empty() || (row->HasComponent() && row->Component.Ancestor.empty()))
-            rows.push_back(row);
-    std::vector<std::string> former;
-    for (const TFormRow* row : rows)
-        former.push_back(row->Component.ClassName);
-    session.Attempt(FileNameOf(options.Project), [&] {
-        session.Run(
-            [&](TContext& context, TSubjects&) { ChangeTmlLangType(context, rows, options.ClassName); });
-        program.HasWritten = true;
+    std::vector<std::pair<const TFormRow*, std::string>> formers;
+    session.Run([&](TContext& context, TSubjects&) {
+        const auto scope = session.Modules().BeginCommand("Change TmlLang Type");
+        session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
+            if (!HasTypeOfItsOwn(session, options, row)) return;
+            const std::string former = row.Component.ClassName;
+            ChangeTmlLangType(context, {&row}, options.ClassName);
+            if (row.Component.ClassName == options.ClassName) formers.emplace_back(&row, former);
+        });
+        scope->Commit();
     });
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i]->Component.ClassName != options.ClassName) continue;
-        if (program.Json)
-            TJsonLine(std::cout)
-                .Text("form", rows[i]->FormName)
-                .Text("former", former[i])
-                .Text("class", rows[i]->Component.ClassName);
-        else
-            std::cout << rows[i]->FormName << ": " << former[i] << " -> " << rows[i]->Component.ClassName
-                      << "\n";
-    }
+    program.HasWritten = true;
+    for (const auto& [row, former] : formers)
+        PrintType(program, *row, former);
     return session.ExitCode();
 }
 
