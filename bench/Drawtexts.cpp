@@ -36,9 +36,10 @@ void Sort(const std::string& file, const TFormNode& node, TDrawn& drawn) {
         // Fonts are settings, which nobody reads as texts.
         if (text.Shape == TTextShape::Font || text.Shape == TTextShape::CharSet) continue;
         const bool isList = text.Shape == TTextShape::List;
-        const auto table = KindOfText({node.ClassName(), node.Name(), text.Path, isList}, text.Text);
-        (table ? drawn.In : drawn.Out)
-            .push_back((table ? "in\t" + std::string(KindOf(*table).Property) : "out\t-") + "\t" + file +
+        const auto kind = KindOfText({node.ClassName(), node.Name(), text.Path, isList}, text.Text);
+        const bool isIn = kind && kind->IsForReaders;
+        (isIn ? drawn.In : drawn.Out)
+            .push_back((isIn ? "in\t" + std::string(KindOf(kind->Table).Property) : "out\t-") + "\t" + file +
                        "\t" + node.ClassName() + "\t" + node.Name() + "\t" + text.Path + "\t" +
                        OneLine(text.Text));
     }
