@@ -180,9 +180,12 @@ void Replacephrase1Click(TContext& context) {
                       [&ids](const std::string& form, const std::string& old, const std::string& id) {
                           ids.push_back({form, old, id});
                       });
+    // An ID that is taken does not keep the others from it.
+    TAllSteps steps;
     for (const TPhraseID& id : ids)
-        ChangeID(context, id);
+        steps.Try([&] { ChangeID(context, id); });
     TellLeft(context, left);
+    steps.Finish();
 }
 
 }  // namespace tml

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/Errors.h"
 #include "ids/Stridrepl.h"
 #include "support/Expertfixture.h"
 #include "translations/Findphrase.h"
@@ -161,6 +162,25 @@ TEST(Findphrase, AnIDTakesItsCallsAlong) {
                 "Form1 Captions Button1.Caption");
         });
     EXPECT_TRUE(f.Has("Button1.Caption"));
+}
+
+TEST(Findphrase, AnIDThatIsTakenDoesNotKeepTheOthers) {
+    TFindFixture f;
+    std::string& form = f.Files.Files["/p/Unit1.dfm"];
+    form.replace(form.find("'S2"), 3, "'ok_2\x01x\x01x'\r\n      'S1");
+    const auto expect = [&f] {
+        f.User.OnWindow<TfrmStrReplace>("frmStrReplace",
+                                        [](TfrmStrReplace& window) { window.Close(mrCancel); });
+        f.User.OnMessage(
+            "These identifiers are names of components or would be empty; they stay:\r\n"
+            "Form1 Captions Button1.Caption");
+    };
+    EXPECT_THROW(f.Replace(
+                     "1", "2", [](TfrmFind& find) { find.ckbIdent = true; }, expect),
+                 EBadInput);
+    f.Ide.SaveAll();
+    EXPECT_TRUE(f.Has("'ok_1\x01")) << form;
+    EXPECT_TRUE(f.Has("'S2'#1'banana'")) << form;
 }
 
 }  // namespace
