@@ -132,7 +132,7 @@ void PrintModule(tml::IOTAModuleServices& modules, const tml::TOTAModuleInfo& in
     std::cout << "form\t" << editor->GetFileName() << '\t'
               << std::filesystem::path(info.FileName).stem().string() << '\n';
     const tml::TFormParts parts(editor->GetRootComponent(), tml::TFormParts::TFrames::Whole);
-    const tml::TLayoutNode root = tml::LayoutNodeOf(parts);
+    const tml::TLayoutNode root = tml::LayoutNodeOf(parts.Items());
     Print(tml::LayOutForm(root, texts, options));
 }
 

@@ -8,6 +8,7 @@
 #include "base/Folderindex.h"
 #include "base/Utf8.h"
 #include "desktop/Codeeditor.h"
+#include "desktop/Formview.h"
 #include "desktop/Icons.h"
 #include "desktop/Runner.h"
 #include "desktop/Texts.h"
@@ -31,7 +32,8 @@ std::shared_ptr<IOTAEditor> EditorOf(IOTAModule& module, const std::string& file
 
 }  // namespace
 
-TEditorTabs::TEditorTabs(THeadlessIde& ide, TRunner& runner) : ide_(ide), runner_(runner) {
+TEditorTabs::TEditorTabs(THeadlessIde& ide, IMlRuntime& runtime, TRunner& runner)
+    : ide_(ide), runtime_(runtime), runner_(runner) {
     setObjectName("editorTabs");
     setDocumentMode(true);
     setMovable(true);
@@ -52,8 +54,13 @@ void TEditorTabs::TellCurrent() {
     });
 }
 
+TFormView* TEditorTabs::FormAt(int index) const {
+    return dynamic_cast<TFormView*>(widget(index));
+}
+
 TTextPage* TEditorTabs::Page(int index) const {
-    return static_cast<TTextPage*>(widget(index));
+    const TFormView* form = FormAt(index);
+    return form != nullptr ? &form->Text() : static_cast<TTextPage*>(widget(index));
 }
 
 TCodeEditor* TEditorTabs::Current() const {
@@ -61,7 +68,12 @@ TCodeEditor* TEditorTabs::Current() const {
 }
 
 TTextPage* TEditorTabs::CurrentText() const {
-    return static_cast<TTextPage*>(currentWidget());
+    return Page(currentIndex());
+}
+
+TTextPage* TEditorTabs::ShowText() {
+    if (TFormView* form = FormAt(currentIndex())) form->ShowText();
+    return CurrentText();
 }
 
 std::string TEditorTabs::CurrentFile() const {
@@ -69,10 +81,10 @@ std::string TEditorTabs::CurrentFile() const {
     return page == nullptr ? std::string() : page->FileName();
 }
 
-TTextPage* TEditorTabs::Find(const std::string& fileName) const {
+int TEditorTabs::Find(const std::string& fileName) const {
     for (int i = 0; i < count(); ++i)
-        if (SameText(Page(i)->FileName(), fileName)) return Page(i);
-    return nullptr;
+        if (SameText(Page(i)->FileName(), fileName)) return i;
+    return -1;
 }
 
 void TEditorTabs::Commit() {
@@ -80,9 +92,9 @@ void TEditorTabs::Commit() {
         if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) editor->Commit();
 }
 
-void TEditorTabs::AddTab(TTextPage& page, const char* picture) {
-    const int index = addTab(&page, PictureOf(picture), ToQt(FileNameOf(page.FileName())));
-    setTabToolTip(index, ToQt(page.FileName()));
+int TEditorTabs::AddTab(QWidget& page, const std::string& fileName, const char* picture) {
+    const int index = addTab(&page, PictureOf(picture), ToQt(FileNameOf(fileName)));
+    setTabToolTip(index, ToQt(fileName));
     auto* close = new QToolButton(tabBar());
     close->setIcon(PictureOf("cancel"));
     close->setIconSize({kCloseSize, kCloseSize});
@@ -90,10 +102,11 @@ void TEditorTabs::AddTab(TTextPage& page, const char* picture) {
     close->setToolTip("Close (Ctrl+F4)");
     connect(close, &QToolButton::clicked, &page, [this, &page] { Q_EMIT tabCloseRequested(indexOf(&page)); });
     tabBar()->setTabButton(index, QTabBar::RightSide, close);
+    return index;
 }
 
-TTextPage* TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
-                                  const std::shared_ptr<IOTASourceEditor>& source) {
+int TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
+                           const std::shared_ptr<IOTASourceEditor>& source) {
     auto* editor = new TCodeEditor(module, source);
     editor->OnLocalMenu = [this](const QPoint& at) { OnLocalMenu(at); };
     auto* pause = new QTimer(editor);
@@ -104,20 +117,11 @@ TTextPage* TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
         RefreshTitles();
     };
     connect(pause, &QTimer::timeout, this, [this] { runner_.Run([] {}); });
-    AddTab(*editor, "unit");
-    return editor;
+    return AddTab(*editor, source->GetFileName(), "unit");
 }
 
-TTextPage* TEditorTabs::AddForm(const std::string& fileName) {
-    auto* view = new TFormTextView(fileName);
-    AddTab(*view, "form");
-    return view;
-}
-
-std::string TEditorTabs::FormTextOf(const std::string& formFile) {
-    const auto module = std::dynamic_pointer_cast<TModule>(ide_.GetModuleServices()->FindModule(formFile));
-    if (module == nullptr || module->Files().Form == nullptr) return {};
-    return module->Files().Form->ShownText();
+int TEditorTabs::AddForm(const std::string& fileName) {
+    return AddTab(*new TFormView(fileName, runtime_), fileName, "form");
 }
 
 void TEditorTabs::ShowFile(const std::string& fileName) {
@@ -140,8 +144,7 @@ void TEditorTabs::ShowForm(const std::string& unitFile) {
 void TEditorTabs::CloseTab(int index) {
     const auto module = ide_.GetModuleServices()->FindModule(Page(index)->FileName());
     if (module == nullptr) return;
-    const bool isForm = dynamic_cast<TFormTextView*>(widget(index)) != nullptr;
-    if (isForm && Find(module->GetFileName()) != nullptr)
+    if (FormAt(index) != nullptr && Find(module->GetFileName()) >= 0)
         delete widget(index);
     else
         OnCloseModule(module);
@@ -153,14 +156,14 @@ void TEditorTabs::Follow() {
     ShowUnsaved();
     for (int i = 0; i < count(); ++i)
         if (auto* editor = dynamic_cast<TCodeEditor*>(widget(i))) editor->Follow();
-    FollowFormTexts();
+    FollowForms();
     RefreshTitles();
 }
 
 void TEditorTabs::DropClosed() {
     for (int i = count() - 1; i >= 0; --i) {
-        TTextPage* page = Page(i);
-        const auto open = ide_.GetModuleServices()->FindModule(page->FileName());
+        QWidget* page = widget(i);
+        const auto open = ide_.GetModuleServices()->FindModule(Page(i)->FileName());
         const auto* editor = dynamic_cast<TCodeEditor*>(page);
         if (open != nullptr && (editor == nullptr || editor->Module().lock() == open)) continue;
         // Not at once: the signal of one of its own buttons may be on the way.
@@ -172,29 +175,35 @@ void TEditorTabs::DropClosed() {
 void TEditorTabs::FollowCurrent() {
     const auto shown = ide_.CurrentEditor();
     const std::string file = shown == nullptr ? std::string() : shown->GetFileName();
-    if (file == current_ && (file.empty() || Find(file) != nullptr)) return;
+    if (file == current_ && (file.empty() || Find(file) >= 0)) return;
     current_ = file;
     if (shown == nullptr) return;
-    TTextPage* page = Find(file);
-    if (page == nullptr) {
+    int index = Find(file);
+    if (index < 0) {
         const auto source = std::dynamic_pointer_cast<IOTASourceEditor>(shown);
-        page =
+        index =
             source == nullptr ? AddForm(file) : AddSource(ide_.GetModuleServices()->FindModule(file), source);
     }
-    setCurrentWidget(page);
-    page->setFocus();
+    setCurrentIndex(index);
+    widget(index)->setFocus();
 }
 
 void TEditorTabs::ShowUnsaved() {
     for (const auto& module : ide_.Modules())
-        if (module->GetModified() && Find(module->GetFileName()) == nullptr)
+        if (module->GetModified() && Find(module->GetFileName()) < 0)
             AddSource(module, module->GetSourceEditor(0));
 }
 
-void TEditorTabs::FollowFormTexts() {
-    for (int i = 0; i < count(); ++i)
-        if (auto* text = dynamic_cast<TFormTextView*>(widget(i)))
-            text->SetContent(FormTextOf(text->FileName()));
+void TEditorTabs::FollowForms() {
+    for (int i = 0; i < count(); ++i) {
+        TFormView* view = FormAt(i);
+        if (view == nullptr) continue;
+        const auto module =
+            std::dynamic_pointer_cast<TModule>(ide_.GetModuleServices()->FindModule(Page(i)->FileName()));
+        const bool hasForm = module != nullptr && module->Files().Form != nullptr;
+        view->Follow(hasForm ? module->GetFormEditor() : nullptr,
+                     hasForm ? module->Files().Form->ShownText() : std::string());
+    }
 }
 
 void TEditorTabs::RefreshTitles() {

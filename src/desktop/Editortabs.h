@@ -4,17 +4,19 @@
 #include <functional>
 
 #include "ide/Headlesside.h"
+#include "platform/Mlruntime.h"
 
 namespace tml {
 
 class TCodeEditor;
+class TFormView;
 class TRunner;
 class TTextPage;
 
-/// The open sources and form texts, a tab each.
+/// The open sources and forms, a tab each.
 class TEditorTabs : public QTabWidget {
   public:
-    TEditorTabs(THeadlessIde& ide, TRunner& runner);
+    TEditorTabs(THeadlessIde& ide, IMlRuntime& runtime, TRunner& runner);
 
     /// Asked before a tab closes; closes the module or leaves it.
     std::function<void(const std::shared_ptr<IOTAModule>& module)> OnCloseModule;
@@ -34,32 +36,37 @@ class TEditorTabs : public QTabWidget {
 
     /// The source in front, nullptr when none is.
     TCodeEditor* Current() const;
-    /// The same or a form's text.
+    /// The same or a form's text, which may stand behind its picture.
     TTextPage* CurrentText() const;
+    /// The same, brought before the picture.
+    TTextPage* ShowText();
     /// Of the source or form in front, "" when there is none.
     std::string CurrentFile() const;
 
   private:
+    /// nullptr for a tab that is none, or no form's.
+    TFormView* FormAt(int index) const;
+    /// The source or the form's text; nullptr for no tab.
     TTextPage* Page(int index) const;
-    /// nullptr where the file has no tab.
-    TTextPage* Find(const std::string& fileName) const;
+    /// The tab of a file, -1 where it has none.
+    int Find(const std::string& fileName) const;
     /// The tab in front becomes the IDE's current editor.
     void TellCurrent();
-    TTextPage* AddSource(const std::shared_ptr<IOTAModule>& module,
-                         const std::shared_ptr<IOTASourceEditor>& source);
-    TTextPage* AddForm(const std::string& fileName);
-    void AddTab(TTextPage& page, const char* picture);
+    /// Give the index of the tab.
+    int AddSource(const std::shared_ptr<IOTAModule>& module, const std::shared_ptr<IOTASourceEditor>& source);
+    int AddForm(const std::string& fileName);
+    int AddTab(QWidget& page, const std::string& fileName, const char* picture);
     void DropClosed();
     void FollowCurrent();
     /// What a command leaves open and not saved gets a tab.
     void ShowUnsaved();
-    void FollowFormTexts();
+    void FollowForms();
     void RefreshTitles();
-    std::string FormTextOf(const std::string& formFile);
     /// Of a unit or a form file.
     bool IsFormModified(const std::string& fileName) const;
 
     THeadlessIde& ide_;
+    IMlRuntime& runtime_;
     TRunner& runner_;
     std::string current_;  ///< file of the IDE's current editor, as far as it is known here
 };

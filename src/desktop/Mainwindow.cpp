@@ -89,8 +89,8 @@ TMainWindow::~TMainWindow() {
 }
 
 void TMainWindow::BuildPanes() {
-    tabs_ = new TEditorTabs(host_->Ide(), runner_);
-    findBar_ = new TFindBar([this] { return tabs_->CurrentText(); });
+    tabs_ = new TEditorTabs(host_->Ide(), *host_->Host().Runtime, runner_);
+    findBar_ = new TFindBar([this] { return tabs_->ShowText(); });
     ui_->centreLayout->addWidget(tabs_);
     ui_->centreLayout->addWidget(findBar_);
     tree_ = new TProjectTree(host_->Ide());
@@ -103,7 +103,7 @@ void TMainWindow::BuildPanes() {
 
     messages_->OnGoTo = [this](const std::string& file, int line) { runner_.Run([&] { GoTo(file, line); }); };
     tree_->OnOpen = [this](const std::string& file) { runner_.Run([&] { GoTo(file, 0); }); };
-    tree_->OnViewFormText = [this](const std::string& file) { runner_.Run([&] { tabs_->ShowForm(file); }); };
+    tree_->OnViewForm = [this](const std::string& file) { runner_.Run([&] { tabs_->ShowForm(file); }); };
     tree_->SettingsCommand = [this]() -> std::shared_ptr<TMenuItem> {
         const TfrmmlLang* window = host_->ExpertWindow();
         return window == nullptr ? nullptr : FindItem(*window->MainMenu, "ProjectSettings1");
@@ -407,7 +407,8 @@ void TMainWindow::SaveAll() {
 
 void TMainWindow::GoTo(const std::string& file, int line) {
     tabs_->ShowFile(file);
-    if (TTextPage* text = tabs_->CurrentText(); text != nullptr && line > 0) text->GoToLine(line);
+    if (line <= 0) return;
+    if (TTextPage* text = tabs_->ShowText()) text->GoToLine(line);
 }
 
 // --- editing

@@ -149,8 +149,7 @@ void TProjectTree::contextMenuEvent(QContextMenuEvent* event) {
     const int kind = item->data(0, kKindRole).toInt();
     const std::string file = FileOf(*item);
     if (IsSource(*item)) menu.addAction(PictureOf("open"), "&Open", this, [&] { OnOpen(file); });
-    if (kind == Form)
-        menu.addAction(PictureOf("form"), "&View Form as Text", this, [&] { OnViewFormText(file); });
+    if (kind == Form) menu.addAction(PictureOf("form"), "&View Form", this, [&] { OnViewForm(file); });
     if (kind == Project)
         menu.addAction("Make &Active Project", this, [&] { OnMakeActive(ProjectOf(*item)); });
     if (IsActive(*item)) AddSettings(menu);

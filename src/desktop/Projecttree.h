@@ -15,7 +15,7 @@ class TProjectTree : public QTreeWidget {
     explicit TProjectTree(THeadlessIde& ide);
 
     std::function<void(const std::string& file)> OnOpen;
-    std::function<void(const std::string& unitFile)> OnViewFormText;
+    std::function<void(const std::string& unitFile)> OnViewForm;
     std::function<void(const std::shared_ptr<IOTAProject>& project)> OnMakeActive;
     /// The expert's command for the settings of the active project, nullptr while there is none.
     std::function<std::shared_ptr<TMenuItem>()> SettingsCommand;

@@ -58,6 +58,7 @@ class TPictures {
     void TakeOptions();
     void TakeProjectSettings();
     void TakeExternalFiles();
+    void TakeFormViews();
     void TakeTranslations();
     void TakeTranslationFiles();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
@@ -175,8 +176,22 @@ void TPictures::TakeExternalFiles() {
     window_->Runner().Run([&] { expert.pcFormsListChange(TFormsPage::ProjectForms); });
 }
 
-void TPictures::TakeTranslations() {
+void TPictures::TakeFormViews() {
     window_->OpenProject(ToQt(Path("harbour/Harbour.lpi")));
+    const auto show = [this](const char* unit) {
+        window_->Runner().Run([&] { window_->Tabs().ShowForm(Path(unit)); });
+    };
+    show("harbour/forms/Shipwindow.pas");
+    Take(*window_, "formview");
+    show("harbour/forms/Mainwindow.pas");
+    for (const char* language : {"german", "hebrew"}) {
+        auto& languages = *window_->Tabs().currentWidget()->findChild<QComboBox*>("formLanguages");
+        languages.setCurrentIndex(languages.currentIndex() + 1);
+        Take(*window_, (std::string("formview-") + language).c_str());
+    }
+}
+
+void TPictures::TakeTranslations() {
     SelectForm("MainForm");
     steps_.push_back([this](QWidget& editor) {
         auto& table = *editor.findChild<QTableView*>("grTexts");
@@ -263,6 +278,7 @@ void TPictures::TakeAll() {
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 78); });
     Take(*window_, "rewritten");
     window_->Runner().Run([this] { window_->Tabs().ShowForm(Path("orchard/Main.pas")); });
+    window_->findChild<QAction*>("showText")->trigger();
     Take(*window_, "formtext");
     TakeOptions();
     TakeProjectSettings();
@@ -277,6 +293,7 @@ void TPictures::TakeAll() {
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
     window_->Find();
     Take(*window_, "messages");
+    TakeFormViews();
     TakeTranslations();
 }
 

@@ -26,15 +26,15 @@ void Fill(TLayoutNode& node, const TFormPart& part) {
 }  // namespace
 
 // By hand instead of by recursion: a form may be as deep as it is long.
-TLayoutNode LayoutNodeOf(const TFormParts& parts) {
-    const TChildren children = ChildrenOf(parts.Items());
+TLayoutNode LayoutNodeOf(const std::vector<TFormPart>& parts) {
+    const TChildren children = ChildrenOf(parts);
     TLayoutNode result;
     std::vector<std::pair<std::size_t, TLayoutNode*>> open;
-    if (!parts.Items().empty()) open.emplace_back(0, &result);
+    if (!parts.empty()) open.emplace_back(0, &result);
     while (!open.empty()) {
         const auto [index, node] = open.back();
         open.pop_back();
-        Fill(*node, parts.Items()[index]);
+        Fill(*node, parts[index]);
         node->Children.resize(children[index].size());
         for (std::size_t i = 0; i < node->Children.size(); ++i)
             open.emplace_back(children[index][i], &node->Children[i]);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "layout/Layoutnode.h"
 #include "runtime/Formparts.h"
 
@@ -7,6 +9,6 @@ namespace tml {
 
 /// The components of a form, what it inherits and its frames included, as a layout takes them. Made of parts
 /// that hold what stands on frames too (TFormParts::TFrames::Whole).
-TLayoutNode LayoutNodeOf(const TFormParts& parts);
+TLayoutNode LayoutNodeOf(const std::vector<TFormPart>& parts);
 
 }  // namespace tml

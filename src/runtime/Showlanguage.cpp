@@ -38,11 +38,17 @@ class TFormChange {
         for (std::size_t i = 0; i < changes_.size(); ++i) {
             const TFormPart& part = parts_.Items()[i];
             if (changes_[i].empty()) continue;
-            std::vector<TFormProperty> properties = part.Properties;
-            SetTexts(properties, changes_[i]);
+            const std::vector<TFormProperty> properties = Changed(i);
             if (properties == part.Properties) continue;
             if (const auto component = ComponentOf(part)) Write(*component, part.Properties, properties);
         }
+    }
+
+    /// Properties of a component as they read after the changes.
+    std::vector<TFormProperty> Changed(std::size_t index) const {
+        std::vector<TFormProperty> properties = parts_.Items()[index].Properties;
+        SetTexts(properties, changes_[index]);
+        return properties;
     }
 
   private:
@@ -110,16 +116,28 @@ class TFormChange {
     std::vector<std::vector<TTextChange>> changes_;
 };
 
-}  // namespace
-
-void ShowTexts(TmlCustomLang& lang, int from, int to) {
-    const TFormParts parts(lang.GetComponent()->GetOwner());
+TFormChange ChangeOfLanguage(const TFormParts& parts, TmlCustomLang& lang, int from, int to) {
     TFormChange change(parts, from, to);
     const std::vector<TTable> tables = lang.GetTables();
     const std::vector<TFileExtended> extended = ReadExtended(*lang.GetComponent());
     change.Add(tables, tables);
     change.Add(extended, extended);
-    change.Make();
+    return change;
+}
+
+}  // namespace
+
+void ShowTexts(TmlCustomLang& lang, int from, int to) {
+    const TFormParts parts(lang.GetComponent()->GetOwner());
+    ChangeOfLanguage(parts, lang, from, to).Make();
+}
+
+std::vector<TFormPart> PartsInLanguage(const TFormParts& parts, TmlCustomLang& lang, int language) {
+    const TFormChange change = ChangeOfLanguage(parts, lang, lang.GetActiveLanguage(), language);
+    std::vector<TFormPart> result = parts.Items();
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i].Properties = change.Changed(i);
+    return result;
 }
 
 void ShowChangedTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& after, int place) {
