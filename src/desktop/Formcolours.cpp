@@ -50,7 +50,7 @@ struct TNamedColour {
     QRgb Colour;
 };
 
-constexpr std::array kColours{
+constexpr std::array kNamedColours{
     TNamedColour{"clBlack", 0x000000},      TNamedColour{"clMaroon", 0x800000},
     TNamedColour{"clGreen", 0x008000},      TNamedColour{"clOlive", 0x808000},
     TNamedColour{"clNavy", 0x000080},       TNamedColour{"clPurple", 0x800080},
@@ -81,7 +81,7 @@ QColor ColourOfNumber(const std::string& text) {
 QColor ColourOf(const std::string& name, const QPalette& palette) {
     for (const TNamedRole& one : kSystemColours)
         if (SameText(name, one.Name)) return palette.color(one.Role);
-    for (const TNamedColour& one : kColours)
+    for (const TNamedColour& one : kNamedColours)
         if (SameText(name, one.Name)) return QColor(one.Colour);
     return ColourOfNumber(name);
 }

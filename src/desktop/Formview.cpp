@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kDesk = 16;      ///< pixels around a form
 constexpr int kNotesTold = 3;  ///< the others in the hint
-enum TPage { pgPicture, pgText };
+enum TFormPage { pgPicture, pgText };
 
 /// The first localization component of a form's file; nullptr for a form without one.
 std::shared_ptr<TmlCustomLang> LangOn(IMlRuntime& runtime, IOTAComponent& form) {

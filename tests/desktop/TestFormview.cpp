@@ -8,7 +8,7 @@
 namespace tml {
 namespace {
 
-constexpr const char* kForm = R"(object AboutBox: TAboutBox
+constexpr const char* kDrawnForm = R"(object AboutBox: TAboutBox
   ClientHeight = 140
   ClientWidth = 260
   Font.Name = 'No such font'
@@ -58,7 +58,7 @@ end
 
 struct TFormPage : TDesktop {
     void ViewForm() {
-        std::ofstream(Path("orchard/forms/About.dfm")) << kForm;
+        std::ofstream(Path("orchard/forms/About.dfm")) << kDrawnForm;
         OpenOrchard();
         SelectForm("AboutBox");
         auto& forms = Find<QTableView>("lvFormNames");
