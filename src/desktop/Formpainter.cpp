@@ -128,7 +128,8 @@ class TItemPainter {
     QColor Line() const { return ReadableLine(palette_.color(QPalette::Dark)); }
     /// Lines are fainter than texts, but for those that would not be seen.
     QColor ReadableLine(const QColor& line) const {
-        return qAbs(qGray(line.rgb()) - qGray(paper_.rgb())) < 30 ? palette_.color(QPalette::Shadow) : line;
+        return qAbs(qGray(line.rgb()) - qGray(paper_.rgb())) < 30 ? palette_.color(QPalette::PlaceholderText)
+                                                                  : line;
     }
     QColor Ink(const QColor& paper) const;
     /// From the other side where the control is read from the right.
