@@ -11,11 +11,12 @@
 namespace tml {
 namespace {
 
-constexpr int kTextRoom = 4;  ///< pixels between a border and the text in it
-constexpr int kMark = 13;     ///< box of a check button
-constexpr int kArrow = 4;     ///< half an arrow's width
-constexpr int kButton = 18;   ///< width of the button at the end of a field
-constexpr int kRound = 3;     ///< radius of a button's corner
+constexpr int kTextRoom = 4;    ///< pixels between a border and the text in it
+constexpr int kMark = 13;       ///< box of a check button
+constexpr int kArrow = 4;       ///< half an arrow's width
+constexpr int kButton = 18;     ///< width of the button at the end of a field
+constexpr int kLeastLine = 30;  ///< of the contrast to the paper
+constexpr int kRound = 3;       ///< radius of a button's corner
 
 QRect RectOf(const TLayoutRect& rect) {
     return {rect.Left, rect.Top, rect.Width, rect.Height};
@@ -125,11 +126,12 @@ class TItemPainter {
         const TFormValue* const given = item_.Node->Find(property);
         return given != nullptr && SameText(given->Text, value);
     }
-    QColor Line() const { return ReadableLine(palette_.color(QPalette::Dark)); }
-    /// Lines are fainter than texts, but for those that would not be seen.
-    QColor ReadableLine(const QColor& line) const {
-        return qAbs(qGray(line.rgb()) - qGray(paper_.rgb())) < 30 ? palette_.color(QPalette::PlaceholderText)
-                                                                  : line;
+    /// Fainter than texts, but for lines that would not be seen.
+    QColor Line() const {
+        const QColor line = palette_.color(QPalette::Dark);
+        return qAbs(qGray(line.rgb()) - qGray(paper_.rgb())) < kLeastLine
+                   ? palette_.color(QPalette::PlaceholderText)
+                   : line;
     }
     QColor Ink(const QColor& paper) const;
     /// From the other side where the control is read from the right.
@@ -270,7 +272,7 @@ void TItemPainter::SpeedButton() {
 void TItemPainter::Mark(bool isRound) {
     const int top = (item_.Place.Height - kMark) / 2;
     const QRect box = PartPlace({0, top, kMark, kMark}).adjusted(0, 0, -1, -1);
-    painter_.setPen(ReadableLine(palette_.color(QPalette::Shadow)));
+    painter_.setPen(Line());
     painter_.setBrush(palette_.color(QPalette::Base));
     isRound ? painter_.drawEllipse(box) : painter_.drawRect(box);
     if (item_.IsOn) {
