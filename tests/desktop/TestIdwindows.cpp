@@ -108,6 +108,13 @@ TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
     auto& list = *found.findChild<QTableView*>("lvIDs");
     ASSERT_EQ(list.model()->rowCount(), 3);
     EXPECT_EQ(Cell(list, 0, 3), "German");
+    User.On([](QWidget& editor) {
+        EXPECT_EQ(TextOf(editor, "lblText"), "German (Done):");
+        EXPECT_EQ(editor.findChild<QPlainTextEdit*>("memText")->toPlainText(), "Hafen");
+        Press(editor, "btnCancel");
+    });
+    ClickCell(list, 0, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
     found.close();
     User.On([](QWidget& replace) {
         Type(replace, "edFindText", "Hafen");
