@@ -60,6 +60,7 @@ class TPictures {
     void TakeExternalFiles();
     void TakeFormViews();
     void TakeTranslations();
+    void TakeIDs();
     void TakeTranslationFiles();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
@@ -69,6 +70,16 @@ class TPictures {
     /// Answers a question as it is proposed.
     static void Accept(QWidget& question) {
         QApplication::sendEvent(&question, new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
+    }
+    /// Runs a command of the translation editor on a row and answers its question for an ID.
+    void GiveID(QWidget& editor, int row, const char* command, const QString& id) {
+        auto& table = *editor.findChild<QTableView*>("grTexts");
+        table.setCurrentIndex(table.model()->index(row, 0));
+        steps_.push_front([id](QWidget& question) {
+            question.findChild<QLineEdit*>()->setText(id);
+            Accept(question);
+        });
+        editor.findChild<QAction*>(command)->trigger();
     }
     static void Settle() {
         QEventLoop loop;
@@ -219,6 +230,42 @@ void TPictures::TakeTranslations() {
     found.close();
 }
 
+void TPictures::TakeIDs() {
+    steps_.push_back([this](QWidget& editor) {
+        editor.findChild<QLineEdit*>("filter")->setText("IDS_");
+        steps_.push_back([this](QWidget& units) {
+            units.findChild<QAbstractButton*>("btAddAll")->click();
+            Take(units, "replacement");
+            seen_ = nullptr;  // it comes again, with the lines
+            units.findChild<QAbstractButton*>("btReplace")->click();
+        });
+        steps_.push_back([this](QWidget& lines) {
+            Take(lines, "replacement-lines");
+            lines.close();
+        });
+        GiveID(editor, 0, "acRenameID", "IDS_SHIPS");
+        GiveID(editor, 0, "acAddID", "IDS_TOMORROW");
+        editor.findChild<QAbstractButton*>("btnOK")->click();
+    });
+    RunCommand("Translate");
+    RunCommand("CheckBadIDs");
+    auto& bad = *window_->findChild<QDialog*>("frmBadIDs");
+    Take(bad, "badids");
+    bad.close();
+    steps_.push_back([this](QWidget& replace) {
+        replace.findChild<QLineEdit*>("edFindText")->insert("Hafen");
+        replace.findChild<QLineEdit*>("edReplace")->insert("Port");
+        replace.findChild<QAbstractButton*>("ckbDoPrompt")->click();
+        Take(replace, "replace");
+        replace.findChild<QAbstractButton*>("btOK")->click();
+    });
+    steps_.push_back([this](QWidget& confirm) {
+        Take(confirm, "replace-confirm");
+        confirm.close();
+    });
+    RunCommand("ReplacePhrase");
+}
+
 void TPictures::TakeTranslationFiles() {
     TExpertSettings& settings = window_->Host().Expert()->Settings();
     settings.SetMultiProjFolder("translations");
@@ -295,6 +342,7 @@ void TPictures::TakeAll() {
     Take(*window_, "messages");
     TakeFormViews();
     TakeTranslations();
+    TakeIDs();
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "desktop/Strreplaceview.h"
 
+#include <QHeaderView>
 #include <QToolBar>
 
 #include "desktop/Texts.h"
@@ -51,6 +52,11 @@ void TStrReplaceView::BindLines() {
     const auto& columns = form_.lvSourceLines.Columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
         table.setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
+    // The old line and the new one get what the window has to spare, and are read whole.
+    table.setWordWrap(true);
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table.horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    table.horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, &table] {
         runner_.Run([&] {
             SelectionToList(table, form_.lvSourceLines);

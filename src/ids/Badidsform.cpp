@@ -153,6 +153,8 @@ TfrmBadIDs::TfrmBadIDs(TContext& context) : context_(context) {
     Name = "frmBadIDs";
     Caption = "Bad string IDs";
     ActiveControl = "lvIDs";
+    ClientWidth = 700;
+    ClientHeight = 260;
     lblTop =
         "TmlLang Expert has detected the following ID(s) as a problematic. Right-click on the item to delete "
         "or locate the selected ID.";
