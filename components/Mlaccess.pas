@@ -28,6 +28,8 @@ type
     function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; virtual;
     { Whether it still shows what Read gave earlier. }
     function StillReads(const Place: TmlPlace; const Earlier: string): Boolean; virtual;
+    { Whether the value speaks only of what the streamed value speaks of too, or of what nobody has set. }
+    function MayTake(const Place: TmlPlace; const Value: TmlValue): Boolean; virtual;
     procedure Write(const Place: TmlPlace; const Value: TmlValue); virtual; abstract;
   end;
 
@@ -41,6 +43,11 @@ end;
 function TmlAccess.StillReads(const Place: TmlPlace; const Earlier: string): Boolean;
 begin
   Result := Read(Place) = Earlier;
+end;
+
+function TmlAccess.MayTake(const Place: TmlPlace; const Value: TmlValue): Boolean;
+begin
+  Result := True;
 end;
 
 end.

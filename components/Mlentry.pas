@@ -163,7 +163,7 @@ begin
   if not Place(Found) then Exit;
   Value := ValueAt(Language);
   if FAccess.Shows(Found, Value) then Exit;
-  Result := FOurs;
+  Result := FOurs and FAccess.MayTake(Found, Value);
   if Result then FAccess.Write(Found, Value);
 end;
 

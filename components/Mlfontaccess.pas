@@ -11,10 +11,11 @@ uses
   Classes, Mlpath, Mlaccess;
 
 type
-  TmlFontParts = (fpName, fpHeight, fpStyle);
+  TmlFontPart = (fpName, fpHeight, fpStyle);
+  TmlFontParts = set of TmlFontPart;
 
   TmlFont = record
-    Given: set of TmlFontParts;
+    Given: TmlFontParts;
     Name: string;
     Height: Integer;
     Style: Integer;
@@ -39,6 +40,7 @@ type
     function Read(const Place: TmlPlace): string; override;
     function Shows(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
     function StillReads(const Place: TmlPlace; const Earlier: string): Boolean; override;
+    function MayTake(const Place: TmlPlace; const Value: TmlValue): Boolean; override;
     procedure Write(const Place: TmlPlace; const Value: TmlValue); override;
   end;
 
@@ -175,9 +177,12 @@ begin
   Result.Given := Font.Given + Other.Given;
 end;
 
-function IsSame(const Font, Other: TmlFont): Boolean;
+function DifferingParts(const Font, Other: TmlFont): TmlFontParts;
 begin
-  Result := (Font.Name = Other.Name) and (Font.Height = Other.Height) and (Font.Style = Other.Style);
+  Result := [];
+  if Font.Name <> Other.Name then Include(Result, fpName);
+  if Font.Height <> Other.Height then Include(Result, fpHeight);
+  if Font.Style <> Other.Style then Include(Result, fpStyle);
 end;
 
 function ReadParentFont(const Place: TmlPlace): Boolean;
@@ -229,8 +234,44 @@ end;
 
 function TmlFontAccess.Shows(const Place: TmlPlace; const Value: TmlValue): Boolean;
 begin
-  Result := IsSame(ReadFont(Place), Wanted(Place, Value)) and
+  Result := (DifferingParts(ReadFont(Place), Wanted(Place, Value)) = []) and
     not (FNoted and Value.IsBase and FFormerParentFont and not ReadParentFont(Place));
+end;
+
+{ The parts in which the font differs from the class's and from those of its owners, with which it may begin. }
+function OwnParts(const Place: TmlPlace; const Font: TmlFont): TmlFontParts;
+var
+  Plain: TmlFont;
+  Around: TmlPlace;
+begin
+  Plain := Default(TmlFont);
+  Plain.Name := DefaultFontName;
+  Result := DifferingParts(Font, Plain);
+  Around := Place;
+  Around.Instance := TmlOwned(Place.Instance).GetOwner;
+  while (Around.Instance <> nil) and (Result <> []) do
+  begin
+    Around.Info := GetPropInfo(Around.Instance, 'Font');
+    if (Around.Info <> nil) and (Around.Info^.PropType^.Kind = tkClass) and IsFont(FontAt(Around)) then
+      Result := Result * DifferingParts(Font, ReadFont(Around));
+    Around.Instance := TmlOwned(Around.Instance).GetOwner;
+  end;
+end;
+
+{ A part of which the streamed value says nothing is somebody's if the font has it of its own. Of a height nothing
+  can be said once the form is scaled, which gives one to every font. }
+function TmlFontAccess.MayTake(const Place: TmlPlace; const Value: TmlValue): Boolean;
+var
+  Parts: TmlFontParts;
+  Scale: TmlScale;
+begin
+  Result := True;
+  Parts := ParseFont(Value.Text, FontAt(Place)).Given - ParseFont(Value.Base, FontAt(Place)).Given -
+    ParseFont(Value.First, FontAt(Place)).Given;
+  Scale := ScaleAt(Place);
+  if Scale.Screen <> Scale.Design then Exclude(Parts, fpHeight);
+  if (Parts = []) or FNoted and FFormerParentFont or not FNoted and ReadParentFont(Place) then Exit;
+  Result := Parts * OwnParts(Place, Former(Place, Value)) = [];
 end;
 
 procedure TmlFontAccess.Note(const Place: TmlPlace; const Value: TmlValue);

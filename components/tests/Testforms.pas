@@ -218,6 +218,31 @@ begin
   Done;
 end;
 
+{ A part that the form gives and its table does not know. }
+procedure TestOwnPartOfFont;
+var
+  Lang: TmlLang;
+  One: TLabel;
+begin
+  Lang := Read('Font.Name = ''Serif''|object One: TLabel|Font.Height = -12|Font.Name = ''Own''|ParentFont = False|end|' +
+    'object Two: TLabel|end', 'Fonts.Strings = (''One.Font~Height=-12~Name=Sans;Height=-9~Height=-20'' ' +
+    '''Two.Font~~Name=Sans;Style=Bold'')');
+  One := TLabel(Part('One'));
+  Lang.Language := 'German';
+  Expect((One.Font.Name = 'Own') and (One.Font.Height = -12), 'the person''s part of a font is kept');
+  ExpectText('Sans', TLabel(Part('Two')).Font.Name, 'the form''s part is nobody''s');
+  Lang.Language := 'French';
+  Expect((One.Font.Name = 'Own') and (One.Font.Height = -20), 'where the language does not speak of it the others are set');
+  Lang.Language := 'German';
+  ExpectText('Own', One.Font.Name, 'the person''s part of a font is kept after others were set');
+  Lang.Language := 'English';
+  Expect((One.Font.Name = 'Own') and (One.Font.Height = -12), 'the base font with a part of the person''s');
+  ExpectText('One.Font=Name=Sans;Height=-9;changed;changed;One.Font=Name=Sans;Height=-9;changed;changed;', Events.Log,
+    'the font that was kept is told');
+  ExpectText('Serif', TLabel(Part('Two')).Font.Name, 'the form''s part is back');
+  Done;
+end;
+
 procedure TestMirror;
 var
   Lang: TmlLang;
@@ -567,6 +592,7 @@ begin
   TestLists;
   TestCombo;
   TestFonts;
+  TestOwnPartOfFont;
   TestMirror;
   TestItems;
   TestSortedViews;
