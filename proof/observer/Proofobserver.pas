@@ -15,31 +15,23 @@ interface
 implementation
 
 uses
-  CThreads, BaseUnix, Classes, SysUtils, TypInfo, Interfaces, Forms, Controls, StdCtrls, ExtCtrls, LResources,
-  glib2, gtk2, Proofclasses;
+  CThreads, Classes, SysUtils, TypInfo, Interfaces, Forms, Controls, StdCtrls, LResources, gtk2, Proofclasses,
+  Programwatch;
 
 const
   { Objects inside objects; forms hold no deeper ones. }
   Deepest = 6;
-  { Between two looks at the program, in milliseconds. }
-  Patience = 200;
 
 type
-  TProofObserver = class
+  TProofObserver = class(TProgramWatch)
   private
     FFolder: string;
-    FTimer: TTimer;
     FTexts, FEvents: TStringList;
-    FStarted: Boolean;
     FComponent: string;
-    procedure Start(Data: PtrInt);
-    procedure Look(Sender: TObject);
-    procedure Failed(Sender: TObject; E: Exception);
-    procedure Note(const What: string);
-    procedure CloseModalForms;
+    procedure Missing(Sender: TObject; Kind: Integer; const Name: string);
+    procedure WatchMissing(Owner: TComponent);
     procedure MakeForms;
     procedure MakeForm(FormClass: TComponentClass);
-    procedure Observe;
     procedure WriteTexts(const Name: string);
     procedure WriteForms;
     procedure ChangeLanguages(const Name: string);
@@ -51,6 +43,11 @@ type
     procedure AddProperty(Item: TObject; Info: PPropInfo; const Key, Path: string; Depth: Integer);
     procedure AddText(const Key, Path, Text: string);
     procedure AddWidget(Control: TWinControl; const Key: string);
+  protected
+    procedure Note(const What: string); override;
+    procedure Observe; override;
+  public
+    constructor Create(const Folder: string);
   end;
 
 var
@@ -70,71 +67,37 @@ begin
   Result := IsPublishedProp(Component, 'NumOfLanguages') and IsPublishedProp(Component, 'Language');
 end;
 
+constructor TProofObserver.Create(const Folder: string);
+begin
+  inherited Create;
+  FFolder := Folder;
+  FTexts := TStringList.Create;
+  FEvents := TStringList.Create;
+end;
+
 procedure TProofObserver.Note(const What: string);
 begin
   FEvents.Add(Escaped(What));
   FEvents.SaveToFile(FFolder + 'events');
 end;
 
-procedure TProofObserver.Failed(Sender: TObject; E: Exception);
+procedure TProofObserver.Missing(Sender: TObject; Kind: Integer; const Name: string);
 begin
-  Note('exception: ' + E.ClassName + ': ' + E.Message);
+  Note('missing: ' + Name);
 end;
 
-procedure TProofObserver.Start(Data: PtrInt);
-begin
-  if FTimer <> nil then Exit;
-  FTimer := TTimer.Create(nil);
-  FTimer.Interval := Patience;
-  FTimer.OnTimer := @Look;
-end;
-
-{ Programs that ask something when they start are told to go on. }
-procedure TProofObserver.CloseModalForms;
+procedure TProofObserver.WatchMissing(Owner: TComponent);
 var
   I: Integer;
+  Handler: TMethod;
 begin
-  for I := Screen.CustomFormCount - 1 downto 0 do
-    if fsModal in Screen.CustomForms[I].FormState then
-    begin
-      Note('closed: ' + Screen.CustomForms[I].ClassName);
-      Screen.CustomForms[I].ModalResult := mrCancel;
-      Exit;
-    end;
-end;
-
-{ A toolkit's own dialog runs a loop of its own, in which the program's calls wait. }
-function CloseDialogs(Data: gpointer): gboolean; cdecl;
-var
-  Windows, Next: PGList;
-begin
-  Windows := gtk_window_list_toplevels;
-  Next := Windows;
-  while Next <> nil do
+  Handler.Code := @TProofObserver.Missing;
+  Handler.Data := Self;
+  for I := 0 to Owner.ComponentCount - 1 do
   begin
-    if GTK_IS_DIALOG(Next^.data) and GTK_WIDGET_VISIBLE(Next^.data) then
-    begin
-      Observer.Note('closed: ' + gtk_window_get_title(Next^.data));
-      gtk_dialog_response(Next^.data, GTK_RESPONSE_CANCEL);
-      Next := nil;
-    end
-    else
-      Next := Next^.next;
-  end;
-  g_list_free(Windows);
-  Result := True;
-end;
-
-procedure TProofObserver.Look(Sender: TObject);
-begin
-  if Application.ModalLevel > 0 then
-    CloseModalForms
-  else if not FStarted then
-  begin
-    FStarted := True;
-    Observe;
-    FTimer.Enabled := False;
-    Application.Terminate;
+    WatchMissing(Owner.Components[I]);
+    if IsLanguageComponent(Owner.Components[I]) and IsPublishedProp(Owner.Components[I], 'OnMissing') then
+      SetMethodProp(Owner.Components[I], 'OnMissing', Handler);
   end;
 end;
 
@@ -230,7 +193,7 @@ begin
 end;
 
 { The first label or entry inside the widget. }
-procedure FindText(Widget: PGtkWidget; Found: gpointer); cdecl;
+procedure FindText(Widget: PGtkWidget; Found: Pointer); cdecl;
 begin
   if PString(Found)^ <> '' then Exit;
   if GTK_IS_LABEL(Widget) then
@@ -377,6 +340,7 @@ end;
 procedure TProofObserver.Observe;
 begin
   MakeForms;
+  WatchMissing(Application);
   Application.ProcessMessages;
   WriteTexts('first');
   ChangeLanguages('');
@@ -389,15 +353,7 @@ end;
 
 initialization
   if GetEnvironmentVariable('PROOF_FOLDER') <> '' then
-  begin
-    Observer := TProofObserver.Create;
-    Observer.FFolder := IncludeTrailingPathDelimiter(GetEnvironmentVariable('PROOF_FOLDER'));
-    Observer.FTexts := TStringList.Create;
-    Observer.FEvents := TStringList.Create;
-    Application.AddOnExceptionHandler(@Observer.Failed);
-    Application.QueueAsyncCall(@Observer.Start, 0);
-    g_timeout_add(Patience, @CloseDialogs, nil);
-  end;
+    Observer := TProofObserver.Create(IncludeTrailingPathDelimiter(GetEnvironmentVariable('PROOF_FOLDER')));
 
 finalization
   if Observer <> nil then Observer.Note('ended');

@@ -13,74 +13,35 @@ interface
 implementation
 
 uses
-  CThreads, Classes, SysUtils, Interfaces, Forms, Controls, ExtCtrls, Layoutdump, Shownclasses;
-
-const
-  { Between two looks at the program, in milliseconds. }
-  Patience = 200;
+  CThreads, Classes, SysUtils, Interfaces, Forms, Layoutdump, Proofclasses, Programwatch;
 
 type
-  TLayoutObserver = class
+  TLayoutObserver = class(TProgramWatch)
   private
     FFile: string;
-    FTimer: TTimer;
     FLines: TStringList;
-    FStarted: Boolean;
-    procedure Start(Data: PtrInt);
-    procedure Look(Sender: TObject);
-    procedure Failed(Sender: TObject; E: Exception);
-    procedure Note(const What: string);
-    procedure CloseModalForms;
-    procedure Observe;
     procedure ObserveClass(FormClass: TComponentClass);
+  protected
+    procedure Note(const What: string); override;
+    procedure Observe; override;
+  public
+    constructor Create(const FileName: string);
   end;
 
 var
   Observer: TLayoutObserver;
 
+constructor TLayoutObserver.Create(const FileName: string);
+begin
+  inherited Create;
+  FFile := FileName;
+  FLines := TStringList.Create;
+end;
+
 procedure TLayoutObserver.Note(const What: string);
 begin
   FLines.Add('note'#9 + StringReplace(What, LineEnding, ' ', [rfReplaceAll]));
   FLines.SaveToFile(FFile);
-end;
-
-procedure TLayoutObserver.Failed(Sender: TObject; E: Exception);
-begin
-  Note(E.ClassName + ': ' + E.Message);
-end;
-
-procedure TLayoutObserver.Start(Data: PtrInt);
-begin
-  if FTimer <> nil then Exit;
-  FTimer := TTimer.Create(nil);
-  FTimer.Interval := Patience;
-  FTimer.OnTimer := @Look;
-end;
-
-{ Programs that ask something when they start are told to go on. }
-procedure TLayoutObserver.CloseModalForms;
-var
-  I: Integer;
-begin
-  for I := Screen.CustomFormCount - 1 downto 0 do
-    if fsModal in Screen.CustomForms[I].FormState then
-    begin
-      Screen.CustomForms[I].ModalResult := mrCancel;
-      Exit;
-    end;
-end;
-
-procedure TLayoutObserver.Look(Sender: TObject);
-begin
-  if Application.ModalLevel > 0 then
-    CloseModalForms
-  else if not FStarted then
-  begin
-    FStarted := True;
-    Observe;
-    FTimer.Enabled := False;
-    Application.Terminate;
-  end;
 end;
 
 function LiveForm(FormClass: TComponentClass): TCustomForm;
@@ -119,12 +80,6 @@ end;
 
 initialization
   if GetEnvironmentVariable('LAYOUT_FILE') <> '' then
-  begin
-    Observer := TLayoutObserver.Create;
-    Observer.FFile := GetEnvironmentVariable('LAYOUT_FILE');
-    Observer.FLines := TStringList.Create;
-    Application.AddOnExceptionHandler(@Observer.Failed);
-    Application.QueueAsyncCall(@Observer.Start, 0);
-  end;
+    Observer := TLayoutObserver.Create(GetEnvironmentVariable('LAYOUT_FILE'));
 
 end.
