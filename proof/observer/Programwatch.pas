@@ -36,25 +36,32 @@ const
   { Between two looks at the program, in milliseconds. }
   Patience = 200;
 
-{ A toolkit's own dialog runs a loop of its own, in which the program's calls wait. }
-function CloseDialogs(Watch: gpointer): gboolean; cdecl;
+function FindDialog: PGtkWidget;
 var
   Windows, Next: PGList;
 begin
+  Result := nil;
   Windows := gtk_window_list_toplevels;
   Next := Windows;
-  while Next <> nil do
+  while (Next <> nil) and (Result = nil) do
   begin
-    if GTK_IS_DIALOG(Next^.data) and GTK_WIDGET_VISIBLE(Next^.data) then
-    begin
-      TProgramWatch(Watch).Note('closed: ' + gtk_window_get_title(Next^.data));
-      gtk_dialog_response(Next^.data, GTK_RESPONSE_CANCEL);
-      Next := nil;
-    end
-    else
-      Next := Next^.next;
+    if GTK_IS_DIALOG(Next^.data) and GTK_WIDGET_VISIBLE(Next^.data) then Result := Next^.data;
+    Next := Next^.next;
   end;
   g_list_free(Windows);
+end;
+
+{ A toolkit's own dialog runs a loop of its own, in which the program's calls wait. }
+function CloseDialog(Watch: gpointer): gboolean; cdecl;
+var
+  Dialog: PGtkWidget;
+begin
+  Dialog := FindDialog;
+  if Dialog <> nil then
+  begin
+    TProgramWatch(Watch).Note('closed: ' + gtk_window_get_title(PGtkWindow(Dialog)));
+    gtk_dialog_response(PGtkDialog(Dialog), GTK_RESPONSE_CANCEL);
+  end;
   Result := True;
 end;
 
@@ -62,7 +69,7 @@ constructor TProgramWatch.Create;
 begin
   Application.AddOnExceptionHandler(@Failed);
   Application.QueueAsyncCall(@Start, 0);
-  g_timeout_add(Patience, @CloseDialogs, Self);
+  g_timeout_add(Patience, @CloseDialog, Self);
 end;
 
 procedure TProgramWatch.Start(Data: PtrInt);
@@ -96,7 +103,7 @@ procedure TProgramWatch.Look(Sender: TObject);
 begin
   if Application.ModalLevel > 0 then
     CloseModalForms
-  else if FTimer.Tag = 0 then
+  else if (FTimer.Tag = 0) and (FindDialog = nil) then
   begin
     FTimer.Tag := 1;
     Observe;
