@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "tables/Dictionary.h"
+
+namespace tml {
+
+/// A dictionary from the bytes of a .dix file (docs/dictionary.md). EBadInput, with the line, for what is no
+/// such file.
+TDictionary ReadDix(const std::string& bytes, const std::string& fileName);
+
+/// The bytes of a .dix file, from which ReadDix gives the same dictionary. EBadInput for a dictionary of a
+/// newer version.
+std::string WriteDix(const TDictionary& dictionary, const std::string& fileName);
+
+}  // namespace tml
