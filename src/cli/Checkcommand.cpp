@@ -12,6 +12,7 @@
 #include "cli/Sarif.h"
 #include "cli/Shownpath.h"
 #include "cli/Terminal.h"
+#include "ids/Badidsform.h"
 #include "ids/Idchecks.h"
 
 namespace tml {
@@ -19,6 +20,7 @@ namespace {
 
 struct TCheckOptions : TFormOptions {
     bool Units = false;
+    bool Delete = false;
     std::string Sarif;
     TBaselineOptions Baseline;
 };
@@ -43,6 +45,8 @@ class TCheckRun {
         else
             session_.ForEach(session_.Rows(options_.Forms), [this](TFormRow& row) { CheckForm(row); });
         ids_.Judge(found_);
+        FindListed();
+        if (options_.Delete) session_.Attempt("Delete", [this] { DeleteUnused(); });
         Report();
         const int exit = session_.ExitCode();
         return exit == kDone && failing_ ? kFindings : exit;
@@ -70,36 +74,59 @@ class TCheckRun {
         }
     }
 
+    /// All but what the baseline accepts; an ID that the project uses is listed, but no finding.
+    void FindListed() {
+        for (std::size_t i = 0; i < found_.size(); ++i) {
+            const TBadID& bad = found_[i];
+            if (bad.Use.Kind == TIDUseKind::Used ||
+                !baseline_.Accepts(
+                    {std::string(WordOf(bad.Kind)), bad.FileName, {checkedForms_[i], bad.ID, bad.Type()}}))
+                listed_.push_back(i);
+        }
+    }
+
+    static bool IsUnused(const TBadID& bad) {
+        return bad.Kind == TBadIDKind::Unused && bad.Use.Kind == TIDUseKind::Unused;
+    }
+
+    void DeleteUnused() {
+        std::vector<TBadID> unused;
+        for (const std::size_t i : listed_)
+            if (IsUnused(found_[i])) unused.push_back(found_[i]);
+        session_.Run([&](TContext& context, TSubjects&) { DeleteIDs(context, unused); });
+        program_.HasWritten = true;
+        deleted_ = true;
+    }
+
     void Report() {
         const auto project = session_.Modules().GetActiveProject();
         TSarifLog sarif(FolderOf(project->GetFileName()));
-        for (std::size_t i = 0; i < found_.size(); ++i) {
+        for (const std::size_t i : listed_) {
             const TBadID& bad = found_[i];
-            const bool isUsed = bad.Use.Kind == TIDUseKind::Used;
-            if (!isUsed &&
-                baseline_.Accepts(
-                    {std::string(WordOf(bad.Kind)), bad.FileName, {checkedForms_[i], bad.ID, bad.Type()}}))
-                continue;
-            failing_ = failing_ || !isUsed;
-            if (!isUsed) sarif.Add(bad);
+            const bool isDeleted = deleted_ && IsUnused(bad);
+            if (bad.Use.Kind != TIDUseKind::Used && !isDeleted) {
+                failing_ = true;
+                sarif.Add(bad);
+            }
             if (program_.Json)
-                PrintJson(bad, checkedForms_[i]);
+                PrintJson(bad, checkedForms_[i], isDeleted);
             else
-                PrintText(bad);
+                PrintText(bad, isDeleted);
         }
         if (!options_.Sarif.empty()) sarif.Write(*program_.Files, options_.Sarif);
         baseline_.Write();
     }
 
-    static void PrintText(const TBadID& bad) {
+    static void PrintText(const TBadID& bad, bool isDeleted) {
         std::cout << ShownPath(bad.FileName);
         if (bad.Kind != TBadIDKind::Unused) std::cout << ":" << bad.Place;
         std::cout << ": '" << OnOneLine(bad.ID) << "': " << bad.Type();
-        if (bad.Kind == TBadIDKind::Unused) std::cout << " [" << bad.Use.Text() << "]";
+        if (bad.Kind == TBadIDKind::Unused)
+            std::cout << " [" << bad.Use.Text() << (isDeleted ? ", deleted]" : "]");
         std::cout << "\n";
     }
 
-    static void PrintJson(const TBadID& bad, const std::string& formName) {
+    static void PrintJson(const TBadID& bad, const std::string& formName, bool isDeleted) {
         TJsonLine line(std::cout);
         line.Text("kind", WordOf(bad.Kind)).Text("file", bad.FileName);
         const auto text = [&line](const char* name, std::string_view value) {
@@ -117,6 +144,7 @@ class TCheckRun {
         text("reason", bad.Use.Reason());
         text("useFile", bad.Use.FileName);
         line.Number("useLine", bad.Use.Line);
+        if (isDeleted) line.Text("result", "deleted");
     }
 
     TProgram& program_;
@@ -126,6 +154,8 @@ class TCheckRun {
     TProjectIDs ids_;
     std::vector<TBadID> found_;
     std::vector<std::string> checkedForms_;  ///< of each, "" for a unit that was checked by itself
+    std::vector<std::size_t> listed_;
+    bool deleted_ = false;
     bool failing_ = false;
 };
 
@@ -138,10 +168,15 @@ void AddCheckCommand(CLI::App& app, TProgram& program) {
                    "  tmllang check Orchard.dproj\n"
                    "  tmllang check Orchard.dproj --form MainForm --json\n"
                    "  tmllang check Orchard.dproj --units\n"
+                   "  tmllang check Orchard.dproj --form MainForm --delete\n"
                    "  tmllang check Orchard.dproj --sarif ids.sarif --baseline ids.baseline");
     AddFormOptions(command, *options);
-    command->add_flag("--units", options->Units,
-                      "The units without a form instead: their calls of forms' components");
+    CLI::Option* units = command->add_flag(
+        "--units", options->Units, "The units without a form instead: their calls of forms' components");
+    command
+        ->add_flag("--delete", options->Delete,
+                   "Deletes the IDs that are listed as unused from the components; the others stay")
+        ->excludes(units);
     command->add_option("--sarif", options->Sarif, "Also writes the findings into this file, as SARIF 2.1.0")
         ->type_name("FILE");
     AddBaselineOptions(command, options->Baseline);

@@ -108,7 +108,7 @@ std::vector<const TBadIDRow*> ConfirmedRows(TContext& context, const TfrmBadIDs&
     return confirmed;
 }
 
-void DeleteIDs(TContext& context, const TFormRow& form, const std::vector<std::string>& ids) {
+void DeleteIDsOf(TContext& context, const TFormRow& form, const std::vector<std::string>& ids) {
     TModuleLease lease(context, form.FileName);
     const auto lang = GetmlLang(context, form);
     if (lang == nullptr) return;
@@ -253,18 +253,25 @@ void ViewBadID(TContext& context, const TBadID& bad) {
 void DeleteStringByID(TContext& context, TfrmBadIDs& window) {
     const std::vector<const TBadIDRow*> confirmed = ConfirmedRows(context, window);
     if (confirmed.empty()) return;
-    std::map<std::string, std::vector<std::string>> idsByFile;
+    std::vector<TBadID> unused;
     std::vector<int> rows;
     for (const TBadIDRow* row : confirmed) {
-        idsByFile[row->Bad.FileName].push_back(row->Bad.ID);
+        unused.push_back(row->Bad);
         rows.push_back(row->Id());
     }
-    const auto scope = BeginCommand(context, "Delete strings");
-    for (const auto& [file, ids] : idsByFile)
-        DeleteIDs(context, *context.Rows.FormNames.FindFile(file), ids);
-    scope->Commit();
+    DeleteIDs(context, unused);
     window.Remove(rows);
     if (window.lvIDs.Count() == 0) window.Close(mrClose);
+}
+
+void DeleteIDs(TContext& context, const std::vector<TBadID>& unused) {
+    std::map<std::string, std::vector<std::string>> idsByFile;
+    for (const TBadID& bad : unused)
+        idsByFile[bad.FileName].push_back(bad.ID);
+    const auto scope = BeginCommand(context, "Delete strings");
+    for (const auto& [file, ids] : idsByFile)
+        DeleteIDsOf(context, *context.Rows.FormNames.FindFile(file), ids);
+    scope->Commit();
 }
 
 }  // namespace tml

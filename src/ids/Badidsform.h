@@ -78,5 +78,7 @@ void ViewBadID(TContext& context, const TBadID& bad);
 /// The command on the selected rows: deletes their IDs from the components, after a question for each, and
 /// the rows. The deletions are one step of undo.
 void DeleteStringByID(TContext& context, TfrmBadIDs& window);
+/// Deletes unused IDs from their forms' components: one step of undo.
+void DeleteIDs(TContext& context, const std::vector<TBadID>& unused);
 
 }  // namespace tml
