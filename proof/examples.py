@@ -76,8 +76,9 @@ class Place:
         must("the package", work, *self.lazbuild, work / "components" / "tmllang.lpk")
         self.compiled, self.compiling = set(), threading.Lock()
         reader, writer = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-ac"],
-                                       pass_fds=[writer], stderr=subprocess.DEVNULL, **AS_NOBODY)
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-ac", "-noreset"],
+            pass_fds=[writer], stderr=subprocess.DEVNULL, **AS_NOBODY)
         os.close(writer)
         with os.fdopen(reader) as numbers:
             self.display = ":" + numbers.readline().strip()
@@ -152,6 +153,10 @@ def link_watch(folder, unit, project, forms):
         "  FormClasses: array of TComponentClass;\n\nimplementation\n\ninitialization\n"
         f"  FormClasses := [{classes}];\n\nend.\n")
     (project.parent / "fpc.cfg").write_text(f"#INCLUDE /etc/fpc.cfg\n-Fa{unit}\n")
+    # The compiler breaks down where the program names the file of a unit that it has seen already.
+    for main in project.parent.glob("*.lpr"):
+        text = main.read_text(encoding="latin-1")
+        main.write_text(re.sub(r"\b(\w+)\s+in\s+'[^'/\\]*'", r"\1", text), encoding="latin-1")
 
 
 def link_observer(place, project, forms):
