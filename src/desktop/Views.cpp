@@ -7,11 +7,13 @@
 #include "desktop/Findphraseview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
+#include "desktop/Langcomboview.h"
 #include "desktop/Langconfigview.h"
 #include "desktop/Optionsview.h"
 #include "desktop/Projectsettingsview.h"
 #include "desktop/Resultsview.h"
 #include "desktop/Skippedview.h"
+#include "desktop/Stringlistview.h"
 #include "desktop/Strreplaceview.h"
 #include "desktop/Transeditorview.h"
 #include "desktop/Unitsview.h"
@@ -35,7 +37,8 @@ constexpr TMakeView kViews[] = {
     Make<TfrmAsk4FileName, TFileNameView>,  Make<TfrmTransEditor, TTransEditorView>,
     Make<TfrmBadIDs, TBadIDsView>,          Make<TfrmFoundPhrases, TFoundPhrasesView>,
     Make<TfrmFind, TFindPhraseView>,        Make<TfrmReplConfirm, TReplConfirmView>,
-    Make<TfrmStrReplace, TStrReplaceView>,
+    Make<TfrmStrReplace, TStrReplaceView>,  Make<TfrmMlLangComboEditor, TLangComboView>,
+    Make<TfrmStringList, TStringListView>,
 };
 
 }  // namespace

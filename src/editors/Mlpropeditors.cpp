@@ -9,6 +9,7 @@
 #include "base/Utf8.h"
 #include "editors/Mllangcomboeditor.h"
 #include "translations/Formlanguages.h"
+#include "windows/Stringlisteditor.h"
 
 namespace tml {
 namespace {
@@ -233,9 +234,10 @@ void TExcludePropertyEditor::Edit() {
     const auto lang = edited_.Host->Runtime().AsCustomLang(edited_.Component);
     const auto* const list = std::find_if(kExclusionLists.begin(), kExclusionLists.end(),
                                           [&](TExclusionList one) { return PropertyOf(one) == name_; });
-    std::string entries = lang->GetExclusions(*list).CommaText();
-    if (!edited_.Host->Dialogs().InputQuery(name_, "Entries, separated by commas:", entries)) return;
-    DoAs(*edited_.Host, name_, [&] { lang->SetExclusions(*list, TStringList::FromCommaText(entries)); });
+    const TStringList entries = lang->GetExclusions(*list);
+    TfrmStringList window(lang->GetName() + "." + name_, entries);
+    if (edited_.Host->Dialogs().ShowModal(window) != mrOk || window.Lines == entries) return;
+    DoAs(*edited_.Host, name_, [&] { lang->SetExclusions(*list, window.Lines); });
 }
 
 void TExcludeComponentEditor::PrepareItem(int /*index*/, TMenuItem& item) {

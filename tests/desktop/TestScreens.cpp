@@ -2,9 +2,11 @@
 #include <set>
 
 #include "desktop/Deskfixture.h"
+#include "editors/Mllangcomboeditor.h"
 #include "scan/Dntcedit.h"
 #include "scan/Skippedstrings.h"
 #include "translations/Projmngsaskfilename.h"
+#include "windows/Stringlisteditor.h"
 
 namespace tml {
 namespace {
@@ -37,7 +39,9 @@ struct TScreens : TDesktop {
         TfrmNotTranslate names(*Window->Host().Host().Registry, TStringList({"Button1"}), {});
         TfrmSkippedStrings skipped(Context(), Window->Host().Expert()->Subjects().Scan);
         TfrmAsk4FileName file(Context(), true);
-        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file}) {
+        TfrmMlLangComboEditor combo({{"English", {}, {}, {}, -1}});
+        TfrmStringList lines("Lines", TStringList({"one"}));
+        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file, &combo, &lines}) {
             Expect(screen);
             Context().Dialogs().ShowModal(*form);
         }
@@ -65,9 +69,10 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     Click("Contents1");
     const auto& help = Find<QDialog>("help");
     EXPECT_EQ(help.size().boundedTo(RoomFor(help)), help.size());
-    EXPECT_EQ(seen_, (std::set<std::string>{"frmAsk4FileName", "frmFound", "frmLangConfig", "frmNotTranslate",
-                                            "frmOptions", "frmProjectTranslationSettings",
-                                            "frmSkippedStrings", "frmTranslUnits"}));
+    EXPECT_EQ(seen_,
+              (std::set<std::string>{"frmAsk4FileName", "frmFound", "frmLangConfig", "frmMlLangComboEditor",
+                                     "frmNotTranslate", "frmOptions", "frmProjectTranslationSettings",
+                                     "frmSkippedStrings", "frmStringList", "frmTranslUnits"}));
 }
 
 TEST_F(TScreens, EveryWindowFitsALaptops) {

@@ -5,6 +5,7 @@
 #include "runtime/Mltranseditor.h"
 #include "support/Expertfixture.h"
 #include "translations/Langconfig.h"
+#include "windows/Stringlisteditor.h"
 
 namespace tml {
 namespace {
@@ -196,10 +197,14 @@ TEST_F(TEditorsTest, PropertiesHaveListsOrDialogs) {
         PropertyEditorOf("mlLang1", std::string(kind.Property))->Edit();
     }
     EXPECT_FALSE(Module->GetModified());
-    User.OnInput("Entries, separated by commas:", "TEdit,!combo");
+    User.OnWindow<TfrmStringList>("frmStringList", [](TfrmStringList& window) {
+        EXPECT_EQ(window.Caption + ": " + window.Lines.CommaText(), "mlLang1.ExcludedProperties: !button1");
+        window.Lines = TStringList({"TEdit", "!combo"});
+        window.Close(mrOk);
+    });
     PropertyEditorOf("mlLang1", "ExcludedProperties")->Edit();
-    EXPECT_EQ(User.Proposed, "!button1");
     EXPECT_EQ(Excluded().CommaText(), "TEdit,!combo");
+    EXPECT_EQ(Ide.Undo(), "ExcludedProperties");
 }
 
 TEST_F(TEditorsTest, ADoubleClickEditsLanguages) {
