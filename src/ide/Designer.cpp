@@ -93,22 +93,25 @@ std::shared_ptr<IOTAComponent> TDesigner::CreateComponent(IOTAComponent* contain
     return form_->ComponentOf(*created);
 }
 
+bool TDesigner::HasComponent(const IOTAComponent* component) const {
+    if (const auto* inherited = dynamic_cast<const TInheritedComponent*>(component))
+        return inherited->IsOn(*form_) && inherited->IsThere();
+    const auto* own = dynamic_cast<const TDesignComponent*>(component);
+    return own != nullptr && own->IsOn(*form_);
+}
+
 std::vector<std::shared_ptr<IOTAComponent>> TDesigner::GetSelections() {
     std::vector<std::shared_ptr<IOTAComponent>> selected;
     for (const auto& component : selection_)
-        if (component->IsBound()) selected.push_back(component);
+        if (HasComponent(component.get())) selected.push_back(component);
     return selected;
 }
 
 void TDesigner::SetSelections(const std::vector<std::shared_ptr<IOTAComponent>>& components) {
-    std::vector<std::shared_ptr<TDesignComponent>> selected;
-    for (const auto& component : components) {
-        auto own = std::dynamic_pointer_cast<TDesignComponent>(component);
-        if (own == nullptr || !own->IsOn(*form_))
+    for (const auto& component : components)
+        if (!HasComponent(component.get()))
             throw EBadInput(GetFileName(), 0, "the component is not on this form");
-        selected.push_back(std::move(own));
-    }
-    selection_ = std::move(selected);
+    selection_ = components;
 }
 
 int TDesigner::AddNotifier(std::shared_ptr<IOTAFormNotifier> notifier) {

@@ -73,6 +73,8 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void CheckName(const std::string& name);
     void CheckNamesake(const std::string& name, const TFormNode* own);
     void CheckOwn(const TFormNode& node);
+    /// Whether it is on this form, be it inherited, and has not been deleted.
+    bool HasComponent(const IOTAComponent* component) const;
     template <typename Change>
     void ForEachReference(const std::string& name, Change change);
     void TellRenamed(TComponentHandle handle, const std::string& oldName, const std::string& newName);
@@ -81,7 +83,7 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     TUnitSource source_;
     TServices services_;
     TNotifierList<IOTAFormNotifier> notifiers_;
-    std::vector<std::shared_ptr<TDesignComponent>> selection_;
+    std::vector<std::shared_ptr<IOTAComponent>> selection_;
     /// What was asked for of the components that the file does not repeat, by owner and upper-cased name.
     std::map<std::pair<TComponentHandle, std::string>, std::shared_ptr<IOTAComponent>> inherited_;
 };

@@ -10,9 +10,17 @@ std::shared_ptr<IOTAComponent> TInheritedComponent::Repeated() {
     return node == nullptr ? nullptr : form_->ComponentOf(*node);
 }
 
+std::shared_ptr<IOTAComponent> TInheritedComponent::FindInherited() const {
+    const bool isOpen = !form_->IsClosed() && owner_->IsBound();
+    return isOpen ? form_->Designer().FindInherited(owner_->Node(), name_) : nullptr;
+}
+
+bool TInheritedComponent::IsThere() const {
+    return FindInherited() != nullptr;
+}
+
 std::shared_ptr<IOTAComponent> TInheritedComponent::Inherited() {
-    auto found = form_->IsClosed() ? nullptr : form_->Designer().FindInherited(owner_->Node(), name_);
-    if (found != nullptr) return found;
+    if (auto found = FindInherited()) return found;
     throw EBadInput(form_->FileName(), 0, "the form inherits no component " + name_ + " any more",
                     "Open the form again and repeat the command");
 }

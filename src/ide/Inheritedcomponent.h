@@ -18,6 +18,10 @@ class TInheritedComponent : public IOTAComponent {
                         std::string name)
         : form_(std::move(form)), owner_(std::move(owner)), name_(std::move(name)) {}
 
+    bool IsOn(const TFormDocument& form) const { return form_.get() == &form; }
+    /// False where the form is closed or inherits no such component any more.
+    bool IsThere() const;
+
     TComponentHandle GetComponentHandle() override;
     std::string GetComponentType() override { return Inherited()->GetComponentType(); }
     std::string GetName() override { return Inherited()->GetName(); }
@@ -39,6 +43,7 @@ class TInheritedComponent : public IOTAComponent {
   private:
     /// The component in the form's file, nullptr while that does not repeat it.
     std::shared_ptr<IOTAComponent> Repeated();
+    std::shared_ptr<IOTAComponent> FindInherited() const;
     /// EBadInput where no ancestor has such a component any more.
     std::shared_ptr<IOTAComponent> Inherited();
 

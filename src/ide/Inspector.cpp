@@ -1,0 +1,305 @@
+#include "ide/Inspector.h"
+
+#include <algorithm>
+#include <map>
+
+#include "base/Errors.h"
+#include "base/Format.h"
+#include "base/Utf8.h"
+#include "ide/Designlanguages.h"
+#include "ide/Valuetexts.h"
+#include "runtime/Componentprops.h"
+#include "tables/Componentclasses.h"
+#include "windows/Stringlisteditor.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kName = "Name";
+constexpr std::string_view kStrings = ".Strings";
+constexpr int kDeepest = 50;  ///< ancestors of a form
+
+bool IsList(const TFormProperty& property) {
+    return property.Value.Kind == TFormValueKind::List && property.Name.ends_with(kStrings);
+}
+
+bool IsTyped(const TInspectedProperty& row, const TFormValue* held) {
+    if (row.Type.Takes == TTakes::Nothing || row.Type.Takes == TTakes::Strings) return false;
+    return held == nullptr || held->Kind != TFormValueKind::String || IsOneLine(held->Text);
+}
+
+bool Has(const std::vector<TPropertyAttribute>& attributes, TPropertyAttribute attribute) {
+    return std::find(attributes.begin(), attributes.end(), attribute) != attributes.end();
+}
+
+/// The farthest ancestor of a class that is more than any component.
+std::string KindOf(const std::string& className) {
+    std::string kind = className;
+    for (std::string_view next = ComponentAncestor(kind); !next.empty(); next = ComponentAncestor(kind)) {
+        if (next == "TComponent") return kind;
+        kind = next;
+    }
+    return "TComponent";
+}
+
+/// A name may be that of another component.
+TPropertyType TypeOfHeld(IOTAComponent& component, const TFormProperty& property) {
+    TPropertyType type = TypeByValue(component.GetComponentType(), property.Name, property.Value);
+    if (type.Takes != TTakes::Name) return type;
+    const auto target = component.GetPropComponent(property.Name);
+    return target == nullptr ? type : TPropertyType{TTakes::Component, KindOf(target->GetComponentType())};
+}
+
+/// The line break of a text that has one, else that of the form's library.
+std::string LineBreakOf(const std::string& text, const std::string& formFile) {
+    if (text.find("\r\n") != std::string::npos) return "\r\n";
+    if (text.find('\n') != std::string::npos) return "\n";
+    if (text.find('\r') != std::string::npos) return "\r";
+    return UpperCase(formFile).ends_with(".LFM") ? "\n" : "\r\n";
+}
+
+std::string Joined(const TStringList& lines, const std::string& lineBreak, bool endsWithBreak) {
+    std::string text;
+    for (int i = 0; i < lines.Count(); ++i)
+        text += (i > 0 ? lineBreak : std::string()) + lines[i];
+    return endsWithBreak && !lines.Empty() ? text + lineBreak : text;
+}
+
+bool EndsWithBreak(const std::string& text) {
+    return text.ends_with('\n') || text.ends_with('\r');
+}
+
+}  // namespace
+
+/// Rows by their upper-cased names.
+struct TInspector::TCollected {
+    std::map<std::string, TInspectedProperty> Rows;
+    bool IsInherited = false;  ///< what is added comes from an ancestor
+
+    TInspectedProperty& At(const std::string& name) {
+        TInspectedProperty& row = Rows[UpperCase(name)];
+        if (row.Name.empty()) row.Name = name;
+        return row;
+    }
+};
+
+void TInspector::Refuse(const std::string& why) const {
+    throw EBadInput(form_->GetFileName(), 0, why, "The form is as it was");
+}
+
+void TInspector::DoAs(const std::string& title, const std::function<void()>& work) {
+    const auto scope = modules_.BeginCommand(title);
+    work();
+    scope->Commit();
+}
+
+// --- what is shown
+
+void TInspector::Follow(const std::shared_ptr<IOTAFormEditor>& form, const TComponents& components,
+                        std::shared_ptr<const TEditorChoice> editors) {
+    form_ = form;
+    components_ = components;
+    editors_ = std::move(editors);
+    rows_.clear();
+    for (std::size_t i = 0; i < components_.size(); ++i) {
+        std::vector<TInspectedProperty> rows = RowsOf(components_[i]);
+        if (i == 0) {
+            rows_ = std::move(rows);
+            continue;
+        }
+        // What they have in common.
+        std::erase_if(rows_, [&](TInspectedProperty& row) {
+            const auto same = std::find_if(rows.begin(), rows.end(), [&](const TInspectedProperty& one) {
+                return SameText(one.Name, row.Name) && one.Type.Takes == row.Type.Takes && one.Name != kName;
+            });
+            if (same == rows.end()) return true;
+            if (same->Value != row.Value) row.Value.clear();
+            row.IsHeld = row.IsHeld || same->IsHeld;
+            row.CanType = row.CanType && same->CanType;
+            row.HasDialog = false;
+            return !row.CanType;
+        });
+    }
+}
+
+std::string TInspector::Title() const {
+    if (components_.empty()) return {};
+    if (components_.size() > 1) return Format("%d components", components_.size());
+    return components_.front()->GetName() + ": " + components_.front()->GetComponentType();
+}
+
+std::vector<TInspectedProperty> TInspector::RowsOf(const std::shared_ptr<IOTAComponent>& component) const {
+    TCollected collected;
+    const bool isForm = component->GetOwner() == nullptr;
+    AddOffered(collected, isForm ? "TCustomForm" : component->GetComponentType());
+    auto holder = component;
+    for (int depth = 0; holder != nullptr && depth < kDeepest; holder = holder->GetAncestor(), ++depth) {
+        collected.IsInherited = depth > 0;
+        AddHeld(collected, *holder);
+    }
+    AddEdited(collected, component);
+    TInspectedProperty& name = collected.At(kName);
+    name = {kName, component->GetName(), {TTakes::Name}, true, true, false, false};
+    std::vector<TInspectedProperty> rows;
+    for (auto& entry : collected.Rows)
+        rows.push_back(std::move(entry.second));
+    return rows;
+}
+
+void TInspector::AddOffered(TCollected& rows, const std::string& className) const {
+    for (const TOfferedProperty& offered : OfferedProperties()) {
+        if (!editors_->InheritsFrom(className, offered.ClassName)) continue;
+        for (const std::string& name : WordsOf(offered.Names)) {
+            TInspectedProperty& row = rows.At(name);
+            row.Type = offered.Type;
+            row.CanType = IsTyped(row, nullptr);
+            row.HasDialog = offered.Type.Takes == TTakes::Strings || offered.Type.Takes == TTakes::String;
+        }
+    }
+}
+
+void TInspector::AddHeld(TCollected& rows, IOTAComponent& component) const {
+    for (const TFormProperty& property : component.GetProperties()) {
+        const bool isList = IsList(property);
+        const std::string name =
+            isList ? property.Name.substr(0, property.Name.size() - kStrings.size()) : property.Name;
+        const bool isOffered = rows.Rows.contains(UpperCase(name));
+        TInspectedProperty& row = rows.At(name);
+        if (row.IsHeld || !row.Value.empty()) continue;
+        if (!isOffered) row.Type = isList ? TPropertyType{TTakes::Strings} : TypeOfHeld(component, property);
+        row.Value = ValueText(property.Value);
+        row.IsHeld = !rows.IsInherited;
+        row.CanType = IsTyped(row, &property.Value);
+        row.HasDialog = row.Type.Takes == TTakes::Strings || row.Type.Takes == TTakes::String;
+    }
+}
+
+void TInspector::AddEdited(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const {
+    for (const std::string& name : editors_->PropertiesWithEditor(component->GetComponentType()))
+        rows.At(name);
+    for (auto& entry : rows.Rows) {
+        TInspectedProperty& row = entry.second;
+        row.HasList = row.Type.Takes == TTakes::Boolean || row.Type.Takes == TTakes::OneOf ||
+                      row.Type.Takes == TTakes::Component;
+        const auto editor = EditorOf(component, row.Name);
+        if (editor == nullptr) continue;
+        row.HasList = Has(editor->GetAttributes(), TPropertyAttribute::paValueList);
+        row.HasDialog = Has(editor->GetAttributes(), TPropertyAttribute::paDialog);
+    }
+}
+
+const TInspectedProperty* TInspector::Find(const std::string& property) const {
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const TInspectedProperty& row) {
+        return SameText(row.Name, property);
+    });
+    return found == rows_.end() ? nullptr : &*found;
+}
+
+std::unique_ptr<IPropertyEditor> TInspector::EditorOf(const std::shared_ptr<IOTAComponent>& component,
+                                                      const std::string& property) const {
+    return editors_->ForProperty(component, property, form_->GetDesigner());
+}
+
+TStringList TInspector::Candidates(const TPropertyType& type) const {
+    TStringList names;
+    const auto root = form_->GetRootComponent();
+    const std::vector<std::string> classes = WordsOf(type.Of);
+    for (int i = 0; i < root->GetComponentCount(); ++i) {
+        const auto component = root->GetComponent(i);
+        if (std::any_of(classes.begin(), classes.end(), [&](const std::string& one) {
+                return editors_->InheritsFrom(component->GetComponentType(), one);
+            }))
+            names.Add(component->GetName());
+    }
+    return names;
+}
+
+TStringList TInspector::Values(const std::string& property) {
+    const TInspectedProperty* row = Find(property);
+    if (row == nullptr || !row->HasList) return {};
+    if (const auto editor = EditorOf(components_.front(), property)) {
+        TStringList values;
+        editor->GetValues([&](const std::string& value) { values.Add(value); });
+        return values;
+    }
+    if (row->Type.Takes == TTakes::Component) return Candidates(row->Type);
+    return TStringList(WordsOf(row->Type.Takes == TTakes::Boolean ? "False True" : row->Type.Of));
+}
+
+// --- what is changed
+
+void TInspector::SetText(const std::string& property, const std::string& text) {
+    const TInspectedProperty* found = Find(property);
+    if (found == nullptr || text == found->Value) return;
+    const TInspectedProperty row = *found;
+    DoAs(Format("Set %s.%s", components_.front()->GetName(), row.Name), [&] {
+        for (const auto& component : components_)
+            Change(component, row, text);
+    });
+}
+
+void TInspector::Change(const std::shared_ptr<IOTAComponent>& component, const TInspectedProperty& row,
+                        const std::string& text) {
+    if (row.Name == kName) return component->SetName(text);
+    if (TDesignLanguages(modules_, runtime_, form_->GetFileName()).SetText(component, row.Name, text)) return;
+    const bool refers = row.Type.Takes == TTakes::Component || row.Type.Takes == TTakes::Method;
+    if (refers && text.empty()) return component->RemoveProp(row.Name);
+    std::string reason;
+    const auto value = ValueOfText(row.Type, text, reason);
+    if (!value) Refuse(Format("%s.%s %s, not \"%s\"", component->GetName(), row.Name, reason, text));
+    component->SetPropValue(row.Name, *value);
+    ExpectTarget(*component, row, text);
+}
+
+void TInspector::ExpectTarget(IOTAComponent& component, const TInspectedProperty& row,
+                              const std::string& text) {
+    if (row.Type.Takes == TTakes::Method) {
+        // An ancestor's class may have it.
+        const bool isKnown = form_->FindComponent(text) == nullptr && form_->FreeName(text, "") != text;
+        if (!isKnown && form_->GetRootComponent()->GetAncestor() == nullptr)
+            Refuse(Format("the form's class has no method %s", text));
+    }
+    if (row.Type.Takes != TTakes::Component) return;
+    const auto target = component.GetPropComponent(row.Name);
+    if (target == nullptr) Refuse(Format("there is no component %s", text));
+    const bool isElsewhere = text.find('.') != std::string::npos;
+    const std::vector<std::string> classes = WordsOf(row.Type.Of);
+    const bool fits = std::any_of(classes.begin(), classes.end(), [&](const std::string& one) {
+        return editors_->InheritsFrom(target->GetComponentType(), one);
+    });
+    if (!fits || (!isElsewhere && Values(row.Name).IndexOf(text) < 0))
+        Refuse(Format("%s.%s takes no %s", component.GetName(), row.Name, target->GetComponentType()));
+}
+
+void TInspector::Edit(const std::string& property) {
+    const TInspectedProperty* row = Find(property);
+    if (row == nullptr || !row->HasDialog || components_.size() != 1) return;
+    const auto editor = EditorOf(components_.front(), property);
+    if (editor != nullptr && Has(editor->GetAttributes(), TPropertyAttribute::paDialog))
+        editor->Edit();
+    else
+        EditLines(TInspectedProperty(*row));
+}
+
+void TInspector::EditLines(const TInspectedProperty& row) {
+    const auto component = components_.front();
+    const bool isList = row.Type.Takes == TTakes::Strings;
+    const std::string text = isList ? std::string() : ReadStringProp(*component, row.Name);
+    const std::string title = component->GetName() + "." + row.Name;
+    TfrmStringList window(title, isList ? ReadListProp(*component, row.Name) : TStringList::FromText(text));
+    const TStringList before = window.Lines;
+    if (runtime_.Dialogs->ShowModal(window) != mrOk || window.Lines == before) return;
+    DoAs("Set " + title, [&] {
+        if (TDesignLanguages(modules_, runtime_, form_->GetFileName())
+                .SetLines(component, row.Name, window.Lines))
+            return;
+        if (isList)
+            WriteListProp(*component, row.Name, window.Lines);
+        else
+            WriteProp(*component, row.Name,
+                      TFormValue::String(Joined(window.Lines, LineBreakOf(text, form_->GetFileName()),
+                                                EndsWithBreak(text))));
+    });
+}
+
+}  // namespace tml
