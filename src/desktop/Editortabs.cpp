@@ -121,7 +121,7 @@ int TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
 }
 
 int TEditorTabs::AddForm(const std::string& fileName) {
-    return AddTab(*new TFormView(fileName, runtime_), fileName, "form");
+    return AddTab(*new TFormView(fileName, ide_, runtime_, runner_), fileName, "form");
 }
 
 void TEditorTabs::ShowFile(const std::string& fileName) {

@@ -6,13 +6,16 @@
 #include <QPaintEvent>
 #include <QScrollArea>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "desktop/Codeeditor.h"
+#include "desktop/Designpanel.h"
 #include "desktop/Formmeasure.h"
 #include "desktop/Formpainter.h"
 #include "desktop/Texts.h"
@@ -22,7 +25,10 @@
 namespace tml {
 namespace {
 
-constexpr int kDesk = 16;      ///< pixels around a form
+constexpr int kDesk = 16;          ///< pixels around a form
+constexpr int kSelectionMark = 2;  ///< the frame around what is selected
+constexpr int kPictureWidth = 700;
+constexpr int kPanelWidth = 280;
 constexpr int kNotesTold = 3;  ///< the others in the hint
 enum TFormPage { pgPicture, pgText };
 
@@ -40,16 +46,40 @@ TLayoutOptions OptionsOf(const std::string& fileName) {
     return options;
 }
 
+/// Of every node its component's path: below the form or the frame that owns it.
+std::unordered_map<const TLayoutNode*, std::string> PathsBelow(const TLayoutNode& form) {
+    std::unordered_map<const TLayoutNode*, std::string> paths = {{&form, std::string()}};
+    std::vector<std::pair<const TLayoutNode*, std::string>> open = {{&form, std::string()}};
+    while (!open.empty()) {
+        const auto [holder, owner] = open.back();
+        open.pop_back();
+        for (const TLayoutNode& child : holder->Children) {
+            const std::string path = owner.empty() ? child.Name : owner + '.' + child.Name;
+            paths.emplace(&child, path);
+            open.emplace_back(&child, child.IsFrame ? path : owner);
+        }
+    }
+    return paths;
+}
+
+QRect RectangleOf(const TLayoutRect& rect) {
+    return {rect.Left, rect.Top, rect.Width, rect.Height};
+}
+
 }  // namespace
 
-TFormPicture::TFormPicture() {
+// --- the picture
+
+TFormPicture::TFormPicture(TFormDesign& design) : design_(design) {
     setObjectName("formPicture");
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void TFormPicture::Show(TLayoutNode form, const TLayoutOptions& options) {
     layout_ = {};
     form_ = std::move(form);
     layout_ = LayOutForm(form_, TFormMeasure(), options);
+    paths_ = PathsBelow(form_);
     const TLayoutRect& place = layout_.Items.front().Place;
     setFixedSize(place.Width, place.Height);
     update();
@@ -58,10 +88,123 @@ void TFormPicture::Show(TLayoutNode form, const TLayoutOptions& options) {
 void TFormPicture::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     PaintForm(painter, layout_, palette(), event->rect());
+    QPen pen(palette().color(QPalette::Highlight));
+    pen.setWidth(kSelectionMark);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    for (const int component : design_.Selected())
+        if (const QRect place = PlaceOf(component); !place.isEmpty())
+            painter.drawRect(place.adjusted(kSelectionMark / 2, kSelectionMark / 2, -kSelectionMark / 2,
+                                            -kSelectionMark / 2));
 }
 
-TFormView::TFormView(const std::string& fileName, IMlRuntime& runtime)
-    : runtime_(runtime), text_(new TFormTextView(fileName)), picture_(new TFormPicture) {
+int TFormPicture::ComponentOf(const TLayoutItem& item) const {
+    const auto path = paths_.find(item.Node);
+    return path == paths_.end() ? -1 : design_.Find(path->second);
+}
+
+int TFormPicture::ComponentAt(const QPoint& at) const {
+    const auto found =
+        std::find_if(layout_.Items.rbegin(), layout_.Items.rend(), [&](const TLayoutItem& item) {
+            return RectangleOf(item.Seen).contains(at) && ComponentOf(item) >= 0;
+        });
+    return found == layout_.Items.rend() ? 0 : ComponentOf(*found);
+}
+
+QRect TFormPicture::PlaceOf(int component) const {
+    for (const TLayoutItem& item : layout_.Items)
+        if (item.Item < 0 && ComponentOf(item) == component) return RectangleOf(item.Seen);
+    return {};
+}
+
+void TFormPicture::mousePressEvent(QMouseEvent* event) {
+    if (design_.Components().empty() || event->button() != Qt::LeftButton) return;
+    const int component = ComponentAt(event->pos());
+    if ((event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) == 0) return OnSelect({component});
+    std::vector<int> selected = design_.Selected();
+    if (std::erase(selected, component) == 0) selected.push_back(component);
+    OnSelect(selected);
+}
+
+void TFormPicture::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) OnEdit();
+}
+
+void TFormPicture::contextMenuEvent(QContextMenuEvent* event) {
+    const std::vector<int> selected = design_.Selected();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QRect place = selected.empty() ? QRect() : PlaceOf(selected.front());
+        return OnMenu(mapToGlobal(place.center()));
+    }
+    if (design_.Components().empty()) return;
+    // The menu is that of all that is selected.
+    const int component = ComponentAt(event->pos());
+    if (std::find(selected.begin(), selected.end(), component) == selected.end()) OnSelect({component});
+    OnMenu(event->globalPos());
+}
+
+void TFormPicture::SelectNext(int step) {
+    std::vector<int> drawn;
+    for (const TLayoutItem& item : layout_.Items)
+        if (item.Item < 0 && item.Seen.Width > 0 && ComponentOf(item) >= 0)
+            drawn.push_back(ComponentOf(item));
+    if (drawn.empty()) return;
+    const std::vector<int> selected = design_.Selected();
+    const auto place = std::find(drawn.begin(), drawn.end(), selected.empty() ? -1 : selected.back());
+    const int count = static_cast<int>(drawn.size());
+    const int from = place == drawn.end() ? (step > 0 ? -1 : 0) : static_cast<int>(place - drawn.begin());
+    OnSelect({drawn[static_cast<std::size_t>((from + step + count) % count)]});
+}
+
+void TFormPicture::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+            return SelectNext(1);
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+            return SelectNext(-1);
+        case Qt::Key_Escape:
+            return OnSelect({design_.ParentOfSelected()});
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return OnEdit();
+        case Qt::Key_Delete:
+            return OnDelete();
+        default:
+            return QWidget::keyPressEvent(event);
+    }
+}
+
+// --- the tab
+
+TFormView::TFormView(const std::string& fileName, THeadlessIde& ide, IMlRuntime& runtime, TRunner& runner)
+    : runtime_(runtime),
+      design_(ide, runtime),
+      text_(new TFormTextView(fileName)),
+      picture_(new TFormPicture(design_)),
+      panel_(new TDesignPanel(design_, runner)) {
+    picture_->OnSelect = [this](const std::vector<int>& indexes) { panel_->Select(indexes); };
+    picture_->OnEdit = [this] { panel_->Edit(); };
+    picture_->OnDelete = [this] { panel_->Delete(); };
+    picture_->OnMenu = [this](const QPoint& at) { panel_->ShowMenu(at); };
+    pages_ = new QStackedWidget;
+    pages_->addWidget(MakePicturePage());
+    pages_->addWidget(text_);
+    notes_ = new QLabel;
+    notes_->setObjectName("formNotes");
+    notes_->setMargin(4);
+    notes_->setTextFormat(Qt::PlainText);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(MakeBar());
+    column->addWidget(pages_, 1);
+    column->addWidget(notes_);
+    showPicture_->setChecked(true);
+}
+
+QWidget* TFormView::MakePicturePage() {
     auto* desk = new QWidget;
     auto* around = new QVBoxLayout(desk);
     around->setContentsMargins(kDesk, kDesk, kDesk, kDesk);
@@ -70,10 +213,16 @@ TFormView::TFormView(const std::string& fileName, IMlRuntime& runtime)
     auto* scroll = new QScrollArea;
     scroll->setBackgroundRole(QPalette::Mid);
     scroll->setWidget(desk);
-    pages_ = new QStackedWidget;
-    pages_->addWidget(scroll);
-    pages_->addWidget(text_);
+    auto* page = new QSplitter;
+    page->addWidget(scroll);
+    page->addWidget(panel_);
+    page->setStretchFactor(0, 1);
+    page->setSizes({kPictureWidth, kPanelWidth});
+    page->setFocusProxy(picture_);
+    return page;
+}
 
+QToolBar* TFormView::MakeBar() {
     auto* bar = new QToolBar;
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     auto* switches = new QActionGroup(this);
@@ -88,18 +237,7 @@ TFormView::TFormView(const std::string& fileName, IMlRuntime& runtime)
     bar->addSeparator();
     languagesShown_ = bar->addWidget(languages_);
     connect(languages_, &QComboBox::currentIndexChanged, this, [this] { Draw(); });
-
-    notes_ = new QLabel;
-    notes_->setObjectName("formNotes");
-    notes_->setMargin(4);
-    notes_->setTextFormat(Qt::PlainText);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(bar);
-    column->addWidget(pages_, 1);
-    column->addWidget(notes_);
-    showPicture_->setChecked(true);
+    return bar;
 }
 
 QAction* TFormView::AddSwitch(QToolBar& bar, const char* name, const char* caption, int page) {
@@ -150,9 +288,8 @@ void TFormView::FollowLanguages() {
 }
 
 TLayoutNode TFormView::FormInLanguage(IOTAFormEditor& form) const {
-    const auto root = form.GetRootComponent();
-    const TFormParts parts(root, TFormParts::TFrames::Whole);
-    const auto lang = languages_->currentIndex() > 0 ? LangOn(runtime_, *root) : nullptr;
+    const TFormParts& parts = *design_.Parts();
+    const auto lang = languages_->currentIndex() > 0 ? LangOn(runtime_, *form.GetRootComponent()) : nullptr;
     if (lang == nullptr) return LayoutNodeOf(parts.Items());
     return LayoutNodeOf(PartsInLanguage(parts, *lang, languages_->currentData().toInt()));
 }
@@ -167,6 +304,7 @@ void TFormView::Draw() {
     if (form == nullptr || !picture_->isVisible()) return ShowNotes({});
     QStringList notes;
     try {
+        design_.Follow(form);
         picture_->Show(FormInLanguage(*form), OptionsOf(form->GetFileName()));
         for (const std::string& note : picture_->Layout().Notes)
             notes += ToQt(note);
@@ -175,6 +313,7 @@ void TFormView::Draw() {
     } catch (const EBadInput& error) {
         notes += ToQt(error.what());
     }
+    panel_->Refresh();
     ShowNotes(notes);
 }
 

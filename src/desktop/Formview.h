@@ -2,9 +2,12 @@
 
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
+#include "ide/Formdesign.h"
 #include "layout/Formlayout.h"
 #include "platform/Mlruntime.h"
 
@@ -16,12 +19,21 @@ class QToolBar;
 
 namespace tml {
 
+class TDesignPanel;
 class TFormTextView;
+class TRunner;
 
-/// A form as it is drawn, without widgets of its own.
+/// A form as it is drawn, without widgets of its own: a click selects the component that is seen there, Ctrl
+/// and Shift add it; the arrows go from one to the next, Esc to what it stands in.
 class TFormPicture : public QWidget {
   public:
-    TFormPicture();
+    explicit TFormPicture(TFormDesign& design);
+
+    /// The person has selected these, by their indexes.
+    std::function<void(const std::vector<int>& indexes)> OnSelect;
+    std::function<void()> OnEdit;  ///< Enter or a double click
+    std::function<void()> OnDelete;
+    std::function<void(const QPoint& at)> OnMenu;
 
     void Show(TLayoutNode form, const TLayoutOptions& options);
     /// Its items say where in the picture each control is.
@@ -29,16 +41,30 @@ class TFormPicture : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    /// Index of the component that is seen there, the form's where no other is.
+    int ComponentAt(const QPoint& at) const;
+    int ComponentOf(const TLayoutItem& item) const;
+    /// Where the component is seen; empty for one that is not drawn.
+    QRect PlaceOf(int component) const;
+    void SelectNext(int step);
+
+    TFormDesign& design_;
     TLayoutNode form_;  ///< what the layout points into
     TFormLayout layout_;
+    std::unordered_map<const TLayoutNode*, std::string> paths_;
 };
 
-/// A form in a tab: its picture in any of its languages, and its text, one of them in front.
+/// A form in a tab: its picture in any of its languages, with the panes of its designer, and its text, one of
+/// them in front.
 class TFormView : public QWidget {
   public:
-    TFormView(const std::string& fileName, IMlRuntime& runtime);
+    TFormView(const std::string& fileName, THeadlessIde& ide, IMlRuntime& runtime, TRunner& runner);
 
     TFormTextView& Text() const { return *text_; }
     void ShowPicture();
@@ -50,6 +76,8 @@ class TFormView : public QWidget {
     void showEvent(QShowEvent* event) override;
 
   private:
+    QWidget* MakePicturePage();
+    QToolBar* MakeBar();
     QAction* AddSwitch(QToolBar& bar, const char* name, const char* caption, int page);
     void FollowLanguages();
     /// Nothing while it is behind something else.
@@ -58,9 +86,11 @@ class TFormView : public QWidget {
     void ShowNotes(QStringList notes);
 
     IMlRuntime& runtime_;
+    TFormDesign design_;
     std::weak_ptr<IOTAFormEditor> form_;
     TFormTextView* text_;
     TFormPicture* picture_;
+    TDesignPanel* panel_;
     QStackedWidget* pages_;
     QAction* showPicture_;
     QAction* showText_;

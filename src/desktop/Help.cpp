@@ -28,6 +28,7 @@ constexpr std::array kPages{
     TPage{"frmSkippedStrings", "skipped", "Skipped strings"},
     TPage{"frmOptions", "options", "Options"},
     TPage{"frmProjectTranslationSettings", "projectsettings", "Settings of a project"},
+    TPage{"", "designer", "The form designer"},
     TPage{"frmMlLangComboEditor", "langcombo", "Languages of a combo"},
     TPage{"frmStringList", "stringlist", "Lines of text"},
     TPage{"frmTransEditor", "translationeditor", "Translation editor"},

@@ -103,6 +103,7 @@ constexpr std::array kCommandIcons{
     TCommandIcon{"ModifySource", "apply"},
     TCommandIcon{"Cancel", "cancel"},
     TCommandIcon{"acDeleteRow", "delete"},
+    TCommandIcon{"DeleteComponent", "delete"},
     TCommandIcon{"acExclude", "exclude"},
     TCommandIcon{"acMarktoIgnore", "ignore"},
     TCommandIcon{"acSwitchDeleted", "trash"},

@@ -23,11 +23,13 @@
 #include "desktop/Resources.h"
 #include "desktop/Texts.h"
 #include "desktop/Theme.h"
+#include "editors/Mllangcomboeditor.h"
 #include "expert/Mllangexp.h"
 #include "expert/Mlmainform.h"
 #include "platform/Projectoptions.h"
 #include "scan/Dntcedit.h"
 #include "translations/Projmngsaskfilename.h"
+#include "windows/Stringlisteditor.h"
 
 // Takes a picture of every window on a copy of a sample project, without a screen.
 namespace tml {
@@ -59,6 +61,7 @@ class TPictures {
     void TakeProjectSettings();
     void TakeExternalFiles();
     void TakeFormViews();
+    void TakeDesigner();
     void TakeTranslations();
     void TakeIDs();
     void TakeTranslationFiles();
@@ -202,6 +205,28 @@ void TPictures::TakeFormViews() {
     }
 }
 
+void TPictures::TakeDesigner() {
+    window_->Runner().Run([&] { window_->Tabs().ShowForm(Path("harbour/forms/Shipwindow.pas")); });
+    auto& tree = *window_->Tabs().currentWidget()->findChild<QTreeWidget*>("componentTree");
+    tree.setCurrentItem(tree.findItems("edtTons", Qt::MatchExactly | Qt::MatchRecursive).first());
+    Take(*window_, "designer");
+    steps_.push_back([this](QWidget& dialog) {
+        Take(dialog, "langcombo");
+        dialog.close();
+    });
+    TfrmMlLangComboEditor combo({{"English", {}, {}, {}, 0},
+                                 {"German", "Deutsch", "Noto Sans", "DEFAULT_CHARSET", 1},
+                                 {"Hebrew", {}, {}, {}, -1}});
+    combo.lbLanguagesClick(1);
+    window_->Host().Host().Dialogs->ShowModal(combo);
+    steps_.push_back([this](QWidget& dialog) {
+        Take(dialog, "stringlist");
+        dialog.close();
+    });
+    TfrmStringList lines("mlLang1.ExcludedProperties", TStringList({"!edtTons", "TSpinEdit", ".Hint"}));
+    window_->Host().Host().Dialogs->ShowModal(lines);
+}
+
 void TPictures::TakeTranslations() {
     SelectForm("MainForm");
     steps_.push_back([this](QWidget& editor) {
@@ -341,6 +366,7 @@ void TPictures::TakeAll() {
     window_->Find();
     Take(*window_, "messages");
     TakeFormViews();
+    TakeDesigner();
     TakeTranslations();
     TakeIDs();
 }

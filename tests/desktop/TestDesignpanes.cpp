@@ -1,0 +1,306 @@
+// The panes of the form designer, with real clicks and keys.
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTreeWidget>
+#include <fstream>
+
+#include "desktop/Deskfixture.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kForm = R"(object AboutBox: TAboutBox
+  ClientHeight = 140
+  ClientWidth = 260
+  object SmallPanel: TPanel
+    Left = 16
+    Top = 50
+    Width = 100
+    Height = 40
+    object WideLabel: TLabel
+      Left = 10
+      Top = 10
+      Width = 60
+      Height = 20
+      AutoSize = False
+      Caption = 'Wide'
+      Visible = True
+    end
+  end
+  object CloseButton: TButton
+    Left = 60
+    Top = 104
+    Width = 140
+    Height = 25
+    Caption = 'Close'
+  end
+  object mlLang_AboutBox: TmlLang
+    NumOfLanguages = 2
+    LangNames.Strings = (
+      'English'
+      'German')
+    Captions.Strings = (
+      'CloseButton.Caption'#1'Close'#1'Schlie'#223'en')
+  end
+  object combo: TmlLangCombo
+    Left = 150
+    Top = 20
+    Width = 90
+    Height = 21
+    Languages = mlLang_AboutBox
+  end
+  object dlgOpen: TmlOpenDialog
+    Title = 'Pick'
+  end
+end
+)";
+
+constexpr QPoint kButton(100, 112);
+constexpr QPoint kLabel(40, 70);
+constexpr QPoint kPanel(100, 55);
+
+struct TDesignPanes : TDesktop {
+    TDesignPanes() {
+        std::ofstream(Path("orchard/forms/About.dfm")) << kForm;
+        OpenOrchard();
+        Window->Runner().Run([&] { Window->Tabs().ShowForm(Path("orchard/forms/About.pas")); });
+        QApplication::processEvents();
+        Activate(*Window);
+    }
+    QWidget& Picture() { return Find<QWidget>("formPicture"); }
+    QTreeWidget& Tree() { return Find<QTreeWidget>("componentTree"); }
+    QTableView& Inspector() { return Find<QTableView>("inspector"); }
+    QTreeWidget& Messages() { return Window->Messages(); }
+    QString Title() { return TextOf(*Window, "inspectorTitle"); }
+    void ClickPicture(const QPoint& at, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(&Picture(), Qt::LeftButton, keys, at);
+    }
+    static void ExpectSoon(const std::function<bool()>& isTrue) { EXPECT_TRUE(QTest::qWaitFor(isTrue)); }
+    static QTreeWidgetItem* ItemOf(QTreeWidget& tree, const QString& name) {
+        const auto found = tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+        EXPECT_EQ(found.size(), 1) << FromQt(name);
+        return found.value(0);
+    }
+    static void ClickTree(QTreeWidget& tree, const QString& name, Qt::KeyboardModifiers keys = {}) {
+        QTreeWidgetItem* item = ItemOf(tree, name);
+        tree.scrollToItem(item);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, keys, tree.visualItemRect(item).center());
+    }
+    static void DoubleClickTree(QTreeWidget& tree, const QString& name) {
+        ClickTree(tree, name);
+        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {},
+                           tree.visualItemRect(ItemOf(tree, name)).center());
+        QApplication::processEvents();
+    }
+    QStringList SelectedNames() {
+        QStringList names;
+        for (const QTreeWidgetItem* item : Tree().selectedItems())
+            names += item->text(0);
+        names.sort();
+        return names;
+    }
+    QModelIndex Row(const QString& property, int column = 1) {
+        const auto& model = *Inspector().model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            if (model.index(row, 0).data() == property) return model.index(row, column);
+        ADD_FAILURE() << "no row " << FromQt(property);
+        return {};
+    }
+    QString Value(const QString& property) { return Row(property).data().toString(); }
+    void ClickRow(const QString& property, int column = 1) {
+        const QModelIndex index = Row(property, column);
+        Inspector().scrollTo(index);
+        QTest::mouseClick(Inspector().viewport(), Qt::LeftButton, {}, Inspector().visualRect(index).center());
+        QApplication::processEvents();
+    }
+    /// Enter begins, what is typed takes the place of the value, Enter ends.
+    void TypeValue(const QString& property, const QString& text) {
+        ClickRow(property, 0);
+        QTest::keyClick(&Inspector(), Qt::Key_Return);
+        auto* editor = Inspector().viewport()->findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr) << FromQt(property);
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+        auto* box = qobject_cast<QComboBox*>(editor->parentWidget());
+        QTest::keyClick(box == nullptr ? static_cast<QWidget*>(editor) : box, Qt::Key_Return);
+        ExpectSoon([&] { return Inspector().viewport()->findChild<QLineEdit*>() == nullptr; });
+    }
+    std::string FormText() { return FromQt(Window->Tabs().CurrentText()->text()); }
+    bool IsModified() { return Window->Host().Modules().FindFormModule("AboutBox")->GetModified(); }
+    void Undo() {
+        Activate(*Window);
+        QTest::keyClick(Window.get(), Qt::Key_Z, Qt::ControlModifier);
+        QApplication::processEvents();
+    }
+};
+
+TEST_F(TDesignPanes, APictureAndATreeSelectTheSame) {
+    EXPECT_EQ(Title(), "AboutBox: TAboutBox");
+    ClickPicture(kButton);
+    EXPECT_EQ(SelectedNames(), QStringList{"CloseButton"});
+    EXPECT_EQ(Title(), "CloseButton: TButton");
+    ClickPicture(kLabel, Qt::ControlModifier);
+    EXPECT_EQ(SelectedNames(), (QStringList{"CloseButton", "WideLabel"}));
+    ClickPicture(kButton, Qt::ShiftModifier);
+    EXPECT_EQ(SelectedNames(), QStringList{"WideLabel"});
+    const QRgb mark = Window->palette().color(QPalette::Highlight).rgb();
+    const QPoint corner(27, 61);  // of the label
+    EXPECT_EQ(Picture().grab().toImage().pixel(corner), mark);
+    QTest::keyClick(&Picture(), Qt::Key_Escape);
+    EXPECT_EQ(SelectedNames(), QStringList{"SmallPanel"});
+    EXPECT_NE(Picture().grab().toImage().pixel(corner), mark);
+    QTest::keyClick(&Picture(), Qt::Key_Right);
+    EXPECT_EQ(SelectedNames(), QStringList{"WideLabel"});
+    ClickTree(Tree(), "CloseButton");
+    EXPECT_EQ(Title(), "CloseButton: TButton");
+    EXPECT_EQ(Picture().grab().toImage().pixel(61, 105), mark);
+    QTest::keyClick(&Tree(), Qt::Key_Down);
+    EXPECT_EQ(Title(), "mlLang_AboutBox: TmlLang");
+    ClickTree(Tree(), "CloseButton", Qt::ControlModifier);
+    EXPECT_EQ(Title(), "2 components");
+    ClickPicture({5, 5});
+    EXPECT_EQ(SelectedNames(), QStringList{"AboutBox"});
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(TDesignPanes, AValueIsTypedChosenRefusedAndUndone) {
+    const std::string before = FormText();
+    ClickPicture(kButton);
+    TypeValue("Caption", "Shut");
+    ExpectSoon([&] { return Value("Caption") == QString("Shut"); });
+    EXPECT_NE(FormText().find("Caption = 'Shut'"), std::string::npos);
+    EXPECT_TRUE(IsModified());
+    EXPECT_TRUE(Window->Tabs().tabText(Window->Tabs().currentIndex()).endsWith('*'));
+    Undo();
+    EXPECT_EQ(FormText(), before);
+    EXPECT_FALSE(IsModified());
+    User.Answer(ToQt(Path("orchard/forms/About.dfm")) + ": CloseButton.Width takes a whole number", "OK");
+    TypeValue("Width", "wide");
+    ExpectSoon([&] { return Messages().topLevelItemCount() == 1; });
+    EXPECT_EQ(Value("Width"), "140");
+    EXPECT_EQ(FormText(), before);
+    EXPECT_FALSE(IsModified());
+    Activate(*Window);
+    TypeValue("Name", "EndButton");
+    ExpectSoon([&] { return Title() == QString("EndButton: TButton"); });
+    EXPECT_EQ(SelectedNames(), QStringList{"EndButton"});
+    Window->Runner().Run([&] { Window->GoTo(Path("orchard/forms/About.pas"), 0); });
+    EXPECT_TRUE(EditorText().contains("EndButton: TButton")) << FromQt(EditorText());
+    Undo();
+    EXPECT_FALSE(EditorText().contains("EndButton: TButton"));
+}
+
+TEST_F(TDesignPanes, AListOffersValues) {
+    ClickTree(Tree(), "WideLabel");
+    ClickRow("Visible", 0);
+    QTest::keyClick(&Inspector(), Qt::Key_F2);
+    auto* box = Inspector().viewport()->findChild<QComboBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->itemText(0) + box->itemText(1), "FalseTrue");
+    box->showPopup();
+    auto* list = box->view();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(box->model()->index(0, 0)).center());
+    ExpectSoon([&] { return Value("Visible") == QString("False"); });
+    ClickTree(Tree(), "mlLang_AboutBox");
+    TypeValue("Language", "German");
+    ExpectSoon([&] { return Value("Language") == QString("German"); });
+    ClickPicture(kButton);
+    EXPECT_EQ(Value("Caption"), QString::fromUtf8("Schlie\u00dfen")) << "the form shows the language";
+    Undo();
+    EXPECT_EQ(Value("Caption"), "Close");
+}
+
+TEST_F(TDesignPanes, AnEllipsisOpensTheEditorOfTheProperty) {
+    ClickTree(Tree(), "mlLang_AboutBox");
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmTransEditor");
+        window.close();
+    });
+    ClickRow("Captions", 2);
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "mlLang_AboutBox.ExcludedProperties");
+        auto& lines = *window.findChild<QPlainTextEdit*>("mmLines");
+        QTest::keyClicks(&lines, "!CloseButton");
+        QTest::keyClick(&lines, Qt::Key_Return);
+        QTest::keyClicks(&lines, "TEdit");
+        EXPECT_EQ(TextOf(window, "lblLines"), "2 lines");
+        QTest::keyClick(&lines, Qt::Key_Return, Qt::ControlModifier);
+    });
+    ClickRow("ExcludedProperties", 0);
+    QTest::keyClick(&Inspector(), Qt::Key_Return, Qt::ControlModifier);
+    ExpectSoon([&] { return Value("ExcludedProperties") == QString("(2 lines)"); });
+    Undo();
+    EXPECT_EQ(Value("ExcludedProperties"), "");
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(TDesignPanes, ADoubleClickOpensTheEditorOfTheComponent) {
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmTransEditor");
+        window.close();
+    });
+    DoubleClickTree(Tree(), "mlLang_AboutBox");
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "Edit Language Settings");
+        ClickItem(*window.findChild<QListWidget*>("lbLanguages"), 1);
+        EXPECT_EQ(window.findChild<QSpinBox*>("edImage")->text(), "(No image)");
+        Type(window, "edName", "Deutsch");
+        QTest::keyClick(window.findChild<QSpinBox*>("edImage"), Qt::Key_Up);
+        Press(window, "btOK");
+    });
+    ClickPicture({200, 30});
+    QTest::mouseDClick(&Picture(), Qt::LeftButton, {}, {200, 30});
+    ExpectSoon([&] { return FormText().find("DisplayText = 'Deutsch'") != std::string::npos; });
+    EXPECT_NE(FormText().find("ImageIndex = 0"), std::string::npos);
+    Undo();
+    EXPECT_EQ(FormText().find("DisplayText"), std::string::npos);
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(TDesignPanes, MenusHoldTheVerbs) {
+    User.Answer("Click \"Yes\" to exclude CloseButton from translations.", "Yes");
+    ChooseFromMenu(Picture(), kButton, "Exclude from translation...");
+    EXPECT_NE(FormText().find("'!CloseButton'"), std::string::npos);
+    Undo();
+    EXPECT_FALSE(IsModified());
+    User.Answer("This will execute test for the selected dialog.", "OK");
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "Pick");
+        window.close();
+    });
+    ClickTree(Tree(), "dlgOpen");
+    ChooseFromMenu(*Tree().viewport(), Tree().visualItemRect(ItemOf(Tree(), "dlgOpen")).center(),
+                   "Test TmlOpenDialog...");
+    ClickPicture(kPanel);
+    ChooseFromMenu(Picture(), kPanel, "Delete");
+    EXPECT_EQ(FormText().find("WideLabel"), std::string::npos);
+    Undo();
+    EXPECT_NE(FormText().find("WideLabel"), std::string::npos);
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(TDesignPanes, ThePaletteFillsAndDeleteEmptiesTheForm) {
+    Find<QTabWidget>("designTabs").setCurrentIndex(1);
+    auto& palette = Find<QTreeWidget>("palette");
+    DoubleClickTree(palette, "TmlTaskDialog");
+    EXPECT_EQ(Title(), "mlTaskDialog1: TmlTaskDialog");
+    EXPECT_NE(FormText().find("object mlTaskDialog1: TmlTaskDialog"), std::string::npos);
+    ClickTree(palette, "TmlLangDispatcher");
+    QTest::keyClick(&palette, Qt::Key_Return);
+    ExpectSoon([&] { return Title() == QString("mlLangDispatcher1: TmlLangDispatcher"); });
+    Undo();
+    EXPECT_EQ(FormText().find("TmlLangDispatcher"), std::string::npos);
+    ClickPicture(kButton);
+    QTest::keyClick(&Picture(), Qt::Key_Delete);
+    ExpectSoon([&] { return FormText().find("CloseButton: TButton") == std::string::npos; });
+    Undo();
+    EXPECT_NE(FormText().find("CloseButton: TButton"), std::string::npos);
+    Undo();
+    EXPECT_EQ(FormText().find("mlTaskDialog1"), std::string::npos);
+    EXPECT_FALSE(IsModified());
+}
+
+}  // namespace
+}  // namespace tml
