@@ -12,6 +12,7 @@ namespace tml {
 namespace {
 
 constexpr int kIndexRole = Qt::UserRole;
+constexpr int kLeastWidth = 16;  ///< pixels of the column of the classes
 
 const char* PictureFor(const TTreeComponent& component) {
     if (component.Parent < 0) return "form";
@@ -35,6 +36,7 @@ TComponentTree::TComponentTree(TFormDesign& design) : design_(design) {
     setObjectName("componentTree");
     setHeaderHidden(true);
     setColumnCount(2);
+    header()->setMinimumSectionSize(kLeastWidth);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::Stretch);
     setUniformRowHeights(true);

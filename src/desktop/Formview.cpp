@@ -28,7 +28,7 @@ namespace {
 constexpr int kDesk = 16;          ///< pixels around a form
 constexpr int kSelectionMark = 2;  ///< the frame around what is selected
 constexpr int kPictureWidth = 700;
-constexpr int kPanelWidth = 280;
+constexpr int kPanelWidth = 300;
 constexpr int kNotesTold = 3;  ///< the others in the hint
 enum TFormPage { pgPicture, pgText };
 
@@ -210,11 +210,11 @@ QWidget* TFormView::MakePicturePage() {
     around->setContentsMargins(kDesk, kDesk, kDesk, kDesk);
     around->addWidget(picture_);
     around->setSizeConstraint(QLayout::SetFixedSize);
-    auto* scroll = new QScrollArea;
-    scroll->setBackgroundRole(QPalette::Mid);
-    scroll->setWidget(desk);
+    scroll_ = new QScrollArea;
+    scroll_->setBackgroundRole(QPalette::Mid);
+    scroll_->setWidget(desk);
     auto* page = new QSplitter;
-    page->addWidget(scroll);
+    page->addWidget(scroll_);
     page->addWidget(panel_);
     page->setStretchFactor(0, 1);
     page->setSizes({kPictureWidth, kPanelWidth});
@@ -314,7 +314,19 @@ void TFormView::Draw() {
         notes += ToQt(error.what());
     }
     panel_->Refresh();
+    ScrollToSelected();
     ShowNotes(notes);
+}
+
+/// To what has been selected meanwhile.
+void TFormView::ScrollToSelected() {
+    const std::vector<int> selected = design_.Selected();
+    if (selected == selected_) return;
+    selected_ = selected;
+    const QRect place = selected.empty() ? QRect() : picture_->PlaceOf(selected.back());
+    if (place.isEmpty()) return;
+    const QPoint centre = picture_->mapTo(scroll_->widget(), place.center());
+    scroll_->ensureVisible(centre.x(), centre.y(), place.width() / 2 + kDesk, place.height() / 2 + kDesk);
 }
 
 void TFormView::ShowNotes(QStringList notes) {

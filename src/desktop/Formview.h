@@ -14,6 +14,7 @@
 class QAction;
 class QComboBox;
 class QLabel;
+class QScrollArea;
 class QStackedWidget;
 class QToolBar;
 
@@ -38,6 +39,8 @@ class TFormPicture : public QWidget {
     void Show(TLayoutNode form, const TLayoutOptions& options);
     /// Its items say where in the picture each control is.
     const TFormLayout& Layout() const { return layout_; }
+    /// Where the component is seen; empty for one that is not drawn.
+    QRect PlaceOf(int component) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,8 +53,6 @@ class TFormPicture : public QWidget {
     /// Index of the component that is seen there, the form's where no other is.
     int ComponentAt(const QPoint& at) const;
     int ComponentOf(const TLayoutItem& item) const;
-    /// Where the component is seen; empty for one that is not drawn.
-    QRect PlaceOf(int component) const;
     void SelectNext(int step);
 
     TFormDesign& design_;
@@ -83,6 +84,7 @@ class TFormView : public QWidget {
     /// Nothing while it is behind something else.
     void Draw();
     TLayoutNode FormInLanguage(IOTAFormEditor& form) const;
+    void ScrollToSelected();
     void ShowNotes(QStringList notes);
 
     IMlRuntime& runtime_;
@@ -91,12 +93,14 @@ class TFormView : public QWidget {
     TFormTextView* text_;
     TFormPicture* picture_;
     TDesignPanel* panel_;
+    QScrollArea* scroll_;
     QStackedWidget* pages_;
     QAction* showPicture_;
     QAction* showText_;
     QAction* languagesShown_;
     QComboBox* languages_;
     QLabel* notes_;
+    std::vector<int> selected_;  ///< as the picture was scrolled for it
 };
 
 }  // namespace tml

@@ -46,6 +46,8 @@ std::string KindOf(const std::string& className) {
 TPropertyType TypeOfHeld(IOTAComponent& component, const TFormProperty& property) {
     TPropertyType type = TypeByValue(component.GetComponentType(), property.Name, property.Value);
     if (type.Takes != TTakes::Name) return type;
+    // One on another form, which is not opened for being looked at.
+    if (property.Value.Text.find('.') != std::string::npos) return {TTakes::Component, "TComponent"};
     const auto target = component.GetPropComponent(property.Name);
     return target == nullptr ? type : TPropertyType{TTakes::Component, KindOf(target->GetComponentType())};
 }
@@ -137,6 +139,7 @@ std::vector<TInspectedProperty> TInspector::RowsOf(const std::shared_ptr<IOTACom
         collected.IsInherited = depth > 0;
         AddHeld(collected, *holder);
     }
+    AddLanguage(collected, component);
     AddEdited(collected, component);
     TInspectedProperty& name = collected.At(kName);
     name = {kName, component->GetName(), {TTakes::Name}, true, true, false, false};
@@ -172,6 +175,16 @@ void TInspector::AddHeld(TCollected& rows, IOTAComponent& component) const {
         row.CanType = IsTyped(row, &property.Value);
         row.HasDialog = row.Type.Takes == TTakes::Strings || row.Type.Takes == TTakes::String;
     }
+}
+
+/// The first language is the active one where the form holds none; that of a dispatcher stands there.
+void TInspector::AddLanguage(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const {
+    const auto lang = runtime_.AsCustomLang(component);
+    const auto dispatcher = runtime_.AsDispatcher(component);
+    if (lang != nullptr && !ReadProp(*component, "Dispatcher"))
+        rows.At("Language").Value = lang->GetLanguage();
+    else if (dispatcher != nullptr)
+        rows.At("Language").Value = dispatcher->GetLanguage();
 }
 
 void TInspector::AddEdited(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const {

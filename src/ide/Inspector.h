@@ -52,6 +52,7 @@ class TInspector {
     std::vector<TInspectedProperty> RowsOf(const std::shared_ptr<IOTAComponent>& component) const;
     void AddHeld(TCollected& rows, IOTAComponent& component) const;
     void AddOffered(TCollected& rows, const std::string& className) const;
+    void AddLanguage(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const;
     void AddEdited(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const;
     const TInspectedProperty* Find(const std::string& property) const;
     std::unique_ptr<IPropertyEditor> EditorOf(const std::shared_ptr<IOTAComponent>& component,

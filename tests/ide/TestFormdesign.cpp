@@ -203,6 +203,30 @@ TEST_F(TFormDesignTest, RefusesWhatAPropertyCannotTake) {
     EXPECT_EQ(Ide.Undo(), "") << "no step was left behind";
 }
 
+TEST_F(TFormDesignTest, OffersTheValuesThatAPropertyTakes) {
+    Show();
+    const struct {
+        const char* Path;
+        const char* Property;
+        const char* Values;
+    } kOffered[] = {
+        {"mlLang1", "Language", "English,German"},
+        {"mlLang1", "Dispatcher", "disp"},
+        {"linked", "CommonContainer", "mlLang1"},
+        {"Panel1", "Visible", "False,True"},
+        {"Label1", "FocusControl", "Panel1,Edit1,List1,Label1,Button1"},
+        {"Panel1", "Align", "alNone,alTop,alBottom,alLeft,alRight,alClient,alCustom"},
+        {"Panel1", "Height", ""},
+    };
+    for (const auto& offered : kOffered) {
+        Select({offered.Path});
+        EXPECT_EQ(Design.Inspector().Values(offered.Property).CommaText(), offered.Values)
+            << offered.Property;
+    }
+    EXPECT_EQ(Value("mlLang1", "Language"), "English");
+    EXPECT_FALSE(Row("Language").IsHeld) << "the first one without being stored";
+}
+
 TEST_F(TFormDesignTest, EditsWhatSeveralComponentsHaveInCommon) {
     Show();
     Select({"Panel1", "Button1"});
