@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QScreen>
 #include <QStyle>
+#include <algorithm>
 
 #include "desktop/Texts.h"
 
@@ -15,6 +16,7 @@ constexpr const char* kDocks = "Docks";
 constexpr const char* kExpert = "OpensExpert";
 constexpr const char* kRecent = "RecentProjects";
 constexpr int kMostRecent = 10;
+constexpr int kLargestSize = 10'000;
 
 }  // namespace
 
@@ -50,6 +52,21 @@ void TPlaces::Restore(QWidget& window, const std::string& name) {
 
 void TPlaces::Save(const QWidget& window, const std::string& name) {
     SetBytes(name, window.saveGeometry());
+}
+
+std::vector<int> TPlaces::Sizes(const std::string& name) {
+    std::vector<int> sizes;
+    for (const QString& size :
+         ToQt(registry_.ReadString(kKey, name).value_or("")).split(' ', Qt::SkipEmptyParts))
+        sizes.push_back(std::clamp(size.toInt(), 0, kLargestSize));
+    return sizes;
+}
+
+void TPlaces::SetSizes(const std::string& name, const std::vector<int>& sizes) {
+    QStringList texts;
+    for (const int size : sizes)
+        texts += QString::number(size);
+    registry_.WriteString(kKey, name, FromQt(texts.join(' ')));
 }
 
 void TPlaces::RestoreState(QMainWindow& window) {

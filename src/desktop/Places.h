@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <vector>
 
 #include "core/Placement.h"
 #include "platform/Registry.h"
@@ -25,6 +26,9 @@ class TPlaces {
 
     void Restore(QWidget& window, const std::string& name);
     void Save(const QWidget& window, const std::string& name);
+    /// How wide or high the parts of a window are, in widths of its design; empty before the first time.
+    std::vector<int> Sizes(const std::string& name);
+    void SetSizes(const std::string& name, const std::vector<int>& sizes);
     /// With its tool bars and docks.
     void RestoreState(QMainWindow& window);
     void SaveState(const QMainWindow& window);

@@ -8,7 +8,7 @@
 namespace tml {
 namespace {
 
-constexpr qint64 kSilence = 100;       ///< ms
+constexpr qint64 kSilence = 80;        ///< ms, so that the box is seen within 100
 constexpr qint64 kBetweenEvents = 50;  ///< ms
 
 }  // namespace

@@ -42,8 +42,7 @@ bool TTransCells::edit(const QModelIndex& index, EditTrigger trigger, QEvent* ev
     // A key that only moves or is a command edits nothing.
     const bool isText = trigger != AnyKeyPressed || !static_cast<QKeyEvent*>(event)->text().isEmpty();
     if (wanted && isText && index.isValid() && state() != EditingState &&
-        (model()->flags(index) & Qt::ItemIsEditable) != 0 &&
-        index.data(Qt::EditRole).toString().contains('\n')) {
+        (model()->flags(index) & Qt::ItemIsEditable) != 0 && Rows().HasLines(index)) {
         EditBelow(trigger == AnyKeyPressed ? event : nullptr);
         return true;
     }

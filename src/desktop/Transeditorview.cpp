@@ -17,6 +17,11 @@ namespace {
 constexpr int kTextWidth = 130;  ///< at least, of a column
 constexpr int kTreeWidth = 200;
 constexpr int kBoxLines = 5;
+constexpr int kTypingPause = 150;  ///< ms
+
+constexpr const char* kTreeSizes = "Tree.frmTransEditor";
+constexpr const char* kBoxSizes = "Boxes.frmTransEditor";
+constexpr const char* kColumnSizes = "Columns.frmTransEditor";
 
 QString ShareText(const TTransProgress& progress) {
     return progress.Texts == 0 ? QString() : QString("%1/%2").arg(progress.Done()).arg(progress.Texts);
@@ -70,7 +75,7 @@ void TTransEditorView::BindTree() {
     ui_->tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ui_->tree->header()->setStretchLastSection(false);
     ui_->splitter->setStretchFactor(1, 1);
-    ui_->splitter->setSizes({ShownWidth(*this, kTreeWidth), width()});
+    connect(ui_->tree, &QTreeWidget::itemActivated, ui_->grTexts, [this] { ui_->grTexts->setFocus(); });
     connect(ui_->tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
         if (refreshing_ || current == nullptr) return;
         const auto node = std::find(nodes_.begin(), nodes_.end(), current) - nodes_.begin();
@@ -97,20 +102,43 @@ void TTransEditorView::BindFilters() {
             filter.Language = index <= 0 ? std::string() : FromQt(ui_->cbLanguage->itemText(index));
         });
     });
-    connect(ui_->filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        ChangeFilter([&](TTransFilter& filter) { filter.Text = FromQt(text); });
-    });
+    BindSearch();
     ui_->ckPattern->setVisible(form_.HasPatterns());
     connect(ui_->ckPattern, &QCheckBox::toggled, this, [this](bool checked) {
         ChangeFilter([checked](TTransFilter& filter) { filter.IsPattern = checked; });
+    });
+}
+
+void TTransEditorView::BindSearch() {
+    typing_.setSingleShot(true);
+    typing_.setInterval(kTypingPause);
+    connect(&typing_, &QTimer::timeout, this, [this] { Search(); });
+    connect(ui_->filter, &QLineEdit::textChanged, this, [this] {
+        if (!refreshing_) typing_.start();
     });
     binder_.Keys(this, QKeySequence::Find, [this] {
         ui_->filter->setFocus();
         ui_->filter->selectAll();
     });
-    // Of the box alone: in the table the key goes down.
+    const auto leave = [this] {
+        Search();
+        ui_->grTexts->setFocus();
+    };
+    connect(ui_->filter, &QLineEdit::returnPressed, this, leave);
+    // Of the box alone: in the table the keys go down, and close the window.
+    new QShortcut(Qt::Key_Down, ui_->filter, leave, Qt::WidgetShortcut);
     new QShortcut(
-        Qt::Key_Down, ui_->filter, [this] { ui_->grTexts->setFocus(); }, Qt::WidgetShortcut);
+        Qt::Key_Escape, ui_->filter,
+        [this, leave] {
+            ui_->filter->clear();
+            leave();
+        },
+        Qt::WidgetShortcut);
+}
+
+void TTransEditorView::Search() {
+    typing_.stop();
+    ChangeFilter([this](TTransFilter& filter) { filter.Text = FromQt(ui_->filter->text()); });
 }
 
 void TTransEditorView::BindCells() {
@@ -138,6 +166,12 @@ void TTransEditorView::BindButtons() {
         form_.btnCancelClick();
     });
     binder_.Click(ui_->btnHelp, [this] { services_.ShowHelp(form_.Name); });
+    binder_.Keys(this, Qt::Key_F9, [this] {
+        if (ui_->tree->hasFocus())
+            ui_->grTexts->setFocus();
+        else
+            ui_->tree->setFocus();
+    });
     // From the table to the box and back.
     binder_.Keys(this, Qt::CTRL | Qt::Key_Return, [this] {
         if (ui_->memText->hasFocus())
@@ -148,6 +182,7 @@ void TTransEditorView::BindButtons() {
 }
 
 void TTransEditorView::Execute(const TAction& action) {
+    if (typing_.isActive()) Search();
     TakeTyped();
     Run([&] { action.Execute ? action.Execute() : services_.ShowHelp(form_.Name); });
 }
@@ -184,21 +219,44 @@ bool TTransEditorView::eventFilter(QObject* watched, QEvent* event) {
 
 // --- showing
 
+void TTransEditorView::showEvent(QShowEvent* event) {
+    TView::showEvent(event);
+    if (!event->spontaneous()) LayOut();
+}
+
 void TTransEditorView::LayOut() {
-    laidOut_ = true;
+    layout()->activate();
     QTableView& cells = *ui_->grTexts;
+    const auto stored = [this](const char* name) { return services_.Places.Sizes(name); };
+    const std::vector<int> tree = stored(kTreeSizes), boxes = stored(kBoxSizes),
+                           columns = stored(kColumnSizes);
+    // The least for the grid: what is left goes to it.
+    const int treeWidth = ShownWidth(*this, tree.empty() ? kTreeWidth : tree.front());
+    ui_->splitter->setSizes({std::min(treeWidth, width() / 2), width()});
+    const int lines = std::min((kBoxLines + 2) * fontMetrics().lineSpacing(), height() / 4);
+    const int boxHeight = boxes.empty() ? lines : ShownWidth(*this, boxes.front());
+    ui_->textSplitter->setSizes({1, std::min(boxHeight, height() / 2)});
     const int share = cells.viewport()->width() / form_.ColumnCount();
+    for (int column = 0; column < form_.ColumnCount(); ++column) {
+        const auto place = static_cast<std::size_t>(column);
+        cells.setColumnWidth(column, place < columns.size() ? ShownWidth(*this, columns[place])
+                                                            : std::max(share, ShownWidth(*this, kTextWidth)));
+    }
+    cells.scrollTo(cells.currentIndex());
+}
+
+void TTransEditorView::BeforeClose() {
+    std::vector<int> columns;
     for (int column = 0; column < form_.ColumnCount(); ++column)
-        cells.setColumnWidth(column, std::max(share, ShownWidth(*this, kTextWidth)));
-    // The least for the grid: what is left of the height goes to it.
-    const int boxes = (kBoxLines + 2) * fontMetrics().lineSpacing();
-    ui_->textSplitter->setSizes({1, std::min(boxes, height() / 2)});
+        columns.push_back(DesignWidth(*this, ui_->grTexts->columnWidth(column)));
+    services_.Places.SetSizes(kColumnSizes, columns);
+    services_.Places.SetSizes(kTreeSizes, {DesignWidth(*this, ui_->splitter->sizes().front())});
+    services_.Places.SetSizes(kBoxSizes, {DesignWidth(*this, ui_->textSplitter->sizes().back())});
 }
 
 void TTransEditorView::Refresh() {
     if (refreshing_) return;
     refreshing_ = true;
-    if (!laidOut_ && isVisible()) LayOut();
     ui_->grTexts->ShowCells();
     binder_.Refresh();
     actions_->Refresh();
@@ -210,15 +268,16 @@ void TTransEditorView::Refresh() {
 }
 
 int TTransEditorView::ProgressColumn() const {
-    const int last = form_.ColumnCount() - 1;
-    return form_.Grid().Column() > 1 ? form_.Grid().Column() : std::min(2, last);
+    const int current = form_.Grid().Column();
+    const bool isTranslation = form_.NodeProgress(form_.Node(), current).Texts > 0;
+    return isTranslation ? current : form_.FirstTranslation();
 }
 
 void TTransEditorView::RefreshTree() {
     ui_->tree->setCurrentItem(nodes_[static_cast<std::size_t>(form_.Node())]);
     const int column = ProgressColumn();
-    ui_->tree->headerItem()->setText(1, column > 1 ? ToQt(form_.ColumnCaption(column)) : QString());
-    for (std::size_t i = 0; i < nodes_.size() && column > 1; ++i)
+    ui_->tree->headerItem()->setText(1, ToQt(form_.ColumnCaption(column)));
+    for (std::size_t i = 0; i < nodes_.size(); ++i)
         nodes_[i]->setText(1, ShareText(form_.NodeProgress(static_cast<int>(i), column)));
 }
 
@@ -227,7 +286,8 @@ void TTransEditorView::RefreshFilters() {
     ui_->cbShow->setCurrentIndex(static_cast<int>(filter.Show));
     ui_->cbLanguage->setCurrentIndex(std::max(0, ui_->cbLanguage->findText(ToQt(filter.Language))));
     ui_->cbLanguage->setEnabled(filter.Show != TTransShow::All);
-    if (FromQt(ui_->filter->text()) != filter.Text) ui_->filter->setText(ToQt(filter.Text));
+    if (!typing_.isActive() && FromQt(ui_->filter->text()) != filter.Text)
+        ui_->filter->setText(ToQt(filter.Text));
     ui_->ckPattern->setChecked(filter.IsPattern);
     ui_->filterCount->setText(QString("%1 rows").arg(form_.Grid().Count()));
 }
@@ -238,8 +298,11 @@ void TTransEditorView::ShowText(QPlainTextEdit& box, const QString& text, int co
     option.setTextDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
     option.setAlignment(mirrored ? Qt::AlignRight : Qt::AlignLeft);
     box.document()->setDefaultTextOption(option);
-    // The caret of somebody who types stays.
-    if (box.toPlainText() != text) box.setPlainText(text);
+    // The caret of somebody who types stays; of one who goes on to another text all is selected.
+    if (box.toPlainText() != text) {
+        box.setPlainText(text);
+        if (box.hasFocus()) box.selectAll();
+    }
     box.document()->setModified(false);
 }
 
@@ -250,12 +313,13 @@ void TTransEditorView::RefreshTexts() {
     const auto text = [&](int of) {
         return hasRow ? ToQt(form_.Text(place, of)).replace("\r\n", "\n") : QString();
     };
-    ui_->lblBase->setText(form_.ColumnCount() > 1 ? ToQt(form_.ColumnCaption(1)) + ":" : QString());
-    if (form_.ColumnCount() > 1) ShowText(*ui_->memBase, text(1), 1);
+    const int base = hasRow ? form_.BaseColumn(place) : 1;
+    ui_->lblBase->setText(ToQt(form_.ColumnCaption(base)) + ":");
+    ShowText(*ui_->memBase, text(base), base);
     const QString former = hasRow ? ToQt(form_.FormerBase(place, column)).replace("\r\n", "\n") : QString();
     ui_->lblFormer->setVisible(!former.isEmpty());
     ui_->memFormer->setVisible(!former.isEmpty());
-    ShowText(*ui_->memFormer, former, 1);
+    ShowText(*ui_->memFormer, former, base);
     QString caption = ToQt(form_.ColumnCaption(column));
     const QString state = hasRow ? StateText(form_, place, column) : QString();
     if (!state.isEmpty()) caption += " (" + state + ")";
@@ -266,16 +330,14 @@ void TTransEditorView::RefreshTexts() {
 
 void TTransEditorView::RefreshStatus() {
     const int column = ProgressColumn();
+    const TTransProgress progress = form_.NodeProgress(form_.Node(), column);
     QString text;
-    if (column > 1) {
-        const TTransProgress progress = form_.NodeProgress(form_.Node(), column);
-        const int percent = progress.Texts == 0 ? 100 : 100 * progress.Done() / progress.Texts;
+    if (progress.Texts > 0)
         text = QString("%1: %2 of %3 done (%4 %)")
                    .arg(ToQt(form_.ColumnCaption(column)))
                    .arg(progress.Done())
                    .arg(progress.Texts)
-                   .arg(percent);
-    }
+                   .arg(progress.Percent());
     progress_->setText(text);
     notice_->setText(ToQt(form_.Notice));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -25,7 +26,11 @@ class TTransEditorView : public TView {
     ~TTransEditorView() override;
 
     void Refresh() override;
+    void BeforeClose() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 
   private:
     void BindTree();
@@ -39,6 +44,9 @@ class TTransEditorView : public TView {
     void TakeTyped();
     void EditBelow(QEvent* event);
     void ChangeFilter(const std::function<void(TTransFilter&)>& change);
+    void BindSearch();
+    /// What is typed in the search is looked for once the person pauses, or leaves it.
+    void Search();
 
     /// Gives the grid the height that the boxes leave, and its columns the width.
     void LayOut();
@@ -48,7 +56,7 @@ class TTransEditorView : public TView {
     /// Shows a text in a box, in the direction of its column.
     void ShowText(QPlainTextEdit& box, const QString& text, int column);
     void RefreshStatus();
-    /// The column of a language whose progress is shown, 0 without one.
+    /// The column of the language whose progress is shown.
     int ProgressColumn() const;
 
     TfrmTransEditor& form_;
@@ -60,8 +68,8 @@ class TTransEditorView : public TView {
     std::vector<QTreeWidgetItem*> nodes_;
     QLabel* progress_;
     QLabel* notice_;
+    QTimer typing_;  ///< runs while what is typed in the search is not looked for yet
     bool refreshing_ = false;
-    bool laidOut_ = false;
 };
 
 }  // namespace tml

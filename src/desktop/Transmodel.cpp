@@ -45,10 +45,17 @@ void TTransModel::Refresh() {
     } else if (rows_ > 0) {
         emit dataChanged(index(0, 0), index(rows_ - 1, form_.ColumnCount() - 1));
     }
+    emit headerDataChanged(Qt::Horizontal, 0, form_.ColumnCount() - 1);
 }
 
 bool TTransModel::IsRightToLeft(int column) const {
     return column > 0 && form_.Texts().Languages()[static_cast<std::size_t>(column) - 1].IsRightToLeft;
+}
+
+bool TTransModel::HasLines(const QModelIndex& index) const {
+    const auto hasLines = [](const std::string& text) { return text.find('\n') != std::string::npos; };
+    return hasLines(form_.Text(index.row(), index.column())) ||
+           (index.column() > 0 && hasLines(form_.Base(index.row())));
 }
 
 int TTransModel::rowCount(const QModelIndex& parent) const {
@@ -96,7 +103,10 @@ QVariant TTransModel::data(const QModelIndex& index, int role) const {
 QVariant TTransModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
-    return role == Qt::DisplayRole ? QVariant(ToQt(form_.ColumnCaption(section))) : QVariant();
+    if (role != Qt::DisplayRole) return {};
+    const QString caption = ToQt(form_.ColumnCaption(section));
+    const TTransProgress progress = form_.NodeProgress(form_.Node(), section);
+    return progress.Texts == 0 ? caption : QString("%1  %2 %").arg(caption).arg(progress.Percent());
 }
 
 bool TTransModel::setData(const QModelIndex& index, const QVariant& value, int role) {

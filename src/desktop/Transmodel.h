@@ -19,6 +19,8 @@ class TTransModel : public QAbstractTableModel {
     void Refresh();
     TfrmTransEditor& Form() const { return form_; }
     bool IsRightToLeft(int column) const;
+    /// True for a text of several lines, and for one that translates such a text.
+    bool HasLines(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex& parent) const override;

@@ -8,7 +8,7 @@ namespace tml {
 TExpertHost::TExpertHost(IFileSystem& files, IRegistry& registry, IDialogs& dialogs,
                          std::unique_ptr<ICommonLibraryLoader> common, bool dockableForms)
     : files_(files),
-      runtime_(MakeMlRuntime()),
+      runtime_(MakeMlRuntime(&registry)),
       common_(std::move(common)),
       ide_(files, *runtime_, dockableForms),
       host_{&ide_, runtime_.get(), &registry, &dialogs, &files_, common_.get(), clock_.get()} {

@@ -14,6 +14,7 @@ constexpr const char* kAllForms = "All forms";
 constexpr const char* kBoxCaption = "Translation Editor";
 constexpr const char* kIDPrompt = "String ID:";
 constexpr const char* kReading = "Reading translations...";
+constexpr const char* kTranslating = "Translating equal texts...";
 constexpr const char* kSearching = "Searching...";
 constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
 constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
@@ -33,18 +34,20 @@ ICommonLibrary* MatcherOf(IMlRuntime& runtime) {
 
 TfrmTransEditor::TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCustomLang*>& langs,
                                  const TTransEditorPlace& place, TChangeStrID onChangeStrID,
-                                 TTransEditorMemory& memory)
+                                 TTransEditorMemory& memory, IRegistry* registry)
     : runtime_(runtime),
       onChangeStrID_(std::move(onChangeStrID)),
       memory_(memory),
+      registry_(registry),
       library_(MatcherOf(runtime)),
       texts_(langs, [&](int forms) {
-          runtime.Dialogs->ShowProgress(kReading, forms, static_cast<int>(langs.size()));
+          return runtime.Dialogs->ShowProgress(kReading, forms, static_cast<int>(langs.size()));
       }) {
     Name = "frmTransEditor";
     Caption = CaptionOf(texts_);
     ActiveControl = "grTexts";
     Actions = CommandsOf(*this);
+    if (registry_ != nullptr) ReadTransEditorMemory(*registry_, memory_);
     BuildTree(place);
     Open(place);
 }
@@ -112,6 +115,8 @@ int TfrmTransEditor::ColumnOf(const std::string& language) const {
 }
 
 int TfrmTransEditor::FirstTranslation() const {
+    for (int column = 1; column < ColumnCount(); ++column)
+        if (texts_.Progress(column, -1).Texts > 0) return column;
     return std::min(2, ColumnCount() - 1);
 }
 
@@ -132,6 +137,10 @@ void TfrmTransEditor::Return() {
     if (nodeForm >= 0) node_ = NodeOf({nodeForm, TableOf(nodeForm, memory_.NodeTable)});
     filter_ = memory_.Filter;
     if (!HasPatterns()) filter_.IsPattern = false;
+    const auto& languages = texts_.Languages();
+    if (std::none_of(languages.begin(), languages.end(),
+                     [this](const auto& known) { return SameText(known.Name, filter_.Language); }))
+        filter_.Language.clear();
     Arrange();
     const int form = FormOf(memory_.Form);
     const int table = TableOf(form, memory_.Table);
@@ -173,6 +182,10 @@ void TfrmTransEditor::Arrange() {
 
 std::string TfrmTransEditor::ColumnCaption(int column) const {
     return column == 0 ? "Key" : texts_.Languages()[static_cast<std::size_t>(column) - 1].Name;
+}
+
+int TfrmTransEditor::BaseColumn(int place) const {
+    return texts_.ColumnAt(grid_.RowAt(place), 1);
 }
 
 std::optional<TTextState> TfrmTransEditor::State(int place, int column) const {
@@ -221,11 +234,12 @@ void TfrmTransEditor::SetState(TTextState state) {
     Done();
 }
 
-void TfrmTransEditor::acNextUntranslated() {
+void TfrmTransEditor::GoToUntranslated(int step) {
     const int count = grid_.Count();
-    const int column = std::max(grid_.Column(), FirstTranslation());
+    const bool isTranslation = texts_.Progress(grid_.Column(), -1).Texts > 0;
+    const int column = isTranslation ? grid_.Column() : FirstTranslation();
     for (int i = 1; i <= count; ++i) {
-        const int place = (grid_.Place() + i) % count;
+        const int place = (grid_.Place() + step * i + count) % count;
         const auto state = State(place, column);
         if (!state || *state == TTextState::Done) continue;
         grid_.SetCurrent(place, column);
@@ -261,7 +275,14 @@ void TfrmTransEditor::acFillFromBase() {
 }
 
 void TfrmTransEditor::acTranslateEqual() {
-    Done(Format("Translated alike: %d", TranslateEqual(texts_, Selected())));
+    std::optional<int> written;
+    {
+        const TProgressEnd end(*runtime_.Dialogs);
+        written = TranslateEqual(texts_, Selected(), [this](int done, int all) {
+            return runtime_.Dialogs->ShowProgress(kTranslating, done, all);
+        });
+    }
+    Done(written ? Format("Translated alike: %d", *written) : "Stopped: nothing is changed");
 }
 
 void TfrmTransEditor::acClear() {
@@ -339,8 +360,7 @@ void TfrmTransEditor::acAddID() {
     const TTransRow row =
         texts_.Add(table, {id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
     grid_.Update({row}, {});
-    const auto base = std::find(form.Places.begin(), form.Places.end(), 1);
-    Show(row, static_cast<int>(base - form.Places.begin()));
+    Show(row, texts_.ColumnAt(row, 1));
     Done();
 }
 
@@ -422,7 +442,11 @@ void TfrmTransEditor::FormClose() {
     memory_.NodeTable.clear();
     if (scope.Table >= 0)
         memory_.NodeTable = texts_.Tables()[static_cast<std::size_t>(scope.Table)].Property();
-    if (!HasRow()) return;
+    if (HasRow()) RememberCurrent();
+    if (registry_ != nullptr) WriteTransEditorMemory(*registry_, memory_);
+}
+
+void TfrmTransEditor::RememberCurrent() {
     const TTransCell current = grid_.Current();
     memory_.Form = texts_.FormOf(current.Row).Name;
     memory_.Table = texts_.TableOf(current.Row).Property();

@@ -9,21 +9,11 @@
 #include "runtime/Transedits.h"
 #include "runtime/Transfilter.h"
 #include "runtime/Transgrid.h"
+#include "runtime/Transmemory.h"
 #include "runtime/Transtexts.h"
 #include "windows/Actions.h"
 
 namespace tml {
-
-/// What the translation editor remembers from one opening to the next.
-struct TTransEditorMemory {
-    std::string Form;   ///< of the current text
-    std::string Table;  ///< its property
-    std::string Key;
-    std::string Language;  ///< of the current column, "" for that of the keys
-    TTransFilter Filter;
-    std::string NodeForm;   ///< of the node, "" for all forms
-    std::string NodeTable;  ///< "" for all tables
-};
 
 /// A node of the tree: all forms, a form, a table.
 struct TTransNode {
@@ -37,10 +27,12 @@ struct TTransNode {
 /// written at once.
 class TfrmTransEditor : public TForm {
   public:
-    /// Runtime, components and memory must outlive the window. The place is in the first component. Shows
-    /// progress, which the caller ends.
+    /// All that it is given must outlive the window. The place is in the first component. registry: where it
+    /// keeps what it remembers over the program's end, nullptr for nowhere. Shows progress, which the caller
+    /// ends; EmlLangSilent where the person stops it.
     TfrmTransEditor(IMlRuntime& runtime, const std::vector<TmlCustomLang*>& langs,
-                    const TTransEditorPlace& place, TChangeStrID onChangeStrID, TTransEditorMemory& memory);
+                    const TTransEditorPlace& place, TChangeStrID onChangeStrID, TTransEditorMemory& memory,
+                    IRegistry* registry);
     TfrmTransEditor(const TfrmTransEditor&) = delete;
     TfrmTransEditor& operator=(const TfrmTransEditor&) = delete;
 
@@ -60,7 +52,7 @@ class TfrmTransEditor : public TForm {
 
     int Node() const { return node_; }
     void SelectNode(int node);
-    /// How far a column's language is below a node; of settings and keys nothing.
+    /// How far a column's language is below a node; of settings, keys and base texts nothing.
     TTransProgress NodeProgress(int node, int column) const;
 
     // Filter
@@ -78,6 +70,11 @@ class TfrmTransEditor : public TForm {
     int ColumnCount() const { return static_cast<int>(texts_.Languages().size()) + 1; }
     /// "Key", then the languages.
     std::string ColumnCaption(int column) const;
+    /// The text that a row is translated from, and the column that it stands in; forms may differ in it.
+    const std::string& Base(int place) const { return texts_.Find(grid_.RowAt(place))->Base(); }
+    int BaseColumn(int place) const;
+    /// The first column of a language that anything is translated into.
+    int FirstTranslation() const;
     /// What a cell holds, and its state: none for keys, base texts and settings.
     const std::string& Text(int place, int column) const { return texts_.Text(grid_.RowAt(place), column); }
     std::optional<TTextState> State(int place, int column) const;
@@ -95,7 +92,8 @@ class TfrmTransEditor : public TForm {
     /// Says of the selected translations in which state they are; see WithState.
     void SetState(TTextState state);
 
-    void acNextUntranslated();
+    void acNextUntranslated() { GoToUntranslated(1); }
+    void acPreviousUntranslated() { GoToUntranslated(-1); }
     /// Writes the base text into the selected translations.
     void acCopyBase();
     /// The selected translations are done; goes on to the next untranslated one.
@@ -149,14 +147,16 @@ class TfrmTransEditor : public TForm {
     /// -1 for a table that the form has not.
     int TableOf(int form, std::string_view property) const;
     int ColumnOf(const std::string& language) const;
-    int FirstTranslation() const;
     void Show(TTransRow row, int column);
+    void RememberCurrent();
     /// Assigns the rows that pass the filter.
     void Arrange();
 
     /// Ends the step and tells the view.
     void Done(const std::string& notice = {});
     void Follow(const TTransSwapped& swapped);
+    /// step: 1 for the next one, -1 for the one before, round the ends.
+    void GoToUntranslated(int step);
     std::vector<TTransCell> Selected() const { return SelectedCells(grid_); }
     bool IsOfStrings(TTransRow row) const;
     /// The table "Strings" that takes new IDs: the current row's form's, else the node's; -1 for none.
@@ -169,6 +169,7 @@ class TfrmTransEditor : public TForm {
     IMlRuntime& runtime_;
     TChangeStrID onChangeStrID_;
     TTransEditorMemory& memory_;
+    IRegistry* registry_;
     ICommonLibrary* library_;
     TTransTexts texts_;
     TTransFilter filter_;

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "base/Errors.h"
 #include "runtime/Classes.h"
 #include "runtime/Langfiles.h"
 #include "runtime/Langview.h"
@@ -28,7 +29,7 @@ TStringList PropertiesOf(const std::string& className) {
 
 class TMlRuntime : public IMlRuntime {
   public:
-    TMlRuntime() {
+    explicit TMlRuntime(IRegistry* registry) : registry_(registry) {
         TransEditorForms = [this](const auto& langs, const auto& place, const auto& onChangeStrID) {
             return EditTranslations(langs, place, onChangeStrID);
         };
@@ -73,23 +74,33 @@ class TMlRuntime : public IMlRuntime {
     std::vector<TmlCustomLang*> EditTranslations(const std::vector<TmlCustomLang*>& langs,
                                                  const TTransEditorPlace& place,
                                                  const TChangeStrID& onChangeStrID) {
-        std::unique_ptr<TfrmTransEditor> window;
-        {
-            const TProgressEnd end(*Dialogs);
-            window = std::make_unique<TfrmTransEditor>(*this, langs, place, onChangeStrID, memory_);
-        }
+        const auto window = OpenEditor(langs, place, onChangeStrID);
+        if (window == nullptr) return {};
         Dialogs->ShowModal(*window);
         return window->ChangedLangs();
     }
 
+    /// nullptr where the person stops it on the way.
+    std::unique_ptr<TfrmTransEditor> OpenEditor(const std::vector<TmlCustomLang*>& langs,
+                                                const TTransEditorPlace& place,
+                                                const TChangeStrID& onChangeStrID) {
+        const TProgressEnd end(*Dialogs);
+        try {
+            return std::make_unique<TfrmTransEditor>(*this, langs, place, onChangeStrID, memory_, registry_);
+        } catch (const EmlLangSilent&) {
+            return nullptr;
+        }
+    }
+
     TLangFiles files_{*this};
     TTransEditorMemory memory_;
+    IRegistry* registry_;
 };
 
 }  // namespace
 
-std::unique_ptr<IMlRuntime> MakeMlRuntime() {
-    return std::make_unique<TMlRuntime>();
+std::unique_ptr<IMlRuntime> MakeMlRuntime(IRegistry* registry) {
+    return std::make_unique<TMlRuntime>(registry);
 }
 
 }  // namespace tml

@@ -1,6 +1,8 @@
 #include "runtime/Transedits.h"
 
+#include <functional>
 #include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -22,9 +24,74 @@ int WriteTranslations(TTransTexts& texts, const std::vector<TTransCell>& cells, 
 }
 
 /// What two texts must have in common to be translated alike: both languages, and the base text.
-std::string EqualKey(const TTransTexts& texts, const TTransCell& cell) {
-    return std::to_string(cell.Column) + '\n' + texts.FormOf(cell.Row).Languages[0] + '\n' +
-           texts.Find(cell.Row)->Base();
+struct TEqualKey {
+    int Column;
+    std::string_view BaseLanguage;
+    std::string_view Base;
+
+    bool operator==(const TEqualKey&) const = default;
+};
+struct TEqualHash {
+    std::size_t operator()(const TEqualKey& key) const {
+        return std::hash<std::string_view>()(key.Base) + static_cast<std::size_t>(key.Column);
+    }
+};
+
+TEqualKey EqualKey(const TTransTexts& texts, const TTransCell& cell) {
+    return {cell.Column, texts.FormOf(cell.Row).Languages[0], texts.Find(cell.Row)->Base()};
+}
+
+/// The translations among some cells, to be given to what is missing.
+class TKnownTexts {
+  public:
+    /// Nothing may be written while it lives.
+    TKnownTexts(const TTransTexts& texts, const std::vector<TTransCell>& cells) : texts_(texts) {
+        for (const TTransCell& cell : cells) {
+            const auto state = texts.State(cell.Row, cell.Column);
+            if (!state || *state == TTextState::Missing) continue;
+            known_.emplace(EqualKey(texts, cell), &texts.Text(cell.Row, cell.Column));
+            columns_.insert(cell.Column);
+        }
+    }
+    const std::set<int>& Columns() const { return columns_; }
+    /// nullptr where a cell is not missing, or where no text is known for it.
+    const std::string* For(const TTransCell& cell) const {
+        if (texts_.State(cell.Row, cell.Column) != TTextState::Missing) return nullptr;
+        const auto found = known_.find(EqualKey(texts_, cell));
+        return found == known_.end() ? nullptr : found->second;
+    }
+
+  private:
+    const TTransTexts& texts_;
+    std::unordered_map<TEqualKey, const std::string*, TEqualHash> known_;
+    std::set<int> columns_;
+};
+
+struct TNewText {
+    TTransCell Cell;
+    std::string Text;
+};
+
+/// None where the walk is stopped.
+std::optional<std::vector<TNewText>> EqualTexts(const TTransTexts& texts,
+                                                const std::vector<TTransCell>& cells,
+                                                const TTransWalk::TGoesOn& goesOn) {
+    const TKnownTexts known(texts, cells);
+    const int tables = static_cast<int>(texts.Tables().size());
+    const auto count = [&](int table) { return texts.Tables()[static_cast<std::size_t>(table)].Count(); };
+    int all = 0;
+    for (int table = 0; table < tables; ++table)
+        all += count(table);
+    TTransWalk walk(all, goesOn);
+    std::vector<TNewText> found;
+    for (int table = 0; table < tables; ++table)
+        for (int entry = 0; entry < count(table); ++entry) {
+            if (!walk.GoesOn()) return std::nullopt;
+            for (const int column : known.Columns())
+                if (const std::string* text = known.For({{table, entry}, column}))
+                    found.push_back({{{table, entry}, column}, *text});
+        }
+    return found;
 }
 
 /// Nothing is left of a text that the cell has already.
@@ -72,28 +139,18 @@ int CopyBase(TTransTexts& texts, const std::vector<TTransCell>& cells, bool only
     });
 }
 
-int TranslateEqual(TTransTexts& texts, const std::vector<TTransCell>& cells) {
-    std::unordered_map<std::string, std::string> known;
-    std::set<int> columns;
-    for (const TTransCell& cell : cells) {
-        const auto state = texts.State(cell.Row, cell.Column);
-        if (!state || *state == TTextState::Missing) continue;
-        known.emplace(EqualKey(texts, cell), texts.Text(cell.Row, cell.Column));
-        columns.insert(cell.Column);
-    }
+std::optional<int> TranslateEqual(TTransTexts& texts, const std::vector<TTransCell>& cells,
+                                  const TTransWalk::TGoesOn& goesOn) {
+    const auto found = EqualTexts(texts, cells, goesOn);
+    if (!found) return std::nullopt;
     int written = 0;
-    const auto translate = [&](const TTransCell& cell) {
-        if (texts.State(cell.Row, cell.Column) != TTextState::Missing) return;
-        const auto text = known.find(EqualKey(texts, cell));
-        if (text == known.end() || WriteText(texts, cell, text->second) == 0) return;
+    for (const auto& [cell, text] : *found) {
+        int changes = WriteText(texts, cell, text);
+        // What equals the base text is as little in doubt here as where it comes from.
         if (texts.State(cell.Row, cell.Column) == TTextState::Missing)
-            SetStates(texts, {cell}, TTextState::Done);
-        ++written;
-    };
-    for (int table = 0; table < static_cast<int>(texts.Tables().size()); ++table)
-        for (int entry = 0; entry < texts.Tables()[static_cast<std::size_t>(table)].Count(); ++entry)
-            for (const int column : columns)
-                translate({{table, entry}, column});
+            changes += SetStates(texts, {cell}, TTextState::Done);
+        if (changes > 0) ++written;
+    }
     return written;
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/Tabseparated.h"
 #include "runtime/Transgrid.h"
+#include "runtime/Transwalk.h"
 
 namespace tml {
 
@@ -18,8 +20,9 @@ int SetStates(TTransTexts& texts, const std::vector<TTransCell>& cells, TTextSta
 int ClearTexts(TTransTexts& texts, const std::vector<TTransCell>& cells);
 int CopyBase(TTransTexts& texts, const std::vector<TTransCell>& cells, bool onlyIntoEmpty);
 /// What is missing anywhere gets the text that one of the cells has for the same base text in the same
-/// languages.
-int TranslateEqual(TTransTexts& texts, const std::vector<TTransCell>& cells);
+/// languages. None where the walk over all texts is stopped, and nothing has changed.
+std::optional<int> TranslateEqual(TTransTexts& texts, const std::vector<TTransCell>& cells,
+                                  const TTransWalk::TGoesOn& goesOn);
 
 /// The selected cells, row by row.
 std::vector<TTransCell> SelectedCells(const TTransGrid& grid);

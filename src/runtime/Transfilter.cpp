@@ -7,8 +7,6 @@
 namespace tml {
 namespace {
 
-constexpr int kRowsBetweenQuestions = 2000;
-
 bool IsIn(const TTransTable& table, const TTransScope& scope, int index) {
     return (scope.Form < 0 || table.Form() == scope.Form) && (scope.Table < 0 || scope.Table == index);
 }
@@ -63,19 +61,18 @@ bool TTransSieve::Holds(const std::string& text) const {
 }
 
 std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope& scope,
-                                    const TTransSieve& sieve,
-                                    const std::function<bool(int done, int all)>& goesOn) {
+                                    const TTransSieve& sieve, const TTransWalk::TGoesOn& goesOn) {
     const auto& tables = texts.Tables();
     int all = 0;
     for (int i = 0; i < static_cast<int>(tables.size()); ++i)
         if (IsIn(tables[static_cast<std::size_t>(i)], scope, i))
             all += tables[static_cast<std::size_t>(i)].Count();
+    TTransWalk walk(all, goesOn);
     std::vector<TTransRow> rows;
-    int done = 0;
     for (int i = 0; i < static_cast<int>(tables.size()); ++i) {
         const TTransTable& table = tables[static_cast<std::size_t>(i)];
         for (int entry = 0; IsIn(table, scope, i) && entry < table.Count(); ++entry) {
-            if (++done % kRowsBetweenQuestions == 0 && !goesOn(done, all)) return rows;
+            if (!walk.GoesOn()) return rows;
             if (table.Find(entry) != nullptr && sieve.Passes({i, entry})) rows.push_back({i, entry});
         }
     }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/Mlcommon.h"
 #include "runtime/Transtexts.h"
+#include "runtime/Transwalk.h"
 
 namespace tml {
 
@@ -53,10 +53,9 @@ class TTransSieve {
     bool isBroken_ = false;
 };
 
-/// The entries of the scope that pass, in the order of tables and entries. goesOn is asked now and then with
-/// what has been looked at and how much there is; where it says false the rest is left out.
+/// The entries of the scope that pass, in the order of tables and entries; what the walk has not come to when
+/// it is stopped is left out.
 std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope& scope,
-                                    const TTransSieve& sieve,
-                                    const std::function<bool(int done, int all)>& goesOn);
+                                    const TTransSieve& sieve, const TTransWalk::TGoesOn& goesOn);
 
 }  // namespace tml

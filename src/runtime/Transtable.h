@@ -17,6 +17,8 @@ struct TTransProgress {
     std::array<int, 4> States = {};
 
     int Done() const { return States[static_cast<std::size_t>(TTextState::Done)]; }
+    /// Rounded down, so that 100 means all.
+    int Percent() const { return Texts == 0 ? 100 : static_cast<int>(100LL * Done() / Texts); }
     TTransProgress& operator+=(const TTransProgress& other);
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Errors.h"
 #include "base/Languagetags.h"
 #include "base/Utf8.h"
 #include "runtime/Buildlist.h"
@@ -42,11 +43,14 @@ void Take(std::vector<TFileExtended>& items, const TTable& table) {
 }  // namespace
 
 TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs,
-                         const std::function<void(int forms)>& onForm) {
-    onForm(0);
+                         const std::function<bool(int forms)>& onForm) {
+    const auto tell = [&] {
+        if (!onForm(static_cast<int>(forms_.size()))) throw EmlLangSilent();
+    };
+    tell();
     for (TmlCustomLang* const lang : langs) {
         ReadForm(*lang);
-        onForm(static_cast<int>(forms_.size()));
+        tell();
     }
     for (TTransForm& form : forms_)
         form.Places.resize(languages_.size() + 1);
@@ -96,6 +100,11 @@ int TTransTexts::PlaceOf(TTransRow row, int column) const {
     return column < 1 ? 0 : FormOf(row).Places[static_cast<std::size_t>(column)];
 }
 
+int TTransTexts::ColumnAt(TTransRow row, int place) const {
+    const std::vector<int>& places = FormOf(row).Places;
+    return static_cast<int>(std::find(places.begin(), places.end(), place) - places.begin());
+}
+
 const std::string& TTransTexts::Text(TTransRow row, int column) const {
     static const std::string kNone;
     const TTableEntry* const entry = Find(row);
@@ -114,7 +123,7 @@ std::optional<TTextState> TTransTexts::State(TTransRow row, int column) const {
 
 TTransProgress TTransTexts::ProgressOfTable(int column, int table) const {
     const int place = PlaceOf({table, 0}, column);
-    return place == 0 ? TTransProgress() : tables_[static_cast<std::size_t>(table)].Progress(place);
+    return place < 2 ? TTransProgress() : tables_[static_cast<std::size_t>(table)].Progress(place);
 }
 
 TTransProgress TTransTexts::Progress(int column, int form) const {

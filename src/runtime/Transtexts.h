@@ -46,8 +46,9 @@ struct TTransLanguage {
 /// with what a person edits, step by step. Nothing is written before Write, but for IDs that are renamed.
 class TTransTexts {
   public:
-    /// The components must outlive it. onForm is told at first and behind each form how many have been read.
-    TTransTexts(const std::vector<TmlCustomLang*>& langs, const std::function<void(int forms)>& onForm);
+    /// The components must outlive it. onForm is told now and then how many forms have been read; where it
+    /// says false, EmlLangSilent is thrown.
+    TTransTexts(const std::vector<TmlCustomLang*>& langs, const std::function<bool(int forms)>& onForm);
 
     const std::vector<TTransForm>& Forms() const { return forms_; }
     const std::vector<TTransLanguage>& Languages() const { return languages_; }
@@ -60,11 +61,13 @@ class TTransTexts {
     const TTableEntry* Find(TTransRow row) const;
     /// The place (1-based) that a column's language has in the row's form, 0 where it has none.
     int PlaceOf(TTransRow row, int column) const;
+    /// The column of the language at a place of the row's form.
+    int ColumnAt(TTransRow row, int place) const;
     /// What stands in a column, "" where there is nothing.
     const std::string& Text(TTransRow row, int column) const;
     /// None for keys, base texts and settings.
     std::optional<TTextState> State(TTransRow row, int column) const;
-    /// Of all tables of a form (-1: of all forms).
+    /// Of the translations in all tables of a form (-1: of all forms).
     TTransProgress Progress(int column, int form) const;
     TTransProgress ProgressOfTable(int column, int table) const;
 

@@ -139,6 +139,40 @@ TEST_F(TTransWindow, RangesOfCellsAreCopiedAndPastedAndSentencesOfTheRightToLeft
     EXPECT_NE(OnDisk("harbour/forms/Mainwindow.lfm").find("&Datei"), std::string::npos);
 }
 
+TEST_F(TTransWindow, KeysLeadToTreeAndSearchAndPlacesAreRemembered) {
+    Translate([](QWidget& window) {
+        QTableView& cells = Cells(window);
+        auto& tree = *window.findChild<QTreeWidget*>("tree");
+        auto& filter = *window.findChild<QLineEdit*>("filter");
+        cells.setColumnWidth(1, 333);
+        QTest::keyClick(&cells, Qt::Key_F9);
+        EXPECT_TRUE(tree.hasFocus());
+        QTest::keyClick(&tree, Qt::Key_Down);
+        QTest::keyClick(&tree, Qt::Key_Return);
+        EXPECT_TRUE(cells.hasFocus());
+        QTest::keyClick(&cells, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(&filter, "quit");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return TextOf(window, "filterCount") == "1 rows"; }));
+        EXPECT_EQ(filter.text(), "quit");
+        QTest::keyClick(&filter, Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(cells.hasFocus());
+        EXPECT_EQ(filter.text(), "");
+        EXPECT_NE(TextOf(window, "filterCount"), "1 rows");
+        Search(window, "quit");
+        Press(window, "btnCancel");
+    });
+    Translate([](QWidget& window) {
+        QTableView& cells = Cells(window);
+        EXPECT_NEAR(cells.columnWidth(1), 333, 2);
+        EXPECT_EQ(window.findChild<QLineEdit*>("filter")->text(), "quit");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        EXPECT_EQ(window.findChild<QTreeWidget*>("tree")->currentItem()->text(0), "Captions");
+        EXPECT_EQ(cells.model()->headerData(2, Qt::Horizontal).toString(), "German  100 %");
+        Press(window, "btnCancel");
+    });
+}
+
 TEST_F(TTransWindow, TheTreeAndTheFilterNarrowWhatIsShown) {
     Set("MainForm", "mniQuit.Caption", "Hebrew", "");
     Translate([](QWidget& window) {

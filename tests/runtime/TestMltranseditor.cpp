@@ -8,6 +8,7 @@
 #include "runtime/Mltranseditor.h"
 #include "runtime/Runtime.h"
 #include "support/Memoryfiles.h"
+#include "support/Memoryregistry.h"
 #include "support/Scripteduser.h"
 
 namespace tml {
@@ -72,7 +73,8 @@ struct TTransEditorTest : testing::Test {
     TMemoryFileSystem Files;
     TScriptedUser User;
     std::unique_ptr<ICommonLibraryLoader> Common = MakeCommonLibraryLoader(TML_BIN "/TmlLang_Common.so");
-    std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime();
+    TMemoryRegistry Registry;
+    std::unique_ptr<IMlRuntime> Runtime = MakeMlRuntime(&Registry);
     THeadlessIde Ide{Files, *Runtime};
     TChangeStrID OnChangeStrID;
 };
@@ -382,6 +384,18 @@ TEST_F(TTransEditorTest, OpensAtAPlaceOrWhereThePersonWasLast) {
             editor.btnCancelClick();
         },
         {TStringsType::stStrings, 0});
+    // The program has ended meanwhile, and what it had stored has been damaged a little.
+    Registry.WriteInteger("\\Software\\Velmora\\TmlLang\\TransEditor", "Show", 77);
+    const auto runtime = MakeMlRuntime(&Registry);
+    runtime->Dialogs = &User;
+    const auto main = Lang("Main");
+    User.OnWindow<TfrmTransEditor>("frmTransEditor", [](TfrmTransEditor& editor) {
+        EXPECT_EQ(CurrentCell(editor), "MainForm IDS_0 Key");
+        EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;");
+        EXPECT_EQ(editor.Filter(), TTransFilter());
+        editor.btnCancelClick();
+    });
+    runtime->TransEditorForms({main.get()}, {.IsLast = true}, {});
 }
 
 TEST_F(TTransEditorTest, NextGoesRoundAmongWhatIsShown) {
@@ -410,6 +424,40 @@ TEST_F(TTransEditorTest, NextGoesRoundAmongWhatIsShown) {
         editor.acCopy();
         editor.btnOKClick();
     });
+}
+
+TEST_F(TTransEditorTest, WhatEqualsTheBaseTextOnPurposeDoesSoInEqualTextsToo) {
+    Edit([](TfrmTransEditor& editor) {
+        const int place = PlaceOf(editor, "btnTide.Caption");
+        editor.SetText(place, 3, "Tide");
+        editor.SetCurrent(place, 3);
+        editor.acMarkDone();
+        editor.acTranslateEqual();
+        EXPECT_EQ(editor.Notice, "Translated alike: 1");
+        EXPECT_EQ(editor.State(PlaceOf(editor, "IDS_0"), 3), TTextState::Done);
+        editor.btnOKClick();
+    });
+}
+
+TEST_F(TTransEditorTest, LongWorkCanBeStopped) {
+    std::string strings;
+    for (int i = 0; i < 2000; ++i)
+        strings += "      'IDS_" + std::to_string(i) + "'#1'Tide'#1\n";
+    Put("About", With(kAbout, "    Captions", "    Strings.Strings = (\n" + strings + "    )\n    Captions"));
+    Edit([&](TfrmTransEditor& editor) {
+        editor.SetCurrent(PlaceOf(editor, "btnTide.Caption"), 2);
+        User.StopAt = "Translating equal texts...";
+        editor.acTranslateEqual();
+        EXPECT_EQ(editor.Notice, "Stopped: nothing is changed");
+        EXPECT_FALSE(editor.CanUndo());
+        User.StopAt = "Searching...";
+        editor.SetFilter({TTransShow::All, "", "tide", true});
+        EXPECT_EQ(editor.Notice, "Stopped: there may be more");
+        editor.btnOKClick();
+    });
+    User.StopAt = "Reading translations...";
+    const auto main = Lang("Main");
+    EXPECT_TRUE(Runtime->TransEditorForms({main.get()}, {.IsLast = true}, {}).empty());
 }
 
 TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
