@@ -17,7 +17,7 @@ namespace {
 constexpr int kTextWidth = 130;  ///< at least, of a column
 constexpr int kTreeWidth = 200;
 constexpr int kBoxLines = 5;
-constexpr int kTypingPause = 150;  ///< ms
+constexpr int kFilterPause = 150;  ///< ms
 
 constexpr const char* kTreeSizes = "Tree.frmTransEditor";
 constexpr const char* kBoxSizes = "Boxes.frmTransEditor";
@@ -111,7 +111,7 @@ void TTransEditorView::BindFilters() {
 
 void TTransEditorView::BindSearch() {
     typing_.setSingleShot(true);
-    typing_.setInterval(kTypingPause);
+    typing_.setInterval(kFilterPause);
     connect(&typing_, &QTimer::timeout, this, [this] { Search(); });
     connect(ui_->filter, &QLineEdit::textChanged, this, [this] {
         if (!refreshing_) typing_.start();

@@ -215,7 +215,7 @@ void AppendEscaped(std::string& out, char32_t c) {
     }
 }
 
-std::string Escaped(std::string_view text) {
+std::string EscapedXml(std::string_view text) {
     std::string out;
     for (std::size_t pos = 0; pos < text.size();) {
         const char32_t c = DecodeCodePoint(text, pos);
@@ -241,7 +241,7 @@ void AppendEntry(std::string& lines, const TDictionaryEntry& entry, const std::v
     lines += entry.Before + "<ENTRY>\n";
     for (std::size_t i = 0; i < entry.Texts.size() && i < names.size(); ++i)
         if (!entry.Texts[i].empty())
-            lines += Format("<TEXT LANGUAGE=\"%s\">%s</TEXT>\n", names[i], Escaped(entry.Texts[i]));
+            lines += Format("<TEXT LANGUAGE=\"%s\">%s</TEXT>\n", names[i], EscapedXml(entry.Texts[i]));
     lines += entry.Inside + "</ENTRY>\n";
 }
 
@@ -261,7 +261,7 @@ std::string WriteDix(const TDictionary& dictionary, const std::string& fileName)
     for (const std::string& name : dictionary.Languages) {
         if (!IsLanguageName(name))
             throw EBadInput(fileName, 0, "a dictionary cannot name a language so: " + name);
-        names.push_back(Escaped(name));
+        names.push_back(EscapedXml(name));
         lines += Format("<%s>%s</%s>\n", kLanguage, names.back(), kLanguage);
     }
     lines += dictionary.InHead + Format("</%s>\n", kHead);
