@@ -10,7 +10,7 @@
 namespace tml {
 namespace {
 
-constexpr const char* kForm = R"(object AboutBox: TAboutBox
+constexpr const char* kAboutBox = R"(object AboutBox: TAboutBox
   ClientHeight = 140
   ClientWidth = 260
   object SmallPanel: TPanel
@@ -56,13 +56,13 @@ constexpr const char* kForm = R"(object AboutBox: TAboutBox
 end
 )";
 
-constexpr QPoint kButton(100, 112);
+constexpr QPoint kButtonPlace(100, 112);
 constexpr QPoint kLabel(40, 70);
 constexpr QPoint kPanel(100, 55);
 
 struct TDesignPanes : TDesktop {
     TDesignPanes() {
-        std::ofstream(Path("orchard/forms/About.dfm")) << kForm;
+        std::ofstream(Path("orchard/forms/About.dfm")) << kAboutBox;
         OpenOrchard();
         Window->Runner().Run([&] { Window->Tabs().ShowForm(Path("orchard/forms/About.pas")); });
         QApplication::processEvents();
@@ -137,12 +137,12 @@ struct TDesignPanes : TDesktop {
 
 TEST_F(TDesignPanes, APictureAndATreeSelectTheSame) {
     EXPECT_EQ(Title(), "AboutBox: TAboutBox");
-    ClickPicture(kButton);
+    ClickPicture(kButtonPlace);
     EXPECT_EQ(SelectedNames(), QStringList{"CloseButton"});
     EXPECT_EQ(Title(), "CloseButton: TButton");
     ClickPicture(kLabel, Qt::ControlModifier);
     EXPECT_EQ(SelectedNames(), (QStringList{"CloseButton", "WideLabel"}));
-    ClickPicture(kButton, Qt::ShiftModifier);
+    ClickPicture(kButtonPlace, Qt::ShiftModifier);
     EXPECT_EQ(SelectedNames(), QStringList{"WideLabel"});
     const QRgb mark = Window->palette().color(QPalette::Highlight).rgb();
     const QPoint corner(27, 61);  // of the label
@@ -166,7 +166,7 @@ TEST_F(TDesignPanes, APictureAndATreeSelectTheSame) {
 
 TEST_F(TDesignPanes, AValueIsTypedChosenRefusedAndUndone) {
     const std::string before = FormText();
-    ClickPicture(kButton);
+    ClickPicture(kButtonPlace);
     TypeValue("Caption", "Shut");
     ExpectSoon([&] { return Value("Caption") == QString("Shut"); });
     EXPECT_NE(FormText().find("Caption = 'Shut'"), std::string::npos);
@@ -206,7 +206,7 @@ TEST_F(TDesignPanes, AListOffersValues) {
     ClickTree(Tree(), "mlLang_AboutBox");
     TypeValue("Language", "German");
     ExpectSoon([&] { return Value("Language") == QString("German"); });
-    ClickPicture(kButton);
+    ClickPicture(kButtonPlace);
     EXPECT_EQ(Value("Caption"), QString::fromUtf8("Schlie\u00dfen")) << "the form shows the language";
     Undo();
     EXPECT_EQ(Value("Caption"), "Close");
@@ -261,7 +261,7 @@ TEST_F(TDesignPanes, ADoubleClickOpensTheEditorOfTheComponent) {
 
 TEST_F(TDesignPanes, MenusHoldTheVerbs) {
     User.Answer("Click \"Yes\" to exclude CloseButton from translations.", "Yes");
-    ChooseFromMenu(Picture(), kButton, "Exclude from translation...");
+    ChooseFromMenu(Picture(), kButtonPlace, "Exclude from translation...");
     EXPECT_NE(FormText().find("'!CloseButton'"), std::string::npos);
     Undo();
     EXPECT_FALSE(IsModified());
@@ -292,7 +292,7 @@ TEST_F(TDesignPanes, ThePaletteFillsAndDeleteEmptiesTheForm) {
     ExpectSoon([&] { return Title() == QString("mlLangDispatcher1: TmlLangDispatcher"); });
     Undo();
     EXPECT_EQ(FormText().find("TmlLangDispatcher"), std::string::npos);
-    ClickPicture(kButton);
+    ClickPicture(kButtonPlace);
     QTest::keyClick(&Picture(), Qt::Key_Delete);
     ExpectSoon([&] { return FormText().find("CloseButton: TButton") == std::string::npos; });
     Undo();
