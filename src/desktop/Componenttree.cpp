@@ -37,6 +37,8 @@ TComponentTree::TComponentTree(TFormDesign& design) : design_(design) {
     setHeaderHidden(true);
     setColumnCount(2);
     header()->setMinimumSectionSize(kLeastWidth);
+    // What is too long for its column stands in the hint.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::Stretch);
     setUniformRowHeights(true);
