@@ -121,8 +121,9 @@ def copy_program(program, tree):
             if file.is_file():
                 shutil.copy(file, tree / "examples")
     # The program reads the .lfm of a form that is there in two files.
+    forms = {str(form).lower() for form in tree.glob("examples/**/*.lfm")}
     for form in tree.glob("examples/**/*.dfm"):
-        if form.with_suffix(".lfm").exists():
+        if str(form.with_suffix(".lfm")).lower() in forms:
             form.unlink()
     give_away(tree.parent)
     return tree / "examples" / program
@@ -154,7 +155,7 @@ def link_watch(folder, unit, project, forms):
         f"  FormClasses := [{classes}];\n\nend.\n")
     (project.parent / "fpc.cfg").write_text(f"#INCLUDE /etc/fpc.cfg\n-Fa{unit}\n")
     # The compiler breaks down where the program names the file of a unit that it has seen already.
-    for main in project.parent.glob("*.lpr"):
+    for main in (*project.parent.glob("*.lpr"), *project.parent.glob("*.dpr")):
         text = main.read_text(encoding="latin-1")
         main.write_text(re.sub(r"\b(\w+)\s+in\s+'[^'/\\]*'", r"\1", text), encoding="latin-1")
 
