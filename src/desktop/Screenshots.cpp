@@ -257,7 +257,9 @@ void TPictures::TakeTranslations() {
 
 void TPictures::TakeIDs() {
     steps_.push_back([this](QWidget& editor) {
-        editor.findChild<QLineEdit*>("filter")->setText("IDS_");
+        auto& filter = *editor.findChild<QLineEdit*>("filter");
+        filter.setText("IDS_");
+        Accept(filter);
         steps_.push_back([this](QWidget& units) {
             units.findChild<QAbstractButton*>("btAddAll")->click();
             Take(units, "replacement");

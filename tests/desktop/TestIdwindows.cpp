@@ -60,7 +60,9 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
 TEST_F(TIdWindows, ARenamedIDIsFollowedByTheUnitThatIsChosen) {
     User.On([this](QWidget& editor) {
         auto& cells = *editor.findChild<QTableView*>("grTexts");
-        editor.findChild<QLineEdit*>("filter")->setText("IDS_0");
+        auto& filter = *editor.findChild<QLineEdit*>("filter");
+        QTest::keyClicks(&filter, "IDS_0");
+        QTest::keyClick(&filter, Qt::Key_Return);
         ClickCell(cells, 0, 0);
         User.AnswerInput("IDS_SHIPS");
         User.On([](QWidget& units) {
