@@ -26,8 +26,8 @@ TDesignPanel::TDesignPanel(TFormDesign& design, TRunner& runner)
     auto* tabs = new QTabWidget;
     tabs->setObjectName("designTabs");
     tabs->setDocumentMode(true);
-    tabs->addTab(tree_, "&Components");
-    tabs->addTab(palette_, "Pale&tte");
+    tabs->addTab(tree_, "Co&mponents");
+    tabs->addTab(palette_, "Pa&lette");
     addWidget(tabs);
     addWidget(MakeInspector());
     tree_->OnSelect = [this](const std::vector<int>& indexes) { Select(indexes); };

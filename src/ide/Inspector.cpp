@@ -85,8 +85,13 @@ struct TInspector::TCollected {
     }
 };
 
+std::shared_ptr<IOTAFormEditor> TInspector::Form() const {
+    if (auto form = form_.lock()) return form;
+    throw EBadInput("", 0, "the form is closed", "Open the form again and repeat the command");
+}
+
 void TInspector::Refuse(const std::string& why) const {
-    throw EBadInput(form_->GetFileName(), 0, why, "The form is as it was");
+    throw EBadInput(Form()->GetFileName(), 0, why, "The form is as it was");
 }
 
 void TInspector::DoAs(const std::string& title, const std::function<void()>& work) {
@@ -210,12 +215,12 @@ const TInspectedProperty* TInspector::Find(const std::string& property) const {
 
 std::unique_ptr<IPropertyEditor> TInspector::EditorOf(const std::shared_ptr<IOTAComponent>& component,
                                                       const std::string& property) const {
-    return editors_->ForProperty(component, property, form_->GetDesigner());
+    return editors_->ForProperty(component, property, Form()->GetDesigner());
 }
 
 TStringList TInspector::Candidates(const TPropertyType& type) const {
     TStringList names;
-    const auto root = form_->GetRootComponent();
+    const auto root = Form()->GetRootComponent();
     const std::vector<std::string> classes = WordsOf(type.Of);
     for (int i = 0; i < root->GetComponentCount(); ++i) {
         const auto component = root->GetComponent(i);
@@ -254,7 +259,7 @@ void TInspector::SetText(const std::string& property, const std::string& text) {
 void TInspector::Change(const std::shared_ptr<IOTAComponent>& component, const TInspectedProperty& row,
                         const std::string& text) {
     if (row.Name == kName) return component->SetName(text);
-    if (TDesignLanguages(modules_, runtime_, form_->GetFileName()).SetText(component, row.Name, text)) return;
+    if (TDesignLanguages(modules_, runtime_, Form()->GetFileName()).SetText(component, row.Name, text)) return;
     const bool refers = row.Type.Takes == TTakes::Component || row.Type.Takes == TTakes::Method;
     if (refers && text.empty()) return component->RemoveProp(row.Name);
     std::string reason;
@@ -268,8 +273,8 @@ void TInspector::ExpectTarget(IOTAComponent& component, const TInspectedProperty
                               const std::string& text) {
     if (row.Type.Takes == TTakes::Method) {
         // An ancestor's class may have it.
-        const bool isKnown = form_->FindComponent(text) == nullptr && form_->FreeName(text, "") != text;
-        if (!isKnown && form_->GetRootComponent()->GetAncestor() == nullptr)
+        const bool isKnown = Form()->FindComponent(text) == nullptr && Form()->FreeName(text, "") != text;
+        if (!isKnown && Form()->GetRootComponent()->GetAncestor() == nullptr)
             Refuse(Format("the form's class has no method %s", text));
     }
     if (row.Type.Takes != TTakes::Component) return;
@@ -303,14 +308,14 @@ void TInspector::EditLines(const TInspectedProperty& row) {
     const TStringList before = window.Lines;
     if (runtime_.Dialogs->ShowModal(window) != mrOk || window.Lines == before) return;
     DoAs("Set " + title, [&] {
-        if (TDesignLanguages(modules_, runtime_, form_->GetFileName())
+        if (TDesignLanguages(modules_, runtime_, Form()->GetFileName())
                 .SetLines(component, row.Name, window.Lines))
             return;
         if (isList)
             WriteListProp(*component, row.Name, window.Lines);
         else
             WriteProp(*component, row.Name,
-                      TFormValue::String(Joined(window.Lines, LineBreakOf(text, form_->GetFileName()),
+                      TFormValue::String(Joined(window.Lines, LineBreakOf(text, Form()->GetFileName()),
                                                 EndsWithBreak(text))));
     });
 }

@@ -49,6 +49,8 @@ class TInspector {
 
   private:
     struct TCollected;
+    /// EBadInput when it is closed.
+    std::shared_ptr<IOTAFormEditor> Form() const;
     std::vector<TInspectedProperty> RowsOf(const std::shared_ptr<IOTAComponent>& component) const;
     void AddHeld(TCollected& rows, IOTAComponent& component) const;
     void AddOffered(TCollected& rows, const std::string& className) const;
@@ -68,7 +70,7 @@ class TInspector {
 
     IOTAModuleServices& modules_;
     IMlRuntime& runtime_;
-    std::shared_ptr<IOTAFormEditor> form_;
+    std::weak_ptr<IOTAFormEditor> form_;
     TComponents components_;
     std::shared_ptr<const TEditorChoice> editors_;
     std::vector<TInspectedProperty> rows_;
