@@ -8,7 +8,7 @@
 namespace tml {
 namespace {
 
-/// Its editors are written in the language's direction.
+/// Texts are shown and written in the language's direction.
 class TCellDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -16,9 +16,20 @@ class TCellDelegate : public QStyledItemDelegate {
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override {
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
-        const bool mirrored = static_cast<const TTransModel*>(index.model())->IsRightToLeft(index.column());
-        editor->setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        editor->setLayoutDirection(DirectionOf(index));
         return editor;
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->direction = DirectionOf(index);
+    }
+
+  private:
+    static Qt::LayoutDirection DirectionOf(const QModelIndex& index) {
+        const bool mirrored = static_cast<const TTransModel*>(index.model())->IsRightToLeft(index.column());
+        return mirrored ? Qt::RightToLeft : Qt::LeftToRight;
     }
 };
 
@@ -61,6 +72,11 @@ void TTransCells::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHin
     const QModelIndex below = currentIndex().sibling(currentIndex().row() + 1, currentIndex().column());
     QTableView::closeEditor(editor, hint);
     if (hint == QAbstractItemDelegate::SubmitModelCache && below.isValid()) setCurrentIndex(below);
+}
+
+void TTransCells::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    scrollTo(currentIndex());
 }
 
 // --- current cell and selection

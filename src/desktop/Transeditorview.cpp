@@ -184,7 +184,12 @@ void TTransEditorView::BindButtons() {
 void TTransEditorView::Execute(const TAction& action) {
     if (typing_.isActive()) Search();
     TakeTyped();
+    const TTransRow row = form_.Grid().Current().Row;
     Run([&] { action.Execute ? action.Execute() : services_.ShowHelp(form_.Name); });
+    // The box is for texts of several lines: Enter would break the line of another one.
+    const bool hasMoved = form_.Grid().HasRow() && form_.Grid().Current().Row != row;
+    if (hasMoved && ui_->memText->hasFocus() && !model_.HasLines(ui_->grTexts->currentIndex()))
+        ui_->grTexts->setFocus();
 }
 
 // --- the box below
@@ -314,7 +319,9 @@ void TTransEditorView::RefreshTexts() {
         return hasRow ? ToQt(form_.Text(place, of)).replace("\r\n", "\n") : QString();
     };
     const int base = hasRow ? form_.BaseColumn(place) : 1;
-    ui_->lblBase->setText(ToQt(form_.ColumnCaption(base)) + ":");
+    const QString whose =
+        hasRow ? " - " + ToQt(form_.FormName(place)) + ", " + ToQt(form_.Text(place, 0)) : QString();
+    ui_->lblBase->setText(ToQt(form_.ColumnCaption(base)) + whose + ":");
     ShowText(*ui_->memBase, text(base), base);
     const QString former = hasRow ? ToQt(form_.FormerBase(place, column)).replace("\r\n", "\n") : QString();
     ui_->lblFormer->setVisible(!former.isEmpty());

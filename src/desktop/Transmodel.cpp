@@ -84,11 +84,13 @@ QVariant TTransModel::data(const QModelIndex& index, int role) const {
     const std::string& text = form_.Text(index.row(), index.column());
     switch (role) {
         case Qt::DisplayRole:
-            return ToQt(WithMarkedBlanks(text));
+            return index.column() > 0 || !form_.ShowsForms()
+                       ? ToQt(WithMarkedBlanks(text))
+                       : ToQt(form_.FormName(index.row())) + "  " + ToQt(text);
         case Qt::EditRole:
             return ToQt(text);
         case Qt::TextAlignmentRole:
-            return int(Qt::AlignVCenter | (IsRightToLeft(index.column()) ? Qt::AlignRight : Qt::AlignLeft));
+            return int(Qt::AlignVCenter | Qt::AlignLeft);
         case Qt::ForegroundRole:
             if (form_.IsEditable(index.row(), index.column())) return {};
             return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);

@@ -70,6 +70,10 @@ class TfrmTransEditor : public TForm {
     int ColumnCount() const { return static_cast<int>(texts_.Languages().size()) + 1; }
     /// "Key", then the languages.
     std::string ColumnCaption(int column) const;
+    /// The form of a row.
+    const std::string& FormName(int place) const { return texts_.FormOf(grid_.RowAt(place)).Name; }
+    /// The rows may be those of several forms.
+    bool ShowsForms() const { return Tree[static_cast<std::size_t>(node_)].Scope.Form < 0; }
     /// The text that a row is translated from, and the column that it stands in; forms may differ in it.
     const std::string& Base(int place) const { return texts_.Find(grid_.RowAt(place))->Base(); }
     int BaseColumn(int place) const;

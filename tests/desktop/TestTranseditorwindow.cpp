@@ -61,6 +61,8 @@ TEST_F(TTransWindow, ATranslatorWorksThroughAFormByTheKeyboard) {
         EXPECT_EQ(Box(window, "memBase"), "&Storage");
         EXPECT_EQ(Box(window, "memFormer"), "&File");
         EXPECT_TRUE(window.findChild<QWidget*>("memFormer")->isVisible());
+        EXPECT_TRUE(cells.viewport()->rect().contains(cells.visualRect(cells.currentIndex())))
+            << "the row is in sight";
         TypeHere(window, "&Lager");
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         QTest::keyClick(&cells, Qt::Key_F7);

@@ -59,6 +59,8 @@ class TTranslator : public TDesktop {
             const int columns = editor.findChild<QTableView*>("grTexts")->model()->columnCount();
             for (int column = 2; column < columns; ++column) {
                 TranslateLanguage(editor);
+                if (editor.findChild<QPlainTextEdit*>("memText")->hasFocus())
+                    Key(Qt::Key_Return, Qt::ControlModifier);
                 Key(Qt::Key_Right);
             }
             Key(Qt::Key_O, Qt::AltModifier);
@@ -81,8 +83,6 @@ class TTranslator : public TDesktop {
             else
                 Write(Translated(base, language));
             Key(Qt::Key_F8);
-            if (editor.findChild<QPlainTextEdit*>("memText")->hasFocus())
-                Key(Qt::Key_Return, Qt::ControlModifier);
         }
     }
 
