@@ -139,6 +139,10 @@ TStringList BuildTables(TmlCustomLang& lang) {
     return built.Notes;
 }
 
+TTextsOfForm TextsOfForm(TmlCustomLang& lang) {
+    return AllTexts(TFormParts(lang.GetComponent()->GetOwner()), HasItems(lang));
+}
+
 void ClearTables(TmlCustomLang& lang) {
     TLangTexts texts = ReadTexts(lang);
     for (TTable& table : texts.Tables)

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "base/Stringlist.h"
+#include "platform/Formtexts.h"
 #include "platform/Mlruntime.h"
 #include "tables/Formsection.h"
 
@@ -43,6 +44,9 @@ void EditTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& 
 
 /// See TmlCustomLang::BuildList.
 TStringList BuildTables(TmlCustomLang& lang);
+
+/// See IFormTexts.
+TTextsOfForm TextsOfForm(TmlCustomLang& lang);
 
 /// See TmlCustomLang::ClearTranslations.
 void ClearTables(TmlCustomLang& lang);

@@ -198,6 +198,10 @@ void TmlLangView::SetExclusions(TExclusionList list, const TStringList& entries)
     WriteListProp(Component(), std::string(PropertyOf(list)), entries);
 }
 
+TTextsOfForm TmlLangView::GetTextsOfForm() {
+    return TextsOfForm(*this);
+}
+
 bool TmlLangView::GetIgnoreRemovals() {
     return ReadBooleanProp(Component(), kIgnoreRemovals, false);
 }

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Formtexts.h"
 #include "runtime/Langfiles.h"
 #include "runtime/Languagesview.h"
 #include "tables/States.h"
@@ -13,7 +14,7 @@ namespace tml {
 
 /// A localization component as a view on the component of its form: nothing is kept here, every read goes
 /// to the form and every write changes only what differs.
-class TmlLangView : public TLanguagesView<TmlCustomLang> {
+class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
   public:
     TmlLangView(std::shared_ptr<IOTAComponent> component, TLangFiles& files)
         : TLanguagesView(std::move(component)), files_(files) {}
@@ -50,6 +51,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang> {
     bool GetIgnoreRemovals() override;
     void SetIgnoreRemovals(bool ignore) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
+    TTextsOfForm GetTextsOfForm() override;
 
   private:
     /// The character between the fields of a table line.

@@ -17,30 +17,33 @@ bool IsLocalization(const std::string& className) {
 
 class TCollector {
   public:
-    TCollector(const TExclusionRules& rules, bool withItems) : rules_(rules), withItems_(withItems) {}
+    explicit TCollector(bool withItems) : withItems_(withItems) {}
 
     void Add(const TFormPart& part) {
-        for (const TPropertyText& text : TextsOfProperties(part.Properties))
-            Add(part, text);
+        const int owner = static_cast<int>(Result.Owners.size());
+        Result.Owners.push_back({part.Path, part.Name, part.ClassName, part.Holder});
+        if (IsLocalization(part.ClassName)) return;
+        for (TPropertyText& text : TextsOfProperties(part.Properties))
+            Add(part, owner, std::move(text));
         if (!withItems_) return;
         for (const TFormProperty& property : part.Properties)
-            if (HoldsItems(property)) AddItems(part, property);
+            if (HoldsItems(property)) AddItems(part, owner, property);
     }
 
-    TCollectedTexts Result;
+    TTextsOfForm Result;
 
   private:
-    void Add(const TFormPart& part, const TPropertyText& text) {
+    void Add(const TFormPart& part, int owner, TPropertyText text) {
         // What holds for a font holds for its name.
         const std::string path = text.Shape == TTextShape::Font ? text.Path + ".Name" : text.Path;
-        const TTextProperty property{part.ClassName, part.Name, path, text.Shape == TTextShape::List};
-        const auto kind = KindOfText(property, text.Text);
-        if (!kind || rules_.ExcludesProperty(part.Path, property)) return;
-        const bool enters = kind->IsForReaders && !rules_.ExcludesText(property, text.Text);
-        Result.Texts.push_back({kind->Table, part.Path + '.' + text.Path, text.Text, enters});
+        const auto kind =
+            KindOfText({part.ClassName, part.Name, path, text.Shape == TTextShape::List}, text.Text);
+        if (kind)
+            Result.Texts.push_back(
+                {owner, std::move(text.Path), std::move(text.Text), kind->Table, kind->IsForReaders});
     }
 
-    void AddItems(const TFormPart& part, const TFormProperty& property) {
+    void AddItems(const TFormPart& part, int owner, const TFormProperty& property) {
         const auto items = ReadItemData(property);
         if (!items) {
             Result.Notes.Add(
@@ -48,18 +51,13 @@ class TCollector {
             return;
         }
         for (const TItemData::TText& text : items->Texts()) {
-            const std::string path = "Items" + text.Place;
-            const TTextProperty place{part.ClassName, part.Name, path};
-            if (rules_.ExcludesProperty(part.Path, place)) continue;
             // Items are wording or data, as those of a list are.
             const auto kind = KindOfText({"TListBox", part.Name, "Items", true}, text.Text);
-            const bool enters = kind->IsForReaders && !rules_.ExcludesText(place, text.Text);
-            Result.Texts.push_back(
-                {TStringsType::stListView_TreeView_Items, part.Path + '.' + path, text.Text, enters});
+            Result.Texts.push_back({owner, "Items" + text.Place, text.Text,
+                                    TStringsType::stListView_TreeView_Items, kind->IsForReaders});
         }
     }
 
-    const TExclusionRules& rules_;
     bool withItems_;
 };
 
@@ -73,16 +71,28 @@ std::vector<bool> NotTranslated(const TFormParts& parts, const TExclusionRules& 
     return excluded;
 }
 
-TCollectedTexts CollectTexts(const TFormParts& parts, const TExclusionRules& rules, bool withItems) {
-    const std::vector<bool> excluded = NotTranslated(parts, rules);
-    TCollector collector(rules, withItems);
-    for (std::size_t i = 0; i < excluded.size(); ++i) {
-        const TFormPart& part = parts.Items()[i];
-        if (!excluded[i] && !IsLocalization(part.ClassName) &&
-            !rules.ExcludesComponent(part.Path, part.ClassName))
-            collector.Add(part);
-    }
+TTextsOfForm AllTexts(const TFormParts& parts, bool withItems) {
+    TCollector collector(withItems);
+    for (const TFormPart& part : parts.Items())
+        collector.Add(part);
     return std::move(collector.Result);
+}
+
+TCollectedTexts CollectTexts(const TFormParts& parts, const TExclusionRules& rules, bool withItems) {
+    TTextsOfForm all = AllTexts(parts, withItems);
+    std::vector<bool> excluded = NotTranslated(parts, rules);
+    for (std::size_t i = 0; i < excluded.size(); ++i)
+        excluded[i] = excluded[i] || rules.ExcludesComponent(all.Owners[i].Path, all.Owners[i].ClassName);
+    TCollectedTexts collected{{}, std::move(all.Notes)};
+    for (TOwnedText& text : all.Texts) {
+        const TTextOwner& owner = all.Owners[static_cast<std::size_t>(text.Owner)];
+        const TTextProperty property{owner.ClassName, owner.Name, text.Property};
+        if (excluded[static_cast<std::size_t>(text.Owner)] || rules.ExcludesProperty(owner.Path, property))
+            continue;
+        const bool enters = text.IsForReaders && !rules.ExcludesText(property, text.Text);
+        collected.Texts.push_back({text.Table, text.KeyOf(owner), std::move(text.Text), enters});
+    }
+    return collected;
 }
 
 }  // namespace tml

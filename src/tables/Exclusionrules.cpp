@@ -54,13 +54,20 @@ bool AnyIn(const std::unordered_set<std::string>& set, const std::string& prefix
 
 }  // namespace
 
+std::vector<std::string_view> SmartRuleNames() {
+    std::vector<std::string_view> names;
+    for (const TSmartName& rule : kSmartNames)
+        names.push_back(rule.Name);
+    return names;
+}
+
 TExclusionRules::TExclusionRules(const TStringList& doNotTranslate, const TStringList& excludedProperties,
                                  const TStringList& smartRules,
                                  const std::vector<std::string>& componentPaths) {
     for (const std::string& path : componentPaths)
         components_.insert(UpperCase(path));
     for (const std::string& name : doNotTranslate)
-        doNotTranslate_.insert(UpperCase(Trim(name)));
+        if (!Trim(name).empty()) doNotTranslate_.insert(UpperCase(Trim(name)));
     for (const std::string& entry : excludedProperties)
         AddExclusion(Trim(entry));
     for (const std::string& rule : smartRules)

@@ -11,6 +11,9 @@
 
 namespace tml {
 
+/// The names of the smart rules: "Empty", "Number", ...
+std::vector<std::string_view> SmartRuleNames();
+
 /// What the exclusion lists of a localization component leave out of its tables, ready to be asked.
 class TExclusionRules {
   public:

@@ -201,6 +201,16 @@ TEST_F(TBuildTest, ExclusionsAndExtendedTranslations) {
     EXPECT_NE(Form().find("'Special'\n          ''"), std::string::npos) << Form();
 }
 
+TEST_F(TBuildTest, AnExcludedFontIsNotEnteredAndABlankLineExcludesNothing) {
+    Put("Main", "",
+        Main("  object lblTide: TLabel\n    Caption = 'Tide'\n    Font.Name = 'Sans'\n  end\n",
+             "    DoNotTranslate.Strings = (\n      ' ')\n    ExcludedProperties.Strings = (\n      "
+             "'lblTide.Font')\n"));
+    Lang()->BuildList();
+    EXPECT_NE(Tables().find("lblTide.Caption|Tide"), std::string::npos) << Tables();
+    EXPECT_EQ(Tables().find("Font"), std::string::npos) << Tables();
+}
+
 /// Little endian.
 std::string Int(std::int32_t number) {
     std::string bytes;
