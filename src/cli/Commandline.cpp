@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "cli/Checkcommand.h"
 #include "cli/Completioncommand.h"
+#include "cli/Excludecommand.h"
 #include "cli/Formfilecommands.h"
 #include "cli/Formscommand.h"
 #include "cli/Idcommands.h"
@@ -35,7 +36,7 @@ constexpr TAddCommand kCommands[] = {
     AddChangeTypeCommand, AddSaveCommand,         AddLoadCommand,
     AddMergeCommand,      AddLoadLanguageCommand, AddExportPropertiesCommand,
     AddFormTextCommand,   AddFormBinaryCommand,   AddSettingsCommand,
-    AddCompletionCommand,
+    AddCompletionCommand, AddExcludeCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

@@ -5,7 +5,7 @@
 namespace tml {
 namespace {
 
-int PlaceOf(const TStringList& entries, std::string_view entry) {
+int PlaceOfEntry(const TStringList& entries, std::string_view entry) {
     for (int i = 0; i < entries.Count(); ++i)
         if (SameText(Trim(entries[i]), entry)) return i;
     return -1;
@@ -25,9 +25,13 @@ void WriteExclusions(TmlCustomLang& lang, const TExclusionLists& lists) {
         if (lang.GetExclusions(list) != lists[list]) lang.SetExclusions(list, lists[list]);
 }
 
+bool HasExclusion(const TExclusionLists& lists, TExclusionList list, std::string_view entry) {
+    return PlaceOfEntry(lists[list], Trim(entry)) >= 0;
+}
+
 bool AddExclusion(TExclusionLists& lists, TExclusionList list, std::string_view entry) {
     const std::string_view trimmed = Trim(entry);
-    if (trimmed.empty() || PlaceOf(lists[list], trimmed) >= 0) return false;
+    if (trimmed.empty() || HasExclusion(lists, list, trimmed)) return false;
     lists[list].Add(std::string(trimmed));
     return true;
 }
@@ -35,7 +39,7 @@ bool AddExclusion(TExclusionLists& lists, TExclusionList list, std::string_view 
 bool RemoveExclusion(TExclusionLists& lists, TExclusionList list, std::string_view entry) {
     const std::string_view trimmed = Trim(entry);
     bool found = false;
-    for (int at = PlaceOf(lists[list], trimmed); at >= 0; at = PlaceOf(lists[list], trimmed)) {
+    for (int at = PlaceOfEntry(lists[list], trimmed); at >= 0; at = PlaceOfEntry(lists[list], trimmed)) {
         lists[list].Delete(at);
         found = true;
     }

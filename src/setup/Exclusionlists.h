@@ -28,11 +28,11 @@ TExclusionLists ReadExclusions(TmlCustomLang& lang);
 /// Writes the lists that differ from those of the component.
 void WriteExclusions(TmlCustomLang& lang, const TExclusionLists& lists);
 
-/// Adds an entry behind the others, without blanks around it. False where the list has it already, whatever
-/// its case.
+/// Whether a line is the entry, without regard to case and blanks around it.
+bool HasExclusion(const TExclusionLists& lists, TExclusionList list, std::string_view entry);
+/// Adds an entry behind the others, without blanks around it. False where the list has it already.
 bool AddExclusion(TExclusionLists& lists, TExclusionList list, std::string_view entry);
-/// Removes every line that is the entry, without regard to case and blanks around it. False where there is
-/// none.
+/// Removes every line that is the entry. False where there is none.
 bool RemoveExclusion(TExclusionLists& lists, TExclusionList list, std::string_view entry);
 
 }  // namespace tml

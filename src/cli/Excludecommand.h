@@ -1,0 +1,9 @@
+#pragma once
+
+#include "cli/Program.h"
+
+namespace tml {
+
+void AddExcludeCommand(CLI::App& app, TProgram& program);
+
+}  // namespace tml
