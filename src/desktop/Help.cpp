@@ -36,6 +36,7 @@ constexpr std::array kPages{
     TPage{"frmFind", "phrases", "Phrases in the tables"},
     TPage{"frmAsk4FileName", "translationfiles", "Translation files"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
+    TPage{"frmExclude", "exclusion", "Excluding from translation"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},
     TPage{"frmTranslUnits", "units", "Choosing units"},
     TPage{"", "tags", "Tags in source"},

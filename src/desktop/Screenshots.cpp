@@ -10,6 +10,7 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QTreeWidget>
 #include <deque>
 #include <filesystem>
@@ -65,6 +66,7 @@ class TPictures {
     void TakeTranslations();
     void TakeIDs();
     void TakeTranslationFiles();
+    void TakeExclusions();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -293,6 +295,29 @@ void TPictures::TakeIDs() {
     RunCommand("ReplacePhrase");
 }
 
+void TPictures::TakeExclusions() {
+    steps_.push_back([this](QWidget& dialog) {
+        auto& tree = *dialog.findChild<QTreeView*>("tree");
+        const auto row = [&](int place, const QModelIndex& parent) {
+            const QModelIndex index = tree.model()->index(place, 0, parent);
+            tree.expand(index);
+            return index;
+        };
+        const auto exclude = [&](const QModelIndex& index) {
+            tree.model()->setData(index, Qt::Checked, Qt::CheckStateRole);
+        };
+        const QModelIndex form = row(0, {});
+        const QModelIndex labels = row(0, form);
+        exclude(row(0, row(1, form)));
+        exclude(row(0, row(2, form)));
+        dialog.findChild<QAbstractButton*>("smartIdentifier")->click();
+        tree.setCurrentIndex(row(0, row(0, labels)));
+        Take(dialog, "exclude");
+        dialog.close();
+    });
+    RunCommand("Exclude");
+}
+
 void TPictures::TakeTranslationFiles() {
     TExpertSettings& settings = window_->Host().Expert()->Settings();
     settings.SetMultiProjFolder("translations");
@@ -371,6 +396,7 @@ void TPictures::TakeAll() {
     TakeDesigner();
     TakeTranslations();
     TakeIDs();
+    TakeExclusions();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "desktop/Chooserview.h"
+#include "desktop/Excludeview.h"
 #include "desktop/Filenameview.h"
 #include "desktop/Findphraseview.h"
 #include "desktop/Formslistview.h"
@@ -38,7 +39,7 @@ constexpr TMakeView kViews[] = {
     Make<TfrmBadIDs, TBadIDsView>,          Make<TfrmFoundPhrases, TFoundPhrasesView>,
     Make<TfrmFind, TFindPhraseView>,        Make<TfrmReplConfirm, TReplConfirmView>,
     Make<TfrmStrReplace, TStrReplaceView>,  Make<TfrmMlLangComboEditor, TLangComboView>,
-    Make<TfrmStringList, TStringListView>,
+    Make<TfrmStringList, TStringListView>,  Make<TfrmExclude, TExcludeView>,
 };
 
 }  // namespace

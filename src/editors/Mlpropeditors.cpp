@@ -8,8 +8,8 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "editors/Mllangcomboeditor.h"
+#include "setup/Excludeforms.h"
 #include "translations/Formlanguages.h"
-#include "windows/Stringlisteditor.h"
 
 namespace tml {
 namespace {
@@ -232,12 +232,7 @@ std::vector<TPropertyAttribute> TExcludePropertyEditor::GetAttributes() {
 
 void TExcludePropertyEditor::Edit() {
     const auto lang = edited_.Host->Runtime().AsCustomLang(edited_.Component);
-    const auto* const list = std::find_if(kExclusionLists.begin(), kExclusionLists.end(),
-                                          [&](TExclusionList one) { return PropertyOf(one) == name_; });
-    const TStringList entries = lang->GetExclusions(*list);
-    TfrmStringList window(lang->GetName() + "." + name_, entries);
-    if (edited_.Host->Dialogs().ShowModal(window) != mrOk || window.Lines == entries) return;
-    DoAs(*edited_.Host, name_, [&] { lang->SetExclusions(*list, window.Lines); });
+    if (EditExclusions(edited_.Host->Host, *lang)) edited_.Designer.Modified();
 }
 
 void TExcludeComponentEditor::PrepareItem(int /*index*/, TMenuItem& item) {

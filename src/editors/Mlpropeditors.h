@@ -109,11 +109,10 @@ class TActiveLanguageProperty : public IPropertyEditor {
     TEdited edited_;
 };
 
-/// Exclusions of a localization component: the ellipsis edits the list.
+/// Exclusions of a localization component: the ellipsis opens the exclusion editor on its form.
 class TExcludePropertyEditor : public IPropertyEditor {
   public:
-    TExcludePropertyEditor(TEdited edited, std::string name)
-        : edited_(std::move(edited)), name_(std::move(name)) {}
+    explicit TExcludePropertyEditor(TEdited edited) : edited_(std::move(edited)) {}
 
     std::vector<TPropertyAttribute> GetAttributes() override;
     void GetValues(const std::function<void(const std::string&)>&) override {}
@@ -121,7 +120,6 @@ class TExcludePropertyEditor : public IPropertyEditor {
 
   private:
     TEdited edited_;
-    std::string name_;
 };
 
 /// Excludes the selected component from translation.

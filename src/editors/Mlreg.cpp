@@ -57,7 +57,7 @@ void RegisterMlreg(IRegistration& registration, const TEditorHostPtr& host,
                                         PropertyEditor<TCommonContainerProperty>(host));
     for (const TExclusionList list : kExclusionLists)
         registration.RegisterPropertyEditor(kStrings, kLang, std::string(PropertyOf(list)),
-                                            NamedPropertyEditor<TExcludePropertyEditor>(host));
+                                            PropertyEditor<TExcludePropertyEditor>(host));
     registration.RegisterActions("mlLang", {"TmlLangChangeLanguage"});
     registration.RegisterComponentEditor(kDispatcherClass, ComponentEditor<TDispatcherEditor>(host));
     registration.RegisterPropertyEditor("TCollection", kLang, "ExtendedTranslations",

@@ -11,6 +11,7 @@
 #include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
+#include "setup/Excludeforms.h"
 #include "translations/Formlanguages.h"
 #include "translations/Formtranslate.h"
 #include "translations/Formupdate.h"
@@ -119,8 +120,9 @@ constexpr std::array kCommands{
              false, nullptr, "What the last scan has passed over, and why"},
     TCommand{"ConstWithForm", "With &Form...", "", 111, plFile, ConstSection, OnScan<ConstWithForm>},
     TCommand{"ConstWithoutForm", "With&out Form...", "", 0, plFile, ConstSection, OnScan<ConstWithoutForm>},
-    TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, nullptr,
-             "Exclude"},
+    TCommand{"Exclude", "E&xclude from Translation...", "", 111, plFile | plToolBar, None, On<Exclude1Click>,
+             "Exclude", false, nullptr, "Choose what of the selected forms is not translated",
+             "Exclude|Chooses what of the selected forms is not translated"},
     TCommand{"Update", "&Update Translations", "Ctrl+U", 111, plFile | plPopup, None,
              On<Updatetranslation1Click>},
     TCommand{"Clear", "Cl&ear Translations", "", 111, plFile, None, On<ClearTranslations1Click>},

@@ -5,6 +5,7 @@
 #include "editors/Mllangcomboeditor.h"
 #include "scan/Dntcedit.h"
 #include "scan/Skippedstrings.h"
+#include "setup/Exclude.h"
 #include "translations/Projmngsaskfilename.h"
 #include "windows/Stringlisteditor.h"
 
@@ -43,7 +44,10 @@ struct TScreens : TDesktop {
         TfrmAsk4FileName file(Context(), true);
         TfrmMlLangComboEditor combo({{"English", {}, {}, {}, -1}});
         TfrmStringList lines("Lines", TStringList({"one"}));
-        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file, &combo, &lines}) {
+        TExclusionForm sample{"MainForm", "", {{"", "MainForm", "TMainForm", -1}}, {}, {}, false};
+        sample.Texts.push_back({{0, "Caption", "Orchard"}});
+        TfrmExclude exclude(Window->Host().Host(), {sample}, {});
+        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file, &combo, &lines, &exclude}) {
             Expect(screen);
             Context().Dialogs().ShowModal(*form);
         }
@@ -71,7 +75,7 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     Click("Contents1");
     const auto& help = Find<QDialog>("help");
     EXPECT_EQ(help.size().boundedTo(RoomFor(help)), help.size());
-    EXPECT_EQ(seen_, (std::set<std::string>{"frmAsk4FileName", "frmFound", "frmLangConfig",
+    EXPECT_EQ(seen_, (std::set<std::string>{"frmAsk4FileName", "frmExclude", "frmFound", "frmLangConfig",
                                             "frmMlLangComboEditor", "frmNotTranslate", "frmOptions",
                                             "frmProjectTranslationSettings", "frmSkippedStrings",
                                             "frmStringList", "frmTransEditor", "frmTranslUnits"}));

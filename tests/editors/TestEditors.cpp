@@ -3,9 +3,9 @@
 
 #include "editors/Mllangcomboeditor.h"
 #include "runtime/Mltranseditor.h"
+#include "setup/Exclude.h"
 #include "support/Expertfixture.h"
 #include "translations/Langconfig.h"
-#include "windows/Stringlisteditor.h"
 
 namespace tml {
 namespace {
@@ -197,14 +197,17 @@ TEST_F(TEditorsTest, PropertiesHaveListsOrDialogs) {
         PropertyEditorOf("mlLang1", std::string(kind.Property))->Edit();
     }
     EXPECT_FALSE(Module->GetModified());
-    User.OnWindow<TfrmStringList>("frmStringList", [](TfrmStringList& window) {
-        EXPECT_EQ(window.Caption + ": " + window.Lines.CommaText(), "mlLang1.ExcludedProperties: !button1");
-        window.Lines = TStringList({"TEdit", "!combo"});
-        window.Close(mrOk);
+    User.OnWindow<TfrmExclude>("frmExclude", [](TfrmExclude& window) {
+        EXPECT_EQ(window.Lists(0)[TExclusionList::ExcludedProperties].CommaText(), "!button1");
+        window.SmartBoxClick(0, true);
+        window.btOKClick();
     });
     PropertyEditorOf("mlLang1", "ExcludedProperties")->Edit();
-    EXPECT_EQ(Excluded().CommaText(), "TEdit,!combo");
-    EXPECT_EQ(Ide.Undo(), "ExcludedProperties");
+    EXPECT_TRUE(Module->GetModified());
+    EXPECT_EQ(Runtime->AsCustomLang(Component("mlLang1"))
+                  ->GetExclusions(TExclusionList::SmartExcludeProps)
+                  .CommaText(),
+              "Empty");
 }
 
 TEST_F(TEditorsTest, ADoubleClickEditsLanguages) {
