@@ -22,9 +22,9 @@ bool IsLocalization(IMlRuntime& runtime, const std::string& className) {
     return runtime.InheritsFrom(className, std::string(kCustomLang));
 }
 
-/// Opens and shows the row's unit; false where the form is not the row's, which the person has been told.
-bool ShowForm(TContext& context, const TFormRow& row) {
-    if (!OpenFile(context, row.FileName, true)) throw EmlLangSilent();
+/// Opens the row's unit; false where the form is not the row's, which the person has been told.
+bool ShowForm(TContext& context, const TFormRow& row, bool show = true) {
+    if (!OpenFile(context, row.FileName, show)) throw EmlLangSilent();
     return TestForCorrectForm(context, row);
 }
 
@@ -71,8 +71,8 @@ TLangPlan PlanOn(IMlRuntime& runtime, IOTAFormEditor& editor, const std::string&
     return {editor.FreeName(InsertedName(className, formName), className), nullptr, className};
 }
 
-TLangPlan PlanTmlLang(TContext& context, TFormRow& row) {
-    if (!ShowForm(context, row)) throw EmlLangSilent();
+TLangPlan PlanTmlLang(TContext& context, TFormRow& row, bool show) {
+    if (!ShowForm(context, row, show)) throw EmlLangSilent();
     TLangPlan plan = PlanOn(*context.Host.Runtime, *GetFormEditor(context, row.FormName), row.FormName,
                             context.Settings.Get().DefaultComp);
     if (plan.Lang != nullptr && !row.HasComponent())

@@ -19,9 +19,9 @@ std::string InsertedName(const std::string& className, const std::string& formNa
 /// localization components, and where the unit does not declare the form's class.
 TLangPlan PlanOn(IMlRuntime& runtime, IOTAFormEditor& editor, const std::string& formName,
                  const std::string& className);
-/// Opens and shows the row's unit and brings the row up to date; nothing is inserted. EmlLangSilent when the
-/// unit cannot be opened or the form is not the row's.
-TLangPlan PlanTmlLang(TContext& context, TFormRow& row);
+/// Opens the row's unit, shown unless that is unwanted, and brings the row up to date; nothing is inserted.
+/// EmlLangSilent when the unit cannot be opened or the form is not the row's.
+TLangPlan PlanTmlLang(TContext& context, TFormRow& row, bool show = true);
 /// The planned component; it is inserted unless it is there. nullptr where the form takes none.
 std::shared_ptr<TmlCustomLang> MakePlanned(TContext& context, TFormRow& row, const TLangPlan& plan);
 

@@ -138,13 +138,6 @@ std::string TfrmFound::Advice() const {
     return row == nullptr ? std::string() : std::string(AdviceText(row->Record.Advice));
 }
 
-TmlFoundSourceStrings TfrmFound::Kept() const {
-    TmlFoundSourceStrings kept;
-    for (const TFoundRow& row : Rows)
-        if (row.IsTaken()) kept.AddItem() = row.Record;
-    return kept;
-}
-
 void TfrmFound::FormShow() {
     const auto stored = context_.Host.Registry->OpenForReading();
     const TStringList widths =

@@ -73,7 +73,7 @@ class TfrmFound : public TForm {
     /// Why a call cannot stand in the current row's place, "" when it can.
     std::string Advice() const;
     /// The records of the rows taken, in the order of the source.
-    TmlFoundSourceStrings Kept() const;
+    TmlFoundSourceStrings Kept() const { return Rows.Kept(); }
 
     void FormShow() override;
     bool FormCloseQuery() override;

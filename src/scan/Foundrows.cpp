@@ -36,6 +36,13 @@ int TFoundRows::CountLeftOut() const {
         begin(), end(), [](const TFoundRow& row) { return row.Place == TFoundPlace::Found && row.LeftOut; }));
 }
 
+TmlFoundSourceStrings TFoundRows::Kept() const {
+    TmlFoundSourceStrings kept;
+    for (const TFoundRow& row : *this)
+        if (row.IsTaken()) kept.AddItem() = row.Record;
+    return kept;
+}
+
 TFoundRow& TFoundRows::Change(int row) {
     TFoundRow& changed = rows_.at(static_cast<std::size_t>(row));
     step_.Rows.try_emplace(row, changed);

@@ -43,6 +43,8 @@ class TFoundRows {
     int CountReplaced() const;
     int CountMarked() const;
     int CountLeftOut() const;
+    /// The records of the rows taken, in the order of the source.
+    TmlFoundSourceStrings Kept() const;
 
     /// A row to be changed, as a part of the step that EndStep ends.
     TFoundRow& Change(int row);

@@ -39,17 +39,19 @@ struct TRunOver {
 /// One run over one unit.
 class TRun {
   public:
-    /// series: nullptr for a run of its own.
+    /// series: nullptr for a run of its own. review: nullptr for that of a person.
     TRun(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile,
-         bool constSection, TSeries* series)
+         bool constSection, TSeries* series, const TReviewRows* review = nullptr)
         : context_(context),
           memory_(memory),
-          end_(context.Dialogs()),
           row_(row),
           constSection_(constSection),
           series_(series),
+          review_(review),
           formUnit_(row.FileName),
-          unitFile_(unitFile.empty() ? formUnit_ : unitFile) {}
+          unitFile_(unitFile.empty() ? formUnit_ : unitFile) {
+        if (IsSeen()) end_.emplace(context.Dialogs());
+    }
 
     /// False when there is nothing to change.
     bool Execute() {
@@ -60,8 +62,11 @@ class TRun {
         return true;
     }
     bool WritesCalls() const { return WritesCalls(strings_); }
+    int StringsKept() const { return strings_.Count(); }
 
   private:
+    /// A person follows the run.
+    bool IsSeen() const { return review_ == nullptr; }
     static bool WritesCalls(const TmlFoundSourceStrings& kept);
     void CheckLanguages() const;
     void Open();
@@ -71,7 +76,9 @@ class TRun {
     bool HasComponent(std::string_view form, std::string_view component) const;
     TTextRange Selection();
     bool FindStrings();
+    void Verify();
     bool Review();
+    bool ReviewByPerson();
     TChangeSet PlanChanges(const TmlFoundSourceStrings& kept) const;
     std::string DiffOf(const TmlFoundSourceStrings& kept) const;
     void Modify();
@@ -81,6 +88,7 @@ class TRun {
 
     /// False when the person wants to stop.
     bool ShowProgress(const std::string& text, int position, int maximum) {
+        if (!IsSeen()) return true;
         const bool goesOn = context_.Dialogs().ShowProgress(text, position, maximum);
         if (!goesOn && series_ != nullptr) series_->Stop();
         return goesOn;
@@ -89,6 +97,7 @@ class TRun {
         if (!ShowProgress(text, position, maximum)) throw EmlLangSilent();
     }
     void Message(const std::string& text) {
+        if (!IsSeen()) return;
         if (series_ != nullptr) return series_->Note(text);
         context_.Dialogs().HideProgress();
         context_.Dialogs().MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
@@ -96,10 +105,11 @@ class TRun {
 
     TContext& context_;
     TScanMemory& memory_;
-    TProgressEnd end_;
+    std::optional<TProgressEnd> end_;
     TFormRow& row_;
     bool constSection_;
     TSeries* series_;
+    const TReviewRows* review_;
     std::string formUnit_;
     std::string unitFile_;
     TLangPlan plan_;
@@ -117,13 +127,13 @@ void TRun::CheckLanguages() const {
 }
 
 void TRun::Open() {
-    plan_ = PlanTmlLang(context_, row_);
+    plan_ = PlanTmlLang(context_, row_, IsSeen());
     if (plan_.Name.empty())
         throw EBadInput(
             "", 0,
             "the class of new components, " + context_.Settings.Get().DefaultComp + ", is not registered",
             "Choose another default component in the options");
-    if (!OpenFile(context_, unitFile_, true)) throw EmlLangSilent();
+    if (!OpenFile(context_, unitFile_, IsSeen())) throw EmlLangSilent();
     text_ = GetModuleFromFileName(context_, unitFile_)->GetSourceEditor(0)->GetText();
     input_ = MakeInput();
     if (constSection_) consts_.emplace(context_, input_, row_.FormName, formUnit_);
@@ -190,17 +200,29 @@ bool TRun::FindStrings() {
     return false;
 }
 
-bool TRun::Review() {
-    const TCallStyle style = CallStyleOf(input_);
+void TRun::Verify() {
     const int existing = static_cast<int>(input_.Existing.Entries().size());
     Progress("Verifying found strings...", 0, existing);
-    VerifyAgainstExisting(strings_, input_.Existing, style,
+    VerifyAgainstExisting(strings_, input_.Existing, CallStyleOf(input_),
                           [&](int done) { Progress("Verifying found strings...", done, existing); });
     MergeDuplicates(strings_,
                     [this](int done) { Progress("Checking duplicates...", done, strings_.Count()); });
     if (consts_) consts_->FetchAnew(strings_);
+}
+
+bool TRun::Review() {
+    Verify();
+    if (IsSeen()) return ReviewByPerson();
+    TFoundRows rows(std::move(strings_));
+    if (!(*review_)(rows)) return false;
+    strings_ = rows.Kept();
+    return !strings_.Empty();
+}
+
+bool TRun::ReviewByPerson() {
     context_.Dialogs().HideProgress();
-    TFoundInput found{unitFile_, text_, style, input_.Existing, std::move(strings_), input_.HCPrefix};
+    TFoundInput found{unitFile_,           text_,          CallStyleOf(input_), input_.Existing,
+                      std::move(strings_), input_.HCPrefix};
     if (consts_) {
         found.IDPrefix = context_.Settings.Get().CnstPrefix;
         found.CallOf = [this](const TmlFoundSourceString& row, const TCallStyle& rowStyle) {
@@ -302,9 +324,9 @@ void TRun::Apply(const TChangeSet& changes) {
         AddToDescendants();
     }
     // What is begun is not stopped any more.
-    context_.Dialogs().ShowProgress(kModifying, 2, kSteps);
+    if (IsSeen()) context_.Dialogs().ShowProgress(kModifying, 2, kSteps);
     GetModuleServices(context_)->ApplyChangeSet(changes);
-    OpenFile(context_, unitFile_, true);
+    OpenFile(context_, unitFile_, IsSeen());
     scope->Commit();
 }
 
@@ -376,6 +398,11 @@ bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const 
     if (writesCalls)
         context.Dialogs().MessageDlg(DoneMessage(constSection), TMsgDlgType::mtInformation, {mrOk});
     return true;
+}
+
+int ReplaceReviewed(TContext& context, TScanMemory& memory, TFormRow& row, const TReviewRows& review) {
+    TRun run(context, memory, row, {}, false, nullptr, &review);
+    return run.Execute() ? run.StringsKept() : 0;
 }
 
 void SourceWithForm(TContext& context, TScanMemory& memory) {

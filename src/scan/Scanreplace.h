@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/Context.h"
+#include "scan/Foundrows.h"
 #include "scan/Scanmemory.h"
 
 namespace tml {
@@ -15,6 +17,12 @@ namespace tml {
 /// memory's ScanMode says so. EBadInput when the changes cannot be made as they should.
 bool DoScanReplace(TContext& context, TScanMemory& memory, TFormRow& row, const std::string& unitFile = {},
                    bool constSection = false);
+
+/// Stands in for the review of a unit: takes rows and leaves others out. False changes nothing.
+using TReviewRows = std::function<bool(TFoundRows& rows)>;
+/// The same on the form's own unit, as a part of a command over many forms: no unit is shown, no progress,
+/// no message; review is not asked where nothing is found. Gives how many strings are calls now.
+int ReplaceReviewed(TContext& context, TScanMemory& memory, TFormRow& row, const TReviewRows& review);
 
 /// What is said when the changes are made.
 std::string DoneMessage(bool constSection);
