@@ -18,6 +18,7 @@
 #include "cli/Scancommand.h"
 #include "cli/Setcommand.h"
 #include "cli/Settingscommand.h"
+#include "cli/Setupcommand.h"
 #include "cli/Statscommand.h"
 #include "cli/Terminal.h"
 #include "cli/Textscommand.h"
@@ -28,15 +29,33 @@ namespace tml {
 namespace {
 
 constexpr TAddCommand kCommands[] = {
-    AddFormsCommand,      AddScanCommand,         AddReplaceCommand,
-    AddInsertCommand,     AddLanguagesCommand,    AddUpdateCommand,
-    AddClearCommand,      AddTextsCommand,        AddSetCommand,
-    AddStatsCommand,      AddPseudoCommand,       AddCheckCommand,
-    AddRenameIDCommand,   AddFindCommand,         AddReplacePhraseCommand,
-    AddChangeTypeCommand, AddSaveCommand,         AddLoadCommand,
-    AddMergeCommand,      AddLoadLanguageCommand, AddExportPropertiesCommand,
-    AddFormTextCommand,   AddFormBinaryCommand,   AddSettingsCommand,
-    AddCompletionCommand, AddExcludeCommand,
+    AddFormsCommand,
+    AddScanCommand,
+    AddReplaceCommand,
+    AddInsertCommand,
+    AddLanguagesCommand,
+    AddSetupCommand,
+    AddExcludeCommand,
+    AddUpdateCommand,
+    AddClearCommand,
+    AddTextsCommand,
+    AddSetCommand,
+    AddStatsCommand,
+    AddPseudoCommand,
+    AddCheckCommand,
+    AddRenameIDCommand,
+    AddFindCommand,
+    AddReplacePhraseCommand,
+    AddChangeTypeCommand,
+    AddSaveCommand,
+    AddLoadCommand,
+    AddMergeCommand,
+    AddLoadLanguageCommand,
+    AddExportPropertiesCommand,
+    AddFormTextCommand,
+    AddFormBinaryCommand,
+    AddSettingsCommand,
+    AddCompletionCommand,
 };
 
 constexpr const char* kListsCommands = "\"tmllang help\" lists the commands";

@@ -2,7 +2,6 @@
 
 #include <iostream>
 #include <memory>
-#include <optional>
 #include <sstream>
 
 #include "base/Errors.h"
@@ -10,12 +9,13 @@
 #include "base/Utf8.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "cli/Languagenames.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
-#include "projects/Lpipackages.h"
+#include "setup/Requiredpackage.h"
 #include "translations/Langlosses.h"
 
 namespace tml {
@@ -26,9 +26,6 @@ struct TInsertOptions : TFormOptions {
     std::string Languages;
     bool AddPackage = false;
 };
-
-/// The package with the run-time library of localized programs.
-constexpr const char* kPackage = "tmllang";
 
 void CheckClass(IMlRuntime& runtime, const std::string& className) {
     if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
@@ -50,41 +47,27 @@ bool HasOwnComponent(TSession& session, TFormRow& row) {
     return GetmlLang(session.Context(), row.FormName) != nullptr;
 }
 
-/// The project file, "" for one of another kind, which knows no such packages.
-std::string PackageProject(TSession& session) {
-    const auto project = session.Modules().GetActiveProject();
-    const std::string file = project == nullptr ? std::string() : project->GetFileName();
-    return SameText(ExtensionOf(file), ".lpi") ? file : std::string();
-}
-
-/// None where the project requires the package already.
-std::optional<std::string> WithPackage(TSession& session, const std::string& file) {
-    const auto bytes = session.Modules().GetFiles().ReadFile(file);
-    return bytes ? WithRequiredPackage(*bytes, file, kPackage) : std::nullopt;
-}
-
 void AddPackage(TSession& session, std::ostream& report, bool json) {
-    const std::string file = PackageProject(session);
+    const std::string file = PackageProject(session.Context());
     if (file.empty())
         throw EBadInput("", 0, "only a project in .lpi requires packages", "Leave out --add-package");
-    const auto bytes = WithPackage(session, file);
-    if (bytes) session.Modules().GetFiles().WriteFile(file, *bytes);
+    const bool added = RequirePackage(session.Context(), file);
     const std::string name = FileNameOf(file);
     if (json)
         TJsonLine(report)
             .Text("project", name)
-            .Text("package", kPackage)
-            .Text("done", bytes ? "added" : "kept");
+            .Text("package", kRuntimePackage)
+            .Text("done", added ? "added" : "kept");
     else
-        report << name << ": " << (bytes ? "requires the package " : "requires the package already: ")
-               << kPackage << "\n";
+        report << name << ": " << (added ? "requires the package " : "requires the package already: ")
+               << kRuntimePackage << "\n";
 }
 
 /// A program that does not build would be a puzzle.
 void AdvisePackage(TSession& session) {
-    const std::string file = PackageProject(session);
-    if (!file.empty() && WithPackage(session, file))
-        PrintMessage(FileNameOf(file) + " does not require the package " + kPackage +
+    const std::string file = PackageProject(session.Context());
+    if (!file.empty() && !RequiresPackage(session.Context(), file))
+        PrintMessage(FileNameOf(file) + " does not require the package " + kRuntimePackage +
                      " yet: --add-package adds it, or the project inspector");
 }
 
@@ -144,18 +127,6 @@ void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, const TLa
                     "Name the others as well, or say --yes to go on");
 }
 
-/// What is wrong with the names, "" for nothing.
-std::string CheckLanguages(const std::string& text) {
-    if (Trim(text).empty()) return "a form has at least one language";
-    TStringList met;
-    for (const std::string& name : TStringList::FromCommaText(text)) {
-        if (Trim(name).empty()) return "a language has no name: " + text;
-        if (met.IndexOf(name) >= 0) return "the language " + name + " is named twice";
-        met.Add(name);
-    }
-    return {};
-}
-
 int RunLanguages(TProgram& program, const TInsertOptions& options) {
     TSession session(program, options.Project);
     const std::vector<TFormRow*> rows = session.Rows(options.Forms);
@@ -208,7 +179,7 @@ void AddLanguagesCommand(CLI::App& app, TProgram& program) {
     CLI::Option* set = command->add_option(
         "--set", options->Languages,
         "The languages in order, separated by commas; a form without a component gets one");
-    set->check(CLI::Validator(CheckLanguages, ""));
+    set->check(CLI::Validator(CheckLanguageNames, ""));
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunLanguages(shared, *options); };
     });

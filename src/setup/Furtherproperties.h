@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "base/Stringlist.h"
+#include "forms/Formvalue.h"
+
+namespace tml {
+
+/// The properties of components that can be set beside languages, links and lists, with what their values
+/// are: "Tag: a number".
+TStringList FurtherProperties();
+/// A line "Name=Value", the name without regard to case. EBadInput for another property, or no such value.
+TFormProperty FurtherProperty(const std::string& line);
+/// True for the value that a form does not store.
+bool IsDefault(const TFormProperty& property);
+
+}  // namespace tml

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Stringlist.h"
+#include "core/Context.h"
+#include "forms/Formvalue.h"
+#include "setup/Exclusionlists.h"
+#include "setup/Setupstrings.h"
+
+namespace tml {
+
+/// What forms are to be set up with.
+struct TSetupWishes {
+    std::string ComponentClass;     ///< of components that are inserted
+    std::string ComponentName;      ///< "%s" stands for the form's name; "" names them by class and form
+    TStringList Languages;          ///< in order, base language first
+    bool GivesUpLanguages = false;  ///< a component may lose languages that it has and the list has not
+    std::string DispatcherForm;     ///< whose dispatcher the components are linked to, "" for none
+    std::string ContainerForm;      ///< whose component is the others' common container, "" for none
+    TExclusionLists Exclusions;     ///< to be added to those that the components have
+    TStringList Properties;         ///< further ones, "Name=Value"; see FurtherProperties
+    bool MovesStrings = false;      ///< from the source of the forms' units into the components
+    bool AddsPackage = false;       ///< the project is to require the package of the components
+};
+
+/// What the user's settings and those of the project propose.
+TSetupWishes DefaultWishes(TContext& context);
+/// The list that an entry belongs to where nobody says: smart rules go by their names; "!X", a name with a
+/// dot and one that begins as a class does ("TEdit") are excluded properties; any other is a component.
+TExclusionList ListOfExclusion(std::string_view entry);
+
+/// What will be done to a form.
+struct TFormSetup {
+    std::string FormName;
+    std::string FileName;  ///< of the unit
+    std::string Problem;   ///< why it is left as it is, "" where it is ready
+    TStringList Remarks;   ///< what is other than was wished for
+
+    std::string Component;  ///< there or to be inserted
+    std::string ClassName;
+    bool Inserts = false;
+    std::string Ancestor;        ///< the form that it has the component from, "" for one of its own
+    bool SetsLanguages = false;  ///< those of its component
+    std::string OwnDispatcher;   ///< name of the one that it holds or gets for all, "" for none
+    bool InsertsDispatcher = false;
+    bool SetsDispatcher = false;  ///< the languages of that one
+    std::string Dispatcher;       ///< reference to what its component is to be linked to, "" for nothing
+    std::string Container;        ///< reference to the common container that it is to have, "" for none
+    TExclusionLists Exclusions;   ///< to be added
+    std::vector<TFormProperty> Properties;  ///< to be set
+    std::optional<TSetupStrings> Strings;   ///< found in the unit, where they have been looked for
+    std::string Declaration;                ///< file that declares what is inserted, "" for nothing
+    std::string FormFile;
+
+    bool IsReady() const { return Problem.empty(); }
+    int CountTaken() const;
+};
+
+/// What a run will do, form by form, ancestors before their descendants.
+struct TSetupPlan {
+    TSetupWishes Wishes;
+    std::vector<TFormSetup> Forms;
+    std::string PackageProject;  ///< file of the project that gets the package, "" for none
+    TStringList Remarks;         ///< on the whole
+    TStringList Meaningless;     ///< exclusions that leave nothing out, which are not entered
+
+    int CountReady() const;
+    /// What will be done to a form, a line each.
+    TStringList StepsOf(const TFormSetup& form) const;
+    /// The files of a form that change, full paths.
+    std::vector<std::string> FilesOf(const TFormSetup& form) const;
+    /// The plan of a form for people.
+    std::string TextOf(const TFormSetup& form) const;
+    /// The whole plan for people.
+    std::string Text() const;
+};
+
+/// Plans for the rows, and for those that hold dispatcher and common container. Nothing is changed; each
+/// form is read once, and closed again unless it was open. EBadInput for wishes that fit no form;
+/// EmlLangSilent when the person stops it.
+TSetupPlan PlanSetup(TContext& context, const std::vector<TFormRow*>& rows, const TSetupWishes& wishes);
+
+}  // namespace tml

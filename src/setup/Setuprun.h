@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "setup/Setupplan.h"
+
+namespace tml {
+
+/// What has become of a form of a plan.
+struct TFormOutcome {
+    std::string FormName;
+    std::string FileName;  ///< of the unit
+    std::string Problem;   ///< why it is as it was, "" where it is set up
+    TStringList Done;      ///< what was done, a line each
+    TStringList Notes;
+
+    bool IsDone() const { return Problem.empty(); }
+};
+
+struct TSetupOutcome {
+    std::vector<TFormOutcome> Forms;
+    TStringList Remarks;
+    int Untouched = 0;  ///< forms whose turn did not come
+    bool Stopped = false;
+
+    int CountDone() const;
+    /// The whole outcome for people.
+    std::string Report() const;
+};
+
+/// Sets up the forms of the plan, as one step of undo. A form that fails is as it was, the others stand; the
+/// person may stop it, and what is done stands then, too. What cannot be written takes everything back
+/// (EBadInput).
+TSetupOutcome RunSetup(TContext& context, TScanMemory& memory, const TSetupPlan& plan);
+
+/// What a run would change in the files, for git apply; nothing is changed. Of one form of the plan (0-based)
+/// and what it inherits, or of all.
+std::string DiffOfSetup(TContext& context, TScanMemory& memory, const TSetupPlan& plan,
+                        std::optional<std::size_t> form = std::nullopt);
+
+/// Stores the forms of dispatcher and common container among the settings of the project, where they are
+/// others there.
+void StoreLinks(TContext& context, const TSetupWishes& wishes);
+
+}  // namespace tml

@@ -1,0 +1,5 @@
+object DamagedForm: TDamagedForm
+  Caption = 'Damaged
+  object Button1: TButton
+  end
+end

@@ -1,0 +1,6 @@
+object GoodForm: TGoodForm
+  Caption = 'Good'
+  object Button1: TButton
+    Caption = 'Press me'
+  end
+end
