@@ -38,6 +38,7 @@ constexpr std::array kPages{
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmExclude", "exclusion", "Excluding from translation"},
     TPage{"frmNotTranslate", "chooser", "Choosing names"},
+    TPage{"frmWizard", "wizard", "Translation wizard"},
     TPage{"frmTranslUnits", "units", "Choosing units"},
     TPage{"", "tags", "Tags in source"},
     TPage{"", "keys", "Keys"},

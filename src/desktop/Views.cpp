@@ -18,6 +18,7 @@
 #include "desktop/Strreplaceview.h"
 #include "desktop/Transeditorview.h"
 #include "desktop/Unitsview.h"
+#include "desktop/Wizardview.h"
 
 namespace tml {
 namespace {
@@ -40,6 +41,7 @@ constexpr TMakeView kViews[] = {
     Make<TfrmFind, TFindPhraseView>,        Make<TfrmReplConfirm, TReplConfirmView>,
     Make<TfrmStrReplace, TStrReplaceView>,  Make<TfrmMlLangComboEditor, TLangComboView>,
     Make<TfrmStringList, TStringListView>,  Make<TfrmExclude, TExcludeView>,
+    Make<TfrmWizard, TWizardView>,
 };
 
 }  // namespace

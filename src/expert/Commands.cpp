@@ -12,6 +12,7 @@
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
 #include "setup/Excludeforms.h"
+#include "setup/Wizard.h"
 #include "translations/Formlanguages.h"
 #include "translations/Formtranslate.h"
 #include "translations/Formupdate.h"
@@ -88,7 +89,9 @@ constexpr unsigned kFilePopupBar = plFile | plPopup | plToolBar;
 // A command without a handler is not there yet: it is shown, never enabled, and gets its handler here.
 constexpr std::array kCommands{
     TCommand{"Translate", "&Translate", "Ctrl+T", 1, kFilePopupBar, None, Translate, "Translate"},
-    TCommand{"Wizard", "&Wizard", "Ctrl+W", 1, plFile | plToolBar, None, nullptr, "Translation Wizard"},
+    TCommand{"Wizard", "&Wizard", "Ctrl+W", 1, plFile | plToolBar, None, OnScan<Wizard1Click>,
+             "Translation Wizard", false, nullptr, "Set up the selected forms for translation in one pass",
+             "Translation Wizard|Sets up the selected forms for translation in one pass"},
     TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages",
              false, nullptr, "Set up number of languages in selected form",
              "Languages|Set up value of NumOfLanguages property for selected form(s)"},
@@ -140,7 +143,8 @@ constexpr std::array kCommands{
              .Entries = TypeCaptions,
              .OnEntry = ToTmlLang1Click},
     TCommand{"Dictionary", "&Dictionary", "Ctrl+M", 0, plTools, None, nullptr},
-    TCommand{"Wizards", "&Wizards", "", 0, plTools, None, nullptr},
+    TCommand{"Wizards", "&Wizards", "", 0, plTools, None, OnScan<Wizards1Click>, "", false, nullptr,
+             "Set up all forms for translation in one pass"},
     TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, OnPhrases<Findword1Click>,
              "Find"},
     TCommand{"ReplacePhrase", "&Replace Phrase...", "", 111, plTools | plToolBar, None,

@@ -146,7 +146,7 @@ class TDeskUser {
         QPointer<QWidget> window = QApplication::activeModalWidget();
         if (window == nullptr || !window->isVisible() || seen_.contains(window)) return;
         // On a machine that is busy any command may show how far it is.
-        if (steps_.empty() && qobject_cast<QProgressDialog*>(window) != nullptr) return;
+        if (qobject_cast<QProgressDialog*>(window) != nullptr) return;
         seen_ += window;
         if (steps_.empty()) {
             const auto* box = qobject_cast<QMessageBox*>(window);
