@@ -9,6 +9,7 @@
 #include "cli/Completioncommand.h"
 #include "cli/Excludecommand.h"
 #include "cli/Formfilecommands.h"
+#include "cli/Formpicturecommand.h"
 #include "cli/Formscommand.h"
 #include "cli/Idcommands.h"
 #include "cli/Insertcommands.h"
@@ -54,6 +55,7 @@ constexpr TAddCommand kCommands[] = {
     AddExportPropertiesCommand,
     AddFormTextCommand,
     AddFormBinaryCommand,
+    AddFormPictureCommand,
     AddSettingsCommand,
     AddCompletionCommand,
 };

@@ -50,4 +50,13 @@ void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std
     scope->Commit();
 }
 
+int PlaceOfLanguage(TmlCustomLang& lang, const TFormRow& row, const std::string& language) {
+    const auto dispatcher = lang.GetDispatcher();
+    ILanguages& languages = dispatcher != nullptr ? static_cast<ILanguages&>(*dispatcher) : lang;
+    const TStringList names = languages.GetLangNames();
+    const int index = names.IndexOf(language);
+    if (index >= 0) return index + 1;
+    throw EBadInput(row.FileName, 0, "the form has no language " + language, "It has " + names.CommaText());
+}
+
 }  // namespace tml

@@ -26,4 +26,7 @@ void ForEachTmlLang(TSession& session, const TFormOptions& options,
 void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std::string& title,
                        const std::function<void(TFormRow&, TmlCustomLang&)>& work);
 
+/// Of the form's language of this name, 1-based. EBadInput where it has none.
+int PlaceOfLanguage(TmlCustomLang& lang, const TFormRow& row, const std::string& language);
+
 }  // namespace tml

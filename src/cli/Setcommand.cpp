@@ -69,13 +69,6 @@ TTextPlace FindText(TmlCustomLang& lang, const TFormRow& row, const TSetOptions&
     return std::move(found.front());
 }
 
-int PlaceOfLanguage(ILanguages& languages, const TFormRow& row, const std::string& language) {
-    const TStringList names = languages.GetLangNames();
-    const int index = names.IndexOf(language);
-    if (index >= 0) return index + 1;
-    throw EBadInput(row.FileName, 0, "the form has no language " + language, "It has " + names.CommaText());
-}
-
 /// The entry as the options want it.
 TTableEntry Edited(const TTextPlace& text, const TFormRow& row, const TSetOptions& options, int place) {
     const bool hasStates = HasStates(text.Table.Type());
@@ -114,9 +107,7 @@ int RunSet(TProgram& program, TSetOptions options) {
     TSession session(program, options.Project);
     std::ostringstream report;
     ChangeEachTmlLang(session, options, "Set", [&](TFormRow& row, TmlCustomLang& lang) {
-        const auto dispatcher = lang.GetDispatcher();
-        const int place = PlaceOfLanguage(
-            dispatcher != nullptr ? static_cast<ILanguages&>(*dispatcher) : lang, row, options.Language);
+        const int place = PlaceOfLanguage(lang, row, options.Language);
         TTextPlace text = FindText(lang, row, options);
         const TTableEntry entry = Edited(text, row, options, place);
         text.Table.SetValues(text.Entry, entry.Values);

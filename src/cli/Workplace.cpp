@@ -14,7 +14,6 @@
 #include "host/Commonlibrary.h"
 
 namespace tml {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -28,8 +27,6 @@ std::string ProgramFolder() {
     return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
 #endif
 }
-
-}  // namespace
 
 TWorkplace::TWorkplace(TProgram& program)
     : projectName_(program.ProjectName),

@@ -8,6 +8,9 @@
 
 namespace tml {
 
+/// Of the program's file.
+std::string ProgramFolder();
+
 /// What a command works in: the expert's host over the user's settings, answered from the command's options.
 class TWorkplace {
   public:

@@ -13,14 +13,14 @@
 #include <algorithm>
 
 #include "base/Errors.h"
-#include "base/Utf8.h"
+#include "core/Modules.h"
 #include "desktop/Codeeditor.h"
 #include "desktop/Designpanel.h"
-#include "desktop/Formmeasure.h"
-#include "desktop/Formpainter.h"
 #include "desktop/Texts.h"
-#include "runtime/Partnodes.h"
-#include "runtime/Showlanguage.h"
+#include "picture/Formmeasure.h"
+#include "picture/Formpainter.h"
+#include "picture/Formpicture.h"
+#include "runtime/Shownform.h"
 
 namespace tml {
 namespace {
@@ -31,20 +31,6 @@ constexpr int kPictureWidth = 700;
 constexpr int kPanelWidth = 300;
 constexpr int kNotesTold = 3;  ///< the others in the hint
 enum TFormPage { pgPicture, pgText };
-
-/// The first localization component of a form's file; nullptr for a form without one.
-std::shared_ptr<TmlCustomLang> LangOn(IMlRuntime& runtime, IOTAComponent& form) {
-    for (int i = 0; i < form.GetComponentCount(); ++i)
-        if (auto lang = runtime.AsCustomLang(form.GetComponent(i))) return lang;
-    return nullptr;
-}
-
-TLayoutOptions OptionsOf(const std::string& fileName) {
-    TLayoutOptions options;
-    const bool isLcl = ToQt(fileName).endsWith(".lfm", Qt::CaseInsensitive);
-    options.Look = isLcl ? TLayoutLook::Lcl : TLayoutLook::Vcl;
-    return options;
-}
 
 /// Of every node its component's path: below the form or the frame that owns it.
 std::unordered_map<const TLayoutNode*, std::string> PathsBelow(const TLayoutNode& form) {
@@ -80,8 +66,7 @@ void TFormPicture::Show(TLayoutNode form, const TLayoutOptions& options) {
     form_ = std::move(form);
     layout_ = LayOutForm(form_, TFormMeasure(), options);
     paths_ = PathsBelow(form_);
-    const TLayoutRect& place = layout_.Items.front().Place;
-    setFixedSize(place.Width, place.Height);
+    setFixedSize(PictureSize(layout_));
     update();
 }
 
@@ -275,7 +260,7 @@ void TFormView::FollowLanguages() {
     const QString chosen = languages_->currentIndex() > 0 ? languages_->currentText() : QString();
     languages_->clear();
     if (const auto form = form_.lock())
-        if (const auto lang = LangOn(runtime_, *form->GetRootComponent())) {
+        if (const auto lang = FindCustomLang(runtime_, *form)) {
             const TStringList names = lang->GetLangNames();
             const int active = lang->GetActiveLanguage();
             for (int place = 1; place <= names.Count(); ++place)
@@ -288,10 +273,8 @@ void TFormView::FollowLanguages() {
 }
 
 TLayoutNode TFormView::FormInLanguage(IOTAFormEditor& form) const {
-    const TFormParts& parts = *design_.Parts();
-    const auto lang = languages_->currentIndex() > 0 ? LangOn(runtime_, *form.GetRootComponent()) : nullptr;
-    if (lang == nullptr) return LayoutNodeOf(parts.Items());
-    return LayoutNodeOf(PartsInLanguage(parts, *lang, languages_->currentData().toInt()));
+    const auto lang = FindCustomLang(runtime_, form);
+    return TShownForm(runtime_, form.GetRootComponent(), lang.get()).In(languages_->currentData().toInt());
 }
 
 void TFormView::showEvent(QShowEvent* event) {
@@ -305,11 +288,8 @@ void TFormView::Draw() {
     QStringList notes;
     try {
         design_.Follow(form);
-        picture_->Show(FormInLanguage(*form), OptionsOf(form->GetFileName()));
-        for (const std::string& note : picture_->Layout().Notes)
-            notes += ToQt(note);
-        for (const QString& font : MissingFonts(picture_->Layout()))
-            notes += "Another font stands for " + font;
+        picture_->Show(FormInLanguage(*form), {LookOf(form->GetFileName())});
+        notes = NotesOf(picture_->Layout());
     } catch (const EBadInput& error) {
         notes += ToQt(error.what());
     }

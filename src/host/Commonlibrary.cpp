@@ -121,10 +121,14 @@ std::unique_ptr<ICommonLibraryLoader> MakeCommonLibraryLoader(const std::string&
     return std::make_unique<TCommonLibraryLoader>(path);
 }
 
-std::string CommonLibraryPath(IFileSystem& files, const std::string& programFolder) {
-    std::string beside = JoinPath(programFolder, kLibraryFile);
+std::string CompanionPath(IFileSystem& files, const std::string& programFolder, const std::string& name) {
+    std::string beside = JoinPath(programFolder, name);
     if (files.Stat(beside)) return beside;
-    return JoinPath(JoinPath(FolderOf(programFolder), "lib/tmllang"), kLibraryFile);
+    return JoinPath(JoinPath(FolderOf(programFolder), "lib/tmllang"), name);
+}
+
+std::string CommonLibraryPath(IFileSystem& files, const std::string& programFolder) {
+    return CompanionPath(files, programFolder, kLibraryFile);
 }
 
 }  // namespace tml

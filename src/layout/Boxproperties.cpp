@@ -160,6 +160,7 @@ const TTakers kTakers = {
     {"FONT.COLOR", [](TLayoutBox& box, const TFormValue& value) { box.Font.Color = value.Text; }},
     {"BIDIMODE", [](TLayoutBox& box,
                     const TFormValue& value) { box.RightToLeft = !SameText(value.Text, "bdLeftToRight"); }},
+    {"MIRRORLAYOUT", [](TLayoutBox& box, const TFormValue& value) { box.Mirrors = FlagIn(&value, false); }},
     {"CAPTION", TakeText},
     {"TEXT", TakeText},
     {"LINES.STRINGS", TakeText},

@@ -47,7 +47,9 @@ void TakeFromAction(TLayoutBox& box, const TActions& actions, const TLayoutNode*
     if (box.Node->Find("Visible") == nullptr) box.Visible = FlagIn(from.Find("Visible"), true);
 }
 
+/// Of its own: a list of images has that of the images.
 bool HasSize(const TLayoutNode& node) {
+    if (UpperCase(node.ClassName).ends_with("IMAGELIST")) return false;
     return node.Find("Width") != nullptr || node.Find("Height") != nullptr;
 }
 
@@ -139,6 +141,7 @@ void AddItems(TLayoutBoxes& boxes, int group) {
         box.Text = items->Items[i].Text;
         box.Font = boxes[group].Font;
         box.RightToLeft = boxes[group].RightToLeft;
+        box.Mirrors = false;
         box.Cell = {TCellAlign::Near, TCellAlign::Center};
         boxes[group].Children.push_back(static_cast<int>(boxes.All.size()));
         boxes.All.push_back(std::move(box));
@@ -160,6 +163,7 @@ int AddBox(TLayoutBoxes& boxes, const TActions& actions, const TOwned& owned, in
     if (node.Find("Caption") == nullptr) box.Text += CaptionOfKind(NameIn(node.Find("Kind")));
     HandDownFont(box, parent < 0 ? nullptr : &boxes[parent]);
     if (!box.RightToLeft) box.RightToLeft = parent >= 0 && *boxes[parent].RightToLeft;
+    if (!box.Mirrors) box.Mirrors = parent >= 0 && *boxes[parent].Mirrors;
     CompleteAnchors(box);
     CompleteSizes(box);
     const int index = static_cast<int>(boxes.All.size());

@@ -4,6 +4,7 @@
 
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
+#include "layout/Boxwishes.h"
 
 namespace tml {
 namespace {
@@ -74,18 +75,10 @@ void FrameScrolled(const TLayoutBoxes&, TLayoutBox& box) {
     if (HasBorder(box, "bsSingle")) AddAround(box.Frame, kLine);
 }
 
-std::size_t SideOfTabs(const TLayoutBox& box) {
-    constexpr std::string_view kPositions[] = {"tpLeft", "tpTop", "tpRight", "tpBottom"};
-    const TFormValue* const given = box.Node->Find("TabPosition");
-    for (std::size_t side = 0; side < kSides && given != nullptr; ++side)
-        if (SameText(given->Text, kPositions[side])) return side;
-    return kTop;
-}
-
 void FrameTabbed(const TLayoutBoxes& boxes, TLayoutBox& box) {
     AddAround(box.Frame, RoomsOf(boxes).PageEdge);
     if (!FlagIn(box.Node->Find("ShowTabs"), true) || box.Children.empty()) return;
-    box.Frame[SideOfTabs(box)] = TabsHeight(boxes, box);
+    box.Frame[SideOfTabs(box)] = TabsDepth(boxes, box);
 }
 
 bool HasEdge(const TFormValue* edges, std::string_view name, bool other) {
@@ -144,8 +137,34 @@ int MenuBarHeight(const TLayoutBoxes& boxes) {
     return boxes.Texts.LineHeight({}) + RoomsOf(boxes).Menu;
 }
 
-int TabsHeight(const TLayoutBoxes& boxes, const TLayoutBox& box) {
-    return boxes.Texts.LineHeight(box.Font) + RoomsOf(boxes).Tab;
+std::size_t SideOfTabs(const TLayoutBox& box) {
+    constexpr std::string_view kPositions[] = {"tpLeft", "tpTop", "tpRight", "tpBottom"};
+    const TFormValue* const given = box.Node->Find("TabPosition");
+    for (std::size_t side = 0; side < kSides && given != nullptr; ++side)
+        if (SameText(given->Text, kPositions[side])) return side;
+    return kTop;
+}
+
+std::vector<std::string> TabTexts(const TLayoutBoxes& boxes, const TLayoutBox& box) {
+    std::vector<std::string> texts;
+    for (const int child : box.Children)
+        if (boxes[child].Visible && boxes[child].Kind() == TLayoutKind::Page)
+            texts.push_back(boxes[child].Text);
+    const TFormValue* const tabs = box.Node->Find("Tabs.Strings");
+    if (texts.empty() && tabs != nullptr)
+        for (const TFormValue& tab : tabs->Items)
+            texts.push_back(tab.Text);
+    return texts;
+}
+
+/// Tabs at the sides have upright texts in the VCL, and lines as long as the longest one in the LCL.
+int TabsDepth(const TLayoutBoxes& boxes, const TLayoutBox& box) {
+    const int line = boxes.Texts.LineHeight(box.Font);
+    int room = line;
+    if (AxisOf(SideOfTabs(box)) == 0 && boxes.Options.Look == TLayoutLook::Lcl)
+        for (const std::string& text : TabTexts(boxes, box))
+            room = std::max(room, TextSize(boxes.Texts, text, box.Font, 0, true).Width);
+    return ClampedLength(room + RoomsOf(boxes).Tab);
 }
 
 void FindClientAreas(TLayoutBoxes& boxes) {

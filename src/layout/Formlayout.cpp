@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Utf8.h"
 #include "layout/Boxlinks.h"
 #include "layout/Boxplacement.h"
 #include "layout/Boxreader.h"
@@ -134,6 +135,13 @@ std::vector<bool> InFront(const TLayoutBoxes& boxes) {
     return front;
 }
 
+/// Children stand as in a mirror once all have their places. Those in cells have been put so from the right,
+/// and the buttons of a tool bar begin there whether the form mirrors or not.
+bool IsTurnedWithin(const TLayoutBox& parent) {
+    if (parent.Spread.Order != TChildOrder::None) return false;
+    return parent.Kind() == TLayoutKind::ToolBar ? *parent.RightToLeft : *parent.Mirrors;
+}
+
 TLayoutItem ItemOf(const TLayoutBoxes& boxes, const TLayoutBox& box, bool isInFront,
                    const std::vector<TLayoutItem>& before) {
     TLayoutItem item;
@@ -147,6 +155,8 @@ TLayoutItem ItemOf(const TLayoutBoxes& boxes, const TLayoutBox& box, bool isInFr
     TLayoutRect seen = item.Place;
     if (box.Parent >= 0) {
         const TLayoutItem& parent = before[static_cast<std::size_t>(box.Parent)];
+        if (IsTurnedWithin(boxes[box.Parent]))
+            item.Bounds.Left = parent.Client.Width - item.Bounds.Left - item.Bounds.Width;
         item.Place.Left = ClampedLength(parent.Place.Left + parent.Client.Left + item.Bounds.Left);
         item.Place.Top = ClampedLength(parent.Place.Top + parent.Client.Top + item.Bounds.Top);
         seen = Cut(item.Place, Cut(parent.Seen, {parent.Place.Left + parent.Client.Left,
@@ -173,6 +183,10 @@ std::string_view NameOf(TLayoutKind kind) {
     };
     static_assert(std::size(kNames) == static_cast<std::size_t>(TLayoutKind::Box) + 1);
     return kNames[static_cast<std::size_t>(kind)];
+}
+
+TLayoutLook LookOf(std::string_view formFile) {
+    return UpperCase(formFile).ends_with(".LFM") ? TLayoutLook::Lcl : TLayoutLook::Vcl;
 }
 
 TFormLayout LayOutForm(const TLayoutNode& form, const ITextMeasure& texts, const TLayoutOptions& options) {

@@ -62,14 +62,17 @@ enum class TLayoutKind : std::uint8_t {
 std::string_view NameOf(TLayoutKind kind);
 
 enum class TLayoutAlignment : std::uint8_t { Near, Center, Far };
+/// Where a button's picture stands by its text.
+enum class TLayoutGlyphSide : std::uint8_t { Left, Right, Top, Bottom };
 
 /// A piece of a control that is no control itself: a tab, an item of a radio group, a column's title, a panel
-/// of a status bar, an item of a menu bar, a line of a list.
+/// of a status bar, an item of a menu bar, a line of a list, a node of a tree, a cell.
 struct TLayoutPart {
     TLayoutRect Place;  ///< within the control
     std::string Text;
     bool IsOn = false;  ///< chosen, checked, or the open tab
     TLayoutAlignment Alignment = TLayoutAlignment::Near;
+    bool IsTitle = false;  ///< of a column
 };
 
 /// A control of a form, with what is needed to draw it.
@@ -97,6 +100,8 @@ struct TLayoutItem {
     bool WordWrap = false;
     bool RightToLeft = false;
     bool IsOn = false;  ///< checked, pressed
+    TLayoutSize Glyph;  ///< of the picture on a button; empty without one
+    TLayoutGlyphSide GlyphSide = TLayoutGlyphSide::Left;
     std::vector<TLayoutPart> Parts;
 };
 
@@ -107,6 +112,8 @@ struct TFormLayout {
 
 /// Whose rules and measures count.
 enum class TLayoutLook : std::uint8_t { Lcl, Vcl };
+/// By the extension of the form's file.
+TLayoutLook LookOf(std::string_view formFile);
 
 struct TLayoutOptions {
     TLayoutLook Look = TLayoutLook::Lcl;

@@ -111,6 +111,7 @@ struct TLayoutBox {
     bool ParentFont = true;
     bool WordWrap = false;
     std::optional<bool> RightToLeft;  ///< the parent's where the form does not say
+    std::optional<bool> Mirrors;      ///< its children stand where they would in a mirror; else as above
     TLayoutFont Font;
     std::string Text;
 

@@ -33,6 +33,16 @@ TButtonStyle StyleOf(const TLayoutBox& box) {
 }
 
 /// A tool bar as its buttons see it; along is the axis of a row.
+/// Of the images of a tool bar; empty where it has none.
+TLayoutSize ImageOn(const TLayoutBoxes& boxes, const TLayoutBox& toolBar) {
+    const std::string name = NameIn(toolBar.Node->Find("Images"));
+    if (name.empty()) return {};
+    const auto images = boxes.OnForm.find(UpperCase(name));
+    if (images == boxes.OnForm.end()) return {kImage, kImage};
+    return {LengthIn(images->second->Find("Width")).value_or(kImage),
+            LengthIn(images->second->Find("Height")).value_or(kImage)};
+}
+
 class TToolBarRows {
   public:
     TToolBarRows(const TLayoutBoxes& boxes, int toolBar, bool isOneRow)
@@ -44,7 +54,7 @@ class TToolBarRows {
           wraps_(FlagIn(bar_.Node->Find("Wrapable"), true)),
           showsCaptions_(FlagIn(bar_.Node->Find("ShowCaptions"), false)),
           isList_(FlagIn(bar_.Node->Find("List"), false)),
-          image_(FindImage()),
+          image_(ImageOn(boxes, bar_)),
           end_(isOneRow ? kFarthest : bar_.Room(along_) - bar_.Inset[FarOf(along_)]) {
         Place();
     }
@@ -62,15 +72,6 @@ class TToolBarRows {
     int LengthOf(const char* property, int other) const {
         return std::max(1, LengthIn(bar_.Node->Find(property)).value_or(other));
     }
-    TLayoutSize FindImage() const {
-        const std::string name = NameIn(bar_.Node->Find("Images"));
-        if (name.empty()) return {};
-        const auto images = boxes_.OnForm.find(UpperCase(name));
-        if (images == boxes_.OnForm.end()) return {kImage, kImage};
-        return {LengthIn(images->second->Find("Width")).value_or(kImage),
-                LengthIn(images->second->Find("Height")).value_or(kImage)};
-    }
-
     TLayoutSize TextOf(const TLayoutBox& box) const {
         const bool showsOwn = !isList_ || FlagIn(box.Node->Find("ShowCaption"), true);
         if (!showsCaptions_ || !showsOwn) return {};
@@ -190,6 +191,17 @@ TLayoutSize ToolBarWish(const TLayoutBoxes& boxes, int toolBar) {
     const bool isGiven = bar.Keeps(kLeft) && bar.Keeps(kRight);
     const TToolBarRows rows(boxes, toolBar, !isGiven);
     return {rows.Needed[0], rows.Needed[1]};
+}
+
+void AddToolButtonDetails(const TLayoutBoxes& boxes, const TLayoutBox& button, TLayoutItem& item) {
+    if (button.Parent < 0 || boxes[button.Parent].Kind() != TLayoutKind::ToolBar) return;
+    const TLayoutBox& bar = boxes[button.Parent];
+    const bool isList = FlagIn(bar.Node->Find("List"), false);
+    const bool shows = FlagIn(bar.Node->Find("ShowCaptions"), false) &&
+                       (!isList || FlagIn(button.Node->Find("ShowCaption"), true));
+    if (!shows) item.Text.clear();
+    if (LengthIn(button.Node->Find("ImageIndex")).value_or(-1) >= 0) item.Glyph = ImageOn(boxes, bar);
+    item.GlyphSide = isList ? TLayoutGlyphSide::Left : TLayoutGlyphSide::Top;
 }
 
 }  // namespace tml

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "layout/Formlayout.h"
 #include "layout/Layoutbox.h"
 
 namespace tml {
@@ -11,5 +12,8 @@ void PlaceToolBarRows(TLayoutBoxes& boxes, int toolBar);
 /// The size that they need: in the width (upright: the height) that the bar has where the parent gives it,
 /// else in one row.
 TLayoutSize ToolBarWish(const TLayoutBoxes& boxes, int toolBar);
+
+/// The picture that a button of a tool bar shows, and its text only where the bar shows texts.
+void AddToolButtonDetails(const TLayoutBoxes& boxes, const TLayoutBox& button, TLayoutItem& item);
 
 }  // namespace tml

@@ -57,6 +57,8 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
     }
     if (isFrame && frames_ == TFrames::Translated) LeaveTranslated(begin);
     ReadBlock(owner, path, holder);
+    if (isFrame && !path.empty())
+        parts_[static_cast<std::size_t>(byPath_.at(UpperCase(path)))].FrameForm = ancestor;
     --depth_;
 }
 

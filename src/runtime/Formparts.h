@@ -21,6 +21,7 @@ struct TFormPart {
     std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
     bool IsFrame = false;
+    std::shared_ptr<IOTAComponent> FrameForm = {};  ///< a frame's own form; nullptr where that is not found
     bool TranslatesItself = false;  ///< stands on a frame that has a localization component of its own
 };
 

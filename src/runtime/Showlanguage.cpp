@@ -15,12 +15,23 @@
 namespace tml {
 namespace {
 
+/// A key of the component at the path, as one of the whole form.
+std::string KeyWithin(const std::string& path, const std::string& key) {
+    return path.empty() ? key : path + (key.starts_with('.') ? "" : ".") + key;
+}
+
 /// The changes of each component of a form.
 class TFormChange {
   public:
     TFormChange(const TFormParts& parts, int from, int to)
         : parts_(parts), from_(from), to_(to), changes_(parts.Items().size()) {}
 
+    /// What is added from now on is of a localization component that stands on the frame at the path.
+    void Within(const std::string& path, int from, int to) {
+        path_ = path;
+        from_ = from;
+        to_ = to;
+    }
     void Add(const std::vector<TTable>& before, const std::vector<TTable>& after) {
         for (std::size_t i = 0; i < before.size(); ++i)
             // The IDs of Strings name no component, and a language's tag is no property of the form's file.
@@ -29,7 +40,8 @@ class TFormChange {
     }
     void Add(const std::vector<TFileExtended>& before, const std::vector<TFileExtended>& after) {
         for (std::size_t i = 0; i < before.size(); ++i)
-            if (const TFormPart* const part = parts_.Find(before[i].Component))
+            if (const TFormPart* const part =
+                    parts_.Find(before[i].Component.empty() ? path_ : KeyWithin(path_, before[i].Component)))
                 Add(*part, TStringsType::stOtherStrings, std::string(WithoutStrings(before[i].Property)),
                     EntryOf(before[i]), EntryOf(after[i]));
     }
@@ -63,10 +75,10 @@ class TFormChange {
     void Add(const TTable& before, const TTable& after) {
         const auto& entries = before.Entries();
         for (std::size_t i = 0; i < entries.size(); ++i) {
-            const TFormPart* const part = parts_.OfKey(entries[i].Key);
+            const std::string key = KeyWithin(path_, entries[i].Key);
+            const TFormPart* const part = parts_.OfKey(key);
             if (part != nullptr && before.Find(entries[i].Key) == static_cast<int>(i))
-                Add(*part, before.Type(), entries[i].Key.substr(part->Path.size() + 1), entries[i],
-                    after.Entries()[i]);
+                Add(*part, before.Type(), key.substr(part->Path.size() + 1), entries[i], after.Entries()[i]);
         }
     }
 
@@ -111,6 +123,7 @@ class TFormChange {
     }
 
     const TFormParts& parts_;
+    std::string path_;
     int from_;
     int to_;
     std::vector<std::vector<TTextChange>> changes_;
@@ -132,8 +145,13 @@ void ShowTexts(TmlCustomLang& lang, int from, int to) {
     ChangeOfLanguage(parts, lang, from, to).Make();
 }
 
-std::vector<TFormPart> PartsInLanguage(const TFormParts& parts, TmlCustomLang& lang, int language) {
-    const TFormChange change = ChangeOfLanguage(parts, lang, lang.GetActiveLanguage(), language);
+std::vector<TFormPart> PartsShowing(const TFormParts& parts, const std::vector<TShownTexts>& texts) {
+    TFormChange change(parts, 0, 0);
+    for (const TShownTexts& one : texts) {
+        change.Within(one.Path, one.From, one.To);
+        change.Add(one.Before->Tables, one.After->Tables);
+        change.Add(one.Before->Extended, one.After->Extended);
+    }
     std::vector<TFormPart> result = parts.Items();
     for (std::size_t i = 0; i < result.size(); ++i)
         result[i].Properties = change.Changed(i);

@@ -5,7 +5,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "runtime/Classes.h"
-#include "runtime/Itemdata.h"
+#include "tables/Itemdata.h"
 #include "tables/Propertytexts.h"
 
 namespace tml {

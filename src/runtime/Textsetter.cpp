@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "base/Utf8.h"
-#include "runtime/Itemdata.h"
 #include "runtime/Propertybag.h"
 #include "tables/Fontvalue.h"
+#include "tables/Itemdata.h"
 
 namespace tml {
 namespace {

@@ -4,22 +4,13 @@
 #include <utility>
 
 #include "base/Errors.h"
-#include "base/Languagetags.h"
 #include "base/Utf8.h"
 #include "runtime/Buildlist.h"
 #include "runtime/Extended.h"
+#include "runtime/Textdirection.h"
 
 namespace tml {
 namespace {
-
-/// The form's own word on what a language is counts before its name.
-std::string TagOf(const TTable& locales, const TStringList& names, int place) {
-    for (const TTableEntry& entry : locales.Entries())
-        if (static_cast<std::size_t>(place) <= entry.Values.size() &&
-            !entry.Values[static_cast<std::size_t>(place) - 1].Text.empty())
-            return entry.Values[static_cast<std::size_t>(place) - 1].Text;
-    return LanguageTagOf(names[place - 1]);
-}
 
 TTable ExtendedTable(const std::vector<TFileExtended>& items) {
     TTable table(TStringsType::stOtherStrings);
@@ -58,13 +49,11 @@ TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs,
 
 void TTransTexts::ReadForm(TmlCustomLang& lang) {
     TLangTexts texts = ReadTexts(lang);
-    const TTable& locales = texts.Tables[static_cast<std::size_t>(TStringsType::stLocales)];
     TTransForm form{&lang, lang.GetComponent()->GetOwner()->GetName(), texts.Languages, {}};
     for (int place = 1; place <= form.Languages.Count(); ++place) {
         const auto column = ColumnOf(form.Languages[place - 1], form.Places);
         if (column > languages_.size())
-            languages_.push_back(
-                {form.Languages[place - 1], IsRightToLeft(TagOf(locales, form.Languages, place))});
+            languages_.push_back({form.Languages[place - 1], IsRightToLeft(texts, place)});
         form.Places.resize(std::max(form.Places.size(), column + 1));
         form.Places[column] = place;
     }
@@ -202,6 +191,18 @@ void TTransTexts::Write() {
         if (HasEdits(form)) Write(form);
     for (TTransForm& form : forms_)
         form.IsChanged = form.IsChanged || HasEdits(form);
+}
+
+TLangTexts TTransTexts::ShownTexts(const TTransForm& form) const {
+    TLangTexts texts{form.Languages, {}, ReadExtended(*form.Lang->GetComponent())};
+    for (int index = form.FirstTable; index < form.TablesEnd; ++index) {
+        const TTransTable& table = tables_[static_cast<std::size_t>(index)];
+        if (table.IsExtended())
+            Take(texts.Extended, table.Edited());
+        else
+            texts.Tables.push_back(table.IsStrings() ? TTable(TStringsType::stStrings) : table.Edited());
+    }
+    return texts;
 }
 
 void TTransTexts::Write(TTransForm& form) {

@@ -88,6 +88,9 @@ class TTransTexts {
     /// The same here only.
     void RenameHere(TTransRow row, const std::string& id);
 
+    /// What a form shows of its component's tables, with the edits: of the IDs of "Strings" nothing.
+    TLangTexts ShownTexts(const TTransForm& form) const;
+
     /// True where Write has something to write.
     bool HasEdits() const;
     void Write();

@@ -120,6 +120,22 @@ const TPlacesCase kCases[] = {
      "'a' 'bb' "
      "'c' ) end",
      "G 0,0 200x100\nG[0] 161,14 29x19\nG[1] 66,14 35x19\nG[2] 161,62 29x19\n"},
+    {"InAMirrorAllButCellsAreTurnedOnce",
+     "BiDiMode = bdRightToLeft MirrorLayout = True object A: TButton Left = 8 Width = 50 end "
+     "object P: TPanel Align = alLeft Width = 60 BevelOuter = bvNone object B: TButton Left = 5 Width = 20 "
+     "end "
+     "end inline F: TFrame1 Left = 60 Width = 50 Height = 9 MirrorLayout = False object C: TButton Left = 4 "
+     "end end object G: TRadioGroup Left = 100 Width = 100 Height = 50 Columns = 2 Items.Strings = ( 'a' 'b' "
+     ") "
+     "end",
+     "A 142,0 50x25\nP 140,0 60x100\nB 35,0 20x25\nF 90,0 50x9\nC 4,0 75x25\nG 0,0 100x50\n"
+     "G[0] 61,13 29x19\nG[1] 19,13 29x19\n"},
+    {"TheTabsOfPagesTakeRoomAtTheirSide",
+     "object P: TPageControl Width = 100 Height = 60 TabPosition = tpLeft object S: TTabSheet Caption = "
+     "'Long' "
+     "end end object Q: TPageControl Left = 100 Width = 100 Height = 60 TabPosition = tpBottom object T: "
+     "TTabSheet Caption = 'T' end end",
+     "P 0,0 100x60\nS 0,0 62x56\nQ 100,0 100x60\nT 0,0 96x31\n"},
     {"ActionsGiveCaptions",
      "object L: TActionList object X: TAction Caption = '&Long' end end object A: TCheckBox Action = X end "
      "inline F: TFrame1 Top = 30 Width = 90 Height = 50 object M: TActionList object X: TAction Caption = "
@@ -196,6 +212,23 @@ TEST(FormLayoutDrawing, ItemsSayWhatIsSeenAndHow) {
     EXPECT_EQ(box.Text, "On");
     EXPECT_TRUE(box.IsOn);
     EXPECT_FALSE(box.Enabled);
+}
+
+TEST(FormLayoutDrawing, TabsStandAtTheirSideAndButtonsShowWhatTheirBarSays) {
+    const TLaidOut laidOut(Around(
+        "object P: TPageControl Width = 100 Height = 60 TabPosition = tpRight object S: TTabSheet Caption = "
+        "'Long' end object U: TTabSheet Caption = 'T' end end object I: TImageList Width = 20 end "
+        "object B: TToolBar Top = 70 Align = alBottom Images = I object X: TToolButton Caption = 'Hid' "
+        "ImageIndex = 2 "
+        "end end object V: TBitBtn Top = 70 Kind = bkOK Layout = blGlyphTop end"));
+    const std::vector<TLayoutItem>& items = laidOut.Layout.Items;
+    ASSERT_EQ(items.size(), 7U) << "without the list of images";
+    EXPECT_EQ(items[1].Parts[0].Place, (TLayoutRect{64, 0, 36, 23}));
+    EXPECT_EQ(items[1].Parts[1].Place, (TLayoutRect{64, 23, 36, 23}));
+    EXPECT_EQ(items[5].Text, "");
+    EXPECT_EQ(items[5].Glyph, (TLayoutSize{20, 16}));
+    EXPECT_EQ(items[6].Glyph, (TLayoutSize{20, 20}));
+    EXPECT_EQ(items[6].GlyphSide, TLayoutGlyphSide::Top);
 }
 
 TEST(FormLayoutBadInput, CirclesOfAnchorsAreBrokenAndNoted) {

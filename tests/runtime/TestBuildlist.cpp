@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "ide/Headlesside.h"
-#include "runtime/Itemdata.h"
 #include "runtime/Runtime.h"
 #include "support/Memoryfiles.h"
+#include "tables/Itemdata.h"
 #include "tables/States.h"
 
 namespace tml {

@@ -12,7 +12,7 @@
 //   tree, old:        count; nodes: size; image, selected, state, overlay, data, number of children; text.
 //   tree, new:        version (a byte), count; nodes: size; as before and more; text in UTF-16.
 // A layout is taken only where it leads exactly to the end of the bytes.
-#include "runtime/Itemdata.h"
+#include "tables/Itemdata.h"
 
 #include <algorithm>
 #include <array>

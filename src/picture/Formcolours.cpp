@@ -1,11 +1,10 @@
-#include "desktop/Formcolours.h"
+#include "picture/Formcolours.h"
 
 #include <QString>
 #include <array>
 #include <cstdlib>
 
 #include "base/Utf8.h"
-#include "desktop/Texts.h"
 
 namespace tml {
 namespace {
@@ -66,7 +65,7 @@ constexpr std::array kNamedColours{
 
 QColor ColourOfNumber(const std::string& text) {
     bool isNumber = false;
-    QString digits = ToQt(text);
+    QString digits = QString::fromUtf8(text);
     const int base = digits.startsWith('$') ? 16 : 10;
     if (base == 16) digits.remove(0, 1);
     const qlonglong number = digits.toLongLong(&isNumber, base);

@@ -1,12 +1,12 @@
-#include "desktop/Formpainter.h"
+#include "picture/Formpainter.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "base/Utf8.h"
-#include "desktop/Formcolours.h"
-#include "desktop/Formmeasure.h"
-#include "desktop/Texts.h"
+#include "picture/Formcolours.h"
+#include "picture/Formglyphs.h"
+#include "picture/Formmeasure.h"
 
 namespace tml {
 namespace {
@@ -16,6 +16,7 @@ constexpr int kMark = 13;       ///< box of a check button
 constexpr int kArrow = 4;       ///< half an arrow's width
 constexpr int kButton = 18;     ///< width of the button at the end of a field
 constexpr int kLeastLine = 30;  ///< of the contrast to the paper
+constexpr int kLeastBar = 10;   ///< thickness of a scroll bar
 constexpr int kRound = 3;       ///< radius of a button's corner
 
 QRect RectOf(const TLayoutRect& rect) {
@@ -57,6 +58,17 @@ QPalette::ColorRole PaperOf(TLayoutKind kind) {
     }
 }
 
+/// The first or the last one of two that stand beside each other, or upright.
+QRect PartOf(const QRect& both, const QSize& size, bool isUpright, bool isLast) {
+    QRect part({0, 0}, size);
+    part.moveCenter(both.center());
+    if (isUpright)
+        isLast ? part.moveBottom(both.bottom()) : part.moveTop(both.top());
+    else
+        isLast ? part.moveRight(both.right()) : part.moveLeft(both.left());
+    return part;
+}
+
 /// One control, inside of the clip that is set.
 class TItemPainter {
   public:
@@ -82,9 +94,10 @@ class TItemPainter {
     void Panel();
     void GroupBox();
     void Outline() { Border(place_); }
+    void ScrollBox();
     void Pages();
     void Label();
-    void Button() { PushButton(place_, item_.Text); }
+    void Button();
     void SpeedButton();
     void CheckBox();
     void RadioButton();
@@ -116,6 +129,12 @@ class TItemPainter {
     QRect CutEnd(QRect& rest) const;
     void Mark(bool isRound);
     void Text(const QRect& place, const std::string& text, int flags);
+    /// A button's picture and text, together in the middle.
+    void GlyphAndText(const QRect& place);
+    void Glyph(const QRect& place);
+    void Placeholder(const QRect& place);
+    /// From the lower to the upper end at the left, and down at the right.
+    void UprightText(const QRect& place, const std::string& text, bool isUp);
     void Title(const TLayoutPart& part);
 
     bool IsOn(const char* property) const {
@@ -155,8 +174,8 @@ TItemPainter::TDraw TItemPainter::OfKind(TLayoutKind kind) {
         case TLayoutKind::Panel: return &TItemPainter::Panel;
         case TLayoutKind::GroupBox: case TLayoutKind::RadioGroup: case TLayoutKind::CheckGroup:
             return &TItemPainter::GroupBox;
-        case TLayoutKind::ScrollBox: case TLayoutKind::Bevel: case TLayoutKind::ProgressBar:
-            return &TItemPainter::Outline;
+        case TLayoutKind::ScrollBox: return &TItemPainter::ScrollBox;
+        case TLayoutKind::Bevel: case TLayoutKind::ProgressBar: return &TItemPainter::Outline;
         case TLayoutKind::PageControl: case TLayoutKind::TabControl: return &TItemPainter::Pages;
         case TLayoutKind::Label: case TLayoutKind::StaticText: return &TItemPainter::Label;
         case TLayoutKind::Button: return &TItemPainter::Button;
@@ -197,7 +216,7 @@ QColor TItemPainter::Ink(const QColor& paper) const {
 void TItemPainter::Text(const QRect& place, const std::string& text, int flags) {
     if (text.empty()) return;
     painter_.setPen(Ink(paper_));
-    painter_.drawText(place, flags, ToQt(text));
+    painter_.drawText(place, flags, QString::fromUtf8(text));
 }
 
 void TItemPainter::Border(const QRect& place) {
@@ -222,24 +241,56 @@ void TItemPainter::GroupBox() {
     Border(place_.adjusted(0, half, 0, 0));
     if (item_.Text.empty()) return;
     const int width =
-        painter_.fontMetrics().size(Qt::TextShowMnemonic, ToQt(item_.Text)).width() + 2 * kTextRoom;
+        painter_.fontMetrics().size(Qt::TextShowMnemonic, QString::fromUtf8(item_.Text)).width() +
+        2 * kTextRoom;
     const QRect title = PartPlace({2 * kTextRoom, 0, width, 2 * half + 1});
     painter_.fillRect(title, paper_);
     Text(title, item_.Text, Qt::AlignCenter | Qt::TextShowMnemonic);
 }
 
+/// Bars stand where the client area leaves more room than a border takes.
+void TItemPainter::ScrollBox() {
+    const QRect client(place_.topLeft() + QPoint(item_.Client.Left, item_.Client.Top),
+                       QSize(item_.Client.Width, item_.Client.Height));
+    const QColor bar = palette_.color(QPalette::Mid);
+    if (place_.right() - client.right() >= kLeastBar)
+        painter_.fillRect(QRect(client.topRight() + QPoint(1, 0), place_.bottomRight()), bar);
+    if (place_.bottom() - client.bottom() >= kLeastBar)
+        painter_.fillRect(QRect(client.bottomLeft() + QPoint(0, 1), place_.bottomRight()), bar);
+    if (!Is("BorderStyle", "bsNone")) Border(place_);
+}
+
 void TItemPainter::Pages() {
-    const int top = item_.Parts.empty() ? 0 : item_.Parts.front().Place.Height;
-    Border(place_.adjusted(0, top, 0, 0));
+    const bool isLeft = Is("TabPosition", "tpLeft"), isRight = Is("TabPosition", "tpRight");
+    const bool isBottom = Is("TabPosition", "tpBottom");
+    // Towards the pages.
+    const QPoint in = isLeft     ? QPoint(1, 0)
+                      : isRight  ? QPoint(-1, 0)
+                      : isBottom ? QPoint(0, -1)
+                                 : QPoint(0, 1);
+    const TLayoutRect tabs = item_.Parts.empty() ? TLayoutRect() : item_.Parts.front().Place;
+    const QPoint depth(in.x() * tabs.Width, in.y() * tabs.Height);
+    Border(place_.adjusted(std::max(0, depth.x()), std::max(0, depth.y()), std::min(0, depth.x()),
+                           std::min(0, depth.y())));
     for (const TLayoutPart& part : item_.Parts) {
         const QRect tab = PartPlace(part.Place);
-        Border(part.IsOn ? tab.adjusted(0, 0, 0, 1) : tab.adjusted(0, 2, 0, 1));
-        if (part.IsOn) {
-            painter_.setPen(paper_);
-            painter_.drawLine(tab.left() + 1, tab.bottom() + 1, tab.right() - 1, tab.bottom() + 1);
-        }
-        Text(tab, part.Text, Qt::AlignCenter | Qt::TextShowMnemonic);
+        Border(tab.united(tab.translated(in)));
+        if (part.IsOn) painter_.fillRect(tab.adjusted(1, 1, -1, -1).translated(2 * in), paper_);
+        if (tab.height() > tab.width() && (isLeft || isRight))
+            UprightText(tab, part.Text, isLeft);
+        else
+            Text(tab, part.Text, Qt::AlignCenter | Qt::TextShowMnemonic);
     }
+}
+
+void TItemPainter::UprightText(const QRect& place, const std::string& text, bool isUp) {
+    painter_.save();
+    painter_.translate(QRectF(place).center());
+    painter_.rotate(isUp ? -90 : 90);
+    const QSize turned = place.size().transposed();
+    Text({QPoint(-turned.width() / 2, -turned.height() / 2), turned}, text,
+         Qt::AlignCenter | Qt::TextShowMnemonic);
+    painter_.restore();
 }
 
 void TItemPainter::Label() {
@@ -256,6 +307,45 @@ void TItemPainter::PushButton(const QRect& place, const std::string& text) {
     Text(place, text, Qt::AlignCenter | Qt::TextShowMnemonic | (item_.WordWrap ? Qt::TextWordWrap : 0));
 }
 
+void TItemPainter::Placeholder(const QRect& place) {
+    painter_.setPen(QPen(Line(), 1, Qt::DashLine));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(place.adjusted(0, 0, -1, -1));
+    painter_.drawLine(place.topLeft(), place.bottomRight());
+    painter_.drawLine(place.topRight(), place.bottomLeft());
+}
+
+void TItemPainter::Glyph(const QRect& place) {
+    const QImage glyph = GlyphIn(*item_.Node);
+    glyph.isNull() ? Placeholder(place) : painter_.drawImage(place, glyph);
+}
+
+void TItemPainter::GlyphAndText(const QRect& place) {
+    constexpr int kCenter = static_cast<int>(Qt::AlignCenter) | Qt::TextShowMnemonic;
+    const QSize glyph(item_.Glyph.Width, item_.Glyph.Height);
+    if (glyph.isEmpty()) return Text(place, item_.Text, kCenter | (item_.WordWrap ? Qt::TextWordWrap : 0));
+    const bool isRight = item_.GlyphSide == TLayoutGlyphSide::Right;
+    const bool isBelow = item_.GlyphSide == TLayoutGlyphSide::Bottom;
+    const bool isUpright = isBelow || item_.GlyphSide == TLayoutGlyphSide::Top;
+    const bool isLast = isUpright ? isBelow : isRight != item_.RightToLeft;
+    const QSize text = painter_.fontMetrics().size(Qt::TextShowMnemonic, QString::fromUtf8(item_.Text));
+    const int space = item_.Text.empty() ? 0 : kTextRoom;
+    QSize size = glyph.expandedTo(text);
+    if (isUpright)
+        size.setHeight(glyph.height() + space + text.height());
+    else
+        size.setWidth(glyph.width() + space + text.width());
+    QRect both({0, 0}, size);
+    both.moveCenter(place.center());
+    Glyph(PartOf(both, glyph, isUpright, isLast));
+    Text(PartOf(both, text, isUpright, !isLast), item_.Text, kCenter);
+}
+
+void TItemPainter::Button() {
+    PushButton(place_, {});
+    GlyphAndText(place_);
+}
+
 void TItemPainter::SpeedButton() {
     if (Is("Style", "tbsSeparator") || Is("Style", "tbsDivider")) {
         painter_.setPen(Line());
@@ -263,10 +353,8 @@ void TItemPainter::SpeedButton() {
         return;
     }
     if (item_.IsOn) painter_.fillRect(place_, palette_.color(QPalette::Mid));
-    if (item_.Kind == TLayoutKind::SpeedButton && !IsOn("Flat"))
-        PushButton(place_, item_.Text);
-    else
-        Text(place_, item_.Text, Qt::AlignCenter | Qt::TextShowMnemonic);
+    if (item_.Kind == TLayoutKind::SpeedButton && !IsOn("Flat")) PushButton(place_, {});
+    GlyphAndText(place_);
 }
 
 void TItemPainter::Mark(bool isRound) {
@@ -367,7 +455,8 @@ void TItemPainter::List() {
             painter_.drawRect(end.left() + 1, line.center().y() - kMark / 2, kMark - 3, kMark - 3);
             if (!item_.RightToLeft) text.setLeft(text.left() + kMark + kTextRoom);
         }
-        painter_.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ToQt(part.Text));
+        painter_.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                          QString::fromUtf8(part.Text));
     }
     Border(place_);
 }
@@ -381,11 +470,16 @@ void TItemPainter::Title(const TLayoutPart& part) {
     painter_.setPen(ReadableOn(palette_.color(QPalette::Button), palette_.color(QPalette::ButtonText)));
     painter_.drawText(place.adjusted(kTextRoom, 0, -kTextRoom, 0),
                       static_cast<int>(Across(part.Alignment) | Qt::AlignVCenter) | Qt::TextSingleLine,
-                      ToQt(part.Text));
+                      QString::fromUtf8(part.Text));
 }
 
 void TItemPainter::Columns() {
     for (const TLayoutPart& part : item_.Parts) {
+        if (!part.IsTitle) {
+            Text(PartPlace(part.Place).adjusted(kTextRoom, 0, -kTextRoom, 0), part.Text,
+                 static_cast<int>(Across(part.Alignment) | Qt::AlignVCenter) | Qt::TextSingleLine);
+            continue;
+        }
         Title(part);
         const QRect place = PartPlace(part.Place);
         if (item_.Kind != TLayoutKind::Grid) continue;
@@ -443,11 +537,17 @@ void TItemPainter::ScrollBar() {
 }
 
 void TItemPainter::Picture() {
-    painter_.setPen(QPen(Line(), 1, Qt::DashLine));
-    painter_.setBrush(Qt::NoBrush);
-    painter_.drawRect(place_.adjusted(0, 0, -1, -1));
-    painter_.drawLine(place_.topLeft(), place_.bottomRight());
-    painter_.drawLine(place_.topRight(), place_.bottomLeft());
+    const QImage image = ImageIn(*item_.Node);
+    if (image.isNull()) return Placeholder(place_);
+    const bool fits = image.width() <= place_.width() && image.height() <= place_.height();
+    QSize size = image.size();
+    if (IsOn("Proportional") && (IsOn("Stretch") || !fits))
+        size.scale(place_.size(), Qt::KeepAspectRatio);
+    else if (IsOn("Stretch"))
+        size = place_.size();
+    QRect place(place_.topLeft(), size);
+    if (IsOn("Center")) place.moveCenter(place_.center());
+    painter_.drawImage(place, image);
 }
 
 void TItemPainter::Shape() {
@@ -465,7 +565,8 @@ void TItemPainter::Shape() {
 void TItemPainter::DividerBevel() {
     painter_.setPen(Line());
     painter_.drawLine(place_.left(), place_.center().y(), place_.right(), place_.center().y());
-    const int width = painter_.fontMetrics().size(Qt::TextShowMnemonic, ToQt(item_.Text)).width();
+    const int width =
+        painter_.fontMetrics().size(Qt::TextShowMnemonic, QString::fromUtf8(item_.Text)).width();
     const QRect title = PartPlace({2 * kTextRoom, 0, width + 2 * kTextRoom, item_.Place.Height});
     if (!item_.Text.empty()) painter_.fillRect(title, paper_);
     Text(title, item_.Text, Qt::AlignCenter | Qt::TextShowMnemonic);

@@ -17,14 +17,19 @@ class TFormMeasure : public ITextMeasure {
   public:
     int Width(std::string_view line, const TLayoutFont& font) const override;
     int LineHeight(const TLayoutFont& font) const override;
-
-  private:
+    /// Of FontOf.
     const QFontMetrics& Metrics(const TLayoutFont& font) const;
 
+  private:
     mutable std::map<std::string, QFontMetrics> metrics_;
 };
 
+/// Whether the machine has any.
+bool HasFonts();
 /// The fonts of a form that the machine has not, each once.
 QStringList MissingFonts(const TFormLayout& layout);
+
+/// The controls that are seen and have characters for which no font of the machine has a glyph, by name.
+QStringList WithoutGlyphs(const TFormLayout& layout);
 
 }  // namespace tml
