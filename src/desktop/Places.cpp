@@ -14,6 +14,7 @@ namespace {
 const std::string kKey = "\\Software\\Velmora\\TmlLang\\Workbench";
 constexpr const char* kDocks = "Docks";
 constexpr const char* kExpert = "OpensExpert";
+constexpr const char* kForm = "TranslatesOnForm";
 constexpr const char* kRecent = "RecentProjects";
 constexpr int kMostRecent = 10;
 constexpr int kLargestSize = 10'000;
@@ -83,6 +84,14 @@ bool TPlaces::WantsExpert() {
 
 void TPlaces::SetWantsExpert(bool wants) {
     registry_.WriteInteger(kKey, kExpert, wants ? 1 : 0);
+}
+
+bool TPlaces::WantsForm() {
+    return registry_.ReadInteger(kKey, kForm).value_or(1) != 0;
+}
+
+void TPlaces::SetWantsForm(bool wants) {
+    registry_.WriteInteger(kKey, kForm, wants ? 1 : 0);
 }
 
 QStringList TPlaces::RecentProjects() {

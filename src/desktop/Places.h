@@ -37,6 +37,10 @@ class TPlaces {
     bool WantsExpert();
     void SetWantsExpert(bool wants);
 
+    /// Whether the translation editor shows the form of a text; at first it does.
+    bool WantsForm();
+    void SetWantsForm(bool wants);
+
     QStringList RecentProjects();
     /// Puts the project in front; the oldest ones are dropped.
     void AddRecentProject(const QString& path);

@@ -9,6 +9,7 @@
 
 #include "desktop/Listmodel.h"
 #include "desktop/Texts.h"
+#include "desktop/Transformpane.h"
 #include "ui_Transeditorview.h"
 
 namespace tml {
@@ -17,11 +18,14 @@ namespace {
 constexpr int kTextWidth = 130;  ///< at least, of a column
 constexpr int kTreeWidth = 200;
 constexpr int kBoxLines = 5;
+constexpr int kStackedLines = 14;  ///< that base text and translation need below each other
 constexpr int kFilterPause = 150;  ///< ms
 
 constexpr const char* kTreeSizes = "Tree.frmTransEditor";
 constexpr const char* kBoxSizes = "Boxes.frmTransEditor";
 constexpr const char* kColumnSizes = "Columns.frmTransEditor";
+constexpr const char* kFormSizes = "Form.frmTransEditor";
+constexpr const char* kFormBoxSizes = "FormBoxes.frmTransEditor";
 
 QString ShareText(const TTransProgress& progress) {
     return progress.Texts == 0 ? QString() : QString("%1/%2").arg(progress.Done()).arg(progress.Texts);
@@ -42,6 +46,7 @@ TTransEditorView::TTransEditorView(TfrmTransEditor& form, const TViewServices& s
       ui_(std::make_unique<Ui::Transeditorview>()),
       binder_(services.Runner),
       model_(form),
+      pane_(new TTransFormPane(services.Host, form.Texts())),
       progress_(new QLabel(this)),
       notice_(new QLabel(this)) {
     ui_->setupUi(this);
@@ -53,6 +58,7 @@ TTransEditorView::TTransEditorView(TfrmTransEditor& form, const TViewServices& s
     BindFilters();
     BindCells();
     BindButtons();
+    BindForm();
     actions_ = std::make_unique<TActionBinding>(form_.Actions, *this, *ui_->toolBar, *ui_->grTexts,
                                                 [this](const TAction& action) { Execute(action); });
 }
@@ -181,6 +187,21 @@ void TTransEditorView::BindButtons() {
     });
 }
 
+void TTransEditorView::BindForm() {
+    ui_->formSplitter->addWidget(pane_);
+    ui_->ckForm->setChecked(services_.Places.WantsForm());
+    pane_->setVisible(ui_->ckForm->isChecked());
+    connect(ui_->ckForm, &QCheckBox::toggled, this, [this](bool checked) {
+        StoreBoxes();
+        services_.Places.SetWantsForm(checked);
+        pane_->setVisible(checked);
+        SizeBoxes();
+    });
+    connect(ui_->memText, &QPlainTextEdit::textChanged, this, [this] {
+        if (!refreshing_) DrawForm();
+    });
+}
+
 void TTransEditorView::Execute(const TAction& action) {
     if (typing_.isActive()) Search();
     TakeTyped();
@@ -222,6 +243,41 @@ bool TTransEditorView::eventFilter(QObject* watched, QEvent* event) {
     return TView::eventFilter(watched, event);
 }
 
+// --- the form
+
+void TTransEditorView::DrawForm() {
+    const TTransCell current = form_.Grid().Current();
+    const bool isTyped = ui_->memText->document()->isModified();
+    pane_->Show(current.Row, current.Column,
+                isTyped ? std::optional(FromQt(ui_->memText->toPlainText())) : std::nullopt);
+}
+
+/// Without a form the least for the boxes, with one half of the height, where they stand below each other:
+/// what is left goes to the grid.
+void TTransEditorView::SizeBoxes() {
+    const bool hasForm = !pane_->isHidden();
+    const int line = fontMetrics().lineSpacing();
+    const std::vector<int> stored = services_.Places.Sizes(hasForm ? kFormBoxSizes : kBoxSizes);
+    const int usual = hasForm ? height() / 2 : std::min((kBoxLines + 2) * line, height() / 4);
+    const int boxes = std::min(stored.empty() ? usual : ShownWidth(*this, stored.front()),
+                               hasForm ? height() * 3 / 4 : height() / 2);
+    ui_->textSplitter->setSizes({height() - boxes, boxes});
+    const bool areStacked = hasForm && boxes >= kStackedLines * line;
+    ui_->textsLayout->setDirection(areStacked ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const int room = ui_->formSplitter->width();
+    const std::vector<int> form = services_.Places.Sizes(kFormSizes);
+    const int pane = form.empty() ? room / 2 : std::min(ShownWidth(*this, form.front()), room * 3 / 4);
+    ui_->formSplitter->setSizes({room - pane, pane});
+}
+
+void TTransEditorView::StoreBoxes() {
+    const auto store = [this](const char* name, const QSplitter& splitter) {
+        services_.Places.SetSizes(name, {DesignWidth(*this, splitter.sizes().back())});
+    };
+    store(pane_->isHidden() ? kBoxSizes : kFormBoxSizes, *ui_->textSplitter);
+    if (!pane_->isHidden()) store(kFormSizes, *ui_->formSplitter);
+}
+
 // --- showing
 
 void TTransEditorView::showEvent(QShowEvent* event) {
@@ -233,14 +289,10 @@ void TTransEditorView::LayOut() {
     layout()->activate();
     QTableView& cells = *ui_->grTexts;
     const auto stored = [this](const char* name) { return services_.Places.Sizes(name); };
-    const std::vector<int> tree = stored(kTreeSizes), boxes = stored(kBoxSizes),
-                           columns = stored(kColumnSizes);
-    // The least for the grid: what is left goes to it.
+    const std::vector<int> tree = stored(kTreeSizes), columns = stored(kColumnSizes);
     const int treeWidth = ShownWidth(*this, tree.empty() ? kTreeWidth : tree.front());
     ui_->splitter->setSizes({std::min(treeWidth, width() / 2), width()});
-    const int lines = std::min((kBoxLines + 2) * fontMetrics().lineSpacing(), height() / 4);
-    const int boxHeight = boxes.empty() ? lines : ShownWidth(*this, boxes.front());
-    ui_->textSplitter->setSizes({1, std::min(boxHeight, height() / 2)});
+    SizeBoxes();
     const int share = cells.viewport()->width() / form_.ColumnCount();
     for (int column = 0; column < form_.ColumnCount(); ++column) {
         const auto place = static_cast<std::size_t>(column);
@@ -256,7 +308,7 @@ void TTransEditorView::BeforeClose() {
         columns.push_back(DesignWidth(*this, ui_->grTexts->columnWidth(column)));
     services_.Places.SetSizes(kColumnSizes, columns);
     services_.Places.SetSizes(kTreeSizes, {DesignWidth(*this, ui_->splitter->sizes().front())});
-    services_.Places.SetSizes(kBoxSizes, {DesignWidth(*this, ui_->textSplitter->sizes().back())});
+    StoreBoxes();
 }
 
 void TTransEditorView::Refresh() {
@@ -269,6 +321,7 @@ void TTransEditorView::Refresh() {
     RefreshFilters();
     RefreshTexts();
     RefreshStatus();
+    DrawForm();
     refreshing_ = false;
 }
 

@@ -19,7 +19,10 @@ class Transeditorview;
 
 namespace tml {
 
-/// The translation editor: forms and tables in a tree, their texts in a grid, the current one in boxes below.
+class TTransFormPane;
+
+/// The translation editor: forms and tables in a tree, their texts in a grid, the current one in boxes below
+/// and on its form.
 class TTransEditorView : public TView {
   public:
     TTransEditorView(TfrmTransEditor& form, const TViewServices& services);
@@ -37,6 +40,8 @@ class TTransEditorView : public TView {
     void BindFilters();
     void BindCells();
     void BindButtons();
+    void BindForm();
+    void DrawForm();
     void Run(const std::function<void()>& work) { services_.Runner.Run(work); }
     /// Runs a command on what has been typed.
     void Execute(const TAction& action);
@@ -50,6 +55,8 @@ class TTransEditorView : public TView {
 
     /// Gives the grid the height that the boxes leave, and its columns the width.
     void LayOut();
+    void SizeBoxes();
+    void StoreBoxes();
     void RefreshTree();
     void RefreshFilters();
     void RefreshTexts();
@@ -66,6 +73,7 @@ class TTransEditorView : public TView {
     TTransModel model_;
     std::unique_ptr<TActionBinding> actions_;
     std::vector<QTreeWidgetItem*> nodes_;
+    TTransFormPane* pane_;
     QLabel* progress_;
     QLabel* notice_;
     QTimer typing_;  ///< runs while what is typed in the search is not looked for yet

@@ -196,5 +196,53 @@ TEST_F(TTransWindow, TheTreeAndTheFilterNarrowWhatIsShown) {
     });
 }
 
+/// What of two pictures of one size differs.
+QRect Difference(const QImage& one, const QImage& two) {
+    QRect differing;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            if (one.pixel(x, y) != two.pixel(x, y)) differing |= QRect(x, y, 1, 1);
+    return differing;
+}
+
+TEST_F(TTransWindow, TheFormShowsWhatIsTypedAndMarksItsControl) {
+    const auto form = [](QWidget& window) {
+        return window.findChild<QWidget*>("transForm")->grab().toImage();
+    };
+    const auto onForm = [&](QWidget& window, const char* key) {
+        Search(window, key);
+        ClickCell(Cells(window), 0, 2);
+        return form(window);
+    };
+    Translate([&](QWidget& window) {
+        const QImage service = onForm(window, "lblServices");
+        ASSERT_EQ(service.size(), QSize(620, 400));
+        const QImage log = onForm(window, "lblLog");
+        EXPECT_EQ(TextOf(window, "transFormTitle"), "Hafen");
+        EXPECT_TRUE(Difference(service, log).contains(QRect(176, 222, 170, 12)))
+            << "the marks of both labels";
+        QTest::keyClick(&Cells(window), Qt::Key_Return, Qt::ControlModifier);
+        QTest::keyClicks(window.focusWidget(), "Logbuch, lang");
+        const QImage typed = form(window);
+        const QRect changed = Difference(log, typed);
+        EXPECT_GT(changed.width(), 30) << "before it is taken";
+        EXPECT_TRUE(QRect(310, 215, 150, 25).contains(changed));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(form(window), log);
+        Cells(window).setCurrentIndex(Cells(window).model()->index(0, 3));
+        EXPECT_GT(Difference(log, form(window)).width(), 500) << "Hebrew, mirrored";
+        onForm(window, "mniArrival.Caption");
+        EXPECT_EQ(TextOf(window, "transFormNotes"), "mniArrival is not seen on the form");
+        QTest::mouseClick(window.findChild<QAbstractButton*>("ckForm"), Qt::LeftButton);
+        EXPECT_FALSE(window.findChild<QWidget*>("transForm")->isVisible());
+        Press(window, "btnCancel");
+    });
+    User.On([](QWidget& window) {
+        EXPECT_FALSE(window.findChild<QWidget*>("transForm")->isVisible()) << "as it was left";
+        Press(window, "btnCancel");
+    });
+    QTest::keyClick(&Find<QTableView>("lvFormNames"), Qt::Key_Return);
+}
+
 }  // namespace
 }  // namespace tml
