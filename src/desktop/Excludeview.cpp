@@ -17,7 +17,7 @@ namespace {
 constexpr int kOpenAtOnce = 300;  ///< properties that a search may open
 constexpr int kSmartColumns = 3;
 constexpr int kWarningSize = 16;
-constexpr int kPictureWidth = 420;
+constexpr int kFormWidth = 420;
 constexpr int kAroundPlace = 40;  ///< pixels around a component that is scrolled to
 constexpr std::array kTreeWidths = {210, 190, 130};
 /// What a rule is called in "texts that are ...".
@@ -118,7 +118,7 @@ void TExcludeView::LayOut() {
     for (std::size_t i = 0; i + 1 < form_.lvEntries.Columns.size(); ++i)
         ui_->lvEntries->setColumnWidth(static_cast<int>(i),
                                        ShownWidth(*this, form_.lvEntries.Columns[i].Width));
-    const int picture = form_.FormViewWidth > 0 ? form_.FormViewWidth : ShownWidth(*this, kPictureWidth);
+    const int picture = form_.FormViewWidth > 0 ? form_.FormViewWidth : ShownWidth(*this, kFormWidth);
     ui_->splitter->setStretchFactor(0, 1);
     ui_->splitter->setStretchFactor(1, 0);
     ui_->splitter->setSizes({std::max(width() - picture, 1), picture});

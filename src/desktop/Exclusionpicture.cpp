@@ -42,19 +42,12 @@ std::vector<std::string> PathsInPicture(const TFormLayout& layout) {
     return result;
 }
 
-TLayoutOptions LayoutLookOf(const std::string& formFile) {
-    TLayoutOptions options;
-    const bool isLcl = ToQt(formFile).endsWith(".lfm", Qt::CaseInsensitive);
-    options.Look = isLcl ? TLayoutLook::Lcl : TLayoutLook::Vcl;
-    return options;
-}
-
 }  // namespace
 
 void TExclusionPicture::ShowForm(const TfrmExclude& form) {
     form.UseCurrentForm([this](const std::shared_ptr<IOTAComponent>& root, const std::string& formFile) {
         const TFormParts parts(root, TFormParts::TFrames::Whole);
-        Show(LayoutNodeOf(parts.Items()), LayoutLookOf(formFile));
+        Show(LayoutNodeOf(parts.Items()), {LookOf(formFile)});
         paths_ = PathsInPicture(Layout());
     });
     ShowMarks(form);
@@ -82,7 +75,7 @@ QRect TExclusionPicture::CurrentPlace() const {
 }
 
 void TExclusionPicture::paintEvent(QPaintEvent* event) {
-    TFormPicture::paintEvent(event);
+    TFormCanvas::paintEvent(event);
     QPainter painter(this);
     painter.setClipRect(event->rect());
     for (const TMark& mark : marks_)

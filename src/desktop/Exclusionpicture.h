@@ -5,13 +5,13 @@
 #include <unordered_map>
 #include <vector>
 
-#include "desktop/Formview.h"
+#include "desktop/Formcanvas.h"
 #include "setup/Exclude.h"
 
 namespace tml {
 
 /// A form as it is drawn, with what of it is translated in a frame and what is excluded hatched.
-class TExclusionPicture : public TFormPicture {
+class TExclusionPicture : public TFormCanvas {
   public:
     /// Told the path of a component that is clicked, "" for the form itself.
     std::function<void(const std::string& path)> OnClick;

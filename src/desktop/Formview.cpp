@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -17,8 +18,6 @@
 #include "desktop/Codeeditor.h"
 #include "desktop/Designpanel.h"
 #include "desktop/Texts.h"
-#include "picture/Formmeasure.h"
-#include "picture/Formpainter.h"
 #include "picture/Formpicture.h"
 #include "runtime/Shownform.h"
 
@@ -57,22 +56,17 @@ QRect RectangleOf(const TLayoutRect& rect) {
 // --- the picture
 
 TFormPicture::TFormPicture(TFormDesign& design) : design_(design) {
-    setObjectName("formPicture");
     setFocusPolicy(Qt::StrongFocus);
 }
 
 void TFormPicture::Show(TLayoutNode form, const TLayoutOptions& options) {
-    layout_ = {};
-    form_ = std::move(form);
-    layout_ = LayOutForm(form_, TFormMeasure(), options);
-    paths_ = PathsBelow(form_);
-    setFixedSize(PictureSize(layout_));
-    update();
+    TFormCanvas::Show(std::move(form), options);
+    paths_ = PathsBelow(*Layout().Items.front().Node);
 }
 
 void TFormPicture::paintEvent(QPaintEvent* event) {
+    TFormCanvas::paintEvent(event);
     QPainter painter(this);
-    PaintForm(painter, layout_, palette(), event->rect());
     QPen pen(palette().color(QPalette::Highlight));
     pen.setWidth(kSelectionMark);
     pen.setJoinStyle(Qt::MiterJoin);
@@ -90,14 +84,14 @@ int TFormPicture::ComponentOf(const TLayoutItem& item) const {
 
 int TFormPicture::ComponentAt(const QPoint& at) const {
     const auto found =
-        std::find_if(layout_.Items.rbegin(), layout_.Items.rend(), [&](const TLayoutItem& item) {
+        std::find_if(Layout().Items.rbegin(), Layout().Items.rend(), [&](const TLayoutItem& item) {
             return RectangleOf(item.Seen).contains(at) && ComponentOf(item) >= 0;
         });
-    return found == layout_.Items.rend() ? 0 : ComponentOf(*found);
+    return found == Layout().Items.rend() ? 0 : ComponentOf(*found);
 }
 
 QRect TFormPicture::PlaceOf(int component) const {
-    for (const TLayoutItem& item : layout_.Items)
+    for (const TLayoutItem& item : Layout().Items)
         if (item.Item < 0 && ComponentOf(item) == component) return RectangleOf(item.Seen);
     return {};
 }
@@ -130,7 +124,7 @@ void TFormPicture::contextMenuEvent(QContextMenuEvent* event) {
 
 void TFormPicture::SelectNext(int step) {
     std::vector<int> drawn;
-    for (const TLayoutItem& item : layout_.Items)
+    for (const TLayoutItem& item : Layout().Items)
         if (item.Item < 0 && item.Seen.Width > 0 && ComponentOf(item) >= 0)
             drawn.push_back(ComponentOf(item));
     if (drawn.empty()) return;

@@ -7,8 +7,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "desktop/Formcanvas.h"
 #include "ide/Formdesign.h"
-#include "layout/Formlayout.h"
 #include "platform/Mlruntime.h"
 
 class QAction;
@@ -24,9 +24,9 @@ class TDesignPanel;
 class TFormTextView;
 class TRunner;
 
-/// A form as it is drawn, without widgets of its own: a click selects the component that is seen there, Ctrl
-/// and Shift add it; the arrows go from one to the next, Esc to what it stands in.
-class TFormPicture : public QWidget {
+/// The picture of a form in its designer: a click selects the component that is seen there, Ctrl and Shift
+/// add it; the arrows go from one to the next, Esc to what it stands in.
+class TFormPicture : public TFormCanvas {
   public:
     explicit TFormPicture(TFormDesign& design);
 
@@ -37,8 +37,6 @@ class TFormPicture : public QWidget {
     std::function<void(const QPoint& at)> OnMenu;
 
     void Show(TLayoutNode form, const TLayoutOptions& options);
-    /// Its items say where in the picture each control is.
-    const TFormLayout& Layout() const { return layout_; }
     /// Where the component is seen; empty for one that is not drawn.
     QRect PlaceOf(int component) const;
 
@@ -56,8 +54,6 @@ class TFormPicture : public QWidget {
     void SelectNext(int step);
 
     TFormDesign& design_;
-    TLayoutNode form_;  ///< what the layout points into
-    TFormLayout layout_;
     std::unordered_map<const TLayoutNode*, std::string> paths_;
 };
 

@@ -21,7 +21,7 @@ TFormPieces::TFormPieces(const TFormFile& file, const TFormTextStyle& style, std
 std::string TFormPieces::Write(std::string_view wide) {
     const std::size_t count = wide.size() / 2;
     if (count == 0) return "''";
-    const bool isSplit = style_.Layout == TFormLayout::Dfm && count > kPieceUnits;
+    const bool isSplit = style_.Layout == TFormDialect::Dfm && count > kPieceUnits;
     if (isSplit) text_ = lineBreak_;
     std::size_t inPiece = 0;
     for (std::size_t i = 0; i < count; ++i, ++inPiece) {

@@ -12,7 +12,7 @@ namespace {
 
 /// What a walk over the lines of a form shows.
 struct TEvidence {
-    std::optional<TFormLayout> Layout;
+    std::optional<TFormDialect> Layout;
     bool HasDoubled = false;    ///< 'it''s'
     bool HasCode39 = false;     ///< 'it'#39's'
     bool HasHighCodes = false;  ///< #128 and above
@@ -20,12 +20,12 @@ struct TEvidence {
 };
 
 /// The layout shows where brackets stand and in long strings.
-std::optional<TFormLayout> LayoutOfLine(std::string_view line) {
-    if (line == ")" || line == "}" || line.starts_with("LCLVersion")) return TFormLayout::Lfm;
-    if (line.ends_with("' +") || line.ends_with("')")) return TFormLayout::Dfm;
+std::optional<TFormDialect> LayoutOfLine(std::string_view line) {
+    if (line == ")" || line == "}" || line.starts_with("LCLVersion")) return TFormDialect::Lfm;
+    if (line.ends_with("' +") || line.ends_with("')")) return TFormDialect::Dfm;
     const bool isHexEnd =
         line.size() > 2 && line.back() == '}' && IsFormChar(line[line.size() - 2], kHexDigit);
-    if (isHexEnd) return TFormLayout::Dfm;
+    if (isHexEnd) return TFormDialect::Dfm;
     return std::nullopt;
 }
 
@@ -62,9 +62,9 @@ TEvidence ReadLines(std::string_view text) {
     return evidence;
 }
 
-std::string LineEndOf(std::string_view text, TFormLayout layout) {
+std::string LineEndOf(std::string_view text, TFormDialect layout) {
     const std::size_t end = text.find_first_of("\r\n");
-    if (end == text.npos) return layout == TFormLayout::Dfm ? "\r\n" : "\n";
+    if (end == text.npos) return layout == TFormDialect::Dfm ? "\r\n" : "\n";
     return std::string(text.substr(end, text.substr(end).starts_with("\r\n") ? 2 : 1));
 }
 
@@ -91,8 +91,8 @@ TFormTextStyle FindStyle(const TFormFile& file, const TFormNode& root) {
     const TEvidence evidence = ReadLines(file.Bytes());
     const bool isLfmFile = SameText(ExtensionOf(file.FileName()), ".lfm");
     TFormTextStyle style;
-    style.Layout = evidence.Layout.value_or(isLfmFile ? TFormLayout::Lfm : TFormLayout::Dfm);
-    const bool isLfm = style.Layout == TFormLayout::Lfm;
+    style.Layout = evidence.Layout.value_or(isLfmFile ? TFormDialect::Lfm : TFormDialect::Dfm);
+    const bool isLfm = style.Layout == TFormDialect::Lfm;
     style.LineEnd = LineEndOf(file.Bytes(), style.Layout);
     style.Indent = IndentStep(file.Bytes(), root.Data());
     const bool showsOne = evidence.HasCode39 != evidence.HasDoubled;

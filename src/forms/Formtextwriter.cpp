@@ -59,7 +59,7 @@ void TFormTextWriter::BeginNode(const TFormHead& head) {
     }
     if (!head.ClassName.empty()) Identifier(head.ClassName);
     if (head.Position) {
-        if (style_.Layout == TFormLayout::Dfm) out_ += ' ';
+        if (style_.Layout == TFormDialect::Dfm) out_ += ' ';
         out_ += '[';
         AppendNumber(out_, *head.Position);
         out_ += ']';
@@ -112,7 +112,7 @@ void TFormTextWriter::String(const TFormString& value) {
 
 // Most strings need neither codes nor pieces.
 bool TFormTextWriter::WritePlain(const TFormString& value) {
-    const bool fits = style_.Layout == TFormLayout::Lfm || value.Bytes.size() <= kPieceLength;
+    const bool fits = style_.Layout == TFormDialect::Lfm || value.Bytes.size() <= kPieceLength;
     if (value.Kind == TFormStringKind::Wide || !fits || !IsPrintable(value.Bytes)) return false;
     out_ += '\'';
     out_ += value.Bytes;
@@ -146,7 +146,7 @@ void TFormTextWriter::Set(const std::vector<std::string_view>& names) {
 }
 
 void TFormTextWriter::Binary(std::string_view bytes) {
-    const bool isLfm = style_.Layout == TFormLayout::Lfm;
+    const bool isLfm = style_.Layout == TFormDialect::Lfm;
     out_ += '{';
     if (!isLfm && bytes.size() < kBytesInHexLine) {
         WriteHexLine(bytes);
@@ -188,7 +188,7 @@ void TFormTextWriter::ListItem() {
 // In an .lfm the bracket stands on its own line; that of an empty list is only moved by the indent.
 void TFormTextWriter::EndList() {
     Shallower();
-    if (style_.Layout == TFormLayout::Lfm) {
+    if (style_.Layout == TFormDialect::Lfm) {
         if (isEmpty_) {
             out_ += indent_;
         } else {
@@ -204,7 +204,7 @@ void TFormTextWriter::BeginCollection() {
 }
 
 void TFormTextWriter::BeginItem(std::optional<int> position) {
-    if (style_.Layout == TFormLayout::Lfm) out_ += indent_;
+    if (style_.Layout == TFormDialect::Lfm) out_ += indent_;
     Deeper();
     NewLine();
     out_ += "item";

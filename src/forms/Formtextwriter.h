@@ -9,11 +9,11 @@
 namespace tml {
 
 /// The two habits in which text forms are written; they differ in where brackets stand.
-enum class TFormLayout : std::uint8_t { Dfm, Lfm };
+enum class TFormDialect : std::uint8_t { Dfm, Lfm };
 
 /// How a text form is written. As it stands here: a form made from a binary.
 struct TFormTextStyle {
-    TFormLayout Layout = TFormLayout::Lfm;
+    TFormDialect Layout = TFormDialect::Lfm;
     std::string LineEnd = "\n";
     std::string Indent = "  ";
     bool DoubledApostrophe = true;  ///< 'it''s', else 'it'#39's'
