@@ -61,6 +61,13 @@ TEdit TFormBinaryEditor::NewProperty(const TFormNodeData& owner, const TFormProp
     return {offset, offset, bytes};
 }
 
+void TFormBinaryEditor::ExpectWritable(const std::string& name, const TFormValue& value) const {
+    CheckedPropertyName(name, file_);
+    std::string bytes;
+    TFormBinaryWriter writer(file_, strings_, bytes);
+    EmitValue(value, file_, writer);
+}
+
 TEdit TFormBinaryEditor::NewChild(const TFormNodeData& parent, const TFormNode& child) const {
     std::string bytes;
     TFormBinaryWriter writer(file_, strings_, bytes);

@@ -22,6 +22,7 @@ class TFormBinaryEditor : public IFormEditor {
     TEdit Class(const TFormNodeData& node) const override;
     TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
                       const TFormPropertyPlace* next) const override;
+    void ExpectWritable(const std::string& name, const TFormValue& value) const override;
     TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const override;
     TEdit Removal(TFormSpan span) const override { return {span.Begin, span.End, ""}; }
     /// Brings the resource's size up to date.

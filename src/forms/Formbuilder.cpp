@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "forms/Formchars.h"
 #include "forms/Formfloat.h"
+#include "forms/Formplain.h"
 #include "forms/Formstrings.h"
 
 namespace tml {
@@ -169,17 +170,24 @@ std::string CheckedPropertyName(const std::string& name, const TFormFile& file) 
     throw EBadInput(file.FileName(), 0, "'" + name + "' is no name that a property can have");
 }
 
-TFormValue ReadValue(const TFormFile& file, TFormSpan place) {
+void ReadValue(const TFormFile& file, TFormSpan place, TFormValue& value) {
+    if (!file.IsBinary() && ReadPlain(file.At(place), value)) return;
     TValueBuilder builder(file);
     file.Read(place, builder);
-    return builder.Take();
+    value = builder.Take();
 }
 
-TFormValuePlace LocateValue(const TFormFile& file, TFormSpan place) {
-    TFormSink deaf;
-    TPlaceBuilder builder;
-    file.Read(place, deaf, &builder);
-    return builder.Take();
+TFormValue ReadValue(const TFormFile& file, TFormSpan place) {
+    TFormValue value;
+    ReadValue(file, place, value);
+    return value;
+}
+
+std::pair<TFormValue, TFormValuePlace> LocateValue(const TFormFile& file, TFormSpan place) {
+    TValueBuilder value(file);
+    TPlaceBuilder places;
+    file.Read(place, value, &places);
+    return {value.Take(), places.Take()};
 }
 
 void EmitItem(const std::vector<TFormProperty>& item, const TFormFile& file, TFormSink& sink) {

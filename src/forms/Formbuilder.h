@@ -1,5 +1,6 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "forms/Formfile.h"
@@ -10,6 +11,8 @@ namespace tml {
 
 /// The value that stands at a place of a file.
 TFormValue ReadValue(const TFormFile& file, TFormSpan place);
+/// The same into a new value.
+void ReadValue(const TFormFile& file, TFormSpan place, TFormValue& value);
 
 /// Where the parts of a value stand; has the shape of the value.
 struct TFormValuePlace {
@@ -24,7 +27,8 @@ struct TFormValuePlace {
     std::vector<TItem> Collection;
 };
 
-TFormValuePlace LocateValue(const TFormFile& file, TFormSpan place);
+/// The same, and where its parts stand.
+std::pair<TFormValue, TFormValuePlace> LocateValue(const TFormFile& file, TFormSpan place);
 
 /// Gives a value of the model to a writer for the file; throws EBadInput for one that no form can hold.
 void EmitValue(const TFormValue& value, const TFormFile& file, TFormSink& sink);

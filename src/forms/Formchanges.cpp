@@ -152,10 +152,11 @@ void AddNodeEdits(const TFormNode& node, const IFormEditor& editor, TEdits& edit
                 editor.NewProperty(data, *place.Change, next == data.Properties.end() ? nullptr : &*next));
             continue;
         }
+        const auto [from, parts] = LocateValue(file, place.Value);
+        if (from == place.Change->Value) continue;
         TEdit edit = editor.Replacement(place.Value);
         edit.Text += TValueRewriter(file, editor)
-                         .Rewrite(LocateValue(file, place.Value), ReadValue(file, place.Value),
-                                  place.Change->Value, editor.SpotAt(place.Name.Begin));
+                         .Rewrite(parts, from, place.Change->Value, editor.SpotAt(place.Name.Begin));
         edits.push_back(std::move(edit));
     }
     for (const TFormSpan span : data.Removed)

@@ -40,6 +40,8 @@ class IFormEditor {
     /// In front of a property that the file holds, or (nullptr) behind them all.
     virtual TEdit NewProperty(const TFormNodeData& owner, const TFormProperty& property,
                               const TFormPropertyPlace* next) const = 0;
+    /// EBadInput for a name or a value that no such file can hold.
+    virtual void ExpectWritable(const std::string& name, const TFormValue& value) const = 0;
     virtual TEdit NewChild(const TFormNodeData& parent, const TFormNode& child) const = 0;
     /// What goes when a property or component goes.
     virtual TEdit Removal(TFormSpan span) const = 0;

@@ -38,8 +38,14 @@ std::vector<std::string> TFormNode::PropertyNames() const {
 std::vector<TFormProperty> TFormNode::Properties() const {
     std::vector<TFormProperty> properties;
     properties.reserve(data_.Properties.size());
-    for (const TFormPropertyPlace& place : data_.Properties)
-        properties.push_back({data_.PropertyName(place), data_.PropertyValue(place)});
+    for (const TFormPropertyPlace& place : data_.Properties) {
+        TFormProperty& property = properties.emplace_back();
+        property.Name = data_.PropertyName(place);
+        if (place.Change)
+            property.Value = place.Change->Value;
+        else
+            ReadValue(*data_.File, place.Value, property.Value);
+    }
     return properties;
 }
 

@@ -1,5 +1,7 @@
 #include "forms/Formpieces.h"
 
+#include <array>
+#include <charconv>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -21,6 +23,7 @@ TFormPieces::TFormPieces(const TFormFile& file, const TFormTextStyle& style, std
 std::string TFormPieces::Write(std::string_view wide) {
     const std::size_t count = wide.size() / 2;
     if (count == 0) return "''";
+    text_.reserve(wide.size());
     const bool isSplit = style_.Layout == TFormDialect::Dfm && count > kPieceUnits;
     if (isSplit) text_ = lineBreak_;
     std::size_t inPiece = 0;
@@ -42,14 +45,13 @@ std::string TFormPieces::Write(std::string_view wide) {
 }
 
 void TFormPieces::Put(char32_t unit) {
-    const bool isPrintable = unit >= ' ' && unit < kDelete && unit != '\'';
     const bool isRaw = style_.RawCharacters && unit > kDelete && !IsSurrogate(unit);
-    if (unit == '\'' && style_.DoubledApostrophe) {
+    if (unit >= ' ' && unit < kDelete && unit != '\'') {
+        if (!inQuotes_) Open();
+        text_.push_back(static_cast<char>(unit));
+    } else if (unit == '\'' && style_.DoubledApostrophe) {
         Open();
         text_ += "''";
-    } else if (isPrintable) {
-        Open();
-        text_.push_back(static_cast<char>(unit));
     } else if (!isRaw || !PutRaw(unit)) {
         PutCode(unit);
     }
@@ -67,7 +69,10 @@ bool TFormPieces::PutRaw(char32_t codePoint) {
 
 void TFormPieces::PutCode(char32_t code) {
     Close();
-    text_ += '#' + std::to_string(static_cast<std::uint32_t>(code));
+    std::array<char, 11> number = {'#'};
+    const auto end =
+        std::to_chars(number.data() + 1, number.data() + number.size(), static_cast<std::uint32_t>(code));
+    text_.append(number.data(), end.ptr);
 }
 
 void TFormPieces::Open() {

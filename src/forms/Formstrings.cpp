@@ -8,10 +8,25 @@ namespace tml {
 
 namespace {
 
+/// Units of UTF-16 that are all below 128.
+void AppendNarrow(std::string_view wide, std::string& text) {
+    const std::size_t begin = text.size();
+    text.resize(begin + wide.size() / 2);
+    for (std::size_t i = 0; i < wide.size() / 2; ++i)
+        text[begin + i] = wide[2 * i];
+}
+
 std::string WideToUtf8(std::string_view wide) {
     std::string text;
     const std::size_t count = wide.size() / 2;
+    text.reserve(count + count / 2);
     for (std::size_t i = 0; i < count; ++i) {
+        std::size_t end = i;
+        while (end < count && WideUnit(wide, end) < 0x80)
+            ++end;
+        AppendNarrow(wide.substr(2 * i, 2 * (end - i)), text);
+        i = end;
+        if (i == count) break;
         char32_t code = WideUnit(wide, i);
         if (IsPairAt(wide, i)) {
             code = PairAt(wide, i++);
@@ -26,6 +41,13 @@ std::string WideToUtf8(std::string_view wide) {
 void AppendUnit(char32_t unit, std::string& wide) {
     wide.push_back(static_cast<char>(unit & 0xFF));
     wide.push_back(static_cast<char>(unit >> 8));
+}
+
+void AppendAscii(std::string_view text, std::string& wide) {
+    const std::size_t begin = wide.size();
+    wide.resize(begin + 2 * text.size());
+    for (std::size_t i = 0; i < text.size(); ++i)
+        wide[begin + 2 * i] = text[i];
 }
 
 }  // namespace
@@ -70,12 +92,15 @@ void AppendWide(const TFormString& value, const TFormFile& file, std::string& wi
     if (value.Kind == TFormStringKind::Wide) {
         wide.append(value.Bytes);
     } else if (IsAscii(value.Bytes)) {
-        for (const char c : value.Bytes)
-            AppendUnit(static_cast<unsigned char>(c), wide);
+        AppendAscii(value.Bytes, wide);
     } else {
         const std::string text = ToUtf8(value, file);
-        for (std::size_t pos = 0; pos < text.size();)
-            AppendWide(DecodeCodePoint(text, pos), wide);
+        for (std::size_t pos = 0; pos < text.size();) {
+            const std::size_t end = FindNonAscii(text, pos);
+            AppendAscii(std::string_view(text).substr(pos, end - pos), wide);
+            pos = end;
+            if (pos < text.size()) AppendWide(DecodeCodePoint(text, pos), wide);
+        }
     }
 }
 
@@ -114,6 +139,7 @@ void TFormStringRuns::AppendCode(char32_t code) {
     if (!isWide_ && code < 0x80) return bytes_.push_back(static_cast<char>(code));
     if (!isWide_) {
         std::string wide;
+        wide.reserve(4 * bytes_.size() + 256);
         AppendWide(String(), file_, wide);
         bytes_ = std::move(wide);
         isWide_ = true;

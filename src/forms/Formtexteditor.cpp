@@ -134,6 +134,13 @@ TEdit TFormTextEditor::NewProperty(const TFormNodeData& owner, const TFormProper
     return NewLines(offset, spot, text.substr(spot.LineEnd.size() + spot.Indent.size()));
 }
 
+void TFormTextEditor::ExpectWritable(const std::string& name, const TFormValue& value) const {
+    CheckedPropertyName(name, file_);
+    // A text has room for whatever can be given.
+    TFormSink deaf;
+    EmitValue(value, file_, deaf);
+}
+
 TEdit TFormTextEditor::NewChild(const TFormNodeData& parent, const TFormNode& child) const {
     const std::size_t end = parent.Span.End - kEnd.size();
     TFormSpot spot = SpotAt(end);

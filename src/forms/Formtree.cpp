@@ -59,8 +59,7 @@ void TFormTree::SetProperty(TFormNode& node, const std::string& name, const TFor
                             std::size_t place) {
     if (node.Find(name) == value) return;
     TFormNodeData& data = node.Data();
-    // Made for the sake of what it throws.
-    Editor().NewProperty(root_->Data(), {name, value}, nullptr);
+    Editor().ExpectWritable(name, value);
     const std::size_t index = data.FindProperty(name);
     if (index == kNoProperty) {
         const auto at = static_cast<std::ptrdiff_t>(std::min(place, data.Properties.size()));

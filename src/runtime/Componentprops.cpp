@@ -112,8 +112,12 @@ TStringList ReadListProp(IOTAComponent& component, const std::string& name) {
 }
 
 void WriteListProp(IOTAComponent& component, const std::string& name, const TStringList& list) {
-    if (list == ReadListProp(component, name)) return;
     const std::string stored = ListPropName(name);
+    const auto ancestor = component.GetAncestor();
+    // A list may be long: what is set is compared with what is held there.
+    if (ancestor == nullptr && !list.Empty() && component.GetOrigin() != TComponentOrigin::coInherited)
+        return component.SetPropValue(stored, TFormValue::Strings(list));
+    if (list == ReadListProp(component, name)) return;
     Write(component, stored, TFormValue::Strings(list), list == ToList(InheritedValue(component, stored)));
 }
 
