@@ -28,8 +28,9 @@ class TLangFiles::TSession : public ITranslationFiles {
         for (auto& [fileName, open] : open_) {
             if (!open.Changed) continue;
             ExpectUnchanged(fileName, open);
-            std::string bytes = open.File->Bytes();
-            if (bytes != open.Read) Files(fileName).WriteFile(fileName, std::move(bytes));
+            if (open.File->IsChanged())
+                if (std::string bytes = open.File->Bytes(); bytes != open.Read)
+                    Files(fileName).WriteFile(fileName, std::move(bytes));
             open.Changed = false;
         }
     }
@@ -41,10 +42,10 @@ class TLangFiles::TSession : public ITranslationFiles {
     }
 
     void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-               const TLangTexts& texts) {
+               TLangTexts texts) {
         TOpenFile& open = OpenFile(fileName, delimiter);
         const TFormAddress form{projectName_, formName};
-        open.File->Put(ToSection(open.Finder.Find(form).value_or(form), texts));
+        open.File->Put(ToSection(open.Finder.Find(form).value_or(form), std::move(texts)));
         open.Changed = true;
     }
 
@@ -52,8 +53,8 @@ class TLangFiles::TSession : public ITranslationFiles {
                 const TChange& change) {
         const TOpenFile& open = OpenFile(fileName, delimiter);
         const auto found = open.Finder.Find({projectName_, formName});
-        if (const auto texts = change(found ? open.File->Read(*found) : std::nullopt))
-            Write(fileName, delimiter, formName, *texts);
+        if (auto texts = change(found ? open.File->Read(*found) : std::nullopt))
+            Write(fileName, delimiter, formName, std::move(*texts));
     }
 
   private:
@@ -107,10 +108,10 @@ std::optional<TFormSection> TLangFiles::Read(const std::string& fileName, const 
 }
 
 void TLangFiles::Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-                       const TLangTexts& texts) {
-    if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, texts);
+                       TLangTexts texts) {
+    if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, std::move(texts));
     TSession alone(*this, {});
-    alone.Write(fileName, delimiter, formName, texts);
+    alone.Write(fileName, delimiter, formName, std::move(texts));
     alone.Commit();
 }
 

@@ -25,7 +25,7 @@ class TLangFiles {
     std::optional<TFormSection> Read(const std::string& fileName, const std::string& formName);
     /// Puts a form into a file. delimiter as OpenTranslationFile.
     void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-               const TLangTexts& texts);
+               TLangTexts texts);
     /// The same with what change makes of what the file holds of the form; change gives none where nothing is
     /// to be written.
     using TChange = std::function<std::optional<TLangTexts>(const std::optional<TFormSection>& present)>;

@@ -145,13 +145,13 @@ TTransferReport Passed(const std::string& note) {
 
 TTransferReport SaveTexts(TmlCustomLang& lang, TLangFiles& files, const std::string& fileName,
                           const std::string& delimiter) {
-    const TBuiltTexts built = BuiltTexts(lang);
-    files.Write(fileName, delimiter, FormNameOf(lang), built.Texts);
+    TBuiltTexts built = BuiltTexts(lang);
     TTransferReport report;
     for (const TTable& table : built.Texts.Tables)
         report.Taken += static_cast<int>(table.Entries().size());
     report.Taken += static_cast<int>(built.Texts.Extended.size());
-    report.Notes = built.Notes;
+    report.Notes = std::move(built.Notes);
+    files.Write(fileName, delimiter, FormNameOf(lang), std::move(built.Texts));
     return report;
 }
 

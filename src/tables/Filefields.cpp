@@ -3,7 +3,6 @@
 #include "tables/Filefields.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -12,6 +11,10 @@ namespace tml {
 namespace {
 
 enum class TWhere { Everywhere, Keys, KeyStarts, Ends };
+
+constexpr bool IsAtEndsOnly(TWhere where) {
+    return where == TWhere::KeyStarts || where == TWhere::Ends;
+}
 
 struct TEscape {
     char Letter;
@@ -27,39 +30,42 @@ constexpr TEscape kEscapes[] = {
 constexpr char kMarkLetter = 'e';
 constexpr char kDelimiterLetter = 'd';
 
-/// The end of the characters from pos on that stand in a line for themselves: that are never escaped and
-/// begin neither an escape nor a delimiter.
-std::size_t EndOfPlain(std::string_view text, std::size_t pos, char mark, const std::string& delimiter) {
-    static constexpr auto kEscaped = [] {
-        std::array<bool, 256> escaped{};
-        for (const TEscape& escape : kEscapes)
-            escaped[static_cast<unsigned char>(escape.Character)] = true;
-        return escaped;
-    }();
-    // A file that is not there yet may be opened without a delimiter.
-    const char begin = *delimiter.c_str();
-    while (pos < text.size() && text[pos] != mark && text[pos] != begin &&
-           !kEscaped[static_cast<unsigned char>(text[pos])])
-        ++pos;
-    return pos;
-}
-
 }  // namespace
 
 TFileFields::TFileFields(std::string delimiter)
     : delimiter_(std::move(delimiter)),
       first_(LeftCodePoints(delimiter_, 1)),
-      mark_(first_ == "\\" ? '^' : '\\') {}
+      mark_(first_ == "\\" ? '^' : '\\') {
+    plain_.fill(TPlain::Everywhere);
+    for (const TEscape& escape : kEscapes)
+        PlainOf(escape.Character) = IsAtEndsOnly(escape.Where) ? TPlain::Within : TPlain::Nowhere;
+    PlainOf(mark_) = TPlain::Nowhere;
+    // A file that is not there yet may be opened without a delimiter.
+    PlainOf(*delimiter_.c_str()) = TPlain::Nowhere;
+}
 
-std::string TFileFields::Write(std::string_view key, const std::vector<std::string_view>& fields) const {
-    std::string line;
-    Append(line, key, {true, true, true});
-    line += '=';
+std::size_t TFileFields::EndOfPlain(std::string_view text, std::size_t pos) const {
+    while (pos < text.size() && PlainOf(text[pos]) != TPlain::Nowhere)
+        ++pos;
+    return pos;
+}
+
+std::size_t TFileFields::EndOfUnescaped(std::string_view text, std::size_t pos) const {
+    const std::size_t last = text.size() - 1;
+    if (pos == 0 && PlainOf(text[0]) != TPlain::Everywhere) return 0;
+    if (pos < last) pos = EndOfPlain(text.substr(0, last), std::max<std::size_t>(pos, 1));
+    return pos == last && PlainOf(text[last]) == TPlain::Everywhere ? text.size() : pos;
+}
+
+void TFileFields::AppendLine(std::string& lines, std::string_view key,
+                             const std::vector<std::string>& fields) const {
+    Append(lines, key, {true, true, true});
+    lines += '=';
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i > 0) line += delimiter_;
-        Append(line, fields[i], {false, i == 0, i + 1 == fields.size()});
+        if (i > 0) lines += delimiter_;
+        Append(lines, fields[i], {false, i == 0, i + 1 == fields.size()});
     }
-    return line;
+    lines += '\n';
 }
 
 void TFileFields::Append(std::string& line, std::string_view text, TPiece piece) const {
@@ -77,23 +83,26 @@ void TFileFields::Append(std::string& line, std::string_view text, TPiece piece)
         return false;
     };
     for (std::size_t pos = 0; pos < text.size(); ++pos) {
-        const std::size_t plain = EndOfPlain(text, pos, mark_, delimiter_);
+        const std::size_t plain = EndOfUnescaped(text, pos);
         line.append(text, pos, plain - pos);
         if (plain == text.size()) break;
         pos = plain;
+        if (text[pos] == mark_) {
+            line += {mark_, kMarkLetter};
+            continue;
+        }
+        if (!piece.IsKey && text.substr(pos).starts_with(first_)) {
+            line += {mark_, kDelimiterLetter};
+            pos += first_.size() - 1;
+            continue;
+        }
         const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes), [&](const TEscape& row) {
             return row.Character == text[pos] && isEscaped(row, pos);
         });
-        if (text[pos] == mark_) {
-            line += {mark_, kMarkLetter};
-        } else if (!piece.IsKey && text.substr(pos).starts_with(first_)) {
-            line += {mark_, kDelimiterLetter};
-            pos += first_.size() - 1;
-        } else if (escape != std::end(kEscapes)) {
+        if (escape != std::end(kEscapes))
             line += {mark_, escape->Letter};
-        } else {
+        else
             line += text[pos];
-        }
     }
 }
 
@@ -117,7 +126,7 @@ TFileEntry TFileFields::Read(std::string_view line) const {
 }
 
 std::size_t TFileFields::ReadCharacter(std::string_view line, std::size_t pos, std::string& text) const {
-    if (const std::size_t end = EndOfPlain(line, pos, mark_, delimiter_); end > pos) {
+    if (const std::size_t end = EndOfPlain(line, pos); end > pos) {
         text.append(line, pos, end - pos);
         return end;
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +22,8 @@ class TFileFields {
   public:
     explicit TFileFields(std::string delimiter);
 
-    std::string Write(std::string_view key, const std::vector<std::string_view>& fields) const;
+    /// Appends the line of an entry, LF behind it.
+    void AppendLine(std::string& lines, std::string_view key, const std::vector<std::string>& fields) const;
     /// A line without "=" is a key without fields.
     TFileEntry Read(std::string_view line) const;
 
@@ -31,13 +34,23 @@ class TFileFields {
         bool IsFirst;
         bool IsLast;
     };
+    /// Where a byte of a text stands for itself: that begins neither an escape nor a delimiter.
+    enum class TPlain : std::uint8_t { Nowhere, Within, Everywhere };
+    TPlain& PlainOf(char c) { return plain_[static_cast<unsigned char>(c)]; }
+    TPlain PlainOf(char c) const { return plain_[static_cast<unsigned char>(c)]; }
+
     void Append(std::string& line, std::string_view text, TPiece piece) const;
+    /// The end of the bytes from pos on that are read as they stand.
+    std::size_t EndOfPlain(std::string_view text, std::size_t pos) const;
+    /// The end of those of a whole text, not empty, that are surely written as they stand.
+    std::size_t EndOfUnescaped(std::string_view text, std::size_t pos) const;
     /// Appends the plain characters at pos to the text, or the one other or escape; the position behind.
     std::size_t ReadCharacter(std::string_view line, std::size_t pos, std::string& text) const;
 
     std::string delimiter_;
     std::string first_;  ///< the delimiter's first character
     char mark_;
+    std::array<TPlain, 256> plain_;
 };
 
 }  // namespace tml

@@ -8,13 +8,13 @@
 namespace tml {
 namespace {
 
-TFileTable ToFile(const TTable& table, std::size_t languages) {
+TFileTable ToFile(TTable table, std::size_t languages) {
     TFileTable file{table.Type(), {}};
     file.Entries.reserve(table.Entries().size());
-    for (const TTableEntry& entry : table.Entries()) {
-        file.Entries.push_back({entry.Key, std::vector<std::string>(languages)});
+    for (TTableEntry& entry : std::move(table).TakeEntries()) {
+        file.Entries.push_back({std::move(entry.Key), std::vector<std::string>(languages)});
         for (std::size_t i = 0; i < std::min(languages, entry.Values.size()); ++i)
-            file.Entries.back().Fields[i] = entry.Values[i].Text;
+            file.Entries.back().Fields[i] = std::move(entry.Values[i].Text);
     }
     return file;
 }
@@ -41,12 +41,12 @@ TTable FromFile(const TFileTable& file) {
 
 }  // namespace
 
-TFormSection ToSection(const TFormAddress& address, const TLangTexts& texts) {
-    TFormSection section{address, texts.Languages, {}, {}, texts.Extended};
+TFormSection ToSection(const TFormAddress& address, TLangTexts texts) {
     const std::size_t languages = texts.Languages.Items().size();
-    for (const TTable& table : texts.Tables) {
-        if (!table.Entries().empty()) section.Tables.push_back(ToFile(table, languages));
+    TFormSection section{address, std::move(texts.Languages), {}, {}, std::move(texts.Extended)};
+    for (TTable& table : texts.Tables) {
         AddStates(table, languages, section.States);
+        if (!table.Entries().empty()) section.Tables.push_back(ToFile(std::move(table), languages));
     }
     for (TFileExtended& item : section.Extended)
         item.Values.resize(languages);

@@ -15,7 +15,7 @@ struct TLangTexts {
 };
 
 /// The section of a file: every entry with a field a language.
-TFormSection ToSection(const TFormAddress& address, const TLangTexts& texts);
+TFormSection ToSection(const TFormAddress& address, TLangTexts texts);
 TLangTexts FromSection(const TFormSection& section);
 
 }  // namespace tml

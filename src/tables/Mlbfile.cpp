@@ -298,6 +298,7 @@ void TMlbFile::Put(const TFormSection& section) {
     TPart& part = parts_[place->second];
     const std::string unknown = KeptParts(part);
     part.Payload = Payload(section) + unknown;
+    isChanged_ = true;
 }
 
 /// What the part holds besides what this version knows.

@@ -19,6 +19,7 @@ class TMlbFile : public ITranslationFile {
     std::optional<TFormSection> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
     void Put(const TFormSection& section) override;
+    bool IsChanged() const override { return isChanged_; }
     std::string Bytes() const override;
 
   private:
@@ -41,6 +42,7 @@ class TMlbFile : public ITranslationFile {
     TStringList languages_;
     std::vector<TPart> parts_;  ///< but for the names
     std::unordered_map<std::string, std::size_t> index_;
+    bool isChanged_ = false;
 };
 
 }  // namespace tml

@@ -1,7 +1,9 @@
 #include "tables/Mlldocument.h"
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "base/Errors.h"
@@ -27,41 +29,66 @@ std::string_view ContentOf(std::string_view line) {
 }
 
 bool IsEntry(std::string_view line) {
-    const std::string_view content = WithoutBlanks(line);
-    return !content.empty() && content.front() != ';';
+    const std::size_t begin = line.find_first_not_of(" \t\r\n");
+    return begin != std::string_view::npos && line[begin] != ';';
 }
 
-std::string KeyOf(std::string_view line) {
+std::string_view KeyOf(std::string_view line) {
     const std::string_view content = WithoutBlanks(line);
-    return std::string(content.substr(0, content.find('=')));
+    return content.substr(0, content.find('='));
 }
 
-/// The lines in front of an entry, and its own last.
-using TBlock = std::vector<std::string>;
+/// The first line with its end, which is taken off the lines.
+std::string_view TakeLine(std::string_view& lines) {
+    const std::string_view line = lines.substr(0, lines.find('\n') + 1);
+    const std::size_t size = line.empty() ? lines.size() : line.size();
+    return std::exchange(lines, lines.substr(size)).substr(0, size);
+}
 
-struct TBlocks {
-    std::unordered_map<std::string, std::list<TBlock>> ByKey;  ///< in the order of the lines
-    TBlock Tail;                                               ///< behind the last entry
+/// True when the lines hold these entries and no others, in this order, and each has its end.
+bool HoldEntries(std::string_view lines, std::string_view entries) {
+    if (!lines.empty() && !lines.ends_with('\n')) return false;
+    // What nobody has edited stands there as it is written.
+    if (lines.starts_with(entries)) {
+        lines.remove_prefix(entries.size());
+        entries = {};
+    }
+    while (!lines.empty()) {
+        const std::string_view line = TakeLine(lines);
+        if (!IsEntry(line)) continue;
+        if (entries.empty() || ContentOf(line) != ContentOf(TakeLine(entries))) return false;
+    }
+    return entries.empty();
+}
+
+/// An entry's line and the comments in front of it.
+struct TBlock {
+    std::string_view Comments;
+    std::string_view Line;
 };
 
-TBlocks BlocksOf(std::vector<std::string> lines) {
-    TBlocks blocks;
-    for (std::string& line : lines) {
-        blocks.Tail.push_back(std::move(line));
-        if (IsEntry(blocks.Tail.back())) {
-            std::string key = KeyOf(blocks.Tail.back());
-            blocks.ByKey[std::move(key)].push_back(std::exchange(blocks.Tail, {}));
-        }
+struct TBlocks {
+    std::unordered_map<std::string_view, std::deque<TBlock>> ByKey;  ///< in the order of the lines
+    std::string_view Tail;                                           ///< behind the last entry
+};
+
+TBlocks BlocksOf(std::string_view lines) {
+    TBlocks blocks{{}, lines};
+    while (!lines.empty()) {
+        const std::string_view line = TakeLine(lines);
+        if (!IsEntry(line)) continue;
+        const auto comments = static_cast<std::size_t>(line.data() - blocks.Tail.data());
+        blocks.ByKey[KeyOf(line)].push_back({blocks.Tail.substr(0, comments), line});
+        blocks.Tail = lines;
     }
     return blocks;
 }
 
-/// The block of the entry's key whose turn it is; an empty one for a new entry.
-TBlock TakeBlock(TBlocks& blocks, const std::string& entry) {
-    if (blocks.ByKey.empty()) return {};
+/// The block of the entry's key whose turn it is; none for a new entry.
+std::optional<TBlock> TakeBlock(TBlocks& blocks, std::string_view entry) {
     const auto known = blocks.ByKey.find(KeyOf(entry));
-    if (known == blocks.ByKey.end() || known->second.empty()) return {};
-    TBlock block = std::move(known->second.front());
+    if (known == blocks.ByKey.end() || known->second.empty()) return std::nullopt;
+    const TBlock block = known->second.front();
     known->second.pop_front();
     return block;
 }
@@ -71,32 +98,40 @@ TBlock TakeBlock(TBlocks& blocks, const std::string& entry) {
 TMllDocument::TMllDocument(std::string_view bytes, std::string fileName) : fileName_(std::move(fileName)) {
     if (bytes.starts_with(kUtf8Mark)) mark_ = kUtf8Mark;
     bytes.remove_prefix(mark_.size());
+    if (bytes.substr(0, bytes.find('\n') + 1).ends_with("\r\n")) lineEnd_ = "\r\n";
+    std::string_view block = bytes;  // the lines since the last heading, that of the next one being read
+    const auto finish = [&](std::size_t size) {
+        (sections_.empty() ? preamble_ : sections_.back().Lines) = block.substr(0, size);
+    };
     for (int number = 1; !bytes.empty(); ++number) {
-        const std::size_t end = std::min(bytes.find('\n'), bytes.size() - 1) + 1;
-        if (number == 1 && bytes.substr(0, end).ends_with("\r\n")) lineEnd_ = "\r\n";
-        ReadLine(bytes.substr(0, end), number);
-        bytes.remove_prefix(end);
+        const std::string_view line = TakeLine(bytes);
+        ReadLine(line, number);
+        if (!WithoutBlanks(line).starts_with('[')) continue;
+        finish(static_cast<std::size_t>(line.data() - block.data()));
+        Begin(line, number);
+        block = bytes;
     }
+    finish(block.size());
+}
+
+void TMllDocument::Refuse(int line, const char* problem, const char* remedy) const {
+    throw EBadInput(fileName_, line, problem, remedy);
 }
 
 void TMllDocument::ReadLine(std::string_view line, int number) {
-    const auto refuse = [&](const char* problem, const char* remedy) {
-        throw EBadInput(fileName_, number, problem, remedy);
-    };
-    if (!IsValidUtf8(line)) refuse("the line is no UTF-8", "Save the file as UTF-8");
-    const std::string_view content = WithoutBlanks(line);
-    if (content.starts_with('[')) {
-        if (!content.ends_with(']')) refuse("expected \"]\" at the end of the line", "Complete the heading");
-        sections_.push_back(
-            {std::string(content.substr(1, content.size() - 2)), number, std::string(line), {}});
-        if (!index_.emplace(UpperCase(sections_.back().Name), std::prev(sections_.end())).second)
-            refuse("the section stands in the file already", "Join the two, or delete one");
-    } else if (!sections_.empty()) {
-        sections_.back().Lines.emplace_back(line);
-    } else {
-        if (IsEntry(line)) refuse("expected a section in brackets", "Choose a translation file (.mll)");
-        preamble_.emplace_back(line);
-    }
+    if (!IsValidUtf8(line)) Refuse(number, "the line is no UTF-8", "Save the file as UTF-8");
+    if (sections_.empty() && IsEntry(line) && !WithoutBlanks(line).starts_with('['))
+        Refuse(number, "expected a section in brackets", "Choose a translation file (.mll)");
+}
+
+void TMllDocument::Begin(std::string_view heading, int number) {
+    const std::string_view content = WithoutBlanks(heading);
+    if (!content.ends_with(']'))
+        Refuse(number, "expected \"]\" at the end of the line", "Complete the heading");
+    sections_.push_back(
+        {std::string(content.substr(1, content.size() - 2)), number, std::string(heading), {}});
+    if (!index_.emplace(UpperCase(sections_.back().Name), std::prev(sections_.end())).second)
+        Refuse(number, "the section stands in the file already", "Join the two, or delete one");
 }
 
 const TMllDocument::TSection* TMllDocument::Find(std::string_view name) const {
@@ -106,19 +141,27 @@ const TMllDocument::TSection* TMllDocument::Find(std::string_view name) const {
 
 std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& section) {
     std::vector<TEntryLine> entries;
-    for (std::size_t i = 0; i < section.Lines.size(); ++i)
-        if (IsEntry(section.Lines[i]))
-            entries.push_back({ContentOf(section.Lines[i]), section.Number + 1 + static_cast<int>(i)});
+    int number = section.Number;
+    for (std::string_view lines = section.Lines; !lines.empty();) {
+        const std::string_view line = TakeLine(lines);
+        ++number;
+        if (IsEntry(line)) entries.push_back({ContentOf(line), number});
+    }
     return entries;
 }
 
-void TMllDocument::Put(std::string_view name, const std::vector<std::string>& entries,
-                       std::string_view behind) {
+void TMllDocument::Put(std::string_view name, std::string_view entries, std::string_view behind) {
     const auto found = index_.find(UpperCase(name));
-    if (!entries.empty())
-        Replace(found == index_.end() ? *Insert(name, behind) : *found->second, entries);
-    else if (found != index_.end())
+    const bool isThere = found != index_.end();
+    if (isThere ? !entries.empty() && found->second->Heading.ends_with('\n') &&
+                      HoldEntries(found->second->Lines, entries)
+                : entries.empty())
+        return;
+    isChanged_ = true;
+    if (entries.empty())
         Remove(found->second);
+    else
+        Replace(isThere ? *found->second : *Insert(name, behind), entries);
 }
 
 TMllDocument::TPlace TMllDocument::Insert(std::string_view name, std::string_view behind) {
@@ -126,14 +169,15 @@ TMllDocument::TPlace TMllDocument::Insert(std::string_view name, std::string_vie
     const TPlace next = previous == index_.end() ? sections_.end() : std::next(previous->second);
     if (next != sections_.begin()) {
         TSection& above = *std::prev(next);
-        std::string& last = above.Lines.empty() ? above.Heading : above.Lines.back();
-        if (!last.ends_with('\n')) last += lineEnd_;
-        if (!WithoutBlanks(last).empty()) above.Lines.push_back(lineEnd_);
+        std::string& lines = above.Lines.empty() ? above.Heading : above.Lines;
+        if (!lines.ends_with('\n')) lines += lineEnd_;
+        const std::size_t last = lines.rfind('\n', lines.size() - 2) + 1;
+        if (!WithoutBlanks(std::string_view(lines).substr(last)).empty()) above.Lines += lineEnd_;
     }
     const TPlace place =
         sections_.insert(next, {std::string(name), 0, '[' + std::string(name) + ']' + lineEnd_, {}});
     // A section that stands between two others is set apart from the next one as well.
-    if (next != sections_.end()) place->Lines.push_back(lineEnd_);
+    if (next != sections_.end()) place->Lines = lineEnd_;
     index_.emplace(UpperCase(name), place);
     return place;
 }
@@ -143,32 +187,31 @@ void TMllDocument::Remove(TPlace section) {
     sections_.erase(section);
 }
 
-void TMllDocument::Replace(TSection& section, const std::vector<std::string>& entries) const {
+void TMllDocument::Replace(TSection& section, std::string_view entries) const {
     if (!section.Heading.ends_with('\n')) section.Heading += lineEnd_;
-    TBlocks old = BlocksOf(std::move(section.Lines));
-    section.Lines.clear();
-    for (const std::string& entry : entries) {
-        TBlock block = TakeBlock(old, entry);
-        if (block.empty()) {
-            section.Lines.push_back(entry + lineEnd_);
-            continue;
-        }
-        if (ContentOf(block.back()) != entry || !block.back().ends_with('\n'))
-            block.back() = entry + lineEnd_;
-        std::move(block.begin(), block.end(), std::back_inserter(section.Lines));
+    const std::string old = std::exchange(section.Lines, {});
+    TBlocks blocks = BlocksOf(old);
+    section.Lines.reserve(old.size() + entries.size());
+    while (!entries.empty()) {
+        const std::string_view entry = ContentOf(TakeLine(entries));
+        const std::optional<TBlock> block = TakeBlock(blocks, entry);
+        if (block) section.Lines += block->Comments;
+        if (block && ContentOf(block->Line) == entry && block->Line.ends_with('\n'))
+            section.Lines += block->Line;
+        else
+            (section.Lines += entry) += lineEnd_;
     }
-    std::move(old.Tail.begin(), old.Tail.end(), std::back_inserter(section.Lines));
+    section.Lines += blocks.Tail;
 }
 
 std::string TMllDocument::Bytes() const {
-    std::string bytes = mark_;
-    for (const std::string& line : preamble_)
-        bytes += line;
-    for (const TSection& section : sections_) {
-        bytes += section.Heading;
-        for (const std::string& line : section.Lines)
-            bytes += line;
-    }
+    std::string bytes = mark_ + preamble_;
+    std::size_t size = bytes.size();
+    for (const TSection& section : sections_)
+        size += section.Heading.size() + section.Lines.size();
+    bytes.reserve(size);
+    for (const TSection& section : sections_)
+        (bytes += section.Heading) += section.Lines;
     return bytes;
 }
 

@@ -16,7 +16,7 @@ class TMllDocument {
         std::string Name;
         int Number;  ///< of its heading in the file that was read, 1-based
         std::string Heading;
-        std::vector<std::string> Lines;  ///< behind the heading; all lines with their ends
+        std::string Lines;  ///< behind the heading; all with their ends
     };
     struct TEntryLine {
         std::string_view Content;  ///< without blanks in front and the line's end
@@ -32,26 +32,32 @@ class TMllDocument {
     const TSection* Find(std::string_view name) const;
     static std::vector<TEntryLine> Entries(const TSection& section);
 
-    /// Gives a section these entries ("key=value", keys as they are written) in this order, and makes it,
-    /// with a blank line before it, behind the section named (at the end for ""). One without entries goes.
-    void Put(std::string_view name, const std::vector<std::string>& entries, std::string_view behind);
+    /// Gives a section these entries ("key=value", keys as they are written, LF behind each) in this order,
+    /// and makes it, with a blank line before it, behind the section named (at the end for ""). One without
+    /// entries goes.
+    void Put(std::string_view name, std::string_view entries, std::string_view behind);
 
+    /// False as long as the bytes are those that were read.
+    bool IsChanged() const { return isChanged_; }
     std::string Bytes() const;
 
   private:
     using TPlace = std::list<TSection>::iterator;
 
+    [[noreturn]] void Refuse(int line, const char* problem, const char* remedy) const;
     void ReadLine(std::string_view line, int number);
+    void Begin(std::string_view heading, int number);
     TPlace Insert(std::string_view name, std::string_view behind);
     void Remove(TPlace section);
-    void Replace(TSection& section, const std::vector<std::string>& entries) const;
+    void Replace(TSection& section, std::string_view entries) const;
 
     std::string fileName_;
     std::string mark_;  ///< a byte order mark in front
     std::string lineEnd_ = "\n";
-    std::vector<std::string> preamble_;  ///< comments before the first section
+    std::string preamble_;  ///< comments before the first section
     std::list<TSection> sections_;
     std::unordered_map<std::string, TPlace> index_;
+    bool isChanged_ = false;
 };
 
 }  // namespace tml

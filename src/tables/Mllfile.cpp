@@ -80,8 +80,11 @@ std::vector<std::string> SplitKey(std::string_view key, int count) {
     return parts;
 }
 
-std::vector<std::string_view> ViewsOf(const std::vector<std::string>& texts) {
-    return {texts.begin(), texts.end()};
+std::string Joined(const std::vector<std::string>& lines) {
+    std::string joined;
+    for (const std::string& line : lines)
+        (joined += line) += '\n';
+    return joined;
 }
 
 }  // namespace
@@ -255,7 +258,7 @@ void TMllFile::PutSettings(std::string_view section, std::vector<std::string> li
     if (const TSection* present = document_.Find(section))
         for (const TEntryLine& line : TMllDocument::Entries(*present))
             if (!isSet(Setting(line.Content).first)) lines.emplace_back(line.Content);
-    document_.Put(section, lines, {});
+    document_.Put(section, Joined(lines), {});
 }
 
 void TMllFile::ExpectWritable() const {
@@ -290,14 +293,14 @@ std::string TMllFile::ColumnsOf(const TStringList& languages) {
 void TMllFile::Put(const TFormSection& section) {
     WriteOptions();
     const std::string columns = ColumnsOf(section.Languages);
-    std::vector<std::string> names;
+    std::string names;
     for (const auto& [key, name] : names_)
-        names.push_back(key + '=' + name);
+        names += key + '=' + name + '\n';
     document_.Put(kNames, names, kOptions);
 
     std::string last = NameOf(section.Address);
     PutSettings(last, {std::string(kLanguages) + '=' + columns});
-    const auto put = [&](std::string_view part, const std::vector<std::string>& lines) {
+    const auto put = [&](std::string_view part, const std::string& lines) {
         const std::string name = NameOf(section.Address, part);
         document_.Put(name, lines, last);
         if (!lines.empty()) last = name;
@@ -308,32 +311,32 @@ void TMllFile::Put(const TFormSection& section) {
     put(kExtended, ExtendedLinesOf(section));
 }
 
-std::vector<std::string> TMllFile::LinesOf(const TFormSection& section, TStringsType type) const {
-    std::vector<std::string> lines;
+std::string TMllFile::LinesOf(const TFormSection& section, TStringsType type) const {
+    std::string lines;
     for (const TFileTable& table : section.Tables)
         if (table.Type == type)
             for (const TFileEntry& entry : table.Entries)
-                lines.push_back(fields_.Write(entry.Key, ViewsOf(entry.Fields)));
+                fields_.AppendLine(lines, entry.Key, entry.Fields);
     return lines;
 }
 
-std::vector<std::string> TMllFile::StateLinesOf(const TFormSection& section) const {
-    std::vector<std::string> lines;
+std::string TMllFile::StateLinesOf(const TFormSection& section) const {
+    std::string lines;
     for (const TFileState& state : section.States) {
-        std::vector<std::string_view> fields = {state.State};
-        if (!state.Former.empty()) fields.emplace_back(state.Former);
-        lines.push_back(fields_.Write(
+        std::vector<std::string> fields = {state.State};
+        if (!state.Former.empty()) fields.push_back(state.Former);
+        fields_.AppendLine(
+            lines,
             std::string(KindOf(state.Type).Property) + ':' + std::to_string(state.Place) + ':' + state.Key,
-            fields));
+            fields);
     }
     return lines;
 }
 
-std::vector<std::string> TMllFile::ExtendedLinesOf(const TFormSection& section) const {
-    std::vector<std::string> lines;
+std::string TMllFile::ExtendedLinesOf(const TFormSection& section) const {
+    std::string lines;
     for (const TFileExtended& extended : section.Extended)
-        lines.push_back(
-            fields_.Write(extended.Component + ':' + extended.Property, ViewsOf(extended.Values)));
+        fields_.AppendLine(lines, extended.Component + ':' + extended.Property, extended.Values);
     return lines;
 }
 
@@ -344,10 +347,10 @@ void TMllFile::WriteAnew(const TFileFields& former) {
         if (const auto name = SplitName(section.Name); name && !name->Part.empty())
             sections.push_back(section.Name);
     for (const std::string& name : sections) {
-        std::vector<std::string> lines;
+        std::string lines;
         for (const TEntryLine& line : TMllDocument::Entries(*document_.Find(name))) {
             const TFileEntry entry = former.Read(line.Content);
-            lines.push_back(fields_.Write(entry.Key, ViewsOf(entry.Fields)));
+            fields_.AppendLine(lines, entry.Key, entry.Fields);
         }
         document_.Put(name, lines, {});
     }

@@ -21,6 +21,7 @@ class TMllFile : public ITranslationFile {
     std::optional<TFormSection> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
     void Put(const TFormSection& section) override;
+    bool IsChanged() const override { return document_.IsChanged(); }
     std::string Bytes() const override { return document_.Bytes(); }
 
   private:
@@ -39,9 +40,9 @@ class TMllFile : public ITranslationFile {
     TFileTable ReadTable(TStringsType type, const TSection& section, int languages) const;
     std::vector<TFileState> ReadStates(const TSection& section, int languages) const;
     std::vector<TFileExtended> ReadExtended(const TSection& section, int languages) const;
-    std::vector<std::string> LinesOf(const TFormSection& section, TStringsType type) const;
-    std::vector<std::string> StateLinesOf(const TFormSection& section) const;
-    std::vector<std::string> ExtendedLinesOf(const TFormSection& section) const;
+    std::string LinesOf(const TFormSection& section, TStringsType type) const;
+    std::string StateLinesOf(const TFormSection& section) const;
+    std::string ExtendedLinesOf(const TFormSection& section) const;
     [[noreturn]] void Refuse(int line, const std::string& problem, const std::string& remedy) const;
 
     std::string fileName_;

@@ -55,6 +55,8 @@ class TTable {
 
     TStringsType Type() const { return type_; }
     const std::vector<TTableEntry>& Entries() const { return entries_; }
+    /// The same for good.
+    std::vector<TTableEntry> TakeEntries() && { return std::move(entries_); }
     /// Index of the first entry with the key, -1 without it. IDs of "Strings" are compared without case.
     int Find(std::string_view key) const;
 

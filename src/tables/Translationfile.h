@@ -79,6 +79,8 @@ class ITranslationFile {
     /// Replaces the form in its place, or adds it at the end; everything else stays as it is.
     /// EBadInput for a file of a newer version.
     virtual void Put(const TFormSection& section) = 0;
+    /// False while Bytes() are those that were read.
+    virtual bool IsChanged() const = 0;
     virtual std::string Bytes() const = 0;
 };
 

@@ -7,6 +7,14 @@ namespace {
 
 using namespace std::string_literals;
 
+std::string LineOf(const TFileFields& codec, const std::string& key, const std::vector<std::string>& fields) {
+    std::string line;
+    codec.AppendLine(line, key, fields);
+    EXPECT_TRUE(line.ends_with('\n'));
+    line.pop_back();
+    return line;
+}
+
 TEST(Filefields, EveryTextSurvivesEveryDelimiterInOneLine) {
     const std::vector<std::string> texts = {
         "",        "plain", " ",     "  two  ",      "\ttab\t",      "a\r\nb\nc",
@@ -18,12 +26,12 @@ TEST(Filefields, EveryTextSurvivesEveryDelimiterInOneLine) {
                                         "\xC2\xA7", "\t", "\"", "; ", "^"}) {
         const TFileFields codec(delimiter);
         for (const std::string& key : texts) {
-            const std::string line = codec.Write(key, {texts.begin(), texts.end()});
+            const std::string line = LineOf(codec, key, texts);
             EXPECT_EQ(codec.Read(line), (TFileEntry{key, texts})) << delimiter << ": " << line;
             EXPECT_EQ(line.find_first_of("\r\n\0"s), std::string::npos);
             EXPECT_FALSE(line.starts_with('[') || line.starts_with(';') || line.starts_with(' ')) << line;
             for (const std::string& text : texts) {
-                const std::string single = codec.Write(key, {text});
+                const std::string single = LineOf(codec, key, {text});
                 EXPECT_EQ(codec.Read(single), (TFileEntry{key, {text}})) << delimiter << ": " << single;
                 EXPECT_EQ(single.find_last_not_of(" \t"), single.size() - 1) << "a blank would be lost";
             }
@@ -33,9 +41,9 @@ TEST(Filefields, EveryTextSurvivesEveryDelimiterInOneLine) {
 
 TEST(Filefields, LinesLookAsATranslatorExpects) {
     const TFileFields codec("~!@#$");
-    EXPECT_EQ(codec.Write("btnOK.Caption", {"&OK", "Sch\xC3\xB6n = gut; [ja]"}),
+    EXPECT_EQ(LineOf(codec, "btnOK.Caption", {"&OK", "Sch\xC3\xB6n = gut; [ja]"}),
               "btnOK.Caption=&OK~!@#$Sch\xC3\xB6n = gut; [ja]");
-    EXPECT_EQ(codec.Write("a=b", {" First\nSecond ", ""}), "a\\qb=\\sFirst\\nSecond ~!@#$");
+    EXPECT_EQ(LineOf(codec, "a=b", {" First\nSecond ", ""}), "a\\qb=\\sFirst\\nSecond ~!@#$");
     EXPECT_EQ(codec.Read("C:\\=C:\\x"), (TFileEntry{"C:\\", {"C:\\x"}}));
     EXPECT_EQ(codec.Read("alone"), (TFileEntry{"alone", {}}));
 }
