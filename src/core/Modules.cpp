@@ -10,7 +10,8 @@ constexpr const char* kNoFormModule =
 
 /// The form's own go first: its unit may have calls of them already.
 std::shared_ptr<IOTAComponent> FirstOf(IOTAComponent& root, const TComponentTest& fits) {
-    for (int i = 0; i < root.GetComponentCount(); ++i)
+    const int count = root.GetComponentCount();
+    for (int i = 0; i < count; ++i)
         if (auto component = root.GetComponent(i); fits(*component)) return component;
     const auto ancestor = root.GetOrigin() == TComponentOrigin::coInherited ? root.GetAncestor() : nullptr;
     return ancestor == nullptr ? nullptr : FirstOf(*ancestor, fits);

@@ -168,8 +168,9 @@ TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
 std::pair<std::string, std::string> TModules::ReadBytes(const std::string& fileName) {
     const TJournal::TPending* pending = journal_.Pending(fileName);
     if (pending != nullptr && pending->Bytes) return {pending->OnDisk.value_or(""), *pending->Bytes};
-    const std::string bytes = files_.Read(fileName);
-    return {bytes, bytes};
+    std::string onDisk = files_.Read(fileName);
+    std::string bytes = onDisk;
+    return {std::move(onDisk), std::move(bytes)};
 }
 
 std::optional<std::string> TModules::ReadOnDisk(const std::string& fileName) {
@@ -190,13 +191,13 @@ void TModules::RemoveFile(const std::string& fileName) {
 
 std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
                                                     const std::string& codePage) {
-    const auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, onDisk, codePage);
+    auto [onDisk, bytes] = ReadBytes(fileName);
+    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, std::move(onDisk), codePage);
 }
 
 std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName, const std::string& codePage) {
-    const auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TFormDocument>(journal_, fileName, bytes, onDisk, codePage);
+    auto [onDisk, bytes] = ReadBytes(fileName);
+    return std::make_shared<TFormDocument>(journal_, fileName, bytes, std::move(onDisk), codePage);
 }
 
 void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {

@@ -35,14 +35,18 @@ TExclusionRules RulesOf(TmlCustomLang& lang, const TFormParts& parts) {
 /// Languages whose names tell what they are get their tags; a tag that is there stays.
 void FillLocales(TTable& locales, const TStringList& names) {
     constexpr const char* kLocale = ".Locale";
+    const auto isKnown = [&](std::size_t place) {
+        const int entry = locales.Find(kLocale);
+        if (entry < 0) return false;
+        const auto& values = locales.Entries()[static_cast<std::size_t>(entry)].Values;
+        return place < values.size() && !values[place].Text.empty();
+    };
     for (int i = 0; i < names.Count(); ++i) {
-        const std::string tag = LanguageTagOf(names[i]);
+        // Tags of all languages there are cost more to read than a form.
+        const std::string tag = isKnown(static_cast<std::size_t>(i)) ? "" : LanguageTagOf(names[i]);
         if (tag.empty()) continue;
         locales.Add(kLocale, {}, names.Count());
-        const int entry = locales.Find(kLocale);
-        const auto& values = locales.Entries()[static_cast<std::size_t>(entry)].Values;
-        const auto place = static_cast<std::size_t>(i);
-        if (place >= values.size() || values[place].Text.empty()) locales.SetText(entry, i + 1, tag);
+        locales.SetText(locales.Find(kLocale), i + 1, tag);
     }
 }
 

@@ -41,8 +41,10 @@ constexpr TRuntimeClass kClasses[] = {
 }  // namespace
 
 const TRuntimeClass* FindRuntimeClass(std::string_view name) {
-    const auto* found = std::find_if(std::begin(kClasses), std::end(kClasses),
-                                     [&](const TRuntimeClass& row) { return SameText(row.Name, name); });
+    // Asked of every component of a form; most have no name of that length.
+    const auto* found = std::find_if(std::begin(kClasses), std::end(kClasses), [&](const TRuntimeClass& row) {
+        return row.Name.size() == name.size() && SameText(row.Name, name);
+    });
     return found == std::end(kClasses) ? nullptr : found;
 }
 

@@ -66,6 +66,7 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
 void TFormParts::ReadBlock(const TComponentPtr& owner, const std::string& path, int holder) {
     TPlaces places{{{owner->GetComponentHandle(), Overlay(owner, path, holder)}}};
     const int count = owner->GetComponentCount();
+    if (parts_.size() == 1) parts_.reserve(static_cast<std::size_t>(count) + 1);
     for (int i = 0; i < count; ++i)
         ReadOwned(owner->GetComponent(i), path, places);
 }
@@ -90,8 +91,12 @@ void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& pa
 /// Gives the component's index.
 int TFormParts::Overlay(const TComponentPtr& component, const std::string& path, int holder) {
     const auto [place, isNew] = byPath_.emplace(UpperCase(path), static_cast<int>(parts_.size()));
-    if (isNew) parts_.push_back({path, {}, {}, {}, {}, holder});
+    if (isNew) parts_.emplace_back();
     TFormPart& part = parts_[static_cast<std::size_t>(place->second)];
+    if (isNew) {
+        part.Path = path;
+        part.Holder = holder;
+    }
     part.Name = component->GetName();
     part.ClassName = component->GetComponentType();
     part.IsFrame = part.IsFrame || component->GetOrigin() == TComponentOrigin::coFrame;

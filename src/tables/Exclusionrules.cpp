@@ -64,8 +64,9 @@ std::vector<std::string_view> SmartRuleNames() {
 TExclusionRules::TExclusionRules(const TStringList& doNotTranslate, const TStringList& excludedProperties,
                                  const TStringList& smartRules,
                                  const std::vector<std::string>& componentPaths) {
-    for (const std::string& path : componentPaths)
-        components_.insert(UpperCase(path));
+    if (!excludedProperties.Empty())
+        for (const std::string& path : componentPaths)
+            components_.insert(UpperCase(path));
     for (const std::string& name : doNotTranslate)
         if (!Trim(name).empty()) doNotTranslate_.insert(UpperCase(Trim(name)));
     for (const std::string& entry : excludedProperties)

@@ -2,6 +2,7 @@
 // delimiter, so each has a second choice.
 #include "tables/Fieldcodec.h"
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 
@@ -27,9 +28,15 @@ struct TEscapes {
 };
 
 void AppendEncoded(std::string& line, std::string_view value, const TEscapes& escapes) {
-    const std::string_view starts(escapes.Starts.data(), escapes.Starts.size());
+    const auto isStart = [&](char c) {
+        return c == escapes.Starts[0] || c == escapes.Starts[1] || c == escapes.Starts[2] ||
+               c == escapes.Starts[3];
+    };
     std::size_t done = 0;
-    for (std::size_t pos = 0; (pos = value.find_first_of(starts, pos)) != std::string_view::npos;) {
+    for (std::size_t pos = 0;;) {
+        while (pos < value.size() && !isStart(value[pos]))
+            ++pos;
+        if (pos == value.size()) break;
         std::size_t kind = 0;
         while (kind < escapes.Meanings.size() && !value.substr(pos).starts_with(escapes.Meanings[kind]))
             ++kind;
@@ -65,11 +72,8 @@ std::string Decode(std::string_view field, const TEscapes& escapes) {
 std::vector<std::string> SplitFields(std::string_view line, std::string_view delimiter) {
     const TEscapes escapes(delimiter);
     std::vector<std::string> fields;
-    std::size_t count = 1;
-    for (std::size_t pos = 0; (pos = line.find(delimiter, pos)) != std::string_view::npos;
-         pos += delimiter.size())
-        ++count;
-    fields.reserve(count);
+    // As many at most.
+    fields.reserve(static_cast<std::size_t>(std::count(line.begin(), line.end(), delimiter.front())) + 1);
     for (std::size_t end = line.find(delimiter); end != std::string_view::npos; end = line.find(delimiter)) {
         fields.push_back(Decode(line.substr(0, end), escapes));
         line.remove_prefix(end + delimiter.size());

@@ -110,6 +110,7 @@ std::string_view WithoutStrings(std::string_view path) {
 }
 
 std::string WithoutIndexes(std::string_view path) {
+    if (path.find('[') == std::string_view::npos) return std::string(path);
     std::string plain;
     for (bool isInside = false; const char c : path) {
         if (c == '[') isInside = true;

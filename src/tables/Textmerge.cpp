@@ -48,6 +48,41 @@ void Follow(TTable& table, int index, const std::string& text, int active) {
         table.SetText(index, active, text);
 }
 
+std::size_t IndexOf(TStringsType type, const std::vector<TTable>& tables) {
+    const auto found =
+        std::find_if(tables.begin(), tables.end(), [&](const TTable& table) { return table.Type() == type; });
+    return static_cast<std::size_t>(found - tables.begin());
+}
+
+/// A key that stands twice counts once; a line without a property is nobody's.
+bool Counts(const TTable& table, int index) {
+    const std::string& key = table.Entries()[static_cast<std::size_t>(index)].Key;
+    return key.find('.') != std::string::npos && table.Find(key) == index;
+}
+
+/// True where every entry has its one text and every text that enters its entry, as it is shown: such a merge
+/// would change nothing, and most are such.
+bool AreUpToDate(const std::vector<TTable>& tables, const std::vector<TFormText>& texts, int active) {
+    std::vector<std::vector<bool>> met;
+    for (const TTable& table : tables)
+        met.emplace_back(table.Entries().size(), false);
+    for (const TFormText& text : texts) {
+        const std::size_t table = IndexOf(text.Table, tables);
+        const int index = tables[table].Find(text.Key);
+        // A text that does not enter says something of the items around it.
+        if (index < 0 && !text.Enters && text.Key.find('[') == std::string::npos) continue;
+        const auto entry = static_cast<std::size_t>(index);
+        if (index < 0 || met[table][entry] || ShownText(tables[table].Entries()[entry], active) != text.Text)
+            return false;
+        met[table][entry] = true;
+    }
+    for (std::size_t table = 0; table < tables.size(); ++table)
+        for (std::size_t i = 0; i < met[table].size(); ++i)
+            if (!IsFree(tables[table].Type()) && !met[table][i] && Counts(tables[table], static_cast<int>(i)))
+                return false;
+    return true;
+}
+
 /// One merge. An entry of the tables is known by its table and its index there.
 class TMerge {
   public:
@@ -76,15 +111,13 @@ class TMerge {
     TStringsType TypeOf(const TEntry& entry) const { return tables_[entry.Table].Type(); }
     const std::string& Shown(const TEntry& entry) const { return ShownText(At(entry), settings_.Active); }
 
-    /// A key that stands twice counts once; a line without a property is nobody's.
     void ListEntries() {
         for (std::size_t table = 0; table < tables_.size(); ++table) {
             if (IsFree(tables_[table].Type())) continue;
             const auto& entries = tables_[table].Entries();
             for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
-                const std::string& key = entries[static_cast<std::size_t>(i)].Key;
-                const bool counts = tables_[table].Find(key) == i && key.find('.') != std::string::npos;
-                if (counts) entries_.push_back({table, i, key});
+                if (Counts(tables_[table], i))
+                    entries_.push_back({table, i, entries[static_cast<std::size_t>(i)].Key});
             }
         }
     }
@@ -212,8 +245,7 @@ class TMerge {
     void AppendNew() {
         for (std::size_t i = 0; i < texts_.size(); ++i) {
             const TFormText& text = texts_[i];
-            TTable& table = *std::find_if(tables_.begin(), tables_.end(),
-                                          [&](const TTable& one) { return one.Type() == text.Table; });
+            TTable& table = tables_[IndexOf(text.Table, tables_)];
             if (former_[i] == kNowhere && text.Enters) table.Add(text.Key, text.Text, settings_.Languages);
             const auto moved = elsewhere_.find(i);
             if (moved == elsewhere_.end()) continue;
@@ -247,7 +279,7 @@ bool HasStates(TStringsType type) {
 
 void MergeTexts(std::vector<TTable>& tables, const std::vector<TFormText>& texts,
                 const TMergeSettings& settings) {
-    TMerge(tables, texts, settings).Run();
+    if (!AreUpToDate(tables, texts, settings.Active)) TMerge(tables, texts, settings).Run();
 }
 
 }  // namespace tml

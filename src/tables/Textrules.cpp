@@ -53,12 +53,25 @@ const TTextRule* RuleOfClassesNamedAlike(std::string_view className, std::string
     return nullptr;
 }
 
-const TTextRule* FindRule(const TTextProperty& property) {
-    const std::string path = WithoutIndexes(property.Path);
-    for (std::string_view name = property.ClassName; !name.empty(); name = ComponentAncestor(name))
+const TTextRule* SearchRule(std::string_view className, const std::string& path) {
+    for (std::string_view name = className; !name.empty(); name = ComponentAncestor(name))
         if (const TTextRule* rule = RuleOf(UpperCase(name), path)) return rule;
-    if (const TTextRule* rule = RuleOfClassesNamedAlike(property.ClassName, path)) return rule;
+    if (const TTextRule* rule = RuleOfClassesNamedAlike(className, path)) return rule;
     return RuleOf("", path);
+}
+
+/// Forms repeat the same few classes and properties, so that what has been found is kept.
+const TTextRule* FindRule(const TTextProperty& property) {
+    constexpr std::size_t kMostKept = 10'000;
+    thread_local std::unordered_map<std::string, const TTextRule*> kept;
+    if (kept.size() > kMostKept) kept.clear();
+    const std::string path = WithoutIndexes(property.Path);
+    std::string key;
+    key.reserve(property.ClassName.size() + 1 + path.size());
+    ((key += property.ClassName) += ':') += path;
+    const auto [place, isNew] = kept.try_emplace(std::move(key));
+    if (isNew) place->second = SearchRule(property.ClassName, path);
+    return place->second;
 }
 
 /// Settings and lists have tables of their own; any other text of an item stands with those of collections.

@@ -1,7 +1,6 @@
 #include "tables/Texttransfer.h"
 
 #include <algorithm>
-#include <deque>
 #include <numeric>
 #include <unordered_map>
 #include <utility>
@@ -41,7 +40,7 @@ class TTableTransfer {
         : name_(name), own_(own), languages_(languages), transfer_(transfer), report_(report) {
         const auto& entries = own_.Entries();
         for (std::size_t i = 0; i < entries.size(); ++i)
-            indexes_[UpperCase(entries[i].Key)].push_back(static_cast<int>(i));
+            indexes_[UpperCase(entries[i].Key)].Items.push_back(static_cast<int>(i));
     }
 
     void Run(const TTable& file) {
@@ -57,17 +56,20 @@ class TTableTransfer {
     }
 
   private:
+    /// Entries of one key, and the one whose turn it is.
+    struct TIndexes {
+        std::vector<int> Items;
+        std::size_t Next = 0;
+    };
+
     const TTableEntry& At(int index) const { return own_.Entries()[static_cast<std::size_t>(index)]; }
     std::string Where(const std::string& key) const { return name_ + ' ' + key; }
 
     /// -1 where the form has no place for the entry.
     int TakeIndex(const TTableEntry& entry) {
         const auto found = indexes_.find(UpperCase(entry.Key));
-        if (found != indexes_.end() && !found->second.empty()) {
-            const int index = found->second.front();
-            found->second.pop_front();
-            return index;
-        }
+        if (found != indexes_.end() && found->second.Next < found->second.Items.size())
+            return found->second.Items[found->second.Next++];
         const bool isDouble = found != indexes_.end();
         const bool isNew = !isDouble && IsFreeTable(own_.Type()) && Append(entry);
         if (isNew) return static_cast<int>(own_.Entries().size()) - 1;
@@ -143,7 +145,7 @@ class TTableTransfer {
     const TStringList& languages_;
     const TTransfer& transfer_;
     TTransferReport& report_;
-    std::unordered_map<std::string, std::deque<int>> indexes_;  ///< by key, upper-cased
+    std::unordered_map<std::string, TIndexes> indexes_;  ///< by key, upper-cased
 };
 
 /// They go through a table of their own: what holds for entries holds for them.
