@@ -41,16 +41,23 @@ std::size_t RankOf(const std::vector<std::string_view>& order, std::string_view 
     return static_cast<std::size_t>(found - order.begin());
 }
 
-/// Behind the last one that comes before it, else in front of the first one that comes after it.
+/// Between two neighbours that it belongs between: so one that goes and comes back stands where it stood,
+/// also where others are out of order. Else behind the last one that comes before it, else in front of the
+/// first one that comes after it.
 std::size_t PlaceInOrder(const std::vector<std::string_view>& order, const std::vector<std::string>& held,
                          std::size_t rank) {
+    std::size_t behind = 0;
     std::size_t next = held.size();
+    bool isNextAfter = false;
     for (std::size_t i = held.size(); i-- > 0;) {
         const std::size_t other = RankOf(order, held[i]);
-        if (other < rank) return i + 1;
-        if (other < order.size()) next = i;
+        if (other == order.size()) continue;
+        if (other < rank && isNextAfter) return i + 1;
+        if (other < rank && behind == 0) behind = i + 1;
+        isNextAfter = other > rank;
+        if (isNextAfter) next = i;
     }
-    return next;
+    return behind > 0 ? behind : next;
 }
 
 std::size_t PlaceInObject(const std::vector<std::string>& held, std::string_view name) {

@@ -114,6 +114,7 @@ TEST_F(TLangTest, ANewPropertyStandsWhereStreamingWritesIt) {
         {"TmlLang", {"Left", "Top"}, "NumOfLanguages", 0},
         {"TmlLang", {"Left", "Top", "NumOfLanguages"}, "LangNames.Strings", 3},
         {"TmlLang", {"Other", "States.Strings"}, "Strings.Strings", 1},
+        {"TmlLang", {"Locales.Strings", "OnKept", "Captions.Strings"}, "States.Strings", 1},
         {"TmlLangTLV", {"OnKept", "Left"}, "ListView_TreeView_Items.Strings", 1},
         {"TmlLangDispatcher", {"OnChangeLanguage"}, "Language", 0},
         {"TmlLang", {"NumOfLanguages"}, "Unknown", 1},

@@ -1,7 +1,9 @@
 // The forms of the package lazarus-src: update, save, clear and load leave every byte of a form as it was.
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
+#include "core/Modules.h"
 #include "ide/Headlesside.h"
 #include "runtime/Runtime.h"
 #include "support/Corpora.h"
@@ -83,6 +85,31 @@ TEST(Transfercorpus, WhatIsSavedClearedAndLoadedIsWhatItWas) {
         texts += one.Texts;
     }
     EXPECT_GT(texts, forms) << "the corpus is missing: install lazarus-src";
+}
+
+TEST(Transfercorpus, TheExampleIsWhatItWasThoughItsTablesAreInAnOrderOfTheirOwn) {
+    const std::filesystem::path example = TML_TESTS "/../examples/harbour";
+    TMemoryFileSystem files;
+    for (const auto& path : FilesBelow(example.c_str(), {".lpi", ".lpr", ".pas", ".lfm", ".mll"}))
+        files.Files["/p/" + path.lexically_relative(example).generic_string()] = ReadFileOf(path);
+    const auto before = files.Files;
+    const auto runtime = MakeMlRuntime();
+    THeadlessIde ide(files, *runtime);
+    ide.OpenProject("/p/Harbour.lpi");
+    const auto project = ide.GetModuleServices()->GetActiveProject();
+    int cleared = 0;
+    for (int i = 0; i < project->GetModuleCount(); ++i) {
+        const auto module = ide.GetModuleServices()->OpenModule(project->GetModule(i).FileName, false);
+        const auto editor = module->GetFormEditor();
+        const auto lang = editor == nullptr ? nullptr : FindCustomLang(*runtime, *editor);
+        if (lang == nullptr) continue;
+        lang->ClearTranslations();
+        cleared += module->GetModified() ? 1 : 0;
+        lang->LoadAllFromFile("/p/Harbour.mll");
+    }
+    ide.SaveAll();
+    EXPECT_GT(cleared, 4);
+    EXPECT_EQ(files.Files, before);
 }
 
 }  // namespace
