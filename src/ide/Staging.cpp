@@ -113,8 +113,9 @@ void CheckTarget(IFileSystem& files, const TCommitLine& line) {
     if (info && info->ReadOnly)
         throw EFileError(line.Target, 0, "the file is read-only", "Make it writable and save again");
     if (MarkOnDisk(files, line.Target) != line.Old)
-        throw EChangedOnDisk(line.Target, 0, "the file has changed on the disk since it was opened",
-                             "Close it without saving and open it again, then repeat the command");
+        throw EChangedOnDisk(line.Target, 0, "the file has changed on the disk since it was read",
+                             "Where it is open, close it without saving and open it again; then repeat the "
+                             "command");
 }
 
 /// For a file that is to go an empty one stands in, so that no record alone removes anything.

@@ -8,6 +8,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "core/Insertion.h"
+#include "core/Modules.h"
 #include "platform/Projectoptions.h"
 #include "translations/Filedelimiter.h"
 #include "translations/Formseries.h"
@@ -107,18 +108,28 @@ std::optional<TTarget> AskForTextTarget(TContext& context, TFilesMemory& memory)
     return TextTarget(context, *file, kOtherDelimiterOfProperties);
 }
 
+/// The forms whose changes stand in open files only.
+TStringList UnsavedForms(TContext& context, const TFormReports& reports) {
+    TStringList unsaved;
+    for (const auto& [form, report] : reports)
+        if (const auto editor = GetFormEditor(context, form); editor != nullptr && editor->GetModified())
+            unsaved.Add(form);
+    return unsaved;
+}
+
 /// What was done is told, even where a form has ended the command.
-void Report(TContext& context, const std::function<void(TFormReports&)>& work) {
+void Report(TContext& context, TFormUse use, const std::function<void(TFormReports&)>& work) {
     TFormReports reports;
     TAllSteps steps;
     steps.Try([&] { work(reports); });
-    ShowReports(context.Dialogs(), reports);
+    ShowReports(context.Dialogs(), reports,
+                use == TFormUse::Changes ? UnsavedForms(context, reports) : TStringList());
     steps.Finish();
 }
 
-void TransferSelected(TContext& context, const std::string& title, const TRows& rows,
+void TransferSelected(TContext& context, const std::string& title, TFormUse use, const TRows& rows,
                       const TTransferRow& transfer) {
-    Report(context, [&](TFormReports& reports) {
+    Report(context, use, [&](TFormReports& reports) {
         const auto withComponent = [&](TFormRow& row) {
             if (!row.HasComponent()) context.Dialogs().HideProgress();
             InsertTmlLang(context, row);
@@ -135,7 +146,7 @@ void LoadSelected(TContext& context, TFilesMemory& memory, const std::string& ti
     if (!CheckSelected(context, rows)) return;
     const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
     if (file)
-        TransferSelected(context, title, rows,
+        TransferSelected(context, title, TFormUse::Changes, rows,
                          [&](TFormRow& row) { return load(context, row.FormName, *file); });
 }
 
@@ -143,7 +154,8 @@ void LoadWhole(TContext& context, TFilesMemory& memory, bool merge) {
     if (!CheckProject(context)) return;
     const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
     if (file)
-        Report(context, [&](TFormReports& reports) { LoadProjFromFile(context, *file, merge, reports); });
+        Report(context, TFormUse::Changes,
+               [&](TFormReports& reports) { LoadProjFromFile(context, *file, merge, reports); });
 }
 
 /// None where the person gives up, or names none that the file has.
@@ -177,7 +189,7 @@ void SaveProperties(TContext& context, TFilesMemory& memory, const TRows& rows) 
     if (PropListDialog(context, kinds) != mrOk) return;
     const auto target = AskForTextTarget(context, memory);
     if (!target) return;
-    Report(context, [&](TFormReports& reports) {
+    Report(context, TFormUse::Reads, [&](TFormReports& reports) {
         const auto save = [&](TFormRow& row) {
             return SavePropsToFile(context, row, target->FileName, target->Delimiter, kinds);
         };
@@ -200,7 +212,7 @@ void SaveSelectedForms(TContext& context, TFilesMemory& memory) {
     if (!CheckSelected(context, rows)) return;
     const auto target = AskForTarget(context, memory);
     if (target)
-        TransferSelected(context, "Save Translations", rows, [&](TFormRow& row) {
+        TransferSelected(context, "Save Translations", TFormUse::Reads, rows, [&](TFormRow& row) {
             return SaveFormToFile(context, row.FormName, target->FileName, target->Delimiter);
         });
 }
@@ -218,7 +230,7 @@ void LoadLanguageForForms(TContext& context, TFilesMemory& memory) {
     if (!CheckSelected(context, rows)) return;
     const auto source = AskForSource(context, memory);
     if (source)
-        TransferSelected(context, "Load Language", rows, [&](TFormRow& row) {
+        TransferSelected(context, "Load Language", TFormUse::Changes, rows, [&](TFormRow& row) {
             return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
         });
 }
@@ -227,7 +239,7 @@ void SaveProject(TContext& context, TFilesMemory& memory) {
     if (!CheckProject(context)) return;
     const auto target = AskForTarget(context, memory);
     if (!target) return;
-    Report(context, [&](TFormReports& reports) {
+    Report(context, TFormUse::Reads, [&](TFormReports& reports) {
         if (IsBinaryTranslation(target->FileName))
             SaveProjectToMLBFile(context, target->FileName, reports);
         else
@@ -250,7 +262,7 @@ void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
     TRows rows;
     for (const auto& row : context.Rows.Active().Items())
         rows.push_back(row.get());
-    Report(context, [&](TFormReports& reports) {
+    Report(context, TFormUse::Changes, [&](TFormReports& reports) {
         const auto load = [&](TFormRow& row) {
             return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
         };

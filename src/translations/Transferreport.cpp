@@ -35,14 +35,17 @@ TStringList LinesOf(const TTransferReport& report) {
     return lines;
 }
 
-void ShowReports(IDialogs& dialogs, const TFormReports& reports) {
+void ShowReports(IDialogs& dialogs, const TFormReports& reports, const TStringList& unsaved) {
     std::string text;
     int count = 0;
     for (const auto& [form, report] : reports)
         for (const std::string& line : LinesOf(report))
             if (++count <= kMostLines) text += Format("%s: %s\r\n", form, InOneLine(line));
     if (count > kMostLines) text += Format("and %d more\r\n", count - kMostLines);
-    if (count > 0) dialogs.MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
+    if (!unsaved.Empty())
+        text +=
+            Format("Open, and with changes that are not saved yet: %s\r\n", InOneLine(unsaved.CommaText()));
+    if (!text.empty()) dialogs.MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
 }
 
 }  // namespace tml

@@ -16,7 +16,8 @@ using TFormReports = std::vector<std::pair<std::string, TTransferReport>>;
 /// nobody needs to know more.
 TStringList LinesOf(const TTransferReport& report);
 
-/// Tells the person in one message; nothing where there is nothing to tell.
-void ShowReports(IDialogs& dialogs, const TFormReports& reports);
+/// Tells the person in one message, with the names of forms that are changed and not saved; nothing where
+/// there is nothing to tell.
+void ShowReports(IDialogs& dialogs, const TFormReports& reports, const TStringList& unsaved = {});
 
 }  // namespace tml

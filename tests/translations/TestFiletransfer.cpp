@@ -102,6 +102,13 @@ TEST_F(TFiletransfer, TheKindFollowsTheExtensionAndTheFilterCarriesOver) {
     User.OnMessage("Form2: overwritten: Strings IDS_0 (German): 'Bekannt' instead of 'Neu'\r\n");
     Run("MergeForms");
     EXPECT_TRUE(Has("Unit2.dfm", "Bekannt"));
+    Reword("Neu");
+    OpenFile(Context(), "/p/Unit2.pas", false);
+    OnOpen("/p/x.Mlb");
+    User.OnMessage(
+        "Form2: overwritten: Strings IDS_0 (German): 'Bekannt' instead of 'Neu'\r\n"
+        "Open, and with changes that are not saved yet: Form2\r\n");
+    Run("MergeForms");
 }
 
 TEST_F(TFiletransfer, AnEmptyDelimiterIsRefusedAnotherOneConfirmed) {
