@@ -13,6 +13,8 @@ namespace tml {
 /// A form as it is drawn, with what of it is translated in a frame and what is excluded hatched.
 class TExclusionPicture : public TFormCanvas {
   public:
+    TExclusionPicture() { setObjectName("exclusionPicture"); }
+
     /// Told the path of a component that is clicked, "" for the form itself.
     std::function<void(const std::string& path)> OnClick;
 

@@ -5,9 +5,8 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <unordered_map>
 
-#include "desktop/Formcanvas.h"
+#include "desktop/Designpicture.h"
 #include "ide/Formdesign.h"
 #include "platform/Mlruntime.h"
 
@@ -23,39 +22,6 @@ namespace tml {
 class TDesignPanel;
 class TFormTextView;
 class TRunner;
-
-/// The picture of a form in its designer: a click selects the component that is seen there, Ctrl and Shift
-/// add it; the arrows go from one to the next, Esc to what it stands in.
-class TFormPicture : public TFormCanvas {
-  public:
-    explicit TFormPicture(TFormDesign& design);
-
-    /// The person has selected these, by their indexes.
-    std::function<void(const std::vector<int>& indexes)> OnSelect;
-    std::function<void()> OnEdit;  ///< Enter or a double click
-    std::function<void()> OnDelete;
-    std::function<void(const QPoint& at)> OnMenu;
-
-    void Show(TLayoutNode form, const TLayoutOptions& options);
-    /// Where the component is seen; empty for one that is not drawn.
-    QRect PlaceOf(int component) const;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-
-  private:
-    /// Index of the component that is seen there, the form's where no other is.
-    int ComponentAt(const QPoint& at) const;
-    int ComponentOf(const TLayoutItem& item) const;
-    void SelectNext(int step);
-
-    TFormDesign& design_;
-    std::unordered_map<const TLayoutNode*, std::string> paths_;
-};
 
 /// A form in a tab: its picture in any of its languages, with the panes of its designer, and its text, one of
 /// them in front.
@@ -87,7 +53,7 @@ class TFormView : public QWidget {
     TFormDesign design_;
     std::weak_ptr<IOTAFormEditor> form_;
     TFormTextView* text_;
-    TFormPicture* picture_;
+    TDesignPicture* picture_;
     TDesignPanel* panel_;
     QScrollArea* scroll_;
     QStackedWidget* pages_;

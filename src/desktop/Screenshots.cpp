@@ -225,7 +225,7 @@ void TPictures::TakeDesigner() {
         Take(dialog, "stringlist");
         dialog.close();
     });
-    TfrmStringList lines("mlLang1.ExcludedProperties", TStringList({"!edtTons", "TSpinEdit", ".Hint"}));
+    TfrmStringList lines("lstServices.Items", TStringList({"Pilot", "Tug", "Fresh water", "Fuel"}));
     window_->Host().Host().Dialogs->ShowModal(lines);
 }
 

@@ -108,25 +108,23 @@ void TInspector::Follow(const std::shared_ptr<IOTAFormEditor>& form, const TComp
     components_ = components;
     editors_ = std::move(editors);
     rows_.clear();
-    for (std::size_t i = 0; i < components_.size(); ++i) {
-        std::vector<TInspectedProperty> rows = RowsOf(components_[i]);
-        if (i == 0) {
-            rows_ = std::move(rows);
-            continue;
-        }
-        // What they have in common.
-        std::erase_if(rows_, [&](TInspectedProperty& row) {
-            const auto same = std::find_if(rows.begin(), rows.end(), [&](const TInspectedProperty& one) {
-                return SameText(one.Name, row.Name) && one.Type.Takes == row.Type.Takes && one.Name != kName;
-            });
-            if (same == rows.end()) return true;
-            if (same->Value != row.Value) row.Value.clear();
-            row.IsHeld = row.IsHeld || same->IsHeld;
-            row.CanType = row.CanType && same->CanType;
-            row.HasDialog = false;
-            return !row.CanType;
+    if (!components_.empty()) rows_ = RowsOf(components_.front());
+    for (std::size_t i = 1; i < components_.size(); ++i)
+        KeepCommon(RowsOf(components_[i]));
+}
+
+/// What another component has too and a person can type; a name is of one component alone.
+void TInspector::KeepCommon(const std::vector<TInspectedProperty>& others) {
+    std::erase_if(rows_, [&](TInspectedProperty& row) {
+        const auto same = std::find_if(others.begin(), others.end(), [&](const TInspectedProperty& one) {
+            return SameText(one.Name, row.Name) && one.Type.Takes == row.Type.Takes && one.Name != kName;
         });
-    }
+        if (same == others.end() || !same->CanType || !row.CanType) return true;
+        if (same->Value != row.Value) row.Value.clear();
+        row.IsHeld = row.IsHeld || same->IsHeld;
+        row.HasDialog = false;
+        return false;
+    });
 }
 
 std::string TInspector::Title() const {
@@ -259,7 +257,8 @@ void TInspector::SetText(const std::string& property, const std::string& text) {
 void TInspector::Change(const std::shared_ptr<IOTAComponent>& component, const TInspectedProperty& row,
                         const std::string& text) {
     if (row.Name == kName) return component->SetName(text);
-    if (TDesignLanguages(modules_, runtime_, Form()->GetFileName()).SetText(component, row.Name, text)) return;
+    if (TDesignLanguages(modules_, runtime_, Form()->GetFileName()).SetText(component, row.Name, text))
+        return;
     const bool refers = row.Type.Takes == TTakes::Component || row.Type.Takes == TTakes::Method;
     if (refers && text.empty()) return component->RemoveProp(row.Name);
     std::string reason;

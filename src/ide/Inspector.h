@@ -52,6 +52,7 @@ class TInspector {
     /// EBadInput when it is closed.
     std::shared_ptr<IOTAFormEditor> Form() const;
     std::vector<TInspectedProperty> RowsOf(const std::shared_ptr<IOTAComponent>& component) const;
+    void KeepCommon(const std::vector<TInspectedProperty>& others);
     void AddHeld(TCollected& rows, IOTAComponent& component) const;
     void AddOffered(TCollected& rows, const std::string& className) const;
     void AddLanguage(TCollected& rows, const std::shared_ptr<IOTAComponent>& component) const;

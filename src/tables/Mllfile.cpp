@@ -80,7 +80,7 @@ std::vector<std::string> SplitKey(std::string_view key, int count) {
     return parts;
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
+std::string JoinedLines(const std::vector<std::string>& lines) {
     std::string joined;
     for (const std::string& line : lines)
         (joined += line) += '\n';
@@ -258,7 +258,7 @@ void TMllFile::PutSettings(std::string_view section, std::vector<std::string> li
     if (const TSection* present = document_.Find(section))
         for (const TEntryLine& line : TMllDocument::Entries(*present))
             if (!isSet(Setting(line.Content).first)) lines.emplace_back(line.Content);
-    document_.Put(section, Joined(lines), {});
+    document_.Put(section, JoinedLines(lines), {});
 }
 
 void TMllFile::ExpectWritable() const {

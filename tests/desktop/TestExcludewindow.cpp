@@ -2,7 +2,7 @@
 #include <QTreeView>
 
 #include "desktop/Deskfixture.h"
-#include "desktop/Formview.h"
+#include "desktop/Exclusionpicture.h"
 
 namespace tml {
 namespace {
@@ -52,7 +52,7 @@ TEST_F(TExcludeWindow, BoxesSearchAndEntriesByTheMouse) {
     User.On([this](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "Exclude from Translation");
         auto& tree = *window.findChild<QTreeView*>("tree");
-        auto& picture = *window.findChild<QWidget*>("formPicture");
+        auto& picture = *window.findChild<QWidget*>("exclusionPicture");
         const QImage before = picture.grab().toImage();
         ClickBox(tree, Row(tree, {"MainForm", "TLabel", "lblLog"}));
         EXPECT_EQ(Box(Row(tree, {"MainForm", "TLabel"})), Qt::PartiallyChecked);
@@ -95,7 +95,7 @@ TEST_F(TExcludeWindow, BoxesSearchAndEntriesByTheMouse) {
 TEST_F(TExcludeWindow, AClickOnThePictureGoesToItsRow) {
     User.On([](QWidget& window) {
         auto& tree = *window.findChild<QTreeView*>("tree");
-        auto& picture = dynamic_cast<TFormPicture&>(*window.findChild<QWidget*>("formPicture"));
+        auto& picture = dynamic_cast<TExclusionPicture&>(*window.findChild<QWidget*>("exclusionPicture"));
         for (const TLayoutItem& item : picture.Layout().Items)
             if (item.Node->Name == "lblServices")
                 QTest::mouseClick(&picture, Qt::LeftButton, {}, {item.Seen.Left + 4, item.Seen.Top + 4});

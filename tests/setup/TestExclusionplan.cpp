@@ -43,7 +43,7 @@ TExclusionLists ListsOf(const std::string& entries) {
     return lists;
 }
 
-std::string Shown(const TExclusionLists& lists) {
+std::string ShownLists(const TExclusionLists& lists) {
     std::string text;
     const auto add = [&](const char* mark, TExclusionList list) {
         for (const std::string& entry : lists[list])
@@ -55,7 +55,7 @@ std::string Shown(const TExclusionLists& lists) {
     return text;
 }
 
-std::string Excluded(const TExclusionForm& form, const TExclusionLists& lists) {
+std::string ExcludedKeys(const TExclusionForm& form, const TExclusionLists& lists) {
     std::string keys;
     const std::vector<int> by = ExcludedBy(form, UsesOf(form, lists));
     for (std::size_t i = 0; i < by.size(); ++i)
@@ -92,7 +92,7 @@ TEST(ExclusionPlan, AnEntryLeavesOutWhatItMeans) {
              {"S:Path:TLabel", "", ""},
              {"!btnGone TEdit TGone.Caption", "", ""},
          }) {
-        EXPECT_EQ(Excluded(form, ListsOf(each.Lists)), each.Keys) << each.Lists;
+        EXPECT_EQ(ExcludedKeys(form, ListsOf(each.Lists)), each.Keys) << each.Lists;
         EXPECT_EQ(EffectText(EffectOf(form, {}, ListsOf(each.Lists))), each.Effect) << each.Lists;
     }
     EXPECT_EQ(EffectText(EffectOf(form, ListsOf("TLabel"), ListsOf(".Hint"))),
@@ -105,7 +105,7 @@ TEST(ExclusionPlan, WhatStaysInTheTablesDoesNotLeave) {
     form.KeepsEntries = true;
     EXPECT_EQ(EffectOf(form, {}, ListsOf("!lblName")), (TExclusionEffect{1, 0, 0})) << "the hint";
     form.Texts[2].Text = "readme.txt";
-    EXPECT_EQ(Excluded(form, ListsOf("S:Path")), "btnOK.Caption btnOK.Hint") << "what is entered stays";
+    EXPECT_EQ(ExcludedKeys(form, ListsOf("S:Path")), "btnOK.Caption btnOK.Hint") << "what is entered stays";
     form.Texts[3].IsForReaders = false;
     EXPECT_EQ(EffectOf(form, {}, ListsOf("!lblName")), TExclusionEffect()) << "never entered";
 }
@@ -134,7 +134,7 @@ TEST(ExclusionPlan, TakingBackLeavesTheRestExcluded) {
         for (const TExclusionText& text : form.Texts)
             back.push_back(text.KeyOf(form.OwnerOf(text)).starts_with(each.Back));
         const TExclusionLists lists = TakenBack(form, ListsOf(each.Lists), back);
-        EXPECT_EQ(Shown(lists), each.Result) << each.Lists << " without " << each.Back;
+        EXPECT_EQ(ShownLists(lists), each.Result) << each.Lists << " without " << each.Back;
         const std::vector<int> was = ExcludedBy(form, UsesOf(form, ListsOf(each.Lists)));
         const std::vector<int> is = ExcludedBy(form, UsesOf(form, lists));
         const TTextFlags smart = UseOf(form, TExclusionList::SmartExcludeProps, "Path").Texts;
@@ -150,9 +150,9 @@ TEST(ExclusionPlan, ChangesGoWhereTheyMatch) {
                                                    {TExclusionList::ExcludedProperties, "TButton"},
                                                    {TExclusionList::ExcludedProperties, "tlabel", false},
                                                    {TExclusionList::SmartExcludeProps, "Number"}};
-    EXPECT_EQ(Shown(WithChanges(form, ListsOf("TLabel"), changes, TAddedTo::WhereItMatches)),
+    EXPECT_EQ(ShownLists(WithChanges(form, ListsOf("TLabel"), changes, TAddedTo::WhereItMatches)),
               "TButton S:Number");
-    EXPECT_EQ(Shown(WithChanges(form, ListsOf("TLabel"), changes, TAddedTo::EveryForm)),
+    EXPECT_EQ(ShownLists(WithChanges(form, ListsOf("TLabel"), changes, TAddedTo::EveryForm)),
               "TEdit TButton S:Number");
     EXPECT_EQ(ListFor("path:TEdit.*"), TExclusionList::SmartExcludeProps);
     EXPECT_EQ(ListFor("TPath"), TExclusionList::ExcludedProperties);
