@@ -2,7 +2,6 @@
 // delimiter, so each has a second choice.
 #include "tables/Fieldcodec.h"
 
-#include <algorithm>
 #include <array>
 #include <numeric>
 
@@ -72,8 +71,8 @@ std::string Decode(std::string_view field, const TEscapes& escapes) {
 std::vector<std::string> SplitFields(std::string_view line, std::string_view delimiter) {
     const TEscapes escapes(delimiter);
     std::vector<std::string> fields;
-    // As many at most.
-    fields.reserve(static_cast<std::size_t>(std::count(line.begin(), line.end(), delimiter.front())) + 1);
+    constexpr std::size_t kUsual = 4;  // a key and three languages
+    fields.reserve(kUsual);
     for (std::size_t end = line.find(delimiter); end != std::string_view::npos; end = line.find(delimiter)) {
         fields.push_back(Decode(line.substr(0, end), escapes));
         line.remove_prefix(end + delimiter.size());

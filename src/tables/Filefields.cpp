@@ -82,17 +82,21 @@ void TFileFields::Append(std::string& line, std::string_view text, TPiece piece)
         }
         return false;
     };
+    const auto escapeAs = [&](char letter) {
+        line.push_back(mark_);
+        line.push_back(letter);
+    };
     for (std::size_t pos = 0; pos < text.size(); ++pos) {
         const std::size_t plain = EndOfUnescaped(text, pos);
-        line.append(text, pos, plain - pos);
+        if (plain > pos) line.append(text, pos, plain - pos);
         if (plain == text.size()) break;
         pos = plain;
         if (text[pos] == mark_) {
-            line += {mark_, kMarkLetter};
+            escapeAs(kMarkLetter);
             continue;
         }
         if (!piece.IsKey && text.substr(pos).starts_with(first_)) {
-            line += {mark_, kDelimiterLetter};
+            escapeAs(kDelimiterLetter);
             pos += first_.size() - 1;
             continue;
         }
@@ -100,7 +104,7 @@ void TFileFields::Append(std::string& line, std::string_view text, TPiece piece)
             return row.Character == text[pos] && isEscaped(row, pos);
         });
         if (escape != std::end(kEscapes))
-            line += {mark_, escape->Letter};
+            escapeAs(escape->Letter);
         else
             line += text[pos];
     }
