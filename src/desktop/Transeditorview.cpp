@@ -19,6 +19,7 @@ constexpr int kTextWidth = 130;  ///< at least, of a column
 constexpr int kTreeWidth = 200;
 constexpr int kBoxLines = 5;
 constexpr int kStackedLines = 14;  ///< that base text and translation need below each other
+constexpr int kLinesAbove = 16;    ///< that bars, buttons and a few rows of the grid need
 constexpr int kFilterPause = 150;  ///< ms
 
 constexpr const char* kTreeSizes = "Tree.frmTransEditor";
@@ -258,7 +259,8 @@ void TTransEditorView::SizeBoxes() {
     const bool hasForm = !pane_->isHidden();
     const int line = fontMetrics().lineSpacing();
     const std::vector<int> stored = services_.Places.Sizes(hasForm ? kFormBoxSizes : kBoxSizes);
-    const int usual = hasForm ? height() / 2 : std::min((kBoxLines + 2) * line, height() / 4);
+    const int usual = hasForm ? std::min(height() / 2, height() - kLinesAbove * line)
+                              : std::min((kBoxLines + 2) * line, height() / 4);
     const int boxes = std::min(stored.empty() ? usual : ShownWidth(*this, stored.front()),
                                hasForm ? height() * 3 / 4 : height() / 2);
     ui_->textSplitter->setSizes({height() - boxes, boxes});
