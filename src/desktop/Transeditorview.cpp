@@ -131,6 +131,7 @@ void TTransEditorView::BindSearch() {
         Search();
         ui_->grTexts->setFocus();
     };
+    connect(ui_->filter, &QLineEdit::editingFinished, this, [this] { Search(); });
     connect(ui_->filter, &QLineEdit::returnPressed, this, leave);
     // Of the box alone: in the table the keys go down, and close the window.
     new QShortcut(Qt::Key_Down, ui_->filter, leave, Qt::WidgetShortcut);

@@ -46,6 +46,7 @@ class TKnownTexts {
   public:
     /// Nothing may be written while it lives.
     TKnownTexts(const TTransTexts& texts, const std::vector<TTransCell>& cells) : texts_(texts) {
+        known_.reserve(cells.size());
         for (const TTransCell& cell : cells) {
             const auto state = texts.State(cell.Row, cell.Column);
             if (!state || *state == TTextState::Missing) continue;
@@ -76,6 +77,7 @@ struct TNewText {
 std::optional<std::vector<TNewText>> EqualTexts(const TTransTexts& texts,
                                                 const std::vector<TTransCell>& cells,
                                                 const TTransWalk::TGoesOn& goesOn) {
+    if (!goesOn(0, static_cast<int>(cells.size()))) return std::nullopt;
     const TKnownTexts known(texts, cells);
     const int tables = static_cast<int>(texts.Tables().size());
     const auto count = [&](int table) { return texts.Tables()[static_cast<std::size_t>(table)].Count(); };
@@ -143,8 +145,10 @@ std::optional<int> TranslateEqual(TTransTexts& texts, const std::vector<TTransCe
                                   const TTransWalk::TGoesOn& goesOn) {
     const auto found = EqualTexts(texts, cells, goesOn);
     if (!found) return std::nullopt;
+    TTransWalk writing(static_cast<int>(found->size()), goesOn);
     int written = 0;
     for (const auto& [cell, text] : *found) {
+        writing.GoesOn();  // what is begun is not stopped, it can be undone
         int changes = WriteText(texts, cell, text);
         // What equals the base text is as little in doubt here as where it comes from.
         if (texts.State(cell.Row, cell.Column) == TTextState::Missing)
