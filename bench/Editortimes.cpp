@@ -1,14 +1,20 @@
-// bench-editor ENTRIES: works in the translation editor on a form with so many strings in four languages, and
-// prints the milliseconds of processor time for each step: opening, showing what is missing, what is stale,
-// what equals the base text, a text in any column, a regular expression, everything again, one edit, going to
-// the next untranslated text, translating equal texts, taking that back, and writing.
+// bench-editor FORMS ENTRIES: works in the translation editor on so many forms, each with so many strings in
+// four languages, and prints two numbers of milliseconds of processor time for each step: until it is done,
+// and until the person sees something, be it the outcome or how far it is. The steps: opening, showing what
+// is missing, what is stale, what equals the base text, a text in any column, a regular expression,
+// everything again, one edit, going to the next untranslated text, translating equal texts, taking that back,
+// and writing.
 #include <ctime>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <memory>
+#include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Diskfiles.h"
 #include "host/Commonlibrary.h"
@@ -22,10 +28,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The processor time of a step.
+class TWatch {
+  public:
+    double Elapsed() const { return 1000.0 * static_cast<double>(std::clock() - begin_) / CLOCKS_PER_SEC; }
+    /// The step tells how far it is; as a person sees it, who is not shown what takes no time.
+    void Tell() {
+        constexpr double kSilence = 80;
+        if (told_ < 0) told_ = Elapsed();
+        if (seen_ < 0 && Elapsed() - told_ >= kSilence) seen_ = Elapsed();
+    }
+    /// Ends a step and begins the next one.
+    void Lap() {
+        const double done = Elapsed();
+        std::cout << " " << done << " " << (seen_ < 0 ? done : seen_);
+        begin_ = std::clock();
+        told_ = seen_ = -1;
+    }
+
+  private:
+    std::clock_t begin_ = std::clock();
+    double told_ = -1;
+    double seen_ = -1;
+};
+
 /// Nobody is asked; the window is worked on.
 class TUser : public IDialogs {
   public:
-    explicit TUser(std::function<void(TfrmTransEditor&)> work) : work_(std::move(work)) {}
+    TUser(TWatch& watch, std::function<void(TfrmTransEditor&)> work)
+        : watch_(watch), work_(std::move(work)) {}
 
     TModalResult MessageDlg(const std::string&, TMsgDlgType, const TMsgDlgButtons&) override { return mrOk; }
     bool InputQuery(const std::string&, const std::string&, std::string&) override { return false; }
@@ -34,10 +65,14 @@ class TUser : public IDialogs {
         return form.ModalResult;
     }
     void Show(TForm&) override {}
-    bool ShowProgress(const std::string&, int, int) override { return true; }
+    bool ShowProgress(const std::string&, int, int) override {
+        watch_.Tell();
+        return true;
+    }
     void HideProgress() override {}
 
   private:
+    TWatch& watch_;
     std::function<void(TfrmTransEditor&)> work_;
 };
 
@@ -49,38 +84,33 @@ std::string LineOf(int number) {
            "'#1'Le prix de la commande " + text + "'#1'" + hebrew + "'\n";
 }
 
-/// The folder of a project with one form.
-fs::path MakeProject(int entries) {
-    const fs::path folder = fs::temp_directory_path() / "tmllang-bench-editor";
-    fs::create_directories(folder);
-    std::ofstream(folder / "P.dpr")
-        << "program P;\nuses Forms, Main in 'Main.pas' {MainForm};\nbegin\nend.\n";
-    std::ofstream(folder / "Main.pas") << "unit Main;\ninterface\nuses Forms, Mllang;\ntype\n  TMainForm = "
-                                          "class(TForm)\n    mlLang1: TmlLang;\n"
-                                          "  end;\nimplementation\n{$R *.lfm}\nend.\n";
-    std::ofstream form(folder / "Main.lfm");
-    form << "object MainForm: TMainForm\n  object mlLang1: TmlLang\n    NumOfLanguages = 4\n    "
-            "LangNames.Strings "
-            "= (\n      'English'\n      'German'\n      'French'\n      'Hebrew'\n    )\n    "
-            "Strings.Strings = (\n";
-    for (int i = 0; i < entries; ++i)
-        form << LineOf(i);
-    form << "    )\n  end\nend\n";
-    return folder;
+std::string UnitOf(const std::string& number) {
+    return "unit Main" + number + ";\ninterface\nuses Forms, Mllang;\ntype\n  TForm" + number +
+           " = class(TForm)\n    mlLang1: TmlLang;\n  end;\nimplementation\n{$R *.lfm}\nend.\n";
 }
 
-class TWatch {
-  public:
-    /// Prints the time since the last call.
-    void Lap() {
-        const std::clock_t now = std::clock();
-        std::cout << " " << 1000 * (now - begin_) / CLOCKS_PER_SEC;
-        begin_ = std::clock();
+/// The folder of a project.
+fs::path MakeProject(int forms, int entries) {
+    const fs::path folder = fs::temp_directory_path() / "tmllang-bench-editor";
+    fs::create_directories(folder);
+    std::ofstream program(folder / "P.dpr");
+    program << "program P;\nuses Forms";
+    for (int i = 0; i < forms; ++i) {
+        const std::string number = std::to_string(i);
+        program << ", Main" << number << " in 'Main" << number << ".pas' {Form" << number << "}";
+        std::ofstream(folder / ("Main" + number + ".pas")) << UnitOf(number);
+        std::ofstream form(folder / ("Main" + number + ".lfm"));
+        form << "object Form" << number << ": TForm" << number
+             << "\n  object mlLang1: TmlLang\n    NumOfLanguages = 4\n    LangNames.Strings = (\n      "
+                "'English'\n      'German'\n      'French'\n      'Hebrew'\n    )\n    "
+                "Strings.Strings = (\n";
+        for (int entry = 0; entry < entries; ++entry)
+            form << LineOf(i * entries + entry);
+        form << "    )\n  end\nend\n";
     }
-
-  private:
-    std::clock_t begin_ = std::clock();
-};
+    program << ";\nbegin\nend.\n";
+    return folder;
+}
 
 void Work(TfrmTransEditor& editor, TWatch& watch) {
     watch.Lap();
@@ -109,20 +139,26 @@ void Work(TfrmTransEditor& editor, TWatch& watch) {
     watch.Lap();
 }
 
-void Run(int entries, const std::string& library) {
-    const fs::path folder = MakeProject(entries);
+void Run(int forms, int entries, const std::string& library) {
+    const fs::path folder = MakeProject(forms, entries);
     const auto files = MakeDiskFileSystem();
     const auto common = MakeCommonLibraryLoader(library);
     const auto runtime = MakeMlRuntime();
     THeadlessIde ide(*files, *runtime);
     ide.OpenProject((folder / "P.dpr").string());
-    const auto module = ide.GetModuleServices()->OpenModule((folder / "Main.pas").string(), false);
-    const auto lang = runtime->AsCustomLang(module->GetFormEditor()->FindComponent("mlLang1"));
+    std::vector<std::shared_ptr<TmlCustomLang>> langs;
+    std::vector<TmlCustomLang*> shown;
+    for (int i = 0; i < forms; ++i) {
+        const std::string unit = (folder / ("Main" + std::to_string(i) + ".pas")).string();
+        const auto module = ide.GetModuleServices()->OpenModule(unit, false);
+        langs.push_back(runtime->AsCustomLang(module->GetFormEditor()->FindComponent("mlLang1")));
+        shown.push_back(langs.back().get());
+    }
     TWatch watch;
-    TUser user([&](TfrmTransEditor& editor) { Work(editor, watch); });
+    TUser user(watch, [&](TfrmTransEditor& editor) { Work(editor, watch); });
     runtime->Dialogs = &user;
     runtime->CommonLibrary = common.get();
-    runtime->TransEditorDlg(*lang, {.IsLast = true}, {});
+    runtime->TransEditorForms(shown, {.IsLast = true}, {});
     std::cout << "\n";
     fs::remove_all(folder);
 }
@@ -132,8 +168,9 @@ void Run(int entries, const std::string& library) {
 
 int main(int argc, char** argv) {
     try {
-        const std::string program = argc == 2 ? argv[0] : "";
-        tml::bench::Run(std::stoi(argc == 2 ? argv[1] : ""), tml::FolderOf(program) + "/TmlLang_Common.so");
+        if (argc != 3) throw std::invalid_argument("FORMS ENTRIES");
+        tml::bench::Run(std::stoi(argv[1]), std::stoi(argv[2]),
+                        tml::FolderOf(argv[0]) + "/TmlLang_Common.so");
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "bench-editor: " << error.what() << "\n";
