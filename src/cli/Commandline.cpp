@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "cli/Checkcommand.h"
 #include "cli/Completioncommand.h"
+#include "cli/Dictionarycommand.h"
 #include "cli/Excludecommand.h"
 #include "cli/Formfilecommands.h"
 #include "cli/Formpicturecommand.h"
@@ -53,6 +54,7 @@ constexpr TAddCommand kCommands[] = {
     AddMergeCommand,
     AddLoadLanguageCommand,
     AddExportPropertiesCommand,
+    AddDictionaryCommand,
     AddFormTextCommand,
     AddFormBinaryCommand,
     AddFormPictureCommand,

@@ -34,6 +34,7 @@ constexpr std::array kPages{
     TPage{"frmTransEditor", "translationeditor", "Translation editor"},
     TPage{"frmStrReplace", "ids", "String IDs"},
     TPage{"frmFind", "phrases", "Phrases in the tables"},
+    TPage{"frmDictionary", "dictionary", "Dictionary"},
     TPage{"frmAsk4FileName", "translationfiles", "Translation files"},
     TPage{"frmLangConfig", "languages", "Configuring languages"},
     TPage{"frmExclude", "exclusion", "Excluding from translation"},

@@ -42,7 +42,7 @@ class TRowDelegate : public QStyledItemDelegate {
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         const auto* model = static_cast<const TGridModel*>(index.model());
         const int id = model->Grid().Shown()[static_cast<std::size_t>(index.row())];
-        if (auto* line = qobject_cast<QLineEdit*>(editor))
+        if (auto* line = qobject_cast<QLineEdit*>(editor); line != nullptr && model->Grid().OnTyping)
             connect(line, &QLineEdit::textEdited, line, [model, id](const QString& text) {
                 model->Run([&] { model->Grid().OnTyping(id, FromQt(text)); });
             });

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -67,6 +69,7 @@ class TPictures {
     void TakeIDs();
     void TakeTranslationFiles();
     void TakeExclusions();
+    void TakeDictionary();
     std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
@@ -229,6 +232,30 @@ void TPictures::TakeDesigner() {
     window_->Host().Host().Dialogs->ShowModal(lines);
 }
 
+/// What the forms have teaches a dictionary, which fills them with what is changed in it.
+void TPictures::TakeDictionary() {
+    steps_.push_back([this](QWidget& dictionary) {
+        auto& table = *dictionary.findChild<QTableView*>("grEntries");
+        dictionary.findChild<QAction*>("acLearn")->trigger();
+        for (int row = 0; row < 30; row += 4)
+            table.model()->setData(table.model()->index(row, 1), "...", Qt::EditRole);
+        table.setCurrentIndex(table.model()->index(6, 1));
+        Take(dictionary, "dictionary");
+        steps_.push_back([this](QWidget& fill) {
+            fill.findChild<QAbstractButton*>("ckbOverwriteExisting")->click();
+            fill.findChild<QTableView*>("grFills")->selectRow(2);
+            fill.findChild<QAction*>("acLeaveOut")->trigger();
+            Take(fill, "filldictionary");
+            fill.close();
+        });
+        dictionary.findChild<QAction*>("acFill")->trigger();
+        steps_.push_back(
+            [](QWidget& question) { dynamic_cast<QMessageBox&>(question).button(QMessageBox::No)->click(); });
+        dictionary.close();
+    });
+    RunCommand("Dictionary");
+}
+
 void TPictures::TakeTranslations() {
     SelectForm("MainForm");
     steps_.push_back([this](QWidget& editor) {
@@ -255,6 +282,7 @@ void TPictures::TakeTranslations() {
     auto& found = *window_->findChild<QDialog*>("frmFoundPhrases");
     Take(found, "phrases");
     found.close();
+    TakeDictionary();
 }
 
 void TPictures::TakeIDs() {

@@ -3,8 +3,10 @@
 #include <stdexcept>
 
 #include "desktop/Chooserview.h"
+#include "desktop/Dictionaryview.h"
 #include "desktop/Excludeview.h"
 #include "desktop/Filenameview.h"
+#include "desktop/Filldictionaryview.h"
 #include "desktop/Findphraseview.h"
 #include "desktop/Formslistview.h"
 #include "desktop/Foundview.h"
@@ -32,15 +34,27 @@ std::unique_ptr<TView> Make(TForm& form, const TViewServices& services) {
 }
 
 constexpr TMakeView kViews[] = {
-    Make<TfrmmlLang, TFormsListView>,       Make<TfrmFound, TFoundView>,
-    Make<TfrmLangConfig, TLangConfigView>,  Make<TfrmNotTranslate, TChooserView>,
-    Make<TfrmOptions, TOptionsView>,        Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
-    Make<TfrmSkippedStrings, TSkippedView>, Make<TfrmTranslUnits, TUnitsView>,
-    Make<TfrmAsk4FileName, TFileNameView>,  Make<TfrmTransEditor, TTransEditorView>,
-    Make<TfrmBadIDs, TBadIDsView>,          Make<TfrmFoundPhrases, TFoundPhrasesView>,
-    Make<TfrmFind, TFindPhraseView>,        Make<TfrmReplConfirm, TReplConfirmView>,
-    Make<TfrmStrReplace, TStrReplaceView>,  Make<TfrmMlLangComboEditor, TLangComboView>,
-    Make<TfrmStringList, TStringListView>,  Make<TfrmExclude, TExcludeView>,
+    Make<TfrmmlLang, TFormsListView>,
+    Make<TfrmFound, TFoundView>,
+    Make<TfrmLangConfig, TLangConfigView>,
+    Make<TfrmNotTranslate, TChooserView>,
+    Make<TfrmOptions, TOptionsView>,
+    Make<TfrmProjectTranslationSettings, TProjectSettingsView>,
+    Make<TfrmSkippedStrings, TSkippedView>,
+    Make<TfrmTranslUnits, TUnitsView>,
+    Make<TfrmAsk4FileName, TFileNameView>,
+    Make<TfrmTransEditor, TTransEditorView>,
+    Make<TfrmBadIDs, TBadIDsView>,
+    Make<TfrmFoundPhrases, TFoundPhrasesView>,
+    Make<TfrmFind, TFindPhraseView>,
+    Make<TfrmReplConfirm, TReplConfirmView>,
+    Make<TfrmStrReplace, TStrReplaceView>,
+    Make<TfrmMlLangComboEditor, TLangComboView>,
+    Make<TfrmStringList, TStringListView>,
+    Make<TfrmDictionary, TDictionaryView>,
+    Make<TfrmFillDictionary, TFillDictionaryView>,
+    Make<TfrmDictionaryConflicts, TDictionaryConflictsView>,
+    Make<TfrmExclude, TExcludeView>,
     Make<TfrmWizard, TWizardView>,
 };
 

@@ -11,6 +11,7 @@
 #include "platform/Projectoptions.h"
 #include "scan/Scanreplace.h"
 #include "scan/Skippedstrings.h"
+#include "setup/Dictionaryform.h"
 #include "setup/Excludeforms.h"
 #include "setup/Wizard.h"
 #include "translations/Formlanguages.h"
@@ -47,6 +48,11 @@ void OnIDs(TContext& context, TSubjects& subjects) {
 template <void (*Command)(TContext&, TPhrasesMemory&)>
 void OnPhrases(TContext& context, TSubjects& subjects) {
     Command(context, subjects.Phrases);
+}
+
+template <void (*Command)(TContext&, TDictionaryMemory&)>
+void OnDictionary(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.Dictionary);
 }
 
 /// A command of the window itself.
@@ -142,7 +148,7 @@ constexpr std::array kCommands{
              .Places = plTools,
              .Entries = TypeCaptions,
              .OnEntry = ToTmlLang1Click},
-    TCommand{"Dictionary", "&Dictionary", "Ctrl+M", 0, plTools, None, nullptr},
+    TCommand{"Dictionary", "&Dictionary", "Ctrl+M", 0, plTools, None, OnDictionary<Dictionary1Click>},
     TCommand{"Wizards", "&Wizards", "", 0, plTools, None, OnScan<Wizards1Click>, "", false, nullptr,
              "Set up all forms for translation in one pass"},
     TCommand{"FindPhrase", "&Find Phrase...", "", 111, plTools | plToolBar, None, OnPhrases<Findword1Click>,

@@ -67,6 +67,7 @@ TfrmmlLang::TfrmmlLang(TContext& context, TSubjects& subjects, std::function<voi
 TfrmmlLang::~TfrmmlLang() {
     Subjects.IDs.BadIDs.reset();
     Subjects.Phrases.Found.reset();
+    Subjects.Dictionary.Tool.reset();
     for (TFormRows* list : Context.Rows.Both())
         ClearRows(*list);
     Context.OnRowsChanged = nullptr;

@@ -2,6 +2,7 @@
 
 #include "ids/Badidsform.h"
 #include "scan/Scanmemory.h"
+#include "setup/Dictionarymemory.h"
 #include "translations/Filecommands.h"
 #include "translations/Findphrase.h"
 
@@ -13,6 +14,7 @@ struct TSubjects {
     TFilesMemory Files;
     TIDsMemory IDs;
     TPhrasesMemory Phrases;
+    TDictionaryMemory Dictionary;
 };
 
 }  // namespace tml

@@ -63,7 +63,7 @@ std::vector<TDictionaryFill> PlanFill(const std::vector<TTable>& tables, int pla
     return fills;
 }
 
-void Fill(std::vector<TTable>& tables, int place, const std::vector<TDictionaryFill>& fills) {
+void FillTables(std::vector<TTable>& tables, int place, const std::vector<TDictionaryFill>& fills) {
     for (const TDictionaryFill& fill : fills) {
         TTable& table = tables[static_cast<std::size_t>(fill.Table)];
         table.SetText(fill.Entry, place, fill.New.Text);

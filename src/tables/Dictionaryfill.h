@@ -44,6 +44,6 @@ std::vector<TDictionaryFill> PlanFill(const std::vector<TTable>& tables, int pla
                                       const TDictionarySearch& search, TDictionaryCounts& counts);
 
 /// Does what was planned for these very tables.
-void Fill(std::vector<TTable>& tables, int place, const std::vector<TDictionaryFill>& fills);
+void FillTables(std::vector<TTable>& tables, int place, const std::vector<TDictionaryFill>& fills);
 
 }  // namespace tml

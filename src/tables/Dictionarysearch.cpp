@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Errors.h"
 #include "base/Utf8.h"
 #include "tables/Accelerators.h"
 
@@ -77,6 +78,21 @@ std::optional<TDictionaryHit> TDictionarySearch::FindLines(const std::string& te
         begin = next;
     }
     return hasFound ? std::optional(whole) : std::nullopt;
+}
+
+const TDictionarySearch& TDictionarySearches::Between(const std::string& base, const std::string& language) {
+    const std::pair key{Expect(base), Expect(language)};
+    const auto known = searches_.find(key);
+    if (known != searches_.end()) return known->second;
+    return searches_.emplace(key, TDictionarySearch(dictionary_, key.first, key.second, options_))
+        .first->second;
+}
+
+int TDictionarySearches::Expect(const std::string& language) const {
+    const int index = dictionary_.LanguageOf(language);
+    if (index >= 0) return index;
+    throw EBadInput(fileName_, 0, "the dictionary has no language " + language,
+                    "It has " + dictionary_.Languages.CommaText());
 }
 
 }  // namespace tml

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "tables/Dictionary.h"
@@ -44,6 +46,26 @@ class TDictionarySearch {
     int language_;
     TDictionaryOptions options_;
     std::vector<TLevel> levels_;
+};
+
+/// Searches between the languages of a dictionary, each made when it is asked for first.
+class TDictionarySearches {
+  public:
+    /// The dictionary must outlive it; fileName is what messages call it.
+    TDictionarySearches(const TDictionary& dictionary, std::string fileName,
+                        const TDictionaryOptions& options)
+        : dictionary_(dictionary), fileName_(std::move(fileName)), options_(options) {}
+
+    /// By names as TDictionary::LanguageOf takes them; EBadInput for a language that the dictionary has not.
+    const TDictionarySearch& Between(const std::string& base, const std::string& language);
+
+  private:
+    int Expect(const std::string& language) const;
+
+    const TDictionary& dictionary_;
+    std::string fileName_;
+    TDictionaryOptions options_;
+    std::map<std::pair<int, int>, TDictionarySearch> searches_;
 };
 
 }  // namespace tml

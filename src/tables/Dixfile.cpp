@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "base/Files.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
 
@@ -246,6 +247,12 @@ void AppendEntry(std::string& lines, const TDictionaryEntry& entry, const std::v
 }
 
 }  // namespace
+
+void ExpectDix(const std::string& fileName) {
+    if (SameText(ExtensionOf(fileName), ".dic"))
+        throw EBadInput(fileName, 0, "a binary dictionary is known to the external dictionary tool alone",
+                        "Save it as an XML dictionary (.dix) there");
+}
 
 TDictionary ReadDix(const std::string& bytes, const std::string& fileName) {
     return TDixReader(bytes, fileName).Read();

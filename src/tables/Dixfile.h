@@ -6,6 +6,9 @@
 
 namespace tml {
 
+/// EBadInput for the name of a binary dictionary, which the tool reads whose it is.
+void ExpectDix(const std::string& fileName);
+
 /// A dictionary from the bytes of a .dix file (docs/dictionary.md). EBadInput, with the line, for what is no
 /// such file.
 TDictionary ReadDix(const std::string& bytes, const std::string& fileName);

@@ -5,6 +5,7 @@
 #include "editors/Mllangcomboeditor.h"
 #include "scan/Dntcedit.h"
 #include "scan/Skippedstrings.h"
+#include "setup/Dictionaryfillform.h"
 #include "setup/Exclude.h"
 #include "translations/Projmngsaskfilename.h"
 #include "windows/Stringlisteditor.h"
@@ -47,7 +48,10 @@ struct TScreens : TDesktop {
         TExclusionForm sample{"MainForm", "", {{"", "MainForm", "TMainForm", -1}}, {}, {}, false};
         sample.Texts.push_back({{0, "Caption", "Orchard"}});
         TfrmExclude exclude(Window->Host().Host(), {sample}, {});
-        for (TForm* form : std::initializer_list<TForm*>{&names, &skipped, &file, &combo, &lines, &exclude}) {
+        const TDictionary dictionary;
+        TfrmFillDictionary fill({}, dictionary, {}, nullptr);
+        for (TForm* form :
+             std::initializer_list<TForm*>{&names, &skipped, &file, &combo, &lines, &exclude, &fill}) {
             Expect(screen);
             Context().Dialogs().ShowModal(*form);
         }
@@ -66,8 +70,9 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     EXPECT_EQ(Window->height(), RoomFor(*Window).height());
     EXPECT_EQ(Window->width(), RoomFor(*Window).width());
     SelectForm("MainForm");
-    for (const char* command : {"Options1", "ProjectSettings1", "tbLanguages", "SourceWithForm1",
-                                "SourceWithoutForm1", "SaveProjectProperties1", "tbTranslate"}) {
+    for (const char* command :
+         {"Options1", "ProjectSettings1", "tbLanguages", "SourceWithForm1", "SourceWithoutForm1",
+          "SaveProjectProperties1", "tbTranslate", "Dictionary1"}) {
         Expect(screen);
         Click(command);
     }
@@ -75,10 +80,11 @@ void TScreens::EveryWindowFits(const QScreen& screen) {
     Click("Contents1");
     const auto& help = Find<QDialog>("help");
     EXPECT_EQ(help.size().boundedTo(RoomFor(help)), help.size());
-    EXPECT_EQ(seen_, (std::set<std::string>{"frmAsk4FileName", "frmExclude", "frmFound", "frmLangConfig",
-                                            "frmMlLangComboEditor", "frmNotTranslate", "frmOptions",
-                                            "frmProjectTranslationSettings", "frmSkippedStrings",
-                                            "frmStringList", "frmTransEditor", "frmTranslUnits"}));
+    EXPECT_EQ(seen_,
+              (std::set<std::string>{"frmAsk4FileName", "frmDictionary", "frmExclude", "frmFillDictionary",
+                                     "frmFound", "frmLangConfig", "frmMlLangComboEditor", "frmNotTranslate",
+                                     "frmOptions", "frmProjectTranslationSettings", "frmSkippedStrings",
+                                     "frmStringList", "frmTransEditor", "frmTranslUnits"}));
 }
 
 TEST_F(TScreens, EveryWindowFitsALaptops) {

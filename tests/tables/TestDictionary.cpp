@@ -234,7 +234,7 @@ TEST(Dictionaryfill, FillsWhatTheOptionsSay) {
         TDictionaryCounts counts;
         const auto plan = PlanFill(tables, 2, search, counts);
         EXPECT_EQ(counts[outcome], 1) << base;
-        Fill(tables, 2, plan);
+        FillTables(tables, 2, plan);
         const TTableValue& value = tables[0].Entries()[0].Values[1];
         EXPECT_EQ(value, outcome == TDictionaryOutcome::Filled ? filled : german)
             << base << " " << value.Text;

@@ -1,0 +1,111 @@
+#include "setup/Dictionaryforms.h"
+
+#include <map>
+#include <utility>
+
+#include "base/Errors.h"
+#include "translations/Formseries.h"
+
+namespace tml {
+namespace {
+
+constexpr const char* kFillTitle = "Fill from Dictionary";
+
+/// Of a language that can be filled or learned.
+int PlaceToFill(const TFormTables& form, const std::string& language) {
+    const int index = form.Languages.IndexOf(language);
+    if (index < 0)
+        throw EBadInput(form.FileName, 0, "the form has no language " + language,
+                        "It has " + form.Languages.CommaText());
+    if (index == 0)
+        throw EBadInput(form.FileName, 0, language + " is the form's base language",
+                        "Name one that it is translated to");
+    return index + 1;
+}
+
+/// Whether an entry stands where it was planned for.
+bool IsThere(const std::vector<TTable>& tables, const TDictionaryFill& fill) {
+    const auto& entries = tables[static_cast<std::size_t>(fill.Table)].Entries();
+    const auto index = static_cast<std::size_t>(fill.Entry);
+    return index < entries.size() && entries[index].Key == fill.Key && entries[index].Base() == fill.Base;
+}
+
+}  // namespace
+
+TFormTables ReadForm(TmlCustomLang& lang, const TFormRow& row) {
+    const auto dispatcher = lang.GetDispatcher();
+    return {row.FormName, row.FileName,
+            dispatcher != nullptr ? dispatcher->GetLangNames() : lang.GetLangNames(), lang.GetTables()};
+}
+
+std::vector<TFormTables> ReadForms(TContext& context, const std::vector<TFormRow*>& rows) {
+    const TProgressEnd end(context.Dialogs());
+    std::vector<TFormTables> forms;
+    int done = 0;
+    for (TFormRow* const row : rows) {
+        if (!context.Dialogs().ShowProgress("Reading forms...", done++, static_cast<int>(rows.size())))
+            throw EmlLangSilent();
+        if (!row->HasComponent()) continue;
+        TFormTables form{row->FormName, row->FileName, {}, {}};
+        try {
+            WithTmlLang(context, *row, TFormUse::Reads,
+                        [&](TmlCustomLang& lang) { form = ReadForm(lang, *row); });
+        } catch (const EBadInput& error) {
+            form.Problem = error.what();
+        }
+        if (!form.Languages.Empty() || !form.Problem.empty()) forms.push_back(std::move(form));
+    }
+    return forms;
+}
+
+TDictionaryFiller::TDictionaryFiller(const TDictionary& dictionary, std::string fileName,
+                                     TDictionaryLanguages languages, const TDictionaryOptions& options)
+    : languages_(std::move(languages)), searches_(dictionary, std::move(fileName), options) {
+    if (languages_.Translation.empty()) languages_.Translation = languages_.Language;
+}
+
+TFormFills TDictionaryFiller::Plan(const TFormTables& form) {
+    TFormFills fills{form.FormName, form.FileName, PlaceToFill(form, languages_.Language), {}, {}};
+    fills.Fills = PlanFill(form.Tables, fills.Place,
+                           searches_.Between(languages_.Base.empty() ? form.Languages[0] : languages_.Base,
+                                             languages_.Translation),
+                           fills.Counts);
+    return fills;
+}
+
+void FillForm(TmlCustomLang& lang, const TFormFills& fills) {
+    std::vector<TTable> tables = lang.GetTables();
+    for (const TDictionaryFill& fill : fills.Fills)
+        if (!IsThere(tables, fill))
+            throw EBadInput(fills.FileName, 0, "the form has changed since " + fill.Key + " was looked up",
+                            "Fill it again");
+    FillTables(tables, fills.Place, fills.Fills);
+    lang.EditTables(tables);
+}
+
+void FillForms(TContext& context, const std::vector<TFormFills>& forms) {
+    std::vector<TFormRow*> rows;
+    std::map<std::string, const TFormFills*> byFile;
+    for (const TFormFills& form : forms) {
+        TFormRow* row = context.Rows.FormNames.FindFile(form.FileName);
+        if (row == nullptr) row = context.Rows.ExternalFiles.FindFile(form.FileName);
+        if (row == nullptr || form.Fills.empty()) continue;
+        rows.push_back(row);
+        byFile[row->FileName] = &form;
+    }
+    const auto error = ForEachForm(context, kFillTitle, rows, [&](TFormRow& row) {
+        WithTmlLang(context, row, TFormUse::Changes,
+                    [&](TmlCustomLang& lang) { FillForm(lang, *byFile.at(row.FileName)); });
+    });
+    if (error != nullptr) std::rethrow_exception(error);
+}
+
+void LearnForm(TDictionaryLearning& learning, const TFormTables& form, const std::string& base,
+               const std::string& language) {
+    const std::string& from = base.empty() ? form.Languages[0] : base;
+    const int only = language.empty() ? 0 : PlaceToFill(form, language);
+    for (int place = 2; place <= form.Languages.Count(); ++place)
+        if (only == 0 || place == only) learning.Take(form.Tables, place, from, form.Languages[place - 1]);
+}
+
+}  // namespace tml

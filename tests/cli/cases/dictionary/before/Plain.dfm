@@ -1,0 +1,5 @@
+object PlainForm: TPlainForm
+  object btnOpen: TButton
+    Caption = 'Open'
+  end
+end

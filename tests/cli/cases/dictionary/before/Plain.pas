@@ -1,0 +1,17 @@
+unit Plain;
+
+interface
+
+uses
+  Forms, StdCtrls;
+
+type
+  TPlainForm = class(TForm)
+    btnOpen: TButton;
+  end;
+
+implementation
+
+{$R *.dfm}
+
+end.
