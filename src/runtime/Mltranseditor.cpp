@@ -6,6 +6,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "runtime/Transcommands.h"
+#include "runtime/Transdictionary.h"
 
 namespace tml {
 namespace {
@@ -264,14 +265,20 @@ void TfrmTransEditor::acConfirm() {
     acNextUntranslated();
 }
 
+std::vector<TTransCell> TfrmTransEditor::SelectedOrShown() const {
+    if (!grid_.Selection().IsOne()) return Selected();
+    std::vector<TTransCell> cells;
+    for (const TTransRow row : grid_.Shown())
+        cells.push_back({row, grid_.Column()});
+    return cells;
+}
+
 void TfrmTransEditor::acFillFromBase() {
-    std::vector<TTransCell> cells = Selected();
-    if (grid_.Selection().IsOne()) {
-        cells.clear();
-        for (const TTransRow row : grid_.Shown())
-            cells.push_back({row, grid_.Column()});
-    }
-    Done(Format("Filled: %d", CopyBase(texts_, cells, true)));
+    Done(Format("Filled: %d", CopyBase(texts_, SelectedOrShown(), true)));
+}
+
+void TfrmTransEditor::acFillFromDictionary() {
+    Done(FillFromDictionary(texts_, SelectedOrShown(), runtime_));
 }
 
 void TfrmTransEditor::acTranslateEqual() {

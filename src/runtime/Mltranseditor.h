@@ -105,6 +105,8 @@ class TfrmTransEditor : public TForm {
     /// Writes the base text into the empty ones among the selected translations, or, where one cell is
     /// selected, of all that are shown in its language.
     void acFillFromBase();
+    /// Fills the same ones from the project's dictionary.
+    void acFillFromDictionary();
     /// What is missing in the language gets the text that a selected translation with the same base text has,
     /// in all forms and whether it is shown or not.
     void acTranslateEqual();
@@ -162,6 +164,8 @@ class TfrmTransEditor : public TForm {
     /// step: 1 for the next one, -1 for the one before, round the ends.
     void GoToUntranslated(int step);
     std::vector<TTransCell> Selected() const { return SelectedCells(grid_); }
+    /// Where one cell is selected, all that are shown in its language.
+    std::vector<TTransCell> SelectedOrShown() const;
     bool IsOfStrings(TTransRow row) const;
     /// The table "Strings" that takes new IDs: the current row's form's, else the node's; -1 for none.
     int StringsTable() const;

@@ -27,6 +27,10 @@ constexpr std::array kCommands{
          "The selected translations are done; goes on to the next untranslated one", "Confirm", true},
     TRow{"acFillFromBase", "&Fill from base", "", &TEditor::acFillFromBase, &TEditor::HasTranslation,
          "Writes the base text into the empty translations that are selected or shown"},
+    TRow{"acFillFromDictionary", "Fill from &dictionary", "Ctrl+D", &TEditor::acFillFromDictionary,
+         &TEditor::HasTranslation,
+         "Looks the base texts up in the project's dictionary, for the translations that are selected or "
+         "shown"},
     TRow{"acTranslateEqual", "Translate &equal texts", "Ctrl+E", &TEditor::acTranslateEqual,
          &TEditor::HasTranslation, "Missing texts with the same base text get the selected translation"},
     TRow{"acMarkDone", "&Done", "", &TEditor::acMarkDone, &TEditor::HasTranslation},
@@ -77,6 +81,7 @@ TActions CommandsOf(TfrmTransEditor& editor) {
                      "acCopyBase",
                      "acConfirm",
                      "acFillFromBase",
+                     "acFillFromDictionary",
                      "acTranslateEqual",
                      "",
                      "acMarkDone",
