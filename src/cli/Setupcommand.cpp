@@ -175,9 +175,8 @@ void AddWishes(CLI::App& command, TSetupOptions& options) {
         ->type_name("ENTRY")
         ->allow_extra_args(false);
     command
-        .add_option(
-            "--property", options.Properties,
-            "A further property of the components: " + FurtherProperties().CommaText() + "; may be repeated")
+        .add_option("--property", options.Properties,
+                    "A further property of the components: " + FurtherProperties() + "; may be repeated")
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false);
 }

@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
@@ -60,6 +62,7 @@ class TPictures {
     void TakeChoosers();
 
   private:
+    void TakeWizard();
     void TakeOptions();
     void TakeProjectSettings();
     void TakeExternalFiles();
@@ -100,6 +103,7 @@ class TPictures {
             Watch();
             QPointer<QWidget> modal = QApplication::activeModalWidget();
             if (modal == nullptr || modal == seen_) return;
+            if (qobject_cast<QProgressDialog*>(modal.get()) != nullptr) return;
             seen_ = modal;
             if (steps_.empty()) {
                 modal->close();
@@ -145,6 +149,38 @@ void TPictures::TakeChoosers() {
                            TStringList({"CloseButton", "DateEdit", "HintPanel", "OrderGrid", "StatusBar"}),
                            TStringList({"LogMemo"}));
     window_->Host().Host().Dialogs->ShowModal(names);
+}
+
+/// Nothing is changed: the plan is looked at, and the window closed.
+void TPictures::TakeWizard() {
+    steps_.push_back([this](QWidget& wizard) {
+        const auto press = [&](const char* button) {
+            wizard.findChild<QAbstractButton*>(button)->click();
+            Settle();
+        };
+        wizard.findChild<QTableView*>("sgForms")->selectRow(1);
+        Take(wizard, "wizard-forms");
+        press("btNext");
+        press("btNext");
+        press("btNext");
+        wizard.findChild<QComboBox*>("cbDispatcher")->setCurrentText("OrchardData");
+        press("btNext");
+        wizard.findChild<QPlainTextEdit*>("memExcludedProperties")->setPlainText("TEdit\nTMemo.Lines");
+        wizard.findChild<QPlainTextEdit*>("memSmartExcludeProps")->setPlainText("Number");
+        Take(wizard, "wizard-exclusions");
+        press("btNext");
+        press("ckbStrings");
+        press("btScan");
+        wizard.findChild<QTableView*>("sgStrings")->selectRow(4);
+        Take(wizard, "wizard-strings");
+        press("btNext");
+        wizard.findChild<QTableView*>("sgPlan")->selectRow(2);
+        Take(wizard, "wizard");
+        press("btShowChange");
+        Take(wizard, "wizard-change");
+        wizard.close();
+    });
+    RunCommand("Wizards");
 }
 
 void TPictures::TakeOptions() {
@@ -377,6 +413,7 @@ void TPictures::TakeAll() {
         dialog.close();
     });
     RunCommand("Languages");
+    TakeWizard();
     TakeChoosers();
     steps_.push_back([this](QWidget& review) {
         auto& table = *review.findChild<QTableView*>("sgStrings");

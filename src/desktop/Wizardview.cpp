@@ -57,7 +57,7 @@ void TWizardView::BindTable(TRowTable& table, TGridModel& model) {
     table.horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     table.setSortingEnabled(true);
     const auto& columns = model.Grid().Columns;
-    for (std::size_t i = 0; i < columns.size(); ++i)
+    for (std::size_t i = 0; i + 1 < columns.size(); ++i)
         table.setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
     table.horizontalHeader()->setStretchLastSection(true);
 }

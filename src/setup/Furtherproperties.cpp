@@ -23,7 +23,7 @@ constexpr std::array kFurther{
     TFurther{"Tag", "0", TFormValueKind::Integer},
 };
 
-const TFurther* Find(std::string_view name) {
+const TFurther* FindFurther(std::string_view name) {
     const auto* const found = std::find_if(kFurther.begin(), kFurther.end(),
                                            [&](const TFurther& one) { return SameText(one.Name, name); });
     return found == kFurther.end() ? nullptr : found;
@@ -33,7 +33,7 @@ std::string ValuesOf(const TFurther& property) {
     return property.Kind == TFormValueKind::Integer ? "a number" : "True or False";
 }
 
-bool IsNumber(std::string_view text) {
+bool IsWholeNumber(std::string_view text) {
     const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
     return !digits.empty() && digits.size() < 10 &&
            digits.find_first_not_of("0123456789") == std::string_view::npos;
@@ -41,22 +41,22 @@ bool IsNumber(std::string_view text) {
 
 }  // namespace
 
-TStringList FurtherProperties() {
-    TStringList lines;
+std::string FurtherProperties() {
+    std::string text;
     for (const TFurther& property : kFurther)
-        lines.Add(Format("%s: %s", property.Name, ValuesOf(property)));
-    return lines;
+        text += Format(text.empty() ? "%s: %s" : "; %s: %s", property.Name, ValuesOf(property));
+    return text;
 }
 
 TFormProperty FurtherProperty(const std::string& line) {
     const std::size_t sign = std::min(line.find('='), line.size());
-    const TFurther* property = Find(Trim(line.substr(0, sign)));
+    const TFurther* property = FindFurther(Trim(line.substr(0, sign)));
     if (property == nullptr)
         throw EBadInput("", 0, line + " is no property that can be set here",
-                        "Say one of these: " + FurtherProperties().CommaText());
+                        "Say one of these: " + FurtherProperties());
     const std::string value(Trim(line.substr(std::min(sign + 1, line.size()))));
     const std::string name(property->Name);
-    if (property->Kind == TFormValueKind::Integer && IsNumber(value))
+    if (property->Kind == TFormValueKind::Integer && IsWholeNumber(value))
         return {name, TFormValue::Integer(std::stoll(value))};
     if (property->Kind == TFormValueKind::Identifier && (SameText(value, "True") || SameText(value, "False")))
         return {name, TFormValue::Boolean(SameText(value, "True"))};
@@ -65,7 +65,7 @@ TFormProperty FurtherProperty(const std::string& line) {
 }
 
 bool IsDefault(const TFormProperty& property) {
-    const TFurther* known = Find(property.Name);
+    const TFurther* known = FindFurther(property.Name);
     return known != nullptr && property.Value.Text == known->Default;
 }
 

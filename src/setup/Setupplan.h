@@ -42,6 +42,7 @@ struct TFormSetup {
 
     std::string Component;  ///< there or to be inserted
     std::string ClassName;
+    TStringList Languages;  ///< that its component has, none where there is none
     bool Inserts = false;
     std::string Ancestor;        ///< the form that it has the component from, "" for one of its own
     bool SetsLanguages = false;  ///< those of its component

@@ -194,6 +194,7 @@ void TSetupPlanner::PlanComponent(const TFormRow& row, TFormSetup& form, IOTAFor
 void TSetupPlanner::Keep(TFormSetup& form, TmlCustomLang& lang) {
     form.Component = lang.GetName();
     form.ClassName = lang.GetClassName();
+    form.Languages = lang.GetLangNames();
     const auto component = lang.GetComponent();
     const auto inherited = lang.GetInherited();
     if (inherited != nullptr) form.Ancestor = inherited->GetComponent()->GetOwner()->GetName();

@@ -38,36 +38,44 @@ constexpr std::array<TPageText, kWizardPages> kPageTexts{
     TPageText{"Outcome", "This is what was done. Undo takes all of it back in one step."},
 };
 
-enum TFormsColumn { wfTaken, wfForm, wfUnit, wfComponent, wfState };
-enum TStringsColumn { wsTaken, wsForm, wsLine, wsText, wsID, wsAdvice };
-enum TPlanColumn { wpForm, wpState, wpFiles };
+enum TWizardFormsColumn { wfTaken, wfForm, wfUnit, wfComponent, wfState };
+enum TWizardStringsColumn { wsTaken, wsForm, wsLine, wsText, wsID, wsAdvice };
+enum TWizardPlanColumn { wpForm, wpState, wpFiles };
 
-const std::vector<TGridColumn> kFormsColumns{{.Caption = "Set up", .Width = 60, .IsSearched = false},
-                                             {.Caption = "Form Name", .Width = 130},
-                                             {.Caption = "Unit", .Width = 130},
-                                             {.Caption = "Component", .Width = 150},
-                                             {.Caption = "State", .Width = 260}};
-const std::vector<TGridColumn> kStringsColumns{{.Caption = "Move", .Width = 60, .IsSearched = false},
-                                               {.Caption = "Form Name", .Width = 120},
-                                               {.Caption = "Line #", .Width = 60, .IsNumber = true},
-                                               {.Caption = "String", .Width = 240, .MarksBlanks = true},
-                                               {.Caption = "String ID", .Width = 90},
-                                               {.Caption = "Advice", .Width = 200, .IsSearched = false}};
-const std::vector<TGridColumn> kPlanColumns{{.Caption = "Form Name", .Width = 140},
-                                            {.Caption = "State", .Width = 260},
-                                            {.Caption = "Files", .Width = 260}};
+// The last columns take the room that is left.
+const std::vector<TGridColumn> kFormsColumns{{.Caption = "Set up", .Width = 50, .IsSearched = false},
+                                             {.Caption = "Form Name", .Width = 100},
+                                             {.Caption = "Unit", .Width = 110},
+                                             {.Caption = "Component", .Width = 130},
+                                             {.Caption = "State", .Width = 160}};
+const std::vector<TGridColumn> kStringsColumns{{.Caption = "Move", .Width = 50, .IsSearched = false},
+                                               {.Caption = "Form Name", .Width = 95},
+                                               {.Caption = "Line #", .Width = 50, .IsNumber = true},
+                                               {.Caption = "String", .Width = 180, .MarksBlanks = true},
+                                               {.Caption = "String ID", .Width = 60},
+                                               {.Caption = "Advice", .Width = 120, .IsSearched = false}};
+const std::vector<TGridColumn> kPlanColumns{{.Caption = "Form Name", .Width = 130},
+                                            {.Caption = "State", .Width = 210},
+                                            {.Caption = "Files", .Width = 210}};
 
 constexpr const char* kNone = "(none)";
 constexpr const char* kYes = "Yes";
 constexpr const char* kNo = "No";
 
-std::string StateOf(const TFormSetup& form) {
+std::string ReadinessOf(const TFormSetup& form) {
     if (!form.IsReady()) return form.Problem;
     if (!form.Ancestor.empty()) return Format("ready; inherits from %s", form.Ancestor);
     return form.Inserts ? "ready" : "ready; keeps its component";
 }
 
-std::vector<int> Numbers(std::size_t count) {
+TGridLook LookOf(const TFormSetup& form) {
+    TGridLook look;
+    look.Hint = form.Problem;
+    if (!form.IsReady()) look.Picture = "error";
+    return look;
+}
+
+std::vector<int> PlacesUpTo(std::size_t count) {
     std::vector<int> numbers(count);
     std::iota(numbers.begin(), numbers.end(), 0);
     return numbers;
@@ -80,7 +88,7 @@ TChoiceBox FormsOrNone(TContext& context, const std::string& chosen) {
     return box;
 }
 
-std::string FormOf(const TChoiceBox& box) {
+std::string ChosenForm(const TChoiceBox& box) {
     return box.ItemIndex <= 0 ? std::string() : box.Text();
 }
 
@@ -109,7 +117,7 @@ void TfrmWizard::SetUpGrids() {
     sgForms.Columns = kFormsColumns;
     sgForms.Cell = [this](int row, int column) { return FormCell(row, column); };
     sgForms.Look = [this](int row) {
-        TGridLook look;
+        TGridLook look = LookOf(forms_[static_cast<std::size_t>(row)]);
         look.Grey = !taken_[static_cast<std::size_t>(row)];
         return look;
     };
@@ -118,6 +126,7 @@ void TfrmWizard::SetUpGrids() {
     sgStrings.Look = [this](int row) { return StringLook(row); };
     sgPlan.Columns = kPlanColumns;
     sgPlan.Cell = [this](int row, int column) { return PlanCell(row, column); };
+    sgPlan.Look = [this](int row) { return LookOf(plan_.Forms[static_cast<std::size_t>(row)]); };
     sgPlan.OnChange = [this] { ShowPlan(); };
 }
 
@@ -130,10 +139,11 @@ void TfrmWizard::SetUpBoxes(const TSetupWishes& wishes) {
     const std::string project = PackageProject(context_);
     PackageVisible = !project.empty() && !RequiresPackage(context_, project);
     ckbPackage = PackageVisible;
-    lblProperties = "Further properties (" + FurtherProperties().CommaText() + "):";
+    lblProperties = "Further properties (" + FurtherProperties() + "):";
 }
 
-/// In the order of the list, whatever the order of the plan is.
+/// In the order of the list, whatever the order of the plan is. Where forms have languages, the first one's
+/// are proposed.
 void TfrmWizard::ReadForms(const std::vector<TFormRow*>& rows) {
     std::vector<TFormRow*> all;
     for (const auto& row : context_.Rows.FormNames.Items())
@@ -149,7 +159,10 @@ void TfrmWizard::ReadForms(const std::vector<TFormRow*>& rows) {
         forms_.push_back(std::move(byFile[row->FileName]));
         taken_.push_back(std::find(rows.begin(), rows.end(), row) != rows.end());
     }
-    sgForms.Assign(Numbers(forms_.size()));
+    sgForms.Assign(PlacesUpTo(forms_.size()));
+    const auto named = std::find_if(forms_.begin(), forms_.end(),
+                                    [](const TFormSetup& form) { return !form.Languages.Empty(); });
+    if (named != forms_.end()) lbLanguages = TNamesBox(named->Languages);
 }
 
 std::string TfrmWizard::FormCell(int row, int column) const {
@@ -164,7 +177,7 @@ std::string TfrmWizard::FormCell(int row, int column) const {
         case wfComponent:
             return form.Inserts ? std::string() : form.Component;
         default:
-            return StateOf(form);
+            return ReadinessOf(form);
     }
 }
 
@@ -206,7 +219,7 @@ TGridLook TfrmWizard::StringLook(int row) const {
 std::string TfrmWizard::PlanCell(int row, int column) const {
     const TFormSetup& form = plan_.Forms[static_cast<std::size_t>(row)];
     if (column == wpForm) return form.FormName;
-    if (column == wpState) return StateOf(form);
+    if (column == wpState) return ReadinessOf(form);
     std::string files;
     for (const std::string& file : form.IsReady() ? plan_.FilesOf(form) : std::vector<std::string>())
         files += (files.empty() ? "" : ", ") + FileNameOf(file);
@@ -263,7 +276,7 @@ void TfrmWizard::btNextClick() {
         if (ckbStrings) FindStrings(context_, memory_, plan_);
         ListStrings();
         ShowsChange = false;
-        sgPlan.Assign(Numbers(plan_.Forms.size()));
+        sgPlan.Assign(PlacesUpTo(plan_.Forms.size()));
         ShowPlan();
     }
     GoTo(next);
@@ -280,8 +293,8 @@ TSetupWishes TfrmWizard::Wishes() const {
     wishes.ComponentName = edName;
     wishes.Languages = lbLanguages.Items;
     wishes.GivesUpLanguages = ckbGiveUp;
-    wishes.DispatcherForm = FormOf(cbDispatcher);
-    if (ContainerEnabled) wishes.ContainerForm = FormOf(cbContainer);
+    wishes.DispatcherForm = ChosenForm(cbDispatcher);
+    if (ContainerEnabled) wishes.ContainerForm = ChosenForm(cbContainer);
     AddEntries(wishes.Exclusions, TExclusionList::DoNotTranslate, memDoNotTranslate);
     AddEntries(wishes.Exclusions, TExclusionList::ExcludedProperties, memExcludedProperties);
     AddEntries(wishes.Exclusions, TExclusionList::SmartExcludeProps, memSmartExcludeProps);
@@ -313,7 +326,7 @@ void TfrmWizard::ListStrings() {
     for (std::size_t form = 0; form < plan_.Forms.size(); ++form)
         for (std::size_t i = 0; plan_.Forms[form].Strings && i < plan_.Forms[form].Strings->size(); ++i)
             strings_.push_back({form, i});
-    sgStrings.Assign(Numbers(strings_.size()));
+    sgStrings.Assign(PlacesUpTo(strings_.size()));
 }
 
 void TfrmWizard::Run() {

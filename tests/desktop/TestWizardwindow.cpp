@@ -6,12 +6,12 @@
 namespace tml {
 namespace {
 
-constexpr int kForms = 200;
+constexpr int kManyForms = 200;
 
 struct TWizardWindow : TDesktop {
     void Generate(const std::string& folder) {
         std::filesystem::create_directory(Path(folder));
-        MakeManyForms(kForms, [&](const std::string& name, const std::string& text) {
+        MakeManyForms(kManyForms, [&](const std::string& name, const std::string& text) {
             WriteBytes(Path(folder + "/" + name), text);
         });
     }
@@ -60,7 +60,7 @@ TEST_F(TWizardWindow, SetsUpAProjectInOnePassAsTheCommandLineDoes) {
         Next(wizard);
         EXPECT_EQ(Page(wizard), "Summary");
         auto& plan = *wizard.findChild<TRowTable*>("sgPlan");
-        EXPECT_EQ(plan.model()->rowCount(), kForms);
+        EXPECT_EQ(plan.model()->rowCount(), kManyForms);
         ClickCell(plan, 5, 0);
         EXPECT_TRUE(
             wizard.findChild<QPlainTextEdit*>("memPlan")->toPlainText().startsWith(Cell(plan, 5, 0) + " ("));
