@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QTreeView>
 #include <QTreeWidget>
 #include <fstream>
 
@@ -49,6 +50,8 @@ constexpr const char* kAboutBox = R"(object AboutBox: TAboutBox
     Width = 90
     Height = 21
     Languages = mlLang_AboutBox
+    Items.Strings = (
+      'English')
   end
   object dlgOpen: TmlOpenDialog
     Title = 'Pick'
@@ -220,19 +223,25 @@ TEST_F(TDesignPanes, AnEllipsisOpensTheEditorOfTheProperty) {
     });
     ClickRow("Captions", 2);
     User.On([](QWidget& window) {
-        EXPECT_EQ(window.windowTitle(), "mlLang_AboutBox.ExcludedProperties");
+        EXPECT_EQ(window.windowTitle(), "Exclude from Translation");
+        EXPECT_EQ(window.findChild<QTreeView*>("tree")->model()->index(0, 0).data(), "AboutBox");
+        window.close();
+    });
+    ClickRow("ExcludedProperties", 2);
+    ClickTree(Tree(), "combo");
+    User.On([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "combo.Items");
         auto& lines = *window.findChild<QPlainTextEdit*>("mmLines");
-        QTest::keyClicks(&lines, "!CloseButton");
+        QTest::keyClicks(&lines, "German");
         QTest::keyClick(&lines, Qt::Key_Return);
-        QTest::keyClicks(&lines, "TEdit");
         EXPECT_EQ(TextOf(window, "lblLines"), "2 lines");
         QTest::keyClick(&lines, Qt::Key_Return, Qt::ControlModifier);
     });
-    ClickRow("ExcludedProperties", 0);
+    ClickRow("Items", 0);
     QTest::keyClick(&Inspector(), Qt::Key_Return, Qt::ControlModifier);
-    ExpectSoon([&] { return Value("ExcludedProperties") == QString("(2 lines)"); });
+    ExpectSoon([&] { return Value("Items") == QString("(2 lines)"); });
     Undo();
-    EXPECT_EQ(Value("ExcludedProperties"), "");
+    EXPECT_EQ(Value("Items"), "(1 line)");
     EXPECT_FALSE(IsModified());
 }
 
