@@ -2,8 +2,10 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
 
 #include "base/Files.h"
 #include "core/Formrows.h"
@@ -13,6 +15,9 @@
 
 namespace tml {
 namespace {
+
+constexpr const char* kNoProject =
+    "No project is open.\n\nOpen a project or a group of projects with \"File / Open...\" (Ctrl+O).";
 
 enum TKind { Group = 1, Project, Form, Unit };
 
@@ -46,11 +51,16 @@ bool IsSource(const QTreeWidgetItem& item) {
 
 }  // namespace
 
-TProjectTree::TProjectTree(THeadlessIde& ide) : ide_(ide) {
+TProjectTree::TProjectTree(THeadlessIde& ide) : ide_(ide), hint_(new QLabel(kNoProject)) {
     setObjectName("projectTree");
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setFrameShape(QFrame::NoFrame);
+    hint_->setObjectName("noProject");
+    hint_->setWordWrap(true);
+    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setMargin(hint_->fontMetrics().height());
+    (new QVBoxLayout(viewport()))->addWidget(hint_);
     connect(this, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
         if (IsSource(*item)) OnOpen(FileOf(*item));
     });
@@ -63,6 +73,7 @@ void TProjectTree::Refresh() {
         Build();
     }
     MarkItems();
+    hint_->setVisible(group == nullptr);
 }
 
 void TProjectTree::Build() {

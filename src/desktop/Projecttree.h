@@ -5,6 +5,7 @@
 
 #include "ide/Headlesside.h"
 
+class QLabel;
 class QMenu;
 
 namespace tml {
@@ -38,6 +39,7 @@ class TProjectTree : public QTreeWidget {
     THeadlessIde& ide_;
     /// Not the bare address: the next group may be given the same.
     std::weak_ptr<IOTAProjectGroup> shown_;
+    QLabel* hint_;  ///< says what to do first while there is no project
 };
 
 }  // namespace tml

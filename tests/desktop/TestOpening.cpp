@@ -8,7 +8,9 @@ namespace {
 using TOpening = TDesktop;
 
 TEST_F(TOpening, AProjectThatCannotBeOpenedLeavesTheOneThatIsOpen) {
+    EXPECT_TRUE(Find<QLabel>("noProject").isVisible()) << "what to do first is said";
     OpenOrchard();
+    EXPECT_FALSE(Find<QLabel>("noProject").isVisible());
     User.Answer(ToQt(Path("none.dproj")), "OK");
     Window->OpenProject(ToQt(Path("none.dproj")));
     EXPECT_EQ(Window->Messages().topLevelItemCount(), 1);
