@@ -1,12 +1,15 @@
 // bench-desktop open PROJECT: opens it in the workbench with its list of forms.
 // bench-desktop review ROWS: opens the review with so many rows and works on all of them.
+// bench-desktop translate PROJECT: opens the translation editor on all its forms and works in it.
 // bench-desktop plain ROWS: the same texts in the toolkit's own table, which does nothing with them.
 // Prints the seconds of processor time for each step: opening, paging to the end and, for rows, sorting by
-// text, selecting all, filtering by a text and showing all again.
+// text, selecting all, filtering by a text and showing all again; for translations, behind paging: going to
+// the last text, looking for a text, showing all again and typing one.
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
@@ -22,6 +25,7 @@
 #include "desktop/Resources.h"
 #include "desktop/Texts.h"
 #include "expert/Mllangexp.h"
+#include "expert/Mlmainform.h"
 #include "scan/Found.h"
 
 namespace tml::bench {
@@ -81,7 +85,8 @@ void MeasureRows(QTableView& table, const std::function<void(const QString&)>& f
 void WhenModal(QObject& owner, const QWidget* behind, std::function<void(QWidget&)> work) {
     QTimer::singleShot(0, &owner, [&owner, behind, work = std::move(work)]() mutable {
         QWidget* modal = QApplication::activeModalWidget();
-        if (modal == nullptr || modal == behind || !modal->isVisible())
+        if (modal == nullptr || modal == behind || !modal->isVisible() ||
+            qobject_cast<QProgressDialog*>(modal) != nullptr)
             return WhenModal(owner, behind, std::move(work));
         QApplication::processEvents();  // it is laid out
         modal->repaint();
@@ -122,6 +127,35 @@ void Review(TMainWindow& window, int count) {
         review.close();
     });
     context.Dialogs().ShowModal(form);
+}
+
+void Search(QLineEdit& search, const char* text) {
+    search.setText(text);
+    emit search.returnPressed();
+}
+
+void Translate(TMainWindow& window, const QString& project) {
+    window.OpenProject(project);
+    QApplication::processEvents();
+    window.findChild<QTableView*>("lvFormNames")->selectAll();
+    const TWatch watch;
+    WhenModal(window, nullptr, [&](QWidget& editor) {
+        std::cout << watch.Seconds();
+        auto& cells = *editor.findChild<QTableView*>("grTexts");
+        auto& search = *editor.findChild<QLineEdit*>("filter");
+        const QAbstractItemModel& rows = *cells.model();
+        const QModelIndex last = rows.index(rows.rowCount() - 1, rows.columnCount() - 1);
+        Measure(cells, [&] { PageThrough(cells); });
+        Measure(cells, [&] { cells.setCurrentIndex(last); });
+        Measure(cells, [&] { Search(search, "text 99"); });
+        Measure(cells, [&] { Search(search, ""); });
+        Measure(cells, [&] { cells.model()->setData(last, "Typed", Qt::EditRole); });
+        WhenModal(window, &editor,
+                  [](QWidget& question) { dynamic_cast<QMessageBox&>(question).defaultButton()->click(); });
+        editor.close();
+    });
+    TfrmmlLang& expert = *window.Host().ExpertWindow();
+    window.Runner().Run([&] { expert.Run("Translate"); });
 }
 
 void HideOthers(QTableWidget& table, const QString& text) {
@@ -178,11 +212,15 @@ int main(int argc, char** argv) {
             tml::bench::OpenProject(window, argv[2]);
             return 0;
         }
+        if (what == "translate") {
+            tml::bench::Translate(window, argv[2]);
+            return 0;
+        }
         if (what == "review") {
             tml::bench::Review(window, std::stoi(argv[2]));
             return 0;
         }
-        std::cerr << "bench-desktop open PROJECT | review ROWS | plain ROWS\n";
+        std::cerr << "bench-desktop open PROJECT | translate PROJECT | review ROWS | plain ROWS\n";
     } catch (const std::exception& error) {
         std::cerr << "bench-desktop: " << error.what() << "\n";
     }
