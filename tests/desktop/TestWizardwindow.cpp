@@ -15,6 +15,15 @@ struct TWizardWindow : TDesktop {
             WriteBytes(Path(folder + "/" + name), text);
         });
     }
+    void RunWizards(const std::function<void(QWidget&)>& wizard) {
+        User.On(wizard);
+        ChooseFromBar(*Dock().findChild<QMenuBar*>(), "Tools", "Wizards");
+    }
+    static void SetUp(const std::string& arguments) {
+        const TWorkFolder work;
+        const auto run = work.Run(work.Program() + " setup " + arguments + " 2>&1");
+        EXPECT_EQ(run.Exit, 0) << run.Output;
+    }
     static void Next(QWidget& wizard) { Press(wizard, "btNext"); }
     static QString Page(QWidget& wizard) { return TextOf(wizard, "pageTitle"); }
 };
@@ -23,7 +32,7 @@ TEST_F(TWizardWindow, SetsUpAProjectInOnePassAsTheCommandLineDoes) {
     Generate("window");
     Generate("line");
     Window->OpenProject(ToQt(Path("window/Many.dpr")));
-    User.On([this](QWidget& wizard) {
+    RunWizards([this](QWidget& wizard) {
         EXPECT_EQ(TextOf(wizard, "lblForms"), "Forms to be set up: 200 of 200");
         auto& forms = *wizard.findChild<TRowTable*>("sgForms");
         EXPECT_EQ(Cell(forms, 0, 4), "ready");
@@ -74,16 +83,37 @@ TEST_F(TWizardWindow, SetsUpAProjectInOnePassAsTheCommandLineDoes) {
                         .startsWith("Forms that are set up: 200 of 200"));
         Press(wizard, "btFinish");
     });
-    ChooseFromBar(*Dock().findChild<QMenuBar*>(), "Tools", "Wizards");
-    const TWorkFolder work;
-    const auto run = work.Run(work.Program() + " setup " + Path("line/Many.dpr") +
-                              " --languages \"Language N1,Language N2,Polish\" --name Lang%s --dispatcher F7"
-                              " --exclude TEdit --scan 2>&1");
-    EXPECT_EQ(run.Exit, 0) << run.Output;
+    SetUp(Path("line/Many.dpr") +
+          " --languages \"Language N1,Language N2,Polish\" --name Lang%s --dispatcher F7 --exclude TEdit "
+          "--scan");
     const auto window = ContentOf(Path("window")), line = ContentOf(Path("line"));
     EXPECT_NE(window.at("U9.pas").find("LangF9.GetTextOrDefault('IDS_"), std::string::npos);
     EXPECT_NE(window.at("U9.dfm").find("Dispatcher = F7.mlLangDispatcher1"), std::string::npos);
     EXPECT_NE(window.at("Many.mlproj").find("DispatcherForm=F7"), std::string::npos);
+    EXPECT_TRUE(window == line);
+}
+
+// That the program builds then, tests/tools/setup proves.
+TEST_F(TWizardWindow, SetsUpAnExampleOfTheLclAsTheCommandLineDoes) {
+    const std::filesystem::path example = "/usr/lib/lazarus/default/examples/canvas_test";
+    ASSERT_TRUE(std::filesystem::exists(example)) << "install the package lazarus-src";
+    for (const char* copy : {"window", "line"})
+        std::filesystem::copy(example, Path(copy));
+    Window->OpenProject(ToQt(Path("window/canvastest.lpi")));
+    RunWizards([](QWidget& wizard) {
+        EXPECT_EQ(TextOf(wizard, "lblForms"), "Forms to be set up: 11 of 11");
+        for (int page = 0; page < 5; ++page)
+            Next(wizard);
+        Press(wizard, "ckbStrings");
+        Next(wizard);
+        Press(wizard, "btFinish");
+        EXPECT_EQ(Page(wizard), "Outcome");
+        Press(wizard, "btFinish");
+    });
+    SetUp(Path("line/canvastest.lpi") + " --languages \"Language N1,Language N2\" --scan --add-package");
+    const auto window = ContentOf(Path("window")), line = ContentOf(Path("line"));
+    EXPECT_NE(window.at("canvastest.lpi").find("Value=\"tmllang\""), std::string::npos);
+    EXPECT_NE(window.at("pentest.pas").find("mlLang_frmPen.GetTextOrDefault("), std::string::npos);
     EXPECT_TRUE(window == line);
 }
 
