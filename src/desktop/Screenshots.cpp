@@ -303,7 +303,8 @@ void TPictures::TakeTranslations() {
         set(4, 1, "&New ship...");
         set(6, 1, "&quit");
         set(8, 3, "");
-        table.setCurrentIndex(table.model()->index(4, 3));
+        table.setCurrentIndex(table.model()->index(2, 3));
+        editor.resize(1280, 820);
         Take(editor, "translations");
         steps_.push_back([](QWidget& question) { Accept(question); });
         editor.close();

@@ -50,7 +50,8 @@ class TTransFormPane::TPicture : public QWidget {
         if (mark_.isEmpty()) return;
         painter.setPen(QPen(palette().color(QPalette::Highlight), kMarkWidth));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(mark_.adjusted(1, 1, -1, -1));
+        // Around the control: a small one is all text.
+        painter.drawRect(mark_.adjusted(-1, -1, 1, 1) & rect().adjusted(1, 1, -1, -1));
     }
 
   private:
@@ -153,6 +154,12 @@ void TTransFormPane::showEvent(QShowEvent* event) {
     Draw();
 }
 
+/// Where a person begins to read.
+void TTransFormPane::ScrollToBegin() {
+    const bool isRightToLeft = title_->layoutDirection() == Qt::RightToLeft;
+    scroll_->ensureVisible(isRightToLeft ? picture_->width() : 0, 0, 0, 0);
+}
+
 void TTransFormPane::Draw() {
     const bool hasRow = texts_.Find(row_) != nullptr;
     picture_->setVisible(hasRow);
@@ -166,7 +173,7 @@ void TTransFormPane::Draw() {
     title_->setVisible(!picture_->isHidden());
     notes_->setVisible(!notes_->text().isEmpty());
     const QRect& mark = picture_->Mark();
-    if (mark.isEmpty()) return;
+    if (mark.isEmpty()) return ScrollToBegin();
     // The upper left end last: of a control larger than the pane it is what is seen.
     scroll_->ensureVisible(mark.right(), mark.bottom(), kAroundMark, kAroundMark);
     scroll_->ensureVisible(mark.left(), mark.top(), kAroundMark, kAroundMark);

@@ -39,6 +39,7 @@ class TTransFormPane : public QWidget {
     void ShowTitle(bool isMarked);
     void DrawForm();
     void Draw();
+    void ScrollToBegin();
 
     const THost& host_;
     const TTransTexts& texts_;

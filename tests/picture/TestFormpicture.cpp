@@ -42,6 +42,18 @@ TEST_F(TFormPictures, AFormIsDrawnInItsLanguagesAndColours) {
     EXPECT_LT(qGray(dark.pixel(2, 2)), qGray(plain.pixel(2, 2)));
 }
 
+TEST_F(TFormPictures, FormsAreMirroredWithTheirLanguageAndFramesHaveTheirOwnTexts) {
+    const QImage english = Draw("ShipDialog");
+    const QImage hebrew = Draw("ShipDialog --language Hebrew");
+    ASSERT_EQ(english.size(), QSize(360, 230));
+    constexpr QPoint kField(300, 25), kMirrored(59, 25);
+    EXPECT_NE(english.pixel(kField), english.pixel(kMirrored));
+    EXPECT_EQ(english.pixel(kField), hebrew.pixel(kMirrored));
+    EXPECT_EQ(english.pixel(kMirrored), hebrew.pixel(kField));
+    const QRect onFrame(70, 115, 270, 25);
+    EXPECT_NE(english.copy(onFrame), Draw("ShipDialog --language German").copy(onFrame));
+}
+
 TEST_F(TFormPictures, WithoutWhatItNeedsThereIsAMessageAndNoPicture) {
     EXPECT_EQ(Run("> /dev/full", "AboutDialog"), 2);
     EXPECT_EQ(Messages.find("tmllang: standard output: cannot be written"), 0U) << Messages;
