@@ -19,7 +19,7 @@ constexpr int kSmartColumns = 3;
 constexpr int kWarningSize = 16;
 constexpr int kFormWidth = 420;
 constexpr int kAroundPlace = 40;  ///< pixels around a component that is scrolled to
-constexpr std::array kTreeWidths = {210, 190, 130};
+constexpr std::array kTreeWidths = {170, 170, 130};
 /// What a rule is called in "texts that are ...".
 constexpr std::array kSmartCaptions = {"empty",     "numbers",     "only punctuation",    "paths",
                                        "addresses", "identifiers", "the component's name"};
@@ -118,7 +118,8 @@ void TExcludeView::LayOut() {
     for (std::size_t i = 0; i + 1 < form_.lvEntries.Columns.size(); ++i)
         ui_->lvEntries->setColumnWidth(static_cast<int>(i),
                                        ShownWidth(*this, form_.lvEntries.Columns[i].Width));
-    const int picture = form_.FormViewWidth > 0 ? form_.FormViewWidth : ShownWidth(*this, kFormWidth);
+    const int designed = std::min(ShownWidth(*this, kFormWidth), width() / 2);
+    const int picture = form_.FormViewWidth > 0 ? form_.FormViewWidth : designed;
     ui_->splitter->setStretchFactor(0, 1);
     ui_->splitter->setStretchFactor(1, 0);
     ui_->splitter->setSizes({std::max(width() - picture, 1), picture});
