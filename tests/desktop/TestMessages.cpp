@@ -26,11 +26,12 @@ TEST_F(TMessages, ProgressComesLateAndCanBeStopped) {
     EXPECT_TRUE(dialogs.ShowProgress("Working", 1, 3));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     QTest::qSleep(120);
-    User.On([](QWidget& box) { QTest::mouseClick(box.findChild<QPushButton*>(), Qt::LeftButton); });
     bool goesOn = true;
     for (int i = 0; i < 500 && goesOn; ++i) {
         QTest::qSleep(10);
         goesOn = dialogs.ShowProgress("Working", 2, 3);
+        if (QWidget* box = QApplication::activeModalWidget())
+            QTest::mouseClick(box->findChild<QPushButton*>(), Qt::LeftButton);
     }
     EXPECT_FALSE(goesOn);
     dialogs.HideProgress();
