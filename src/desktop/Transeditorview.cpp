@@ -209,10 +209,10 @@ void TTransEditorView::Execute(const TAction& action) {
     TakeTyped();
     const TTransRow row = form_.Grid().Current().Row;
     Run([&] { action.Execute ? action.Execute() : services_.ShowHelp(form_.Name); });
-    // The box is for texts of several lines: Enter would break the line of another one.
-    const bool hasMoved = form_.Grid().HasRow() && form_.Grid().Current().Row != row;
-    if (hasMoved && ui_->memText->hasFocus() && !model_.HasLines(ui_->grTexts->currentIndex()))
-        ui_->grTexts->setFocus();
+    if (!form_.Grid().HasRow() || form_.Grid().Current().Row == row) return;
+    // What is typed next is for the text that the command went to. The box is for texts of several lines:
+    // Enter would break the line of another one.
+    if (!ui_->memText->hasFocus() || !model_.HasLines(ui_->grTexts->currentIndex())) ui_->grTexts->setFocus();
 }
 
 // --- the box below

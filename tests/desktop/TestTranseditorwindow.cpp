@@ -56,7 +56,9 @@ TEST_F(TTransWindow, ATranslatorWorksThroughAFormByTheKeyboard) {
         EXPECT_EQ(window.windowTitle(), "Translation Editor - MainForm");
         EXPECT_TRUE(cells.hasFocus());
         // The next texts that are missing or were made for another base text.
-        QTest::keyClick(&cells, Qt::Key_F7);
+        QTest::keyClick(&cells, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClick(window.focusWidget(), Qt::Key_F7);
+        EXPECT_TRUE(cells.hasFocus());
         EXPECT_EQ(TextOf(window, "lblText"), "German (Stale):");
         EXPECT_EQ(Box(window, "memBase"), "&Storage");
         EXPECT_EQ(Box(window, "memFormer"), "&File");
