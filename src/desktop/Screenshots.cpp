@@ -285,8 +285,10 @@ void TPictures::TakeDictionary() {
             fill.close();
         });
         dictionary.findChild<QAction*>("acFill")->trigger();
-        steps_.push_back(
-            [](QWidget& question) { dynamic_cast<QMessageBox&>(question).button(QMessageBox::No)->click(); });
+        steps_.push_back([](QWidget& question) {
+            for (QAbstractButton* button : dynamic_cast<QMessageBox&>(question).buttons())
+                if (button->text().remove('&') == "No") return button->click();
+        });
         dictionary.close();
     });
     RunCommand("Dictionary");

@@ -57,12 +57,21 @@ TfrmFillDictionary::TfrmFillDictionary(std::vector<TFormTables> forms, const TDi
     ActiveControl = "grFills";
     ClientWidth = 820;
     ClientHeight = 480;
-    grFills.Columns = {{.Caption = "Form", .Width = 90},
-                       {.Caption = "Key", .Width = 150},
-                       {.Caption = "Base text", .Width = 170, .MarksBlanks = true},
-                       {.Caption = "Present text", .Width = 150, .MarksBlanks = true},
-                       {.Caption = "New text", .Width = 170, .MarksBlanks = true},
-                       {.Caption = "State", .Width = 60}};
+    SetUpGrid();
+    if (settings != nullptr) Options = DictionaryOptionsOf(*settings);
+    cbBase = {dictionary_.Languages, BaseOf(forms_, dictionary_, settings)};
+    cbTranslation.Items = dictionary_.Languages;
+    cbLanguage = LanguageBox();
+    cbLanguageChange();
+}
+
+void TfrmFillDictionary::SetUpGrid() {
+    grFills.Columns = {{.Caption = "Form", .Width = 75},
+                       {.Caption = "Key", .Width = 115},
+                       {.Caption = "Base text", .Width = 140, .MarksBlanks = true},
+                       {.Caption = "Present text", .Width = 130, .MarksBlanks = true},
+                       {.Caption = "New text", .Width = 140, .MarksBlanks = true},
+                       {.Caption = "State", .Width = 55}};
     grFills.Cell = [this](int row, int column) { return Cell(row, column); };
     grFills.Look = [this](int row) {
         TGridLook look;
@@ -74,16 +83,17 @@ TfrmFillDictionary::TfrmFillDictionary(std::vector<TFormTables> forms, const TDi
     Actions.All = BindActions<TfrmFillDictionary>(*this, kFillActions);
     Actions.ToolBar = {"acTake", "acLeaveOut", "acTakeAll", "", "acHelp"};
     Actions.Popup = {"acTake", "acLeaveOut", "acTakeAll"};
-    if (settings != nullptr) Options = DictionaryOptionsOf(*settings);
-    cbBase = {dictionary_.Languages, BaseOf(forms_, dictionary_, settings)};
-    cbTranslation.Items = dictionary_.Languages;
-    cbLanguage.Items = LanguagesToFill(forms_);
+}
+
+TChoiceBox TfrmFillDictionary::LanguageBox() const {
+    TChoiceBox box{LanguagesToFill(forms_), -1};
     const auto isKnown = [&](const std::string& name) { return dictionary_.LanguageOf(name) >= 0; };
-    const auto known = std::find_if(cbLanguage.Items.begin(), cbLanguage.Items.end(), isKnown);
-    if (!cbLanguage.Items.Empty())
-        cbLanguage.ItemIndex =
-            known == cbLanguage.Items.end() ? 0 : static_cast<int>(known - cbLanguage.Items.begin());
-    cbLanguageChange();
+    const auto known = std::find_if(box.Items.begin(), box.Items.end(), isKnown);
+    if (known != box.Items.end())
+        box.ItemIndex = static_cast<int>(known - box.Items.begin());
+    else if (!box.Items.Empty())
+        box.ItemIndex = 0;
+    return box;
 }
 
 void TfrmFillDictionary::cbLanguageChange() {

@@ -55,6 +55,9 @@ class TfrmFillDictionary : public TForm {
         bool IsTaken = true;
     };
 
+    void SetUpGrid();
+    /// The languages of the forms; the first one that the dictionary has is chosen.
+    TChoiceBox LanguageBox() const;
     void PlanForms();
     void SetTaken(bool taken);
     void ShowStatus();

@@ -84,8 +84,8 @@ TfrmDictionary::TfrmDictionary(TContext& context, IDictionaryTool& tool) : conte
     ActiveControl = "grEntries";
     ClientWidth = 760;
     ClientHeight = 460;
-    grEntries.Columns = {{.Caption = {}, .Width = 360, .MarksBlanks = true},
-                         {.Caption = {}, .Width = 360, .MarksBlanks = true}};
+    grEntries.Columns = {{.Caption = {}, .Width = 315, .MarksBlanks = true},
+                         {.Caption = {}, .Width = 315, .MarksBlanks = true}};
     grEntries.EditColumn = 1;
     grEntries.Cell = [this](int entry, int column) {
         const int language = (column == 0 ? cbLanguage : cbTranslation).ItemIndex;
@@ -274,11 +274,12 @@ std::vector<TFormRow*> TfrmDictionary::Rows() const {
 
 void TfrmDictionary::acFill() {
     const auto settings = context_.Host.Runtime->mlLangProjectSettings;
-    TfrmFillDictionary fill(ReadForms(context_, Rows()), dictionary_, FileName, settings.get());
-    if (fill.cbLanguage.Items.Empty() && fill.Problems.empty()) {
+    std::vector<TFormTables> forms = ReadForms(context_, Rows());
+    if (forms.empty()) {
         context_.Dialogs().MessageDlg(kNoTranslatedForms, TMsgDlgType::mtInformation, {mrOk});
         return;
     }
+    TfrmFillDictionary fill(std::move(forms), dictionary_, FileName, settings.get());
     if (context_.Dialogs().ShowModal(fill) != mrOk) return;
     const std::vector<TFormFills> taken = fill.Taken();
     FillForms(context_, taken);

@@ -105,6 +105,15 @@ TEST_F(TDictionaryWindow, FillsFormsWithWhatIsTakenAsOneStep) {
     EXPECT_EQ(Files.Files["/p/Unit2.dfm"], before);
 }
 
+TEST_F(TDictionaryWindow, SaysThatNoFormCanBeFilled) {
+    Select("Form1");
+    Dictionary([this](TfrmDictionary& window) {
+        User.OnMessage("None of the forms is translated.");
+        window.acFill();
+        window.btCloseClick();
+    });
+}
+
 TEST_F(TDictionaryWindow, LearnsFromFormsAndListsConflicts) {
     Dictionary([this](TfrmDictionary& window) {
         User.OnWindow<TfrmDictionaryConflicts>(
