@@ -118,6 +118,15 @@ void TModuleLease::Save() {
     if (!wasOpen_) SaveFile(context_, fileName_);
 }
 
+void TModuleLease::SaveOrKeep() {
+    try {
+        Save();
+    } catch (...) {
+        Keep();
+        throw;
+    }
+}
+
 TOpenedMeanwhile::TOpenedMeanwhile(TContext& context) : context_(context) {
     for (const auto& row : context.Rows.FormNames.Items())
         if (!IsFileOpen(context, row->FileName)) closed_.push_back(row->FileName);

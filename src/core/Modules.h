@@ -52,6 +52,8 @@ class TModuleLease {
     bool WasOpen() const { return wasOpen_; }
     /// Saves a file that the lease opened; one that was open stays the person's to save.
     void Save();
+    /// The same; what cannot be saved stays open with all that has changed, and the error goes on.
+    void SaveOrKeep();
     /// The file stays open.
     void Keep() { wasOpen_ = true; }
 

@@ -7,6 +7,7 @@
 
 #include "base/Errors.h"
 #include "desktop/Exclusionpicture.h"
+#include "desktop/Filterbox.h"
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
 #include "ui_Excludeview.h"
@@ -43,6 +44,7 @@ TExcludeView::TExcludeView(TfrmExclude& form, const TViewServices& services)
     binder_.Text(ui_->edSearch, form.edSearch,
                  [&form](const std::string& text) { form.edSearchChange(text); });
     binder_.Keys(this, QKeySequence::Find, [this] { ui_->edSearch->setFocus(); });
+    LeaveByKeys(*ui_->edSearch, *ui_->tree);
     BindTree();
     BindLists();
     ui_->formArea->setWidget(picture_);

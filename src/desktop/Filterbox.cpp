@@ -9,6 +9,13 @@
 
 namespace tml {
 
+void LeaveByKeys(QLineEdit& box, QWidget& list) {
+    // Of the box alone: in the list the keys do what they do there, elsewhere Enter means the default button.
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter})
+        new QShortcut(
+            key, &box, [&list] { list.setFocus(); }, Qt::WidgetShortcut);
+}
+
 void BindFilter(QWidget& view, QLineEdit& box, TRowTable& table, TRunner& runner,
                 std::function<void(const std::string& text)> apply) {
     QObject::connect(&box, &QLineEdit::textChanged, &box,
@@ -19,9 +26,7 @@ void BindFilter(QWidget& view, QLineEdit& box, TRowTable& table, TRunner& runner
         box.setFocus();
         box.selectAll();
     });
-    // Of the box alone: in the table the key goes down.
-    new QShortcut(
-        Qt::Key_Down, &box, [&table] { table.setFocus(); }, Qt::WidgetShortcut);
+    LeaveByKeys(box, table);
 }
 
 QString FilterCount(const TRowTable& table) {

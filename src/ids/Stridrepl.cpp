@@ -58,7 +58,8 @@ class TIDChange {
           window_(context, Units(), CurrentUnit()) {}
 
     void Run() {
-        if (context_.Dialogs().ShowModal(window_) != mrOk) return;
+        // The ID has changed all the same: its uses are told.
+        if (context_.Dialogs().ShowModal(window_) != mrOk) return ListLeft();
         for (const std::string& unit : window_.lbSelectedUnits.Items)
             if (!Ask(unit)) break;
         TAllSteps steps;

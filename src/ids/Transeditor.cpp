@@ -38,13 +38,14 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
     const std::string formName = row->FormName;
     if (!context.Host.Runtime->TransEditorDlg(*lang, place(*lang), ChangeStrIDOf(context))) return;
     MarkModifiedForm(context, formName);
-    lease.Save();
+    lease.SaveOrKeep();
 }
 
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id) {
     OpenTransEditor(context, unitFile, [&id](TmlCustomLang& lang) {
         TTransEditorPlace place;
         place.Entry = lang.GetTable(place.Table).Find(id);
+        place.Field = -1;
         return place;
     });
 }

@@ -130,7 +130,7 @@ class ITranslationFiles {
 struct TTransEditorPlace {
     TStringsType Table = TStringsType::stStrings;
     int Entry = 0;
-    int Field = 0;
+    int Field = 0;        ///< the key, or the place of a language; -1 for the first translation
     bool IsLast = false;  ///< where the person was last instead
 };
 /// Told when an ID of "Strings" has become another one, inside the change that wrote it.

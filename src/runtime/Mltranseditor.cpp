@@ -129,7 +129,7 @@ void TfrmTransEditor::Open(const TTransEditorPlace& place) {
     const auto& places = texts_.Forms().front().Places;
     const auto column = std::find(places.begin(), places.end(), place.Field);
     const bool isLanguage = place.Field > 0 && column != places.end();
-    const int key = place.Entry < 0 ? FirstTranslation() : 0;
+    const int key = place.Entry < 0 || place.Field < 0 ? FirstTranslation() : 0;
     Show({table, place.Entry}, isLanguage ? static_cast<int>(column - places.begin()) : key);
 }
 
@@ -143,6 +143,8 @@ void TfrmTransEditor::Return() {
                      [this](const auto& known) { return SameText(known.Name, filter_.Language); }))
         filter_.Language.clear();
     Arrange();
+    // What was looked for may be a text of another project.
+    if (grid_.Count() == 0) SetFilter({});
     const int form = FormOf(memory_.Form);
     const int table = TableOf(form, memory_.Table);
     const int entry = table < 0 ? -1 : texts_.Tables()[static_cast<std::size_t>(table)].FindKey(memory_.Key);
@@ -239,7 +241,8 @@ void TfrmTransEditor::GoToUntranslated(int step) {
     const int count = grid_.Count();
     const bool isTranslation = texts_.Progress(grid_.Column(), -1).Texts > 0;
     const int column = isTranslation ? grid_.Column() : FirstTranslation();
-    for (int i = 1; i <= count; ++i) {
+    // From the base text or a key, its own translation is the first.
+    for (int i = column == grid_.Column() ? 1 : 0; i <= count; ++i) {
         const int place = (grid_.Place() + step * i + count) % count;
         const auto state = State(place, column);
         if (!state || *state == TTextState::Done) continue;
@@ -435,7 +438,7 @@ bool TfrmTransEditor::FormCloseQuery() {
     if (ModalResult == mrOk) return true;
     if (texts_.HasEdits()) {
         const std::string question = hasRenamed_ ? Format("%s\r\n%s", kAskDrop, kRenamedStay) : kAskDrop;
-        return runtime_.Dialogs->MessageDlg(question, TMsgDlgType::mtConfirmation, {mrYes, mrNo}) == mrYes;
+        return runtime_.Dialogs->MessageDlg(question, TMsgDlgType::mtConfirmation, {mrNo, mrYes}) == mrYes;
     }
     if (hasRenamed_) runtime_.Dialogs->MessageDlg(kRenamedStay, TMsgDlgType::mtInformation, {mrOk});
     return true;

@@ -93,10 +93,13 @@ void FillForms(TContext& context, const std::vector<TFormFills>& forms) {
         rows.push_back(row);
         byFile[row->FileName] = &form;
     }
-    const auto error = ForEachForm(context, kFillTitle, rows, [&](TFormRow& row) {
-        WithTmlLang(context, row, TFormUse::Changes,
-                    [&](TmlCustomLang& lang) { FillForm(lang, *byFile.at(row.FileName)); });
-    });
+    const auto error = ForEachForm(
+        context, kFillTitle, rows,
+        [&](TFormRow& row) {
+            WithTmlLang(context, row, TFormUse::Changes,
+                        [&](TmlCustomLang& lang) { FillForm(lang, *byFile.at(row.FileName)); });
+        },
+        nullptr, TOnFailure::GoOn);
     if (error != nullptr) std::rethrow_exception(error);
 }
 

@@ -90,10 +90,14 @@ void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std
         lists.emplace(rows[i], &wanted);
     }
     if (changed.empty()) return;
-    const auto error = ForEachForm(context, kExcludeTitle, changed, [&](TFormRow& row) {
-        WithTmlLang(context, row, TFormUse::Changes,
-                    [&](TmlCustomLang& lang) { WriteExclusions(lang, *lists.at(&row)); });
-    });
+    // What was chosen for the other forms is not lost with one that cannot be written.
+    const auto error = ForEachForm(
+        context, kExcludeTitle, changed,
+        [&](TFormRow& row) {
+            WithTmlLang(context, row, TFormUse::Changes,
+                        [&](TmlCustomLang& lang) { WriteExclusions(lang, *lists.at(&row)); });
+        },
+        nullptr, TOnFailure::GoOn);
     if (error != nullptr) std::rethrow_exception(error);
 }
 

@@ -121,13 +121,18 @@ std::string TSetupPlan::TextOf(const TFormSetup& form) const {
     return text + Format("    changes %s\r\n", FileNames(FilesOf(form)));
 }
 
-std::string TSetupPlan::Text() const {
+std::string TSetupPlan::Head() const {
     std::string text =
         Format("Forms that will be set up: %d of %d\r\n", CountReady(), static_cast<int>(Forms.size()));
     if (!PackageProject.empty())
         text += Format("%s will require the package %s\r\n", FileNameOf(PackageProject), kRuntimePackage);
     for (const std::string& remark : Remarks)
         text += Format("Note: %s\r\n", remark);
+    return text;
+}
+
+std::string TSetupPlan::Text() const {
+    std::string text = Head();
     for (const TFormSetup& form : Forms)
         text += "\r\n" + TextOf(form);
     return text;

@@ -76,6 +76,8 @@ struct TSetupPlan {
     std::vector<std::string> FilesOf(const TFormSetup& form) const;
     /// The plan of a form for people.
     std::string TextOf(const TFormSetup& form) const;
+    /// What is of no single form, for people.
+    std::string Head() const;
     /// The whole plan for people.
     std::string Text() const;
 };

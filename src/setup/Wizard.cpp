@@ -396,7 +396,8 @@ void TfrmWizard::ShowPlan() {
             ShowsChange = false;
         }
     }
-    if (row >= 0 && !ShowsChange) memPlan = plan_.TextOf(plan_.Forms[static_cast<std::size_t>(row)]);
+    if (row >= 0 && !ShowsChange)
+        memPlan = plan_.Head() + "\r\n" + plan_.TextOf(plan_.Forms[static_cast<std::size_t>(row)]);
     Changed();
 }
 

@@ -28,21 +28,23 @@ void ShowProgressOf(TContext& context, const std::string& title, std::size_t row
 
 std::exception_ptr ForEachForm(TContext& context, const std::string& title,
                                const std::vector<TFormRow*>& rows, const std::function<void(TFormRow&)>& work,
-                               const std::function<void()>& finish) {
+                               const std::function<void()>& finish, TOnFailure onFailure) {
     const TProgressEnd end(context.Dialogs());
     TOpenedMeanwhile opened(context);
     const auto all = BeginCommand(context, title);
     std::exception_ptr error;
-    for (std::size_t i = 0; i < rows.size() && error == nullptr; ++i) {
+    const bool goesOn = onFailure == TOnFailure::GoOn;
+    for (std::size_t i = 0; i < rows.size() && (goesOn || error == nullptr); ++i) {
         ShowProgressOf(context, title, i, rows.size());
         TFormRow& row = *rows[i];
         const bool wasOpen = IsFileOpen(context, row.FileName);
         const bool hadComponent = row.HasComponent();
         const auto one = BeginCommand(context, title);
-        error = ErrorOf([&] {
+        const auto failed = ErrorOf([&] {
             work(row);
             one->Commit();
         });
+        if (error == nullptr) error = failed;
         // Its own unit is left open on purpose, but for one that was shown to take a component.
         if (!wasOpen && (hadComponent || !row.HasComponent())) opened.Leave(row.FileName);
     }

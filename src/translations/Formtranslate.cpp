@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -75,13 +76,15 @@ void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
     }
     if (langs.empty()) return;
     const auto changed = context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
+    TAllSteps steps;
     for (TTranslatedForm& form : forms) {
         const bool isEdited = std::find(changed.begin(), changed.end(), form.Lang.get()) != changed.end();
         if (isEdited) MarkModifiedForm(context, form.Name);
-        if (isEdited || form.IsChanged) form.Lease->Save();
+        if (isEdited || form.IsChanged) steps.Try([&form] { form.Lease->SaveOrKeep(); });
     }
     forms.clear();
     CloseUnchanged(context, closed);
+    steps.Finish();
 }
 
 }  // namespace tml

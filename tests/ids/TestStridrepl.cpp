@@ -100,6 +100,9 @@ TEST(Stridrepl, TheChangeFollowsInChosenUnits) {
 TEST(Stridrepl, CancelAndRowsThatAreDropped) {
     TReplaceFixture f;
     f.OnReplace([](TfrmStrReplace& window) { window.btCancelClick(); });
+    f.User.OnMessage(
+        "These uses of A were left:\r\nused in Unit1.pas:24\r\nused in Unit1.pas:25\r\nused in "
+        "Helper.pas:8");
     OnChangeStrID(f.Context(), "Form1", "A", "N");
     f.Files.Files.erase("/p/Unit2.pas");
     f.OnReplace([](TfrmStrReplace& window) {

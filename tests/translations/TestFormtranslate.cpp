@@ -38,6 +38,24 @@ TEST_F(TFormTranslateTest, EnterAndDoubleClickTranslateAndAClosedFormIsSaved) {
     EXPECT_FALSE(IsOpen(2));
 }
 
+TEST_F(TFormTranslateTest, AFormThatCannotBeSavedStaysOpenWithItsTexts) {
+    Open();
+    Expert->Window()->SelectAll1Click();
+    const std::string before = Form(2);
+    Files.ReadOnlyFiles = {"/p/Unit2.dfm"};
+    OnEditor([](TfrmTransEditor& editor) {
+        editor.SetText(0, 2, "Vertraut");
+        editor.btnOKClick();
+    });
+    EXPECT_THROW(Expert->Window()->Run("Translate"), EFileError);
+    EXPECT_EQ(Form(2), before);
+    EXPECT_NE(Form(1).find("'Button1.Caption'#1'Go'"), std::string::npos) << "the other one is written";
+    ASSERT_TRUE(IsOpen(2));
+    Files.ReadOnlyFiles = {};
+    Ide.GetModuleServices()->FindModule("/p/Unit2.pas")->Save();
+    EXPECT_NE(Form(2).find("Vertraut"), std::string::npos);
+}
+
 TEST_F(TFormTranslateTest, AnOpenFormIsMarkedAsModified) {
     Open();
     const auto module = Parts.Modules().OpenModule("/p/Unit2.pas", true);
