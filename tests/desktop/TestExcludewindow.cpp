@@ -70,6 +70,9 @@ TEST_F(TExcludeWindow, BoxesSearchAndEntriesByTheMouse) {
         Press(window, "ckbOnlyExcluded");
 
         Type(window, "edSearch", "pilot");
+        QTest::keyClick(window.findChild<QLineEdit*>("edSearch"), Qt::Key_Return);
+        EXPECT_TRUE(window.isVisible()) << "it leads to the tree";
+        EXPECT_TRUE(tree.hasFocus());
         const QModelIndex items = Row(tree, {"MainForm", "TListBox", "lstServices", "Items"});
         EXPECT_EQ(tree.model()->rowCount(Row(tree, {"MainForm"})), 1);
         ClickRow(tree, items);
