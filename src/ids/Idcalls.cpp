@@ -21,10 +21,8 @@ class TIDCallReader {
         int line = 1;
         for (const TAccessorName& name : FindAccessorNames(text_)) {
             if (source_.IsCommentAt(name.Begin) || IsInLiteral(name.Begin)) continue;
-            line +=
-                static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(counted),
-                                            text_.begin() + static_cast<std::ptrdiff_t>(name.Begin), '\n'));
-            counted = name.Begin;
+            for (; (counted = text_.find('\n', counted)) < name.Begin; ++counted)
+                ++line;
             TIDCall& call = calls.emplace_back();
             call.Place = name.Begin;
             call.Line = line;

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <unordered_set>
 
 #include "base/Format.h"
-#include "base/Stringlist.h"
 #include "base/Utf8.h"
+#include "scan/Calls.h"
+#include "source/Charclass.h"
 
 namespace tml {
 namespace {
@@ -15,32 +15,26 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 /// In the order in which a line is searched for them, whatever their places in it.
 constexpr std::array<std::string_view, 6> kPatterns{
-    "GETTEXT(", "GETTEXTORDEFAULT(", "GETTEXTC(", "GETTEXTORDEFAULTC(", "GETTEXTW(", "GETTEXTORDEFAULTW("};
+    "GetText(", "GetTextOrDefault(", "GetTextC(", "GetTextOrDefaultC(", "GetTextW(", "GetTextOrDefaultW("};
 
 bool IsIDChar(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
 }
 
-/// With the letters of ASCII in upper case, so that places stay those of the text.
-std::string AsciiUpperOf(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return upper;
+bool IsAt(std::string_view text, std::size_t place, std::string_view pattern) {
+    return SameText(text.substr(place, pattern.size()), pattern);
 }
 
-/// A line with what is left of it to be searched.
-struct TRest {
-    std::string_view Text;
-    std::string_view Upper;
+/// The calls of one kind, in the order of the text. Byte offsets, 0-based.
+struct TCalls {
+    std::string Pattern;              ///< with the ID's opening quote
+    std::vector<std::size_t> Places;  ///< of the methods' names
+    std::size_t Next = 0;             ///< index of the first one that has not been passed
 
-    void Cut(std::size_t count) {
-        Text.remove_prefix(count);
-        Upper.remove_prefix(count);
-    }
+    std::size_t IDOf(std::size_t method) const { return method + Pattern.size(); }
 };
 
-/// A call in the rest of a line: where its method's name begins, and where its ID does.
+/// Where the name of a call's method begins, and where its ID does.
 struct TCall {
     std::size_t Method = kNone;
     std::size_t ID = kNone;
@@ -48,73 +42,87 @@ struct TCall {
 
 class TIDCheck {
   public:
-    TIDCheck(const TLanguage& language, const std::string& formName, const std::string& fileName,
-             const TIDHolders& holders)
-        : language_(language),
+    TIDCheck(std::string_view text, const TLanguage& language, const std::string& formName,
+             const std::string& fileName, const TIDHolders& holders)
+        : text_(text),
+          language_(language),
           formName_(formName),
           fileName_(fileName),
           holders_(holders),
-          own_(formName.empty() ? nullptr : holders(formName)) {
-        for (std::size_t i = 0; i < kPatterns.size(); ++i)
-            patterns_[i] = std::string(kPatterns[i]) + language.Delimiter();
+          own_(formName.empty() ? nullptr : holders(formName)),
+          inForce_(own_) {
+        FindCalls();
     }
 
-    std::vector<TBadID> Run(std::string_view text) {
-        const TStringList lines = TStringList::FromText(text);
-        if (lines.Empty()) return {};
-        if (own_ != nullptr) FindUnused(lines);
-        inForce_ = own_;
-        for (int i = 0; i < lines.Count(); ++i)
-            CheckLine(lines[i], i + 1);
+    std::vector<TBadID> Run() {
+        if (own_ != nullptr && !text_.empty()) FindUnused();
+        int number = 1;
+        for (std::size_t begin = 0; begin < text_.size(); ++number) {
+            const std::size_t end = FindByte<TLineEnd>(text_, begin);
+            CheckLine(begin, end, number);
+            begin = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
+        }
         return std::move(found_);
     }
 
   private:
-    void FindUnused(const TStringList& lines);
-    /// What calls name, upper-cased: with as many quotes as an ID of the table has at most.
-    std::unordered_set<std::string> NamedIDs(const TStringList& lines) const;
+    using TLineEnd = TByteSet<'\r', '\n'>;
+
+    void FindCalls();
+    void FindUnused();
+    /// Whether a call names each entry of the table; of an ID that stands twice the first one counts.
+    std::vector<bool> NamedEntries() const;
     std::ptrdiff_t MostQuotes() const;
-    void CheckLine(std::string_view line, int number);
-    TCall NextCall(std::string_view upper) const;
+    void CheckLine(std::size_t begin, std::size_t end, int number);
+    TCall NextCall(std::size_t begin, std::size_t end);
     std::optional<std::string> FormOf(std::string_view before) const;
     bool EndsCall(std::string_view behind) const;
     void Add(TBadIDKind kind, std::string_view id, int place, const std::string& form);
 
+    std::string_view text_;
     const TLanguage& language_;
     const std::string& formName_;
     const std::string& fileName_;
     const TIDHolders& holders_;
     const TIDHolder* own_;
-    const TIDHolder* inForce_ = nullptr;
-    std::array<std::string, kPatterns.size()> patterns_;
+    const TIDHolder* inForce_;
+    std::array<TCalls, kPatterns.size()> calls_;
     std::vector<TBadID> found_;
 };
 
-/// One walk finds what stands between each call's first quote and the next one, or a later one where there
-/// are IDs with quotes.
-void TIDCheck::FindUnused(const TStringList& lines) {
-    const std::unordered_set<std::string> named = NamedIDs(lines);
+void TIDCheck::FindCalls() {
+    for (std::size_t i = 0; i < kPatterns.size(); ++i)
+        calls_[i].Pattern = std::string(kPatterns[i]) + language_.Delimiter();
+    for (const std::size_t place : FindMethodStarts(text_))
+        for (TCalls& calls : calls_)
+            if (IsAt(text_, place, calls.Pattern)) calls.Places.push_back(place);
+}
+
+void TIDCheck::FindUnused() {
+    const std::vector<bool> named = NamedEntries();
     const std::vector<TTableEntry>& entries = own_->Strings.Entries();
     for (std::size_t i = 0; i < entries.size(); ++i)
-        if (!named.contains(UpperCase(entries[i].Key)))
+        if (!named[static_cast<std::size_t>(own_->Strings.Find(entries[i].Key))])
             Add(TBadIDKind::Unused, entries[i].Key, static_cast<int>(i), formName_);
 }
 
-std::unordered_set<std::string> TIDCheck::NamedIDs(const TStringList& lines) const {
-    std::unordered_set<std::string> named;
+/// What stands between each call's first quote and the next one of its line, or a later one where there are
+/// IDs with quotes.
+std::vector<bool> TIDCheck::NamedEntries() const {
+    std::vector<bool> named(own_->Strings.Entries().size());
     const std::ptrdiff_t quotes = MostQuotes();
-    for (const std::string& line : lines) {
-        const std::string upper = AsciiUpperOf(line);
-        for (const std::string& pattern : patterns_)
-            for (std::size_t at = upper.find(pattern); at != kNone; at = upper.find(pattern, at + 1)) {
-                const std::size_t begin = at + pattern.size();
-                std::size_t end = line.find(language_.Delimiter(), begin);
-                for (std::ptrdiff_t i = 0; i <= quotes && end != kNone; ++i) {
-                    named.insert(UpperCase(std::string_view(line).substr(begin, end - begin)));
-                    end = line.find(language_.Delimiter(), end + 1);
-                }
+    for (const TCalls& calls : calls_)
+        for (const std::size_t method : calls.Places) {
+            const std::size_t begin = calls.IDOf(method);
+            std::size_t end = begin;
+            for (std::ptrdiff_t i = 0; i <= quotes; ++i, ++end) {
+                const std::size_t from = end;
+                end = text_.find(language_.Delimiter(), from);
+                if (end == kNone || FindByte<TLineEnd>(text_.substr(0, end), from) != end) break;
+                const int entry = own_->Strings.Find(text_.substr(begin, end - begin));
+                if (entry >= 0) named[static_cast<std::size_t>(entry)] = true;
             }
-    }
+        }
     return named;
 }
 
@@ -125,24 +133,29 @@ std::ptrdiff_t TIDCheck::MostQuotes() const {
     return most;
 }
 
-TCall TIDCheck::NextCall(std::string_view upper) const {
-    for (const std::string& pattern : patterns_)
-        if (const std::size_t at = upper.find(pattern); at != kNone) return {at, at + pattern.size()};
+/// Between two places that ascend from call to call.
+TCall TIDCheck::NextCall(std::size_t begin, std::size_t end) {
+    for (TCalls& calls : calls_) {
+        while (calls.Next < calls.Places.size() && calls.Places[calls.Next] < begin)
+            ++calls.Next;
+        if (calls.Next == calls.Places.size() || calls.Places[calls.Next] >= end) continue;
+        const std::size_t method = calls.Places[calls.Next];
+        return {method, calls.IDOf(method)};
+    }
     return {};
 }
 
-void TIDCheck::CheckLine(std::string_view line, int number) {
-    const std::string upper = AsciiUpperOf(line);
-    TRest rest{line, upper};
-    for (TCall call; (call = NextCall(rest.Upper)).Method != kNone;) {
-        const std::optional<std::string> form = FormOf(rest.Text.substr(0, call.Method));
+void TIDCheck::CheckLine(std::size_t begin, std::size_t end, int number) {
+    const std::string_view line = text_.substr(0, end);
+    for (TCall call; (call = NextCall(begin, end)).Method != kNone;) {
+        const std::optional<std::string> form = FormOf(line.substr(begin, call.Method - begin));
         if (form) inForce_ = form->empty() ? nullptr : holders_(*form);
-        rest.Cut(call.ID);
-        const std::size_t end = rest.Text.find(language_.Delimiter());
-        const std::string_view id = rest.Text.substr(0, end == kNone ? 0 : end);
+        begin = call.ID;
+        const std::size_t quote = line.find(language_.Delimiter(), begin);
+        const std::string_view id = line.substr(begin, quote == kNone ? 0 : quote - begin);
         if (id.empty()) return;
         if (inForce_ != nullptr && inForce_->Strings.Find(id) >= 0) continue;
-        const bool isMissing = inForce_ != nullptr && EndsCall(rest.Text.substr(end + 1));
+        const bool isMissing = inForce_ != nullptr && EndsCall(line.substr(quote + 1));
         Add(isMissing ? TBadIDKind::NotFound : TBadIDKind::Undecided, id, number, form.value_or(formName_));
     }
 }
@@ -203,7 +216,7 @@ std::string TBadID::Info() const {
 
 std::vector<TBadID> CheckIDs(std::string_view text, const TLanguage& language, const std::string& formName,
                              const std::string& fileName, const TIDHolders& holders) {
-    return TIDCheck(language, formName, fileName, holders).Run(text);
+    return TIDCheck(text, language, formName, fileName, holders).Run();
 }
 
 }  // namespace tml

@@ -10,19 +10,6 @@
 namespace tml {
 namespace {
 
-/// The places with the methods' common start in any case. The texts are large and the word is rare, so
-/// its rarest letter is looked for.
-std::vector<std::size_t> FindMethods(std::string_view text) {
-    constexpr std::string_view kCommonStart = "GETTEXT";
-    constexpr std::size_t kRare = kCommonStart.find('X');
-    using TRare = TByteSet<'x', 'X'>;
-    std::vector<std::size_t> places;
-    for (std::size_t pos = kRare; (pos = FindByte<TRare>(text, pos)) < text.size(); ++pos)
-        if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
-            places.push_back(pos - kRare);
-    return places;
-}
-
 /// Reads references like Form1.mlLang1.GetText( backwards from the method's name.
 class TReferenceReader {
   public:
@@ -191,9 +178,21 @@ class TCloser {
 
 }  // namespace
 
+/// The texts are large and the word is rare, so its rarest letter is looked for.
+std::vector<std::size_t> FindMethodStarts(std::string_view text) {
+    constexpr std::string_view kCommonStart = "GETTEXT";
+    constexpr std::size_t kRare = kCommonStart.find('X');
+    using TRare = TByteSet<'x', 'X'>;
+    std::vector<std::size_t> places;
+    for (std::size_t pos = kRare; (pos = FindByte<TRare>(text, pos)) < text.size(); ++pos)
+        if (SameText(text.substr(pos - kRare, kCommonStart.size()), kCommonStart))
+            places.push_back(pos - kRare);
+    return places;
+}
+
 std::vector<TAccessorName> FindAccessorNames(std::string_view text) {
     std::vector<TAccessorName> names;
-    for (const std::size_t method : FindMethods(text)) {
+    for (const std::size_t method : FindMethodStarts(text)) {
         if (WordBegin(text, method) != method) continue;
         const std::size_t open = OpenOf(text, method);
         if (open != std::string_view::npos) names.push_back({method, open});
@@ -207,7 +206,7 @@ std::vector<TAccessorCall> FindCalls(const TSourceText& source, const TComponent
     if (component.ComponentName.empty() && !others) return calls;
     const std::string_view text = source.Text();
     const TReferenceReader references(text, component, others);
-    for (const std::size_t method : FindMethods(text)) {
+    for (const std::size_t method : FindMethodStarts(text)) {
         // First what stands in front: a name that holds the word many times is then read once at most.
         const std::size_t begin = references.BeginOf(method);
         const std::size_t open = begin == std::string_view::npos ? begin : OpenOf(text, method);

@@ -25,6 +25,10 @@ struct TAccessorName {
     std::size_t Open = 0;  ///< the parenthesis
 };
 
+/// The places where the names of all accessors begin alike, in any case and in the order of the text; other
+/// words hold them, too. Byte offsets, 0-based.
+std::vector<std::size_t> FindMethodStarts(std::string_view text);
+
 /// In any case, in the order of the text.
 std::vector<TAccessorName> FindAccessorNames(std::string_view text);
 
