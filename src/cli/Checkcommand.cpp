@@ -5,6 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/Files.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 #include "cli/Baseline.h"
 #include "cli/Formoptions.h"
@@ -46,9 +47,10 @@ class TCheckRun {
             session_.ForEach(session_.Rows(options_.Forms), [this](TFormRow& row) { CheckForm(row); });
         ids_.Judge(found_);
         FindListed();
-        if (options_.Delete) session_.Attempt("Delete", [this] { DeleteUnused(); });
+        if (options_.Delete && program_.Yes) session_.Attempt("Delete", [this] { DeleteUnused(); });
         Report();
         const int exit = session_.ExitCode();
+        ExpectConsent();
         return exit == kDone && failing_ ? kFindings : exit;
     }
 
@@ -89,13 +91,26 @@ class TCheckRun {
         return bad.Kind == TBadIDKind::Unused && bad.Use.Kind == TIDUseKind::Unused;
     }
 
-    void DeleteUnused() {
+    std::vector<TBadID> Unused() const {
         std::vector<TBadID> unused;
         for (const std::size_t i : listed_)
             if (IsUnused(found_[i])) unused.push_back(found_[i]);
-        session_.Run([&](TContext& context, TSubjects&) { DeleteIDs(context, unused); });
+        return unused;
+    }
+
+    void DeleteUnused() {
+        session_.Run([&](TContext& context, TSubjects&) { DeleteIDs(context, Unused()); });
         program_.HasWritten = true;
         deleted_ = true;
+    }
+
+    /// What is listed is what would be deleted.
+    void ExpectConsent() const {
+        const std::size_t count = program_.Yes || !options_.Delete ? 0 : Unused().size();
+        if (count == 0) return;
+        const char* text =
+            count == 1 ? "--delete deletes %d ID with its texts" : "--delete deletes %d IDs with their texts";
+        throw EBadInput("", 0, Format(text, count), "Say --yes to go on");
     }
 
     void Report() {
@@ -106,7 +121,7 @@ class TCheckRun {
             const bool isDeleted = deleted_ && IsUnused(bad);
             if (bad.Use.Kind != TIDUseKind::Used && !isDeleted) {
                 failing_ = true;
-                sarif.Add(bad);
+                if (!options_.Sarif.empty()) sarif.Add(bad);
             }
             if (program_.Json)
                 PrintJson(bad, checkedForms_[i], isDeleted);
@@ -168,14 +183,15 @@ void AddCheckCommand(CLI::App& app, TProgram& program) {
                    "  tmllang check Orchard.dproj\n"
                    "  tmllang check Orchard.dproj --form MainForm --json\n"
                    "  tmllang check Orchard.dproj --units\n"
-                   "  tmllang check Orchard.dproj --form MainForm --delete\n"
+                   "  tmllang check Orchard.dproj --form MainForm --delete --yes\n"
                    "  tmllang check Orchard.dproj --sarif ids.sarif --baseline ids.baseline");
     AddFormOptions(command, *options);
     CLI::Option* units = command->add_flag(
         "--units", options->Units, "The units without a form instead: their calls of forms' components");
     command
-        ->add_flag("--delete", options->Delete,
-                   "Deletes the IDs that are listed as unused from the components; the others stay")
+        ->add_flag(
+            "--delete", options->Delete,
+            "Deletes the IDs that are listed as unused from the components (with --yes); the others stay")
         ->excludes(units);
     command->add_option("--sarif", options->Sarif, "Also writes the findings into this file, as SARIF 2.1.0")
         ->type_name("FILE");
