@@ -39,7 +39,13 @@ void TDictionaryView::BindTable() {
     SetUpGrid(*this, *ui_->grEntries, model_, services_.Runner);
     BindFilter(*this, *ui_->filter, *ui_->grEntries, services_.Runner,
                [this](const std::string& text) { form_.SetFilter(text); });
-    binder_.Show([this] { ui_->filterCount->setText(FilterCount(*ui_->grEntries)); });
+    binder_.Show([this] {
+        // An entry that is led to may be one that was hidden.
+        const QSignalBlocker quiet(*ui_->filter);
+        const QString filter = ToQt(form_.grEntries.Filter());
+        if (ui_->filter->text() != filter) ui_->filter->setText(filter);
+        ui_->filterCount->setText(FilterCount(*ui_->grEntries));
+    });
 }
 
 void TDictionaryView::BindText(QPlainTextEdit& edit, const std::string& member,

@@ -6,6 +6,7 @@
 #include "desktop/Binder.h"
 #include "desktop/Gridmodel.h"
 #include "desktop/View.h"
+#include "setup/Dictionaryconflicts.h"
 #include "setup/Dictionaryform.h"
 
 class QPlainTextEdit;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <set>
 #include <utility>
 
 #include "base/Errors.h"
@@ -118,9 +119,9 @@ void TfrmFillDictionary::PlanForms() {
     TDictionaryFiller filler(dictionary_, fileName_, {cbLanguage.Text(), cbBase.Text(), cbTranslation.Text()},
                              Options);
     for (const TFormTables& form : forms_) {
-        std::string problem = form.Problem;
+        std::string problem = form.Problem + form.Hindrance;
         try {
-            if (problem.empty()) fills_.push_back(filler.Plan(form));
+            if (form.Problem.empty()) fills_.push_back(filler.Plan(form));
         } catch (const EBadInput& error) {
             problem = error.what();
         }
@@ -167,6 +168,29 @@ std::vector<TFormFills> TfrmFillDictionary::Taken() const {
         if (row.IsTaken) taken[row.Form].Fills.push_back(FillOf(row));
     std::erase_if(taken, [](const TFormFills& form) { return form.Fills.empty(); });
     return taken;
+}
+
+void TfrmFillDictionary::btFillClick() {
+    const std::vector<TFormFills> taken = Taken();
+    const TFailedFills failed = OnFill(taken);
+    for (const TFormFills& form : taken)
+        if (failed.count(form.FileName) == 0) filled_ += static_cast<int>(form.Fills.size());
+    if (failed.empty()) return Close(mrOk);
+    DropWritten(taken, failed);
+}
+
+/// The same options give the rows of the other forms again.
+void TfrmFillDictionary::DropWritten(const std::vector<TFormFills>& taken, const TFailedFills& failed) {
+    std::set<std::string> written;
+    for (const TFormFills& form : taken)
+        if (failed.count(form.FileName) == 0) written.insert(form.FileName);
+    std::erase_if(rows_, [&](const TRow& row) { return written.count(fills_[row.Form].FileName) > 0; });
+    std::erase_if(forms_, [&](const TFormTables& form) { return written.count(form.FileName) > 0; });
+    const std::vector<TRow> chosen = rows_;
+    OptionsChange();
+    for (std::size_t i = 0; i < chosen.size(); ++i)
+        rows_[i].IsTaken = chosen[i].IsTaken;
+    ShowStatus();
 }
 
 std::string TfrmFillDictionary::Cell(int index, int column) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,7 +33,9 @@ class TfrmFillDictionary : public TForm {
     TGrid grFills;
     TActions Actions;
     std::string Status;    ///< what is written, and what is not for which reason
-    std::string Problems;  ///< forms that cannot be filled and why, a line each
+    std::string Problems;  ///< forms that cannot be filled or written and why, a line each
+    /// Fills forms and tells of those that failed, which it gives.
+    std::function<TFailedFills(const std::vector<TFormFills>& taken)> OnFill;
 
     /// To be called when a box or an option has changed.
     void OptionsChange();
@@ -45,7 +49,10 @@ class TfrmFillDictionary : public TForm {
     /// What the person has taken, form by form.
     std::vector<TFormFills> Taken() const;
 
-    void btFillClick() { Close(mrOk); }
+    /// Fills what is taken and closes; a form that failed stays, with what was chosen for it.
+    void btFillClick();
+    /// How many translations btFillClick has filled.
+    int Filled() const { return filled_; }
     void btCancelClick() { Close(mrCancel); }
 
   private:
@@ -59,6 +66,7 @@ class TfrmFillDictionary : public TForm {
     /// The languages of the forms; the first one that the dictionary has is chosen.
     TChoiceBox LanguageBox() const;
     void PlanForms();
+    void DropWritten(const std::vector<TFormFills>& taken, const TFailedFills& failed);
     void SetTaken(bool taken);
     void ShowStatus();
     std::string Cell(int row, int column) const;
@@ -69,6 +77,7 @@ class TfrmFillDictionary : public TForm {
     std::string fileName_;
     std::vector<TFormFills> fills_;
     std::vector<TRow> rows_;
+    int filled_ = 0;
 };
 
 }  // namespace tml

@@ -5,10 +5,14 @@
 #include <numeric>
 #include <utility>
 
+#include "base/Counted.h"
 #include "base/Errors.h"
 #include "base/Format.h"
+#include "base/Utf8.h"
+#include "setup/Dictionaryconflicts.h"
 #include "setup/Dictionaryfillform.h"
 #include "setup/Dixtool.h"
+#include "tables/Dixfile.h"
 #include "translations/Formseries.h"
 #include "windows/Filedialogs.h"
 
@@ -22,24 +26,29 @@ constexpr std::array kDictionaryActions{
     TDictionaryAction{"acOpen", "&Open...", "Ctrl+O", &TfrmDictionary::acOpen, nullptr, "", "", true},
     TDictionaryAction{"acSave", "&Save", "Ctrl+S", &TfrmDictionary::acSave, nullptr, "", "", true},
     TDictionaryAction{"acSaveAs", "Save &as...", "", &TfrmDictionary::acSaveAs},
+    TDictionaryAction{"acUndo", "&Undo", "Ctrl+Z", &TfrmDictionary::acUndo, &TfrmDictionary::CanUndo, "", "",
+                      true},
+    TDictionaryAction{"acRedo", "R&edo", "Shift+Ctrl+Z", &TfrmDictionary::acRedo, &TfrmDictionary::CanRedo,
+                      "", "", true},
     TDictionaryAction{"acAddEntry", "Add &entry...", "Ins", &TfrmDictionary::acAddEntry, nullptr, "",
                       "Add entry"},
     TDictionaryAction{"acDeleteEntries", "&Delete", "Del", &TfrmDictionary::acDeleteEntries,
                       &TfrmDictionary::HasEntry, "Deletes the selected entries in all languages"},
-    TDictionaryAction{"acAddLanguage", "Add &language...", "", &TfrmDictionary::acAddLanguage},
+    TDictionaryAction{"acAddLanguage", "Add &language...", "", &TfrmDictionary::acAddLanguage, nullptr,
+                      "Adds a language", "Language"},
     TDictionaryAction{
         "acFill", "&Fill forms...", "Ctrl+F9", &TfrmDictionary::acFill, &TfrmDictionary::HasLanguages,
         "Fills a language of the selected forms, or of all, with a preview", "Fill forms", true},
     TDictionaryAction{"acLearn", "Lea&rn from forms", "", &TfrmDictionary::acLearn, nullptr,
-                      "Takes over what is translated in the selected forms, or in all"},
+                      "Takes over what is translated in the selected forms, or in all", "Learn"},
     TDictionaryAction{"acHelp", "&Help", "F1", nullptr, nullptr, "", "", true},
 };
 
 constexpr const char* kSelectDictionary = "Select dictionary...";
 constexpr const char* kDictionaryFilter = "XML dictionaries (*.dix)|*.dix";
 constexpr const char* kNoTranslatedForms = "None of the forms is translated.";
-
-enum TConflictColumn { ccLanguage, ccBase, ccTaken, ccOthers };
+constexpr const char* kTranslation = "translation";
+constexpr const char* kTranslations = "translations";
 
 template <typename TDialog>
 TDialog FileDialog(const std::string& current) {
@@ -60,15 +69,23 @@ std::string WithBreaksAs(const std::string& former, const std::string& text) {
     return paired;
 }
 
+std::string FailureText(const TFailedFills& failed) {
+    std::string text = "These forms are as they were and still listed:\r\n";
+    for (const auto& [file, problem] : failed)
+        text += "\r\n" + (problem.empty() ? file : problem);
+    return text;
+}
+
 std::string WithoutReturns(std::string text) {
     std::erase(text, '\r');
     return text;
 }
 
-/// Those that new components have.
-TStringList NewLanguages(const TSettingValues& settings) {
-    const TStringList names = SplitLangNames(settings.DefaultLangNames);
-    return names.Empty() ? TStringList({"English"}) : names;
+std::vector<TFormRow*> AllRows(TContext& context) {
+    std::vector<TFormRow*> rows;
+    for (const auto& row : context.Rows.Active().Items())
+        rows.push_back(row.get());
+    return rows;
 }
 
 std::vector<int> EntryNumbers(std::size_t count) {
@@ -82,8 +99,17 @@ std::vector<int> EntryNumbers(std::size_t count) {
 TfrmDictionary::TfrmDictionary(TContext& context, IDictionaryTool& tool) : context_(context), tool_(tool) {
     Name = "frmDictionary";
     ActiveControl = "grEntries";
-    ClientWidth = 760;
+    ClientWidth = 920;
     ClientHeight = 460;
+    SetUpGrid();
+    Actions.All = BindActions<TfrmDictionary>(*this, kDictionaryActions);
+    Actions.ToolBar = {"acNew", "acOpen",     "acSave",          "acSaveAs",      "", "acUndo", "acRedo",
+                       "",      "acAddEntry", "acDeleteEntries", "acAddLanguage", "", "acFill", "acLearn",
+                       "",      "acHelp"};
+    Actions.Popup = {"acUndo", "acRedo", "", "acAddEntry", "acDeleteEntries"};
+}
+
+void TfrmDictionary::SetUpGrid() {
     grEntries.Columns = {{.Caption = {}, .Width = 315, .MarksBlanks = true},
                          {.Caption = {}, .Width = 315, .MarksBlanks = true}};
     grEntries.EditColumn = 1;
@@ -93,23 +119,20 @@ TfrmDictionary::TfrmDictionary(TContext& context, IDictionaryTool& tool) : conte
                             : dictionary_.Entries[static_cast<std::size_t>(entry)].Text(language);
     };
     grEntries.OnEdit = [this](int entry, const std::string& text) {
+        history_.EndTyping();
         SetText(entry, cbTranslation.ItemIndex, text);
+        history_.EndTyping();
     };
     grEntries.OnChange = [this] { ShowEntry(); };
-    Actions.All = BindActions<TfrmDictionary>(*this, kDictionaryActions);
-    Actions.ToolBar = {"acNew",         "acOpen", "acSave", "acSaveAs", "", "acAddEntry", "acDeleteEntries",
-                       "acAddLanguage", "",       "acFill", "acLearn",  "", "acHelp"};
-    Actions.Popup = {"acAddEntry", "acDeleteEntries"};
-    Take({}, {});
 }
 
 // --- what is shown
 
 void TfrmDictionary::Take(TDictionary dictionary, const std::string& fileName) {
     dictionary_ = std::move(dictionary);
-    if (dictionary_.Languages.Empty()) dictionary_.Languages = NewLanguages(context_.Settings.Get());
+    if (dictionary_.Languages.Empty()) dictionary_.Languages = NewLanguages();
     FileName = fileName;
-    modified_ = false;
+    history_ = {};
     const auto settings = context_.Host.Runtime->mlLangProjectSettings;
     const int base = settings == nullptr ? -1 : dictionary_.LanguageOf(DictionaryBaseOf(*settings));
     cbLanguage.ItemIndex = std::max(base, 0);
@@ -118,8 +141,25 @@ void TfrmDictionary::Take(TDictionary dictionary, const std::string& fileName) {
     Tell({});
 }
 
+/// Those of the form with the most languages, else those of new components; the base language is called as
+/// the project's settings have it.
+TStringList TfrmDictionary::NewLanguages() const {
+    TStringList forms = LanguagesOf(context_, AllRows(context_));
+    if (forms.Empty()) forms = SplitLangNames(context_.Settings.Get().DefaultLangNames);
+    if (forms.Empty()) forms.Add("English");
+    const auto settings = context_.Host.Runtime->mlLangProjectSettings;
+    const std::string base = settings == nullptr ? std::string() : DictionaryBaseOf(*settings);
+    if (!base.empty()) forms.Set(0, base);
+    TDictionary named;
+    for (const std::string& name : forms)
+        named.NeedLanguage(name);
+    return named.Languages;
+}
+
 void TfrmDictionary::ListEntries() {
     cbLanguage.Items = cbTranslation.Items = dictionary_.Languages;
+    for (TChoiceBox* const box : {&cbLanguage, &cbTranslation})
+        box->ItemIndex = std::min(box->ItemIndex, dictionary_.Languages.Count() - 1);
     grEntries.Columns[0].Caption = cbLanguage.Text();
     grEntries.Columns[1].Caption = cbTranslation.Text();
     grEntries.Assign(EntryNumbers(dictionary_.Entries.size()));
@@ -132,22 +172,29 @@ void TfrmDictionary::cbLanguageChange() {
 
 void TfrmDictionary::ShowEntry() {
     const int entry = grEntries.Current();
+    history_.EndTypingUnless(entry);
     memText = entry < 0 ? std::string() : WithoutReturns(grEntries.Cell(entry, 0));
     memTranslation = entry < 0 ? std::string() : WithoutReturns(grEntries.Cell(entry, 1));
     Changed();
 }
 
-void TfrmDictionary::Tell(const std::string& notice) {
-    Caption = Format("Dictionary - %s%s", FileName.empty() ? std::string("new") : FileNameOf(FileName),
-                     modified_ ? " *" : "");
-    Status = Format("Entries: %d", dictionary_.Entries.size());
-    if (!notice.empty()) Status += ". " + notice;
-    Changed();
+void TfrmDictionary::Show(const std::vector<int>& entries, const std::string& notice) {
+    ListEntries();
+    // What was selected goes by places, which are those of others now.
+    grEntries.SelectOnly([](int) { return false; });
+    const auto isHidden = [this](int entry) { return grEntries.PlaceOf(entry) < 0; };
+    if (std::any_of(entries.begin(), entries.end(), isHidden)) grEntries.SetFilter("");
+    if (!entries.empty()) grEntries.SetCurrent(entries.front());
+    if (entries.size() > 1) grEntries.Select(entries);
+    Tell(notice);
 }
 
-void TfrmDictionary::Edited(const std::string& notice) {
-    modified_ = true;
-    Tell(notice);
+void TfrmDictionary::Tell(const std::string& notice) {
+    Caption = Format("Dictionary - %s%s", FileName.empty() ? std::string("new") : FileNameOf(FileName),
+                     IsModified() ? " *" : "");
+    Status = Counted(static_cast<std::int64_t>(dictionary_.Entries.size()), "entry", "entries");
+    if (!notice.empty()) Status += ". " + notice;
+    Changed();
 }
 
 // --- edits
@@ -157,9 +204,12 @@ void TfrmDictionary::SetText(int entry, int language, const std::string& text) {
     TDictionaryEntry& changed = dictionary_.Entries[static_cast<std::size_t>(entry)];
     const std::string former = changed.Text(language);
     if (text == WithoutReturns(former)) return;
+    history_.NoteTyping(dictionary_, entry, language);
     changed.SetText(language, WithBreaksAs(former, text));
     ShowEntry();
-    Edited();
+    const int first = text.empty() ? -1 : dictionary_.Find(language, changed.Text(language));
+    const bool isKnown = language == cbLanguage.ItemIndex && first >= 0 && first != entry;
+    Tell(isKnown ? "An entry above has this text, too: that one counts" : "");
 }
 
 void TfrmDictionary::memTextChange(const std::string& text) {
@@ -173,55 +223,60 @@ void TfrmDictionary::memTranslationChange(const std::string& text) {
 void TfrmDictionary::acAddEntry() {
     std::string text;
     if (!context_.Dialogs().InputQuery("Add Entry", cbLanguage.Text() + ":", text) || text.empty()) return;
+    if (const int present = dictionary_.Find(cbLanguage.ItemIndex, text); present >= 0)
+        return Show({present}, Format("\"%s\" is there already", text));
     TDictionaryEntry entry;
     entry.SetText(cbLanguage.ItemIndex, text);
-    dictionary_.Merge({entry});
-    ListEntries();
-    const auto& entries = dictionary_.Entries;
-    grEntries.SetCurrent(
-        static_cast<int>(std::find(entries.begin(), entries.end(), entry) - entries.begin()));
-    Edited();
+    const std::size_t place = dictionary_.PlaceFor(entry);
+    history_.Take(dictionary_, {dictionary_.Languages, {}, {{place, entry}}});
+    Show({static_cast<int>(place)});
 }
 
 void TfrmDictionary::acDeleteEntries() {
-    std::vector<bool> gone(dictionary_.Entries.size());
-    for (const int entry : grEntries.Affected())
-        gone[static_cast<std::size_t>(entry)] = true;
-    std::size_t entry = 0;
-    std::erase_if(dictionary_.Entries, [&](const TDictionaryEntry&) { return gone[entry++]; });
-    ListEntries();
-    Edited();
+    const std::vector<int> entries = grEntries.Affected();
+    std::vector<std::size_t> gone(entries.begin(), entries.end());
+    std::sort(gone.begin(), gone.end());
+    history_.Take(dictionary_, {dictionary_.Languages, gone, {}});
+    Show({}, Counted(static_cast<std::int64_t>(gone.size()), "entry is", "entries are") + " deleted");
 }
 
 void TfrmDictionary::acAddLanguage() {
     std::string name;
     if (!context_.Dialogs().InputQuery("Add Language", "Language:", name) || name.empty()) return;
-    const int languages = dictionary_.Languages.Count();
-    cbTranslation.ItemIndex = dictionary_.NeedLanguage(name);
-    ListEntries();
-    if (dictionary_.Languages.Count() > languages) return Edited();
-    Changed();
+    TDictionary named;
+    named.Languages = dictionary_.Languages;
+    cbTranslation.ItemIndex = named.NeedLanguage(name);
+    if (named.Languages != dictionary_.Languages) history_.Take(dictionary_, {named.Languages, {}, {}});
+    Show({});
 }
 
 // --- files
 
 void TfrmDictionary::Open(const std::string& fileName) {
+    if (fileName.empty()) return Take({}, {});
+    std::string problem;
     try {
-        Take(fileName.empty() ? TDictionary() : tool_.Load(fileName), fileName);
+        Take(tool_.Load(fileName), fileName);
+        const std::string note = NewerVersionNote(dictionary_, fileName);
+        if (!note.empty()) context_.Dialogs().MessageDlg(note, TMsgDlgType::mtWarning, {mrOk});
+        return;
     } catch (const EBadInput& error) {
-        Take({}, {});
-        context_.Dialogs().MessageDlg(error.what(), TMsgDlgType::mtError, {mrOk});
+        problem = error.what();
     }
+    const bool isNew = !SameText(ExtensionOf(fileName), ".dic") && !context_.Host.Files->Stat(fileName);
+    Take({}, isNew ? fileName : std::string());
+    if (isNew) return Tell(Format("%s is not there yet: \"Save\" makes it", fileName));
+    context_.Dialogs().MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
 }
 
 bool TfrmDictionary::MayLose() {
-    if (!modified_) return true;
+    if (!IsModified()) return true;
     const int answer = context_.Dialogs().MessageDlg("Save the changes of the dictionary?",
                                                      TMsgDlgType::mtConfirmation, {mrYes, mrNo, mrCancel});
     if (answer == mrYes) acSave();
     // Asked once, however often the window is about to close.
-    if (answer == mrNo) modified_ = false;
-    return !modified_;
+    if (answer == mrNo) history_.NoteSaved();
+    return !IsModified();
 }
 
 bool TfrmDictionary::FormCloseQuery() {
@@ -245,7 +300,10 @@ void TfrmDictionary::acSave() {
 }
 
 void TfrmDictionary::acSaveAs() {
-    auto dialog = FileDialog<TSaveDialog>(FileName);
+    const auto settings = context_.Host.Runtime->mlLangProjectSettings;
+    const bool hasProject = settings != nullptr && !settings->GetFileName().empty();
+    auto dialog = FileDialog<TSaveDialog>(
+        FileName.empty() && hasProject ? WithExtension(settings->GetFileName(), ".dix") : FileName);
     dialog.OverwritePrompt = true;
     if (context_.Dialogs().ShowModal(dialog) == mrOk) SaveTo(dialog.Files.front());
 }
@@ -258,7 +316,7 @@ void TfrmDictionary::SaveTo(const std::string& fileName) {
         return;
     }
     FileName = fileName;
-    modified_ = false;
+    history_.NoteSaved();
     Tell("Saved");
 }
 
@@ -266,89 +324,58 @@ void TfrmDictionary::SaveTo(const std::string& fileName) {
 
 std::vector<TFormRow*> TfrmDictionary::Rows() const {
     std::vector<TFormRow*> rows = SelectedRows(context_);
-    if (rows.empty())
-        for (const auto& row : context_.Rows.Active().Items())
-            rows.push_back(row.get());
-    return rows;
+    return rows.empty() ? AllRows(context_) : rows;
+}
+
+std::vector<TFormTables> TfrmDictionary::Forms() {
+    std::vector<TFormTables> forms = ReadForms(context_, Rows());
+    if (forms.empty()) context_.Dialogs().MessageDlg(kNoTranslatedForms, TMsgDlgType::mtInformation, {mrOk});
+    return forms;
 }
 
 void TfrmDictionary::acFill() {
+    std::vector<TFormTables> forms = Forms();
+    if (forms.empty()) return;
     const auto settings = context_.Host.Runtime->mlLangProjectSettings;
-    std::vector<TFormTables> forms = ReadForms(context_, Rows());
-    if (forms.empty()) {
-        context_.Dialogs().MessageDlg(kNoTranslatedForms, TMsgDlgType::mtInformation, {mrOk});
-        return;
-    }
     TfrmFillDictionary fill(std::move(forms), dictionary_, FileName, settings.get());
-    if (context_.Dialogs().ShowModal(fill) != mrOk) return;
-    const std::vector<TFormFills> taken = fill.Taken();
-    FillForms(context_, taken);
-    const auto count = [](std::size_t sum, const TFormFills& form) { return sum + form.Fills.size(); };
-    Tell(Format("Filled: %d", std::accumulate(taken.begin(), taken.end(), std::size_t{0}, count)));
+    fill.OnFill = [this](const std::vector<TFormFills>& taken) {
+        TFailedFills failed = FillForms(context_, taken);
+        if (!failed.empty()) context_.Dialogs().MessageDlg(FailureText(failed), TMsgDlgType::mtError, {mrOk});
+        return failed;
+    };
+    context_.Dialogs().ShowModal(fill);
+    if (fill.Filled() > 0) Tell("Filled: " + Counted(fill.Filled(), kTranslation, kTranslations));
 }
 
 void TfrmDictionary::acLearn() {
+    const std::vector<TFormTables> forms = Forms();
+    if (forms.empty()) return;
     const auto settings = context_.Host.Runtime->mlLangProjectSettings;
     const std::string base = settings == nullptr ? std::string() : DictionaryBaseOf(*settings);
     TDictionaryLearning learning;
     std::string problems;
-    for (const TFormTables& form : ReadForms(context_, Rows()))
+    for (const TFormTables& form : forms)
         if (form.Problem.empty())
             LearnForm(learning, form, base, {});
         else
             problems += (problems.empty() ? "" : "\r\n") + form.Problem;
+    const TDictionary before = dictionary_;
     TLearned learned = learning.Into(dictionary_, false);
+    if (learned.Added > 0) history_.Note(StepBack(dictionary_, before));
     cbTranslation.ItemIndex = std::max(cbTranslation.ItemIndex, HasLanguages() ? 1 : 0);
-    ListEntries();
-    const std::string notice = Format("Learned: %d, known: %d", learned.Added, learned.Known);
-    if (learned.Added > 0)
-        Edited(notice);
-    else
-        Tell(notice);
     if (!problems.empty()) context_.Dialogs().MessageDlg(problems, TMsgDlgType::mtError, {mrOk});
+    TellLearned(std::move(learned), forms.size());
+}
+
+void TfrmDictionary::TellLearned(TLearned learned, std::size_t forms) {
+    Show({}, Format("Learned from %s: %s, %s. Known before: %s",
+                    Counted(static_cast<std::int64_t>(forms), "form", "forms"),
+                    Counted(learned.Added, kTranslation, kTranslations),
+                    Counted(learned.Entries, "new entry", "new entries"),
+                    Counted(learned.Known, kTranslation, kTranslations)));
     if (learned.Conflicts.empty()) return;
     TfrmDictionaryConflicts conflicts(std::move(learned.Conflicts));
     context_.Dialogs().ShowModal(conflicts);
-}
-
-// --- conflicts
-
-TfrmDictionaryConflicts::TfrmDictionaryConflicts(std::vector<TLearnConflict> conflicts)
-    : conflicts_(std::move(conflicts)) {
-    Name = "frmDictionaryConflicts";
-    Caption = "Several Translations";
-    ActiveControl = "grConflicts";
-    ClientWidth = 720;
-    ClientHeight = 320;
-    lblConflicts =
-        "These texts are translated in more than one way. The dictionary has the translation that is taken; "
-        "how often the forms have each one stands behind it.";
-    grConflicts.Columns = {{.Caption = "Language", .Width = 90},
-                           {.Caption = "Text", .Width = 190, .MarksBlanks = true},
-                           {.Caption = "Taken", .Width = 190, .MarksBlanks = true},
-                           {.Caption = "In the forms", .Width = 230, .MarksBlanks = true}};
-    grConflicts.Cell = [this](int conflict, int column) { return Cell(conflict, column); };
-    grConflicts.OnChange = [this] { Changed(); };
-    grConflicts.Assign(EntryNumbers(conflicts_.size()));
-}
-
-std::string TfrmDictionaryConflicts::Cell(int index, int column) const {
-    const TLearnConflict& conflict = conflicts_[static_cast<std::size_t>(index)];
-    switch (column) {
-        case ccLanguage:
-            return conflict.Language;
-        case ccBase:
-            return conflict.Base;
-        case ccTaken:
-            return conflict.Taken;
-        case ccOthers:
-        default:
-            break;
-    }
-    std::string choices;
-    for (const TLearnedChoice& choice : conflict.Choices)
-        choices += Format("%s%s (%d)", choices.empty() ? "" : ", ", choice.Text, choice.Count);
-    return choices;
 }
 
 // --- the command

@@ -6,6 +6,7 @@
 #include "platform/Dictionarytool.h"
 #include "setup/Dictionaryforms.h"
 #include "setup/Dictionarymemory.h"
+#include "tables/Dictionarysteps.h"
 #include "windows/Actions.h"
 #include "windows/Boxes.h"
 #include "windows/Grid.h"
@@ -15,13 +16,13 @@ namespace tml {
 /// Shows and edits a dictionary: two of its languages side by side.
 class TfrmDictionary : public TForm {
   public:
-    /// Context and tool must outlive the window. Filled and learned from are the selected rows of the list in
-    /// front, without a selection all of them.
+    /// Context and tool must outlive the window, which shows nothing before Open. Filled and learned from are
+    /// the selected rows of the list in front, without a selection all of them.
     TfrmDictionary(TContext& context, IDictionaryTool& tool);
     TfrmDictionary(const TfrmDictionary&) = delete;
     TfrmDictionary& operator=(const TfrmDictionary&) = delete;
 
-    std::string FileName;      ///< "" for a new dictionary
+    std::string FileName;      ///< "" for a new dictionary without a name
     TChoiceBox cbLanguage;     ///< of the left column
     TChoiceBox cbTranslation;  ///< of the right column
     TGrid grEntries;           ///< a row an entry
@@ -31,12 +32,15 @@ class TfrmDictionary : public TForm {
     std::string Status;  ///< how many entries there are, and what came of the last command
 
     const TDictionary& Dictionary() const { return dictionary_; }
-    bool IsModified() const { return modified_; }
+    bool IsModified() const { return !history_.IsSaved(); }
+    bool CanUndo() const { return history_.CanUndo(); }
+    bool CanRedo() const { return history_.CanRedo(); }
     bool HasEntry() const { return grEntries.Current() >= 0; }
     bool HasLanguages() const { return dictionary_.Languages.Count() > 1; }
 
-    /// Loads a file; with "" a new dictionary with the languages of the forms begins. What is wrong with the
-    /// file is told, and a new dictionary begins, too.
+    /// Loads a file; with "" a new dictionary with the languages of the forms begins, as it does under the
+    /// name of a file that is not there. What is wrong with a file is told, and a new dictionary without a
+    /// name begins.
     void Open(const std::string& fileName);
     void SetFilter(const std::string& text) { grEntries.SetFilter(text); }
     void cbLanguageChange();
@@ -48,6 +52,9 @@ class TfrmDictionary : public TForm {
     void acOpen();
     void acSave();
     void acSaveAs();
+    void acUndo() { Show(history_.Undo(dictionary_)); }
+    void acRedo() { Show(history_.Redo(dictionary_)); }
+    /// A text that is there already leads to its entry.
     void acAddEntry();
     void acDeleteEntries();
     void acAddLanguage();
@@ -61,38 +68,26 @@ class TfrmDictionary : public TForm {
     bool FormCloseQuery() override;
 
   private:
+    void SetUpGrid();
     void Take(TDictionary dictionary, const std::string& fileName);
+    TStringList NewLanguages() const;
     void ListEntries();
     void ShowEntry();
+    /// Lists the entries anew, selects these and says what has come of it.
+    void Show(const std::vector<int>& entries, const std::string& notice = {});
     void SetText(int entry, int language, const std::string& text);
-    void Edited(const std::string& notice = {});
     void Tell(const std::string& notice);
     bool MayLose();
     void SaveTo(const std::string& fileName);
     std::vector<TFormRow*> Rows() const;
+    /// The forms of Rows that are translated; without one it is told.
+    std::vector<TFormTables> Forms();
+    void TellLearned(TLearned learned, std::size_t forms);
 
     TContext& context_;
     IDictionaryTool& tool_;
     TDictionary dictionary_;
-    bool modified_ = false;
-};
-
-/// Lists the texts that have several translations after learning.
-class TfrmDictionaryConflicts : public TForm {
-  public:
-    explicit TfrmDictionaryConflicts(std::vector<TLearnConflict> conflicts);
-    TfrmDictionaryConflicts(const TfrmDictionaryConflicts&) = delete;
-    TfrmDictionaryConflicts& operator=(const TfrmDictionaryConflicts&) = delete;
-
-    TGrid grConflicts;
-    std::string lblConflicts;
-
-    void btCloseClick() { Close(mrOk); }
-
-  private:
-    std::string Cell(int conflict, int column) const;
-
-    std::vector<TLearnConflict> conflicts_;
+    TDictionaryHistory history_;
 };
 
 /// The tool, created when it is asked for first: the external one, else the system's own.

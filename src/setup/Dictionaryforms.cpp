@@ -1,9 +1,11 @@
 #include "setup/Dictionaryforms.h"
 
-#include <map>
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "base/Errors.h"
+#include "core/Modules.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -11,23 +13,45 @@ namespace {
 
 constexpr const char* kFillTitle = "Fill from Dictionary";
 
-/// Of a language that can be filled or learned.
-int PlaceToFill(const TFormTables& form, const std::string& language) {
-    const int index = form.Languages.IndexOf(language);
-    if (index < 0)
-        throw EBadInput(form.FileName, 0, "the form has no language " + language,
-                        "It has " + form.Languages.CommaText());
-    if (index == 0)
-        throw EBadInput(form.FileName, 0, language + " is the form's base language",
-                        "Name one that it is translated to");
-    return index + 1;
-}
-
 /// Whether an entry stands where it was planned for.
 bool IsThere(const std::vector<TTable>& tables, const TDictionaryFill& fill) {
     const auto& entries = tables[static_cast<std::size_t>(fill.Table)].Entries();
     const auto index = static_cast<std::size_t>(fill.Entry);
     return index < entries.size() && entries[index].Key == fill.Key && entries[index].Base() == fill.Base;
+}
+
+void FillRow(TContext& context, TFormRow& row, const TFormFills& fills) {
+    // One that is open is saved by the person, later.
+    const bool wasOpen = IsFileOpen(context, row.FileName);
+    bool isDone = false;
+    WithTmlLang(context, row, TFormUse::Changes, [&](TmlCustomLang& lang) {
+        if (!wasOpen) ExpectWritable(context, row);
+        FillForm(lang, fills);
+        isDone = true;
+    });
+    if (!isDone) throw EBadInput(fills.FileName, 0, "the form has no localization component any more");
+}
+
+std::string ProblemOf(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const EBadInput& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TFormTables TryRead(TContext& context, TFormRow& row) {
+    TFormTables form{row.FormName, row.FileName, {}, {}};
+    const bool wasOpen = IsFileOpen(context, row.FileName);
+    const std::string problem = ProblemOf([&] {
+        WithTmlLang(context, row, TFormUse::Reads, [&](TmlCustomLang& lang) {
+            form = ReadForm(lang, row);
+            if (!wasOpen) form.Hindrance = ProblemOf([&] { ExpectWritable(context, row); });
+        });
+    });
+    form.Problem = problem;
+    return form;
 }
 
 }  // namespace
@@ -46,16 +70,36 @@ std::vector<TFormTables> ReadForms(TContext& context, const std::vector<TFormRow
         if (!context.Dialogs().ShowProgress("Reading forms...", done++, static_cast<int>(rows.size())))
             throw EmlLangSilent();
         if (!row->HasComponent()) continue;
-        TFormTables form{row->FormName, row->FileName, {}, {}};
-        try {
-            WithTmlLang(context, *row, TFormUse::Reads,
-                        [&](TmlCustomLang& lang) { form = ReadForm(lang, *row); });
-        } catch (const EBadInput& error) {
-            form.Problem = error.what();
-        }
+        TFormTables form = TryRead(context, *row);
         if (!form.Languages.Empty() || !form.Problem.empty()) forms.push_back(std::move(form));
     }
     return forms;
+}
+
+TStringList LanguagesOf(TContext& context, const std::vector<TFormRow*>& rows) {
+    const auto most = std::max_element(rows.begin(), rows.end(), [](const auto* one, const auto* two) {
+        return one->Component.NumLang < two->Component.NumLang;
+    });
+    if (most == rows.end() || !(*most)->HasComponent()) return {};
+    return TryRead(context, **most).Languages;
+}
+
+void ExpectWritable(TContext& context, const TFormRow& row) {
+    const std::string file = GetFormEditor(context, row.FormName)->GetFileName();
+    const auto info = context.Host.Files->Stat(file);
+    if (info && info->ReadOnly)
+        throw EBadInput(file, 0, "the file is read-only", "Make it writable, or leave the form out");
+}
+
+int PlaceToFill(const TFormTables& form, const std::string& language) {
+    const int index = form.Languages.IndexOf(language);
+    if (index < 0)
+        throw EBadInput(form.FileName, 0, "the form has no language " + language,
+                        "It has " + form.Languages.CommaText());
+    if (index == 0)
+        throw EBadInput(form.FileName, 0, language + " is the form's base language",
+                        "Name one that it is translated to");
+    return index + 1;
 }
 
 TDictionaryFiller::TDictionaryFiller(const TDictionary& dictionary, std::string fileName,
@@ -83,24 +127,33 @@ void FillForm(TmlCustomLang& lang, const TFormFills& fills) {
     lang.EditTables(tables);
 }
 
-void FillForms(TContext& context, const std::vector<TFormFills>& forms) {
+TFailedFills FillForms(TContext& context, const std::vector<TFormFills>& forms) {
+    TFailedFills failed;
     std::vector<TFormRow*> rows;
     std::map<std::string, const TFormFills*> byFile;
     for (const TFormFills& form : forms) {
         TFormRow* row = context.Rows.FormNames.FindFile(form.FileName);
         if (row == nullptr) row = context.Rows.ExternalFiles.FindFile(form.FileName);
-        if (row == nullptr || form.Fills.empty()) continue;
+        failed[form.FileName] = row == nullptr ? form.FileName + ": the form is not listed any more" : "";
+        if (row == nullptr) continue;
         rows.push_back(row);
         byFile[row->FileName] = &form;
     }
     const auto error = ForEachForm(
         context, kFillTitle, rows,
         [&](TFormRow& row) {
-            WithTmlLang(context, row, TFormUse::Changes,
-                        [&](TmlCustomLang& lang) { FillForm(lang, *byFile.at(row.FileName)); });
+            const TFormFills& form = *byFile.at(row.FileName);
+            try {
+                FillRow(context, row, form);
+                failed.erase(form.FileName);
+            } catch (const EBadInput& problem) {
+                failed[form.FileName] = problem.what();
+                throw;
+            }
         },
         nullptr, TOnFailure::GoOn);
-    if (error != nullptr) std::rethrow_exception(error);
+    if (failed.empty() && error != nullptr) std::rethrow_exception(error);
+    return failed;
 }
 
 void LearnForm(TDictionaryLearning& learning, const TFormTables& form, const std::string& base,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ struct TFormTables {
     std::string FileName;  ///< of the unit
     TStringList Languages;
     std::vector<TTable> Tables;
-    std::string Problem = {};  ///< why it could not be read, "" for nothing
+    std::string Problem = {};    ///< why it could not be read, "" for nothing
+    std::string Hindrance = {};  ///< why it cannot be written as things are, "" for nothing
 };
 
 /// The languages are those of the component's dispatcher where it has one.
@@ -23,6 +25,15 @@ TFormTables ReadForm(TmlCustomLang& lang, const TFormRow& row);
 /// The forms of rows with a component; a unit that is closed is opened meanwhile. Shows progress;
 /// EmlLangSilent where the person stops it.
 std::vector<TFormTables> ReadForms(TContext& context, const std::vector<TFormRow*>& rows);
+
+/// Of the row whose component has the most of them; none where no row has a component that can be read.
+TStringList LanguagesOf(TContext& context, const std::vector<TFormRow*>& rows);
+/// EBadInput where the form's file, which a command would write, is read-only. The form must be open.
+void ExpectWritable(TContext& context, const TFormRow& row);
+
+/// Of a language that can be filled or learned, 2 or more. EBadInput for one that the form has not, or that
+/// is its base language.
+int PlaceToFill(const TFormTables& form, const std::string& language);
 
 /// The languages by which a dictionary is asked.
 struct TDictionaryLanguages {
@@ -57,8 +68,10 @@ class TDictionaryFiller {
 
 /// Does what was planned; EBadInput where the form has changed since.
 void FillForm(TmlCustomLang& lang, const TFormFills& fills);
-/// The same of several forms, as one step of undo. A form that fails goes back by itself and ends it.
-void FillForms(TContext& context, const std::vector<TFormFills>& forms);
+/// Forms by the files of their units, with why they are as they were; "" where that is told already.
+using TFailedFills = std::map<std::string, std::string>;
+/// The same of several forms, as one step of undo. A form that fails goes back by itself, the others stand.
+TFailedFills FillForms(TContext& context, const std::vector<TFormFills>& forms);
 
 /// Takes the translations of a form into one of its languages, or ("") into all. base: what the dictionary
 /// calls the base language, "" for the form's name of it. EBadInput for a language that the form has not.

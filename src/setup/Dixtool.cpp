@@ -19,17 +19,20 @@ ICommandFiles& CommandFilesOf(TContext& context) {
 TDictionary TDixTool::Load(const std::string& fileName) {
     ExpectDix(fileName);
     const auto bytes = CommandFilesOf(context_).ReadFile(fileName);
+    // One that is made by then is somebody else's, too.
+    read_[fileName] = bytes.value_or("");
     if (!bytes)
         throw EFileError(fileName, 0, "there is no such dictionary",
                          "Choose another one, or let a new one learn from the forms");
-    TDictionary dictionary = ReadDix(*bytes, fileName);
-    read_[fileName] = *bytes;
-    return dictionary;
+    return ReadDix(*bytes, fileName);
 }
 
 void TDixTool::Save(const std::string& fileName, const TDictionary& dictionary) {
     ExpectDix(fileName);
     std::string bytes = WriteDix(dictionary, fileName);
+    const std::string folder = FolderOf(fileName);
+    if (!folder.empty() && !context_.Host.Files->Stat(folder))
+        throw EFileError(fileName, 0, "there is no folder " + folder, "Make it, or choose another one");
     ICommandFiles& files = CommandFilesOf(context_);
     const std::string present = files.ReadFile(fileName).value_or("");
     const auto read = read_.find(fileName);

@@ -35,6 +35,20 @@ int TDictionary::NeedLanguage(std::string_view name) {
     return Languages.Count() - 1;
 }
 
+std::size_t TDictionary::PlaceFor(const TDictionaryEntry& entry) const {
+    const auto next = std::find_if(Entries.begin(), Entries.end(), [&](const TDictionaryEntry& present) {
+        return ComesBefore(entry, present);
+    });
+    return static_cast<std::size_t>(next - Entries.begin());
+}
+
+int TDictionary::Find(int language, const std::string& text) const {
+    const auto found = std::find_if(Entries.begin(), Entries.end(), [&](const TDictionaryEntry& entry) {
+        return entry.Text(language) == text;
+    });
+    return found == Entries.end() ? -1 : static_cast<int>(found - Entries.begin());
+}
+
 void TDictionary::Merge(std::vector<TDictionaryEntry> entries) {
     std::stable_sort(entries.begin(), entries.end(), ComesBefore);
     std::vector<TDictionaryEntry> merged;

@@ -47,8 +47,11 @@ struct TDictionary {
     int LanguageOf(std::string_view name) const;
     /// The same; a name that is not there yet is appended.
     int NeedLanguage(std::string_view name);
-    /// Puts entries where they belong by the text in the first language; those that are there keep their
-    /// order.
+    /// Where (0-based) a new entry belongs by its text in the first language.
+    std::size_t PlaceFor(const TDictionaryEntry& entry) const;
+    /// The first entry with the text in a language, -1 where there is none.
+    int Find(int language, const std::string& text) const;
+    /// Puts entries where they belong; those that are there keep their order.
     void Merge(std::vector<TDictionaryEntry> entries);
 
     bool operator==(const TDictionary&) const = default;

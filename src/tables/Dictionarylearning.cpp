@@ -89,6 +89,7 @@ class TLearner {
         if (first != kNone) return At(first);
         index.emplace(base, dictionary_.Entries.size() + added_.size());
         added_.emplace_back().SetText(from, base);
+        ++learned_.Entries;
         return added_.back();
     }
 

@@ -25,9 +25,10 @@ struct TLearnConflict {
 
 /// What a dictionary has learned.
 struct TLearned {
-    int Added = 0;                          ///< texts
-    int Replaced = 0;                       ///< texts that were others
-    int Known = 0;                          ///< texts that it had
+    int Added = 0;                          ///< translations
+    int Replaced = 0;                       ///< translations that were others
+    int Known = 0;                          ///< translations that it had
+    int Entries = 0;                        ///< new ones, each with one or more of the translations
     std::vector<TLearnConflict> Conflicts;  ///< those of the most frequent texts first
 };
 

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <utility>
 
+#include "base/Encodings.h"
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Format.h"
@@ -27,7 +28,7 @@ constexpr const char* kChar = "CHAR";
 constexpr const char* kCode = "CODE";
 
 constexpr const char* kChoose = "Choose a dictionary, or repair the file";
-constexpr std::string_view kBom = "\xEF\xBB\xBF";
+constexpr std::string_view kUnreadable = "\xEF\xBF\xBD";  ///< in place of what cannot be decoded
 
 /// Every character counts, so that blanks alone are a text, too.
 constexpr unsigned kParsing = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata |
@@ -52,8 +53,9 @@ bool IsNumberIn(const char* text, int& number, int base = 10) {
 class TDixReader {
   public:
     TDixReader(const std::string& bytes, const std::string& fileName) : fileName_(fileName) {
-        text_ = bytes;
-        if (text_.starts_with(kBom)) text_.remove_prefix(kBom.size());
+        const TEncoding encoding = DetectEncoding(bytes, {});
+        text_ = std::string_view(bytes).substr(encoding.Bom.size());
+        if (encoding.Name.starts_with("UTF-16")) Recode(encoding);
     }
 
     TDictionary Read() {
@@ -72,8 +74,8 @@ class TDixReader {
 
   private:
     [[noreturn]] void FailAt(std::size_t offset, const std::string& problem) const {
-        const auto lines =
-            std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
+        const std::string_view before = text_.substr(0, offset);
+        const auto lines = std::count(before.begin(), before.end(), '\n');
         throw EBadInput(fileName_, static_cast<int>(lines) + 1, problem, kChoose);
     }
     [[noreturn]] void Fail(const pugi::xml_node& node, const std::string& problem) const {
@@ -81,15 +83,20 @@ class TDixReader {
         FailAt(offset < 0 ? 0 : static_cast<std::size_t>(offset), problem);
     }
 
+    void Recode(const TEncoding& encoding) {
+        const bool isText = Decode(encoding, text_, recoded_);
+        text_ = recoded_;
+        if (!isText) FailAt(text_.find(kUnreadable), Format("the dictionary is not in %s", encoding.Name));
+    }
+
     void Parse() {
         if (const std::size_t zero = text_.find('\0'); zero != std::string_view::npos)
-            FailAt(zero, "no dictionary: the file is no text");
+            FailAt(zero, "no dictionary: the file is binary, or in UTF-16 without a byte order mark");
         if (!IsValidUtf8(text_)) FailAt(FirstNonUtf8(), "the dictionary is not in UTF-8");
         const auto result = document_.load_buffer(text_.data(), text_.size(), kParsing, pugi::encoding_utf8);
         if (result.status == pugi::status_out_of_memory) throw std::bad_alloc();
         if (!result)
-            FailAt(std::min(static_cast<std::size_t>(result.offset), text_.size()),
-                   Format("no valid XML: %s", result.description()));
+            FailAt(static_cast<std::size_t>(result.offset), Format("no valid XML: %s", result.description()));
         for (const pugi::xml_node node : document_)
             if (node.type() == pugi::node_doctype)
                 Fail(document_.document_element(), "a dictionary has no document type");
@@ -187,6 +194,7 @@ class TDixReader {
     }
 
     const std::string& fileName_;
+    std::string recoded_;  ///< the text of a file in UTF-16
     std::string_view text_;
     pugi::xml_document document_;
     TDictionary dictionary_;
@@ -256,6 +264,14 @@ void ExpectDix(const std::string& fileName) {
 
 TDictionary ReadDix(const std::string& bytes, const std::string& fileName) {
     return TDixReader(bytes, fileName).Read();
+}
+
+std::string NewerVersionNote(const TDictionary& dictionary, const std::string& fileName) {
+    if (dictionary.Version <= kDictionaryVersion) return {};
+    return Format(
+        "%s: the dictionary is of version %d, this program knows version %d. It is read, what is newer in it "
+        "is passed over; it cannot be saved",
+        fileName, dictionary.Version, kDictionaryVersion);
 }
 
 std::string WriteDix(const TDictionary& dictionary, const std::string& fileName) {

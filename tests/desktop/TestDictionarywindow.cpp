@@ -55,7 +55,7 @@ TEST_F(TDictionaryDesk, LearnsFromAFormAndFillsItAgain) {
             Press(fill, "btFill");
         });
         ClickTool(window, "acFill");
-        EXPECT_TRUE(TextOf(window, "status").endsWith("Filled: 1"));
+        EXPECT_TRUE(TextOf(window, "status").endsWith("Filled: 1 translation"));
         User.ChooseFile("words");
         ClickTool(window, "acSave");
         Press(window, "btClose");

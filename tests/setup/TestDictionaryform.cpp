@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "setup/Dictionaryconflicts.h"
 #include "setup/Dictionaryfillform.h"
 #include "setup/Dictionaryform.h"
 #include "support/Expertfixture.h"
@@ -72,6 +73,133 @@ TEST_F(TDictionaryWindow, EntriesAreEditedAndSaved) {
         "<ENTRY>\n<TEXT LANGUAGE=\"English\">Go</TEXT>\n<TEXT LANGUAGE=\"German\">Auf</TEXT>\n</ENTRY>\n"
         "<ENTRY>\n<TEXT LANGUAGE=\"English\">Help&#9;</TEXT>\n<TEXT LANGUAGE=\"German\">Hil&#10;fe</TEXT>\n"
         "<TEXT LANGUAGE=\"Dutch\">Hulp</TEXT>\n</ENTRY>\n</DICTIONARY>\n");
+}
+
+TEST_F(TDictionaryWindow, EveryEditIsAStepThatIsTakenBackAndAgain) {
+    Dictionary([this](TfrmDictionary& window) {
+        const TDictionary before = window.Dictionary();
+        window.grEntries.Select({0, 1});
+        window.acDeleteEntries();
+        EXPECT_EQ(window.Status, "0 entries. 2 entries are deleted");
+        window.acUndo();
+        EXPECT_EQ(window.grEntries.SelectedCount(), 2);
+        EXPECT_FALSE(window.IsModified());
+        window.grEntries.Select({}, {0, 1});
+        window.grEntries.SetCurrent(1);
+        for (const char* typed : {"W", "Wi", "Wissen"})
+            window.memTranslationChange(typed);
+        window.grEntries.SetCurrent(0);
+        window.acDeleteEntries();
+        EXPECT_EQ(window.grEntries.SelectedCount(), 0) << "the next one is not selected with it";
+        User.OnInput("English:", "Help");
+        window.acAddEntry();
+        User.OnInput("Language:", "Dutch");
+        window.acAddLanguage();
+        window.grEntries.OnEdit(0, "Hulp");
+        User.OnWindow<TfrmDictionaryConflicts>(
+            "frmDictionaryConflicts", [](TfrmDictionaryConflicts& conflicts) { conflicts.btCloseClick(); });
+        window.acLearn();
+        const TDictionary after = window.Dictionary();
+        int steps = 0;
+        for (; window.CanUndo(); ++steps)
+            window.acUndo();
+        EXPECT_EQ(steps, 6);
+        EXPECT_EQ(window.Dictionary(), before);
+        EXPECT_FALSE(window.IsModified());
+        for (; window.CanRedo(); --steps)
+            window.acRedo();
+        EXPECT_EQ(window.Dictionary(), after);
+        EXPECT_EQ(steps, 0);
+        window.acSave();
+        window.acUndo();
+        EXPECT_TRUE(window.IsModified()) << "what is saved is ahead";
+        User.OnInput("English:", "Other");
+        window.acAddEntry();
+        window.acUndo();
+        EXPECT_TRUE(window.IsModified()) << "what is saved cannot be reached any more";
+        User.OnMessage("Save the changes of the dictionary?", mrNo);
+        window.btCloseClick();
+    });
+}
+
+TEST_F(TDictionaryWindow, ATextThatIsThereIsLedToAndNotAddedAgain) {
+    Dictionary([this](TfrmDictionary& window) {
+        window.SetFilter("Go");
+        User.OnInput("English:", "Known");
+        window.acAddEntry();
+        EXPECT_EQ(window.Status, "2 entries. \"Known\" is there already");
+        EXPECT_EQ(window.memText, "Known");
+        EXPECT_FALSE(window.IsModified());
+        window.memTextChange("Go");
+        EXPECT_EQ(window.Status, "2 entries. An entry above has this text, too: that one counts");
+        User.OnMessage("Save the changes of the dictionary?", mrNo);
+        window.btCloseClick();
+    });
+}
+
+TEST_F(TDictionaryWindow, OneThatIsNotThereYetIsMadeUnderTheNameThatTheProjectHas) {
+    Files.Files.erase("/p/d.dix");
+    Runtime->mlLangProjectSettings->SetOptionValue("DictionaryBaseLanguage", std::string("UK</LANGUAGE>"));
+    Dictionary([](TfrmDictionary& window) {
+        EXPECT_EQ(window.Caption, "Dictionary - d.dix");
+        EXPECT_EQ(window.Status, "0 entries. /p/d.dix is not there yet: \"Save\" makes it");
+        EXPECT_EQ(window.Dictionary().Languages, TStringList({"UK", "German", "French"}));
+        EXPECT_EQ(window.cbLanguage.Text() + window.cbTranslation.Text(), "UKGerman");
+        window.acLearn();
+        EXPECT_EQ(window.Status,
+                  "1 entry. Learned from 1 form: 2 translations, 1 new entry. Known before: 0 translations");
+        window.acSave();
+        window.btCloseClick();
+    });
+    EXPECT_NE(Saved("/p/d.dix").find("<TEXT LANGUAGE=\"UK\">Known</TEXT>"), std::string::npos);
+}
+
+TEST_F(TDictionaryWindow, OneOfANewerVersionIsShownWithAWarning) {
+    Put("/p/d.dix", std::string(kDictionary).replace(std::string(kDictionary).find('1'), 1, "9"));
+    User.OnMessage(
+        "/p/d.dix: the dictionary is of version 9, this program knows version 1. It is read, what is newer "
+        "in it is "
+        "passed over; it cannot be saved");
+    Dictionary([](TfrmDictionary& window) {
+        EXPECT_EQ(window.grEntries.Rows().size(), 2U);
+        window.btCloseClick();
+    });
+}
+
+TEST_F(TDictionaryWindow, AFormThatCannotBeWrittenKeepsItsChoicesWhileOthersAreFilled) {
+    PutForm(1,
+            "  object mlLang1: TmlLang\n    NumOfLanguages = 2\n    LangNames.Strings = (\n"
+            "      'English'\n      'German')\n    Strings.Strings = (\n"
+            "      'IDS_0\x01Go\x01Go')\n  end\n");
+    Expert->RunItemClick();
+    const std::string readOnly =
+        "/p/Unit2.dfm: the file is read-only. Make it writable, or leave the form out";
+    Files.ReadOnlyFiles = {"/p/Unit2.dfm"};
+    Dictionary([&](TfrmDictionary& window) {
+        User.OnWindow<TfrmFillDictionary>("frmFillDictionary", [&](TfrmFillDictionary& fill) {
+            EXPECT_EQ(fill.Problems, readOnly);
+            fill.Options.ForceEmpties = true;
+            fill.OptionsChange();
+            ASSERT_EQ(fill.grFills.Rows().size(), 3U);
+            EXPECT_EQ(fill.grFills.Text(0, dfForm) + fill.grFills.Text(0, dfKey), "Form2Button1.Caption");
+            fill.grFills.SetCurrent(0);
+            fill.acLeaveOut();
+            User.OnMessage("These forms are as they were and still listed:\r\n\r\n" + readOnly);
+            fill.btFillClick();
+            ASSERT_EQ(fill.ModalResult, mrNone);
+            ASSERT_EQ(fill.grFills.Rows().size(), 2U);
+            EXPECT_EQ(fill.Taken()[0].Fills[0].Key, "IDS_1") << "what was left out is still";
+            EXPECT_NE(Files.Files["/p/Unit1.dfm"].find("'IDS_0'#1'Go'#1'Los'"), std::string::npos);
+            Files.ReadOnlyFiles = {};
+            fill.btFillClick();
+            EXPECT_EQ(fill.ModalResult, mrOk);
+        });
+        window.acFill();
+        EXPECT_EQ(window.Status, "2 entries. Filled: 2 translations");
+        window.btCloseClick();
+    });
+    EXPECT_TRUE(FormHas("Button1.Caption\x01GO\x01GO"));
+    EXPECT_TRUE(FormHas("'IDS_1'#1'Go'#1'Los'"));
 }
 
 TEST_F(TDictionaryWindow, FillsFormsWithWhatIsTakenAsOneStep) {

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "base/Encodings.h"
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "tables/Accelerators.h"
 #include "tables/Dictionaryfill.h"
 #include "tables/Dictionarylearning.h"
+#include "tables/Dictionarysteps.h"
 #include "tables/Dixfile.h"
 #include "tables/States.h"
 
@@ -78,9 +80,9 @@ TEST(Dixfile, SaysWhatIsWrongAndWhere) {
     } cases[] = {
         {"", 1, "no valid XML"},
         {"object Form1: TForm1", 1, "no valid XML"},
-        {std::string("TPF0\0\x05", 6), 1, "the file is no text"},
+        {std::string("TPF0\0\x05", 6), 1, "the file is binary"},
         {"<DICTIONARY VERSION=\"1\">\n\xE4", 2, "not in UTF-8"},
-        {"\xFF\xFE<", 1, "not in UTF-8"},
+        {std::string("\xFF\xFE<\0\n\0\0\xDC", 8), 2, "not in UTF-16LE"},
         {"<Project/>", 1, "the root element is not \"DICTIONARY\""},
         {"<!DOCTYPE a>\n<DICTIONARY VERSION=\"1\"/>", 2, "no document type"},
         {"\n<DICTIONARY/>", 2, "names no version"},
@@ -111,10 +113,22 @@ TEST(Dixfile, SaysWhatIsWrongAndWhere) {
         }
 }
 
+TEST(Dixfile, Utf16IsReadAndBecomesUtf8) {
+    const TDictionary dictionary = DictionaryOf({{"Open", "\u00d6ffnen \U0001F600"}});
+    const std::string bytes = WriteDix(dictionary, "a.dix");
+    for (const TEncoding& encoding : {TEncoding{"UTF-16LE", "\xFF\xFE"}, TEncoding{"UTF-16BE", "\xFE\xFF"}}) {
+        std::string wide = encoding.Bom;
+        ASSERT_TRUE(Encode(encoding, bytes, wide));
+        EXPECT_EQ(WriteDix(ReadDix(wide, "a.dix"), "a.dix"), bytes);
+    }
+}
+
 TEST(Dixfile, ANewerVersionIsReadAndNotWritten) {
     std::string bytes = std::string(kHead) + "</DICTIONARY>\n";
-    bytes.replace(bytes.find("VERSION=\"1\""), 11, "VERSION=\"2\"");
+    EXPECT_EQ(NewerVersionNote(ReadDix(bytes, "a.dix"), "a.dix"), "");
+    bytes.replace(bytes.find("VERSION=\"1\""), 11, "VERSION=\"9\"");
     const TDictionary dictionary = ReadDix(bytes, "a.dix");
+    EXPECT_EQ(NewerVersionNote(dictionary, "a.dix").find("a.dix: the dictionary is of version 9"), 0U);
     EXPECT_EQ(dictionary.Languages.Count(), 2);
     EXPECT_THROW(WriteDix(dictionary, "a.dix"), EBadInput);
 }
@@ -256,9 +270,14 @@ TEST(Dictionarylearning, TheMostFrequentTranslationIsTaken) {
                   2, "English", "German");
     TDictionary dictionary = DictionaryOf({{"Name", "Bezeichnung"}, {"Close", ""}, {"Open", "\u00d6ffnen"}});
     TDictionary replaced = dictionary;
+    const TDictionary before = dictionary;
     const TLearned learned = learning.Into(dictionary, false);
     EXPECT_EQ(TextsOf(dictionary), "Name=Bezeichnung; Close=Zu; OK=OK; Open=\u00d6ffnen");
+    TDictionary back = dictionary;
+    EXPECT_EQ(TakeStep(back, StepBack(dictionary, before)).Gone, (std::vector<std::size_t>{1}));
+    EXPECT_EQ(back, before);
     EXPECT_EQ(learned.Added, 2);
+    EXPECT_EQ(learned.Entries, 1);
     EXPECT_EQ(learned.Known, 1);
     ASSERT_EQ(learned.Conflicts.size(), 2U);
     EXPECT_EQ(learned.Conflicts[0].Base, "Open");
