@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <numeric>
 
 #include "base/Errors.h"
 #include "cli/Checkcommand.h"
@@ -14,6 +13,7 @@
 #include "cli/Formscommand.h"
 #include "cli/Idcommands.h"
 #include "cli/Insertcommands.h"
+#include "cli/Nearestword.h"
 #include "cli/Phrasecommands.h"
 #include "cli/Pseudocommand.h"
 #include "cli/Replacecommand.h"
@@ -67,35 +67,11 @@ constexpr const char* kFooter =
     "Exit code: 0 done, 1 findings, 2 bad input or usage, 3 done in part.\n"
     "\"tmllang help COMMAND\" explains a command and gives examples.";
 
-/// How many letters have to be put in, taken out or changed to make one word of the other.
-std::size_t Distance(const std::string& left, const std::string& right) {
-    std::vector<std::size_t> row(right.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : left) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < right.size(); ++j) {
-            const std::size_t changed = diagonal + (letter == right[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 std::vector<std::string> CommandNames(const CLI::App& app) {
     std::vector<std::string> names;
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
         names.push_back(command->get_name());
     return names;
-}
-
-/// The command that was most likely meant, "" where none is near.
-std::string NearestCommand(const CLI::App& app, const std::string& word) {
-    const auto names = CommandNames(app);
-    const auto nearest = std::min_element(names.begin(), names.end(), [&](const auto& one, const auto& two) {
-        return Distance(word, one) < Distance(word, two);
-    });
-    return Distance(word, *nearest) <= (word.size() + 2) / 3 ? *nearest : std::string();
 }
 
 }  // namespace
@@ -164,7 +140,7 @@ std::optional<int> TCommandLine::Parse(int argc, const char* const* argv) {
 }
 
 EBadInput TCommandLine::UnknownCommand(const std::string& word) const {
-    const std::string nearest = NearestCommand(app_, word);
+    const std::string nearest = NearestWord(CommandNames(app_), word);
     return {"", 0, "there is no command " + word,
             nearest.empty() ? kListsCommands : "Did you mean " + nearest + "?"};
 }

@@ -4,15 +4,20 @@
 #include <memory>
 #include <optional>
 #include <sstream>
+#include <utility>
+#include <vector>
 
+#include "base/Counted.h"
 #include "base/Errors.h"
 #include "base/Folderindex.h"
 #include "base/Format.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "cli/Nearestword.h"
 #include "cli/Shownpath.h"
 #include "cli/Terminal.h"
 #include "setup/Dictionaryform.h"
+#include "tables/Dixfile.h"
 #include "tables/States.h"
 
 namespace tml {
@@ -80,12 +85,41 @@ class TDictionaryRun {
         if (languages_.Language.empty())
             throw EBadInput("", 0, "no language is named", "Say --language with the one to be filled");
         const TDictionary dictionary = tool_.Load(file_);
+        if (const std::string note = NewerVersionNote(dictionary, file_); !note.empty()) PrintMessage(note);
         TDictionaryFiller filler(dictionary, file_, languages_, lookUp_);
         ChangeEachTmlLang(session_, options_, "Dictionary", [&](TFormRow& row, TmlCustomLang& lang) {
-            const TFormFills fills = filler.Plan(ReadForm(lang, row));
+            const TFormTables form = ReadForm(lang, row);
+            if (!HasLanguage(form)) return;
+            const TFormFills fills = filler.Plan(form);
+            if (!fills.Fills.empty()) ExpectWritable(session_.Context(), row);
             FillForm(lang, fills);
             Print(fills);
         });
+        TellWhatLacksTheLanguage();
+    }
+
+    /// A form without the language is told of in the end: where none has it, once is enough.
+    bool HasLanguage(const TFormTables& form) {
+        for (int i = 1; i < form.Languages.Count(); ++i)
+            if (known_.IndexOf(form.Languages[i]) < 0) known_.Add(form.Languages[i]);
+        try {
+            PlaceToFill(form, languages_.Language);
+        } catch (const EBadInput& error) {
+            lacking_.emplace_back(form.FormName, error);
+            return false;
+        }
+        return true;
+    }
+
+    void TellWhatLacksTheLanguage() {
+        if (!lacking_.empty() && known_.IndexOf(languages_.Language) < 0) {
+            const std::string nearest = NearestWord(known_.Items(), languages_.Language);
+            throw EBadInput("", 0, "none of the forms is translated to " + languages_.Language,
+                            nearest.empty() ? "Their languages are " + known_.CommaText()
+                                            : "Did you mean " + nearest + "?");
+        }
+        for (const auto& [formName, error] : lacking_)
+            session_.Attempt(formName, [&] { throw EBadInput(error); });
     }
 
     void Print(const TFormFills& form) {
@@ -128,8 +162,11 @@ class TDictionaryRun {
         if (program_.Files->Stat(file_)) dictionary = tool_.Load(file_);
         TDictionaryLearning learning;
         ForEachTmlLang(session_, options_, [&](TFormRow& row, TmlCustomLang& lang) {
-            LearnForm(learning, ReadForm(lang, row), languages_.Base, languages_.Language);
+            const TFormTables form = ReadForm(lang, row);
+            if (languages_.Language.empty() || HasLanguage(form))
+                LearnForm(learning, form, languages_.Base, languages_.Language);
         });
+        TellWhatLacksTheLanguage();
         const TLearned learned = learning.Into(dictionary, options_.Replaces);
         if (learned.Added + learned.Replaced > 0) tool_.Save(file_, dictionary);
         for (const TLearnConflict& conflict : learned.Conflicts)
@@ -155,14 +192,16 @@ class TDictionaryRun {
         const auto conflicts = static_cast<std::int64_t>(learned.Conflicts.size());
         if (!program_.Json) {
             report_ << ShownPath(file_) << ": "
-                    << Format("%d added, %d replaced, %d known, %d with several translations\n",
-                              learned.Added, learned.Replaced, learned.Known, conflicts);
+                    << Format("%s added, %s; %d replaced, %d known; %s several translations\n",
+                              Counted(learned.Added, "translation", "translations"),
+                              Counted(learned.Entries, "new entry", "new entries"), learned.Replaced,
+                              learned.Known, Counted(conflicts, "text has", "texts have"));
             return;
         }
         TJsonLine line(report_);
         line.Text("kind", "learned").Text("file", file_).Number("added", learned.Added);
-        line.Number("replaced", learned.Replaced).Number("known", learned.Known);
-        line.Number("conflicts", conflicts);
+        line.Number("entries", learned.Entries).Number("replaced", learned.Replaced);
+        line.Number("known", learned.Known).Number("conflicts", conflicts);
     }
 
     TProgram& program_;
@@ -173,7 +212,9 @@ class TDictionaryRun {
     IDictionaryTool& tool_;
     TDictionaryOptions lookUp_;
     std::string file_;
-    std::ostringstream report_;  ///< told when the files are written, not before
+    TStringList known_;                                       ///< languages that forms are translated to
+    std::vector<std::pair<std::string, EBadInput>> lacking_;  ///< names of forms without the language
+    std::ostringstream report_;                               ///< told when the files are written, not before
 };
 
 void AddLookUpOptions(CLI::App& command, TLookUpOptions& options) {
@@ -214,8 +255,10 @@ void AddDictionaryCommand(CLI::App& app, TProgram& program) {
     AddLookUpOptions(*command, options->LookUp);
     command->add_flag("--replace", options->Replaces,
                       "learn: the forms' translations replace differing ones of the dictionary");
-    command->add_flag("--dry-run", options->DryRun, "List what would be written; write nothing");
-    command->add_flag("--patch", options->Patch, "Print the change for git apply; write nothing");
+    CLI::Option* const dryRun =
+        command->add_flag("--dry-run", options->DryRun, "List what would be written; write nothing");
+    command->add_flag("--patch", options->Patch, "Print the change for git apply; write nothing")
+        ->excludes(dryRun);
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TDictionaryRun(shared, *options).Run(); };
     });
