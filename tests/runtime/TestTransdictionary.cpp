@@ -48,7 +48,8 @@ struct TTransDictionary : TExpertFixture, testing::Test {
 TEST_F(TTransDictionary, AsksAndFillsWhatIsShownAsOneStep) {
     Settings("DefaultDictionary=d.dix\nDictionarySkipAmpersands=1\nDictionaryForceEmpties=1\n");
     const std::string question =
-        "Fill from the dictionary d.dix?\r\n\r\nLetter case: counts\r\nAccelerators: ignored\r\n"
+        "Fill 3 translations from the dictionary d.dix?\r\n\r\n&Open: &Auf\r\nGo: Los\r\nOpen: Auf\r\n\r\n"
+        "Letter case: counts\r\nAccelerators: ignored\r\n"
         "Texts of several lines: as a whole\r\nExisting translations: stay\r\nEmpty translations: "
         "filled\r\n\r\n"
         "\"Project Settings...\" changes this.";
