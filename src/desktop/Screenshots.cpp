@@ -62,6 +62,11 @@ class TPictures {
     void TakeChoosers();
 
   private:
+    void TakeWorkbench();
+    void TakeReview();
+    void TakeRewritten();
+    void TakeHelp();
+    void TakeMessages();
     void TakeWizard();
     void TakeOptions();
     void TakeProjectSettings();
@@ -407,7 +412,7 @@ void TPictures::TakeTranslationFiles() {
     RunCommand("SaveProjectProperties");
 }
 
-void TPictures::TakeAll() {
+void TPictures::TakeWorkbench() {
     SelectForm("MainForm");
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 30); });
     Take(*window_, "workbench");
@@ -416,8 +421,10 @@ void TPictures::TakeAll() {
         dialog.close();
     });
     RunCommand("Languages");
-    TakeWizard();
-    TakeChoosers();
+}
+
+/// The replace is confirmed.
+void TPictures::TakeReview() {
     steps_.push_back([this](QWidget& review) {
         auto& table = *review.findChild<QTableView*>("sgStrings");
         table.setCurrentIndex(table.model()->index(4, 1));
@@ -442,24 +449,45 @@ void TPictures::TakeAll() {
     });
     SelectForm("MainForm");
     RunCommand("SourceWithForm");
+}
+
+void TPictures::TakeRewritten() {
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/Main.pas"), 78); });
     Take(*window_, "rewritten");
     window_->Runner().Run([this] { window_->Tabs().ShowForm(Path("orchard/Main.pas")); });
     window_->findChild<QAction*>("showText")->trigger();
     Take(*window_, "formtext");
-    TakeOptions();
-    TakeProjectSettings();
-    TakeExternalFiles();
-    TakeTranslationFiles();
+}
+
+void TPictures::TakeHelp() {
     window_->HelpContents();
-    Take(*window_->findChild<THelp*>("help"), "help");
-    window_->findChild<THelp*>("help")->close();
+    auto& help = *window_->findChild<THelp*>("help");
+    Take(help, "help");
+    help.close();
+}
+
+void TPictures::TakeMessages() {
     window_->SaveAll();
     std::filesystem::remove(Path("orchard/units/Pricing.pas"));
     window_->ReloadProject();
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
     window_->Find();
     Take(*window_, "messages");
+}
+
+/// In this order: what is changed for one picture is seen in those behind it.
+void TPictures::TakeAll() {
+    TakeWorkbench();
+    TakeWizard();
+    TakeChoosers();
+    TakeReview();
+    TakeRewritten();
+    TakeOptions();
+    TakeProjectSettings();
+    TakeExternalFiles();
+    TakeTranslationFiles();
+    TakeHelp();
+    TakeMessages();
     TakeFormViews();
     TakeDesigner();
     TakeTranslations();

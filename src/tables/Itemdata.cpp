@@ -86,13 +86,6 @@ std::string Bracketed(std::size_t index) {
     return '[' + std::to_string(index) + ']';
 }
 
-/// What differs between the versions of a list view's new layout.
-struct TWideList {
-    std::size_t DataOfItem;
-    std::size_t DataOfSubItem;
-};
-constexpr std::array kWideLists = {TWideList{4, 4}, TWideList{4, 0}, TWideList{0, 0},
-                                   TWideList{8, 8}, TWideList{8, 0}, TWideList{0, 4}};
 /// The bytes in front of a node's text in the new layout; the number of children is the last 32-bit one.
 constexpr std::array<std::size_t, 6> kWideNodeHeads = {28, 29, 32, 33, 36, 37};
 
@@ -100,35 +93,31 @@ constexpr std::array<std::size_t, 6> kWideNodeHeads = {28, 29, 32, 33, 36, 37};
 
 class TItemReader {
   public:
+    /// What differs between the layouts of a list view.
+    struct TListLayout {
+        std::size_t SizeField;  ///< offset of the size, with the count behind it
+        std::size_t ItemHead;   ///< the bytes of an item in front of its texts
+        TItemData::TCoding Coding;
+        std::size_t DataOfSubItem;  ///< bytes behind its text
+    };
+    static constexpr TListLayout kLclList = {0, 16, TItemData::TCoding::Bytes32, 0};
+    static constexpr TListLayout kOldList = {0, 20, TItemData::TCoding::Bytes8, 0};
+    static constexpr auto kWide = TItemData::TCoding::Wide8;
+    static constexpr TListLayout kWideLists[] = {{1, 24, kWide, 4}, {1, 24, kWide, 0}, {1, 20, kWide, 0},
+                                                 {1, 28, kWide, 8}, {1, 28, kWide, 0}, {1, 20, kWide, 4}};
+
     TItemReader(TItemData& data, std::string_view bytes) : data_(data), bytes_(bytes) {}
 
-    void LclList() {
-        const std::size_t count = Head(0);
+    void List(const TListLayout& layout) {
+        Skip(layout.SizeField + 4);
+        const std::size_t count = Number();
         for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t subItems = SubItemsBehind(16);
-            Caption(i, 0, TItemData::TCoding::Bytes32);
-            SubItems(i, subItems, 0, TItemData::TCoding::Bytes32, 0);
-        }
-        End(images_);
-    }
-
-    void OldList() {
-        const std::size_t count = Head(0);
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t subItems = SubItemsBehind(20);
-            Caption(i, 0, TItemData::TCoding::Bytes8);
-            SubItems(i, subItems, 0, TItemData::TCoding::Bytes8, 0);
-        }
-        End(images_);
-    }
-
-    void WideList(const TWideList& layout) {
-        Skip(1);
-        const std::size_t count = Head(1);
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t subItems = SubItemsBehind(20 + layout.DataOfItem);
-            Caption(i, 1, TItemData::TCoding::Wide8);
-            SubItems(i, subItems, 1, TItemData::TCoding::Wide8, layout.DataOfSubItem);
+            const std::size_t subItems = SubItemsBehind(layout.ItemHead);
+            Text(Bracketed(i) + ".Caption", layout.SizeField, layout.Coding);
+            for (std::size_t j = 0; j < subItems; ++j) {
+                Text(Bracketed(i) + ".SubItems" + Bracketed(j), layout.SizeField, layout.Coding);
+                Skip(layout.DataOfSubItem);
+            }
         }
         End(images_);
     }
@@ -164,28 +153,11 @@ class TItemReader {
     void Skip(std::size_t count) { Take(count); }
     std::size_t Number() { return NumberAt(Take(4), 0); }
 
-    /// The size, which stands at an offset, and the count of items behind it.
-    std::size_t Head(std::size_t sizeAt) {
-        pos_ = sizeAt;
-        Skip(4);
-        return Number();
-    }
     /// The number stands fourth in what an item has in front of its texts.
     std::size_t SubItemsBehind(std::size_t head) {
         const std::size_t count = NumberAt(Take(head), 12);
         images_ += count;
         return count;
-    }
-
-    void Caption(std::size_t item, std::size_t sizeField, TItemData::TCoding coding) {
-        Text(Bracketed(item) + ".Caption", sizeField, coding);
-    }
-    void SubItems(std::size_t item, std::size_t count, std::size_t sizeField, TItemData::TCoding coding,
-                  std::size_t data) {
-        for (std::size_t i = 0; i < count; ++i) {
-            Text(Bracketed(item) + ".SubItems" + Bracketed(i), sizeField, coding);
-            Skip(data);
-        }
     }
 
     void Text(std::string place, std::size_t sizeField, TItemData::TCoding coding) {
@@ -251,15 +223,16 @@ std::optional<TItemData> TItemData::Read(std::string_view property, std::string_
     empty.bytes_ = bytes;
     const auto as = [&](auto layout) { return Try(empty, bytes, layout); };
     std::optional<TItemData> data;
-    if (SameText(property, "Items.LazData")) return as([](TItemReader& reader) { reader.LclList(); });
+    if (SameText(property, "Items.LazData"))
+        return as([](TItemReader& reader) { reader.List(TItemReader::kLclList); });
     if (SameText(property, "Items.Data")) {
         if (!data) data = as([](TItemReader& reader) { reader.LclTree(); });
         if (!data) data = as([](TItemReader& reader) { reader.OldTree(); });
-        if (!data) data = as([](TItemReader& reader) { reader.OldList(); });
+        if (!data) data = as([](TItemReader& reader) { reader.List(TItemReader::kOldList); });
     }
     if (SameText(property, "Items.ItemData"))
-        for (const TWideList& layout : kWideLists)
-            if (!data) data = as([&](TItemReader& reader) { reader.WideList(layout); });
+        for (const auto& layout : TItemReader::kWideLists)
+            if (!data) data = as([&](TItemReader& reader) { reader.List(layout); });
     if (SameText(property, "Items.NodeData"))
         for (const std::size_t head : kWideNodeHeads)
             if (!data) data = as([&](TItemReader& reader) { reader.WideTree(head); });
