@@ -19,7 +19,11 @@
 namespace tml {
 namespace {
 
+#ifdef _WIN32
+constexpr const char* kDrawProgram = "tmllang-draw-form.exe";
+#else
 constexpr const char* kDrawProgram = "tmllang-draw-form";
+#endif
 
 struct TPictureOptions {
     std::string Project;

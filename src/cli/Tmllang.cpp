@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "base/Binarystreams.h"
 #include "base/Diskfiles.h"
 #include "base/Errors.h"
 #include "cli/Commandline.h"
@@ -72,5 +73,6 @@ int RunProgram(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
+    tml::MakeStreamsBinary();
     return tml::RunProgram(argc, argv);
 }

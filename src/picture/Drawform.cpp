@@ -7,6 +7,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "base/Binarystreams.h"
 #include "base/Errors.h"
 #include "forms/Formtree.h"
 #include "picture/Formmeasure.h"
@@ -53,6 +54,7 @@ void TellFatal(QtMsgType type, const QMessageLogContext&, const QString& text) {
 }  // namespace tml
 
 int main(int argc, char** argv) {
+    tml::MakeStreamsBinary();
     qInstallMessageHandler(tml::TellFatal);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
