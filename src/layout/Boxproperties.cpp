@@ -201,4 +201,10 @@ void ReadBoxProperties(TLayoutBox& box) {
     }
 }
 
+const TFormValue* FindIn(const std::vector<TFormProperty>& item, std::string_view name) {
+    const auto found = std::find_if(item.begin(), item.end(),
+                                    [&](const TFormProperty& one) { return SameText(one.Name, name); });
+    return found == item.end() ? nullptr : &found->Value;
+}
+
 }  // namespace tml

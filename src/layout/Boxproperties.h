@@ -18,5 +18,7 @@ bool FlagIn(const TFormValue* value, bool other);
 std::string TextIn(const TFormValue* value);
 /// The identifier, "" for another value.
 std::string NameIn(const TFormValue* value);
+/// Of an item of a collection; nullptr where it does not hold the property.
+const TFormValue* FindIn(const std::vector<TFormProperty>& item, std::string_view name);
 
 }  // namespace tml

@@ -7,6 +7,7 @@
 #include "base/Utf8.h"
 #include "layout/Boxproperties.h"
 #include "layout/Buttonglyphs.h"
+#include "layout/Modulecomponents.h"
 
 namespace tml {
 namespace {
@@ -42,9 +43,9 @@ TActions ActionsOf(const TLayoutNode& form) {
 void TakeFromAction(TLayoutBox& box, const TActions& actions, const TLayoutNode* owner) {
     const auto action = actions.find({owner, UpperCase(NameIn(box.Node->Find("Action")))});
     if (action == actions.end()) return;
-    const TLayoutNode& from = *action->second;
-    if (box.Node->Find("Caption") == nullptr) box.Text = TextIn(from.Find("Caption"));
-    if (box.Node->Find("Visible") == nullptr) box.Visible = FlagIn(from.Find("Visible"), true);
+    box.Action = action->second;
+    if (box.Node->Find("Caption") == nullptr) box.Text = TextIn(box.Find("Caption"));
+    box.Visible = FlagIn(box.Find("Visible"), true);
 }
 
 /// Of its own: a list of images has that of the images.
@@ -55,12 +56,7 @@ bool HasSize(const TLayoutNode& node) {
 
 /// nullptr for a component that is no control.
 const TLayoutClass* ClassOf(const TLayoutNode& node, bool isRoot) {
-    const TLayoutClass* row = FindLayoutClass(node.ClassName);
-    if (row == nullptr || row->Name == "TControl") {
-        const TLayoutClass* const other = FindLayoutClass(node.Ancestor);
-        if (other != nullptr) row = other;
-    }
-    if (row != nullptr) return row;
+    if (const TLayoutClass* const row = FindLayoutClass(node.ClassName)) return row;
     if (node.IsFrame || (isRoot && node.Find("DesignLeft") != nullptr))
         return &LayoutClassOf(TLayoutKind::Frame);
     if (isRoot) return &LayoutClassOf(TLayoutKind::Form);
@@ -191,6 +187,7 @@ void ReadBoxes(TLayoutBoxes& boxes, const TLayoutNode& form) {
         for (auto child = children.rbegin(); child != children.rend(); ++child)
             open.emplace_back(TOwned{&*child, owner}, index);
     }
+    if (IsDataModule(boxes)) AddModuleComponents(boxes);
 }
 
 }  // namespace tml

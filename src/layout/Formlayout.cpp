@@ -179,7 +179,7 @@ std::string_view NameOf(TLayoutKind kind) {
         "TreeView",   "Grid",        "ToolBar",      "ToolButton", "CoolBar",      "StatusBar",
         "Splitter",   "ProgressBar", "TrackBar",     "ScrollBar",  "UpDown",       "Image",
         "Shape",      "Bevel",       "DividerBevel", "PaintBox",   "ButtonPanel",  "Calendar",
-        "Box",
+        "Component",  "Box",
     };
     static_assert(std::size(kNames) == static_cast<std::size_t>(TLayoutKind::Box) + 1);
     return kNames[static_cast<std::size_t>(kind)];

@@ -55,8 +55,11 @@ enum class TLayoutKind : std::uint8_t {
     PaintBox,
     ButtonPanel,
     Calendar,
+    Component,  ///< of a data module, which has no controls
     Box,
 };
+
+constexpr int kComponentIcon = 32;  ///< pixels of the icon of a component; its name stands below
 
 /// "Form", "Panel", ...
 std::string_view NameOf(TLayoutKind kind);

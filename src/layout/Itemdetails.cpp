@@ -10,6 +10,7 @@
 #include "layout/Boxwishes.h"
 #include "layout/Buttonglyphs.h"
 #include "layout/Clientareas.h"
+#include "layout/Coolbands.h"
 #include "layout/Panelbuttons.h"
 #include "layout/Toolbarrows.h"
 #include "tables/Itemdata.h"
@@ -39,12 +40,6 @@ constexpr TNamedAlignment kAlignments[] = {
 void TakeAlignment(const TFormValue* value, TLayoutAlignment& target) {
     for (const TNamedAlignment& one : kAlignments)
         if (value != nullptr && SameText(value->Text, one.Name)) target = one.Value;
-}
-
-const TFormValue* FindIn(const std::vector<TFormProperty>& item, std::string_view name) {
-    const auto found = std::find_if(item.begin(), item.end(),
-                                    [&](const TFormProperty& one) { return SameText(one.Name, name); });
-    return found == item.end() ? nullptr : &found->Value;
 }
 
 bool IsCentered(TLayoutKind kind) {
@@ -238,6 +233,8 @@ TAddParts PartsOf(TLayoutKind kind) {
             return AddListColumns;
         case TLayoutKind::StatusBar:
             return AddStatusPanels;
+        case TLayoutKind::CoolBar:
+            return AddBands;
         case TLayoutKind::ButtonPanel:
             return AddPanelButtons;
         default:
@@ -247,7 +244,7 @@ TAddParts PartsOf(TLayoutKind kind) {
 
 bool IsOn(const TLayoutBox& box) {
     if (box.Item >= 0) return LengthIn(box.Node->Find("ItemIndex")).value_or(-1) == box.Item;
-    return FlagIn(box.Node->Find("Checked"), false) || FlagIn(box.Node->Find("Down"), false) ||
+    return FlagIn(box.Find("Checked"), false) || FlagIn(box.Node->Find("Down"), false) ||
            SameText(NameIn(box.Node->Find("State")), "cbChecked");
 }
 
@@ -266,7 +263,7 @@ void AddDetails(const TLayoutBoxes& boxes, const TLayoutBox& box, TLayoutItem& i
     item.Font = box.Font;
     item.Text = box.Text;
     item.WordWrap = box.WordWrap;
-    item.Enabled = FlagIn(box.Node->Find("Enabled"), true);
+    item.Enabled = FlagIn(box.Find("Enabled"), true);
     item.RightToLeft = *box.RightToLeft;
     item.IsOn = IsOn(box);
     if (IsCentered(item.Kind)) item.Alignment = item.Layout = TLayoutAlignment::Center;

@@ -8,6 +8,11 @@ int ClampedLength(std::int64_t length) {
     return static_cast<int>(std::clamp<std::int64_t>(length, -kFarthest, kFarthest));
 }
 
+const TFormValue* TLayoutBox::Find(const char* property) const {
+    const TFormValue* const own = Node->Find(property);
+    return own == nullptr && Action != nullptr ? Action->Find(property) : own;
+}
+
 int TLayoutBox::Room(std::size_t axis) const {
     return std::max(0, Now[axis].Size - Frame[NearOf(axis)] - Frame[FarOf(axis)] - Bar[axis]);
 }

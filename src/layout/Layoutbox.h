@@ -80,6 +80,7 @@ struct TChildSizing {
 /// A control while it is laid out.
 struct TLayoutBox {
     const TLayoutNode* Node = nullptr;
+    const TLayoutNode* Action = nullptr;  ///< gives what the control does not say by itself
     const TLayoutClass* Class = nullptr;
     int Parent = -1;
     int Item = -1;  ///< index of the item of a radio or check group that this box stands for
@@ -121,6 +122,8 @@ struct TLayoutBox {
     TPerAxis<int> Wish = {0, 0};         ///< size for what it holds, below 1 where it holds nothing
 
     TLayoutKind Kind() const { return Class->Kind; }
+    /// Its own value, or that of its action; nullptr where neither holds the property.
+    const TFormValue* Find(const char* property) const;
     int Room(std::size_t axis) const;
     /// Within the limits of the form.
     int Limited(std::size_t axis, int size) const;

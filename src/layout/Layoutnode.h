@@ -13,8 +13,6 @@ namespace tml {
 struct TLayoutNode {
     std::string Name;  ///< "" for a nameless component
     std::string ClassName;
-    /// Of a class that the project declares: the next ancestor that it does not; "" when unknown.
-    std::string Ancestor;
     /// As in a form's file: "Font.Height", "Items.Strings".
     std::vector<TFormProperty> Properties;
     std::vector<TLayoutNode> Children;

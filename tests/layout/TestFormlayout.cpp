@@ -231,6 +231,33 @@ TEST(FormLayoutDrawing, TabsStandAtTheirSideAndButtonsShowWhatTheirBarSays) {
     EXPECT_EQ(items[6].GlyphSide, TLayoutGlyphSide::Top);
 }
 
+TEST(FormLayoutDrawing, BandsReachFromOneControlOfACoolBarToTheNext) {
+    const TLaidOut laidOut(
+        Around("object C: TCoolBar Align = alNone AutoSize = False Width = 200 Height = 60 Bands = <item "
+               "Control = A "
+               "Text = 'First' end item Control = B end item Control = D end item Control = Gone end> "
+               "object A: TPanel Left = 40 Top = 4 Width = 30 Height = 20 end "
+               "object B: TPanel Left = 90 Top = 3 Width = 40 Height = 20 end "
+               "object D: TPanel Left = 20 Top = 30 Width = 40 Height = 20 end end"));
+    const std::vector<TLayoutPart>& bands = laidOut.Layout.Items[1].Parts;
+    ASSERT_EQ(bands.size(), 3U);
+    EXPECT_EQ(bands[0].Text, "First");
+    EXPECT_EQ(bands[0].Place, (TLayoutRect{0, 4, 70, 20}));
+    EXPECT_EQ(bands[1].Place, (TLayoutRect{70, 3, 130, 20}));
+    EXPECT_EQ(bands[2].Place, (TLayoutRect{0, 30, 200, 20}));
+}
+
+TEST(FormLayoutDrawing, TheComponentsOfADataModuleAreIconsWithNames) {
+    const string module =
+        "object Data: TData Height = 40 Width = 50 object Q: TQuery Left = 60 Top = 10 object F: TField end "
+        "end object LongName: TSource Left = 8 Top = 10 end object T: TTimer end end";
+    const TLaidOut laidOut(module);
+    EXPECT_EQ(laidOut.Places(), "Q 60,10 32x47\nLongName 0,10 48x47\nT 44,65 32x47\n");
+    EXPECT_EQ(laidOut.Layout.Items[0].Place, (TLayoutRect{0, 0, 100, 120}));
+    EXPECT_EQ(laidOut.Layout.Items[1].Kind, TLayoutKind::Component);
+    EXPECT_EQ(TLaidOut("object F: TF Caption = '' object T: TTimer end end").Places(), "") << "a form";
+}
+
 TEST(FormLayoutBadInput, CirclesOfAnchorsAreBrokenAndNoted) {
     const TLaidOut laidOut(
         Around("object A: TButton AnchorSideLeft.Control = B Left = 5 end "
