@@ -4,6 +4,8 @@
 unit Layoutdump;
 
 {$MODE ObjFPC}{$H+}
+{ Protected members are looked at, in programs that check their casts, too. }
+{$OBJECTCHECKS OFF}
 
 interface
 

@@ -18,6 +18,9 @@ constexpr int kGlyphSpace = 4;
 constexpr int kListRoom = 8;
 constexpr int kEmptyRoom = 12;
 constexpr int kEditRoom = 10;
+/// What the arrow of a combo box needs, below which no font makes it.
+constexpr int kLeastEdit = 25;
+constexpr int kLeastList = 23;
 
 std::string WithoutMarks(std::string_view text) {
     std::string plain;
@@ -72,13 +75,24 @@ TLayoutSize WordsWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     return TextSize(boxes.Texts, box.Text, box.Font, width, marksKeys);
 }
 
+/// The theme draws marks and bars for its own font, however small that of the control is.
+int LineOf(const TLayoutBoxes& boxes, const TLayoutBox& box) {
+    const int own = boxes.Texts.LineHeight(box.Font);
+    if (boxes.Options.Look != TLayoutLook::Lcl) return own;
+    if (box.Kind() == TLayoutKind::StatusBar) return boxes.Texts.LineHeight({});
+    const bool hasMark = box.Kind() == TLayoutKind::CheckBox || box.Kind() == TLayoutKind::RadioButton;
+    return hasMark ? std::max(own, boxes.Texts.LineHeight({})) : own;
+}
+
 /// A box that can be typed in is an edit; another one is lower once it has items.
 int ComboHeight(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     const std::string style = NameIn(box.Node->Find("Style"));
     const bool isEdit = style.empty() || SameText(style, "csDropDown") || SameText(style, "csSimple");
     const TFormValue* const items = box.Node->Find("Items.Strings");
     const bool isEmpty = items == nullptr || items->Items.empty();
-    return boxes.Texts.LineHeight(box.Font) + (isEdit ? kEditRoom : isEmpty ? kEmptyRoom : kListRoom);
+    const int line = boxes.Texts.LineHeight(box.Font);
+    if (isEdit) return std::max(line + kEditRoom, kLeastEdit);
+    return std::max(line + (isEmpty ? kEmptyRoom : kListRoom), kLeastList);
 }
 
 TLayoutSize LabelledWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
@@ -86,8 +100,10 @@ TLayoutSize LabelledWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
     const TLayoutSize glyph = box.Item < 0 ? GlyphOf(*box.Node) : TLayoutSize();
     const bool hasBoth = size.Width > 0 && glyph.Width > 0;
     size.Width += glyph.Width + (hasBoth ? kGlyphSpace : 0);
-    size.Height = std::max({size.Height, boxes.Texts.LineHeight(box.Font), glyph.Height});
-    return {size.Width + box.Class->Around.Width, size.Height + box.Class->Around.Height};
+    size.Height = std::max({size.Height, LineOf(boxes, box), glyph.Height});
+    const bool isBare = box.Kind() == TLayoutKind::StaticText && boxes.Options.Look == TLayoutLook::Vcl;
+    const TLayoutSize around = isBare ? TLayoutSize() : box.Class->Around;
+    return {size.Width + around.Width, size.Height + around.Height};
 }
 
 /// A title with the frame to its sides.
@@ -107,8 +123,10 @@ TLayoutSize OwnWish(const TLayoutBoxes& boxes, const TLayoutBox& box) {
             return around;
         case TLayoutFit::Combo:
             return {0, ComboHeight(boxes, box)};
+        case TLayoutFit::List:
+            return {0, std::max(boxes.Texts.LineHeight(box.Font) + kListRoom, kLeastList)};
         case TLayoutFit::TextLine:
-            return {0, boxes.Texts.LineHeight(box.Font) + around.Height};
+            return {0, LineOf(boxes, box) + around.Height};
         case TLayoutFit::Buttons:
             return TPanelButtons(boxes, box).Needed;
         case TLayoutFit::Labelled:
@@ -134,6 +152,8 @@ TPerAxis<int> WishOf(const TLayoutBoxes& boxes, int index, const TChildOrders& o
         const TLayoutSize size = ToolBarWish(boxes, index);
         return {size.Width, size.Height};
     }
+    // It keeps the size that the form gives it, whatever its bands do.
+    if (box.Kind() == TLayoutKind::CoolBar) return {0, 0};
     const TLayoutSize own = OwnWish(boxes, box);
     TPerAxis<int> wish = {own.Width, own.Height};
     if (!box.Children.empty()) AddChildren(boxes, index, orders, wish);

@@ -18,6 +18,7 @@ enum class TLayoutFit : std::uint8_t {
     Title,     ///< a title and the frame around the children
     Fixed,     ///< the class's room
     Combo,     ///< the height of a line and a button; the width stays
+    List,      ///< the same of a list that is drawn by the program
     Buttons,   ///< a row of buttons and a line above it; the width stays
 };
 

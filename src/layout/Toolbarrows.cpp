@@ -12,7 +12,8 @@ namespace {
 
 constexpr int kSeparator = 8;
 constexpr int kDivider = 5;
-constexpr int kArrow = 13;
+constexpr int kArrow = 12;       ///< beside a button that drops a menu
+constexpr int kDropButton = 13;  ///< the same, as a button of its own
 constexpr int kImage = 16;
 constexpr int kTextRoom = 4;
 constexpr int kToolButtonRoom = 4;
@@ -21,14 +22,15 @@ constexpr int kAboveText = 2;
 /// Aligned controls on one bar that the others keep clear of; there are hardly ever two.
 constexpr std::size_t kMostObstacles = 50;
 
-enum class TButtonStyle : std::uint8_t { Button, DropDown, Separator, Divider, Other };
+enum class TButtonStyle : std::uint8_t { Button, DropDown, ButtonDrop, Separator, Divider, Other };
 
 TButtonStyle StyleOf(const TLayoutBox& box) {
     if (box.Kind() != TLayoutKind::ToolButton) return TButtonStyle::Other;
     const std::string style = NameIn(box.Node->Find("Style"));
     if (SameText(style, "tbsSeparator")) return TButtonStyle::Separator;
     if (SameText(style, "tbsDivider")) return TButtonStyle::Divider;
-    if (SameText(style, "tbsDropDown") || SameText(style, "tbsButtonDrop")) return TButtonStyle::DropDown;
+    if (SameText(style, "tbsDropDown")) return TButtonStyle::DropDown;
+    if (SameText(style, "tbsButtonDrop")) return TButtonStyle::ButtonDrop;
     return TButtonStyle::Button;
 }
 
@@ -81,8 +83,7 @@ class TToolBarRows {
     }
     TLayoutSize ButtonSize(const TLayoutBox& box) const {
         const TLayoutSize text = TextOf(box);
-        const TLayoutSize image =
-            LengthIn(box.Node->Find("ImageIndex")).value_or(-1) >= 0 ? image_ : TLayoutSize();
+        const TLayoutSize image = LengthIn(box.Find("ImageIndex")).value_or(-1) >= 0 ? image_ : TLayoutSize();
         const bool hasBoth = text.Width > 0 && image.Width > 0;
         TLayoutSize size{std::max(text.Width, image.Width), std::max(text.Height, image.Height)};
         if (hasBoth && isList_) size.Width = image.Width + kBesideText + text.Width;
@@ -90,6 +91,7 @@ class TToolBarRows {
         size.Width = std::max(size.Width + kToolButtonRoom, button_[0]);
         size.Height = std::max(size.Height + kToolButtonRoom, button_[1]);
         if (StyleOf(box) == TButtonStyle::DropDown) size.Width += kArrow;
+        if (StyleOf(box) == TButtonStyle::ButtonDrop) size.Width += kDropButton;
         return size;
     }
     /// The length along the row; the other one is that of the bar's buttons.
@@ -200,7 +202,7 @@ void AddToolButtonDetails(const TLayoutBoxes& boxes, const TLayoutBox& button, T
     const bool shows = FlagIn(bar.Node->Find("ShowCaptions"), false) &&
                        (!isList || FlagIn(button.Node->Find("ShowCaption"), true));
     if (!shows) item.Text.clear();
-    if (LengthIn(button.Node->Find("ImageIndex")).value_or(-1) >= 0) item.Glyph = ImageOn(boxes, bar);
+    if (LengthIn(button.Find("ImageIndex")).value_or(-1) >= 0) item.Glyph = ImageOn(boxes, bar);
     item.GlyphSide = isList ? TLayoutGlyphSide::Left : TLayoutGlyphSide::Top;
 }
 

@@ -152,6 +152,16 @@ const TPlacesCase kCases[] = {
      "object S: TScrollBox Align = alClient BorderStyle = bsNone object A: TPanel Align = alTop Height = 130 "
      "end end",
      "S 0,0 200x100\nA 0,0 183x130\n"},
+    {"MarksBarsAndArrowsAreNoSmallerThanTheThemeMakesThem",
+     "object A: TCheckBox Caption = 'x' Font.Height = -4 end object S: TStatusBar Font.Height = -40 end "
+     "object C: TComboBox Font.Height = -4 end object L: TComboBox Style = csDropDownList Font.Height = -4 "
+     "Items.Strings = ('a') end",
+     "A 0,0 25x19\nS 0,81 200x19\nC 0,0 100x25\nL 0,0 100x23\n"},
+    {"AToolButtonHasTheTextAndThePictureOfItsAction",
+     "object L: TActionList object X: TAction Caption = 'Hi' ImageIndex = 1 end end object I: TImageList "
+     "Width = 20 end object T: TToolBar Height = 26 Images = I List = True ShowCaptions = True object B: "
+     "TToolButton Action = X end object D: TToolButton Caption = 'Hi' Left = 50 Style = tbsDropDown end end",
+     "T 0,0 200x26\nB 1,2 45x22\nD 46,2 35x22\n"},
     {"AMenuBarTakesRoom",
      "Menu = M object M: TMainMenu object I: TMenuItem Caption = 'File' end end object A: TMemo Align = "
      "alClient end",
