@@ -2,6 +2,8 @@
 
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -11,8 +13,24 @@
 #include "desktop/Menubinding.h"
 #include "desktop/Palettelist.h"
 #include "desktop/Texts.h"
+#include "windows/Menukeys.h"
 
 namespace tml {
+namespace {
+
+/// The accelerator of a tab leads into its page, also where that is in front.
+class TPageTabs : public QTabWidget {
+  public:
+    TPageTabs() { tabBar()->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        // Once the bar has chosen the page.
+        if (event->type() == QEvent::Shortcut)
+            QTimer::singleShot(0, this, [this] { currentWidget()->setFocus(Qt::ShortcutFocusReason); });
+        return QTabWidget::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
 
 TDesignPanel::TDesignPanel(TFormDesign& design, TRunner& runner)
     : QSplitter(Qt::Vertical),
@@ -23,13 +41,15 @@ TDesignPanel::TDesignPanel(TFormDesign& design, TRunner& runner)
       inspector_(new TInspectorTable(design.Inspector())),
       title_(new QLabel) {
     setObjectName("designPanel");
-    auto* tabs = new QTabWidget;
+    auto* tabs = new TPageTabs;
     tabs->setObjectName("designTabs");
     tabs->setDocumentMode(true);
     tabs->addTab(tree_, "Co&mponents");
     tabs->addTab(palette_, "Pa&lette");
     addWidget(tabs);
     addWidget(MakeInspector());
+    connect(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, inspector_,
+            [this] { inspector_->setFocus(Qt::ShortcutFocusReason); });
     tree_->OnSelect = [this](const std::vector<int>& indexes) { Select(indexes); };
     tree_->OnEdit = [this] { Edit(); };
     tree_->OnDelete = [this] { Delete(); };
@@ -42,6 +62,9 @@ TDesignPanel::TDesignPanel(TFormDesign& design, TRunner& runner)
     };
     inspector_->OnEdit = [this](const std::string& property) {
         Run([&] { design_.Inspector().Edit(property); });
+    };
+    inspector_->OnReset = [this](const std::string& property) {
+        Run([&] { design_.Inspector().Reset(property); });
     };
 }
 
@@ -90,6 +113,7 @@ void TDesignPanel::Delete() {
 void TDesignPanel::ShowMenu(const QPoint& at) {
     Run([this] { menu_ = design_.Menu(); });
     if (menu_.empty()) return;
+    AddAccelerators(menu_);
     auto* popup = new QMenu(this);
     popup->setObjectName("componentMenu");
     const auto binding = std::make_shared<TMenuBinding>(

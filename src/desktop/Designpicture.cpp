@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "picture/Controlcanvas.h"
+
 namespace tml {
 namespace {
 
@@ -25,10 +27,6 @@ std::unordered_map<const TLayoutNode*, std::string> PathsBelow(const TLayoutNode
     return paths;
 }
 
-QRect RectangleOf(const TLayoutRect& rect) {
-    return {rect.Left, rect.Top, rect.Width, rect.Height};
-}
-
 }  // namespace
 
 TDesignPicture::TDesignPicture(TFormDesign& design) : design_(design) {
@@ -48,9 +46,14 @@ void TDesignPicture::paintEvent(QPaintEvent* event) {
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     for (const int component : design_.Selected())
-        if (const QRect place = PlaceOf(component); !place.isEmpty())
-            painter.drawRect(place.adjusted(kSelectionMark / 2, kSelectionMark / 2, -kSelectionMark / 2,
-                                            -kSelectionMark / 2));
+        if (const QRect place = PlaceOf(component); !place.isEmpty()) painter.drawRect(FrameAround(place));
+}
+
+/// Outside, where a text does not begin, as far as there is room.
+QRect TDesignPicture::FrameAround(const QRect& place) const {
+    constexpr int kOutside = kSelectionMark, kHalf = kSelectionMark / 2;
+    return (place.adjusted(-kOutside, -kOutside, kOutside, kOutside) & rect())
+        .adjusted(kHalf, kHalf, -kHalf, -kHalf);
 }
 
 int TDesignPicture::ComponentOf(const TLayoutItem& item) const {
@@ -58,17 +61,32 @@ int TDesignPicture::ComponentOf(const TLayoutItem& item) const {
     return path == paths_.end() ? -1 : design_.Find(path->second);
 }
 
+/// The page whose tab is there, -1 where there is none.
+int TDesignPicture::PageAt(const TLayoutItem& control, const QPoint& at) const {
+    if (control.Kind != TLayoutKind::PageControl) return -1;
+    auto tab = control.Parts.begin();
+    for (const TLayoutItem& page : Layout().Items) {
+        const bool isIn =
+            page.Parent >= 0 && &Layout().Items[static_cast<std::size_t>(page.Parent)] == &control;
+        if (!isIn || !page.Visible || page.Kind != TLayoutKind::Page) continue;
+        if (tab == control.Parts.end()) break;
+        if (PlaceOfPart(control, (tab++)->Place).contains(at)) return ComponentOf(page);
+    }
+    return -1;
+}
+
 int TDesignPicture::ComponentAt(const QPoint& at) const {
-    const auto found =
-        std::find_if(Layout().Items.rbegin(), Layout().Items.rend(), [&](const TLayoutItem& item) {
-            return RectangleOf(item.Seen).contains(at) && ComponentOf(item) >= 0;
-        });
-    return found == Layout().Items.rend() ? 0 : ComponentOf(*found);
+    const auto found = std::find_if(
+        Layout().Items.rbegin(), Layout().Items.rend(),
+        [&](const TLayoutItem& item) { return RectOf(item.Seen).contains(at) && ComponentOf(item) >= 0; });
+    if (found == Layout().Items.rend()) return 0;
+    const int page = PageAt(*found, at);
+    return page < 0 ? ComponentOf(*found) : page;
 }
 
 QRect TDesignPicture::PlaceOf(int component) const {
     for (const TLayoutItem& item : Layout().Items)
-        if (item.Item < 0 && ComponentOf(item) == component) return RectangleOf(item.Seen);
+        if (item.Item < 0 && ComponentOf(item) == component) return RectOf(item.Seen);
     return {};
 }
 

@@ -10,8 +10,8 @@
 
 namespace tml {
 
-/// The picture of a form in its designer: a click selects the component that is seen there, Ctrl and Shift
-/// add it; the arrows go from one to the next, Esc to what it stands in.
+/// The picture of a form in its designer: a click selects the component that is seen there, or the page whose
+/// tab is; Ctrl and Shift add it; the arrows go from one to the next, Esc to what it stands in.
 class TDesignPicture : public TFormCanvas {
   public:
     explicit TDesignPicture(TFormDesign& design);
@@ -37,6 +37,8 @@ class TDesignPicture : public TFormCanvas {
     /// Index of the component that is seen there, the form's where no other is.
     int ComponentAt(const QPoint& at) const;
     int ComponentOf(const TLayoutItem& item) const;
+    int PageAt(const TLayoutItem& control, const QPoint& at) const;
+    QRect FrameAround(const QRect& place) const;
     void SelectNext(int step);
 
     TFormDesign& design_;

@@ -15,6 +15,8 @@
 #include "desktop/Codeeditor.h"
 #include "desktop/Designpanel.h"
 #include "desktop/Texts.h"
+#include "layout/Layoutclasses.h"
+#include "layout/Openpages.h"
 #include "picture/Formpicture.h"
 #include "runtime/Shownform.h"
 
@@ -77,22 +79,33 @@ QToolBar* TFormView::MakeBar() {
     auto* bar = new QToolBar;
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     auto* switches = new QActionGroup(this);
-    showPicture_ = AddSwitch(*bar, "showPicture", "Picture", pgPicture);
-    showText_ = AddSwitch(*bar, "showText", "Text", pgText);
+    showPicture_ = AddSwitch(*bar, "showPicture", "P&icture", pgPicture);
+    showText_ = AddSwitch(*bar, "showText", "Te&xt", pgText);
     switches->addAction(showPicture_);
     switches->addAction(showText_);
     languages_ = new QComboBox;
     languages_->setObjectName("formLanguages");
     languages_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     languages_->setToolTip("Language in which the picture shows the form");
+    auto* label = new QLabel("Lan&guage:");
+    label->setBuddy(languages_);
+    label->setMargin(4);
+    auto* chooser = new QWidget;
+    auto* row = new QHBoxLayout(chooser);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(label);
+    row->addWidget(languages_);
     bar->addSeparator();
-    languagesShown_ = bar->addWidget(languages_);
+    languagesShown_ = bar->addWidget(chooser);
     connect(languages_, &QComboBox::currentIndexChanged, this, [this] { Draw(); });
     return bar;
 }
 
 QAction* TFormView::AddSwitch(QToolBar& bar, const char* name, const char* caption, int page) {
-    QAction* action = bar.addAction(caption);
+    auto* action = new QAction(caption, &bar);
+    // The text of a button, with its accelerator.
+    action->setIconText(caption);
+    bar.addAction(action);
     action->setObjectName(name);
     action->setCheckable(true);
     connect(action, &QAction::toggled, this, [this, page](bool isOn) {
@@ -102,6 +115,8 @@ QAction* TFormView::AddSwitch(QToolBar& bar, const char* name, const char* capti
         languagesShown_->setVisible(page == pgPicture && languages_->count() > 0);
         Draw();
     });
+    connect(action, &QAction::triggered, this,
+            [this] { pages_->currentWidget()->setFocus(Qt::ShortcutFocusReason); });
     return action;
 }
 
@@ -143,6 +158,23 @@ TLayoutNode TFormView::FormInLanguage(IOTAFormEditor& form) const {
     return TShownForm(runtime_, form.GetRootComponent(), lang.get()).In(languages_->currentData().toInt());
 }
 
+/// What is selected is seen, as the form itself does not show it: pages come to front and stay there.
+void TFormView::FollowPages() {
+    const std::vector<TTreeComponent>& components = design_.Components();
+    const std::vector<int> selected = design_.Selected();
+    for (int index = selected.empty() ? 0 : selected.back(); index > 0;) {
+        const TTreeComponent& one = components[static_cast<std::size_t>(index)];
+        const TLayoutClass* const row = FindLayoutClass(one.ClassName);
+        if (row != nullptr && row->Kind == TLayoutKind::Page) {
+            std::erase(openPages_, one.Path);
+            openPages_.push_back(one.Path);
+            break;
+        }
+        index = one.Parent;
+    }
+    std::erase_if(openPages_, [this](const std::string& page) { return design_.Find(page) < 0; });
+}
+
 void TFormView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Draw();
@@ -154,7 +186,11 @@ void TFormView::Draw() {
     QStringList notes;
     try {
         design_.Follow(form);
-        picture_->Show(FormInLanguage(*form), {LookOf(form->GetFileName())});
+        FollowPages();
+        TLayoutNode shown = FormInLanguage(*form);
+        for (const std::string& page : openPages_)
+            OpenPagesTo(shown, page);
+        picture_->Show(std::move(shown), {LookOf(form->GetFileName())});
         notes = NotesOf(picture_->Layout());
     } catch (const EBadInput& error) {
         notes += ToQt(error.what());

@@ -46,6 +46,7 @@ class TFormView : public QWidget {
     /// Nothing while it is behind something else.
     void Draw();
     TLayoutNode FormInLanguage(IOTAFormEditor& form) const;
+    void FollowPages();
     void ScrollToSelected();
     void ShowNotes(QStringList notes);
 
@@ -63,6 +64,8 @@ class TFormView : public QWidget {
     QComboBox* languages_;
     QLabel* notes_;
     std::vector<int> selected_;  ///< as the picture was scrolled for it
+    /// Paths of the pages that stand in front because something on them was selected, the last one last.
+    std::vector<std::string> openPages_;
 };
 
 }  // namespace tml

@@ -1,9 +1,11 @@
 #include "desktop/Inspectortable.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <algorithm>
@@ -149,7 +151,7 @@ Qt::ItemFlags TInspectorModel::flags(const QModelIndex& index) const {
 
 // --- the table
 
-TInspectorTable::TInspectorTable(TInspector& inspector) : model_(inspector) {
+TInspectorTable::TInspectorTable(TInspector& inspector) : inspector_(inspector), model_(inspector) {
     setObjectName("inspector");
     setModel(&model_);
     setItemDelegateForColumn(TInspectorModel::clValue, new TValueDelegate(this, model_));
@@ -205,6 +207,30 @@ void TInspectorTable::keyPressEvent(QKeyEvent* event) {
         OpenDialog(index);
     else
         QTableView::edit(index.siblingAtColumn(TInspectorModel::clValue));
+}
+
+void TInspectorTable::contextMenuEvent(QContextMenuEvent* event) {
+    const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid()) return;
+    setCurrentIndex(index);
+    ShowMenu(index, isKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
+}
+
+void TInspectorTable::ShowMenu(const QModelIndex& index, const QPoint& at) {
+    const TInspectedProperty& row = model_.Row(index);
+    auto* menu = new QMenu(this);
+    menu->setObjectName("inspectorMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QPersistentModelIndex place = index;
+    QAction* dialog = menu->addAction("&Edit...", this, [this, place] { OpenDialog(place); });
+    dialog->setEnabled(row.HasDialog);
+    // Later: a message must not stand over the menu.
+    QAction* reset = menu->addAction("Reset to &Default", this, [this, name = row.Name] {
+        QTimer::singleShot(0, this, [this, name] { OnReset(name); });
+    });
+    reset->setEnabled(inspector_.CanReset(row.Name));
+    menu->popup(at);
 }
 
 void TInspectorTable::resizeEvent(QResizeEvent* event) {

@@ -42,6 +42,7 @@ class TInspectorTable : public QTableView {
 
     std::function<void(const std::string& property, const std::string& text)> OnSet;
     std::function<void(const std::string& property)> OnEdit;
+    std::function<void(const std::string& property)> OnReset;
 
     void Refresh();
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -49,11 +50,14 @@ class TInspectorTable : public QTableView {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     void OpenDialog(const QModelIndex& index);
+    void ShowMenu(const QModelIndex& index, const QPoint& at);
     void ShareWidth();
 
+    TInspector& inspector_;
     TInspectorModel model_;
 };
 

@@ -59,6 +59,8 @@ TLangComboView::~TLangComboView() = default;
 void TLangComboView::FillLists() {
     for (const TLanguageInfo& info : form_.lbLanguages)
         ui_->lbLanguages->addItem(ToQt(info.Language));
+    ui_->lblReason->setText(ToQt(form_.lblReason));
+    ui_->lblReason->setVisible(!form_.lblReason.empty());
     ui_->cbFont->addItem(QString());
     ui_->cbFont->addItems(QFontDatabase::families());
     for (const char* charset : kCharsets)

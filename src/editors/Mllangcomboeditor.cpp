@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/Format.h"
 #include "base/Utf8.h"
 
 namespace tml {
@@ -65,6 +66,19 @@ TStringList NamesOf(const TEditorHost& host, IOTAComponent& combo) {
     return lang == nullptr ? TStringList() : lang->GetLangNames();
 }
 
+std::string WhyEmpty(const TEditorHost& host, IOTAComponent& combo) {
+    const auto source = combo.GetPropComponent("Languages");
+    const std::string name = combo.GetName();
+    if (source == nullptr)
+        return Format(
+            "%s is linked to no languages. Set its property Languages to a localization component or "
+            "a dispatcher.",
+            name);
+    if (host.Runtime().AsDispatcher(source) == nullptr && host.Runtime().AsCustomLang(source) == nullptr)
+        return Format("%s.Languages names %s, which has no languages.", name, source->GetName());
+    return Format("%s, to which %s is linked, has no languages.", source->GetName(), name);
+}
+
 std::vector<TItem> ItemsOf(IOTAComponent& combo) {
     const auto value = combo.GetPropValue(kInfos);
     return value && value->Kind == TFormValueKind::Collection ? value->Collection : std::vector<TItem>();
@@ -89,8 +103,8 @@ bool SaysNothing(TItem& item) {
 
 }  // namespace
 
-TfrmMlLangComboEditor::TfrmMlLangComboEditor(std::vector<TLanguageInfo> languages)
-    : lbLanguages(std::move(languages)) {
+TfrmMlLangComboEditor::TfrmMlLangComboEditor(std::vector<TLanguageInfo> languages, std::string reason)
+    : lbLanguages(std::move(languages)), lblReason(lbLanguages.empty() ? std::move(reason) : "") {
     Name = "frmMlLangComboEditor";
     Caption = "Edit Language Settings";
     if (lbLanguages.empty()) ItemIndex = -1;
@@ -110,7 +124,7 @@ bool EditComboSettings(const TEditorHost& host, IOTAComponent& combo) {
     std::vector<TItem> items = WithItemsFor(present, NamesOf(host, combo));
     std::vector<TLanguageInfo> infos;
     std::transform(items.begin(), items.end(), std::back_inserter(infos), InfoOf);
-    TfrmMlLangComboEditor window(infos);
+    TfrmMlLangComboEditor window(infos, WhyEmpty(host, combo));
     if (host.Dialogs().ShowModal(window) != mrOk) return false;
     for (std::size_t i = 0; i < items.size(); ++i)
         if (window.lbLanguages[i] != infos[i]) Take(items[i], window.lbLanguages[i]);

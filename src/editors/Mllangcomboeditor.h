@@ -21,9 +21,11 @@ struct TLanguageInfo {
 /// Edits how a combo shows its languages.
 class TfrmMlLangComboEditor : public TForm {
   public:
-    explicit TfrmMlLangComboEditor(std::vector<TLanguageInfo> languages);
+    /// reason tells why there are no languages, where there are none.
+    explicit TfrmMlLangComboEditor(std::vector<TLanguageInfo> languages, std::string reason = {});
 
     std::vector<TLanguageInfo> lbLanguages;
+    std::string lblReason;
     int ItemIndex = 0;  ///< of the language whose settings are shown; -1 where there is none
 
     /// nullptr where there is none. After a change of what it holds Changed is to be called.

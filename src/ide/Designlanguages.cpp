@@ -55,6 +55,18 @@ bool TDesignLanguages::SetLines(const std::shared_ptr<IOTAComponent>& component,
     return true;
 }
 
+bool TDesignLanguages::IsNeeded(const std::shared_ptr<IOTAComponent>& component,
+                                const std::string& property) {
+    const bool isLanguages = SameText(property, "NumOfLanguages") || SameText(property, "LangNames");
+    return isLanguages && OwnerOf(component).Languages != nullptr;
+}
+
+void TDesignLanguages::Reset(const std::shared_ptr<IOTAComponent>& component, const std::string& property) {
+    const TOwner owner = OwnerOf(component);
+    if (owner.Languages == nullptr || !SameText(property, "Language")) return;
+    SetText(component, property, owner.Languages->GetLangNames()[0]);
+}
+
 void TDesignLanguages::SetLanguage(const TOwner& owner, const std::string& name) {
     const TStringList names = owner.Languages->GetLangNames();
     const int to = names.IndexOf(name) + 1;

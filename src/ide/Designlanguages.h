@@ -23,6 +23,11 @@ class TDesignLanguages {
     bool SetLines(const std::shared_ptr<IOTAComponent>& component, const std::string& property,
                   const TStringList& lines);
 
+    /// A component has no languages without the property.
+    bool IsNeeded(const std::shared_ptr<IOTAComponent>& component, const std::string& property);
+    /// Shows the first language, where the property is the active one.
+    void Reset(const std::shared_ptr<IOTAComponent>& component, const std::string& property);
+
   private:
     using TLangPtr = std::shared_ptr<TmlCustomLang>;
     struct TOwner {

@@ -298,6 +298,32 @@ void TInspector::Edit(const std::string& property) {
         EditLines(TInspectedProperty(*row));
 }
 
+bool TInspector::CanReset(const std::string& property) const {
+    const TInspectedProperty* row = Find(property);
+    if (row == nullptr || !row->IsHeld || row->Name == kName) return false;
+    TDesignLanguages languages(modules_, runtime_, Form()->GetFileName());
+    return std::none_of(components_.begin(), components_.end(),
+                        [&](const auto& component) { return languages.IsNeeded(component, row->Name); });
+}
+
+void TInspector::Reset(const std::string& property) {
+    if (!CanReset(property)) return;
+    const std::string name = Find(property)->Name;
+    DoAs(Format("Reset %s.%s", components_.front()->GetName(), name), [&] {
+        for (const auto& component : components_)
+            ResetOn(component, name);
+    });
+}
+
+void TInspector::ResetOn(const std::shared_ptr<IOTAComponent>& component, const std::string& property) {
+    TDesignLanguages(modules_, runtime_, Form()->GetFileName()).Reset(component, property);
+    for (const TFormProperty& held : component->GetProperties()) {
+        const std::string& name = held.Name;
+        const bool isList = IsList(held) && SameText(name, property + std::string(kStrings));
+        if (isList || SameText(name, property)) component->RemoveProp(name);
+    }
+}
+
 void TInspector::EditLines(const TInspectedProperty& row) {
     const auto component = components_.front();
     const bool isList = row.Type.Takes == TTakes::Strings;

@@ -46,6 +46,11 @@ class TInspector {
     void SetText(const std::string& property, const std::string& text);
     /// The ellipsis.
     void Edit(const std::string& property);
+    /// The form holds the property, and a component can be without it.
+    bool CanReset(const std::string& property) const;
+    /// Gives all of the components the value that they have by themselves, or inherit: the form no longer
+    /// holds the property.
+    void Reset(const std::string& property);
 
   private:
     struct TCollected;
@@ -66,6 +71,7 @@ class TInspector {
                 const std::string& text);
     void ExpectTarget(IOTAComponent& component, const TInspectedProperty& row, const std::string& text);
     void EditLines(const TInspectedProperty& row);
+    void ResetOn(const std::shared_ptr<IOTAComponent>& component, const std::string& property);
     void DoAs(const std::string& title, const std::function<void()>& work);
     [[noreturn]] void Refuse(const std::string& why) const;
 

@@ -53,6 +53,31 @@ constexpr const char* kAboutBox = R"(object AboutBox: TAboutBox
     Items.Strings = (
       'English')
   end
+  object pages: TPageControl
+    Left = 130
+    Top = 50
+    Width = 120
+    Height = 50
+    ActivePage = tsOne
+    object tsOne: TTabSheet
+      Caption = 'One'
+      object OnOne: TPanel
+        Left = 4
+        Top = 2
+        Width = 40
+        Height = 18
+      end
+    end
+    object tsTwo: TTabSheet
+      Caption = 'Two'
+      object OnTwo: TPanel
+        Left = 4
+        Top = 2
+        Width = 40
+        Height = 18
+      end
+    end
+  end
   object dlgOpen: TmlOpenDialog
     Title = 'Pick'
   end
@@ -129,6 +154,11 @@ struct TDesignPanes : TDesktop {
         QTest::keyClick(box == nullptr ? static_cast<QWidget*>(editor) : box, Qt::Key_Return);
         ExpectSoon([&] { return Inspector().viewport()->findChild<QLineEdit*>() == nullptr; });
     }
+    static QWidget& OpenMenu(QWidget& target, const QPoint& at) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, target.mapToGlobal(at));
+        QApplication::sendEvent(&target, &event);
+        return *QApplication::activePopupWidget();
+    }
     std::string FormText() { return FromQt(Window->Tabs().CurrentText()->text()); }
     bool IsModified() { return Window->Host().Modules().FindFormModule("AboutBox")->GetModified(); }
     void Undo() {
@@ -148,8 +178,9 @@ TEST_F(TDesignPanes, APictureAndATreeSelectTheSame) {
     ClickPicture(kButtonPlace, Qt::ShiftModifier);
     EXPECT_EQ(SelectedNames(), QStringList{"WideLabel"});
     const QRgb mark = Window->palette().color(QPalette::Highlight).rgb();
-    const QPoint corner(27, 61);  // of the label
+    const QPoint corner(25, 59), inside(26, 60);  // of the label
     EXPECT_EQ(Picture().grab().toImage().pixel(corner), mark);
+    EXPECT_NE(Picture().grab().toImage().pixel(inside), mark) << "a text begins there";
     QTest::keyClick(&Picture(), Qt::Key_Escape);
     EXPECT_EQ(SelectedNames(), QStringList{"SmallPanel"});
     EXPECT_NE(Picture().grab().toImage().pixel(corner), mark);
@@ -157,7 +188,7 @@ TEST_F(TDesignPanes, APictureAndATreeSelectTheSame) {
     EXPECT_EQ(SelectedNames(), QStringList{"WideLabel"});
     ClickTree(Tree(), "CloseButton");
     EXPECT_EQ(Title(), "CloseButton: TButton");
-    EXPECT_EQ(Picture().grab().toImage().pixel(61, 105), mark);
+    EXPECT_EQ(Picture().grab().toImage().pixel(59, 103), mark);
     QTest::keyClick(&Tree(), Qt::Key_Down);
     EXPECT_EQ(Title(), "mlLang_AboutBox: TmlLang");
     ClickTree(Tree(), "CloseButton", Qt::ControlModifier);
@@ -192,6 +223,77 @@ TEST_F(TDesignPanes, AValueIsTypedChosenRefusedAndUndone) {
     EXPECT_TRUE(EditorText().contains("EndButton: TButton")) << FromQt(EditorText());
     Undo();
     EXPECT_FALSE(EditorText().contains("EndButton: TButton"));
+}
+
+TEST_F(TDesignPanes, AValueIsResetToItsDefault) {
+    const std::string before = FormText();
+    const auto reset = [this](const QString& property) {
+        const QModelIndex row = Row(property);
+        Inspector().scrollTo(row);
+        ChooseFromMenu(*Inspector().viewport(), Inspector().visualRect(row).center(), "Reset to Default");
+    };
+    ClickTree(Tree(), "WideLabel");
+    reset("AutoSize");
+    EXPECT_EQ(FormText().find("AutoSize"), std::string::npos);
+    Undo();
+    EXPECT_EQ(FormText(), before);
+    ClickTree(Tree(), "combo");
+    reset("Items");
+    EXPECT_EQ(FormText().find("Items.Strings"), std::string::npos) << "a list";
+    Undo();
+    ClickTree(Tree(), "mlLang_AboutBox");
+    TypeValue("Language", "German");
+    ExpectSoon([&] { return FormText().find("Language = 'German'") != std::string::npos; });
+    reset("Language");
+    EXPECT_EQ(FormText(), before) << "the form shows its first language again";
+    for (const char* needed : {"Name", "LangNames", "Language"}) {
+        const QModelIndex row = Row(needed);
+        Inspector().scrollTo(row);
+        QWidget& menu = OpenMenu(*Inspector().viewport(), Inspector().visualRect(row).center());
+        EXPECT_FALSE(menu.actions().last()->isEnabled()) << needed;
+        menu.close();
+    }
+}
+
+TEST_F(TDesignPanes, PagesComeToFrontWithWhatIsSelectedAndByTheirTabs) {
+    constexpr QPoint kOnPage(145, 84);
+    ClickPicture(kOnPage);
+    EXPECT_EQ(SelectedNames(), QStringList{"OnOne"});
+    ClickTree(Tree(), "OnTwo");
+    ClickPicture(kOnPage);
+    EXPECT_EQ(SelectedNames(), QStringList{"OnTwo"});
+    ClickPicture(kButtonPlace);
+    ClickPicture(kOnPage);
+    EXPECT_EQ(SelectedNames(), QStringList{"OnTwo"}) << "the page stays";
+    ClickPicture({140, 60});
+    EXPECT_EQ(SelectedNames(), QStringList{"tsOne"});
+    ClickPicture(kOnPage);
+    EXPECT_EQ(SelectedNames(), QStringList{"OnOne"});
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(TDesignPanes, AcceleratorsLeadIntoThePanes) {
+    const auto press = [](QWidget& from, Qt::Key key) { QTest::keyClick(&from, key, Qt::AltModifier); };
+    const auto isReached = [](const QWidget& widget) {
+        return QTest::qWaitFor([&] { return widget.hasFocus(); });
+    };
+    ClickPicture(kButtonPlace);
+    press(Picture(), Qt::Key_M);
+    EXPECT_TRUE(isReached(Tree()));
+    press(Tree(), Qt::Key_L);
+    EXPECT_TRUE(isReached(Find<QTreeWidget>("palette")));
+    press(Find<QTreeWidget>("palette"), Qt::Key_M);
+    EXPECT_TRUE(isReached(Tree()));
+    QTest::keyClick(&Tree(), Qt::Key_F11);
+    EXPECT_TRUE(isReached(Inspector()));
+    press(Inspector(), Qt::Key_X);
+    EXPECT_TRUE(isReached(*Window->Tabs().CurrentText()));
+    press(*Window->Tabs().CurrentText(), Qt::Key_I);
+    EXPECT_TRUE(isReached(Picture()));
+    auto& languages = Find<QComboBox>("formLanguages");
+    ExpectSoon([&] { return languages.isVisible(); });
+    press(Picture(), Qt::Key_G);
+    EXPECT_TRUE(isReached(languages));
 }
 
 TEST_F(TDesignPanes, AListOffersValues) {
@@ -283,6 +385,9 @@ TEST_F(TDesignPanes, MenusHoldTheVerbs) {
     ChooseFromMenu(*Tree().viewport(), Tree().visualItemRect(ItemOf(Tree(), "dlgOpen")).center(),
                    "Test TmlOpenDialog...");
     ClickPicture(kPanel);
+    User.Answer("Click \"Yes\" to exclude SmallPanel from translations.", "Cancel");
+    QTest::keyClick(&OpenMenu(Picture(), kPanel), Qt::Key_E);
+    QApplication::processEvents();
     ChooseFromMenu(Picture(), kPanel, "Delete");
     EXPECT_EQ(FormText().find("WideLabel"), std::string::npos);
     Undo();

@@ -229,6 +229,14 @@ TEST_F(TEditorsTest, ADoubleClickEditsLanguages) {
     });
     EditorOf("combo")->Edit();
     Ide.SaveAll();
+    Component("combo")->RemoveProp("Languages");
+    Component("combo")->RemoveProp("LanguageInfos");
+    User.OnWindow<TfrmMlLangComboEditor>("frmMlLangComboEditor", [](TfrmMlLangComboEditor& window) {
+        EXPECT_TRUE(window.lbLanguages.empty());
+        EXPECT_EQ(window.lblReason.find("combo is linked to no languages. Set its property Languages"), 0U);
+        window.btnCancelClick();
+    });
+    EditorOf("combo")->Edit();
     const std::string form = Files.Files["/p/Unit2.dfm"];
     EXPECT_NE(form.find("Language = 'Irish'\r\n        ImageIndex = 4\r\n"), std::string::npos) << form;
     EXPECT_NE(
