@@ -7,22 +7,10 @@
 #include "ide/Designcomponent.h"
 #include "ide/Inheritedcomponent.h"
 #include "runtime/Classes.h"
+#include "source/Charclass.h"
 
 namespace tml {
 namespace {
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool IsIdentifier(const std::string& name) {
-    const auto isLetter = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-               static_cast<unsigned char>(c) >= 0x80;
-    };
-    return !name.empty() && isLetter(name.front()) &&
-           std::all_of(name.begin(), name.end(), [&](char c) { return isLetter(c) || IsDigit(c); });
-}
 
 /// The component of the form, or of what that inherits.
 std::shared_ptr<IOTAComponent> FindOn(std::shared_ptr<IOTAComponent> form, const std::string& name) {
@@ -129,7 +117,8 @@ bool TDesigner::IsFree(const std::string& name, const std::string& typeName) {
 }
 
 std::string TDesigner::FreeName(const std::string& name, const std::string& typeName) {
-    const std::string stem = !name.empty() && IsDigit(name.back()) ? name + "_" : name;
+    CheckName(name);
+    const std::string stem = IsDigit(name.back()) ? name + "_" : name;
     std::string free = name;
     for (int number = 2; !IsFree(free, typeName); ++number)
         free = stem + std::to_string(number);
@@ -160,9 +149,9 @@ void TDesigner::CheckNamesake(const std::string& name, const TFormNode* own) {
 }
 
 void TDesigner::CheckName(const std::string& name) {
-    if (!IsIdentifier(name))
+    if (!source_.CanDeclare(name))
         throw EBadInput(GetFileName(), 0, "\"" + name + "\" is no name for a component",
-                        "Use letters, digits and underscores, a letter first");
+                        "Use letters, digits and underscores, a letter first, and no word of the language");
 }
 
 /// What a frame or an ancestor declares has no field here.

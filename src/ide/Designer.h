@@ -39,6 +39,7 @@ class TDesigner : public IOTAFormEditor, public IDesigner, private IComponentDes
     void Show() override;
     std::shared_ptr<IOTAComponent> GetRootComponent() override;
     std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
+    /// EBadInput for what is no name in the unit's language, too.
     std::string FreeName(const std::string& name, const std::string& typeName) override;
     std::shared_ptr<IOTAComponent> CreateComponent(IOTAComponent* container, const std::string& typeName,
                                                    int x, int y, int w, int h,

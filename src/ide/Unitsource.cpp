@@ -10,6 +10,7 @@
 #include "source/Ancestors.h"
 #include "source/Fieldedits.h"
 #include "source/Fields.h"
+#include "source/Identifiers.h"
 #include "source/Includeedits.h"
 #include "source/Usesedits.h"
 
@@ -83,6 +84,10 @@ bool SaysElsewhere(const TSourceText& source, const std::string& formClass, cons
 }
 
 }  // namespace
+
+bool TUnitSource::CanDeclare(const std::string& name) const {
+    return IsIdentifier(name, LanguageOf(unit_->FileName()));
+}
 
 TSourceBuffer& TUnitSource::Declaration() {
     if (header_) return *header_;

@@ -14,6 +14,8 @@ class TUnitSource {
     TUnitSource(std::shared_ptr<TSourceBuffer> unit, std::shared_ptr<TSourceBuffer> header)
         : unit_(std::move(unit)), header_(std::move(header)) {}
 
+    /// Whether the name is one that the unit's language can give a field.
+    bool CanDeclare(const std::string& name) const;
     /// Whether the form's class can have a field of the name and type: no other member of it has the name.
     /// EBadInput when the class cannot be found.
     bool HasRoomFor(const std::string& formClass, const std::string& name, const std::string& className);

@@ -26,7 +26,7 @@ constexpr std::array kSmartNames = {
     TSmartName{"Punctuation", IsPunctuation},
     TSmartName{"Path", IsPath},
     TSmartName{"Address", IsAddress},
-    TSmartName{"Identifier", IsIdentifier},
+    TSmartName{"Identifier", LooksLikeIdentifier},
     TSmartName{"EqualsName", nullptr},
 };
 

@@ -86,7 +86,7 @@ TStringsType TableFor(const TTextRule& rule, const TTextProperty& property) {
 /// prefix for its type. The program puts a text in its place. A caption may be a word that is the name, too.
 bool IsComponentName(const TTextProperty& property, TTextNature nature, std::string_view value) {
     const bool isOwnName = SameText(value, property.ComponentName);
-    if (!IsIdentifier(value)) return isOwnName && nature == TTextNature::Content;
+    if (!LooksLikeIdentifier(value)) return isOwnName && nature == TTextNature::Content;
     if (isOwnName || HasTypePrefix(value)) return true;
     if (property.ClassName.size() < 2) return false;
     const std::string_view stem = property.ClassName.substr(1);
@@ -95,7 +95,7 @@ bool IsComponentName(const TTextProperty& property, TTextNature nature, std::str
 }
 
 bool LooksLikeData(std::string_view value) {
-    return IsIdentifier(value) || IsPath(value) || IsAddress(value) || IsNumber(value);
+    return LooksLikeIdentifier(value) || IsPath(value) || IsAddress(value) || IsNumber(value);
 }
 
 /// True when some line passes the test.

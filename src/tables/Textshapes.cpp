@@ -84,7 +84,7 @@ bool IsAddress(std::string_view text) {
     return hasDots && text.find_first_not_of("0123456789.:/") == std::string_view::npos;
 }
 
-bool IsIdentifier(std::string_view text) {
+bool LooksLikeIdentifier(std::string_view text) {
     if (text.empty() || IsDigit(text.front())) return false;
     bool isOdd = false;  // unlike a word of a language
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -100,7 +100,7 @@ bool HasTypePrefix(std::string_view text) {
     const auto end = std::find_if_not(text.begin(), text.end(), IsLower);
     const auto prefix = static_cast<std::size_t>(end - text.begin());
     return prefix >= 2 && prefix <= 4 && prefix + 1 < text.size() && IsUpper(text[prefix]) &&
-           IsLower(text[prefix + 1]) && IsIdentifier(text);
+           IsLower(text[prefix + 1]) && LooksLikeIdentifier(text);
 }
 
 }  // namespace tml

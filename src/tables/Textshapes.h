@@ -18,7 +18,7 @@ bool IsPath(std::string_view text);
 bool IsAddress(std::string_view text);
 /// One word as programs write it, no word of a language: "lblName", "MAX_SIZE", "Edit1", "a.b.c". A single
 /// capitalised or small word is none.
-bool IsIdentifier(std::string_view text);
+bool LooksLikeIdentifier(std::string_view text);
 /// An identifier that begins with a few small letters for its type, as no word of a language does:
 /// "btnClose".
 bool HasTypePrefix(std::string_view text);

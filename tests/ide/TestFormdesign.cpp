@@ -191,6 +191,7 @@ TEST_F(TFormDesignTest, RefusesWhatAPropertyCannotTake) {
         {"mlLang1", "Language", "Welsh", "\"Welsh\" is none of the languages English,German"},
         {"mlLang1", "NumOfLanguages", "0", "NumOfLanguages takes a whole number from 1 to"},
         {"Button1", "Name", "1st", "\"1st\" is no name for a component"},
+        {"Button1", "Name", "End", "\"End\" is no name for a component"},
         {"Button1", "Name", "Panel1", "the form has a component Panel1 already"},
     };
     for (const auto& refused : kRefused) {

@@ -108,7 +108,7 @@ TEST(Textrules, ShapesOfTexts) {
         {IsAddress,
          {"https://a.example", "a@b.example", "127.0.0.1", "www.a.example"},
          {"a @ b", "1.2.3", "@home"}},
-        {IsIdentifier,
+        {LooksLikeIdentifier,
          {"lblName", "MAX_SIZE", "Edit1", "a.b", "XMLFile"},
          {"", "Name", "IDs", "OK", "1a", "a b"}},
         {HasTypePrefix, {"btnOk", "dsCommon"}, {"macOS", "iPhone", "Common", "longerPrefix"}},
