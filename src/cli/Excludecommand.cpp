@@ -125,7 +125,7 @@ class TExcludeRun {
             ExpectUse(change);
         if (total.Dropped > 0 && !program_.Yes && !options_.DryRun && !options_.Patch)
             throw EBadInput("", 0, EffectText(total), "Say --yes to go on; --dry-run lists the forms");
-        if (!options_.DryRun) Write(planned);
+        if (!options_.DryRun || options_.Patch) Write(planned);
         if (planned.empty() && !forms_.empty() && !program_.Json) report_ << "no form changes\n";
         (options_.Patch ? std::cerr : std::cout) << report_.str();
     }

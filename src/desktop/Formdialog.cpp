@@ -59,6 +59,9 @@ TModalResult TFormDialog::Execute() {
     Begin();
     exec();
     End();
+    // A window manager hands the focus on to the window behind. Where a question and the window that asked it
+    // go at once, it hands it to that window, and then nobody has it.
+    if (parentWidget() != nullptr) parentWidget()->activateWindow();
     return form_->ModalResult;
 }
 

@@ -22,15 +22,15 @@ constexpr std::array kExcludeActions{
     TActionRow<TfrmExclude>{"acExcludeComponent", "Exclude &Component", "", &TfrmExclude::acExcludeComponent,
                             &TfrmExclude::IsComponent, "This component with all its properties",
                             "Exclude Component"},
-    TActionRow<TfrmExclude>{"acExcludeWithAll", "Exclude with &All That It Holds", "",
-                            &TfrmExclude::acExcludeWithAll, &TfrmExclude::IsInner,
-                            "This component and every one that stands on it", "Exclude with All on It"},
-    TActionRow<TfrmExclude>{"acExcludeClass", "Exclude Cl&ass", "", &TfrmExclude::acExcludeClass,
+    TActionRow<TfrmExclude>{"acExcludeWithAll", "Exclude with &All on It", "", &TfrmExclude::acExcludeWithAll,
+                            &TfrmExclude::IsInner, "This component and every one that stands on it",
+                            "Exclude with All on It"},
+    TActionRow<TfrmExclude>{"acExcludeClass", "Exclude C&lass", "", &TfrmExclude::acExcludeClass,
                             &TfrmExclude::IsClass, "Every component of this class", "Exclude Class"},
     TActionRow<TfrmExclude>{"acExcludeProperty", "Exclude &Property Everywhere", "",
                             &TfrmExclude::acExcludeProperty, &TfrmExclude::IsProperty,
-                            "This property of every component", "Exclude Property"},
-    TActionRow<TfrmExclude>{"acExcludeClassProperty", "Exclude Property of C&lass", "",
+                            "This property of every component", "Exclude Property Everywhere"},
+    TActionRow<TfrmExclude>{"acExcludeClassProperty", "Exclude Property &of Class", "",
                             &TfrmExclude::acExcludeClassProperty, &TfrmExclude::IsProperty,
                             "This property of every component of the class", "Exclude Property of Class"},
 };
@@ -164,9 +164,9 @@ void TfrmExclude::NameActions() {
     name(eaTranslate, "&Translate %s", tree_.Caption(Current));
     name(eaComponent, "Exclude &Component %s", component);
     name(eaWithAll, "Exclude %s with &All on It", component);
-    name(eaClass, "Exclude Every C&lass %s", className);
+    name(eaClass, "Exclude C&lass %s", className);
     name(eaProperty, "Exclude &Property %s Everywhere", property);
-    name(eaClassProperty, "Exclude %s &of Its Class", property);
+    name(eaClassProperty, "Exclude Property %s &of Class", property);
 }
 
 // --- what is wanted
@@ -255,6 +255,20 @@ void TfrmExclude::btnAddEntryClick() {
     const TExclusionChange change{ListFor(entry), entry};
     CheckExclusion(change);
     ChangeMeant(change);
+    TellOfNoUse(change);
+}
+
+/// The list of entries, which says so of the current form, would not say it of the others.
+void TfrmExclude::TellOfNoUse(const TExclusionChange& change) {
+    if (!ckbAllForms || change.List == TExclusionList::SmartExcludeProps) return;
+    const bool isUsed = std::any_of(forms_.begin(), forms_.end(), [&](const TExclusionForm& form) {
+        return UseOf(form, change.List, change.Entry).Count() > 0;
+    });
+    if (isUsed) return;
+    const std::string& current = forms_[static_cast<std::size_t>(CurrentForm())].FormName;
+    host_.Dialogs->MessageDlg(
+        Format("%s matches nothing in any form; only %s has it now.", change.Entry, current),
+        TMsgDlgType::mtInformation, {mrOk});
 }
 
 void TfrmExclude::btnRemoveEntryClick() {

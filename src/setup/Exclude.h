@@ -111,6 +111,7 @@ class TfrmExclude : public TForm {
     void SetLists(int form, TExclusionLists lists);
     /// In the forms meant; of the current form even where it matches nothing.
     void ChangeMeant(const TExclusionChange& change);
+    void TellOfNoUse(const TExclusionChange& change);
     void Show();
     void ShowSmartBoxes();
     void ShowEntries();

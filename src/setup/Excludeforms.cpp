@@ -1,8 +1,7 @@
 #include "setup/Excludeforms.h"
 
-#include <exception>
 #include <functional>
-#include <unordered_map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -80,25 +79,44 @@ bool TellWhatIsLeftOut(TContext& context, const TFormsToExclude& read) {
     return !read.Forms.empty();
 }
 
+/// The form's lease; nothing where its component is gone, which the person has been told.
+std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, const TExclusionLists& lists) {
+    const auto scope = BeginCommand(context, kExcludeTitle);
+    auto lease = std::make_unique<TModuleLease>(context, row.FileName);
+    const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row.FileName));
+    const auto lang =
+        TestForCorrectForm(context, row) ? FindCustomLang(*context.Host.Runtime, *editor) : nullptr;
+    if (lang == nullptr) return nullptr;
+    WriteExclusions(*lang, lists);
+    MarkModifiedForm(context, row.FormName);
+    scope->Commit();
+    return lease;
+}
+
+/// One step for all forms. They are saved one by one: one that cannot be stays open with what was chosen for
+/// it, and the others are written.
 void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std::vector<TFormRow*>& rows) {
-    std::vector<TFormRow*> changed;
-    std::unordered_map<const TFormRow*, const TExclusionLists*> lists;
+    const TProgressEnd end(context.Dialogs());
+    TOpenedMeanwhile opened(context);
+    std::vector<std::unique_ptr<TModuleLease>> changed;
+    TAllSteps steps;
+    const auto scope = BeginCommand(context, kExcludeTitle);
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const TExclusionLists& wanted = window.Lists(static_cast<int>(i));
-        if (wanted == window.Forms()[i].Lists) continue;
-        changed.push_back(rows[i]);
-        lists.emplace(rows[i], &wanted);
+        const TExclusionLists& lists = window.Lists(static_cast<int>(i));
+        if (lists == window.Forms()[i].Lists) continue;
+        if (!context.Dialogs().ShowProgress("Excluding...", static_cast<int>(i),
+                                            static_cast<int>(rows.size())))
+            throw EmlLangSilent();
+        steps.Try([&] {
+            if (auto lease = ChangeLists(context, *rows[i], lists)) changed.push_back(std::move(lease));
+        });
+        opened.Leave(rows[i]->FileName);
     }
-    if (changed.empty()) return;
-    // What was chosen for the other forms is not lost with one that cannot be written.
-    const auto error = ForEachForm(
-        context, kExcludeTitle, changed,
-        [&](TFormRow& row) {
-            WithTmlLang(context, row, TFormUse::Changes,
-                        [&](TmlCustomLang& lang) { WriteExclusions(lang, *lists.at(&row)); });
-        },
-        nullptr, TOnFailure::GoOn);
-    if (error != nullptr) std::rethrow_exception(error);
+    scope->Commit();
+    for (const auto& lease : changed)
+        steps.Try([&lease] { lease->SaveOrKeep(); });
+    changed.clear();
+    steps.Finish();
 }
 
 }  // namespace

@@ -53,6 +53,20 @@ inline void Press(QWidget& window, const char* button) {
     QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton, {}, {8, 8});
 }
 
+/// Accelerators that two of the visible controls have, each as their letter.
+inline QString DoubleAccelerators(const QWidget& window) {
+    QString keys, doubles;
+    const auto add = [&](const QString& text) {
+        const QString key = QKeySequence::mnemonic(text).toString();
+        if (!key.isEmpty()) (keys.contains(key.back()) ? doubles : keys) += key.back();
+    };
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        if (button->isVisible()) add(button->text());
+    for (const auto* label : window.findChildren<QLabel*>())
+        if (label->isVisible() && label->buddy() != nullptr) add(label->text());
+    return doubles;
+}
+
 /// The line of a field, which may be the field itself.
 inline QLineEdit& EditOf(QWidget& window, const char* name) {
     auto* field = window.findChild<QWidget*>(name);

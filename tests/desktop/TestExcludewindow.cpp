@@ -51,6 +51,7 @@ class TExcludeWindow : public TDesktop {
 TEST_F(TExcludeWindow, BoxesSearchAndEntriesByTheMouse) {
     User.On([this](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "Exclude from Translation");
+        EXPECT_EQ(DoubleAccelerators(window), "");
         auto& tree = *window.findChild<QTreeView*>("tree");
         auto& picture = *window.findChild<QWidget*>("exclusionPicture");
         const QImage before = picture.grab().toImage();
@@ -89,6 +90,7 @@ TEST_F(TExcludeWindow, BoxesSearchAndEntriesByTheMouse) {
         Press(window, "btOK");
     });
     Click("Exclude1");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Window->isActiveWindow(); })) << "two windows went at once";
     const std::string form = OnDisk("harbour/forms/Mainwindow.lfm");
     EXPECT_NE(form.find("ExcludedProperties.Strings = (\n      '!lblLog'\n      'TMemo'\n    )"),
               std::string::npos);

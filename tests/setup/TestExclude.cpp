@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/Errors.h"
 #include "core/Modules.h"
 #include "setup/Exclude.h"
 #include "support/Expertfixture.h"
@@ -127,6 +128,11 @@ TEST_F(TExcludeTest, AllFormsAtOnceAndEachBack) {
         EXPECT_EQ(window.Lists(0)[TExclusionList::DoNotTranslate].CommaText(), "Label1");
         window.acTranslate();
         EXPECT_EQ(window.Lists(0)[kProperties].CommaText(), "Label1.Caption") << "what else was meant";
+        User.OnInput("Entry (!Component, TClass, .Property, TClass.Property, Path):", "!Nobody");
+        User.OnMessage("!Nobody matches nothing in any form; only Form1 has it now.");
+        window.btnAddEntryClick();
+        EXPECT_EQ(window.Lists(0)[kProperties].CommaText(), "Label1.Caption,!Nobody");
+        EXPECT_EQ(window.Lists(1)[kProperties].IndexOf("!Nobody"), -1);
         window.ckbAllFormsClick(false);
         window.acExcludeClass();
         EXPECT_EQ(window.Lists(1)[kProperties].IndexOf("TLabel"), -1);
@@ -171,6 +177,24 @@ TEST_F(TExcludeTest, FormsThatCannotBeReadAreSaid) {
     Expert->Window()->SelectAll1Click();
     Expert->Window()->Run("Exclude");
     EXPECT_FALSE(User.ProgressShown);
+}
+
+TEST_F(TExcludeTest, AFormThatCannotBeSavedStaysOpenWithItsLists) {
+    OpenSorted();
+    Files.ReadOnlyFiles = {"/p/Unit1.dfm"};
+    const std::string before = Files.Files["/p/Unit1.dfm"];
+    const auto choose = [&](TfrmExclude& window) {
+        for (const char* form : {"Form1", "Form2"})
+            window.BoxClick(NodeOf(window, {form, "TLabel"}), true);
+        window.btOKClick();
+    };
+    EXPECT_THROW(Run(choose), EBadInput);
+    EXPECT_EQ(Files.Files["/p/Unit1.dfm"], before);
+    EXPECT_TRUE(Holds("Unit2.dfm", "'!Gone'\r\n      'TLabel')"));
+    ASSERT_TRUE(IsFileOpen(Context(), "/p/Unit1.pas"));
+    Files.ReadOnlyFiles.clear();
+    SaveFile(Context(), "/p/Unit1.pas");
+    EXPECT_TRUE(Holds("Unit1.dfm", "ExcludedProperties.Strings = (\r\n      'TLabel')\r\n"));
 }
 
 TEST_F(TExcludeTest, FormsWithoutAComponentHaveNothingToExclude) {
