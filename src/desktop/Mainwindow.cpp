@@ -202,7 +202,8 @@ void TMainWindow::TellWritten() {
         messages_->Forget(file);
         if (host_->Modules().FindModule(file) != nullptr) continue;
         command = " (" + ToQt(title) + ")";
-        messages_->AddNote(file, "Written to the disk (" + title + "); undo and redo work once it is open");
+        messages_->AddNote(file, "Written to the disk (" + title +
+                                     "); Undo takes it back while this file or none is in front");
     }
     if (names.empty()) return;
     const auto more = names.size() - kNamesTold;

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
+#include <iostream>
 
 #include "desktop/Mainwindow.h"
 #include "desktop/Resources.h"
@@ -10,6 +11,8 @@
 #include "desktop/Theme.h"
 
 namespace {
+
+constexpr int kUsage = 2;
 
 /// What the program prints and ends with needs no display.
 void AnswerWithoutDisplay(int argc, char** argv, QCommandLineParser& arguments) {
@@ -42,13 +45,18 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     LoadResources();
     arguments.process(application);
+    const QStringList projects = arguments.positionalArguments();
+    if (projects.size() > 1) {
+        std::cerr << "tmllang-workbench: " << FromQt(projects.at(1))
+                  << " is one project too many; usage: tmllang-workbench [options] [PROJECT]\n";
+        return kUsage;
+    }
 
     const QString side = arguments.value(theme);
     SetTheme(application, side == "light" ? TTheme::Light : side == "dark" ? TTheme::Dark : TTheme::Desktop);
     const QString settingsFolder = QFileInfo(arguments.value(config)).absoluteFilePath();
     TMainWindow window({FromQt(settingsFolder), FromQt(QApplication::applicationDirPath())});
     window.show();
-    const QStringList projects = arguments.positionalArguments();
     if (!projects.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenProject(projects.first()); });
     return QApplication::exec();
 }

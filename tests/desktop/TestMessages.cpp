@@ -112,7 +112,7 @@ TEST_F(TMessages, ATitleIsWhole) {
     EXPECT_FALSE(Context().Dialogs().InputQuery(title, "Name:", value));
 }
 
-TEST_F(TMessages, HelpAndVersionNeedNoDisplay) {
+TEST_F(TMessages, HelpVersionAndUsageAreSaidAtOnce) {
     const auto output = [](const char* option) {
         QProcess program;
         program.setProcessEnvironment({});
@@ -124,6 +124,11 @@ TEST_F(TMessages, HelpAndVersionNeedNoDisplay) {
     EXPECT_TRUE(output("--help").contains("PROJECT"));
     const QString version = output("--version").trimmed().section(' ', 1);
     EXPECT_FALSE(version.isEmpty());
+    QProcess two;
+    two.start(TML_BIN "/tmllang-workbench", {"a.lpi", "b.lpi"});
+    EXPECT_TRUE(two.waitForFinished());
+    EXPECT_EQ(two.exitCode(), 2);
+    EXPECT_TRUE(two.readAllStandardError().contains("b.lpi is one project too many; usage: "));
     User.Answer("TmlLang Expert\r\nVersion " + version, "OK");
     Window->Host().Host().Runtime->ShowAboutBox();
 }
