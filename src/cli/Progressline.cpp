@@ -16,11 +16,13 @@ constexpr auto kPeriod = std::chrono::milliseconds(50);
 TProgressLine::TProgressLine() : terminal_(IsTerminal(TStream::Error)), next_(TClock::now() + kDelay) {}
 
 bool TProgressLine::Show(const std::string& text, int position, int maximum) {
-    if (terminal_ && TClock::now() >= next_) {
+    // A full bar announces what may take long by itself.
+    const bool isLast = begun_ && maximum > 0 && position == maximum;
+    if (terminal_ && (isLast || TClock::now() >= next_)) {
         std::cerr << "\r\x1b[K" << text;
         if (maximum > 0) std::cerr << " " << position << "/" << maximum;
         std::cerr.flush();
-        shown_ = true;
+        shown_ = begun_ = true;
         next_ = TClock::now() + kPeriod;
     }
     return !Interrupted();

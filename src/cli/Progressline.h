@@ -6,7 +6,8 @@
 namespace tml {
 
 /// One line on a terminal's standard error that is written over as work goes on: shown after 100 ms, at
-/// most 20 times a second, and wiped out at the end. Silent where standard error is no terminal.
+/// most 20 times a second but for a full bar, and wiped out at the end. Silent where standard error is no
+/// terminal.
 class TProgressLine {
   public:
     TProgressLine();
@@ -23,6 +24,7 @@ class TProgressLine {
 
     bool terminal_;
     bool shown_ = false;
+    bool begun_ = false;  ///< something has been shown
     TClock::time_point next_;
 };
 

@@ -11,6 +11,7 @@
 #include "cli/Terminal.h"
 #include "core/Modules.h"
 #include "setup/Furtherproperties.h"
+#include "setup/Requiredpackage.h"
 #include "setup/Setuprun.h"
 
 namespace tml {
@@ -30,6 +31,8 @@ struct TSetupOptions : TFormOptions {
     bool DryRun = false;
     bool Patch = false;
 };
+
+constexpr const char* kNothingToDo = "nothing to do: no form would change\n";
 
 /// A text with line ends of its own as the terminal wants it.
 std::string Printed(std::string text) {
@@ -81,18 +84,23 @@ class TSetupCommand {
         if (outcome.Stopped) throw EBadInput("", 0, "stopped", "Nothing was written");
         if (options_.Patch) std::cout << scope->Patch();
         if (Writes()) {
+            const TProgressEnd end(context.Dialogs());
+            const int count = static_cast<int>(outcome.Forms.size());
+            context.Dialogs().ShowProgress("Writing the files...", count, count);
             scope->Commit();
             program_.HasWritten = true;
             StoreLinks(context, plan_.Wishes);
         }
-        PrintOutcome(outcome);
         left_ = static_cast<int>(outcome.Forms.size()) - outcome.CountDone();
+        PrintOutcome(outcome);
     }
 
     void PrintPlan() {
         left_ = static_cast<int>(plan_.Forms.size()) - plan_.CountReady();
         if (!program_.Json) {
-            std::cout << Printed(plan_.Text());
+            const bool isIdle = left_ == 0 && !plan_.HasWork();
+            std::cout << (isIdle ? kNothingToDo : Printed(plan_.Text()));
+            if (isIdle) PrintRemarks();
             return;
         }
         for (const TFormSetup& form : plan_.Forms) {
@@ -108,6 +116,8 @@ class TSetupCommand {
             else
                 line.Text("problem", form.Problem);
         }
+        if (!plan_.PackageProject.empty())
+            TJsonLine(std::cout).Text("project", plan_.PackageProject).Text("package", kRuntimePackage);
         if (!plan_.Remarks.Empty()) TJsonLine(std::cout).Texts("notes", plan_.Remarks);
     }
 
@@ -122,9 +132,26 @@ class TSetupCommand {
                     .Text("file", form.FileName)
                     .Texts("done", form.Done)
                     .Texts("notes", form.Notes);
-            else
+            else if (!form.Done.Empty())
                 PrintForm(out, form);
         }
+        PrintPackage(out, outcome);
+        if (!program_.Json && !outcome.HasChanged() && left_ == 0) out << kNothingToDo;
+        PrintRemarks();
+    }
+
+    void PrintPackage(std::ostream& out, const TSetupOutcome& outcome) const {
+        if (outcome.PackageProject.empty()) return;
+        if (program_.Json)
+            TJsonLine(out)
+                .Text("project", outcome.PackageProject)
+                .Text("package", kRuntimePackage)
+                .Text("done", "added");
+        else
+            out << outcome.PackageText() << "\n";
+    }
+
+    void PrintRemarks() const {
         for (const std::string& remark : plan_.Remarks)
             PrintMessage(remark);
     }

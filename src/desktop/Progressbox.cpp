@@ -26,7 +26,10 @@ bool TProgressBox::Show(QWidget* parent, const std::string& text, int position, 
         box_->show();
         sinceEvents_.invalidate();
     }
-    if (sinceEvents_.isValid() && sinceEvents_.elapsed() < kBetweenEvents) return !box_->wasCanceled();
+    // A full bar announces what may take long by itself.
+    const bool isLast = maximum > 0 && position == maximum;
+    if (!isLast && sinceEvents_.isValid() && sinceEvents_.elapsed() < kBetweenEvents)
+        return !box_->wasCanceled();
     sinceEvents_.start();
     box_->setLabelText(ToQt(text));
     box_->setMaximum(maximum);

@@ -122,7 +122,7 @@ void TWizardView::Refresh() {
     ui_->ckbPackage->setVisible(form_.PackageVisible);
     ui_->btScan->setEnabled(form_.ScanEnabled());
     ui_->btTakeStrings->setEnabled(form_.HasStrings());
-    ui_->btShowChange->setText(form_.ShowsChange ? "Show &Steps" : "Show C&hange");
+    ui_->btShowChange->setText(form_.ShowsChange ? "Show &Steps" : "Show &Change");
     ui_->memPlan->setPlainText(ToQt(form_.memPlan));
     ui_->memReport->setPlainText(ToQt(form_.memReport));
     ui_->btBack->setEnabled(form_.BackEnabled());

@@ -41,6 +41,8 @@ class IFormTexts {
   public:
     virtual ~IFormTexts() = default;
     virtual TTextsOfForm GetTextsOfForm() = 0;
+    /// Whether TmlCustomLang::BuildList would change nothing.
+    virtual bool IsUpToDate() = 0;
 };
 
 }  // namespace tml

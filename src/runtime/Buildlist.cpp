@@ -103,6 +103,13 @@ void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
                              ancestor->GetLangNames());
 }
 
+bool HaveSameEntries(const TTable& a, const TTable& b) {
+    return std::equal(a.Entries().begin(), a.Entries().end(), b.Entries().begin(), b.Entries().end(),
+                      [](const TTableEntry& one, const TTableEntry& other) {
+                          return one.Key == other.Key && one.Values == other.Values;
+                      });
+}
+
 }  // namespace
 
 TLangTexts ReadTexts(TmlCustomLang& lang) {
@@ -141,6 +148,14 @@ TStringList BuildTables(TmlCustomLang& lang) {
     const TBuiltTexts built = BuiltTexts(lang);
     WriteTexts(lang, built.Texts);
     return built.Notes;
+}
+
+bool AreTablesBuilt(TmlCustomLang& lang) {
+    const TLangTexts built = BuiltTexts(lang).Texts;
+    const TLangTexts present = ReadTexts(lang);
+    return built.Extended == present.Extended &&
+           std::equal(built.Tables.begin(), built.Tables.end(), present.Tables.begin(), present.Tables.end(),
+                      HaveSameEntries);
 }
 
 TTextsOfForm TextsOfForm(TmlCustomLang& lang) {

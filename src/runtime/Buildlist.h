@@ -46,6 +46,7 @@ void EditTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& 
 TStringList BuildTables(TmlCustomLang& lang);
 
 /// See IFormTexts.
+bool AreTablesBuilt(TmlCustomLang& lang);
 TTextsOfForm TextsOfForm(TmlCustomLang& lang);
 
 /// See TmlCustomLang::ClearTranslations.

@@ -202,6 +202,10 @@ TTextsOfForm TmlLangView::GetTextsOfForm() {
     return TextsOfForm(*this);
 }
 
+bool TmlLangView::IsUpToDate() {
+    return AreTablesBuilt(*this);
+}
+
 bool TmlLangView::GetIgnoreRemovals() {
     return ReadBooleanProp(Component(), kIgnoreRemovals, false);
 }

@@ -52,6 +52,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
     void SetIgnoreRemovals(bool ignore) override;
     void ComponentRenamed(const std::string& oldName, const std::string& newName) override;
     TTextsOfForm GetTextsOfForm() override;
+    bool IsUpToDate() override;
 
   private:
     /// The character between the fields of a table line.

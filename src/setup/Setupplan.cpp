@@ -1,20 +1,17 @@
 #include "setup/Setupplan.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "platform/Projectoptions.h"
 #include "setup/Requiredpackage.h"
 #include "setup/Setupplanner.h"
+#include "tables/Exclusionrules.h"
 #include "tables/Languages.h"
 
 namespace tml {
 namespace {
-
-constexpr std::array<std::string_view, 7> kSmartRules = {"Empty",   "Number",     "Punctuation", "Path",
-                                                         "Address", "Identifier", "EqualsName"};
 
 bool IsClassName(std::string_view name) {
     return name.size() > 1 && name[0] == 'T' && name[1] >= 'A' && name[1] <= 'Z';
@@ -35,13 +32,28 @@ std::string FileNames(const std::vector<std::string>& files) {
     return text;
 }
 
+/// "" where no string moves.
 std::string StringsStep(const TFormSetup& form) {
     if (!form.Strings) return "moves the strings of its source into the component";
-    if (form.Strings->empty()) return "finds no strings in its source";
     const int left = static_cast<int>(form.Strings->size()) - form.CountTaken();
+    if (form.CountTaken() == 0) return {};
     std::string text = Format("moves %d of the source's strings into the component", form.CountTaken());
     if (left > 0) text += Format(", leaves %d", left);
     return text;
+}
+
+/// What it has, or is to have, of its component.
+std::string ComponentOf(const TFormSetup& form) {
+    if (form.Inserts) return {};
+    if (!form.Ancestor.empty()) return Format(": inherits %s from %s", form.Component, form.Ancestor);
+    return Format(": keeps %s (%s)", form.Component, form.ClassName);
+}
+
+std::string Located(const EBadInput& error, const std::string& unit) {
+    if (error.File().empty() || (error.Line() == 0 && error.File() == unit)) return error.Problem();
+    const std::string file = FileNameOf(error.File());
+    return error.Line() == 0 ? Format("%s (%s)", error.Problem(), file)
+                             : Format("%s (%s:%d)", error.Problem(), file, error.Line());
 }
 
 }  // namespace
@@ -59,12 +71,17 @@ TSetupWishes DefaultWishes(TContext& context) {
 
 TExclusionList ListOfExclusion(std::string_view entry) {
     const std::string_view name = Trim(entry.substr(0, entry.find(':')));
-    if (std::any_of(kSmartRules.begin(), kSmartRules.end(),
-                    [&](std::string_view rule) { return SameText(rule, name); }))
+    const std::vector<std::string_view> rules = SmartRuleNames();
+    if (std::any_of(rules.begin(), rules.end(), [&](std::string_view rule) { return SameText(rule, name); }))
         return TExclusionList::SmartExcludeProps;
     const bool isProperty = name.starts_with('!') || name.find('.') != std::string_view::npos;
     return isProperty || IsClassName(name) ? TExclusionList::ExcludedProperties
                                            : TExclusionList::DoNotTranslate;
+}
+
+void TFormSetup::Refuse(const EBadInput& error) {
+    Problem = error.what();
+    Reason = Located(error, FileName);
 }
 
 int TFormSetup::CountTaken() const {
@@ -87,8 +104,6 @@ TStringList TSetupPlan::StepsOf(const TFormSetup& form) const {
     add(form.InsertsDispatcher, Format("inserts %s (TmlLangDispatcher)", form.OwnDispatcher));
     add(form.SetsDispatcher, Format("sets the languages of %s: %s", form.OwnDispatcher, languages));
     add(form.Inserts, Format("inserts %s (%s)", form.Component, form.ClassName));
-    add(!form.Inserts && form.Ancestor.empty(), Format("keeps %s (%s)", form.Component, form.ClassName));
-    add(!form.Ancestor.empty(), Format("inherits its component from %s", form.Ancestor));
     add(form.SetsLanguages, Format("sets the languages: %s", languages));
     add(!form.Dispatcher.empty(), Format("links the component to the dispatcher %s", form.Dispatcher));
     add(!form.Container.empty(), Format("has %s as its common container", form.Container));
@@ -97,13 +112,27 @@ TStringList TSetupPlan::StepsOf(const TFormSetup& form) const {
             steps.Add(Format("excludes %s (%s)", entry, PropertyOf(list)));
     for (const TFormProperty& property : form.Properties)
         steps.Add(Format("sets %s to %s", property.Name, property.Value.Text));
-    steps.Add("fills the tables from the form");
-    add(Wishes.MovesStrings, StringsStep(form));
+    add(form.FillsTables, "fills the tables from the form");
+    const std::string strings = Wishes.MovesStrings ? StringsStep(form) : std::string();
+    add(!strings.empty(), strings);
     return steps;
+}
+
+TStringList TSetupPlan::DoneTo(TFormSetup form, int moved) const {
+    form.Strings.emplace();
+    TStringList steps = StepsOf(form);
+    if (moved > 0) steps.Add(Format("moves %d of the source's strings into the component", moved));
+    return steps;
+}
+
+bool TSetupPlan::HasWork() const {
+    return !PackageProject.empty() ||
+           std::any_of(Forms.begin(), Forms.end(), [this](const TFormSetup& form) { return Changes(form); });
 }
 
 std::vector<std::string> TSetupPlan::FilesOf(const TFormSetup& form) const {
     std::vector<std::string> files;
+    if (!Changes(form)) return files;
     const bool movesStrings = Wishes.MovesStrings && (!form.Strings || form.CountTaken() > 0);
     if (!form.Declaration.empty()) files.push_back(form.Declaration);
     if (movesStrings && form.Declaration != form.FileName) files.push_back(form.FileName);
@@ -112,18 +141,25 @@ std::vector<std::string> TSetupPlan::FilesOf(const TFormSetup& form) const {
 }
 
 std::string TSetupPlan::TextOf(const TFormSetup& form) const {
-    std::string text = Format("%s (%s)\r\n", form.FormName, FileNameOf(form.FileName));
-    if (!form.IsReady()) return text + Format("    is left as it is: %s\r\n", form.Problem);
-    for (const std::string& step : StepsOf(form))
+    std::string text = Format("%s (%s)", form.FormName, FileNameOf(form.FileName));
+    if (!form.IsReady()) return text + Format("\r\n    is left as it is: %s\r\n", form.Problem);
+    text += ComponentOf(form) + "\r\n";
+    const TStringList steps = StepsOf(form);
+    for (const std::string& step : steps)
         text += Format("    %s\r\n", step);
     for (const std::string& remark : form.Remarks)
         text += Format("    note: %s\r\n", remark);
+    if (steps.Empty()) return text + "    nothing to do\r\n";
     return text + Format("    changes %s\r\n", FileNames(FilesOf(form)));
 }
 
 std::string TSetupPlan::Head() const {
-    std::string text =
-        Format("Forms that will be set up: %d of %d\r\n", CountReady(), static_cast<int>(Forms.size()));
+    const auto changing = static_cast<int>(
+        std::count_if(Forms.begin(), Forms.end(), [this](const TFormSetup& form) { return Changes(form); }));
+    const int all = static_cast<int>(Forms.size());
+    std::string text = Format("Forms that will be set up: %d of %d\r\n", changing, all);
+    if (CountReady() > changing) text += Format("Forms with nothing to do: %d\r\n", CountReady() - changing);
+    if (CountReady() < all) text += Format("Forms that are not ready: %d\r\n", all - CountReady());
     if (!PackageProject.empty())
         text += Format("%s will require the package %s\r\n", FileNameOf(PackageProject), kRuntimePackage);
     for (const std::string& remark : Remarks)
@@ -134,7 +170,7 @@ std::string TSetupPlan::Head() const {
 std::string TSetupPlan::Text() const {
     std::string text = Head();
     for (const TFormSetup& form : Forms)
-        text += "\r\n" + TextOf(form);
+        if (!form.IsReady() || Changes(form)) text += "\r\n" + TextOf(form);
     return text;
 }
 

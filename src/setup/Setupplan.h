@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Errors.h"
 #include "base/Stringlist.h"
 #include "core/Context.h"
 #include "forms/Formvalue.h"
@@ -37,7 +38,8 @@ TExclusionList ListOfExclusion(std::string_view entry);
 struct TFormSetup {
     std::string FormName;
     std::string FileName;  ///< of the unit
-    std::string Problem;   ///< why it is left as it is, "" where it is ready
+    std::string Problem;   ///< why it is left as it is, with the place; "" where it is ready
+    std::string Reason;    ///< the same, with what is wrong before the place
     TStringList Remarks;   ///< what is other than was wished for
 
     std::string Component;  ///< there or to be inserted
@@ -53,11 +55,13 @@ struct TFormSetup {
     std::string Container;        ///< reference to the common container that it is to have, "" for none
     TExclusionLists Exclusions;   ///< to be added
     std::vector<TFormProperty> Properties;  ///< to be set
+    bool FillsTables = false;               ///< they are not what the form shows, or will not be
     std::optional<TSetupStrings> Strings;   ///< found in the unit, where they have been looked for
     std::string Declaration;                ///< file that declares what is inserted, "" for nothing
     std::string FormFile;
 
     bool IsReady() const { return Problem.empty(); }
+    void Refuse(const EBadInput& error);
     int CountTaken() const;
 };
 
@@ -70,15 +74,20 @@ struct TSetupPlan {
     TStringList Meaningless;     ///< exclusions that leave nothing out, which are not entered
 
     int CountReady() const;
-    /// What will be done to a form, a line each.
+    /// What will change in a form, a line each; none for one that is set up already.
     TStringList StepsOf(const TFormSetup& form) const;
-    /// The files of a form that change, full paths.
+    bool Changes(const TFormSetup& form) const { return form.IsReady() && !StepsOf(form).Empty(); }
+    /// Whether a run would change anything.
+    bool HasWork() const;
+    /// What has been done to a form whose run has moved so many strings.
+    TStringList DoneTo(TFormSetup form, int moved) const;
+    /// The files of a form that change, full paths; none where it does not.
     std::vector<std::string> FilesOf(const TFormSetup& form) const;
     /// The plan of a form for people.
     std::string TextOf(const TFormSetup& form) const;
     /// What is of no single form, for people.
     std::string Head() const;
-    /// The whole plan for people.
+    /// The whole plan for people, without forms that do not change.
     std::string Text() const;
 };
 

@@ -7,9 +7,11 @@
 #include "base/Utf8.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
+#include "platform/Formtexts.h"
 #include "setup/Exclusionmatch.h"
 #include "setup/Furtherproperties.h"
 #include "setup/Requiredpackage.h"
+#include "source/Identifiers.h"
 #include "translations/Langlosses.h"
 
 namespace tml {
@@ -65,10 +67,24 @@ void ExpectNoLoss(ILanguages& languages, const std::string& name, const TSetupWi
                         "Name the others as well, or let them be given up");
 }
 
+/// Of a name that stands for all forms; what it is with a form's own name, the form's plan says.
+void ExpectName(TContext& context, const TSetupWishes& wishes) {
+    const auto project = GetActiveProject(context);
+    const bool isCpp = project != nullptr && project->IsCPPProject();
+    if (IsIdentifier(WishedName(wishes, "Form1"), isCpp ? kCpp : kPascal)) return;
+    throw EBadInput("", 0, Format("\"%s\" is no name for a component", wishes.ComponentName),
+                    "Use letters, digits and underscores, a letter first; %s stands for the form's name");
+}
+
 }  // namespace
 
 bool HasCommonContainer(TContext& context, const std::string& className) {
     return HasProperty(*context.Host.Runtime, className, "CommonContainer");
+}
+
+bool AreTablesUpToDate(TmlCustomLang& lang) {
+    auto* const texts = dynamic_cast<IFormTexts*>(&lang);
+    return texts != nullptr && texts->IsUpToDate();
 }
 
 std::unique_ptr<TModuleLease> OpenForSetup(TContext& context, const TFormRow& row) {
@@ -87,8 +103,7 @@ std::unique_ptr<TModuleLease> OpenForSetup(TContext& context, const TFormRow& ro
     return lease;
 }
 
-TSetupPlanner::TSetupPlanner(TContext& context, const TSetupWishes& wishes) : context_(context) {
-    plan_.Wishes = wishes;
+void CheckWishes(TContext& context, const TSetupWishes& wishes) {
     IMlRuntime& runtime = *context.Host.Runtime;
     const std::string& className = wishes.ComponentClass;
     if (!runtime.IsRegistered(className) || !runtime.InheritsFrom(className, "TmlCustomLang"))
@@ -99,6 +114,14 @@ TSetupPlanner::TSetupPlanner(TContext& context, const TSetupWishes& wishes) : co
     if (!wishes.ContainerForm.empty() && !HasCommonContainer(context, className))
         throw EBadInput("", 0, "a component of the class " + className + " has no common container",
                         "Take TmlLangLinked, or no common container");
+    ExpectName(context, wishes);
+    for (const std::string& line : wishes.Properties)
+        FurtherProperty(line);
+}
+
+TSetupPlanner::TSetupPlanner(TContext& context, const TSetupWishes& wishes) : context_(context) {
+    plan_.Wishes = wishes;
+    CheckWishes(context, wishes);
     for (const std::string& line : wishes.Properties)
         properties_.push_back(FurtherProperty(line));
     for (const TExclusionList list : kExclusionLists)
@@ -138,7 +161,10 @@ TSetupPlan TSetupPlanner::Plan(const std::vector<TFormRow*>& rows) {
         PlanForm(*all[i]);
     }
     AddEverywhere();
+    ExpectWritable();
     Link();
+    ExpectWritable();
+    PlanTables();
     PlanPackage();
     held_.clear();
     return std::move(plan_);
@@ -152,9 +178,9 @@ void TSetupPlanner::PlanForm(TFormRow& row) {
     try {
         Read(row, form);
     } catch (const EmlLangSilent&) {
-        form.Problem = "its unit cannot be opened";
+        form.Refuse({"", 0, "its unit cannot be opened"});
     } catch (const EBadInput& error) {
-        form.Problem = error.what();
+        form.Refuse(error);
     }
     planned_.emplace(UpperCase(form.FormName), plan_.Forms.size());
     plan_.Forms.push_back(std::move(form));
@@ -181,6 +207,7 @@ void TSetupPlanner::PlanComponent(const TFormRow& row, TFormSetup& form, IOTAFor
         form.Ancestor = inherited.FormName;
         form.Component = inherited.Component;
         form.ClassName = inherited.ClassName;
+        form.FillsTables = true;
     } else {
         Insert(form, editor);
     }
@@ -195,6 +222,7 @@ void TSetupPlanner::Keep(TFormSetup& form, TmlCustomLang& lang) {
     form.Component = lang.GetName();
     form.ClassName = lang.GetClassName();
     form.Languages = lang.GetLangNames();
+    form.FillsTables = !AreTablesUpToDate(lang);
     const auto component = lang.GetComponent();
     const auto inherited = lang.GetInherited();
     if (inherited != nullptr) form.Ancestor = inherited->GetComponent()->GetOwner()->GetName();
@@ -218,6 +246,7 @@ void TSetupPlanner::PlanLanguages(TFormSetup& form, TmlCustomLang& lang) const {
 /// EBadInput where the unit does not declare the form's class.
 void TSetupPlanner::Insert(TFormSetup& form, IOTAFormEditor& editor) const {
     form.Inserts = true;
+    form.FillsTables = true;
     form.SetsLanguages = true;
     form.ClassName = plan_.Wishes.ComponentClass;
     form.Component = editor.FreeName(WishedName(plan_.Wishes, form.FormName), form.ClassName);
@@ -281,11 +310,32 @@ void TSetupPlanner::PlanFiles(TFormSetup& form, IOTAModule& module) const {
     form.FormFile = module.GetFormEditor()->GetFileName();
 }
 
+/// A form that changes only with others is known to do so late.
+void TSetupPlanner::ExpectWritable() {
+    for (TFormSetup& form : plan_.Forms) {
+        try {
+            ExpectWritable(form);
+        } catch (const EBadInput& error) {
+            form.Refuse(error);
+        }
+    }
+}
+
 void TSetupPlanner::ExpectWritable(const TFormSetup& form) const {
     for (const std::string& file : plan_.FilesOf(form)) {
         const auto info = context_.Host.Files->Stat(file);
         if (info && info->ReadOnly)
             throw EBadInput(file, 0, "the file is read-only", "Make it writable, or leave the form out");
+    }
+}
+
+/// Languages, exclusions and what an ancestor holds make other tables.
+void TSetupPlanner::PlanTables() {
+    for (TFormSetup& form : plan_.Forms) {
+        const auto ancestor = planned_.find(UpperCase(form.Ancestor));
+        const bool isAncestorOther = ancestor != planned_.end() && plan_.Forms[ancestor->second].FillsTables;
+        form.FillsTables = form.FillsTables || isAncestorOther || form.SetsLanguages || form.SetsDispatcher ||
+                           !form.Dispatcher.empty() || form.Exclusions != TExclusionLists();
     }
 }
 
@@ -319,7 +369,8 @@ void TSetupPlanner::LinkTo(const TFormSetup& holder, const std::string& componen
         const bool isHolder = form.FileName == holder.FileName;
         if (!form.IsReady() || !form.Ancestor.empty() || (isHolder && !isDispatcher)) continue;
         if (!holder.IsReady()) {
-            form.Problem = Format("the form %s, which it is to be linked to, is not ready", holder.FormName);
+            form.Refuse(
+                {"", 0, "the form " + holder.FormName + ", which it is to be linked to, is not ready"});
             continue;
         }
         if (!isDispatcher && !HasCommonContainer(context_, form.ClassName)) {
@@ -328,7 +379,9 @@ void TSetupPlanner::LinkTo(const TFormSetup& holder, const std::string& componen
         }
         const std::string reference = isHolder ? component : holder.FormName + "." + component;
         const std::string& present = isDispatcher ? present_[i].Dispatcher : present_[i].Container;
-        if (!SameText(present, reference)) (isDispatcher ? form.Dispatcher : form.Container) = reference;
+        const bool isLinked = SameText(present, reference);
+        if (!isLinked) (isDispatcher ? form.Dispatcher : form.Container) = reference;
+        if (isLinked && isDispatcher && holder.SetsDispatcher) form.FillsTables = true;
     }
 }
 

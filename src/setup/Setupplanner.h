@@ -18,6 +18,12 @@ bool HasCommonContainer(TContext& context, const std::string& className);
 /// that can be worked on.
 std::unique_ptr<TModuleLease> OpenForSetup(TContext& context, const TFormRow& row);
 
+/// EBadInput for wishes that fit no form.
+void CheckWishes(TContext& context, const TSetupWishes& wishes);
+
+/// Whether a component's tables are what an update would make of them.
+bool AreTablesUpToDate(TmlCustomLang& lang);
+
 /// Works out what a run would do; see PlanSetup.
 class TSetupPlanner {
   public:
@@ -52,7 +58,9 @@ class TSetupPlanner {
     void PlanProperties(TFormSetup& form, TmlCustomLang* lang) const;
     void PlanExclusions(TFormSetup& form, IOTAFormEditor& editor);
     void PlanFiles(TFormSetup& form, IOTAModule& module) const;
+    void ExpectWritable();
     void ExpectWritable(const TFormSetup& form) const;
+    void PlanTables();
     void AddEverywhere();
     void PlanPackage();
     void Link();

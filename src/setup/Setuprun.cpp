@@ -43,19 +43,19 @@ class TSetupRun {
     void Do(const TFormSetup& form) {
         TFormOutcome outcome{form.FormName, form.FileName, form.Problem, {}, {}};
         try {
-            if (form.IsReady()) SetUp(form, outcome);
+            if (plan_.Changes(form)) SetUp(form, outcome);
         } catch (const EmlLangSilent&) {
             outcome.Problem = "its unit cannot be opened";
         } catch (const EBadInput& error) {
             outcome.Problem = error.what();
         }
-        if (outcome.IsDone()) outcome.Done = plan_.StepsOf(form);
         Outcome.Forms.push_back(std::move(outcome));
     }
     /// The package, and what was changed beside the forms' own files; to be called inside the step.
     void Finish() {
-        if (!plan_.PackageProject.empty() && Outcome.CountDone() > 0)
-            RequirePackage(context_, plan_.PackageProject);
+        if (!plan_.PackageProject.empty() && Outcome.CountDone() > 0 &&
+            RequirePackage(context_, plan_.PackageProject))
+            Outcome.PackageProject = plan_.PackageProject;
         opened_.Save();
         held_.clear();
     }
@@ -67,7 +67,8 @@ class TSetupRun {
     std::shared_ptr<TmlCustomLang> ComponentOf(const TFormSetup& form, IOTAFormEditor& editor);
     void SetDispatcher(const TFormSetup& form, IOTAFormEditor& editor);
     void Configure(const TFormSetup& form, TFormRow& row, TmlCustomLang& lang);
-    void MoveStrings(const TFormSetup& form, TFormRow& row, TFormOutcome& outcome);
+    /// How many are calls now.
+    int MoveStrings(const TFormSetup& form, TFormRow& row);
 
     TContext& context_;
     TScanMemory& memory_;
@@ -87,13 +88,17 @@ void TSetupRun::SetUp(const TFormSetup& form, TFormOutcome& outcome) {
     if (!form.OwnDispatcher.empty()) SetDispatcher(form, *editor);
     const auto lang = ComponentOf(form, *editor);
     Configure(form, *row, *lang);
-    outcome.Notes = lang->BuildList();
+    TFormSetup done = form;
+    done.FillsTables = form.Inserts || !AreTablesUpToDate(*lang);
+    if (done.FillsTables) outcome.Notes = lang->BuildList();
     UpdateItem(row, {lang->GetName(), lang->GetClassName(), lang->GetNumLang(), row->FormName,
                      row->Component.Ancestor, row->Component.DerivesFrom});
-    if (plan_.Wishes.MovesStrings) MoveStrings(form, *row, outcome);
-    MarkModifiedForm(context_, form.FormName);
+    const int moved = plan_.Wishes.MovesStrings ? MoveStrings(form, *row) : 0;
+    TStringList steps = plan_.DoneTo(std::move(done), moved);
+    if (!steps.Empty()) MarkModifiedForm(context_, form.FormName);
     lease->Save();
     scope->Commit();
+    outcome.Done = std::move(steps);
     if (ancestors_.count(UpperCase(form.FormName)) > 0) held_.push_back(std::move(lease));
 }
 
@@ -138,12 +143,11 @@ void TSetupRun::Configure(const TFormSetup& form, TFormRow& row, TmlCustomLang& 
     WriteExclusions(lang, lists);
 }
 
-void TSetupRun::MoveStrings(const TFormSetup& form, TFormRow& row, TFormOutcome& outcome) {
-    const int moved = ReplaceReviewed(context_, memory_, row, [&](TFoundRows& rows) {
+int TSetupRun::MoveStrings(const TFormSetup& form, TFormRow& row) {
+    return ReplaceReviewed(context_, memory_, row, [&](TFoundRows& rows) {
         if (form.Strings) DecideRows(rows, *form.Strings, form.FileName);
         return true;
     });
-    outcome.Notes.Add(Format("strings of the source that are calls now: %d", moved));
 }
 
 /// What is known of the rows comes back with them.
@@ -182,13 +186,28 @@ int TSetupOutcome::CountDone() const {
         std::count_if(Forms.begin(), Forms.end(), [](const TFormOutcome& form) { return form.IsDone(); }));
 }
 
+std::string TSetupOutcome::PackageText() const {
+    return Format("%s requires the package %s now", FileNameOf(PackageProject), kRuntimePackage);
+}
+
+bool TSetupOutcome::HasChanged() const {
+    return !PackageProject.empty() || std::any_of(Forms.begin(), Forms.end(), [](const TFormOutcome& form) {
+        return !form.Done.Empty();
+    });
+}
+
 std::string TSetupOutcome::Report() const {
     const int all = static_cast<int>(Forms.size()) + Untouched;
     std::string text = Format("Forms that are set up: %d of %d\r\n", CountDone(), all);
+    const auto idle =
+        std::count_if(Forms.begin(), Forms.end(), [](const TFormOutcome& form) { return form.IsIdle(); });
+    if (idle > 0) text += Format("Forms with nothing to do: %d\r\n", static_cast<int>(idle));
     if (Stopped) text += Format("Stopped; forms whose turn did not come: %d\r\n", Untouched);
+    if (!PackageProject.empty()) text += PackageText() + "\r\n";
     for (const std::string& remark : Remarks)
         text += Format("Note: %s\r\n", remark);
     for (const TFormOutcome& form : Forms) {
+        if (form.IsIdle()) continue;
         text += Format("\r\n%s (%s)\r\n", form.FormName, FileNameOf(form.FileName));
         if (!form.IsDone()) text += Format("    is as it was: %s\r\n", form.Problem);
         for (const std::string& done : form.Done)
@@ -214,6 +233,8 @@ TSetupOutcome RunSetup(TContext& context, TScanMemory& memory, const TSetupPlan&
             run.Do(form);
     }
     run.Finish();
+    // A disk that confirms each of a thousand files takes its time.
+    context.Dialogs().ShowProgress("Writing the files...", count, count);
     scope->Commit();
     run.Outcome.Remarks = plan.Remarks;
     for (TFormRows* list : context.Rows.Both())

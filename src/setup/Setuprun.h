@@ -13,19 +13,26 @@ struct TFormOutcome {
     std::string FormName;
     std::string FileName;  ///< of the unit
     std::string Problem;   ///< why it is as it was, "" where it is set up
-    TStringList Done;      ///< what was done, a line each
+    TStringList Done;      ///< what was done, a line each; none where there was nothing to do
     TStringList Notes;
 
     bool IsDone() const { return Problem.empty(); }
+    bool IsIdle() const { return IsDone() && Done.Empty(); }
 };
 
+/// What has become of all of them.
 struct TSetupOutcome {
     std::vector<TFormOutcome> Forms;
     TStringList Remarks;
-    int Untouched = 0;  ///< forms whose turn did not come
+    std::string PackageProject;  ///< file of the project that requires the package now, "" for none
+    int Untouched = 0;           ///< forms whose turn did not come
     bool Stopped = false;
 
     int CountDone() const;
+    /// That the project requires the package now, for people.
+    std::string PackageText() const;
+    /// Whether anything has changed.
+    bool HasChanged() const;
     /// The whole outcome for people.
     std::string Report() const;
 };

@@ -1,7 +1,10 @@
 #include "setup/Setupstrings.h"
 
+#include <unordered_set>
+
 #include "base/Errors.h"
 #include "base/Format.h"
+#include "base/Utf8.h"
 #include "core/Modules.h"
 #include "setup/Setupplan.h"
 
@@ -27,6 +30,15 @@ void FindIn(TContext& context, TScanMemory& memory, TFormSetup& form) {
     });
 }
 
+/// What an ancestor's component gets, it has in them, too.
+void FillHeirs(TSetupPlan& plan) {
+    std::unordered_set<std::string> moving;  // upper-cased
+    for (TFormSetup& form : plan.Forms) {
+        if (moving.count(UpperCase(form.Ancestor)) > 0) form.FillsTables = true;
+        if (form.CountTaken() > 0 || form.FillsTables) moving.insert(UpperCase(form.FormName));
+    }
+}
+
 }  // namespace
 
 void FindStrings(TContext& context, TScanMemory& memory, TSetupPlan& plan) {
@@ -41,9 +53,10 @@ void FindStrings(TContext& context, TScanMemory& memory, TSetupPlan& plan) {
         try {
             FindIn(context, memory, form);
         } catch (const EBadInput& error) {
-            form.Problem = error.what();
+            form.Refuse(error);
         }
     }
+    FillHeirs(plan);
 }
 
 void DecideRows(TFoundRows& rows, const TSetupStrings& decided, const std::string& fileName) {

@@ -35,7 +35,10 @@ constexpr std::array<TPageText, kWizardPages> kPageTexts{
     TPageText{"Strings in source",
               "The strings of the forms' units can be moved into the components now, or later form by form."},
     TPageText{"Summary", "This is what will be done. Nothing is changed before Finish."},
-    TPageText{"Outcome", "This is what was done. Undo takes all of it back in one step."},
+    TPageText{
+        "Outcome",
+        "This is what was done. Undo takes all of it back in one step, while one of these forms or no file "
+        "is in front."},
 };
 
 enum TWizardFormsColumn { wfTaken, wfForm, wfUnit, wfComponent, wfState };
@@ -59,13 +62,14 @@ const std::vector<TGridColumn> kPlanColumns{{.Caption = "Form Name", .Width = 13
                                             {.Caption = "Files", .Width = 210}};
 
 constexpr const char* kNone = "(none)";
+constexpr std::string_view kNoWork = "There is nothing to do: no form would change.";
 constexpr const char* kYes = "Yes";
 constexpr const char* kNo = "No";
 
 std::string ReadinessOf(const TFormSetup& form) {
-    if (!form.IsReady()) return form.Problem;
-    if (!form.Ancestor.empty()) return Format("ready; inherits from %s", form.Ancestor);
-    return form.Inserts ? "ready" : "ready; keeps its component";
+    if (!form.IsReady()) return "Not ready: " + form.Reason;
+    if (!form.Ancestor.empty()) return Format("Ready; inherits from %s", form.Ancestor);
+    return form.Inserts ? "Ready" : "Ready; keeps its component";
 }
 
 TGridLook LookOf(const TFormSetup& form) {
@@ -118,7 +122,7 @@ void TfrmWizard::SetUpGrids() {
     sgForms.Cell = [this](int row, int column) { return FormCell(row, column); };
     sgForms.Look = [this](int row) {
         TGridLook look = LookOf(forms_[static_cast<std::size_t>(row)]);
-        look.Grey = !taken_[static_cast<std::size_t>(row)];
+        look.Grey = !IsTaken(row);
         return look;
     };
     sgStrings.Columns = kStringsColumns;
@@ -139,7 +143,7 @@ void TfrmWizard::SetUpBoxes(const TSetupWishes& wishes) {
     const std::string project = PackageProject(context_);
     PackageVisible = !project.empty() && !RequiresPackage(context_, project);
     ckbPackage = PackageVisible;
-    lblProperties = "Further properties (" + FurtherProperties() + "):";
+    lblProperties = "F&urther properties (" + FurtherProperties() + "):";
 }
 
 /// In the order of the list, whatever the order of the plan is. Where forms have languages, the first one's
@@ -169,7 +173,7 @@ std::string TfrmWizard::FormCell(int row, int column) const {
     const TFormSetup& form = forms_[static_cast<std::size_t>(row)];
     switch (column) {
         case wfTaken:
-            return taken_[static_cast<std::size_t>(row)] ? kYes : kNo;
+            return IsTaken(row) ? kYes : kNo;
         case wfForm:
             return form.FormName;
         case wfUnit:
@@ -219,19 +223,33 @@ TGridLook TfrmWizard::StringLook(int row) const {
 std::string TfrmWizard::PlanCell(int row, int column) const {
     const TFormSetup& form = plan_.Forms[static_cast<std::size_t>(row)];
     if (column == wpForm) return form.FormName;
-    if (column == wpState) return ReadinessOf(form);
+    if (column == wpState)
+        return form.IsReady() && !plan_.Changes(form) ? "Nothing to do" : ReadinessOf(form);
     std::string files;
-    for (const std::string& file : form.IsReady() ? plan_.FilesOf(form) : std::vector<std::string>())
+    for (const std::string& file : plan_.FilesOf(form))
         files += (files.empty() ? "" : ", ") + FileNameOf(file);
     return files;
 }
 
+/// One that is not ready is planned where it is chosen, so that the summary says why it stays as it is.
+bool TfrmWizard::IsTaken(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return taken_[place] && forms_[place].IsReady();
+}
+
 int TfrmWizard::CountTakenForms() const {
-    return static_cast<int>(std::count(taken_.begin(), taken_.end(), true));
+    int count = 0;
+    for (int row = 0; row < static_cast<int>(forms_.size()); ++row)
+        count += IsTaken(row) ? 1 : 0;
+    return count;
 }
 
 void TfrmWizard::Update() {
     lblForms = Format("Forms to be set up: %d of %d", CountTakenForms(), static_cast<int>(forms_.size()));
+    if (const auto unready = std::count_if(forms_.begin(), forms_.end(),
+                                           [](const TFormSetup& form) { return !form.IsReady(); });
+        unready > 0)
+        lblForms += Format("; not ready: %d", static_cast<int>(unready));
     const auto moved =
         std::accumulate(plan_.Forms.begin(), plan_.Forms.end(), 0,
                         [](int sum, const TFormSetup& form) { return sum + form.CountTaken(); });
@@ -253,14 +271,14 @@ bool TfrmWizard::NextEnabled() const {
 }
 
 bool TfrmWizard::FinishEnabled() const {
-    return IsDone() || (Page == TWizardPage::Summary && plan_.CountReady() > 0);
+    return IsDone() || (Page == TWizardPage::Summary && plan_.HasWork());
 }
 
 void TfrmWizard::GoTo(TWizardPage page) {
     Page = page;
     const TPageText& text = kPageTexts.at(static_cast<std::size_t>(page));
     PageTitle = text.Title;
-    PageHint = text.Hint;
+    PageHint = page == TWizardPage::Summary && !plan_.HasWork() ? kNoWork : text.Hint;
     Update();
 }
 
@@ -270,6 +288,8 @@ void TfrmWizard::btBackClick() {
 
 void TfrmWizard::btNextClick() {
     if (!NextEnabled()) return;
+    // What is wrong on a page is said before it is left.
+    if (Page >= TWizardPage::Component) CheckWishes(context_, Wishes());
     const auto next = static_cast<TWizardPage>(static_cast<int>(Page) + 1);
     if (next == TWizardPage::Summary) {
         MakePlan();
@@ -340,8 +360,7 @@ void TfrmWizard::Run() {
 
 void TfrmWizard::acTakeForms() {
     const std::vector<int> rows = sgForms.Affected();
-    const bool take = std::none_of(rows.begin(), rows.end(),
-                                   [&](int row) { return taken_[static_cast<std::size_t>(row)]; });
+    const bool take = std::none_of(rows.begin(), rows.end(), [this](int row) { return IsTaken(row); });
     for (const int row : rows)
         taken_[static_cast<std::size_t>(row)] = take;
     Update();

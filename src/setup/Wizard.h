@@ -63,7 +63,7 @@ class TfrmWizard : public TForm {
     bool HasPlan() const { return !plan_.Forms.empty(); }
 
     void btBackClick();
-    /// Works out the plan before it is shown. EBadInput for wishes that fit no form.
+    /// Works out the plan before it is shown. EBadInput for wishes that fit no form, and the page stays.
     void btNextClick();
     /// Runs what the summary shows; then it closes the window.
     void btFinishClick();
@@ -105,6 +105,7 @@ class TfrmWizard : public TForm {
     void Run();
     void GoTo(TWizardPage page);
     void ShowPlan();
+    bool IsTaken(int row) const;
     int CountTakenForms() const;
     void Update();
 

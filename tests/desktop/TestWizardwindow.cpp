@@ -24,7 +24,10 @@ struct TWizardWindow : TDesktop {
         const auto run = work.Run(work.Program() + " setup " + arguments + " 2>&1");
         EXPECT_EQ(run.Exit, 0) << run.Output;
     }
-    static void Next(QWidget& wizard) { Press(wizard, "btNext"); }
+    static void Next(QWidget& wizard) {
+        EXPECT_EQ(DoubleAccelerators(wizard), "") << FromQt(Page(wizard));
+        Press(wizard, "btNext");
+    }
     static QString Page(QWidget& wizard) { return TextOf(wizard, "pageTitle"); }
 };
 
@@ -35,7 +38,7 @@ TEST_F(TWizardWindow, SetsUpAProjectInOnePassAsTheCommandLineDoes) {
     RunWizards([this](QWidget& wizard) {
         EXPECT_EQ(TextOf(wizard, "lblForms"), "Forms to be set up: 200 of 200");
         auto& forms = *wizard.findChild<TRowTable*>("sgForms");
-        EXPECT_EQ(Cell(forms, 0, 4), "ready");
+        EXPECT_EQ(Cell(forms, 0, 4), "Ready");
         // One is left out by key, and taken again by mouse.
         ClickCell(forms, 3, 1);
         QTest::keyClick(&forms, Qt::Key_Space);
@@ -76,8 +79,10 @@ TEST_F(TWizardWindow, SetsUpAProjectInOnePassAsTheCommandLineDoes) {
         Press(wizard, "btShowChange");
         EXPECT_TRUE(wizard.findChild<QPlainTextEdit*>("memPlan")->toPlainText().contains("+    Lang" +
                                                                                          Cell(plan, 5, 0)));
+        EXPECT_EQ(DoubleAccelerators(wizard), "");
         Press(wizard, "btFinish");
         EXPECT_EQ(Page(wizard), "Outcome");
+        EXPECT_EQ(DoubleAccelerators(wizard), "");
         EXPECT_TRUE(wizard.findChild<QPlainTextEdit*>("memReport")
                         ->toPlainText()
                         .startsWith("Forms that are set up: 200 of 200"));
@@ -108,6 +113,9 @@ TEST_F(TWizardWindow, SetsUpAnExampleOfTheLclAsTheCommandLineDoes) {
         Next(wizard);
         Press(wizard, "btFinish");
         EXPECT_EQ(Page(wizard), "Outcome");
+        EXPECT_TRUE(wizard.findChild<QPlainTextEdit*>("memReport")
+                        ->toPlainText()
+                        .contains("\ncanvastest.lpi requires the package tmllang now\n"));
         Press(wizard, "btFinish");
     });
     SetUp(Path("line/canvastest.lpi") + " --languages \"Language N1,Language N2\" --scan --add-package");

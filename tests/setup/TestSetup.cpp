@@ -188,14 +188,19 @@ TEST_F(TSetup, TheWindowGoesThroughItsPagesAndSavesTheReport) {
     many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
         EXPECT_EQ(wizard.lblForms, "Forms to be set up: 1 of 3");
         wizard.btNextClick();
+        for (const char* name : {"my texts", "end", "1%s"}) {
+            wizard.edName = name;
+            EXPECT_THROW(wizard.btNextClick(), EBadInput) << name;
+            EXPECT_EQ(wizard.Page, TWizardPage::Component);
+        }
         wizard.edName = "Texts";
         for (int page = 0; page < 3; ++page)
             wizard.btNextClick();
         wizard.memProperties = TStringList({"Nothing=1"});
-        wizard.btNextClick();
         EXPECT_THROW(wizard.btNextClick(), EBadInput);
-        EXPECT_EQ(wizard.Page, TWizardPage::Strings);
+        EXPECT_EQ(wizard.Page, TWizardPage::Exclusions);
         wizard.memProperties.Clear();
+        wizard.btNextClick();
         wizard.ckbStrings = true;
         wizard.btScanClick();
         EXPECT_EQ(wizard.lblStrings, "Strings to be moved: 2 of 3");
@@ -222,6 +227,53 @@ TEST_F(TSetup, TheWindowGoesThroughItsPagesAndSavesTheReport) {
     const std::string unit = "U" + form.substr(1) + ".pas";
     EXPECT_TRUE(Holds(unit, "Caption := Texts.GetTextOrDefault('IDS_"));
     EXPECT_TRUE(Holds(unit, "Edit1.Text := 'Gone'"));
+}
+
+TEST_F(TSetup, WhatIsNotReadyIsNotCountedAndSaysWhatIsWrongFirst) {
+    Files.ReadOnlyFiles.insert("/p/U1.pas");
+    Files.Files["/p/U2.dfm"] = "object F2: TF2\r\n  Caption = \r\nend\r\n";
+    TMany many(Files);
+    many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
+        EXPECT_EQ(wizard.lblForms, "Forms to be set up: 1 of 3; not ready: 2");
+        std::map<std::string, std::string> states;
+        for (int row = 0; row < 3; ++row)
+            states[wizard.sgForms.Cell(row, 1)] =
+                wizard.sgForms.Cell(row, 0) + ": " + wizard.sgForms.Cell(row, 4);
+        EXPECT_EQ(states["F1"],
+                  "No: Not ready: the file is read-only. Make it writable, or leave the form out");
+        EXPECT_TRUE(states["F2"].starts_with("No: Not ready: expected a value")) << states["F2"];
+        EXPECT_TRUE(states["F2"].ends_with(" (U2.dfm:2)")) << states["F2"];
+        EXPECT_EQ(states["F3"], "Yes: Ready");
+        wizard.acTakeForms();
+        wizard.btCancelClick();
+    });
+    many.Parts.Expert()->Window()->Run("Wizards");
+}
+
+TEST_F(TSetup, ASecondRunHasNothingToDo) {
+    Files.ReadOnlyFiles.insert("/p/U3.pas");
+    TMany many(Files);
+    EXPECT_EQ(many.SetUp().CountDone(), 2);
+    Files.ReadOnlyFiles = {};
+    many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
+        wizard.lbLanguages.Items = many.Wishes().Languages;
+        wizard.sgForms.SelectOnly([&](int row) { return wizard.sgForms.Cell(row, 1) == "F3"; });
+        wizard.acTakeForms();
+        EXPECT_EQ(wizard.lblForms, "Forms to be set up: 2 of 3");
+        while (wizard.Page != TWizardPage::Summary)
+            wizard.btNextClick();
+        EXPECT_EQ(wizard.PageHint, "There is nothing to do: no form would change.");
+        EXPECT_EQ(wizard.sgPlan.Cell(0, 1), "Nothing to do");
+        EXPECT_FALSE(wizard.FinishEnabled());
+        wizard.btCancelClick();
+    });
+    many.Parts.Expert()->Window()->Run("Wizards");
+    Before = Files.Files;
+    const TSetupOutcome outcome = many.SetUp();
+    EXPECT_EQ(outcome.CountDone(), 3) << outcome.Report();
+    EXPECT_NE(outcome.Report().find("\r\nForms with nothing to do: 2\r\n\r\nF3 ("), std::string::npos)
+        << outcome.Report();
+    EXPECT_EQ(States(), "bbd");
 }
 
 }  // namespace
