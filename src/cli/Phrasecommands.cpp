@@ -86,10 +86,16 @@ class TReplacePhraseRun {
                 session_.Run([&](TContext& context, TSubjects&) { left = Replace(context, found); });
                 isReplaced = true;
             });
+        std::size_t count = 0;
         for (const TFormPhrases& form : found)
-            for (const TPhraseHit& hit : form.Hits)
-                Print(program_, form, hit, isReplaced && !IsLeft(left, form, hit) ? "replaced" : "left",
-                      phrase_.Replaced(hit.Text));
+            for (const TPhraseHit& hit : form.Hits) {
+                const bool isTaken = isReplaced && !IsLeft(left, form, hit);
+                Print(program_, form, hit, isTaken ? "replaced" : "left", phrase_.Replaced(hit.Text));
+                count += isTaken ? 1 : 0;
+            }
+        if (!program_.Json)
+            std::cout << count << (count == 1 ? " occurrence" : " occurrences")
+                      << (options_.DryRun ? " would be replaced\n" : " replaced\n");
         const int exit = session_.ExitCode();
         if (!isReplaced) return kBadInput;
         return exit == kDone && !left.empty() ? kDoneInPart : exit;

@@ -155,8 +155,18 @@ void TCodeEditor::TakeBlock() {
     SendScintilla(SCI_SETSEL, static_cast<unsigned long>(hasBlock && caret == begin ? end : begin),
                   hasBlock && caret == begin ? begin : end);
     if (!hasBlock) SendScintilla(SCI_GOTOPOS, caret);
+    if (!hasFocus()) ShowCaretAbove();
     following_ = false;
     GiveBlock();
+}
+
+/// The window that sent the caret there may cover what is below.
+void TCodeEditor::ShowCaretAbove() {
+    const long lines = SendScintilla(SCI_LINESONSCREEN);
+    const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
+    const long line = SendScintilla(SCI_LINEFROMPOSITION, SendScintilla(SCI_GETCURRENTPOS));
+    if (line < first || line > first + lines / 2)
+        SendScintilla(SCI_SETFIRSTVISIBLELINE, std::max(line - lines / 3, 0L));
 }
 
 void TCodeEditor::contextMenuEvent(QContextMenuEvent* event) {

@@ -50,6 +50,7 @@ class TCodeEditor : public TTextPage {
     std::string_view Shown() const;
     void GiveBlock();
     void TakeBlock();
+    void ShowCaretAbove();
     TOTACharPos CharPosOf(long position) const;
     long PositionOf(const TOTACharPos& place) const;
 

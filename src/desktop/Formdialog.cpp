@@ -73,6 +73,7 @@ void TFormDialog::ShowOpen() {
         form_ = nullptr;
         deleteLater();
     });
+    if (!testAttribute(Qt::WA_Moved)) PutAtFoot(*this);
     show();
 }
 

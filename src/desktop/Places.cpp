@@ -35,6 +35,16 @@ void PutAt(QWidget& window, const TPlacement& place) {
     if (QGuiApplication::screenAt(at) != nullptr) window.move(at);
 }
 
+void PutAtFoot(QWidget& window) {
+    const QRect over = window.parentWidget()->frameGeometry();
+    const QRect room = window.screen()->availableGeometry();
+    const int border = window.style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    const int left = std::max(over.center().x() - window.width() / 2, room.left());
+    const int top = std::min(over.bottom(), room.bottom()) - window.height() - 2 * border -
+                    window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    window.move(left, std::max(top, room.top()));
+}
+
 void NotePlace(const QWidget& window, TPlacement& place) {
     place = {window.width(), window.height(), window.y(), window.x()};
 }

@@ -15,6 +15,8 @@ namespace tml {
 QSize RoomFor(const QWidget& window);
 /// Puts a window where its state says, but never where no screen is.
 void PutAt(QWidget& window, const TPlacement& place);
+/// Puts a window at the foot of its parent, where it covers the least of a text.
+void PutAtFoot(QWidget& window);
 /// Notes where it stands.
 void NotePlace(const QWidget& window, TPlacement& place);
 

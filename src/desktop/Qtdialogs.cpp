@@ -88,8 +88,10 @@ QString ProjectFolder(const THost& host) {
 }  // namespace
 
 QWidget* TQtDialogs::Front() const {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal == nullptr ? Parent.data() : modal;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    // A window that stands open beside the main one gets the keys back.
+    QWidget* active = QApplication::activeWindow();
+    return dynamic_cast<TFormDialog*>(active) == nullptr ? Parent.data() : active;
 }
 
 TModalResult TQtDialogs::MessageDlg(const std::string& text, TMsgDlgType type,

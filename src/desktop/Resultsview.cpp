@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "desktop/Texts.h"
 #include "ui_Resultsview.h"
@@ -19,10 +20,10 @@ TResultsView::TResultsView(const TForm& form, TResults results, const TViewServi
       ui_(std::make_unique<Ui::Resultsview>()),
       model_(results_.List, {}) {
     ui_->setupUi(this);
-    resize(ShownWidth(*this, form.ClientWidth), ShownWidth(*this, form.ClientHeight));
     ui_->lblTop->setText(ToQt(results_.Top));
     ui_->lblTop->setVisible(!results_.Top.empty());
     BindList();
+    resize(WidthFor(form), ShownWidth(*this, form.ClientHeight));
     ui_->toolBar->setVisible(results_.Actions != nullptr && !results_.Actions->ToolBar.empty());
     if (results_.Actions != nullptr)
         actions_ = std::make_unique<TActionBinding>(
@@ -52,10 +53,28 @@ void TResultsView::BindList() {
     connect(&table, &QTableView::doubleClicked, this, [this] { runner_.Run(results_.DblClick); });
 }
 
+void TResultsView::Widen(int column) {
+    model_.Refresh();
+    QTableView& table = *ui_->lvIDs;
+    const int more =
+        static_cast<QAbstractItemView&>(table).sizeHintForColumn(column) - table.columnWidth(column);
+    if (more <= 0) return;
+    table.setColumnWidth(column, table.columnWidth(column) + more);
+    resize(width() + more, height());
+}
+
 void TResultsView::LayOutColumns() {
     const auto& columns = results_.List.Columns;
     for (std::size_t i = 0; i + 1 < columns.size(); ++i)
         ui_->lvIDs->setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
+}
+
+/// All columns are seen, the last one in its width of the design.
+int TResultsView::WidthFor(const TForm& form) const {
+    int columns = ShownWidth(*this, results_.List.Columns.back().Width) + ui_->lvIDs->frameWidth() * 2;
+    for (std::size_t i = 0; i + 1 < results_.List.Columns.size(); ++i)
+        columns += ui_->lvIDs->columnWidth(static_cast<int>(i));
+    return std::max(ShownWidth(*this, form.ClientWidth), columns);
 }
 
 void TResultsView::Refresh() {
@@ -79,7 +98,9 @@ TBadIDsView::TBadIDsView(TfrmBadIDs& form, const TViewServices& services)
           form,
           {form.lvIDs, form.Placement, [&form] { form.lvIDsChange(); }, [&form] { form.LVIDsDblClick(); },
            [&form](TShortCut key) { form.LVIDsKeyDown(key); }, &form.Actions, form.lblTop},
-          services) {}
+          services) {
+    if (form.lvIDs.Columns[bcType].Width == kBadIDTypeWidth) Widen(bcType);
+}
 
 TFoundPhrasesView::TFoundPhrasesView(TfrmFoundPhrases& form, const TViewServices& services)
     : TResultsView(form,

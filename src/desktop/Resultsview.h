@@ -37,9 +37,14 @@ class TResultsView : public TView {
     TPlacement* Place() override { return &results_.Placement; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  protected:
+    /// Makes a column as wide as what it shows.
+    void Widen(int column);
+
   private:
     void BindList();
     void LayOutColumns();
+    int WidthFor(const TForm& form) const;
 
     TResults results_;
     TRunner& runner_;

@@ -158,7 +158,8 @@ TfrmBadIDs::TfrmBadIDs(TContext& context) : context_(context) {
     lblTop =
         "TmlLang Expert has detected the following ID(s) as a problematic. Right-click on the item to delete "
         "or locate the selected ID.";
-    lvIDs.Columns = {{"String ID", 75}, {"Type", 220}, {"Info", 90}, {"Use", 140}, {"File Name", 200}};
+    lvIDs.Columns = {
+        {"String ID", 75}, {"Type", kBadIDTypeWidth}, {"Info", 90}, {"Use", 140}, {"File Name", 200}};
     Actions.All = BindActions<TfrmBadIDs>(*this, kBadIDsActions);
     Actions.Popup = {"ViewSource", "", "Delete"};
 }
@@ -179,10 +180,18 @@ void TfrmBadIDs::Add(std::vector<TBadID> found) {
 
 void TfrmBadIDs::Remove(const std::vector<int>& rows) {
     std::vector<TBadID> kept;
-    for (const auto& row : lvIDs.Items())
-        if (std::find(rows.begin(), rows.end(), row->Id()) == rows.end()) kept.push_back(row->Bad);
+    std::size_t next = 0;
+    for (const auto& row : lvIDs.Items()) {
+        if (std::find(rows.begin(), rows.end(), row->Id()) == rows.end())
+            kept.push_back(row->Bad);
+        else
+            next = kept.size();
+    }
     lvIDs.Clear();
     Add(std::move(kept));
+    if (lvIDs.Count() == 0) return;
+    lvIDs.Row(std::min(static_cast<int>(next), lvIDs.Count() - 1)).Selected = true;
+    Changed();
 }
 
 void TfrmBadIDs::UpdateStatus() {
@@ -243,7 +252,7 @@ void CheckbadstringIDsinunit1Click(TContext& context, TIDsMemory& memory) {
 }
 
 void ViewBadID(TContext& context, const TBadID& bad) {
-    if (bad.Kind == TBadIDKind::Unused) return EditStringID(context, bad.FileName, bad.ID);
+    if (bad.Kind == TBadIDKind::Unused) return EditStringID(context, bad.FileName, bad.ID, bad.Place);
     if (!OpenFile(context, bad.FileName, true)) return;
     const auto editor = GetModuleFromFileName(context, bad.FileName)->GetSourceEditor(0);
     editor->GetEditView(0)->SetCursorPos({bad.Place, 0});

@@ -16,6 +16,9 @@ namespace tml {
 /// The columns of the list of bad IDs.
 enum TBadIDColumn { bcStringID, bcType, bcInfo, bcUse, bcFileName };
 
+/// Of the column "Type", until the person makes it wider or narrower.
+constexpr int kBadIDTypeWidth = 220;
+
 class TBadIDRow : public TListRow {
   public:
     explicit TBadIDRow(TBadID bad) : Bad(std::move(bad)) {}
@@ -43,7 +46,7 @@ class TfrmBadIDs : public TForm {
     void FormClose() override;
 
     void Add(std::vector<TBadID> found);
-    /// Takes these rows out of the list, by ID.
+    /// Takes these rows out of the list, by ID; the one behind them is selected.
     void Remove(const std::vector<int>& rows);
     /// Brings the number in the status bar up to date.
     void UpdateStatus();

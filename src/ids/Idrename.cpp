@@ -12,6 +12,7 @@
 #include "core/Modules.h"
 #include "ids/Idchecks.h"
 #include "source/Literals.h"
+#include "tables/Stringids.h"
 
 namespace tml {
 namespace {
@@ -20,14 +21,8 @@ constexpr const char* kRenameTitle = "Rename string ID";
 constexpr const char* kSayYes = "Change these by hand first, or say --yes to leave them as they are";
 constexpr std::size_t kMostNamed = 10;
 
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < ' ';
-}
-
 void ExpectID(const std::string& id) {
-    const bool isFit =
-        !id.empty() && Trim(id).size() == id.size() && std::none_of(id.begin(), id.end(), IsControl);
-    if (!isFit)
+    if (!IsStringID(id))
         throw EBadInput(
             "", 0, Format("'%s' is no string ID", id),
             "An ID is not empty and has no line break, no control character and no blank at its ends");

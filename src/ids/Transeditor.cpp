@@ -41,10 +41,14 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
     lease.SaveOrKeep();
 }
 
-void EditStringID(TContext& context, const std::string& unitFile, const std::string& id) {
-    OpenTransEditor(context, unitFile, [&id](TmlCustomLang& lang) {
+void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index) {
+    OpenTransEditor(context, unitFile, [&id, index](TmlCustomLang& lang) {
         TTransEditorPlace place;
-        place.Entry = lang.GetTable(place.Table).Find(id);
+        const TTable strings = lang.GetTable(place.Table);
+        const auto& entries = strings.Entries();
+        const bool isThere = index >= 0 && index < static_cast<int>(entries.size()) &&
+                             entries[static_cast<std::size_t>(index)].Key == id;
+        place.Entry = isThere ? index : strings.Find(id);
         place.Field = -1;
         return place;
     });

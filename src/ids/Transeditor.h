@@ -14,8 +14,8 @@ namespace tml {
 void OpenTransEditor(TContext& context, const std::string& unitFile,
                      const std::function<TTransEditorPlace(TmlCustomLang&)>& place);
 
-/// The same at a string by its ID.
-void EditStringID(TContext& context, const std::string& unitFile, const std::string& id);
+/// The same at a string by its ID; of an ID that stands twice at the one of this index.
+void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index = -1);
 
 /// The command of the code editor: opens the translation editor at the ID of the call at the cursor. A
 /// message where there is no such call, or no component that has the ID.

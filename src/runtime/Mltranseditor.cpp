@@ -7,6 +7,7 @@
 #include "base/Utf8.h"
 #include "runtime/Transcommands.h"
 #include "runtime/Transdictionary.h"
+#include "tables/Stringids.h"
 
 namespace tml {
 namespace {
@@ -18,6 +19,10 @@ constexpr const char* kReading = "Reading translations...";
 constexpr const char* kTranslating = "Translating equal texts...";
 constexpr const char* kSearching = "Searching...";
 constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
+constexpr const char* kAskEscaped =
+    "The string ID %s has a quote or a backslash: where a source doubles or escapes it, the check of string "
+    "IDs "
+    "does not find it. Use it all the same?";
 constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
 
 std::string CaptionOf(const TTransTexts& texts) {
@@ -350,6 +355,8 @@ int TfrmTransEditor::StringsTable() const {
 
 std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) const {
     if (id.empty()) return "A string ID needs a name!";
+    if (!IsStringID(id))
+        return Format("\"%s\" is no string ID: it has a blank at its ends or a control character!", id);
     const TTransTable& table = texts_.TableOf(row);
     // A renamed ID is written at once, one that is deleted is not: the form still has it.
     const int stored = row.Entry < 0 ? -1 : table.Stored().Find(id);
@@ -358,14 +365,20 @@ std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) con
     return {};
 }
 
+/// What the person wants in spite of a doubt is fit.
+bool TfrmTransEditor::IsFit(const std::string& id, TTransRow row) {
+    const std::string problem = ProblemOf(id, row);
+    if (!problem.empty()) runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
+    if (!problem.empty() || !IsEscapedInSource(id)) return problem.empty();
+    return runtime_.Dialogs->MessageDlg(Format(kAskEscaped, id), TMsgDlgType::mtWarning, {mrYes, mrNo}) ==
+           mrYes;
+}
+
 void TfrmTransEditor::acAddID() {
     const int table = StringsTable();
     std::string id;
     if (!runtime_.Dialogs->InputQuery("Add String ID", kIDPrompt, id)) return;
-    if (const std::string problem = ProblemOf(id, {table, -1}); !problem.empty()) {
-        runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
-        return;
-    }
+    if (!IsFit(id, {table, -1})) return;
     const TTransForm& form = texts_.FormOf({table, 0});
     const TTransRow row =
         texts_.Add(table, {id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
@@ -383,10 +396,7 @@ void TfrmTransEditor::acRenameID() {
 void TfrmTransEditor::Rename(TTransRow row, const std::string& id) {
     const std::string former = texts_.Text(row, 0);
     if (id == former) return;
-    if (const std::string problem = ProblemOf(id, row); !problem.empty()) {
-        runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
-        return Done();
-    }
+    if (!IsFit(id, row)) return Done();
     try {
         const auto scope = BeginCommand(Format("Rename %s", former));
         texts_.Rename(row, id);

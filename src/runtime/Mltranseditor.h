@@ -171,6 +171,7 @@ class TfrmTransEditor : public TForm {
     int StringsTable() const;
     /// What is wrong with an ID for an entry, "" for nothing.
     std::string ProblemOf(const std::string& id, TTransRow row) const;
+    bool IsFit(const std::string& id, TTransRow row);
     void Rename(TTransRow row, const std::string& id);
     std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) const;
 

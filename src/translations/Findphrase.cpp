@@ -1,5 +1,6 @@
 #include "translations/Findphrase.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Errors.h"
@@ -18,6 +19,13 @@ const std::string kFindFormKey = "\\Software\\Velmora\\TmlLang\\FindForm";
 constexpr TShortCut kEnterKey = 0x0D;
 /// What would replace all the rest without asking; no button gives it.
 constexpr int kReplaceAll = 12;
+
+/// Line breaks and the like are blanks in a row of the list.
+std::string OnOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return text;
+}
 
 struct TPhraseID {
     std::string FormName, OldID, NewID;
@@ -54,15 +62,26 @@ class TPrompts {
     bool ended_ = false;
 };
 
-void TellLeft(TContext& context, const std::vector<TFormPhrases>& left) {
+void Tell(TContext& context, const std::string& text) {
+    context.Dialogs().MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
+}
+
+std::size_t CountHits(const std::vector<TFormPhrases>& forms) {
+    std::size_t count = 0;
+    for (const TFormPhrases& form : forms)
+        count += form.Hits.size();
+    return count;
+}
+
+void TellReplaced(TContext& context, std::size_t count, const std::vector<TFormPhrases>& left) {
     std::string list;
     for (const TFormPhrases& form : left)
         for (const TPhraseHit& hit : form.Hits)
             list += Format("\r\n%s %s %s", form.FormName, hit.Property(), hit.Key);
-    if (list.empty()) return;
-    context.Dialogs().MessageDlg(
-        "These identifiers are names of components or would be empty; they stay:" + list,
-        TMsgDlgType::mtInformation, {mrOk});
+    if (!list.empty())
+        list = "\r\nThese identifiers are names of components or would be empty; they stay:" + list;
+    Tell(context, Format(count == 1 ? "%d occurrence was replaced.%s" : "%d occurrences were replaced.%s",
+                         count, list));
 }
 
 /// Another ID in the component, then in the units that the person chooses.
@@ -106,6 +125,10 @@ std::string TFoundPhraseRow::Cell(std::size_t column) const {
             return std::to_string(Hit.Entry);
         case fpLocation:
             return Location;
+        case fpKey:
+            return Hit.Key;
+        case fpText:
+            return OnOneLine(Hit.Text);
         default:
             return {};
     }
@@ -119,7 +142,8 @@ TfrmFoundPhrases::TfrmFoundPhrases(TContext& context) : context_(context) {
     ClientHeight = 200;
     Placement.Left = 100;
     Placement.Top = 350;
-    lvIDs.Columns = {{"File Name:", 270}, {"Property:", 100}, {"Line:", 70}, {"Location:", 100}};
+    lvIDs.Columns = {{"File Name:", 270}, {"Property:", 100}, {"Line:", 70},
+                     {"Location:", 100},  {"Key:", 130},      {"Text:", 230}};
 }
 
 void TfrmFoundPhrases::FormShow() {
@@ -171,8 +195,11 @@ void Replacephrase1Click(TContext& context) {
     const TModalResult answer = context.Dialogs().ShowModal(find);
     if (answer != mrOk && answer != mrYes) return;
     const TPhrase phrase(find.Options());
-    const std::vector<TFormPhrases> taken =
-        TPrompts(context, phrase).Taken(FindPhrase(context, rows, phrase));
+    std::vector<TFormPhrases> found = FindPhrase(context, rows, phrase);
+    const bool hasTables =
+        std::any_of(rows.begin(), rows.end(), [](const TFormRow* row) { return row->HasComponent(); });
+    if (found.empty() && hasTables) Tell(context, Format("'%s' was not found.", find.edFindText));
+    const std::vector<TFormPhrases> taken = TPrompts(context, phrase).Taken(std::move(found));
     if (taken.empty()) return;
     std::vector<TPhraseID> ids;
     const auto left =
@@ -182,9 +209,13 @@ void Replacephrase1Click(TContext& context) {
                       });
     // An ID that is taken does not keep the others from it.
     TAllSteps steps;
+    std::size_t changed = CountHits(taken) - CountHits(left) - ids.size();
     for (const TPhraseID& id : ids)
-        steps.Try([&] { ChangeID(context, id); });
-    TellLeft(context, left);
+        steps.Try([&] {
+            ChangeID(context, id);
+            ++changed;
+        });
+    TellReplaced(context, changed, left);
     steps.Finish();
 }
 

@@ -51,7 +51,7 @@ class TfrmReplConfirm : public TForm {
 };
 
 /// The columns of the list of hits.
-enum TFoundPhraseColumn { fpFileName, fpProperty, fpLine, fpLocation };
+enum TFoundPhraseColumn { fpFileName, fpProperty, fpLine, fpLocation, fpKey, fpText };
 
 class TFoundPhraseRow : public TListRow {
   public:
@@ -96,8 +96,8 @@ struct TPhrasesMemory {
 
 /// The command: lists the hits in the forms of the selected rows.
 void Findword1Click(TContext& context, TPhrasesMemory& memory);
-/// The command: replaces the phrase there, as one step of undo; IDs of "Strings" follow in chosen units. What
-/// was left is told in the end.
+/// The command: replaces the phrase there, as one step of undo; IDs of "Strings" follow in chosen units. How
+/// much was replaced, and what was left, is told in the end.
 void Replacephrase1Click(TContext& context);
 
 }  // namespace tml

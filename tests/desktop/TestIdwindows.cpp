@@ -1,5 +1,6 @@
 #include <QPlainTextEdit>
 
+#include "desktop/Codeeditor.h"
 #include "desktop/Deskfixture.h"
 
 namespace tml {
@@ -22,6 +23,7 @@ class TIdWindows : public TDesktop {
         return *window;
     }
     static void AddID(QWidget& editor, TDeskUser& user, const char* id) {
+        Activate(editor);
         user.AnswerInput(id);
         QTest::keyClick(editor.findChild<QTableView*>("grTexts"), Qt::Key_Insert);
     }
@@ -30,6 +32,7 @@ class TIdWindows : public TDesktop {
 TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     User.On([this](QWidget& editor) {
         AddID(editor, User, "IDS_UNUSED");
+        AddID(editor, User, "IDS_OTHER");
         Press(editor, "btnOK");
     });
     Click("Translate1");
@@ -37,10 +40,11 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     QWidget& bad = Open("frmBadIDs");
     EXPECT_EQ(bad.windowTitle(), "Bad string IDs");
     auto& list = *bad.findChild<QTableView*>("lvIDs");
-    ASSERT_EQ(list.model()->rowCount(), 1);
+    ASSERT_EQ(list.model()->rowCount(), 2);
     EXPECT_EQ(Cell(list, 0, 0), "IDS_UNUSED");
     EXPECT_EQ(Cell(list, 0, 1), "Not used in source of current module.");
-    EXPECT_EQ(TextOf(bad, "total"), "Total: 1");
+    EXPECT_GT(list.columnWidth(1), list.fontMetrics().horizontalAdvance(Cell(list, 0, 1)));
+    EXPECT_EQ(TextOf(bad, "total"), "Total: 2");
     User.On([](QWidget& editor) {
         EXPECT_EQ(Cell(*editor.findChild<QTableView*>("grTexts"), 2, 0), "IDS_UNUSED");
         EXPECT_EQ(editor.findChild<QTableView*>("grTexts")->currentIndex().row(), 2);
@@ -48,8 +52,18 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     });
     ClickCell(list, 0, 0);
     QTest::keyClick(&list, Qt::Key_Return);
-    User.Answer("This will delete IDS_UNUSED from MainForm.", "Yes");
+    User.On([&bad](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), &bad) << "the list gets the keys back";
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Activate(bad);
     ChooseFromMenu(*list.viewport(), list.visualRect(list.model()->index(0, 0)).center(), "Delete");
+    EXPECT_EQ(list.model()->rowCount(), 1);
+    EXPECT_TRUE(list.selectionModel()->isRowSelected(0, {}));
+    Activate(bad);
+    EXPECT_TRUE(list.hasFocus());
+    User.Answer("This will delete IDS_OTHER from MainForm.", "Yes");
+    QTest::keyClick(&list, Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return Window->findChild<QDialog*>("frmBadIDs") == nullptr; }))
         << "the last row closes it";
     User.Answer("All IDs on ", "OK");
@@ -110,6 +124,8 @@ TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
     auto& list = *found.findChild<QTableView*>("lvIDs");
     ASSERT_EQ(list.model()->rowCount(), 3);
     EXPECT_EQ(Cell(list, 0, 3), "German");
+    EXPECT_TRUE(Cell(list, 0, 4).endsWith(".Caption")) << FromQt(Cell(list, 0, 4));
+    EXPECT_EQ(Cell(list, 0, 5), "Hafen");
     User.On([](QWidget& editor) {
         EXPECT_EQ(TextOf(editor, "lblText"), "German (Done):");
         EXPECT_EQ(editor.findChild<QPlainTextEdit*>("memText")->toPlainText(), "Hafen");
@@ -129,6 +145,7 @@ TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
             EXPECT_TRUE(confirm.findChild<QPlainTextEdit*>("memResult")->toPlainText().contains("Port"));
             Press(confirm, button);
         });
+    User.Answer("1 occurrence was replaced.", "OK");
     Click("ReplacePhrase1");
     Window->SaveAll();
     const std::string form = OnDisk("harbour/forms/Mainwindow.lfm");

@@ -129,6 +129,7 @@ TEST(Badidsform, DeletedIDsGoInOneStep) {
     f.Window().Delete1Click();
     EXPECT_EQ(f.Window().lvIDs.Count(), 2);
     EXPECT_EQ(f.Window().StatusPanels[1], "2");
+    EXPECT_TRUE(f.Window().lvIDs.Row(1).Selected) << "the one behind the deleted one";
     EXPECT_EQ(f.Files.Files["/p/Unit1.dfm"].find("B\x01"), std::string::npos);
     EXPECT_NE(f.Files.Files["/p/Unit1.dfm"].find("A\x01"), std::string::npos);
     for (const auto& row : f.Window().lvIDs.Items())

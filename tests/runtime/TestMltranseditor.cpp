@@ -482,6 +482,14 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
                                         : "The string ID \"" + std::string(id) + "\" is there already!");
                 editor.SetText(0, 0, id);
             }
+            User.OnMessage("\"ID \" is no string ID: it has a blank at its ends or a control character!");
+            editor.SetText(0, 0, "ID ");
+            User.OnMessage(
+                "The string ID It's has a quote or a backslash: where a source doubles or escapes it, the "
+                "check "
+                "of string IDs does not find it. Use it all the same?",
+                mrNo);
+            editor.SetText(0, 0, "It's");
             EXPECT_THROW(editor.SetText(0, 0, "Bad"), EBadInput);
             EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;IDS_2;");
             editor.SetCurrent(0, 0);

@@ -8,6 +8,11 @@
 namespace tml {
 namespace {
 
+const std::string kOne = "1 occurrence was replaced.";
+const std::string kLeft =
+    "\r\nThese identifiers are names of components or would be empty; they stay:\r\n"
+    "Form1 Captions Button1.Caption";
+
 /// Form1's texts are 'OK', 'Look' and 'banana', its button shows the first one.
 struct TFindFixture : TExpertFixture {
     TFindFixture() {
@@ -40,7 +45,7 @@ struct TFindFixture : TExpertFixture {
         std::string rows;
         for (const auto& row : Phrases().Found->lvIDs.Items())
             rows += row->Cell(fpFileName) + "|" + row->Cell(fpProperty) + "|" + row->Cell(fpLine) + "|" +
-                    row->Cell(fpLocation) + "\n";
+                    row->Cell(fpLocation) + "|" + row->Cell(fpKey) + "|" + row->Cell(fpText) + "\n";
         return rows;
     }
     /// Answers for the questions before each replacement: "location: text -> result" each.
@@ -51,9 +56,9 @@ struct TFindFixture : TExpertFixture {
             window.Close(static_cast<TModalResult>(answer));
         });
     }
-    /// expect tells what else comes.
-    void Replace(const std::string& text, const std::string& by, std::function<void(TfrmFind&)> use = {},
-                 const std::function<void()>& expect = {}) {
+    /// told is the message in the end; expect tells what else comes.
+    void Replace(const std::string& text, const std::string& by, const std::string& told,
+                 std::function<void(TfrmFind&)> use = {}, const std::function<void()>& expect = {}) {
         OnFind([&, use](TfrmFind& find) {
             EXPECT_TRUE(find.ReplaceVisible);
             find.edFindText = text;
@@ -61,6 +66,7 @@ struct TFindFixture : TExpertFixture {
             if (use) use(find);
         });
         if (expect) expect();
+        User.OnMessage(told);
         Replacephrase1Click(Context());
         Ide.SaveAll();
     }
@@ -74,19 +80,19 @@ TEST(Findphrase, ListsEveryHit) {
         EXPECT_FALSE(find.ReplaceVisible);
         find.edFindText = "ok";
     }),
-              "/p/Unit1.pas|Strings|0|English\n/p/Unit1.pas|Strings|1|German\n");
+              "/p/Unit1.pas|Strings|0|English|ok_1|OK\n/p/Unit1.pas|Strings|1|German|S2|Look\n");
     EXPECT_EQ(f.User.Shown.back(), f.Phrases().Found.get());
     EXPECT_TRUE(f.Ide.Modules().empty()) << "closed units stay closed";
     EXPECT_EQ(f.Find([](TfrmFind& find) {
         find.edFindText = "ok";
         find.ckbWhole = true;
     }),
-              "/p/Unit1.pas|Strings|0|English\n");
+              "/p/Unit1.pas|Strings|0|English|ok_1|OK\n");
     EXPECT_EQ(f.Find([](TfrmFind& find) {
         find.edFindText = "ok";
         find.ckbSensit = find.ckbIdent = true;
     }),
-              "/p/Unit1.pas|Strings|0|Identifier\n/p/Unit1.pas|Strings|1|German\n");
+              "/p/Unit1.pas|Strings|0|Identifier|ok_1|ok_1\n/p/Unit1.pas|Strings|1|German|S2|Look\n");
     EXPECT_EQ(f.Find([](TfrmFind& find) { find.edFindText = "none"; }), "");
     f.OnFind([](TfrmFind&) {}, mrCancel);
     Findword1Click(f.Context(), f.Phrases());
@@ -111,7 +117,7 @@ TEST(Findphrase, AHitOpensTheTranslationEditor) {
 
 TEST(Findphrase, ReplacesTheFirstPlaceOfAField) {
     TFindFixture f;
-    f.Replace("A", "b");
+    f.Replace("A", "b", "2 occurrences were replaced.");
     EXPECT_TRUE(f.Has("'S2'#1'bbnana'#1'Look'")) << f.Files.Files["/p/Unit1.dfm"];
     EXPECT_EQ(f.Ide.Modules().size(), 2U) << "changed units stay open";
     f.Ide.Undo();
@@ -119,9 +125,20 @@ TEST(Findphrase, ReplacesTheFirstPlaceOfAField) {
     EXPECT_EQ(f.Files.Files, f.Before);
 }
 
+TEST(Findphrase, WhatIsNotThereIsSaid) {
+    TFindFixture f;
+    f.Replace("none", "b", "'none' was not found.");
+    EXPECT_EQ(f.Files.Files, f.Before);
+    f.PutForm(1, "");
+    f.Expert->RunItemClick();
+    f.Select("Form1");
+    f.OnFind([](TfrmFind&) {});
+    Replacephrase1Click(f.Context());
+}
+
 TEST(Findphrase, ABaseTextIsShownAndPutsTranslationsInDoubt) {
     TFindFixture f;
-    f.Replace("Go", "Walk", [](TfrmFind& find) { find.ckbWhole = true; });
+    f.Replace("Go", "Walk", kOne, [](TfrmFind& find) { find.ckbWhole = true; });
     EXPECT_TRUE(f.Has("'Button1.Caption'#1'Walk'#1'Los'")) << f.Files.Files["/p/Unit1.dfm"];
     EXPECT_TRUE(f.Has("Caption = 'Walk'"));
     EXPECT_TRUE(f.Has("'stale'#1'Go'"));
@@ -131,7 +148,7 @@ TEST(Findphrase, AsksBeforeEach) {
     TFindFixture f;
     f.Select("Form1");
     f.Replace(
-        "o", "0", [](TfrmFind& find) { find.ckbDoPrompt = true; },
+        "o", "0", "2 occurrences were replaced.", [](TfrmFind& find) { find.ckbDoPrompt = true; },
         [&] {
             f.OnConfirm("English: Go -> G0", 8);
             f.OnConfirm("German: Los -> L0s", mrNo);
@@ -147,20 +164,15 @@ TEST(Findphrase, AnIDTakesItsCallsAlong) {
     TFindFixture f;
     const auto confirm = [](TfrmStrReplace& window) { window.btReplaceClick(); };
     f.Replace(
-        "ok_1", "yes", [](TfrmFind& find) { find.ckbIdent = find.ckbWhole = true; },
+        "ok_1", "yes", kOne, [](TfrmFind& find) { find.ckbIdent = find.ckbWhole = true; },
         [&] {
             f.User.OnWindow<TfrmStrReplace>("frmStrReplace", confirm);
             f.User.OnWindow<TfrmStrReplace>("frmStrReplace", confirm);
         });
     EXPECT_TRUE(f.Has("'yes'#1'OK'")) << f.Files.Files["/p/Unit1.dfm"];
     EXPECT_NE(f.Files.Files["/p/Unit1.pas"].find("GetText('yes')"), std::string::npos);
-    f.Replace(
-        "Button1", "B", [](TfrmFind& find) { find.ckbIdent = true; },
-        [&] {
-            f.User.OnMessage(
-                "These identifiers are names of components or would be empty; they stay:\r\n"
-                "Form1 Captions Button1.Caption");
-        });
+    f.Replace("Button1", "B", "0 occurrences were replaced." + kLeft,
+              [](TfrmFind& find) { find.ckbIdent = true; });
     EXPECT_TRUE(f.Has("Button1.Caption"));
 }
 
@@ -171,12 +183,9 @@ TEST(Findphrase, AnIDThatIsTakenDoesNotKeepTheOthers) {
     const auto expect = [&f] {
         f.User.OnWindow<TfrmStrReplace>("frmStrReplace",
                                         [](TfrmStrReplace& window) { window.Close(mrCancel); });
-        f.User.OnMessage(
-            "These identifiers are names of components or would be empty; they stay:\r\n"
-            "Form1 Captions Button1.Caption");
     };
     EXPECT_THROW(f.Replace(
-                     "1", "2", [](TfrmFind& find) { find.ckbIdent = true; }, expect),
+                     "1", "2", kOne + kLeft, [](TfrmFind& find) { find.ckbIdent = true; }, expect),
                  EBadInput);
     f.Ide.SaveAll();
     EXPECT_TRUE(f.Has("'ok_1\x01")) << form;
