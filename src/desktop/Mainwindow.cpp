@@ -51,6 +51,14 @@ QString ProjectFilters() {
     return "Projects (" + patterns.trimmed() + ");;All files (*)";
 }
 
+/// The windows that stand open beside the workbench.
+std::vector<TFormDialog*> OpenWindows(const QWidget& workbench) {
+    std::vector<TFormDialog*> windows;
+    for (auto* dialog : workbench.findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
+        if (auto* window = dynamic_cast<TFormDialog*>(dialog)) windows.push_back(window);
+    return windows;
+}
+
 }  // namespace
 
 TMainWindow::TMainWindow(const TDeskFolders& folders)
@@ -84,6 +92,8 @@ TMainWindow::~TMainWindow() {
     runner_.Before = nullptr;
     runner_.After = nullptr;
     if (dock_ != nullptr) dock_->Forget();
+    for (TFormDialog* dialog : OpenWindows(*this))
+        delete dialog;
     delete tabs_;
     menus_.clear();
 }
@@ -285,7 +295,7 @@ void TMainWindow::ShowWindow(TForm& form) {
 }
 
 void TMainWindow::ShowOpenWindow(TForm& form) {
-    for (auto* dialog : findChildren<TFormDialog*>(Qt::FindDirectChildrenOnly))
+    for (TFormDialog* dialog : OpenWindows(*this))
         if (dialog->Form() == &form) {
             dialog->raise();
             return dialog->activateWindow();
@@ -496,6 +506,8 @@ void TMainWindow::closeEvent(QCloseEvent* event) {
     runner_.Run([&] { agreed = AskToSaveAll(); });
     event->setAccepted(agreed);
     if (!agreed) return;
+    for (TFormDialog* dialog : OpenWindows(*this))
+        dialog->close();
     // What cannot be stored is told, but keeps nobody in.
     runner_.Run([&, wantsExpert = wantsExpert_] {
         if (host_->ExpertWindow() != nullptr) host_->ExpertWindow()->FormClose();

@@ -71,6 +71,36 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     EXPECT_EQ(Window->findChild<QDialog*>("frmBadIDs"), nullptr);
 }
 
+TEST_F(TIdWindows, TheLineOfABadIDIsNotCovered) {
+    User.On([](QWidget& editor) {
+        auto& filter = *editor.findChild<QLineEdit*>("filter");
+        QTest::keyClicks(&filter, "IDS_0");
+        QTest::keyClick(&filter, Qt::Key_Return);
+        ClickCell(*editor.findChild<QTableView*>("grTexts"), 0, 0);
+        QTest::keyClick(editor.findChild<QTableView*>("grTexts"), Qt::Key_Delete, Qt::ControlModifier);
+        Press(editor, "btnOK");
+    });
+    Click("Translate1");
+    Click("CheckBadIDs1");
+    QWidget& bad = Open("frmBadIDs");
+    auto& list = *bad.findChild<QTableView*>("lvIDs");
+    ASSERT_GT(list.model()->rowCount(), 0);
+    ASSERT_TRUE(Cell(list, 0, 2).startsWith("Line: ")) << FromQt(Cell(list, 0, 2));
+    ClickCell(list, 0, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    TCodeEditor& editor = *Window->Tabs().Current();
+    const long at = editor.SendScintilla(QsciScintilla::SCI_GETCURRENTPOS);
+    EXPECT_EQ(editor.SendScintilla(QsciScintilla::SCI_LINEFROMPOSITION, at) + 1,
+              Cell(list, 0, 2).mid(6).toLong());
+    const auto place = [&](unsigned message) {
+        return static_cast<int>(editor.SendScintilla(message, 0L, at));
+    };
+    const QPoint caret(place(QsciScintilla::SCI_POINTXFROMPOSITION),
+                       place(QsciScintilla::SCI_POINTYFROMPOSITION));
+    EXPECT_TRUE(editor.viewport()->rect().contains(caret));
+    EXPECT_FALSE(bad.frameGeometry().contains(editor.viewport()->mapToGlobal(caret)));
+}
+
 TEST_F(TIdWindows, ARenamedIDIsFollowedByTheUnitThatIsChosen) {
     User.On([this](QWidget& editor) {
         auto& cells = *editor.findChild<QTableView*>("grTexts");
