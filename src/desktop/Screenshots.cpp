@@ -42,6 +42,16 @@ namespace {
 
 constexpr int kSettle = 60;  ///< ms that a window gets to draw itself
 
+/// What the dictionary has for texts of the form that is translated otherwise.
+constexpr std::pair<const char*, const char*> kOtherWords[] = {
+    {"%d ships, %d tons in port", "%d Schiffe mit %d Tonnen im Hafen"},
+    {"&Language", "&Sprache w\u00e4hlen"},
+    {"&Save the log...", "Protokoll &sichern..."},
+    {"The log is in %s.", "Das Protokoll liegt in %s."},
+    {"Ship", "Seeschiff"},
+    {"Berth 1", "Anleger 1"},
+};
+
 /// Pictures of one theme.
 class TPictures {
   public:
@@ -278,8 +288,10 @@ void TPictures::TakeDictionary() {
     steps_.push_back([this](QWidget& dictionary) {
         auto& table = *dictionary.findChild<QTableView*>("grEntries");
         dictionary.findChild<QAction*>("acLearn")->trigger();
-        for (int row = 0; row < 30; row += 4)
-            table.model()->setData(table.model()->index(row, 1), "...", Qt::EditRole);
+        for (const auto& [text, translation] : kOtherWords)
+            for (int row = 0; row < table.model()->rowCount(); ++row)
+                if (table.model()->index(row, 0).data() == QString(text))
+                    table.model()->setData(table.model()->index(row, 1), translation, Qt::EditRole);
         table.setCurrentIndex(table.model()->index(6, 1));
         Take(dictionary, "dictionary");
         steps_.push_back([this](QWidget& fill) {

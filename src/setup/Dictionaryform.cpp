@@ -47,6 +47,7 @@ constexpr std::array kDictionaryActions{
 constexpr const char* kSelectDictionary = "Select dictionary...";
 constexpr const char* kDictionaryFilter = "XML dictionaries (*.dix)|*.dix";
 constexpr const char* kNoTranslatedForms = "None of the forms is translated.";
+constexpr const char* kBegin = "\"Learn\" takes over what the forms have, \"Add entry\" begins by hand";
 constexpr const char* kTranslation = "translation";
 constexpr const char* kTranslations = "translations";
 
@@ -103,9 +104,10 @@ TfrmDictionary::TfrmDictionary(TContext& context, IDictionaryTool& tool) : conte
     ClientHeight = 460;
     SetUpGrid();
     Actions.All = BindActions<TfrmDictionary>(*this, kDictionaryActions);
-    Actions.ToolBar = {"acNew", "acOpen",     "acSave",          "acSaveAs",      "", "acUndo", "acRedo",
-                       "",      "acAddEntry", "acDeleteEntries", "acAddLanguage", "", "acFill", "acLearn",
-                       "",      "acHelp"};
+    // What there is least room for stands at the end.
+    Actions.ToolBar = {"acNew", "acOpen",        "acSave",          "",      "acUndo", "acRedo",
+                       "",      "acAddEntry",    "acDeleteEntries", "",      "acFill", "acLearn",
+                       "",      "acAddLanguage", "acSaveAs",        "acHelp"};
     Actions.Popup = {"acUndo", "acRedo", "", "acAddEntry", "acDeleteEntries"};
 }
 
@@ -138,7 +140,7 @@ void TfrmDictionary::Take(TDictionary dictionary, const std::string& fileName) {
     cbLanguage.ItemIndex = std::max(base, 0);
     cbTranslation.ItemIndex = cbLanguage.ItemIndex == 0 && HasLanguages() ? 1 : 0;
     ListEntries();
-    Tell({});
+    Tell(dictionary_.Entries.empty() ? kBegin : "");
 }
 
 /// Those of the form with the most languages, else those of new components; the base language is called as
@@ -317,7 +319,9 @@ void TfrmDictionary::SaveTo(const std::string& fileName) {
     }
     FileName = fileName;
     history_.NoteSaved();
-    Tell("Saved");
+    const auto settings = context_.Host.Runtime->mlLangProjectSettings;
+    const bool isOffered = settings != nullptr && DefaultDictionaryOf(*settings).empty();
+    Tell(isOffered ? "Saved. \"Project Settings...\" can make it the project's" : "Saved");
 }
 
 // --- forms

@@ -29,6 +29,8 @@ class TDictionaryDesk : public TDesktop {
 TEST_F(TDictionaryDesk, LearnsFromAFormAndFillsItAgain) {
     User.On([this](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "Dictionary - new");
+        for (const QAction* action : window.findChild<QToolBar*>("toolBar")->actions())
+            EXPECT_TRUE(action->isSeparator() || !action->icon().isNull()) << FromQt(action->objectName());
         ClickTool(window, "acLearn");
         QTableView& entries = Table(window, "grEntries");
         window.findChild<QLineEdit*>("filter")->setFocus();
@@ -40,6 +42,11 @@ TEST_F(TDictionaryDesk, LearnsFromAFormAndFillsItAgain) {
         EXPECT_EQ(text.toPlainText(), "&Gezeiten");
         text.setFocus();
         QTest::keyClicks(&text, "Die ");
+        EXPECT_EQ(Cell(entries, 0, 1), "Die &Gezeiten");
+        ClickCell(entries, 0, 0);
+        QTest::keyClick(&entries, Qt::Key_Delete);
+        EXPECT_EQ(entries.model()->rowCount(), 0);
+        QTest::keyClick(&entries, Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Cell(entries, 0, 1), "Die &Gezeiten");
         User.On([](QWidget& fill) {
             QTableView& fills = Table(fill, "grFills");
@@ -58,6 +65,7 @@ TEST_F(TDictionaryDesk, LearnsFromAFormAndFillsItAgain) {
         EXPECT_TRUE(TextOf(window, "status").endsWith("Filled: 1 translation"));
         User.ChooseFile("words");
         ClickTool(window, "acSave");
+        EXPECT_TRUE(TextOf(window, "status").endsWith("\"Project Settings...\" can make it the project's"));
         Press(window, "btClose");
     });
     Click("Dictionary1");
