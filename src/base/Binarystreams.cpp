@@ -3,6 +3,7 @@
 #ifdef _WIN32
 #include <cstdio>
 #include <fcntl.h>
+#include <initializer_list>
 #include <io.h>
 #endif
 

@@ -97,6 +97,10 @@ class TPictures {
     static void Accept(QWidget& question) {
         QApplication::sendEvent(&question, new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
     }
+    static void Answer(QWidget& question, const QString& caption) {
+        for (QAbstractButton* button : dynamic_cast<QMessageBox&>(question).buttons())
+            if (button->text().remove('&') == caption) return button->click();
+    }
     /// Runs a command of the translation editor on a row and answers its question for an ID.
     void GiveID(QWidget& editor, int row, const char* command, const QString& id) {
         auto& table = *editor.findChild<QTableView*>("grTexts");
@@ -259,6 +263,8 @@ void TPictures::TakeFormViews() {
         languages.setCurrentIndex(languages.currentIndex() + 1);
         Take(*window_, (std::string("formview-") + language).c_str());
     }
+    show("harbour/forms/Portmodule.pas");
+    Take(*window_, "formview-module");
 }
 
 void TPictures::TakeDesigner() {
@@ -302,10 +308,7 @@ void TPictures::TakeDictionary() {
             fill.close();
         });
         dictionary.findChild<QAction*>("acFill")->trigger();
-        steps_.push_back([](QWidget& question) {
-            for (QAbstractButton* button : dynamic_cast<QMessageBox&>(question).buttons())
-                if (button->text().remove('&') == "No") return button->click();
-        });
+        steps_.push_back([](QWidget& question) { Answer(question, "No"); });
         dictionary.close();
     });
     RunCommand("Dictionary");
@@ -325,7 +328,7 @@ void TPictures::TakeTranslations() {
         table.setCurrentIndex(table.model()->index(2, 3));
         editor.resize(1280, 820);
         Take(editor, "translations");
-        steps_.push_back([](QWidget& question) { Accept(question); });
+        steps_.push_back([](QWidget& question) { Answer(question, "Yes"); });
         editor.close();
     });
     RunCommand("Translate");
@@ -485,6 +488,9 @@ void TPictures::TakeMessages() {
     window_->Runner().Run([this] { window_->GoTo(Path("orchard/forms/About.pas"), 1); });
     window_->Find();
     Take(*window_, "messages");
+    auto& find = *window_->findChild<QWidget*>("Findbar");
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&find, &escape);
 }
 
 /// In this order: what is changed for one picture is seen in those behind it.
