@@ -79,6 +79,9 @@ class TSetupCommand {
     }
 
     void SetUp(TContext& context, TScanMemory& memory) {
+        const std::string loss = plan_.LossText();
+        if (!loss.empty() && Writes() && !program_.Yes)
+            throw EBadInput("", 0, loss, "Say --yes to go on; --plan tells of which forms");
         const auto scope = BeginCommand(context, "Setup");
         const TSetupOutcome outcome = RunSetup(context, memory, plan_);
         if (outcome.Stopped) throw EBadInput("", 0, "stopped", "Nothing was written");
@@ -111,6 +114,7 @@ class TSetupCommand {
                     .Text("class", form.ClassName)
                     .Texts("steps", plan_.StepsOf(form))
                     .Texts("files", plan_.FilesOf(form))
+                    .Number("dropped", form.Dropped)
                     .Texts("notes", form.Remarks)
                     .Null("problem");
             else

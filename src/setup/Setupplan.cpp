@@ -42,6 +42,12 @@ std::string StringsStep(const TFormSetup& form) {
     return text;
 }
 
+std::string DroppedText(int count) {
+    return Format(count == 1 ? "%d translation is dropped with what is excluded"
+                             : "%d translations are dropped with what is excluded",
+                  count);
+}
+
 /// What it has, or is to have, of its component.
 std::string ComponentOf(const TFormSetup& form) {
     if (form.Inserts) return {};
@@ -125,6 +131,13 @@ TStringList TSetupPlan::DoneTo(TFormSetup form, int moved) const {
     return steps;
 }
 
+std::string TSetupPlan::LossText() const {
+    int dropped = 0;
+    for (const TFormSetup& form : Forms)
+        dropped += form.IsReady() ? form.Dropped : 0;
+    return dropped == 0 ? std::string() : DroppedText(dropped);
+}
+
 bool TSetupPlan::HasWork() const {
     return !PackageProject.empty() ||
            std::any_of(Forms.begin(), Forms.end(), [this](const TFormSetup& form) { return Changes(form); });
@@ -149,6 +162,7 @@ std::string TSetupPlan::TextOf(const TFormSetup& form) const {
         text += Format("    %s\r\n", step);
     for (const std::string& remark : form.Remarks)
         text += Format("    note: %s\r\n", remark);
+    if (form.Dropped > 0) text += Format("    note: %s\r\n", DroppedText(form.Dropped));
     if (steps.Empty()) return text + "    nothing to do\r\n";
     return text + Format("    changes %s\r\n", FileNames(FilesOf(form)));
 }

@@ -54,6 +54,7 @@ struct TFormSetup {
     std::string Dispatcher;       ///< reference to what its component is to be linked to, "" for nothing
     std::string Container;        ///< reference to the common container that it is to have, "" for none
     TExclusionLists Exclusions;   ///< to be added
+    int Dropped = 0;              ///< translations of what is excluded then
     std::vector<TFormProperty> Properties;  ///< to be set
     bool FillsTables = false;               ///< they are not what the form shows, or will not be
     std::optional<TSetupStrings> Strings;   ///< found in the unit, where they have been looked for
@@ -79,6 +80,8 @@ struct TSetupPlan {
     bool Changes(const TFormSetup& form) const { return form.IsReady() && !StepsOf(form).Empty(); }
     /// Whether a run would change anything.
     bool HasWork() const;
+    /// What is lost, for a question; "" for nothing.
+    std::string LossText() const;
     /// What has been done to a form whose run has moved so many strings.
     TStringList DoneTo(TFormSetup form, int moved) const;
     /// The files of a form that change, full paths; none where it does not.

@@ -9,6 +9,7 @@
 #include "core/Insertion.h"
 #include "platform/Formtexts.h"
 #include "setup/Exclusionmatch.h"
+#include "setup/Exclusionplan.h"
 #include "setup/Furtherproperties.h"
 #include "setup/Requiredpackage.h"
 #include "source/Identifiers.h"
@@ -164,6 +165,7 @@ TSetupPlan TSetupPlanner::Plan(const std::vector<TFormRow*>& rows) {
     ExpectWritable();
     Link();
     ExpectWritable();
+    PlanEffect();
     PlanTables();
     PlanPackage();
     held_.clear();
@@ -227,7 +229,8 @@ void TSetupPlanner::Keep(TFormSetup& form, TmlCustomLang& lang) {
     const auto inherited = lang.GetInherited();
     if (inherited != nullptr) form.Ancestor = inherited->GetComponent()->GetOwner()->GetName();
     const std::string dispatcher = ReferenceOf(*component, "Dispatcher");
-    present_.back() = {dispatcher, ReferenceOf(*component, "CommonContainer"), ReadExclusions(lang)};
+    present_.back() = {dispatcher, ReferenceOf(*component, "CommonContainer"), ReadExclusions(lang), {}};
+    if (!entries_.empty()) present_.back().Texts = ReadExclusionForm(lang, form.FormName, form.FileName);
     if (!form.Ancestor.empty()) return;
     if (!SameText(form.ClassName, plan_.Wishes.ComponentClass))
         form.Remarks.Add(Format("its component stays one of the class %s", form.ClassName));
@@ -329,13 +332,31 @@ void TSetupPlanner::ExpectWritable(const TFormSetup& form) const {
     }
 }
 
-/// Languages, exclusions and what an ancestor holds make other tables.
+/// Languages and what an ancestor holds make other tables.
 void TSetupPlanner::PlanTables() {
     for (TFormSetup& form : plan_.Forms) {
         const auto ancestor = planned_.find(UpperCase(form.Ancestor));
         const bool isAncestorOther = ancestor != planned_.end() && plan_.Forms[ancestor->second].FillsTables;
         form.FillsTables = form.FillsTables || isAncestorOther || form.SetsLanguages || form.SetsDispatcher ||
-                           !form.Dispatcher.empty() || form.Exclusions != TExclusionLists();
+                           !form.Dispatcher.empty();
+    }
+}
+
+/// What an ancestor excludes, its heirs do.
+void TSetupPlanner::PlanEffect() {
+    for (std::size_t i = 0; i < plan_.Forms.size(); ++i) {
+        if (!present_[i].Texts) continue;
+        TFormSetup& form = plan_.Forms[i];
+        TExclusionLists lists = present_[i].Exclusions;
+        for (auto ancestor = planned_.find(UpperCase(form.Ancestor)); ancestor != planned_.end();
+             ancestor = planned_.find(UpperCase(plan_.Forms[ancestor->second].Ancestor)))
+            for (const TExclusionList list : kExclusionLists)
+                for (const std::string& entry : plan_.Forms[ancestor->second].Exclusions[list])
+                    AddExclusion(lists, list, entry);
+        const TExclusionEffect effect = EffectOf(*present_[i].Texts, present_[i].Texts->Lists, lists);
+        form.Dropped = effect.Dropped;
+        form.FillsTables = form.FillsTables || effect.Leave + effect.ComeBack > 0;
+        present_[i].Texts.reset();
     }
 }
 

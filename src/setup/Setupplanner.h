@@ -1,12 +1,14 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "core/Modules.h"
+#include "setup/Exclusionform.h"
 #include "setup/Setupplan.h"
 
 namespace tml {
@@ -45,6 +47,7 @@ class TSetupPlanner {
         std::string Dispatcher;
         std::string Container;
         TExclusionLists Exclusions;
+        std::optional<TExclusionForm> Texts;  ///< where there are exclusions to be added
     };
 
     std::vector<TFormRow*> AllRows(const std::vector<TFormRow*>& rows) const;
@@ -61,6 +64,7 @@ class TSetupPlanner {
     void ExpectWritable();
     void ExpectWritable(const TFormSetup& form) const;
     void PlanTables();
+    void PlanEffect();
     void AddEverywhere();
     void PlanPackage();
     void Link();

@@ -179,6 +179,16 @@ std::vector<const TFormSetup*> WithAncestors(const TSetupPlan& plan, std::size_t
     return line;
 }
 
+std::string TextOf(const TFormOutcome& form) {
+    std::string text = Format("\r\n%s (%s)\r\n", form.FormName, FileNameOf(form.FileName));
+    if (!form.IsDone()) return text + Format("    is as it was: %s\r\n", form.Problem);
+    for (const std::string& done : form.Done)
+        text += Format("    %s\r\n", done);
+    for (const std::string& note : form.Notes)
+        text += Format("    note: %s\r\n", note);
+    return text;
+}
+
 }  // namespace
 
 int TSetupOutcome::CountDone() const {
@@ -206,15 +216,10 @@ std::string TSetupOutcome::Report() const {
     if (!PackageProject.empty()) text += PackageText() + "\r\n";
     for (const std::string& remark : Remarks)
         text += Format("Note: %s\r\n", remark);
-    for (const TFormOutcome& form : Forms) {
-        if (form.IsIdle()) continue;
-        text += Format("\r\n%s (%s)\r\n", form.FormName, FileNameOf(form.FileName));
-        if (!form.IsDone()) text += Format("    is as it was: %s\r\n", form.Problem);
-        for (const std::string& done : form.Done)
-            text += Format("    %s\r\n", done);
-        for (const std::string& note : form.Notes)
-            if (form.IsDone()) text += Format("    note: %s\r\n", note);
-    }
+    // What needs the person comes first.
+    for (const bool done : {false, true})
+        for (const TFormOutcome& form : Forms)
+            if (form.IsDone() == done && !form.IsIdle()) text += TextOf(form);
     return text;
 }
 

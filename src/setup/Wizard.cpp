@@ -304,7 +304,13 @@ void TfrmWizard::btNextClick() {
 
 void TfrmWizard::btFinishClick() {
     if (IsDone()) return Close(mrOk);
-    if (FinishEnabled()) Run();
+    if (FinishEnabled() && AgreesToLoss()) Run();
+}
+
+bool TfrmWizard::AgreesToLoss() const {
+    const std::string loss = plan_.LossText();
+    return loss.empty() || context_.Dialogs().MessageDlg(loss + ". Continue?", TMsgDlgType::mtWarning,
+                                                         {mrYes, mrNo}) == mrYes;
 }
 
 TSetupWishes TfrmWizard::Wishes() const {

@@ -102,6 +102,7 @@ class TfrmWizard : public TForm {
     TSetupWishes Wishes() const;
     void MakePlan();
     void ListStrings();
+    bool AgreesToLoss() const;
     void Run();
     void GoTo(TWizardPage page);
     void ShowPlan();

@@ -250,6 +250,30 @@ TEST_F(TSetup, WhatIsNotReadyIsNotCountedAndSaysWhatIsWrongFirst) {
     many.Parts.Expert()->Window()->Run("Wizards");
 }
 
+TEST_F(TSetup, TranslationsThatExclusionsDropAreAskedFor) {
+    TMany many(Files);
+    many.SetUp();
+    std::string& form = Files.Files["/p/U1.dfm"];
+    const std::string base = "'.Caption'#1'Form number 1'#1'";
+    form.insert(form.find(base) + base.size(), "Fenster ");
+    Before = Files.Files;
+    many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
+        wizard.lbLanguages.Items = many.Wishes().Languages;
+        wizard.memExcludedProperties = TStringList({".Caption"});
+        while (wizard.Page != TWizardPage::Summary)
+            wizard.btNextClick();
+        many.User.OnMessage("1 translation is dropped with what is excluded. Continue?", mrNo);
+        wizard.btFinishClick();
+        EXPECT_EQ(wizard.Page, TWizardPage::Summary);
+        EXPECT_EQ(Files.Files, Before);
+        many.User.OnMessage("1 translation is dropped with what is excluded. Continue?", mrYes);
+        wizard.btFinishClick();
+        wizard.btFinishClick();
+    });
+    many.Parts.Expert()->Window()->Run("Wizards");
+    EXPECT_FALSE(Holds("U1.dfm", "Fenster"));
+}
+
 TEST_F(TSetup, ASecondRunHasNothingToDo) {
     Files.ReadOnlyFiles.insert("/p/U3.pas");
     TMany many(Files);
