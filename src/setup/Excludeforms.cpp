@@ -80,9 +80,11 @@ bool TellWhatIsLeftOut(TContext& context, const TFormsToExclude& read) {
 }
 
 /// The form's lease; nothing where its component is gone, which the person has been told.
-std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, const TExclusionLists& lists) {
+std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, bool wasOpen,
+                                          const TExclusionLists& lists) {
     const auto scope = BeginCommand(context, kExcludeTitle);
-    auto lease = std::make_unique<TModuleLease>(context, row.FileName);
+    if (!OpenFile(context, row.FileName, false)) throw EmlLangSilent();
+    auto lease = std::make_unique<TModuleLease>(context, row.FileName, wasOpen);
     const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row.FileName));
     const auto lang =
         TestForCorrectForm(context, row) ? FindCustomLang(*context.Host.Runtime, *editor) : nullptr;
@@ -93,6 +95,17 @@ std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, cons
     return lease;
 }
 
+void SaveOrKeep(TContext& context, TModuleLease& lease) {
+    try {
+        const auto scope = BeginCommand(context, kExcludeTitle);
+        lease.Save();
+        scope->Commit();
+    } catch (...) {
+        lease.Keep();
+        throw;
+    }
+}
+
 /// One step for all forms. They are saved one by one: one that cannot be stays open with what was chosen for
 /// it, and the others are written.
 void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std::vector<TFormRow*>& rows) {
@@ -100,6 +113,10 @@ void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std
     TOpenedMeanwhile opened(context);
     std::vector<std::unique_ptr<TModuleLease>> changed;
     TAllSteps steps;
+    // A form may be opened by one that inherits from it.
+    std::vector<bool> wasOpen;
+    for (const TFormRow* row : rows)
+        wasOpen.push_back(IsFileOpen(context, row->FileName));
     const auto scope = BeginCommand(context, kExcludeTitle);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const TExclusionLists& lists = window.Lists(static_cast<int>(i));
@@ -108,13 +125,14 @@ void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std
                                             static_cast<int>(rows.size())))
             throw EmlLangSilent();
         steps.Try([&] {
-            if (auto lease = ChangeLists(context, *rows[i], lists)) changed.push_back(std::move(lease));
+            if (auto lease = ChangeLists(context, *rows[i], wasOpen[i], lists))
+                changed.push_back(std::move(lease));
         });
         opened.Leave(rows[i]->FileName);
     }
     scope->Commit();
     for (const auto& lease : changed)
-        steps.Try([&lease] { lease->SaveOrKeep(); });
+        steps.Try([&] { SaveOrKeep(context, *lease); });
     changed.clear();
     steps.Finish();
 }

@@ -179,6 +179,28 @@ TEST_F(TExcludeTest, FormsThatCannotBeReadAreSaid) {
     EXPECT_FALSE(User.ProgressShown);
 }
 
+TEST_F(TExcludeTest, AnAncestorThatItsHeirOpensIsSavedAndClosed) {
+    const auto replace = [this](const std::string& file, const std::string& from, const std::string& to) {
+        std::string& text = Files.Files["/p/" + file];
+        for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+            text.replace(at, from.size(), to);
+    };
+    replace("Unit2.dfm", "object ", "inherited ");
+    replace("Unit2.pas", "class(TForm)", "class(TForm1)");
+    replace("Unit2.pas", "StdCtrls;", "StdCtrls, Unit1;");
+    Open();
+    Run([](TfrmExclude& window) {
+        EXPECT_EQ(window.Forms().front().FormName, "Form2") << "the heir comes first";
+        for (const int root : window.Tree().Roots())
+            window.BoxClick(NodeOf(window, "TLabel", root), true);
+        window.btOKClick();
+    });
+    for (const char* unit : {"Unit1", "Unit2"}) {
+        EXPECT_TRUE(Holds(unit + std::string(".dfm"), "      'TLabel')")) << unit;
+        EXPECT_FALSE(IsFileOpen(Context(), std::string("/p/") + unit + ".pas")) << unit;
+    }
+}
+
 TEST_F(TExcludeTest, AFormThatCannotBeSavedStaysOpenWithItsLists) {
     OpenSorted();
     Files.ReadOnlyFiles = {"/p/Unit1.dfm"};
