@@ -118,8 +118,8 @@ class TDictionaryRun {
                             nearest.empty() ? "Their languages are " + known_.CommaText()
                                             : "Did you mean " + nearest + "?");
         }
-        for (const auto& [formName, error] : lacking_)
-            session_.Attempt(formName, [&] { throw EBadInput(error); });
+        for (const auto& lacking : lacking_)
+            session_.Attempt(lacking.first, [&] { throw EBadInput(lacking.second); });
     }
 
     void Print(const TFormFills& form) {
