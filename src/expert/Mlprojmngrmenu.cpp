@@ -87,7 +87,7 @@ class TProjectRun {
                 Transfer(*project);
             }
         });
-        ShowReports(context_.Dialogs(), reports_);
+        ShowReports(context_.Dialogs(), reports_, unsaved_);
         steps.Finish();
     }
 
@@ -117,8 +117,12 @@ class TProjectRun {
                 LoadProjectFromFile(context_, projectFile, fileName, reports);
         });
         // Two projects may have forms of one name.
+        const std::string prefix = ProjectNameOf(context_) + "/";
+        if (!entry_.Saving)
+            for (const std::string& form : UnsavedForms(context_, reports))
+                unsaved_.Add(prefix + form);
         for (auto& [form, report] : reports)
-            reports_.emplace_back(ProjectNameOf(context_) + "/" + form, std::move(report));
+            reports_.emplace_back(prefix + form, std::move(report));
         steps.Finish();
     }
 
@@ -136,6 +140,7 @@ class TProjectRun {
     std::string delimiter_;  ///< "" for the binary kind
     std::string asked_;      ///< the file that the delimiter was asked for
     TFormReports reports_;
+    TStringList unsaved_;  ///< with their projects in front
 };
 
 void Click(TmlLangExpert& expert, IOTAProjectManager& manager, const TProjectEntry& entry) {

@@ -108,15 +108,6 @@ std::optional<TTarget> AskForTextTarget(TContext& context, TFilesMemory& memory)
     return TextTarget(context, *file, kOtherDelimiterOfProperties);
 }
 
-/// The forms whose changes stand in open files only.
-TStringList UnsavedForms(TContext& context, const TFormReports& reports) {
-    TStringList unsaved;
-    for (const auto& [form, report] : reports)
-        if (const auto editor = GetFormEditor(context, form); editor != nullptr && editor->GetModified())
-            unsaved.Add(form);
-    return unsaved;
-}
-
 /// What was done is told, even where a form has ended the command.
 void Report(TContext& context, TFormUse use, const std::function<void(TFormReports&)>& work) {
     TFormReports reports;

@@ -87,6 +87,14 @@ void TransferForms(TContext& context, const std::string& title, const std::vecto
     if (error != nullptr) std::rethrow_exception(error);
 }
 
+TStringList UnsavedForms(TContext& context, const TFormReports& reports) {
+    TStringList unsaved;
+    for (const auto& [form, report] : reports)
+        if (const auto editor = GetFormEditor(context, form); editor != nullptr && editor->GetModified())
+            unsaved.Add(form);
+    return unsaved;
+}
+
 void SaveProjectToMLLFile(TContext& context, const std::string& fileName, const std::string& delimiter,
                           TFormReports& reports) {
     TransferForms(

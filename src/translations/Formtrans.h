@@ -27,6 +27,9 @@ TTransferReport LoadFormLanguage(TContext& context, const std::string& formName,
 void TransferForms(TContext& context, const std::string& title, const std::vector<TFormRow*>& rows,
                    const std::function<TTransferReport(TFormRow&)>& transfer, TFormReports& reports);
 
+/// Those of the forms, of the active project, whose changes stand in open files only.
+TStringList UnsavedForms(TContext& context, const TFormReports& reports);
+
 /// Save every translated form of the list in front, in its order.
 void SaveProjectToMLLFile(TContext& context, const std::string& fileName, const std::string& delimiter,
                           TFormReports& reports);

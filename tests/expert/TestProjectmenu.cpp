@@ -110,10 +110,13 @@ TEST_F(TProjectMenu, OneFileHoldsAllProjectsAndLoadsThem) {
     EXPECT_EQ(ActiveProject(), "/p/Demo.dpr");
     EXPECT_THAT(Text("/p/Unit2.dfm"), testing::HasSubstr("Vertraut"));
     EXPECT_THAT(Text("/p/Unit3.dfm"), testing::HasSubstr("Los"));
+    const auto open = Ide.GetModuleServices()->OpenModule("/p/Unit3.pas", false);
     AnswerPrompt("/p/all.mll", false, "This will load all projects in project group from all.mll! Continue?");
     User.OnMessage(
-        "Other/Form3: overwritten: Captions Button1.Caption (German): 'Weiter' instead of 'Los'\r\n");
+        "Other/Form3: overwritten: Captions Button1.Caption (German): 'Weiter' instead of 'Los'\r\n"
+        "Open, and with changes that are not saved yet: Other/Form3\r\n");
     Click(0, "Load all projects");
+    open->Save();
     EXPECT_THAT(Text("/p/Unit3.dfm"), testing::HasSubstr("Weiter"));
 }
 
