@@ -11,6 +11,7 @@
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Statenames.h"
+#include "cli/Terminal.h"
 #include "tables/Textedits.h"
 #include "tables/Textmerge.h"
 
@@ -91,7 +92,7 @@ void Print(const TProgram& program, const TFormRow& row, const TTextPlace& text,
     const std::string& value = entry.Values[static_cast<std::size_t>(place) - 1].Text;
     const std::string_view state = hasState ? NameOf(StateOf(entry, place)) : std::string_view();
     if (!program.Json) {
-        report << row.FormName << " " << table << " " << entry.Key << ": " << value
+        report << row.FormName << " " << table << " " << entry.Key << ": " << ExactOnOneLine(value)
                << (hasState ? Format(" (%s)", state) : "") << "\n";
         return;
     }

@@ -84,6 +84,13 @@ std::string OnOneLine(std::string_view text) {
     return line;
 }
 
+std::string ExactOnOneLine(std::string_view text) {
+    std::string doubled;
+    for (const char c : text)
+        doubled.append(c == '\\' ? 2 : 1, c);
+    return OnOneLine(doubled);
+}
+
 void PrintMessage(const std::string& text) {
     std::cout.flush();
     std::cerr << Styled(TStream::Error, TStyle::Error, "tmllang:") << " " << text << "\n";

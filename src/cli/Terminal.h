@@ -19,6 +19,8 @@ std::string Styled(TStream stream, TStyle style, std::string_view text);
 /// The text with its control characters as a source would write them ("\n", "\x1B"), so that it stays on its
 /// line and changes nothing on a terminal.
 std::string OnOneLine(std::string_view text);
+/// The same with every backslash doubled: no two texts look alike.
+std::string ExactOnOneLine(std::string_view text);
 
 /// Prints a message of the program to standard error.
 void PrintMessage(const std::string& text);

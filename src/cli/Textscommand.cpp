@@ -9,6 +9,7 @@
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Statenames.h"
+#include "cli/Terminal.h"
 #include "tables/States.h"
 #include "tables/Textmerge.h"
 
@@ -80,17 +81,11 @@ class TTextsList {
                           const std::vector<std::string>& states) {
         std::cout << row.FormName << " " << kind.Property << " " << entry.Key;
         for (std::size_t i = 0; i < entry.Values.size(); ++i) {
-            std::cout << (i == 0 ? ": " : " | ") << OneLine(entry.Values[i].Text);
+            std::cout << (i == 0 ? ": " : " | ") << ExactOnOneLine(entry.Values[i].Text);
             if (i > 0 && i <= states.size() && states[i - 1] != "done")
                 std::cout << " (" << states[i - 1] << ")";
         }
         std::cout << "\n";
-    }
-
-    static std::string OneLine(std::string text) {
-        std::replace_if(
-            text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-        return text;
     }
 
     const TProgram& program_;
