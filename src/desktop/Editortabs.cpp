@@ -117,6 +117,8 @@ int TEditorTabs::AddSource(const std::shared_ptr<IOTAModule>& module,
         RefreshTitles();
     };
     connect(pause, &QTimer::timeout, this, [this] { runner_.Run([] {}); });
+    // The caret has been placed in a page that had not its size yet.
+    QTimer::singleShot(0, editor, [editor] { editor->SendScintilla(QsciScintilla::SCI_SCROLLCARET); });
     return AddTab(*editor, source->GetFileName(), "unit");
 }
 

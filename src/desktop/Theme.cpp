@@ -40,6 +40,7 @@ class TThemeStyle : public QProxyStyle {
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
+        if (element == PE_IndicatorHeaderArrow) return DrawSortArrow(*option, painter, widget);
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool isRadio = element == PE_IndicatorRadioButton;
         if ((!isRadio && element != PE_IndicatorCheckBox) || !IsDark(option->palette)) return;
@@ -50,6 +51,16 @@ class TThemeStyle : public QProxyStyle {
         const QRect outline = option->rect.adjusted(0, 0, -1, -1);
         isRadio ? painter->drawEllipse(outline) : painter->drawRect(outline);
         painter->restore();
+    }
+    /// Upwards where the rows ascend, which the style takes the other way.
+    void DrawSortArrow(const QStyleOption& option, QPainter* painter, const QWidget* widget) const {
+        const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(&option);
+        if (header == nullptr || header->sortIndicator == QStyleOptionHeader::None) return;
+        QStyleOptionHeader turned(*header);
+        turned.sortIndicator = header->sortIndicator == QStyleOptionHeader::SortUp
+                                   ? QStyleOptionHeader::SortDown
+                                   : QStyleOptionHeader::SortUp;
+        QProxyStyle::drawPrimitive(PE_IndicatorHeaderArrow, &turned, painter, widget);
     }
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override {

@@ -1,6 +1,7 @@
 #include "desktop/Transcells.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QStyledItemDelegate>
 
 #include "desktop/Transmodel.h"
@@ -17,6 +18,10 @@ class TCellDelegate : public QStyledItemDelegate {
                           const QModelIndex& index) const override {
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         editor->setLayoutDirection(DirectionOf(index));
+        auto* cells = static_cast<TTransCells*>(this->parent());
+        if (auto* line = qobject_cast<QLineEdit*>(editor))
+            connect(line, &QLineEdit::textEdited, cells,
+                    [cells](const QString& text) { cells->Typing(text); });
         return editor;
     }
 
@@ -71,6 +76,7 @@ void TTransCells::CommitEditor() {
 void TTransCells::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const QModelIndex below = currentIndex().sibling(currentIndex().row() + 1, currentIndex().column());
     QTableView::closeEditor(editor, hint);
+    Typing(std::nullopt);
     if (hint == QAbstractItemDelegate::SubmitModelCache && below.isValid()) setCurrentIndex(below);
 }
 

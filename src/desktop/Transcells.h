@@ -3,6 +3,7 @@
 #include <QAbstractItemDelegate>
 #include <QTableView>
 #include <functional>
+#include <optional>
 
 #include "runtime/Transgrid.h"
 
@@ -19,6 +20,8 @@ class TTransCells : public QTableView {
     /// Edits a text of several lines, which a cell has no room for; event is the key that began it, nullptr
     /// for none.
     std::function<void(QEvent* event)> EditBelow;
+    /// Told what is being typed in a cell; none once that has ended.
+    std::function<void(std::optional<QString> text)> Typing;
 
     /// Takes what stands in a cell's editor and closes it.
     void CommitEditor();

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QShortcut>
 
 #include "desktop/Listmodel.h"
@@ -32,6 +33,14 @@ QString ShareText(const TTransProgress& progress) {
     return progress.Texts == 0 ? QString() : QString("%1/%2").arg(progress.Done()).arg(progress.Texts);
 }
 
+/// Why a regular expression cannot be read, and up to where it can.
+QString ProblemOf(const QString& pattern) {
+    const QRegularExpression read(pattern);
+    if (read.isValid()) return {};
+    const QString good = pattern.left(read.patternErrorOffset());
+    return ": " + read.errorString() + (good.isEmpty() ? QString() : " (behind \"" + good + "\")");
+}
+
 /// Line breaks, tabs and blanks are seen.
 void ShowBlanks(QPlainTextEdit& box) {
     QTextOption option = box.document()->defaultTextOption();
@@ -48,10 +57,20 @@ TTransEditorView::TTransEditorView(TfrmTransEditor& form, const TViewServices& s
       binder_(services.Runner),
       model_(form),
       pane_(new TTransFormPane(services.Host, form.Texts())),
+      onDisk_(*services.Host.Files, FilesOfForms()),
       progress_(new QLabel(this)),
+      changed_(new QLabel(this)),
       notice_(new QLabel(this)) {
     ui_->setupUi(this);
     ui_->statusBar->addWidget(progress_);
+    changed_->setObjectName("changedFiles");
+    changed_->setTextFormat(Qt::PlainText);
+    changed_->setStyleSheet("font-weight: bold");
+    changed_->setToolTip(
+        "Somebody else has written them since the editor was opened. Their texts are here as they were; "
+        "what is edited goes into the open forms, and before these are saved you are asked.");
+    ui_->statusBar->addWidget(changed_);
+    notice_->setObjectName("notice");
     ui_->statusBar->addWidget(notice_, 1);
     form_.ReadClipboard = [] { return FromQt(QGuiApplication::clipboard()->text()); };
     form_.WriteClipboard = [](const std::string& text) { QGuiApplication::clipboard()->setText(ToQt(text)); };
@@ -60,6 +79,7 @@ TTransEditorView::TTransEditorView(TfrmTransEditor& form, const TViewServices& s
     BindCells();
     BindButtons();
     BindForm();
+    BindSizes();
     actions_ = std::make_unique<TActionBinding>(form_.Actions, *this, *ui_->toolBar, *ui_->grTexts,
                                                 [this](const TAction& action) { Execute(action); });
 }
@@ -158,10 +178,15 @@ void TTransEditorView::BindCells() {
     cells.setSelectionMode(QAbstractItemView::ContiguousSelection);
     cells.setShowGrid(true);
     cells.EditBelow = [this](QEvent* event) { EditBelow(event); };
+    cells.Typing = [this](const std::optional<QString>& text) {
+        typed_ = text;
+        DrawForm();
+    };
     ui_->textSplitter->setStretchFactor(0, 1);
     for (QPlainTextEdit* box : {ui_->memBase, ui_->memFormer, ui_->memText})
         ShowBlanks(*box);
     ui_->memText->installEventFilter(this);
+    cells.viewport()->installEventFilter(this);
 }
 
 void TTransEditorView::BindButtons() {
@@ -234,6 +259,10 @@ void TTransEditorView::EditBelow(QEvent* event) {
 }
 
 bool TTransEditorView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->memText) {
+        if (event->type() == QEvent::Resize) LayOutColumns();
+        return TView::eventFilter(watched, event);
+    }
     if (event->type() == QEvent::FocusOut) TakeTyped();
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         // Back to the table; what was typed in the box is dropped.
@@ -249,9 +278,10 @@ bool TTransEditorView::eventFilter(QObject* watched, QEvent* event) {
 
 void TTransEditorView::DrawForm() {
     const TTransCell current = form_.Grid().Current();
-    const bool isTyped = ui_->memText->document()->isModified();
-    pane_->Show(current.Row, current.Column,
-                isTyped ? std::optional(FromQt(ui_->memText->toPlainText())) : std::nullopt);
+    std::optional<std::string> typed;
+    if (ui_->memText->document()->isModified()) typed = FromQt(ui_->memText->toPlainText());
+    if (typed_) typed = FromQt(*typed_);
+    pane_->Show(current.Row, current.Column, typed);
 }
 
 /// Without a form the least for the boxes, with one half of the height, where they stand below each other:
@@ -274,11 +304,24 @@ void TTransEditorView::SizeBoxes() {
 }
 
 void TTransEditorView::StoreBoxes() {
-    const auto store = [this](const char* name, const QSplitter& splitter) {
-        services_.Places.SetSizes(name, {DesignWidth(*this, splitter.sizes().back())});
-    };
-    store(pane_->isHidden() ? kBoxSizes : kFormBoxSizes, *ui_->textSplitter);
-    if (!pane_->isHidden()) store(kFormSizes, *ui_->formSplitter);
+    const QSplitter& boxes = *ui_->textSplitter;
+    StoreSize(pane_->isHidden() ? kBoxSizes : kFormBoxSizes, boxes, boxes.sizes().back());
+    StoreSize(kFormSizes, *ui_->formSplitter, ui_->formSplitter->sizes().back());
+}
+
+void TTransEditorView::StoreSize(const char* name, const QSplitter& splitter, int size) {
+    if (moved_.erase(&splitter) > 0) services_.Places.SetSizes(name, {DesignWidth(*this, size)});
+}
+
+void TTransEditorView::BindSizes() {
+    for (const QSplitter* splitter : {ui_->splitter, ui_->textSplitter, ui_->formSplitter})
+        connect(splitter, &QSplitter::splitterMoved, this, [this, splitter] { moved_.insert(splitter); });
+    connect(ui_->grTexts->horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) {
+                if (layingOut_ || widths_.empty()) return;
+                widths_[static_cast<std::size_t>(column)] = DesignWidth(*this, width);
+                areSized_ = true;
+            });
 }
 
 // --- showing
@@ -290,28 +333,59 @@ void TTransEditorView::showEvent(QShowEvent* event) {
 
 void TTransEditorView::LayOut() {
     layout()->activate();
-    QTableView& cells = *ui_->grTexts;
-    const auto stored = [this](const char* name) { return services_.Places.Sizes(name); };
-    const std::vector<int> tree = stored(kTreeSizes), columns = stored(kColumnSizes);
+    const std::vector<int> tree = services_.Places.Sizes(kTreeSizes);
     const int treeWidth = ShownWidth(*this, tree.empty() ? kTreeWidth : tree.front());
     ui_->splitter->setSizes({std::min(treeWidth, width() / 2), width()});
     SizeBoxes();
-    const int share = cells.viewport()->width() / form_.ColumnCount();
-    for (int column = 0; column < form_.ColumnCount(); ++column) {
-        const auto place = static_cast<std::size_t>(column);
-        cells.setColumnWidth(column, place < columns.size() ? ShownWidth(*this, columns[place])
-                                                            : std::max(share, ShownWidth(*this, kTextWidth)));
+    widths_ = services_.Places.Sizes(kColumnSizes);
+    widths_.resize(std::max(widths_.size(), static_cast<std::size_t>(form_.ColumnCount())));
+    LayOutColumns();
+    ui_->grTexts->scrollTo(ui_->grTexts->currentIndex());
+}
+
+/// Columns that nobody has sized share what the others leave.
+void TTransEditorView::LayOutColumns() {
+    if (layingOut_ || widths_.empty()) return;
+    layingOut_ = true;
+    QTableView& cells = *ui_->grTexts;
+    const auto count = static_cast<std::size_t>(form_.ColumnCount());
+    int left = cells.viewport()->width(), sharing = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        left -= ShownWidth(*this, widths_[i]);
+        sharing += widths_[i] == 0 ? 1 : 0;
     }
-    cells.scrollTo(cells.currentIndex());
+    const int share = std::max(left / std::max(sharing, 1), ShownWidth(*this, kTextWidth));
+    for (std::size_t i = 0; i < count; ++i)
+        cells.setColumnWidth(static_cast<int>(i), widths_[i] > 0 ? ShownWidth(*this, widths_[i]) : share);
+    layingOut_ = false;
 }
 
 void TTransEditorView::BeforeClose() {
-    std::vector<int> columns;
-    for (int column = 0; column < form_.ColumnCount(); ++column)
-        columns.push_back(DesignWidth(*this, ui_->grTexts->columnWidth(column)));
-    services_.Places.SetSizes(kColumnSizes, columns);
-    services_.Places.SetSizes(kTreeSizes, {DesignWidth(*this, ui_->splitter->sizes().front())});
+    if (areSized_) services_.Places.SetSizes(kColumnSizes, widths_);
+    StoreSize(kTreeSizes, *ui_->splitter, ui_->splitter->sizes().front());
     StoreBoxes();
+}
+
+// --- the disk
+
+std::vector<std::string> TTransEditorView::FilesOfForms() const {
+    const auto modules = services_.Host.Services->GetModuleServices();
+    std::vector<std::string> files;
+    for (const TTransForm& form : form_.Texts().Forms()) {
+        const auto module = modules->FindFormModule(form.Name);
+        if (module == nullptr) continue;
+        files.push_back(module->GetFileName());
+        if (const auto editor = module->GetFormEditor()) files.push_back(editor->GetFileName());
+    }
+    return files;
+}
+
+bool TTransEditorView::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        const std::string files = onDisk_.Changed();
+        changed_->setText(files.empty() ? QString() : "Changed on the disk: " + ToQt(files));
+    }
+    return TView::event(event);
 }
 
 void TTransEditorView::Refresh() {
@@ -350,7 +424,9 @@ void TTransEditorView::RefreshFilters() {
     if (!typing_.isActive() && FromQt(ui_->filter->text()) != filter.Text)
         ui_->filter->setText(ToQt(filter.Text));
     ui_->ckPattern->setChecked(filter.IsPattern);
-    ui_->filterCount->setText(QString("%1 rows").arg(form_.Grid().Count()));
+    const int shown = form_.Grid().Count(), all = form_.RowCount();
+    ui_->filterCount->setText(shown == all ? QString("%1 rows").arg(all)
+                                           : QString("%1 of %2 rows").arg(shown).arg(all));
 }
 
 void TTransEditorView::ShowText(QPlainTextEdit& box, const QString& text, int column) {
@@ -396,13 +472,15 @@ void TTransEditorView::RefreshStatus() {
     const TTransProgress progress = form_.NodeProgress(form_.Node(), column);
     QString text;
     if (progress.Texts > 0)
-        text = QString("%1: %2 of %3 done (%4 %)")
+        text = QString("%1, %2: %3 of %4 texts done (%5 %)")
                    .arg(ToQt(form_.ColumnCaption(column)))
+                   .arg(ToQt(form_.Tree[static_cast<std::size_t>(form_.Node())].Caption))
                    .arg(progress.Done())
                    .arg(progress.Texts)
                    .arg(progress.Percent());
     progress_->setText(text);
-    notice_->setText(ToQt(form_.Notice));
+    notice_->setText(ToQt(form_.Notice) +
+                     (form_.IsPatternBroken() ? ProblemOf(ToQt(form_.Filter().Text)) : QString()));
 }
 
 }  // namespace tml

@@ -2,15 +2,19 @@
 
 #include <QTimer>
 #include <memory>
+#include <optional>
+#include <set>
 #include <vector>
 
 #include "desktop/Actionbinding.h"
 #include "desktop/Binder.h"
 #include "desktop/Transmodel.h"
 #include "desktop/View.h"
+#include "desktop/Watchedfiles.h"
 
 class QLabel;
 class QPlainTextEdit;
+class QSplitter;
 class QTreeWidgetItem;
 
 namespace Ui {
@@ -34,6 +38,7 @@ class TTransEditorView : public TView {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void BindTree();
@@ -55,8 +60,14 @@ class TTransEditorView : public TView {
 
     /// Gives the grid the height that the boxes leave, and its columns the width.
     void LayOut();
+    void LayOutColumns();
     void SizeBoxes();
+    /// Stored is only what the person has sized.
+    void BindSizes();
     void StoreBoxes();
+    void StoreSize(const char* name, const QSplitter& splitter, int size);
+    /// Of the forms and their units.
+    std::vector<std::string> FilesOfForms() const;
     void RefreshTree();
     void RefreshFilters();
     void RefreshTexts();
@@ -74,9 +85,16 @@ class TTransEditorView : public TView {
     std::unique_ptr<TActionBinding> actions_;
     std::vector<QTreeWidgetItem*> nodes_;
     TTransFormPane* pane_;
+    TWatchedFiles onDisk_;
+    std::vector<int> widths_;           ///< of the columns, as designed; 0 for one that nobody has sized
+    bool areSized_ = false;             ///< since the window was opened
+    std::set<const QSplitter*> moved_;  ///< the same
+    bool layingOut_ = false;
     QLabel* progress_;
+    QLabel* changed_;
     QLabel* notice_;
-    QTimer typing_;  ///< runs while what is typed in the search is not looked for yet
+    std::optional<QString> typed_;  ///< in a cell, while that is edited
+    QTimer typing_;                 ///< runs while what is typed in the search is not looked for yet
     bool refreshing_ = false;
 };
 

@@ -10,6 +10,7 @@
 
 #include "base/Errors.h"
 #include "desktop/Texts.h"
+#include "desktop/Whereshown.h"
 #include "layout/Openpages.h"
 #include "picture/Formmeasure.h"
 #include "picture/Formpainter.h"
@@ -124,11 +125,12 @@ void TTransFormPane::DrawForm() {
     const bool isId = texts_.TableOf(row_).IsStrings();
     const TLayoutNode* const component = isId ? nullptr : form_->BringToFront(form, texts_.Text(row_, 0));
     const bool isForm = component == &form;
-    picture_->Show(std::move(form), component, options_);
+    const TWhereShown where = component == nullptr || isForm ? TWhereShown() : WhereShown(form, *component);
+    picture_->Show(std::move(form), where.Control == nullptr ? component : where.Control, options_);
     ShowTitle(isForm);
     QStringList notes = NotesOf(picture_->Layout());
-    if (component != nullptr && !isForm && picture_->Mark().isEmpty())
-        notes.prepend(ToQt(component->Name) + " is not seen on the form");
+    const bool isSeen = isForm || (where.Control == nullptr && !picture_->Mark().isEmpty());
+    if (component != nullptr && !isSeen) notes.prepend(ToQt(where.Note));
     notes_->setText(notes.join("; "));
 }
 

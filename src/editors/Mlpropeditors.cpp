@@ -9,6 +9,7 @@
 #include "base/Utf8.h"
 #include "editors/Mllangcomboeditor.h"
 #include "setup/Excludeforms.h"
+#include "tables/Extendedtable.h"
 #include "translations/Formlanguages.h"
 
 namespace tml {
@@ -178,7 +179,7 @@ std::vector<TPropertyAttribute> TExtendedTranslationsProperty::GetAttributes() {
 
 void TExtendedTranslationsProperty::Edit() {
     const auto lang = edited_.Host->Runtime().AsCustomLang(edited_.Component);
-    if (edited_.Host->Runtime().TransEditorDlg(*lang, {.IsLast = true}, edited_.Host->OnChangeStrID))
+    if (edited_.Host->Runtime().TransEditorDlg(*lang, {kExtendedTable, -1}, edited_.Host->OnChangeStrID))
         edited_.Designer.Modified();
 }
 

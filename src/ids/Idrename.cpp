@@ -23,9 +23,7 @@ constexpr std::size_t kMostNamed = 10;
 
 void ExpectID(const std::string& id) {
     if (!IsStringID(id))
-        throw EBadInput(
-            "", 0, Format("'%s' is no string ID", id),
-            "An ID is not empty and has no line break, no control character and no blank at its ends");
+        throw EBadInput("", 0, Format("'%s' is no string ID", id), std::string(kStringIDRule));
 }
 
 class TRename {

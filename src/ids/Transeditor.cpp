@@ -36,9 +36,25 @@ void OpenTransEditor(TContext& context, const std::string& unitFile,
     const auto lang = isOpen ? GetmlLang(context, *row) : nullptr;
     if (lang == nullptr) return Inform(context, "Nil designer", TMsgDlgType::mtError);
     const std::string formName = row->FormName;
-    if (!context.Host.Runtime->TransEditorDlg(*lang, place(*lang), ChangeStrIDOf(context))) return;
+    const TShownInSource shown(*context.Host.Runtime);
+    const bool isChanged = context.Host.Runtime->TransEditorDlg(*lang, place(*lang), ChangeStrIDOf(context));
+    if (shown.IsOf(formName)) lease.Keep();
+    if (!isChanged) return;
     MarkModifiedForm(context, formName);
     lease.SaveOrKeep();
+}
+
+TShownInSource::TShownInSource(IMlRuntime& runtime) : runtime_(runtime), navigate_(runtime.NavigateToSource) {
+    if (!navigate_) return;
+    runtime_.NavigateToSource = [this](const std::string& formName, const std::string& id) {
+        navigate_(formName, id);
+        form_ = formName;
+    };
+}
+
+/// An expert that has gone meanwhile has taken its callback back.
+TShownInSource::~TShownInSource() {
+    if (runtime_.NavigateToSource) runtime_.NavigateToSource = navigate_;
 }
 
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index) {

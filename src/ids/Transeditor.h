@@ -10,9 +10,26 @@ namespace tml {
 
 /// Opens the translation editor on the component of a unit's form, with the ID change at hand. Where the
 /// editor has changed the form, it is marked as modified; a unit that was closed is saved then and closed
-/// again. An error message where the unit has no designer.
+/// again, unless a string was shown in its source. An error message where the unit has no designer.
 void OpenTransEditor(TContext& context, const std::string& unitFile,
                      const std::function<TTransEditorPlace(TmlCustomLang&)>& place);
+
+/// Notes, while it lives, for which form the translation editor has shown a string in the source: the form's
+/// unit is in front then, and stays open.
+class TShownInSource {
+  public:
+    explicit TShownInSource(IMlRuntime& runtime);
+    ~TShownInSource();
+    TShownInSource(const TShownInSource&) = delete;
+    TShownInSource& operator=(const TShownInSource&) = delete;
+
+    bool IsOf(const std::string& formName) const { return form_ == formName; }
+
+  private:
+    IMlRuntime& runtime_;
+    decltype(IMlRuntime::NavigateToSource) navigate_;
+    std::string form_;
+};
 
 /// The same at a string by its ID; of an ID that stands twice at the one of this index.
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index = -1);

@@ -7,6 +7,7 @@
 #include "base/Utf8.h"
 #include "runtime/Transcommands.h"
 #include "runtime/Transdictionary.h"
+#include "tables/Extendedtable.h"
 #include "tables/Stringids.h"
 
 namespace tml {
@@ -14,15 +15,17 @@ namespace {
 
 constexpr const char* kAllForms = "All forms";
 constexpr const char* kBoxCaption = "Translation Editor";
+constexpr const char* kAddID = "Add String ID";
+constexpr const char* kRenameID = "Rename String ID";
 constexpr const char* kIDPrompt = "String ID:";
+constexpr std::string_view kAskOddID =
+    "\"%s\" has other characters than letters, digits, \"_\", \"-\" and \".\", which are hard to read in a "
+    "source. Use it all the same?";
 constexpr const char* kReading = "Reading translations...";
 constexpr const char* kTranslating = "Translating equal texts...";
 constexpr const char* kSearching = "Searching...";
+constexpr const char* kWriting = "Writing translations...";
 constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
-constexpr const char* kAskEscaped =
-    "The string ID %s has a quote or a backslash: where a source doubles or escapes it, the check of string "
-    "IDs "
-    "does not find it. Use it all the same?";
 constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
 
 std::string CaptionOf(const TTransTexts& texts) {
@@ -70,8 +73,7 @@ void TfrmTransEditor::BuildTree(const TTransEditorPlace& place) {
         Tree.push_back({form.Name, level, {number, -1}});
         for (int index = form.FirstTable; index < form.TablesEnd; ++index) {
             const TTransTable& table = texts_.Tables()[static_cast<std::size_t>(index)];
-            const bool isAsked =
-                !place.IsLast && number == 0 && table.Property() == KindOf(place.Table).Property;
+            const bool isAsked = !place.IsLast && number == 0 && table.Property() == PropertyOf(place.Table);
             if (table.Count() > 0 || table.IsStrings() || isAsked)
                 Tree.push_back({std::string(table.Property()), level + 1, {number, index}});
         }
@@ -128,7 +130,7 @@ int TfrmTransEditor::FirstTranslation() const {
 
 void TfrmTransEditor::Open(const TTransEditorPlace& place) {
     if (place.IsLast) return Return();
-    const int table = TableOf(0, KindOf(place.Table).Property);
+    const int table = TableOf(0, PropertyOf(place.Table));
     node_ = NodeOf({0, table});
     Arrange();
     const auto& places = texts_.Forms().front().Places;
@@ -181,9 +183,19 @@ void TfrmTransEditor::Arrange() {
         grid_.Assign(FilteredRows(texts_, Tree[static_cast<std::size_t>(node_)].Scope, sieve, goesOn));
     }
     Notice.clear();
-    if (sieve.IsBroken()) Notice = "The pattern cannot be read";
+    isPatternBroken_ = sieve.IsBroken();
+    if (isPatternBroken_) Notice = "The pattern cannot be read";
     if (stopped) Notice = "Stopped: there may be more";
     Changed();
+}
+
+int TfrmTransEditor::RowCount() const {
+    const TTransScope& scope = Tree[static_cast<std::size_t>(node_)].Scope;
+    const auto& tables = texts_.Tables();
+    int count = 0;
+    for (std::size_t i = 0; i < tables.size(); ++i)
+        if (IsIn(tables[i], scope, static_cast<int>(i))) count += tables[i].Present();
+    return count;
 }
 
 // --- cells
@@ -254,7 +266,11 @@ void TfrmTransEditor::GoToUntranslated(int step) {
         grid_.SetCurrent(place, column);
         return Done();
     }
-    Done("Nothing that is shown is left to be translated");
+    const TTransProgress all = texts_.Progress(column, -1);
+    const int left = all.Texts - all.Done();
+    Done(left == 0
+             ? "Everything is translated"
+             : Format("Nothing that is shown is left to be translated; of what is not shown: %d", left));
 }
 
 void TfrmTransEditor::acCopyBase() {
@@ -312,6 +328,7 @@ void TfrmTransEditor::acCopy() {
 void TfrmTransEditor::acPaste() {
     if (!ReadClipboard) return;
     const TTransPasted pasted = PasteTexts(texts_, grid_, ReadTabSeparated(ReadClipboard()));
+    grid_.Select(pasted.Range);
     Done(pasted.Left == 0 ? std::string() : Format("Texts without a cell that takes them: %d", pasted.Left));
 }
 
@@ -354,9 +371,7 @@ int TfrmTransEditor::StringsTable() const {
 }
 
 std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) const {
-    if (id.empty()) return "A string ID needs a name!";
-    if (!IsStringID(id))
-        return Format("\"%s\" is no string ID: it has a blank at its ends or a control character!", id);
+    if (!IsStringID(id)) return Format("'%s' is no string ID. %s", id, kStringIDRule);
     const TTransTable& table = texts_.TableOf(row);
     // A renamed ID is written at once, one that is deleted is not: the form still has it.
     const int stored = row.Entry < 0 ? -1 : table.Stored().Find(id);
@@ -365,23 +380,31 @@ std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) con
     return {};
 }
 
-/// What the person wants in spite of a doubt is fit.
-bool TfrmTransEditor::IsFit(const std::string& id, TTransRow row) {
-    const std::string problem = ProblemOf(id, row);
-    if (!problem.empty()) runtime_.Dialogs->MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
-    if (!problem.empty() || !IsEscapedInSource(id)) return problem.empty();
-    return runtime_.Dialogs->MessageDlg(Format(kAskEscaped, id), TMsgDlgType::mtWarning, {mrYes, mrNo}) ==
-           mrYes;
+bool TfrmTransEditor::IsWanted(const std::string& id) const {
+    return IsPlainStringID(id) ||
+           runtime_.Dialogs->MessageDlg(Format(kAskOddID, id), TMsgDlgType::mtConfirmation, {mrNo, mrYes}) ==
+               mrYes;
+}
+
+std::optional<std::string> TfrmTransEditor::ValidID(const char* caption, std::string id,
+                                                    TTransRow row) const {
+    for (;;) {
+        const std::string problem = ProblemOf(id, row);
+        if (problem.empty() && IsWanted(id)) return id;
+        const std::string prompt = problem.empty() ? kIDPrompt : Format("%s\r\n%s", problem, kIDPrompt);
+        if (!runtime_.Dialogs->InputQuery(caption, prompt, id)) return std::nullopt;
+    }
 }
 
 void TfrmTransEditor::acAddID() {
     const int table = StringsTable();
-    std::string id;
-    if (!runtime_.Dialogs->InputQuery("Add String ID", kIDPrompt, id)) return;
-    if (!IsFit(id, {table, -1})) return;
+    std::string typed;
+    if (!runtime_.Dialogs->InputQuery(kAddID, kIDPrompt, typed)) return;
+    const auto id = ValidID(kAddID, typed, {table, -1});
+    if (!id) return;
     const TTransForm& form = texts_.FormOf({table, 0});
     const TTransRow row =
-        texts_.Add(table, {id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
+        texts_.Add(table, {*id, std::vector<TTableValue>(static_cast<std::size_t>(form.Languages.Count()))});
     grid_.Update({row}, {});
     Show(row, texts_.ColumnAt(row, 1));
     Done();
@@ -390,17 +413,17 @@ void TfrmTransEditor::acAddID() {
 void TfrmTransEditor::acRenameID() {
     const TTransRow row = grid_.Current().Row;
     std::string id = texts_.Text(row, 0);
-    if (runtime_.Dialogs->InputQuery("Rename String ID", kIDPrompt, id)) Rename(row, id);
+    if (runtime_.Dialogs->InputQuery(kRenameID, kIDPrompt, id)) Rename(row, id);
 }
 
-void TfrmTransEditor::Rename(TTransRow row, const std::string& id) {
+void TfrmTransEditor::Rename(TTransRow row, const std::string& typed) {
     const std::string former = texts_.Text(row, 0);
-    if (id == former) return;
-    if (!IsFit(id, row)) return Done();
+    const auto id = typed == former ? std::nullopt : ValidID(kRenameID, typed, row);
+    if (!id || *id == former) return Done();
     try {
         const auto scope = BeginCommand(Format("Rename %s", former));
-        texts_.Rename(row, id);
-        if (onChangeStrID_) onChangeStrID_(texts_.FormOf(row).Name, former, id);
+        texts_.Rename(row, *id);
+        if (onChangeStrID_) onChangeStrID_(texts_.FormOf(row).Name, former, *id);
         if (scope != nullptr) scope->Commit();
     } catch (...) {
         texts_.RenameHere(row, former);
@@ -423,6 +446,7 @@ void TfrmTransEditor::acDeleteID() {
 void TfrmTransEditor::acJumpToSource() {
     const TTransRow row = grid_.Current().Row;
     runtime_.NavigateToSource(texts_.FormOf(row).Name, texts_.Text(row, 0));
+    btnOKClick();
 }
 
 void TfrmTransEditor::acAbout() {
@@ -437,8 +461,10 @@ std::unique_ptr<ICommandScope> TfrmTransEditor::BeginCommand(const std::string& 
 
 void TfrmTransEditor::btnOKClick() {
     if (texts_.HasEdits()) {
+        const TProgressEnd end(*runtime_.Dialogs);
         const auto scope = BeginCommand(kBoxCaption);
-        texts_.Write();
+        texts_.Write(
+            [this](int done, int all) { return runtime_.Dialogs->ShowProgress(kWriting, done, all); });
         if (scope != nullptr) scope->Commit();
     }
     Close(mrOk);

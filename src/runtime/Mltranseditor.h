@@ -59,6 +59,10 @@ class TfrmTransEditor : public TForm {
 
     const TTransFilter& Filter() const { return filter_; }
     void SetFilter(const TTransFilter& filter);
+    /// The rows that there are without it.
+    int RowCount() const;
+    /// True where the filter is no regular expression, though it shall be one.
+    bool IsPatternBroken() const { return isPatternBroken_; }
     /// False where there are no regular expressions.
     bool HasPatterns() const { return library_ != nullptr; }
 
@@ -91,7 +95,8 @@ class TfrmTransEditor : public TForm {
 
     // Edits. Each is a step of undo, with all cells that it changes.
 
-    /// Takes a typed text; in column 0 a new ID for an entry of "Strings".
+    /// Takes a typed text; in column 0 a new ID for an entry of "Strings", which is asked for again while
+    /// something is wrong with it.
     void SetText(int place, int column, const std::string& text);
     /// Says of the selected translations in which state they are; see WithState.
     void SetState(TTextState state);
@@ -123,6 +128,8 @@ class TfrmTransEditor : public TForm {
     void acAddID();
     void acRenameID();
     void acDeleteID();
+    /// Writes and closes, too: the source stands behind the window. EmlLangSilent where there is nothing to
+    /// be shown.
     void acJumpToSource();
     void acAbout();
 
@@ -137,7 +144,7 @@ class TfrmTransEditor : public TForm {
     bool CanRedo() const { return texts_.CanRedo(); }
     bool HasAbout() const { return static_cast<bool>(runtime_.ShowAboutBox); }
 
-    /// Writes and closes.
+    /// Writes and closes. EmlLangSilent, and nothing is written, where the person stops it.
     void btnOKClick();
     void btnCancelClick() { Close(mrCancel); }
     bool FormCloseQuery() override;
@@ -171,8 +178,12 @@ class TfrmTransEditor : public TForm {
     int StringsTable() const;
     /// What is wrong with an ID for an entry, "" for nothing.
     std::string ProblemOf(const std::string& id, TTransRow row) const;
-    bool IsFit(const std::string& id, TTransRow row);
-    void Rename(TTransRow row, const std::string& id);
+    /// Asks about an ID that is hard to read in a source.
+    bool IsWanted(const std::string& id) const;
+    /// The ID for an entry; while something is wrong with it, asks for another one. None where the person
+    /// gives up.
+    std::optional<std::string> ValidID(const char* caption, std::string id, TTransRow row) const;
+    void Rename(TTransRow row, const std::string& typed);
     std::unique_ptr<ICommandScope> BeginCommand(const std::string& title) const;
 
     IMlRuntime& runtime_;
@@ -184,6 +195,7 @@ class TfrmTransEditor : public TForm {
     TTransFilter filter_;
     int node_ = 0;
     TTransGrid grid_;
+    bool isPatternBroken_ = false;
     bool hasRenamed_ = false;
 };
 

@@ -30,9 +30,11 @@ constexpr std::array kCommands{
     TRow{"acFillFromDictionary", "Fill from &dictionary", "Ctrl+D", &TEditor::acFillFromDictionary,
          &TEditor::HasTranslation,
          "Looks the base texts up in the project's dictionary, for the translations that are selected or "
-         "shown"},
+         "shown",
+         "", true},
     TRow{"acTranslateEqual", "Translate &equal texts", "Ctrl+E", &TEditor::acTranslateEqual,
-         &TEditor::HasTranslation, "Missing texts with the same base text get the selected translation"},
+         &TEditor::HasTranslation, "Missing texts with the same base text get the selected translation", "",
+         true},
     TRow{"acMarkDone", "&Done", "", &TEditor::acMarkDone, &TEditor::HasTranslation},
     TRow{"acMarkTouched", "&Touched", "", &TEditor::acMarkTouched, &TEditor::HasTranslation},
     TRow{"acMarkStale", "&Stale", "", &TEditor::acMarkStale, &TEditor::HasTranslation},
@@ -44,7 +46,7 @@ constexpr std::array kCommands{
     TRow{"acDeleteID", "Delete &IDs", "Ctrl+Del", &TEditor::acDeleteID, &TEditor::HasID,
          "Deletes the selected string IDs"},
     TRow{"acJumpToSource", "Sho&w in source", "Ctrl+J", &TEditor::acJumpToSource, &TEditor::CanJump,
-         "Shows the first use of the string ID"},
+         "Writes what is edited, closes the editor and shows the first use of the string ID", "", true},
     TRow{"acHelp", "&Help", "F1", nullptr, nullptr, "", "", true},
     TRow{"acAbout", "&About...", "", &TEditor::acAbout, &TEditor::HasAbout},
 };

@@ -1,5 +1,6 @@
 #include "runtime/Transedits.h"
 
+#include <algorithm>
 #include <functional>
 #include <set>
 #include <string_view>
@@ -100,7 +101,7 @@ std::optional<std::vector<TNewText>> EqualTexts(const TTransTexts& texts,
 TTransPasted Paste(TTransTexts& texts, const TTransCell& cell, const std::string& text) {
     if (texts.Text(cell.Row, cell.Column) == text) return {};
     const int written = WriteText(texts, cell, text);
-    return {written, texts.PlaceOf(cell.Row, cell.Column) == 0 ? 1 : 0};
+    return {written, texts.PlaceOf(cell.Row, cell.Column) == 0 ? 1 : 0, {}};
 }
 
 }  // namespace
@@ -180,7 +181,7 @@ TCellRows TextsOf(const TTransTexts& texts, const TTransGrid& grid) {
 }
 
 TTransPasted PasteTexts(TTransTexts& texts, const TTransGrid& grid, const TCellRows& rows) {
-    TTransPasted pasted;
+    TTransPasted pasted{0, 0, grid.Selection()};
     if (!grid.HasRow()) return pasted;
     const auto add = [&](const TTransPasted& one) {
         pasted.Written += one.Written;
@@ -193,15 +194,18 @@ TTransPasted PasteTexts(TTransTexts& texts, const TTransGrid& grid, const TCellR
     }
     const int columns = static_cast<int>(texts.Languages().size()) + 1;
     int place = grid.Selection().FirstRow;
+    pasted.Range.LastColumn = pasted.Range.FirstColumn;
     for (const auto& row : rows) {
         int column = grid.Selection().FirstColumn;
         for (const std::string& text : row) {
             const bool isThere = place < grid.Count() && column < columns;
-            add(isThere ? Paste(texts, {grid.RowAt(place), column}, text) : TTransPasted{0, 1});
+            add(isThere ? Paste(texts, {grid.RowAt(place), column}, text) : TTransPasted{0, 1, {}});
+            if (isThere) pasted.Range.LastColumn = std::max(pasted.Range.LastColumn, column);
             ++column;
         }
         ++place;
     }
+    pasted.Range.LastRow = place - 1;
     return pasted;
 }
 

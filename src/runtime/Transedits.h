@@ -30,7 +30,8 @@ TCellRows TextsOf(const TTransTexts& texts, const TTransGrid& grid);
 
 struct TTransPasted {
     int Written = 0;
-    int Left = 0;  ///< texts that have no cell, or one that takes none
+    int Left = 0;       ///< texts that have no cell, or one that takes none
+    TTransRange Range;  ///< the cells that the texts are for
 };
 /// From the first selected cell on; a single text goes into every selected cell.
 TTransPasted PasteTexts(TTransTexts& texts, const TTransGrid& grid, const TCellRows& rows);

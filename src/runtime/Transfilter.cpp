@@ -5,13 +5,10 @@
 #include "base/Utf8.h"
 
 namespace tml {
-namespace {
 
 bool IsIn(const TTransTable& table, const TTransScope& scope, int index) {
     return (scope.Form < 0 || table.Form() == scope.Form) && (scope.Table < 0 || scope.Table == index);
 }
-
-}  // namespace
 
 TTransSieve::TTransSieve(const TTransFilter& filter, const TTransTexts& texts, ICommonLibrary* library)
     : filter_(filter),

@@ -29,6 +29,9 @@ struct TTransScope {
     bool operator==(const TTransScope&) const = default;
 };
 
+/// Whether it takes the table in; index: as the texts count tables.
+bool IsIn(const TTransTable& table, const TTransScope& scope, int index);
+
 /// A filter ready to be asked. It must not outlive what it is given.
 class TTransSieve {
   public:

@@ -22,6 +22,7 @@ TTransTable::TTransTable(int form, TTable table, int languages, bool extended)
       extended_(extended),
       hasStates_(!extended && tml::HasStates(stored_.Type())),
       count_(static_cast<int>(stored_.Entries().size())),
+      present_(count_),
       progress_(static_cast<std::size_t>(languages)) {
     for (const TTableEntry& entry : stored_.Entries())
         Tally(&entry, 1);
@@ -53,6 +54,7 @@ std::optional<TTableEntry> TTransTable::Put(int index, std::optional<TTableEntry
     Tally(present, -1);
     Tally(entry ? &*entry : nullptr, 1);
     count_ = std::max(count_, index + 1);
+    present_ += (entry ? 1 : 0) - (present == nullptr ? 0 : 1);
     const TTableEntry* const stored =
         IsStored(index) ? &stored_.Entries()[static_cast<std::size_t>(index)] : nullptr;
     const bool isAsStored = entry && stored != nullptr ? entry->Values == stored->Values

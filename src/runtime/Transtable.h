@@ -38,6 +38,8 @@ class TTransTable {
     bool HasStates() const { return hasStates_; }
     /// Those that have gone included.
     int Count() const { return count_; }
+    /// Without those that have gone.
+    int Present() const { return present_; }
     /// nullptr for one that has gone.
     const TTableEntry* Find(int index) const;
     /// The index of an entry with the key, -1 without one.
@@ -66,6 +68,7 @@ class TTransTable {
     bool extended_;
     bool hasStates_;
     int count_;
+    int present_;
     std::unordered_map<int, std::optional<TTableEntry>> edits_;  ///< none: the entry has gone
     std::vector<TTransProgress> progress_;                       ///< a language each
 };

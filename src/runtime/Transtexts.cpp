@@ -186,9 +186,25 @@ bool TTransTexts::HasEdits(const TTransForm& form) const {
                        [](const auto& table) { return table.HasEdits(); });
 }
 
-void TTransTexts::Write() {
-    for (TTransForm& form : forms_)
-        if (HasEdits(form)) Write(form);
+void TTransTexts::Write(const std::function<bool(int done, int all)>& goesOn) {
+    const auto forms = std::count_if(forms_.begin(), forms_.end(),
+                                     [this](const TTransForm& form) { return HasEdits(form); });
+    const auto all = static_cast<int>(2 * forms);
+    std::vector<TPlan> plans;
+    const auto tell = [&] {
+        if (!goesOn(static_cast<int>(plans.size()), all)) throw EmlLangSilent();
+    };
+    tell();
+    for (const TTransForm& form : forms_) {
+        if (!HasEdits(form)) continue;
+        plans.push_back(PlanOf(form));
+        tell();
+    }
+    int done = static_cast<int>(plans.size());
+    for (const TPlan& plan : plans) {
+        EditTexts(*plan.Lang, plan.Before, plan.After);
+        goesOn(++done, all);
+    }
     for (TTransForm& form : forms_)
         form.IsChanged = form.IsChanged || HasEdits(form);
 }
@@ -205,16 +221,17 @@ TLangTexts TTransTexts::ShownTexts(const TTransForm& form) const {
     return texts;
 }
 
-void TTransTexts::Write(TTransForm& form) {
+TTransTexts::TPlan TTransTexts::PlanOf(const TTransForm& form) const {
     TLangTexts before{{}, {}, ReadExtended(*form.Lang->GetComponent())};
     TLangTexts after = before;
     for (auto table = tables_.begin() + form.FirstTable; table != tables_.begin() + form.TablesEnd; ++table) {
         if (table->HasEdits() && table->IsExtended()) Take(after.Extended, table->Edited());
         if (!table->HasEdits() || table->IsExtended()) continue;
-        before.Tables.push_back(table->Stored());
+        // What the form shows follows from both; of IDs it shows nothing.
+        before.Tables.push_back(table->IsStrings() ? TTable(TStringsType::stStrings) : table->Stored());
         after.Tables.push_back(table->Edited());
     }
-    EditTexts(*form.Lang, before, after);
+    return {form.Lang, std::move(before), std::move(after)};
 }
 
 std::vector<TmlCustomLang*> TTransTexts::Changed() const {

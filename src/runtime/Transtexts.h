@@ -93,7 +93,8 @@ class TTransTexts {
 
     /// True where Write has something to write.
     bool HasEdits() const;
-    void Write();
+    /// goesOn is told how far it is; where it says false before anything is written, EmlLangSilent is thrown.
+    void Write(const std::function<bool(int done, int all)>& goesOn);
     /// The components whose forms are others now.
     std::vector<TmlCustomLang*> Changed() const;
 
@@ -111,7 +112,12 @@ class TTransTexts {
     TTransTable& At(TTransRow row) { return tables_[static_cast<std::size_t>(row.Table)]; }
     TTransSwapped Swap(TSteps& from, TSteps& to);
     bool HasEdits(const TTransForm& form) const;
-    void Write(TTransForm& form);
+    /// What of a form Write changes.
+    struct TPlan {
+        TmlCustomLang* Lang;
+        TLangTexts Before, After;
+    };
+    TPlan PlanOf(const TTransForm& form) const;
 
     std::vector<TTransForm> forms_;
     std::vector<TTransLanguage> languages_;

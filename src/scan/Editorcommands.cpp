@@ -4,6 +4,8 @@
 #include <array>
 #include <optional>
 
+#include "base/Errors.h"
+#include "base/Files.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "core/Insertion.h"
@@ -45,6 +47,14 @@ class TSelectionMode {
   private:
     TScanMemory& memory_;
 };
+
+/// Where the first call begins that fetches a string.
+std::optional<int> FirstFetch(const TSourceText& source, const TComponentReference& component,
+                              const std::string& id) {
+    for (const TAccessorCall& call : FindCalls(source, component))
+        if (SameText(CalledID(source, call), id)) return static_cast<int>(call.Begin);
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -125,20 +135,22 @@ void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found) {
 
 void ShowStringInSource(TContext& context, const std::string& formName, const std::string& id) {
     const TFormRow* row = context.Rows.FormNames.FindForm(formName);
-    if (row == nullptr || !OpenFile(context, row->FileName, true)) return;
-    const auto lang = GetmlLang(context, formName);
-    if (lang == nullptr) return;
+    const bool isOpen = row != nullptr && OpenFile(context, row->FileName, false);
+    const auto lang = isOpen ? GetmlLang(context, formName) : nullptr;
+    if (lang == nullptr) throw EmlLangSilent();
     const auto editor = GetModuleFromFileName(context, row->FileName)->GetSourceEditor(0);
-    const TSharedSource source = editor->GetSource();
     TComponentReference component;
     component.FormName = formName;
     component.ComponentName = lang->GetName();
-    for (const TAccessorCall& call : FindCalls(*source, component)) {
-        if (!SameText(CalledID(*source, call), id)) continue;
-        const auto view = editor->GetEditView(0);
-        view->SetCursorPos(view->PosToCharPos(static_cast<int>(call.Begin)));
-        return;
+    const auto place = FirstFetch(*editor->GetSource(), component, id);
+    if (!place) {
+        context.Dialogs().MessageDlg(Format("No call in %s fetches \"%s\"!", FileNameOf(row->FileName), id),
+                                     TMsgDlgType::mtInformation, {mrOk});
+        throw EmlLangSilent();
     }
+    OpenFile(context, row->FileName, true);
+    const auto view = editor->GetEditView(0);
+    view->SetCursorPos(view->PosToCharPos(*place));
 }
 
 }  // namespace tml

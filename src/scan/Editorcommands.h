@@ -44,8 +44,8 @@ void MarkUnTranslatableSourceMenuClick(TContext& context, TScanMemory& memory);
 /// Encloses the whole lines of a found string, from its first to its last; the block is then on them.
 void MarkStringToSkip(TContext& context, const TmlFoundSourceString& found);
 
-/// Opens the unit of a form of the list and puts the cursor on the first call that fetches the string;
-/// nothing where there is none.
+/// Brings up the unit of a form of the list, with the cursor on the first call in it that fetches the string.
+/// EmlLangSilent where there is none, after a message.
 void ShowStringInSource(TContext& context, const std::string& formName, const std::string& id);
 
 }  // namespace tml

@@ -1,23 +1,16 @@
 #pragma once
 
-#include <algorithm>
 #include <string_view>
-
-#include "base/Utf8.h"
 
 namespace tml {
 
-/// Whether calls can ask for a string by this ID: it is not empty and has no control character, a line break
-/// among them, and no blank at its ends.
-inline bool IsStringID(std::string_view id) {
-    return !id.empty() && Trim(id).size() == id.size() &&
-           std::none_of(id.begin(), id.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
-}
+/// What a string ID is, as the message says it that refuses another text.
+constexpr std::string_view kStringIDRule =
+    "An ID is not empty and has no line break, no control character and no blank at its ends";
+bool IsStringID(std::string_view text);
 
-/// Whether a source may write the ID in another way than it reads, which the check of string IDs does not
-/// follow.
-inline bool IsEscapedInSource(std::string_view id) {
-    return id.find_first_of("'\"\\") != std::string_view::npos;
-}
+/// Made of letters, digits, "_", "-" and "." only. Other IDs work, but a source hardly shows where one ends
+/// and may have to write it otherwise.
+bool IsPlainStringID(std::string_view id);
 
 }  // namespace tml

@@ -6,6 +6,7 @@
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "ids/Transeditor.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -14,6 +15,7 @@ namespace {
 /// A form in the editor. Its unit is as open as it was when this goes.
 struct TTranslatedForm {
     std::string Name;
+    std::string UnitFile;
     std::unique_ptr<TModuleLease> Lease;
     std::shared_ptr<TmlCustomLang> Lang;  ///< nullptr where the form can have none
     bool IsChanged = false;
@@ -31,8 +33,8 @@ void InsertWithTexts(TContext& context, TFormRow& row) {
 }
 
 TTranslatedForm OpenForm(TContext& context, TFormRow& row) {
-    TTranslatedForm form{row.FormName, std::make_unique<TModuleLease>(context, row.FileName), nullptr,
-                         !row.HasComponent()};
+    TTranslatedForm form{row.FormName, row.FileName, std::make_unique<TModuleLease>(context, row.FileName),
+                         nullptr, !row.HasComponent()};
     if (!TestForCorrectForm(context, row)) {
         // A file that was opened for this is left open, on purpose.
         form.Lease->Keep();
@@ -65,7 +67,7 @@ void CloseUnchanged(TContext& context, const std::vector<std::string>& files) {
 }  // namespace
 
 void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
-    const std::vector<std::string> closed = ClosedFiles(context);
+    std::vector<std::string> closed = ClosedFiles(context);
     std::vector<TTranslatedForm> forms;
     std::vector<TmlCustomLang*> langs;
     for (TFormRow* const row : SelectedRows(context)) {
@@ -75,11 +77,16 @@ void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
         forms.push_back(std::move(form));
     }
     if (langs.empty()) return;
+    const TShownInSource shown(*context.Host.Runtime);
     const auto changed = context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
     TAllSteps steps;
     for (TTranslatedForm& form : forms) {
         const bool isEdited = std::find(changed.begin(), changed.end(), form.Lang.get()) != changed.end();
         if (isEdited) MarkModifiedForm(context, form.Name);
+        if (shown.IsOf(form.Name)) {
+            form.Lease->Keep();
+            std::erase(closed, form.UnitFile);
+        }
         if (isEdited || form.IsChanged) steps.Try([&form] { form.Lease->SaveOrKeep(); });
     }
     forms.clear();

@@ -2,7 +2,9 @@
 #include <QComboBox>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTreeWidget>
+#include <fstream>
 
 #include "desktop/Deskfixture.h"
 
@@ -118,6 +120,7 @@ TEST_F(TTransWindow, RangesOfCellsAreCopiedAndPastedAndSentencesOfTheRightToLeft
         QTest::keyClick(&cells, Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(Cell(cells, 0, 2) + Cell(cells, 0, 3) + Cell(cells, 1, 2) + Cell(cells, 1, 3),
                   "einszweidreivier");
+        EXPECT_EQ(cells.selectionModel()->selectedIndexes().size(), 4);
         QTest::keyClick(&cells, Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Cell(cells, 0, 2), "&Datei") << "one step";
         ClickCell(cells, 0, 3);
@@ -125,17 +128,28 @@ TEST_F(TTransWindow, RangesOfCellsAreCopiedAndPastedAndSentencesOfTheRightToLeft
         EXPECT_EQ(box.document()->defaultTextOption().textDirection(), Qt::RightToLeft);
         // A search that finds nothing, and one by a pattern.
         Search(window, "nothing like it");
-        EXPECT_EQ(TextOf(window, "filterCount"), "0 rows");
+        EXPECT_EQ(TextOf(window, "filterCount"), "0 of 28 rows");
         EXPECT_FALSE(window.findChild<QAction*>("acConfirm")->isEnabled());
         Press(window, "ckPattern");
         Search(window, "^&F");
-        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 of 28 rows");
+        Search(window, "^&F(");
+        EXPECT_EQ(TextOf(window, "notice"),
+                  "The pattern cannot be read: missing closing parenthesis (behind \"^&F(\")");
+        Search(window, "^&F");
         User.Answer("What you have edited is not written yet", "No");
         ClickCell(cells, 0, 2);
         QTest::keyClicks(&cells, "x");
         Press(window, "btnCancel");
         QApplication::processEvents();
         EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(TextOf(window, "changedFiles"), "");
+        std::ofstream(Path("harbour/forms/Mainwindow.pas"), std::ios::app) << "\n";
+        User.Answer("What you have edited is not written yet", "No");
+        Press(window, "btnCancel");
+        Activate(window);
+        EXPECT_EQ(TextOf(window, "changedFiles"), "Changed on the disk: Mainwindow.pas")
+            << "once the window is active again";
         User.Answer("What you have edited is not written yet", "Yes");
         Press(window, "btnCancel");
     });
@@ -156,21 +170,22 @@ TEST_F(TTransWindow, KeysLeadToTreeAndSearchAndPlacesAreRemembered) {
         EXPECT_TRUE(cells.hasFocus());
         QTest::keyClick(&cells, Qt::Key_F, Qt::ControlModifier);
         QTest::keyClicks(&filter, "quit");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return TextOf(window, "filterCount") == "1 rows"; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return TextOf(window, "filterCount") == "1 of 12 rows"; }));
         EXPECT_EQ(filter.text(), "quit");
         QTest::keyClick(&filter, Qt::Key_Escape);
         EXPECT_TRUE(window.isVisible());
         EXPECT_TRUE(cells.hasFocus());
         EXPECT_EQ(filter.text(), "");
-        EXPECT_NE(TextOf(window, "filterCount"), "1 rows");
+        EXPECT_NE(TextOf(window, "filterCount"), "1 of 12 rows");
         Search(window, "quit");
         Press(window, "btnCancel");
     });
     Translate([](QWidget& window) {
         QTableView& cells = Cells(window);
         EXPECT_NEAR(cells.columnWidth(1), 333, 2);
+        EXPECT_FALSE(cells.horizontalScrollBar()->isVisible()) << "the others have what is left";
         EXPECT_EQ(window.findChild<QLineEdit*>("filter")->text(), "quit");
-        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 of 12 rows");
         EXPECT_EQ(window.findChild<QTreeWidget*>("tree")->currentItem()->text(0), "Captions");
         EXPECT_EQ(cells.model()->headerData(2, Qt::Horizontal).toString(), "German  100 %");
         Press(window, "btnCancel");
@@ -191,9 +206,9 @@ TEST_F(TTransWindow, TheTreeAndTheFilterNarrowWhatIsShown) {
         QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
                           tree.visualItemRect(tree.topLevelItem(0)).center());
         window.findChild<QComboBox*>("cbShow")->setCurrentText("missing");
-        EXPECT_EQ(TextOf(window, "filterCount"), "1 rows");
+        EXPECT_EQ(TextOf(window, "filterCount"), "1 of 28 rows");
         window.findChild<QComboBox*>("cbLanguage")->setCurrentText("German");
-        EXPECT_EQ(TextOf(window, "filterCount"), "0 rows");
+        EXPECT_EQ(TextOf(window, "filterCount"), "0 of 28 rows");
         Press(window, "btnCancel");
     });
 }
@@ -234,7 +249,7 @@ TEST_F(TTransWindow, TheFormShowsWhatIsTypedAndMarksItsControl) {
         Cells(window).setCurrentIndex(Cells(window).model()->index(0, 3));
         EXPECT_GT(Difference(log, form(window)).width(), 500) << "Hebrew, mirrored";
         onForm(window, "mniArrival.Caption");
-        EXPECT_EQ(TextOf(window, "transFormNotes"), "mniArrival is not seen on the form");
+        EXPECT_EQ(TextOf(window, "transFormNotes"), "mniArrival is in the menu mnuMain");
         QTest::mouseClick(window.findChild<QAbstractButton*>("ckForm"), Qt::LeftButton);
         EXPECT_FALSE(window.findChild<QWidget*>("transForm")->isVisible());
         Press(window, "btnCancel");
@@ -244,6 +259,60 @@ TEST_F(TTransWindow, TheFormShowsWhatIsTypedAndMarksItsControl) {
         Press(window, "btnCancel");
     });
     QTest::keyClick(&Find<QTableView>("lvFormNames"), Qt::Key_Return);
+}
+
+TEST_F(TTransWindow, AnActionIsShownByItsControlOnAPageThatIsBehind) {
+    const std::string file = Path("harbour/forms/Mainwindow.lfm");
+    std::string form = OnDisk("harbour/forms/Mainwindow.lfm");
+    form.insert(
+        form.rfind("end"),
+        "  object pgcPort: TPageControl\n    Left = 200\n    Height = 100\n    Top = 40\n    Width = 200\n"
+        "    ActivePage = pgOne\n    object pgOne: TTabSheet\n      Caption = 'One'\n    end\n    object "
+        "pgTwo: "
+        "TTabSheet\n      Caption = 'Two'\n      object btnDredge: TButton\n        Left = 8\n        Height "
+        "= 25\n        Top = 8\n        Width = 75\n        Action = acDredge\n      end\n    end\n  end\n  "
+        "object "
+        "aclPort: TActionList\n    object acDredge: TAction\n      Caption = 'Dredge'\n    end\n    object "
+        "acIdle: "
+        "TAction\n      Caption = 'Idle'\n    end\n  end\n");
+    std::ofstream(file) << form;
+    EXPECT_EQ(QProcess::execute(TML_BIN "/tmllang",
+                                {"update", ToQt(Path("harbour/Harbour.lpi")), "--form", "MainForm"}),
+              0);
+    Translate([](QWidget& window) {
+        const auto show = [&](const char* key) {
+            Search(window, key);
+            ClickCell(Cells(window), 0, 2);
+            return window.findChild<QWidget*>("transForm")->grab().toImage();
+        };
+        const QImage idle = show("acIdle");
+        EXPECT_EQ(TextOf(window, "transFormNotes"), "acIdle is an action that nothing on the form shows");
+        const QImage dredge = show("acDredge");
+        EXPECT_EQ(TextOf(window, "transFormNotes"), "acDredge is an action, shown by btnDredge");
+        const QRect changed = Difference(idle, dredge);
+        EXPECT_TRUE(QRect(200, 30, 210, 120).contains(changed));
+        EXPECT_GT(changed.width(), 75);
+        Press(window, "btnCancel");
+    });
+}
+
+TEST_F(TTransWindow, AStringIsShownInItsSourceInPlaceOfTheEditor) {
+    Translate([](QWidget& window) {
+        Search(window, "IDS_1");
+        ClickCell(Cells(window), 0, 2);
+        TypeHere(window, "Neu");
+        QTest::keyClick(window.focusWidget(), Qt::Key_J, Qt::ControlModifier);
+    });
+    const TCodeEditor* const source = Window->Tabs().Current();
+    ASSERT_NE(source, nullptr) << "the unit was closed before";
+    int line = 0, column = 0;
+    source->getCursorPosition(&line, &column);
+    EXPECT_TRUE(source->text(line).mid(column).startsWith("mlLangTLV_MainForm.GetTextOrDefault('IDS_1'"));
+    const long top = source->SendScintilla(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
+    EXPECT_LT(line - top, source->SendScintilla(QsciScintilla::SCI_LINESONSCREEN)) << "in sight";
+    EXPECT_EQ(OnDisk("harbour/forms/Mainwindow.lfm").find("'Neu'"), std::string::npos);
+    Window->SaveAll();
+    EXPECT_NE(OnDisk("harbour/forms/Mainwindow.lfm").find("'Neu'"), std::string::npos);
 }
 
 }  // namespace

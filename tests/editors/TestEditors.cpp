@@ -5,6 +5,7 @@
 #include "runtime/Mltranseditor.h"
 #include "setup/Exclude.h"
 #include "support/Expertfixture.h"
+#include "tables/Extendedtable.h"
 #include "translations/Langconfig.h"
 
 namespace tml {
@@ -196,6 +197,15 @@ TEST_F(TEditorsTest, PropertiesHaveListsOrDialogs) {
         });
         PropertyEditorOf("mlLang1", std::string(kind.Property))->Edit();
     }
+    const auto dialog = Runtime->TransEditorDlg;
+    std::string opened;
+    Runtime->TransEditorDlg = [&](TmlCustomLang&, const TTransEditorPlace& place, const TChangeStrID&) {
+        opened = PropertyOf(place.Table);
+        return place.IsLast;
+    };
+    PropertyEditorOf("mlLang1", "ExtendedTranslations")->Edit();
+    EXPECT_EQ(opened, "ExtendedTranslations");
+    Runtime->TransEditorDlg = dialog;
     EXPECT_FALSE(Module->GetModified());
     User.OnWindow<TfrmExclude>("frmExclude", [](TfrmExclude& window) {
         EXPECT_EQ(window.Lists(0)[TExclusionList::ExcludedProperties].CommaText(), "!button1");

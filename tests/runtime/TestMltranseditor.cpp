@@ -10,6 +10,7 @@
 #include "support/Memoryfiles.h"
 #include "support/Memoryregistry.h"
 #include "support/Scripteduser.h"
+#include "tables/Extendedtable.h"
 
 namespace tml {
 namespace {
@@ -298,6 +299,7 @@ const TEditCase kEditCases[] = {
          e.SetCurrent(6, 0);
          PasteText(e, ".Caption\tAbout\tÜber\tx\ty\nother\tTide\n\tz");
          EXPECT_EQ(e.Notice, "Texts without a cell that takes them: 5");
+         EXPECT_EQ(e.Grid().Selection(), (TTransRange{6, 7, 0, 3})) << "cut to what is there";
      },
      "AboutForm .Caption|About|Über|\n"},
     {"delete an ID", "IDS_0", 0, [](auto& e) { e.acDeleteID(); }, "MainForm IDS_0\n"},
@@ -417,7 +419,7 @@ TEST_F(TTransEditorTest, NextGoesRoundAmongWhatIsShown) {
         editor.acUndo();
         editor.SetFilter({TTransShow::All, "", "about"});
         editor.acNextUntranslated();
-        EXPECT_EQ(editor.Notice, "Nothing that is shown is left to be translated");
+        EXPECT_EQ(editor.Notice, "Nothing that is shown is left to be translated; of what is not shown: 5");
         editor.acCopy();
         editor.WriteClipboard = [](const std::string& text) { EXPECT_EQ(text, ".Caption\tAbout\r\n"); };
         editor.Select({0, 0, 0, 1});
@@ -453,6 +455,13 @@ TEST_F(TTransEditorTest, LongWorkCanBeStopped) {
         User.StopAt = "Searching...";
         editor.SetFilter({TTransShow::All, "", "tide", true});
         EXPECT_EQ(editor.Notice, "Stopped: there may be more");
+        editor.SetFilter({});
+        editor.SetText(PlaceOf(editor, "btnTide.Caption"), 2, "Ebbe");
+        User.StopAt = "Writing translations...";
+        EXPECT_THROW(editor.btnOKClick(), EmlLangSilent);
+        EXPECT_TRUE(editor.Texts().HasEdits());
+        EXPECT_TRUE(editor.Texts().Changed().empty());
+        User.StopAt.clear();
         editor.btnOKClick();
     });
     User.StopAt = "Reading translations...";
@@ -470,26 +479,27 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
     const std::string changed = Edit(
         [&](TfrmTransEditor& editor) {
             User.OnInput("String ID:", "ids_1");
-            User.OnMessage("The string ID \"ids_1\" is there already!");
-            editor.acAddID();
+            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID:", "odd id!");
+            User.OnMessage(
+                "\"odd id!\" has other characters than letters, digits, \"_\", \"-\" and \".\", which are "
+                "hard to "
+                "read in a source. Use it all the same?",
+                mrNo);
             User.OnInput("String ID:", "IDS_2");
             editor.acAddID();
+            EXPECT_EQ(User.Proposed, "odd id!") << "what was typed is there again";
             EXPECT_EQ(CurrentCell(editor), "MainForm IDS_2 English");
             EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;IDS_2;");
             editor.SetText(0, 2, "Flut");
             for (const char* id : {"", "IDS_1", "ids_2"}) {
-                User.OnMessage(*id == 0 ? "A string ID needs a name!"
-                                        : "The string ID \"" + std::string(id) + "\" is there already!");
+                const std::string problem =
+                    *id == 0 ? "'' is no string ID. An ID is not empty and has no line break, no control "
+                               "character and no blank at its ends"
+                             : "The string ID \"" + std::string(id) + "\" is there already!";
+                User.OnInput(problem + "\r\nString ID:", std::nullopt);
                 editor.SetText(0, 0, id);
+                EXPECT_EQ(User.Proposed, id);
             }
-            User.OnMessage("\"ID \" is no string ID: it has a blank at its ends or a control character!");
-            editor.SetText(0, 0, "ID ");
-            User.OnMessage(
-                "The string ID It's has a quote or a backslash: where a source doubles or escapes it, the "
-                "check "
-                "of string IDs does not find it. Use it all the same?",
-                mrNo);
-            editor.SetText(0, 0, "It's");
             EXPECT_THROW(editor.SetText(0, 0, "Bad"), EBadInput);
             EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;IDS_2;");
             editor.SetCurrent(0, 0);
@@ -522,7 +532,8 @@ TEST_F(TTransEditorTest, AnAddedIDIsWrittenBehindTheOthers) {
             Extend(editor, 2, 1);
             editor.acDeleteID();
             EXPECT_EQ(ShownKeys(editor), "IDS_2;");
-            User.OnMessage("The string ID \"ids_1\" is there already!");
+            EXPECT_EQ(editor.RowCount(), 1);
+            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID:", std::nullopt);
             editor.SetText(0, 0, "ids_1");
             editor.btnOKClick();
         },
@@ -548,6 +559,13 @@ TEST_F(TTransEditorTest, ExtendedTranslationsAreTextsWithoutStates) {
     };
     EXPECT_EQ(Edit(fill), "AboutForm;");
     EXPECT_EQ(Form("About"), With(form, "'gut'", "'fein'"));
+    const auto about = Lang("About");
+    User.OnWindow<TfrmTransEditor>("frmTransEditor", [](TfrmTransEditor& editor) {
+        EXPECT_EQ(CurrentCell(editor), "AboutForm btnOK.HelpKeyword German");
+        EXPECT_EQ(editor.RowCount(), 1) << "the table itself";
+        editor.btnCancelClick();
+    });
+    Runtime->TransEditorDlg(*about, {kExtendedTable, -1}, {});
 }
 
 TEST_F(TTransEditorTest, ShowsAnIDInTheSourceAndTheAboutBox) {
@@ -559,13 +577,17 @@ TEST_F(TTransEditorTest, ShowsAnIDInTheSourceAndTheAboutBox) {
             shown = form + " " + id;
         };
         Runtime->ShowAboutBox = [&] { shown += "; about"; };
-        editor.acJumpToSource();
         editor.acAbout();
-        EXPECT_EQ(shown, "MainForm IDS_1; about");
+        EXPECT_EQ(shown, "; about");
         editor.SetCurrent(0, 2);
         EXPECT_FALSE(editor.CanJump());
-        editor.btnOKClick();
+        editor.SetCurrent(PlaceOf(editor, "IDS_1"), 2);
+        editor.SetText(PlaceOf(editor, "IDS_1"), 2, "Zwei");
+        editor.acJumpToSource();
+        EXPECT_EQ(shown, "MainForm IDS_1");
+        EXPECT_EQ(editor.ModalResult, mrOk) << "the source is behind the window";
     });
+    EXPECT_NE(Form("Main").find("'Zwei'"), std::string::npos);
 }
 
 }  // namespace

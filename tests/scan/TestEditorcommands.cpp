@@ -136,7 +136,8 @@ TEST_F(TEditorCommands, TheTranslationEditorFindsAStringInTheSource) {
     const TOTACharPos place = editor->GetEditView(0)->GetCursorPos();
     EXPECT_EQ(editor->GetText()->find("mlLang1.GetText('IDS_1'"),
               static_cast<std::size_t>(editor->GetEditView(0)->CharPosToPos(place)));
-    Runtime->NavigateToSource("Form2", "none");
+    User.OnMessage("No call in Unit2.pas fetches \"none\"!");
+    EXPECT_THROW(Runtime->NavigateToSource("Form2", "none"), EmlLangSilent);
     EXPECT_EQ(editor->GetEditView(0)->GetCursorPos(), place);
 }
 
