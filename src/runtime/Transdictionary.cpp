@@ -38,7 +38,7 @@ std::string Shortened(const std::string& text) {
 std::string PreviewOf(const std::vector<TCellFill>& fills) {
     std::string lines;
     for (std::size_t i = 0; i < std::min(fills.size(), kShownFills); ++i)
-        lines += Format("\r\n%s: %s", Shortened(fills[i].Base), Shortened(fills[i].Value.Text));
+        lines += Format("\r\n%s -> %s", Shortened(fills[i].Base), Shortened(fills[i].Value.Text));
     if (fills.size() > kShownFills) lines += Format("\r\nand %d more", fills.size() - kShownFills);
     return lines;
 }
@@ -114,8 +114,7 @@ std::string FillFromDictionary(TTransTexts& texts, const std::vector<TTransCell>
     for (const TCellFill& fill : fills)
         Put(texts, fill);
     const std::string note = NewerVersionNote(dictionary, fileName);
-    return Format("Filled: %d, not in the dictionary: %d%s%s", fills.size(),
-                  counts[TDictionaryOutcome::Unknown], note.empty() ? "" : ". ", note);
+    return Format("Filled: %d. %s%s%s", fills.size(), TextOfOthers(counts), note.empty() ? "" : ". ", note);
 }
 
 }  // namespace tml

@@ -133,14 +133,11 @@ void TfrmFillDictionary::PlanForms() {
 }
 
 void TfrmFillDictionary::ShowStatus() {
-    using enum TDictionaryOutcome;
     TDictionaryCounts counts;
     for (const TFormFills& form : fills_)
         counts += form.Counts;
     const auto taken = std::count_if(rows_.begin(), rows_.end(), [](const TRow& row) { return row.IsTaken; });
-    Status =
-        Format("To be written: %d of %d. Not in the dictionary: %d. Translated already: %d. Left empty: %d",
-               taken, rows_.size(), counts[Unknown], counts[Existing], counts[Empty]);
+    Status = Format("To be written: %d of %d. %s", taken, rows_.size(), TextOfOthers(counts));
     Changed();
 }
 

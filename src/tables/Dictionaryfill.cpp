@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "base/Format.h"
 #include "tables/States.h"
 #include "tables/Textedits.h"
 #include "tables/Textmerge.h"
@@ -29,6 +30,12 @@ TTableValue ValueOf(const TTableEntry& entry, const TDictionaryHit& hit) {
 TDictionaryCounts& TDictionaryCounts::operator+=(const TDictionaryCounts& other) {
     std::transform(Outcomes.begin(), Outcomes.end(), other.Outcomes.begin(), Outcomes.begin(), std::plus<>());
     return *this;
+}
+
+std::string TextOfOthers(const TDictionaryCounts& counts) {
+    using enum TDictionaryOutcome;
+    return Format("Not in the dictionary: %d. Translated already: %d. Left empty: %d", counts[Unknown],
+                  counts[Existing], counts[Empty]);
 }
 
 TDictionaryOutcome FilledValue(const TTableEntry& entry, int place, const TDictionarySearch& search,

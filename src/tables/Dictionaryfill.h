@@ -23,6 +23,9 @@ struct TDictionaryCounts {
     TDictionaryCounts& operator+=(const TDictionaryCounts& other);
 };
 
+/// What is not filled, and why, for people.
+std::string TextOfOthers(const TDictionaryCounts& counts);
+
 /// A translation, and what it becomes.
 struct TDictionaryFill {
     TStringsType Table = TStringsType::stCaptions;

@@ -48,7 +48,8 @@ struct TTransDictionary : TExpertFixture, testing::Test {
 TEST_F(TTransDictionary, AsksAndFillsWhatIsShownAsOneStep) {
     Settings("DefaultDictionary=d.dix\nDictionarySkipAmpersands=1\nDictionaryForceEmpties=1\n");
     const std::string question =
-        "Fill 3 translations from the dictionary d.dix?\r\n\r\n&Open: &Auf\r\nGo: Los\r\nOpen: Auf\r\n\r\n"
+        "Fill 3 translations from the dictionary d.dix?\r\n\r\n&Open -> &Auf\r\nGo -> Los\r\nOpen -> "
+        "Auf\r\n\r\n"
         "Letter case: counts\r\nAccelerators: ignored\r\n"
         "Texts of several lines: as a whole\r\nExisting translations: stay\r\nEmpty translations: "
         "filled\r\n\r\n"
@@ -63,7 +64,7 @@ TEST_F(TTransDictionary, AsksAndFillsWhatIsShownAsOneStep) {
         editor.acFillFromDictionary();
         EXPECT_EQ(German(editor), "&Auf touched; Los done; Auf done; Lost missing; ");
         EXPECT_EQ(editor.FormerBase(0, 2), "Open");
-        EXPECT_EQ(editor.Notice, "Filled: 3, not in the dictionary: 1");
+        EXPECT_EQ(editor.Notice, "Filled: 3. Not in the dictionary: 1. Translated already: 0. Left empty: 0");
         editor.acUndo();
         EXPECT_EQ(German(editor), before);
         EXPECT_FALSE(editor.CanUndo());
