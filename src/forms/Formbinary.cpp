@@ -8,6 +8,9 @@
 // message that names its byte.
 #include "forms/Formbinary.h"
 
+#include <exception>
+
+#include "base/Errors.h"
 #include "forms/Formbinaryreader.h"
 #include "forms/Formchars.h"
 #include "forms/Formstrings.h"
@@ -22,8 +25,8 @@ std::uint32_t Narrow(std::size_t offset) {
 
 class TBinaryTreeReader {
   public:
-    TBinaryTreeReader(const TFormFile& file, TFormBytes& bytes, TFormStringHabits& habits)
-        : file_(file), bytes_(bytes), habits_(habits), values_(bytes, nullptr, nullptr, &habits) {}
+    TBinaryTreeReader(const TFormFile& file, TFormBytes& bytes, TFormKinds kinds, TFormStringHabits& habits)
+        : file_(file), bytes_(bytes), habits_(habits), values_(bytes, kinds, nullptr, nullptr, &habits) {}
 
     std::unique_ptr<TFormNode> ReadNode(TFormNode* parent, int depth);
     /// Whether a name needs a code page.
@@ -120,11 +123,30 @@ std::size_t ReadResourceHeader(TFormBytes& bytes) {
 
 }  // namespace
 
+// What fits the kinds of Free Pascal alone is of Free Pascal.
 std::unique_ptr<TFormNode> TBinaryFormFile::Parse() {
+    std::exception_ptr error;
+    try {
+        auto root = ParseAs(TFormKinds::Common);
+        if (!habits_.HasOddDouble) return root;
+    } catch (const EBadInput&) {
+        error = std::current_exception();
+    }
+    try {
+        return ParseAs(TFormKinds::FreePascal);
+    } catch (const EBadInput&) {
+        if (error != nullptr) std::rethrow_exception(error);
+    }
+    return ParseAs(TFormKinds::Common);
+}
+
+std::unique_ptr<TFormNode> TBinaryFormFile::ParseAs(TFormKinds kinds) {
+    kinds_ = kinds;
+    habits_ = {};
     TFormBytes bytes(Bytes(), 0, FileName());
     if (Bytes().starts_with(kResourceSignature)) sizeOffset_ = ReadResourceHeader(bytes);
     if (bytes.Take(kFormSignature.size()) != kFormSignature) bytes.Fail("expected the signature TPF0");
-    TBinaryTreeReader reader(*this, bytes, habits_);
+    TBinaryTreeReader reader(*this, bytes, kinds_, habits_);
     std::unique_ptr<TFormNode> root = reader.ReadNode(nullptr, 1);
     if (reader.HasHighNames()) DecodeNames(*root);
     return root;
@@ -132,7 +154,7 @@ std::unique_ptr<TFormNode> TBinaryFormFile::Parse() {
 
 void TBinaryFormFile::Read(TFormSpan value, TFormSink& sink, IFormPlaces* places) const {
     TFormBytes bytes(Bytes(), value.Begin, FileName());
-    TBinaryValueReader(bytes, &sink, places, nullptr).Read(0);
+    TBinaryValueReader(bytes, kinds_, &sink, places, nullptr).Read(0);
 }
 
 std::string_view TBinaryFormFile::Name(TFormSpan name) const {

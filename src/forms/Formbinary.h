@@ -30,6 +30,15 @@ enum class TFormMark : std::uint8_t {
     Double = 0x15,
 };
 
+/// From 15 on Free Pascal counts its kinds of values otherwise. No file says so.
+enum class TFormKinds : std::uint8_t { Common, FreePascal };
+
+/// What begins a value in a binary form of Free Pascal alone.
+enum class TFreePascalMark : std::uint8_t {
+    UnicodeString = 0x15,
+    QWord = 0x16,
+};
+
 /// Begins the form proper.
 constexpr std::string_view kFormSignature = "TPF0";
 /// Begins the resource around it: type RCDATA by number, then the resource's name.
@@ -47,6 +56,8 @@ struct TFormStringHabits {
     std::string AnsiSample;  ///< those that need a code page, a line each
     bool HasWide = false;
     bool HasUtf8 = false;
+    /// A double that begins as the length of a text in Free Pascal would.
+    bool HasOddDouble = false;
 };
 
 /// A form in its binary form.
@@ -71,6 +82,9 @@ class TBinaryFormFile : public TFormFile {
     TEncoding FindEncoding() const override;
 
   private:
+    std::unique_ptr<TFormNode> ParseAs(TFormKinds kinds);
+
+    TFormKinds kinds_ = TFormKinds::Common;
     TFormStringHabits habits_;
     std::optional<std::size_t> sizeOffset_;
 };

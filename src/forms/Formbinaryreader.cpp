@@ -41,6 +41,12 @@ constexpr auto kMarks = [] {
 
 constexpr std::size_t kMaxPositionSize = 4;
 
+/// Few doubles begin so, and every text of Free Pascal that is not empty and shorter than 65536.
+bool BeginsAsLength(std::string_view raw) {
+    constexpr std::string_view kZeros{"\x00\x00", 2};
+    return raw.substr(2, 2) == kZeros && !raw.starts_with(kZeros);
+}
+
 }  // namespace
 
 std::uint32_t TFormBytes::Size() {
@@ -74,6 +80,9 @@ void TBinaryValueReader::Read(int depth) {
 }
 
 void TBinaryValueReader::ReadAny(int depth) {
+    const bool isFreePascal = kinds_ == TFormKinds::FreePascal && bytes_.Peek() >= At(TFormMark::Double) &&
+                              bytes_.Peek() <= static_cast<unsigned>(TFreePascalMark::QWord);
+    if (isFreePascal) return ReadFreePascal(static_cast<TFreePascalMark>(bytes_.Byte()));
     if (bytes_.Peek() >= kMarks.size()) {
         bytes_.Fail("unknown kind of value " + std::to_string(bytes_.Peek()));
     }
@@ -104,6 +113,14 @@ void TBinaryValueReader::ReadAny(int depth) {
     }
 }
 
+void TBinaryValueReader::ReadFreePascal(TFreePascalMark mark) {
+    if (mark == TFreePascalMark::UnicodeString)
+        return ReadString(TFormStringKind::Wide, bytes_.Take(std::uint64_t{2} * bytes_.Size()));
+    const std::int64_t number = bytes_.Number(8);
+    const std::string text = std::to_string(static_cast<std::uint64_t>(number));
+    if (sink_ != nullptr) sink_->Integer(number, text);
+}
+
 void TBinaryValueReader::ReadNumber(std::size_t size) {
     const std::int64_t number = bytes_.Number(size);
     if (sink_ != nullptr) sink_->Integer(number, {});
@@ -111,6 +128,8 @@ void TBinaryValueReader::ReadNumber(std::size_t size) {
 
 void TBinaryValueReader::ReadFloat(TFormFloatKind kind, std::size_t size) {
     const std::string_view raw = bytes_.Take(size);
+    if (habits_ != nullptr && kind == TFormFloatKind::Double && BeginsAsLength(raw))
+        habits_->HasOddDouble = true;
     if (sink_ != nullptr) sink_->Float({kind, {}, raw});
 }
 

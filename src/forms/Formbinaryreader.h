@@ -51,8 +51,9 @@ class TFormBytes {
 class TBinaryValueReader {
   public:
     /// habits (if given) takes what the strings tell.
-    TBinaryValueReader(TFormBytes& bytes, TFormSink* sink, IFormPlaces* places, TFormStringHabits* habits)
-        : bytes_(bytes), sink_(sink), places_(places), habits_(habits) {}
+    TBinaryValueReader(TFormBytes& bytes, TFormKinds kinds, TFormSink* sink, IFormPlaces* places,
+                       TFormStringHabits* habits)
+        : bytes_(bytes), kinds_(kinds), sink_(sink), places_(places), habits_(habits) {}
 
     /// depth counts the components, lists and collections around the value.
     void Read(int depth);
@@ -61,6 +62,7 @@ class TBinaryValueReader {
 
   private:
     void ReadAny(int depth);
+    void ReadFreePascal(TFreePascalMark mark);
     void ReadNumber(std::size_t size);
     void ReadFloat(TFormFloatKind kind, std::size_t size);
     void ReadString(TFormStringKind kind, std::string_view content);
@@ -73,6 +75,7 @@ class TBinaryValueReader {
     void Note(TFormStringKind kind, std::string_view content);
 
     TFormBytes& bytes_;
+    TFormKinds kinds_;
     TFormSink* sink_;
     IFormPlaces* places_;
     TFormStringHabits* habits_;

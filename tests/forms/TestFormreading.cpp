@@ -119,6 +119,31 @@ TEST(FormReadingBinary, KnowsEveryKindOfValue) {
     }
 }
 
+/// What the other kinds make damage of, or a number that nobody stores, is read as Free Pascal writes it.
+TEST(FormReadingBinary, KnowsTheKindsOfFreePascal) {
+    const struct {
+        string Value, Dump;
+    } rows[] = {
+        {BYTES("\x15\x01\x00\x00\x00\xC4\x00"), "'\xC3\x84'"},
+        {BYTES("\x15\x02\x00\x00\x00\x2D\x4E\x87\x65"), "'\xE4\xB8\xAD\xE6\x96\x87'"},
+        {BYTES("\x15\x03\x00\x00\x00\x41\x00\x3D\xD8\x00\xDE"), "'A\xF0\x9F\x98\x80'"},
+        {BYTES("\x16\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"), "18446744073709551615"},
+        {BYTES("\x01\x15\x01\x00\x00\x00\x41\x00\x16\x05\x00\x00\x00\x00\x00\x00\x00\x00"), "('A' 5)"},
+    };
+    for (const auto& row : rows) {
+        const string file = BYTES(
+                                "TPF0\x02TA\x01"
+                                "A\x01X") +
+                            row.Value + BYTES("\x01Y\x08\x00\x00");
+        const auto tree = TFormTree::Parse(file, "a.lfm", "1251");
+        EXPECT_EQ(Dump(tree->Root()), "object A:TA{X=" + row.Dump + " Y=False}");
+        EXPECT_EQ(tree->Bytes(), file);
+        EXPECT_EQ(Dump(TFormTree::Parse(tree->Text(), "a.lfm")->Root()), Dump(tree->Root()));
+        tree->SetProperty(tree->Root(), "Y", TFormValue::Boolean(true), kNoProperty);
+        EXPECT_EQ(tree->Bytes(), string(file).replace(file.size() - 3, 1, "\x09"));
+    }
+}
+
 TEST(FormReadingBinary, GivesNoTextThatCannotBeRead) {
     const struct {
         string Body;
