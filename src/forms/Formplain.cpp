@@ -1,8 +1,6 @@
 #include "forms/Formplain.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,30 +17,40 @@ bool AreAll(std::string_view text, int classes) {
 /// The strings of a list: pieces in quotes and character codes, long ones joined by "+".
 class TPlainList {
   public:
-    explicit TPlainList(std::string_view text) : rest_(text) {}
+    // No string is longer than it is written.
+    explicit TPlainList(std::string_view text)
+        : at_(text.data()), end_(at_ + text.size()), text_(text.size(), '\0'), out_(text_.data()) {}
 
     bool Read(std::vector<TFormValue>& items) {
         // Most strings have a line for themselves.
-        items.reserve(static_cast<std::size_t>(std::count(rest_.begin(), rest_.end(), '\n')) + 1);
-        rest_.remove_prefix(1);
+        items.reserve(CountLines());
+        ++at_;
         for (SkipBlanks(); At() != ')'; SkipBlanks()) {
             if (!ReadString()) return false;
             TFormValue& item = items.emplace_back();
             item.Kind = TFormValueKind::String;
-            item.Text = text_;
+            item.Text.assign(text_.data(), static_cast<std::size_t>(out_ - text_.data()));
         }
         return true;
     }
 
   private:
-    char At() const { return rest_.empty() ? '\0' : rest_.front(); }
+    std::size_t CountLines() const {
+        const std::string_view text(at_, static_cast<std::size_t>(end_ - at_));
+        std::size_t lines = 1;
+        for (std::size_t pos = text.find('\n'); pos != std::string_view::npos; pos = text.find('\n', pos + 1))
+            ++lines;
+        return lines;
+    }
+
+    char At() const { return at_ == end_ ? '\0' : *at_; }
     void SkipBlanks() {
         while (IsFormChar(At(), kBlank))
-            rest_.remove_prefix(1);
+            ++at_;
     }
 
     bool ReadString() {
-        text_.clear();
+        out_ = text_.data();
         while (At() == '\'' || At() == '#') {
             if (At() == '#')
                 ReadCode();
@@ -52,7 +60,7 @@ class TPlainList {
             if (!isOver) continue;
             SkipBlanks();
             if (At() != '+') return EndPair();
-            rest_.remove_prefix(1);
+            ++at_;
             SkipBlanks();
         }
         return false;
@@ -60,48 +68,62 @@ class TPlainList {
 
     /// A doubled apostrophe is two pieces with nothing between them.
     void ReadQuoted() {
-        const std::size_t close = std::min(rest_.find('\'', 1), rest_.size());
-        Append(rest_.substr(1, close - 1));
-        rest_.remove_prefix(std::min(close + 1, rest_.size()));
-        if (At() == '\'') Append("'");
-    }
-
-    void Append(std::string_view text) {
-        if (!text.empty()) EndPair();
-        text_ += text;
+        ++at_;
+        if (At() != '\'') EndPair();
+        const char* at = at_;
+        char* out = out_;
+        for (; at != end_ && *at != '\''; ++at)
+            *out++ = *at;
+        at_ = at == end_ ? at : at + 1;
+        out_ = out;
+        if (At() != '\'') return;
+        EndPair();
+        *out_++ = '\'';
     }
 
     /// Codes above 127 are units of UTF-16.
     void ReadCode() {
-        std::uint32_t code = 0;
-        const char* const end = rest_.data() + rest_.size();
-        rest_.remove_prefix(
-            static_cast<std::size_t>(std::from_chars(rest_.data() + 1, end, code).ptr - rest_.data()));
+        char32_t code = 0;
+        for (++at_; IsFormChar(At(), kDigit); ++at_)
+            code = code * 10 + static_cast<char32_t>(*at_ - '0');
         const bool isLow = code >= 0xDC00 && code < 0xE000;
         if (high_ != 0 && isLow) {
-            AppendCodePoint(text_, 0x10000 + ((high_ - 0xD800) << 10) + (code - 0xDC00));
+            Append(0x10000 + ((high_ - 0xD800) << 10) + (code - 0xDC00));
             high_ = 0;
             return;
         }
         EndPair();
         if (code >= 0xD800 && code < 0xDC00)
             high_ = code;
-        else if (code < 0x80)
-            text_.push_back(static_cast<char>(code));
         else
-            AppendCodePoint(text_, isLow ? kUnpaired : code);
+            Append(isLow ? kUnpaired : code);
     }
 
     bool EndPair() {
-        if (high_ != 0) AppendCodePoint(text_, kUnpaired);
+        if (high_ != 0) Append(kUnpaired);
         high_ = 0;
         return true;
     }
 
+    void Append(char32_t code) {
+        if (code < 0x80) {
+            *out_++ = static_cast<char>(code);
+        } else if (code < 0x800) {
+            *out_++ = static_cast<char>(0xC0 | code >> 6);
+            *out_++ = static_cast<char>(0x80 | (code & 0x3F));
+        } else {
+            std::string bytes;
+            AppendCodePoint(bytes, code);
+            out_ = std::copy(bytes.begin(), bytes.end(), out_);
+        }
+    }
+
     static constexpr char32_t kUnpaired = 0xFFFD;
 
-    std::string_view rest_;
-    std::string text_;   ///< of the string that is being read
+    const char* at_;
+    const char* end_;
+    std::string text_;  ///< of the string that is being read, up to out_
+    char* out_;
     char32_t high_ = 0;  ///< the first unit of a pair whose second may follow
 };
 

@@ -25,7 +25,12 @@ struct TOwnedText {
     /// It may begin an entry; any other only follows one that is there.
     bool IsForReaders = true;
 
-    std::string KeyOf(const TTextOwner& owner) const { return owner.Path + '.' + Property; }
+    std::string KeyOf(const TTextOwner& owner) const {
+        std::string key;
+        key.reserve(owner.Path.size() + 1 + Property.size());
+        ((key += owner.Path) += '.') += Property;
+        return key;
+    }
 };
 
 /// The texts of a form, whatever its exclusions say of them.

@@ -38,10 +38,16 @@ constexpr TRuntimeClass kClasses[] = {
     {"TmlTaskDialog", "TComponent", "Mldialogs", true, ""},
 };
 
+/// Every class of the suite begins with "Tml", in any case.
+bool HasPrefix(std::string_view name) {
+    return name.size() > 2 && (name[1] == 'm' || name[1] == 'M') && (name[2] == 'l' || name[2] == 'L');
+}
+
 }  // namespace
 
 const TRuntimeClass* FindRuntimeClass(std::string_view name) {
-    // Asked of every component of a form; most have no name of that length.
+    // Asked of every component of a form; most are none of the suite's.
+    if (!HasPrefix(name)) return nullptr;
     const auto* found = std::find_if(std::begin(kClasses), std::end(kClasses), [&](const TRuntimeClass& row) {
         return row.Name.size() == name.size() && SameText(row.Name, name);
     });

@@ -66,6 +66,7 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
 void TFormParts::ReadBlock(const TComponentPtr& owner, const std::string& path, int holder) {
     TPlaces places{{{owner->GetComponentHandle(), Overlay(owner, path, holder)}}};
     const int count = owner->GetComponentCount();
+    places.Parts.reserve(static_cast<std::size_t>(count) + 1);
     if (parts_.size() == 1) parts_.reserve(static_cast<std::size_t>(count) + 1);
     for (int i = 0; i < count; ++i)
         ReadOwned(owner->GetComponent(i), path, places);

@@ -73,6 +73,8 @@ std::vector<bool> NotTranslated(const TFormParts& parts, const TExclusionRules& 
 
 TTextsOfForm AllTexts(const TFormParts& parts, bool withItems) {
     TCollector collector(withItems);
+    collector.Result.Owners.reserve(parts.Items().size());
+    collector.Result.Texts.reserve(parts.Items().size());
     for (const TFormPart& part : parts.Items())
         collector.Add(part);
     return std::move(collector.Result);
@@ -84,6 +86,7 @@ TCollectedTexts CollectTexts(const TFormParts& parts, const TExclusionRules& rul
     for (std::size_t i = 0; i < excluded.size(); ++i)
         excluded[i] = excluded[i] || rules.ExcludesComponent(all.Owners[i].Path, all.Owners[i].ClassName);
     TCollectedTexts collected{{}, std::move(all.Notes)};
+    collected.Texts.reserve(all.Texts.size());
     for (TOwnedText& text : all.Texts) {
         const TTextOwner& owner = all.Owners[static_cast<std::size_t>(text.Owner)];
         const TTextProperty property{owner.ClassName, owner.Name, text.Property};

@@ -69,16 +69,21 @@ std::string Decode(std::string_view field, const TEscapes& escapes) {
 }  // namespace
 
 std::vector<std::string> SplitFields(std::string_view line, std::string_view delimiter) {
-    const TEscapes escapes(delimiter);
     std::vector<std::string> fields;
+    SplitFields(line, delimiter, fields);
+    return fields;
+}
+
+void SplitFields(std::string_view line, std::string_view delimiter, std::vector<std::string>& fields) {
+    const TEscapes escapes(delimiter);
     constexpr std::size_t kUsual = 4;  // a key and three languages
+    fields.clear();
     fields.reserve(kUsual);
     for (std::size_t end = line.find(delimiter); end != std::string_view::npos; end = line.find(delimiter)) {
         fields.push_back(Decode(line.substr(0, end), escapes));
         line.remove_prefix(end + delimiter.size());
     }
     fields.push_back(Decode(line, escapes));
-    return fields;
 }
 
 std::string JoinFields(const std::vector<std::string_view>& fields, std::string_view delimiter) {

@@ -14,6 +14,8 @@ namespace tml {
 /// All fields of a line, decoded, and the line of such fields. An empty field counts; so a line has at
 /// least one.
 std::vector<std::string> SplitFields(std::string_view line, std::string_view delimiter);
+/// The same into a list that is there, which costs less for many lines.
+void SplitFields(std::string_view line, std::string_view delimiter, std::vector<std::string>& fields);
 std::string JoinFields(const std::vector<std::string_view>& fields, std::string_view delimiter);
 
 }  // namespace tml

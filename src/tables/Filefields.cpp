@@ -12,10 +12,6 @@ namespace {
 
 enum class TWhere { Everywhere, Keys, KeyStarts, Ends };
 
-constexpr bool IsAtEndsOnly(TWhere where) {
-    return where == TWhere::KeyStarts || where == TWhere::Ends;
-}
-
 struct TEscape {
     char Letter;
     char Character;
@@ -30,31 +26,42 @@ constexpr TEscape kEscapes[] = {
 constexpr char kMarkLetter = 'e';
 constexpr char kDelimiterLetter = 'd';
 
+constexpr std::size_t ByteOf(char c) {
+    return static_cast<unsigned char>(c);
+}
+
+/// The letter of a character that is escaped at the edges of a piece.
+char LetterAtEdge(char c, bool isKeyStart, bool isEnd) {
+    if (!isKeyStart && !isEnd) return '\0';
+    for (const TEscape& escape : kEscapes)
+        if (escape.Character == c &&
+            ((escape.Where == TWhere::KeyStarts && isKeyStart) || (escape.Where == TWhere::Ends && isEnd)))
+            return escape.Letter;
+    return '\0';
+}
+
 }  // namespace
 
 TFileFields::TFileFields(std::string delimiter)
     : delimiter_(std::move(delimiter)),
       first_(LeftCodePoints(delimiter_, 1)),
       mark_(first_ == "\\" ? '^' : '\\') {
-    plain_.fill(TPlain::Everywhere);
-    for (const TEscape& escape : kEscapes)
-        PlainOf(escape.Character) = IsAtEndsOnly(escape.Where) ? TPlain::Within : TPlain::Nowhere;
-    PlainOf(mark_) = TPlain::Nowhere;
+    for (const TEscape& escape : kEscapes) {
+        const bool isEverywhere = escape.Where == TWhere::Everywhere;
+        if (isEverywhere) inFields_[ByteOf(escape.Character)] = escape.Letter;
+        if (isEverywhere || escape.Where == TWhere::Keys) inKeys_[ByteOf(escape.Character)] = escape.Letter;
+    }
     // A file that is not there yet may be opened without a delimiter.
-    PlainOf(*delimiter_.c_str()) = TPlain::Nowhere;
+    if (!first_.empty()) inFields_[ByteOf(first_.front())] = kDelimiterLetter;
+    inFields_[ByteOf(mark_)] = inKeys_[ByteOf(mark_)] = kMarkLetter;
+    for (const char c : {mark_, '=', *delimiter_.c_str()})
+        isRead_[ByteOf(c)] = true;
 }
 
 std::size_t TFileFields::EndOfPlain(std::string_view text, std::size_t pos) const {
-    while (pos < text.size() && PlainOf(text[pos]) != TPlain::Nowhere)
+    while (pos < text.size() && !isRead_[ByteOf(text[pos])])
         ++pos;
     return pos;
-}
-
-std::size_t TFileFields::EndOfUnescaped(std::string_view text, std::size_t pos) const {
-    const std::size_t last = text.size() - 1;
-    if (pos == 0 && PlainOf(text[0]) != TPlain::Everywhere) return 0;
-    if (pos < last) pos = EndOfPlain(text.substr(0, last), std::max<std::size_t>(pos, 1));
-    return pos == last && PlainOf(text[last]) == TPlain::Everywhere ? text.size() : pos;
 }
 
 void TFileFields::AppendLine(std::string& lines, std::string_view key,
@@ -69,45 +76,36 @@ void TFileFields::AppendLine(std::string& lines, std::string_view key,
 }
 
 void TFileFields::Append(std::string& line, std::string_view text, TPiece piece) const {
-    const auto isEscaped = [&](const TEscape& escape, std::size_t pos) {
-        switch (escape.Where) {
-            case TWhere::Everywhere:
-                return true;
-            case TWhere::Keys:
-                return piece.IsKey;
-            case TWhere::KeyStarts:
-                return piece.IsKey && pos == 0;
-            case TWhere::Ends:
-                return (piece.IsFirst && pos == 0) || (piece.IsLast && pos + 1 == text.size());
-        }
-        return false;
-    };
-    const auto escapeAs = [&](char letter) {
-        line.push_back(mark_);
-        line.push_back(letter);
-    };
+    const TLetters& letters = piece.IsKey ? inKeys_ : inFields_;
+    const std::size_t begin = line.size();
+    line.resize(begin + 2 * text.size());  // where every byte is escaped
+    char* end = line.data() + begin;
     for (std::size_t pos = 0; pos < text.size(); ++pos) {
-        const std::size_t plain = EndOfUnescaped(text, pos);
-        if (plain > pos) line.append(text, pos, plain - pos);
-        if (plain == text.size()) break;
-        pos = plain;
-        if (text[pos] == mark_) {
-            escapeAs(kMarkLetter);
+        if (pos > 0)
+            for (; pos + 1 < text.size() && letters[ByteOf(text[pos])] == '\0'; ++pos)
+                *end++ = text[pos];
+        const char letter = LetterAt(text, pos, piece);
+        if (letter == '\0') {
+            *end++ = text[pos];
             continue;
         }
-        if (!piece.IsKey && text.substr(pos).starts_with(first_)) {
-            escapeAs(kDelimiterLetter);
-            pos += first_.size() - 1;
-            continue;
-        }
-        const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes), [&](const TEscape& row) {
-            return row.Character == text[pos] && isEscaped(row, pos);
-        });
-        if (escape != std::end(kEscapes))
-            escapeAs(escape->Letter);
-        else
-            line += text[pos];
+        *end++ = mark_;
+        *end++ = letter;
+        if (letter == kDelimiterLetter) pos += first_.size() - 1;
     }
+    line.resize(static_cast<std::size_t>(end - line.data()));
+}
+
+char TFileFields::LetterAt(std::string_view text, std::size_t pos, TPiece piece) const {
+    const char letter = (piece.IsKey ? inKeys_ : inFields_)[ByteOf(text[pos])];
+    const bool isDelimiter =
+        letter == kDelimiterLetter && (first_.size() == 1 || text.substr(pos).starts_with(first_));
+    if (letter == kDelimiterLetter && !isDelimiter) return '\0';
+    const bool isFirst = pos == 0;
+    const bool isLast = pos + 1 == text.size();
+    if (letter != '\0' || (!isFirst && !isLast)) return letter;
+    return LetterAtEdge(text[pos], piece.IsKey && isFirst,
+                        (piece.IsFirst && isFirst) || (piece.IsLast && isLast));
 }
 
 TFileEntry TFileFields::Read(std::string_view line) const {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,23 +34,23 @@ class TFileFields {
         bool IsFirst;
         bool IsLast;
     };
-    /// Where a byte of a text stands for itself: that begins neither an escape nor a delimiter.
-    enum class TPlain : std::uint8_t { Nowhere, Within, Everywhere };
-    TPlain& PlainOf(char c) { return plain_[static_cast<unsigned char>(c)]; }
-    TPlain PlainOf(char c) const { return plain_[static_cast<unsigned char>(c)]; }
+    /// The letter that each byte is escaped by, '\0' for one that stands for itself.
+    using TLetters = std::array<char, 256>;
 
     void Append(std::string& line, std::string_view text, TPiece piece) const;
+    char LetterAt(std::string_view text, std::size_t pos, TPiece piece) const;
     /// The end of the bytes from pos on that are read as they stand.
     std::size_t EndOfPlain(std::string_view text, std::size_t pos) const;
-    /// The end of those of a whole text, not empty, that are surely written as they stand.
-    std::size_t EndOfUnescaped(std::string_view text, std::size_t pos) const;
     /// Appends the plain characters at pos to the text, or the one other or escape; the position behind.
     std::size_t ReadCharacter(std::string_view line, std::size_t pos, std::string& text) const;
 
     std::string delimiter_;
     std::string first_;  ///< the delimiter's first character
     char mark_;
-    std::array<TPlain, 256> plain_;
+    TLetters inKeys_{};    ///< wherever they stand in a key
+    TLetters inFields_{};  ///< likewise in a field; that of the delimiter's first byte holds for the whole
+                           ///< character
+    std::array<bool, 256> isRead_{};  ///< what is no plain character to a reader
 };
 
 }  // namespace tml

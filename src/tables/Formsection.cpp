@@ -12,9 +12,12 @@ TFileTable ToFile(TTable table, std::size_t languages) {
     TFileTable file{table.Type(), {}};
     file.Entries.reserve(table.Entries().size());
     for (TTableEntry& entry : std::move(table).TakeEntries()) {
-        file.Entries.push_back({std::move(entry.Key), std::vector<std::string>(languages)});
+        TFileEntry& written = file.Entries.emplace_back();
+        written.Key = std::move(entry.Key);
+        written.Fields.reserve(languages);
         for (std::size_t i = 0; i < std::min(languages, entry.Values.size()); ++i)
-            file.Entries.back().Fields[i] = std::move(entry.Values[i].Text);
+            written.Fields.push_back(std::move(entry.Values[i].Text));
+        written.Fields.resize(languages);
     }
     return file;
 }

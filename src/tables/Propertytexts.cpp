@@ -53,13 +53,19 @@ TFontPart FontPartOf(std::string_view path) {
     return {object, path.substr(dot + 1)};
 }
 
+bool MayHoldTexts(TFormValueKind kind) {
+    return kind == TFormValueKind::String || kind == TFormValueKind::List ||
+           kind == TFormValueKind::Collection;
+}
+
 class TWalk {
   public:
     // A form may nest its collections as deep as its reader lets it.
     void Properties(const std::vector<TFormProperty>& properties, const std::string& prefix) {
         TFont font;
         for (const TFormProperty& property : properties)
-            if (!TakeFont(prefix, property, font)) Value(property.Value, prefix + property.Name);
+            if (!TakeFont(prefix, property, font) && MayHoldTexts(property.Value.Kind))
+                Value(property.Value, prefix + property.Name);
     }
 
     std::vector<TPropertyText> Texts;

@@ -9,8 +9,8 @@
 namespace tml {
 namespace {
 
-TTableEntry ReadEntry(std::string_view line, std::string_view delimiter) {
-    std::vector<std::string> fields = SplitFields(line, delimiter);
+/// fields: of the line; what is left of them is nobody's.
+TTableEntry EntryOf(std::vector<std::string>& fields) {
     TTableEntry entry{std::move(fields.front()), {}};
     entry.Values.reserve(fields.size() - 1);
     for (auto field = fields.begin() + 1; field != fields.end(); ++field)
@@ -65,9 +65,11 @@ const std::string& TTableEntry::Base() const {
 TTable::TTable(TStringsType type, TStringList lines, std::string_view delimiter)
     : type_(type), delimiter_(delimiter), stored_(std::move(lines)) {
     entries_.reserve(stored_.Items().size());
-    for (const std::string& line : stored_)
-        entries_.push_back(ReadEntry(line, delimiter));
-    Reindex();
+    std::vector<std::string> fields;
+    for (const std::string& line : stored_) {
+        SplitFields(line, delimiter, fields);
+        entries_.push_back(EntryOf(fields));
+    }
 }
 
 TStringList TTable::Lines(std::string_view delimiter) const {
@@ -79,12 +81,12 @@ TStringList TTable::Lines(std::string_view delimiter) const {
 }
 
 int TTable::Find(std::string_view key) const {
-    const auto found = index_.find(IndexKey(key));
-    return found == index_.end() ? -1 : found->second;
+    const auto found = Index().find(IndexKey(key));
+    return found == Index().end() ? -1 : found->second;
 }
 
 bool TTable::Add(const std::string& key, const std::string& text, int languages) {
-    if (!index_.emplace(IndexKey(key), static_cast<int>(entries_.size())).second) return false;
+    if (!Index().emplace(IndexKey(key), static_cast<int>(entries_.size())).second) return false;
     entries_.push_back({key, std::vector<TTableValue>(static_cast<std::size_t>(languages), {text})});
     stored_.Add({});
     return true;
@@ -103,7 +105,7 @@ void TTable::Rekey(const std::function<std::string(int index, const std::string&
         Touch(i).Key = std::move(key);
         isNew = true;
     }
-    if (isNew) Reindex();
+    if (isNew) index_.reset();
 }
 
 void TTable::SetText(int index, int place, const std::string& text) {
@@ -131,7 +133,7 @@ void TTable::SetValues(int index, const std::vector<TTableValue>& values) {
 }
 
 void TTable::Append(TTableEntry entry) {
-    index_.emplace(IndexKey(entry.Key), static_cast<int>(entries_.size()));
+    if (index_) index_->emplace(IndexKey(entry.Key), static_cast<int>(entries_.size()));
     entries_.push_back(std::move(entry));
     stored_.Add({});
 }
@@ -159,7 +161,7 @@ void TTable::Remove(const std::vector<bool>& gone) {
     }
     entries_ = std::move(entries);
     stored_ = std::move(stored);
-    Reindex();
+    index_.reset();
 }
 
 void TTable::MoveLanguages(const std::vector<int>& former) {
@@ -174,11 +176,13 @@ std::string TTable::IndexKey(std::string_view key) const {
     return type_ == TStringsType::stStrings ? UpperCase(key) : std::string(key);
 }
 
-void TTable::Reindex() {
-    index_.clear();
-    index_.reserve(entries_.size());
-    for (std::size_t i = 0; i < entries_.size(); ++i)
-        index_.emplace(IndexKey(entries_[i].Key), static_cast<int>(i));
+TTable::TIndex& TTable::Index() const {
+    if (!index_) {
+        index_.emplace(entries_.size());
+        for (std::size_t i = 0; i < entries_.size(); ++i)
+            index_->emplace(IndexKey(entries_[i].Key), static_cast<int>(i));
+    }
+    return *index_;
 }
 
 TTableEntry& TTable::Touch(int index) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -84,8 +85,11 @@ class TTable {
     void MoveLanguages(const std::vector<int>& former);
 
   private:
+    using TIndex = std::unordered_map<std::string, int>;
+
     std::string IndexKey(std::string_view key) const;
-    void Reindex();
+    /// Made on first use: most tables are read and written as a whole.
+    TIndex& Index() const;
     /// From now on the entry is written anew.
     TTableEntry& Touch(int index);
 
@@ -93,7 +97,7 @@ class TTable {
     std::string delimiter_;  ///< of the stored lines
     std::vector<TTableEntry> entries_;
     TStringList stored_;  ///< the line of each entry, "" where it is to be written anew
-    std::unordered_map<std::string, int> index_;
+    mutable std::optional<TIndex> index_;
 };
 
 }  // namespace tml

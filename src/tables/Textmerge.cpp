@@ -60,21 +60,29 @@ bool Counts(const TTable& table, int index) {
     return key.find('.') != std::string::npos && table.Find(key) == index;
 }
 
+/// Where the entry of a key is; most stand in the order of the form, so that the next one is looked at first.
+int IndexOfKey(const TTable& table, const std::string& key, std::size_t next) {
+    const auto& entries = table.Entries();
+    return next < entries.size() && entries[next].Key == key ? static_cast<int>(next) : table.Find(key);
+}
+
 /// True where every entry has its one text and every text that enters its entry, as it is shown: such a merge
 /// would change nothing, and most are such.
 bool AreUpToDate(const std::vector<TTable>& tables, const std::vector<TFormText>& texts, int active) {
     std::vector<std::vector<bool>> met;
     for (const TTable& table : tables)
         met.emplace_back(table.Entries().size(), false);
+    std::vector<std::size_t> next(tables.size());
     for (const TFormText& text : texts) {
         const std::size_t table = IndexOf(text.Table, tables);
-        const int index = tables[table].Find(text.Key);
+        const int index = IndexOfKey(tables[table], text.Key, next[table]);
         // A text that does not enter says something of the items around it.
         if (index < 0 && !text.Enters && text.Key.find('[') == std::string::npos) continue;
         const auto entry = static_cast<std::size_t>(index);
         if (index < 0 || met[table][entry] || ShownText(tables[table].Entries()[entry], active) != text.Text)
             return false;
         met[table][entry] = true;
+        next[table] = entry + 1;
     }
     for (std::size_t table = 0; table < tables.size(); ++table)
         for (std::size_t i = 0; i < met[table].size(); ++i)

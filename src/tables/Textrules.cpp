@@ -60,8 +60,15 @@ const TTextRule* SearchRule(std::string_view className, const std::string& path)
     return RuleOf("", path);
 }
 
+/// What has been found for a property.
+struct TFoundRule {
+    std::string ClassName;
+    std::string Path;
+    const TTextRule* Rule = nullptr;
+};
+
 /// Forms repeat the same few classes and properties, so that what has been found is kept.
-const TTextRule* FindRule(const TTextProperty& property) {
+const TTextRule* KeptRule(const TTextProperty& property) {
     constexpr std::size_t kMostKept = 10'000;
     thread_local std::unordered_map<std::string, const TTextRule*> kept;
     if (kept.size() > kMostKept) kept.clear();
@@ -72,6 +79,14 @@ const TTextRule* FindRule(const TTextProperty& property) {
     const auto [place, isNew] = kept.try_emplace(std::move(key));
     if (isNew) place->second = SearchRule(property.ClassName, path);
     return place->second;
+}
+
+/// Most components have the class of the one before them.
+const TTextRule* FindRule(const TTextProperty& property) {
+    thread_local TFoundRule last;
+    if (last.ClassName != property.ClassName || last.Path != property.Path)
+        last = {std::string(property.ClassName), std::string(property.Path), KeptRule(property)};
+    return last.Rule;
 }
 
 /// Settings and lists have tables of their own; any other text of an item stands with those of collections.
