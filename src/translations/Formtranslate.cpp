@@ -12,6 +12,8 @@
 namespace tml {
 namespace {
 
+constexpr const char* kOpening = "Opening forms...";
+
 /// A form in the editor. Its unit is as open as it was when this goes.
 struct TTranslatedForm {
     std::string Name;
@@ -32,9 +34,11 @@ void InsertWithTexts(TContext& context, TFormRow& row) {
     scope->Commit();
 }
 
-TTranslatedForm OpenForm(TContext& context, TFormRow& row) {
-    TTranslatedForm form{row.FormName, row.FileName, std::make_unique<TModuleLease>(context, row.FileName),
-                         nullptr, !row.HasComponent()};
+TTranslatedForm ReadForm(TContext& context, TFormRow& row, std::unique_ptr<TModuleLease> lease) {
+    TTranslatedForm form{row.FormName, row.FileName, std::move(lease), nullptr, !row.HasComponent()};
+    // Where the person is asked or told something.
+    if (!row.HasComponent() || GetFormEditor(context, row.FormName) == nullptr)
+        context.Dialogs().HideProgress();
     if (!TestForCorrectForm(context, row)) {
         // A file that was opened for this is left open, on purpose.
         form.Lease->Keep();
@@ -42,9 +46,11 @@ TTranslatedForm OpenForm(TContext& context, TFormRow& row) {
     }
     if (!row.HasComponent()) InsertWithTexts(context, row);
     form.Lang = GetmlLang(context, row);
-    if (form.Lang == nullptr)
+    if (form.Lang == nullptr) {
+        context.Dialogs().HideProgress();
         context.Dialogs().MessageDlg(Format("Form %s is not translated!", form.Name), TMsgDlgType::mtError,
                                      {mrOk});
+    }
     return form;
 }
 
@@ -64,21 +70,40 @@ void CloseUnchanged(TContext& context, const std::vector<std::string>& files) {
     }
 }
 
+/// Of the rows that are selected; false where the person stops it on the way.
+bool OpenForms(TContext& context, std::vector<TTranslatedForm>& forms) {
+    const std::vector<TFormRow*> rows = SelectedRows(context);
+    std::vector<std::unique_ptr<TModuleLease>> leases;
+    for (TFormRow* const row : rows) {
+        const auto opened = static_cast<int>(leases.size());
+        if (!context.Dialogs().ShowProgress(kOpening, opened, static_cast<int>(rows.size()))) return false;
+        leases.push_back(std::make_unique<TModuleLease>(context, row->FileName));
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (TTranslatedForm form = ReadForm(context, *rows[i], std::move(leases[i])); form.Lang != nullptr)
+            forms.push_back(std::move(form));
+    return true;
+}
+
+std::vector<TmlCustomLang*> EditForms(TContext& context, const std::vector<TTranslatedForm>& forms,
+                                      const TChangeStrID& onChangeStrID) {
+    std::vector<TmlCustomLang*> langs;
+    for (const TTranslatedForm& form : forms)
+        langs.push_back(form.Lang.get());
+    return context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
+}
+
 }  // namespace
 
 void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
     std::vector<std::string> closed = ClosedFiles(context);
+    // What reads the texts goes on telling how far it is: one form may have as many as a thousand.
+    const TProgressEnd end(context.Dialogs());
     std::vector<TTranslatedForm> forms;
-    std::vector<TmlCustomLang*> langs;
-    for (TFormRow* const row : SelectedRows(context)) {
-        TTranslatedForm form = OpenForm(context, *row);
-        if (form.Lang == nullptr) continue;
-        langs.push_back(form.Lang.get());
-        forms.push_back(std::move(form));
-    }
-    if (langs.empty()) return;
+    if (!OpenForms(context, forms)) return CloseUnchanged(context, closed);
+    if (forms.empty()) return;
     const TShownInSource shown(*context.Host.Runtime);
-    const auto changed = context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
+    const auto changed = EditForms(context, forms, onChangeStrID);
     TAllSteps steps;
     for (TTranslatedForm& form : forms) {
         const bool isEdited = std::find(changed.begin(), changed.end(), form.Lang.get()) != changed.end();

@@ -56,6 +56,17 @@ TEST_F(TFormTranslateTest, AFormThatCannotBeSavedStaysOpenWithItsTexts) {
     EXPECT_NE(Form(2).find("Vertraut"), std::string::npos);
 }
 
+TEST_F(TFormTranslateTest, OpeningCanBeStopped) {
+    Open();
+    Expert->Window()->SelectAll1Click();
+    User.StopAt = "Opening forms...";
+    const auto before = Files.Files;
+    Expert->Window()->Run("Translate");
+    EXPECT_EQ(Files.Files, before);
+    EXPECT_FALSE(IsOpen(1) || IsOpen(2));
+    EXPECT_FALSE(User.ProgressShown);
+}
+
 TEST_F(TFormTranslateTest, AnOpenFormIsMarkedAsModified) {
     Open();
     const auto module = Parts.Modules().OpenModule("/p/Unit2.pas", true);
