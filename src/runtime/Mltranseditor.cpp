@@ -26,6 +26,9 @@ constexpr const char* kTranslating = "Translating equal texts...";
 constexpr const char* kSearching = "Searching...";
 constexpr const char* kWriting = "Writing translations...";
 constexpr const char* kAskDrop = "What you have edited is not written yet. Close and lose it?";
+constexpr const char* kAskEscaped =
+    "The string ID %s has a quote or a backslash: where a source doubles or escapes it, the check of "
+    "string IDs does not find it. Use it all the same?";
 constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.";
 
 std::string CaptionOf(const TTransTexts& texts) {
@@ -381,9 +384,9 @@ std::string TfrmTransEditor::ProblemOf(const std::string& id, TTransRow row) con
 }
 
 bool TfrmTransEditor::IsWanted(const std::string& id) const {
-    return IsPlainStringID(id) ||
-           runtime_.Dialogs->MessageDlg(Format(kAskOddID, id), TMsgDlgType::mtConfirmation, {mrNo, mrYes}) ==
-               mrYes;
+    if (IsPlainStringID(id)) return true;
+    const std::string question = IsEscapedInSource(id) ? Format(kAskEscaped, id) : Format(kAskOddID, id);
+    return runtime_.Dialogs->MessageDlg(question, TMsgDlgType::mtWarning, {mrNo, mrYes}) == mrYes;
 }
 
 std::optional<std::string> TfrmTransEditor::ValidID(const char* caption, std::string id,

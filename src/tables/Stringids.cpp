@@ -28,4 +28,8 @@ bool IsPlainStringID(std::string_view id) {
     return std::all_of(id.begin(), id.end(), IsPlainIDChar);
 }
 
+bool IsEscapedInSource(std::string_view id) {
+    return id.find_first_of("'\"\\") != std::string_view::npos;
+}
+
 }  // namespace tml

@@ -500,6 +500,19 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
                 editor.SetText(0, 0, id);
                 EXPECT_EQ(User.Proposed, id);
             }
+            User.OnInput(
+                "'ID ' is no string ID. An ID is not empty and has no line break, no control character and "
+                "no "
+                "blank at its ends\r\nString ID:",
+                std::nullopt);
+            editor.SetText(0, 0, "ID ");
+            User.OnMessage(
+                "The string ID It's has a quote or a backslash: where a source doubles or escapes it, the "
+                "check "
+                "of string IDs does not find it. Use it all the same?",
+                mrNo);
+            User.OnInput("String ID:", std::nullopt);
+            editor.SetText(0, 0, "It's");
             EXPECT_THROW(editor.SetText(0, 0, "Bad"), EBadInput);
             EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;IDS_2;");
             editor.SetCurrent(0, 0);
