@@ -1,5 +1,6 @@
 #include "desktop/Designpanel.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QShortcut>

@@ -51,7 +51,8 @@ bool IsDataModule(const TLayoutBoxes& boxes) {
     const TLayoutNode& form = *boxes.All.front().Node;
     if (boxes.All.size() > 1 || form.Children.empty()) return false;
     if (boxes.All.front().Kind() != TLayoutKind::Form) return false;
-    constexpr const char* kOfWindows[] = {"Caption", "ClientWidth", "ClientHeight", "Color", "BorderStyle"};
+    constexpr const char* kOfWindows[] = {"Caption", "ClientWidth", "ClientHeight",
+                                          "Color",   "BorderStyle", "TabOrder"};
     return std::none_of(std::begin(kOfWindows), std::end(kOfWindows),
                         [&](const char* property) { return form.Find(property) != nullptr; });
 }
