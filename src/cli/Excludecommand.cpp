@@ -143,7 +143,17 @@ class TExcludeRun {
                             "\"tmllang exclude\" without --add and --remove lists the entries");
         if (options_.Forms.empty() && change.List != TExclusionList::SmartExcludeProps)
             throw EBadInput(options_.Project, 0, Format("%s matches nothing in any form", change.Entry),
-                            "Name forms with --form to add it all the same");
+                            UseElsewhere(change));
+    }
+
+    /// What would do instead.
+    std::string UseElsewhere(const TExclusionChange& change) const {
+        const std::string component = "!" + change.Entry;
+        const bool isComponent = std::any_of(forms_.begin(), forms_.end(), [&](const TExclusionForm& form) {
+            return UseOf(form, change.List, component).Count() > 0;
+        });
+        return isComponent ? Format("The component of this name is '%s'", component)
+                           : "Name forms with --form to add it all the same";
     }
 
     void Write(const std::map<std::string, TExclusionLists>& planned) {
