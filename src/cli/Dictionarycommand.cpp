@@ -255,10 +255,8 @@ void AddDictionaryCommand(CLI::App& app, TProgram& program) {
     AddLookUpOptions(*command, options->LookUp);
     command->add_flag("--replace", options->Replaces,
                       "learn: the forms' translations replace differing ones of the dictionary");
-    CLI::Option* const dryRun =
-        command->add_flag("--dry-run", options->DryRun, "List what would be written; write nothing");
-    command->add_flag("--patch", options->Patch, "Print the change for git apply; write nothing")
-        ->excludes(dryRun);
+    command->add_flag("--dry-run", options->DryRun, "List what would be written; write nothing");
+    command->add_flag("--patch", options->Patch, "Print the change for git apply; write nothing");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return TDictionaryRun(shared, *options).Run(); };
     });
