@@ -73,8 +73,12 @@ std::optional<std::string> TFolderIndex::FindEntry(const std::string& folder, co
 }
 
 std::optional<std::string> TFolderIndex::Find(const std::string& folder, std::string_view name) {
-    return Walk(folder, name,
-                [this](const std::string& place, const std::string& part) { return FindEntry(place, part); });
+    bool isEntry = false;
+    auto found = Walk(folder, name, [&](const std::string& place, const std::string& part) {
+        isEntry = true;
+        return FindEntry(place, part);
+    });
+    return isEntry ? std::move(found) : std::nullopt;
 }
 
 std::string TFolderIndex::FindBeside(const std::string& path,

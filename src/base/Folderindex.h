@@ -16,7 +16,8 @@ class TFolderIndex {
   public:
     explicit TFolderIndex(IFileSystem& files) : files_(files) {}
 
-    /// The path on disk: the letter case as written preferred, else the only entry that differs in case.
+    /// The path on disk: the letter case as written preferred, else the only entry that differs in case. A
+    /// drive alone or the way to a folder above is none.
     std::optional<std::string> Find(const std::string& folder, std::string_view name);
     /// The form file beside a unit: ".dfm" before ".xfm", ".lfm" and ".fmx"; "" when there is none.
     std::string FormFileOf(const std::string& unitFile);

@@ -19,6 +19,8 @@ TEST(Folderindex, FindsFormFilesInAnyCaseWithEachFolderListedOnce) {
     EXPECT_EQ(folders.FormFileOf("/q/C.pas"), "");
     EXPECT_EQ(folders.UnitFileOf("/p/a.DFM"), "/p/A.pas");
     EXPECT_EQ(folders.Find("/p", "..\\P\\.\\c.PAS"), "/p/C.pas");
+    for (const char* none : {"::", "C:", "/", "..", "D.pas"})
+        EXPECT_EQ(folders.Find("/p", none), std::nullopt) << none;
     EXPECT_EQ(std::count(files.Log.begin(), files.Log.end(), "List /p"), 1);
 }
 
