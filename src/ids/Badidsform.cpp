@@ -19,6 +19,7 @@ namespace {
 
 const std::string kIDFormKey = "\\Software\\Velmora\\TmlLang\\IDForm";
 constexpr TShortCut kEnterKey = 0x0D;
+constexpr std::size_t kMostUsesNamed = 10;
 
 using TBadIDsAction = TActionRow<TfrmBadIDs>;
 constexpr std::array kBadIDsActions{
@@ -106,6 +107,27 @@ std::vector<const TBadIDRow*> ConfirmedRows(TContext& context, const TfrmBadIDs&
         if (answer != mrYes && answer != mrNo && answer != mrYesToAll) break;
     }
     return confirmed;
+}
+
+/// Takes those out that something of the project asks for, or may ask for, unless the person wants them gone
+/// all the same: with them a working text would go.
+void KeepUsed(TContext& context, std::vector<const TBadIDRow*>& confirmed) {
+    const auto isUnused = [](const TBadIDRow* row) { return row->Bad.Use.Kind == TIDUseKind::Unused; };
+    std::string list;
+    std::size_t used = 0;
+    for (const TBadIDRow* row : confirmed)
+        if (!isUnused(row) && used++ < kMostUsesNamed)
+            list += Format("\r%s: %s", row->Bad.ID, row->Bad.Use.Text());
+    if (used == 0) return;
+    if (used > kMostUsesNamed) list += Format("\rand %d more", used - kMostUsesNamed);
+    // The first button is the default one.
+    const TModalResult answer = context.Dialogs().MessageDlg(
+        Format(used == 1 ? "The project uses this ID, or may use it:%s\rDelete it all the same?"
+                         : "The project uses these IDs, or may use them:%s\rDelete them all the same?",
+               list),
+        TMsgDlgType::mtWarning, {mrNo, mrYes});
+    if (answer != mrYes)
+        confirmed.erase(std::partition(confirmed.begin(), confirmed.end(), isUnused), confirmed.end());
 }
 
 void DeleteIDsOf(TContext& context, const TFormRow& form, const std::vector<std::string>& ids) {
@@ -260,7 +282,8 @@ void ViewBadID(TContext& context, const TBadID& bad) {
 }
 
 void DeleteStringByID(TContext& context, TfrmBadIDs& window) {
-    const std::vector<const TBadIDRow*> confirmed = ConfirmedRows(context, window);
+    std::vector<const TBadIDRow*> confirmed = ConfirmedRows(context, window);
+    KeepUsed(context, confirmed);
     if (confirmed.empty()) return;
     std::vector<TBadID> unused;
     std::vector<int> rows;

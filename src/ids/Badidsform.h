@@ -78,8 +78,8 @@ void CheckbadstringIDsinunit1Click(TContext& context, TIDsMemory& memory);
 
 /// The command on a row: the translation editor at an unused ID, the source at another one.
 void ViewBadID(TContext& context, const TBadID& bad);
-/// The command on the selected rows: deletes their IDs from the components, after a question for each, and
-/// the rows. The deletions are one step of undo.
+/// The command on the selected rows: deletes their IDs from the components, after a question for each and
+/// one more for those that are used or may be, and the rows. The deletions are one step of undo.
 void DeleteStringByID(TContext& context, TfrmBadIDs& window);
 /// Deletes unused IDs from their forms' components: one step of undo.
 void DeleteIDs(TContext& context, const std::vector<TBadID>& unused);

@@ -8,6 +8,9 @@
 namespace tml {
 namespace {
 
+constexpr const char* kUsed =
+    "The project uses this ID, or may use it:\rB: used in Helper.pas:10\rDelete it all the same?";
+
 /// Form1 and Form2 with strings of their own; Form1's unit asks for some of them.
 struct TBadIDsFixture : TExpertFixture {
     TBadIDsFixture() {
@@ -126,6 +129,7 @@ TEST(Badidsform, DeletedIDsGoInOneStep) {
     f.User.OnMessage("This will delete A from Form1.mlLang1! Continue?", mrNo);
     f.User.OnMessage("This will delete B from Form1.mlLang1! Continue?", mrYes);
     f.User.OnMessage("This will delete C from Form1.mlLang1! Continue?", mrCancel);
+    f.User.OnMessage(kUsed, mrYes);
     f.Window().Delete1Click();
     EXPECT_EQ(f.Window().lvIDs.Count(), 2);
     EXPECT_EQ(f.Window().StatusPanels[1], "2");
@@ -142,6 +146,27 @@ TEST(Badidsform, DeletedIDsGoInOneStep) {
     EXPECT_NE(f.Files.Files["/p/Unit1.dfm"], before);
     f.Ide.Undo();
     EXPECT_EQ(f.Files.Files["/p/Unit1.dfm"], before);
+}
+
+TEST(Badidsform, UsedIDsStayUnlessTheyAreWantedGone) {
+    TBadIDsFixture f;
+    f.Check("Form1");
+    ASSERT_EQ(f.Window().lvIDs.Row(0).Bad.Use.Kind, TIDUseKind::Used);
+    const auto before = f.Files.Files;
+    const auto remove = [&f](TModalResult first, TModalResult further) {
+        f.Window().lvIDs.Row(0).Selected = true;
+        f.User.OnMessage("This will delete B from Form1.mlLang1! Continue?", first);
+        f.User.OnMessage(kUsed, further);
+        f.Window().Delete1Click();
+    };
+    for (const TModalResult first : {mrYes, mrYesToAll}) {
+        remove(first, mrNo);
+        EXPECT_EQ(f.Window().lvIDs.Count(), 3);
+        EXPECT_EQ(f.Files.Files, before);
+    }
+    remove(mrYes, mrYes);
+    EXPECT_EQ(f.Window().lvIDs.Count(), 2);
+    EXPECT_NE(f.Files.Files, before);
 }
 
 TEST(Badidsform, AnIDThatStandsTwiceGoesTwice) {
