@@ -128,9 +128,14 @@ class TSetupCommand {
     void PrintOutcome(const TSetupOutcome& outcome) {
         std::ostream& out = options_.Patch ? std::cerr : std::cout;
         for (const TFormOutcome& form : outcome.Forms) {
-            if (!form.IsDone())
+            if (!form.IsDone()) {
                 PrintMessage(form.FormName + ": " + form.Problem);
-            else if (program_.Json)
+                if (program_.Json)
+                    TJsonLine(out)
+                        .Text("form", form.FormName)
+                        .Text("file", form.FileName)
+                        .Text("problem", form.Problem);
+            } else if (program_.Json)
                 TJsonLine(out)
                     .Text("form", form.FormName)
                     .Text("file", form.FileName)
@@ -187,7 +192,8 @@ class TSetupCommand {
 void AddWishes(CLI::App& command, TSetupOptions& options) {
     command
         .add_option("--languages", options.Languages,
-                    "The languages in order, separated by commas, instead of the default ones")
+                    "The languages in order, separated by commas, instead of the default ones; a form that "
+                    "would lose one wants --yes")
         ->check(CLI::Validator(CheckLanguageNames, ""));
     command.add_option("--class", options.Class, "Class of new components instead of the default one");
     command.add_option("--name", options.Name, "Name of new components; %s stands for the form's name");

@@ -48,6 +48,12 @@ std::string DroppedText(int count) {
                   count);
 }
 
+std::string LostText(int count) {
+    return Format(count == 1 ? "%d text goes with the languages that are given up"
+                             : "%d texts go with the languages that are given up",
+                  count);
+}
+
 /// What it has, or is to have, of its component.
 std::string ComponentOf(const TFormSetup& form) {
     if (form.Inserts) return {};
@@ -111,6 +117,8 @@ TStringList TSetupPlan::StepsOf(const TFormSetup& form) const {
     add(form.SetsDispatcher, Format("sets the languages of %s: %s", form.OwnDispatcher, languages));
     add(form.Inserts, Format("inserts %s (%s)", form.Component, form.ClassName));
     add(form.SetsLanguages, Format("sets the languages: %s", languages));
+    for (const std::string& lost : form.GivenUp)
+        steps.Add(Format("gives up %s", lost));
     add(!form.Dispatcher.empty(), Format("links the component to the dispatcher %s", form.Dispatcher));
     add(!form.Container.empty(), Format("has %s as its common container", form.Container));
     for (const TExclusionList list : kExclusionLists)
@@ -132,10 +140,15 @@ TStringList TSetupPlan::DoneTo(TFormSetup form, int moved) const {
 }
 
 std::string TSetupPlan::LossText() const {
-    int dropped = 0;
-    for (const TFormSetup& form : Forms)
-        dropped += form.IsReady() ? form.Dropped : 0;
-    return dropped == 0 ? std::string() : DroppedText(dropped);
+    int lost = 0, dropped = 0;
+    for (const TFormSetup& form : Forms) {
+        if (!form.IsReady()) continue;
+        lost += form.LostTexts;
+        dropped += form.Dropped;
+    }
+    std::string text = lost == 0 ? std::string() : LostText(lost);
+    if (dropped > 0) text += (lost == 0 ? "" : "; ") + DroppedText(dropped);
+    return text;
 }
 
 bool TSetupPlan::HasWork() const {

@@ -55,6 +55,8 @@ struct TFormSetup {
     std::string Container;        ///< reference to the common container that it is to have, "" for none
     TExclusionLists Exclusions;   ///< to be added
     int Dropped = 0;              ///< translations of what is excluded then
+    TStringList GivenUp;          ///< "German with 2 texts": languages that its component loses
+    int LostTexts = 0;            ///< of those
     std::vector<TFormProperty> Properties;  ///< to be set
     bool FillsTables = false;               ///< they are not what the form shows, or will not be
     std::optional<TSetupStrings> Strings;   ///< found in the unit, where they have been looked for

@@ -13,6 +13,8 @@
 #include "setup/Furtherproperties.h"
 #include "setup/Requiredpackage.h"
 #include "source/Identifiers.h"
+#include "tables/Languageplaces.h"
+#include "tables/Texttransfer.h"
 #include "translations/Langlosses.h"
 
 namespace tml {
@@ -65,7 +67,7 @@ void ExpectNoLoss(ILanguages& languages, const std::string& name, const TSetupWi
     const std::string loss = LossOf(languages, name, LanguagesOf(wishes));
     if (!loss.empty())
         throw EBadInput("", 0, "these languages would give up " + loss,
-                        "Name the others as well, or let them be given up");
+                        "Name the others as well, or let them be given up (on the command line with --yes)");
 }
 
 /// Of a name that stands for all forms; what it is with a form's own name, the form's plan says.
@@ -231,7 +233,12 @@ void TSetupPlanner::Keep(TFormSetup& form, TmlCustomLang& lang) {
     const std::string dispatcher = ReferenceOf(*component, "Dispatcher");
     present_.back() = {dispatcher, ReferenceOf(*component, "CommonContainer"), ReadExclusions(lang), {}};
     if (!entries_.empty()) present_.back().Texts = ReadExclusionForm(lang, form.FormName, form.FileName);
-    if (!form.Ancestor.empty()) return;
+    if (!form.Ancestor.empty()) {
+        const auto ancestor = planned_.find(UpperCase(form.Ancestor));
+        if (ancestor != planned_.end() && plan_.Forms[ancestor->second].SetsLanguages)
+            PlanGivenUp(form, lang);
+        return;
+    }
     if (!SameText(form.ClassName, plan_.Wishes.ComponentClass))
         form.Remarks.Add(Format("its component stays one of the class %s", form.ClassName));
     if (dispatcher.empty() || !plan_.Wishes.DispatcherForm.empty())
@@ -244,6 +251,24 @@ void TSetupPlanner::PlanLanguages(TFormSetup& form, TmlCustomLang& lang) const {
     if (lang.GetLangNames() == plan_.Wishes.Languages) return;
     ExpectNoLoss(lang, form.FormName, plan_.Wishes);
     form.SetsLanguages = true;
+    PlanGivenUp(form, lang);
+}
+
+void TSetupPlanner::PlanGivenUp(TFormSetup& form, TmlCustomLang& lang) const {
+    const std::vector<int> places = PlacesOf(lang, LanguagesOf(plan_.Wishes));
+    const TStringList present = lang.GetLangNames();
+    const TStringList lost = LostLanguages(present, places);
+    if (!present.Empty() && places.front() != 1) form.GivenUp.Add(present[0] + " as the base language");
+    if (lost.Empty()) return;
+    TLangTexts texts;
+    texts.Tables = lang.GetTables();
+    // The texts of a former base language are those of the form.
+    for (int i = 1; i < present.Count(); ++i) {
+        if (lost.IndexOf(present[i]) < 0) continue;
+        const int count = CountTranslations(texts, i + 1);
+        form.GivenUp.Add(Format(count == 1 ? "%s with %d text" : "%s with %d texts", present[i], count));
+        form.LostTexts += count;
+    }
 }
 
 /// EBadInput where the unit does not declare the form's class.
@@ -262,8 +287,12 @@ void TSetupPlanner::PlanDispatcher(TFormSetup& form, IOTAFormEditor& editor) con
                              ? dispatcher->GetComponent()->GetName()
                              : editor.FreeName("mlLangDispatcher1", std::string(kDispatcherClass));
     form.SetsDispatcher = dispatcher == nullptr || dispatcher->GetLangNames() != plan_.Wishes.Languages;
-    if (dispatcher != nullptr && form.SetsDispatcher)
-        ExpectNoLoss(*dispatcher, form.OwnDispatcher, plan_.Wishes);
+    if (dispatcher == nullptr || !form.SetsDispatcher) return;
+    ExpectNoLoss(*dispatcher, form.OwnDispatcher, plan_.Wishes);
+    const std::vector<int> places = PlacesOf(*dispatcher, LanguagesOf(plan_.Wishes));
+    for (const std::string& lost : LostLanguages(dispatcher->GetLangNames(), places))
+        form.Remarks.Add(
+            Format("whatever else is linked to %s gives up its texts in %s", form.OwnDispatcher, lost));
 }
 
 void TSetupPlanner::PlanProperties(TFormSetup& form, TmlCustomLang* lang) const {

@@ -57,6 +57,7 @@ class TSetupPlanner {
     void Keep(TFormSetup& form, TmlCustomLang& lang);
     void Insert(TFormSetup& form, IOTAFormEditor& editor) const;
     void PlanLanguages(TFormSetup& form, TmlCustomLang& lang) const;
+    void PlanGivenUp(TFormSetup& form, TmlCustomLang& lang) const;
     void PlanDispatcher(TFormSetup& form, IOTAFormEditor& editor) const;
     void PlanProperties(TFormSetup& form, TmlCustomLang* lang) const;
     void PlanExclusions(TFormSetup& form, IOTAFormEditor& editor);

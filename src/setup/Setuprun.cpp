@@ -1,6 +1,7 @@
 #include "setup/Setuprun.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <unordered_set>
 
@@ -61,6 +62,8 @@ class TSetupRun {
     }
 
     TSetupOutcome Outcome;
+    /// Is told the rows of a form whose strings move, with what was decided of them.
+    std::function<void(const TFoundRows& rows)> OnRows;
 
   private:
     void SetUp(const TFormSetup& form, TFormOutcome& outcome);
@@ -146,6 +149,7 @@ void TSetupRun::Configure(const TFormSetup& form, TFormRow& row, TmlCustomLang& 
 int TSetupRun::MoveStrings(const TFormSetup& form, TFormRow& row) {
     return ReplaceReviewed(context_, memory_, row, [&](TFoundRows& rows) {
         if (form.Strings) DecideRows(rows, *form.Strings, form.FileName);
+        if (OnRows) OnRows(rows);
         return true;
     });
 }
@@ -177,6 +181,17 @@ std::vector<const TFormSetup*> WithAncestors(const TSetupPlan& plan, std::size_t
         if (SameText(plan.Forms[i].FormName, line.back()->Ancestor)) line.push_back(&plan.Forms[i]);
     std::reverse(line.begin(), line.end());
     return line;
+}
+
+/// The forms that inherit from others of the plan, and these; upper-cased.
+std::unordered_set<std::string> FamiliesIn(const TSetupPlan& plan) {
+    std::unordered_set<std::string> all, families;
+    for (const TFormSetup& form : plan.Forms)
+        all.insert(UpperCase(form.FormName));
+    for (const TFormSetup& form : plan.Forms)
+        if (all.contains(UpperCase(form.Ancestor)))
+            families.insert({UpperCase(form.FormName), UpperCase(form.Ancestor)});
+    return families;
 }
 
 std::string TextOf(const TFormOutcome& form) {
@@ -268,6 +283,28 @@ std::string DiffOfSetup(TContext& context, TScanMemory& memory, const TSetupPlan
     }
     run.Finish();
     return scope->Patch();
+}
+
+void FindInFamilies(TContext& context, TScanMemory& memory, TSetupPlan& plan) {
+    const std::unordered_set<std::string> families = FamiliesIn(plan);
+    if (families.empty()) return;
+    const TProgressEnd end(context.Dialogs());
+    const TRowsKept rows(context);
+    TSetupRun run(context, memory, plan);
+    std::optional<TSetupStrings> found;
+    run.OnRows = [&found](const TFoundRows& foundRows) { found = StringsOf(foundRows); };
+    // Without Commit it takes everything back.
+    const auto scope = BeginCommand(context, kTitle);
+    int done = 0;
+    for (TFormSetup& form : plan.Forms) {
+        if (!families.contains(UpperCase(form.FormName))) continue;
+        if (!context.Dialogs().ShowProgress(Format("Scanning %s...", form.FormName), done++,
+                                            static_cast<int>(families.size())))
+            throw EmlLangSilent();
+        found.reset();
+        run.Do(form);
+        if (found && run.Outcome.Forms.back().IsDone()) form.Strings = std::move(found);
+    }
 }
 
 void StoreLinks(TContext& context, const TSetupWishes& wishes) {

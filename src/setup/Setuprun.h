@@ -47,6 +47,11 @@ TSetupOutcome RunSetup(TContext& context, TScanMemory& memory, const TSetupPlan&
 std::string DiffOfSetup(TContext& context, TScanMemory& memory, const TSetupPlan& plan,
                         std::optional<std::size_t> form = std::nullopt);
 
+/// Enters the strings of forms that inherit from others of the plan, and of these others, as a run finds
+/// them: the IDs that an ancestor gets are taken in its heirs. Nothing is changed; a form for which that
+/// fails stays with what it has. EmlLangSilent when the person stops it.
+void FindInFamilies(TContext& context, TScanMemory& memory, TSetupPlan& plan);
+
 /// Stores the forms of dispatcher and common container among the settings of the project, where they are
 /// others there.
 void StoreLinks(TContext& context, const TSetupWishes& wishes);

@@ -6,18 +6,10 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "core/Modules.h"
-#include "setup/Setupplan.h"
+#include "setup/Setuprun.h"
 
 namespace tml {
 namespace {
-
-TSetupStrings StringsOf(const TFoundRows& rows) {
-    TSetupStrings strings;
-    for (const TFoundRow& row : rows)
-        strings.push_back(
-            {row.Record.Line + 1, row.Record.StrID, row.Record.StrContent, row.Record.Advice, row.IsTaken()});
-    return strings;
-}
 
 void FindIn(TContext& context, TScanMemory& memory, TFormSetup& form) {
     TFormRow* row = context.Rows.FormNames.FindFile(form.FileName);
@@ -56,7 +48,16 @@ void FindStrings(TContext& context, TScanMemory& memory, TSetupPlan& plan) {
             form.Refuse(error);
         }
     }
+    FindInFamilies(context, memory, plan);
     FillHeirs(plan);
+}
+
+TSetupStrings StringsOf(const TFoundRows& rows) {
+    TSetupStrings strings;
+    for (const TFoundRow& row : rows)
+        strings.push_back(
+            {row.Record.Line + 1, row.Record.StrID, row.Record.StrContent, row.Record.Advice, row.IsTaken()});
+    return strings;
 }
 
 void DecideRows(TFoundRows& rows, const TSetupStrings& decided, const std::string& fileName) {

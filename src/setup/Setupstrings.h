@@ -22,9 +22,12 @@ struct TSetupString {
 using TSetupStrings = std::vector<TSetupString>;
 
 /// Looks for the strings in the source of the plan's ready forms that have not been searched and enters them
-/// there; nothing is changed. A unit that cannot be scanned makes its form one that is not ready.
-/// EmlLangSilent when the person stops it.
+/// there, with the IDs that a run gives them; nothing is changed. A unit that cannot be scanned makes its
+/// form one that is not ready. EmlLangSilent when the person stops it.
 void FindStrings(TContext& context, TScanMemory& memory, TSetupPlan& plan);
+
+/// The rows as strings of a plan.
+TSetupStrings StringsOf(const TFoundRows& rows);
 
 /// Takes and leaves the rows as was decided. EBadInput where they are others than those.
 void DecideRows(TFoundRows& rows, const TSetupStrings& decided, const std::string& fileName);

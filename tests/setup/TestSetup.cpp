@@ -274,6 +274,60 @@ TEST_F(TSetup, TranslationsThatExclusionsDropAreAskedFor) {
     EXPECT_FALSE(Holds("U1.dfm", "Fenster"));
 }
 
+TEST_F(TSetup, LanguagesThatAreGivenUpAreCountedAndAskedFor) {
+    TMany many(Files);
+    many.SetUp();
+    std::string& form = Files.Files["/p/U1.dfm"];
+    const std::string base = "'.Caption'#1'Form number 1'#1'";
+    form.insert(form.find(base) + base.size(), "Fenster ");
+    Before = Files.Files;
+    many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
+        wizard.lbLanguages.Items = TStringList({"English"});
+        wizard.ckbGiveUp = true;
+        while (wizard.Page != TWizardPage::Summary)
+            wizard.btNextClick();
+        for (const int row : wizard.sgPlan.Shown())
+            if (wizard.sgPlan.Cell(row, 0) == "F1") wizard.sgPlan.SetCurrent(row);
+        EXPECT_NE(wizard.memPlan.find("gives up German with 1 text\r\n"), std::string::npos)
+            << wizard.memPlan;
+        many.User.OnMessage("1 text goes with the languages that are given up. Continue?", mrNo);
+        wizard.btFinishClick();
+        EXPECT_EQ(Files.Files, Before);
+        many.User.OnMessage("1 text goes with the languages that are given up. Continue?", mrYes);
+        wizard.btFinishClick();
+        EXPECT_NE(wizard.memReport.find("gives up German with 1 text\r\n"), std::string::npos);
+        wizard.btFinishClick();
+    });
+    many.Parts.Expert()->Window()->Run("Wizards");
+    EXPECT_FALSE(Holds("U1.dfm", "Fenster"));
+}
+
+TEST_F(TSetup, TheIDsOfAnHeirAreThoseThatItsAncestorLeaves) {
+    const auto change = [this](const char* file, const std::string& from, const std::string& to) {
+        std::string& text = Files.Files.at(file);
+        for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+            text.replace(at, from.size(), to);
+    };
+    change("/p/U2.dfm", "object ", "inherited ");
+    change("/p/U2.pas", "class(TForm)", "class(TF1)");
+    change("/p/U2.pas", "StdCtrls;", "StdCtrls, U1;");
+    Before = Files.Files;
+    TMany many(Files);
+    TSetupPlan plan = PlanSetup(many.Context(), many.Rows(), many.Wishes());
+    FindStrings(many.Context(), many.Memory(), plan);
+    EXPECT_EQ(Files.Files, Before);
+    EXPECT_FALSE(many.Rows()[1]->HasComponent());
+    ASSERT_EQ(many.SetUp().CountDone(), 3);
+    for (const TFormSetup& form : plan.Forms)
+        for (const TSetupString& string : *form.Strings) {
+            if (!string.Taken) continue;
+            const std::string target = string.Text.starts_with("Going") ? "Caption" : "Edit1.Text";
+            const std::string call =
+                target + " := " + form.Component + ".GetTextOrDefault('" + string.ID + "'";
+            EXPECT_TRUE(Holds(FileNameOf(form.FileName), call)) << call;
+        }
+}
+
 TEST_F(TSetup, ASecondRunHasNothingToDo) {
     Files.ReadOnlyFiles.insert("/p/U3.pas");
     TMany many(Files);
