@@ -258,7 +258,9 @@ void TfrmDictionary::Open(const std::string& fileName) {
     if (fileName.empty()) return Take({}, {});
     std::string problem;
     try {
-        Take(tool_.Load(fileName), fileName);
+        TDictionary loaded = tool_.Load(fileName);
+        if (!MayLose()) return;
+        Take(std::move(loaded), fileName);
         const std::string note = NewerVersionNote(dictionary_, fileName);
         if (!note.empty()) context_.Dialogs().MessageDlg(note, TMsgDlgType::mtWarning, {mrOk});
         return;
@@ -266,7 +268,8 @@ void TfrmDictionary::Open(const std::string& fileName) {
         problem = error.what();
     }
     const bool isNew = !SameText(ExtensionOf(fileName), ".dic") && !context_.Host.Files->Stat(fileName);
-    Take({}, isNew ? fileName : std::string());
+    // What is open stays when another one is damaged.
+    if (isNew || dictionary_.Languages.Empty()) Take({}, isNew ? fileName : std::string());
     if (isNew) return Tell(Format("%s is not there yet: \"Save\" makes it", fileName));
     context_.Dialogs().MessageDlg(problem, TMsgDlgType::mtError, {mrOk});
 }
@@ -290,7 +293,6 @@ void TfrmDictionary::acNew() {
 }
 
 void TfrmDictionary::acOpen() {
-    if (!MayLose()) return;
     auto dialog = FileDialog<TOpenDialog>(FileName);
     dialog.FileMustExist = true;
     if (context_.Dialogs().ShowModal(dialog) == mrOk) Open(dialog.Files.front());

@@ -278,11 +278,19 @@ TEST_F(TDictionaryWindow, SaysWhatIsWrongWithAFileAndWritesNothing) {
             dialog.Close(mrOk);
         });
         window.acSaveAs();
+        window.memTextChange("Ab");
+        User.OnWindow<TOpenDialog>("", [](TOpenDialog& dialog) {
+            dialog.Files = {"/p/d.dix"};
+            dialog.Close(mrOk);
+        });
         User.OnMessage(
             "/p/d.dix:1: no valid XML: No document element found. Choose a dictionary, or repair "
             "the file");
-        window.Open("/p/d.dix");
-        EXPECT_EQ(window.FileName, "");
+        window.acOpen();
+        EXPECT_EQ(window.FileName, "/p/other.dix");
+        EXPECT_EQ(window.memText, "Ab");
+        EXPECT_TRUE(window.IsModified()) << "what is open stays";
+        window.acUndo();
         window.btCloseClick();
     });
     EXPECT_EQ(Files.Files["/p/d.dix"], "changed");
