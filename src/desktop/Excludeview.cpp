@@ -53,6 +53,7 @@ TExcludeView::TExcludeView(TfrmExclude& form, const TViewServices& services)
         services_.Runner.Run([&] { form_.ComponentClick(path); });
     };
     ui_->effectIcon->setPixmap(PictureOf("advice").pixmap(kWarningSize));
+    binder_.Label(ui_->lblShown, form.lblShown);
     binder_.Label(ui_->lblEffect, form.lblEffect);
     const auto help = [&form, &services] { services.ShowHelp(form.Name); };
     binder_.Click(ui_->btHelp, help);
@@ -147,6 +148,7 @@ void TExcludeView::Refresh() {
     const TExclusionForm& current = form_.Forms()[static_cast<std::size_t>(form_.CurrentForm())];
     ui_->lblEntries->setText("&Entries of " + ToQt(current.FormName) + ":");
     ui_->btnRemoveEntry->setEnabled(form_.HasEntry());
+    ui_->lblShown->setVisible(!form_.lblShown.empty());
     ui_->effectIcon->setVisible(form_.EffectWarns);
     ui_->formPane->setVisible(form_.ckbFormView);
     ShowPicture();

@@ -151,6 +151,21 @@ void TfrmExclude::ShowEffect() {
                            lblEffect.empty() ? "no text is concerned" : lblEffect);
 }
 
+void TfrmExclude::ShowTree() {
+    tree_.SetFilter(edSearch, ckbOnlyExcluded);
+    lblShown.clear();
+    if (LeftOut > 0)
+        lblShown = Format(LeftOut == 1 ? "%d chosen form has no localization component and is left out."
+                                       : "%d chosen forms have no localization component and are left out.",
+                          LeftOut);
+    if (!tree_.Roots().empty()) return;
+    if (!lblShown.empty()) lblShown += " ";
+    if (!edSearch.empty())
+        lblShown += Format("Nothing%s has this in its name or text.", ckbOnlyExcluded ? " excluded" : "");
+    else if (ckbOnlyExcluded)
+        lblShown += "Nothing is excluded; all is shown without \"Show only excluded\".";
+}
+
 /// Each says what it would take.
 void TfrmExclude::NameActions() {
     const TExclusionNode& node = tree_.Node(Current);
@@ -267,7 +282,7 @@ void TfrmExclude::TellOfNoUse(const TExclusionChange& change) {
     if (isUsed) return;
     const std::string& current = forms_[static_cast<std::size_t>(CurrentForm())].FormName;
     host_.Dialogs->MessageDlg(
-        Format("%s matches nothing in any form; only %s has it now.", change.Entry, current),
+        Format("\"%s\" matches nothing in any form; only %s has it now.", change.Entry, current),
         TMsgDlgType::mtInformation, {mrOk});
 }
 
@@ -297,7 +312,7 @@ void TfrmExclude::FormShow() {
     const std::string widths = stored->ReadString(kExclusionEditorKey, "ColumnWidths").value_or("");
     for (const std::string& width : TStringList::FromCommaText(widths))
         ColumnWidths.push_back(std::max(std::atoi(width.c_str()), 0));
-    tree_.SetFilter(edSearch, ckbOnlyExcluded);
+    ShowTree();
     Show();
 }
 
@@ -316,13 +331,13 @@ void TfrmExclude::FormClose() {
 
 void TfrmExclude::edSearchChange(const std::string& text) {
     edSearch = text;
-    tree_.SetFilter(edSearch, ckbOnlyExcluded);
+    ShowTree();
     Changed();
 }
 
 void TfrmExclude::ckbOnlyExcludedClick(bool only) {
     ckbOnlyExcluded = only;
-    tree_.SetFilter(edSearch, ckbOnlyExcluded);
+    ShowTree();
     Changed();
 }
 

@@ -49,6 +49,8 @@ class TfrmExclude : public TForm {
     };
     std::vector<TSmartBox> SmartBoxes;
     TListOf<TExclusionEntryRow> lvEntries;  ///< of the current form
+    std::string lblShown;                   ///< what the tree does not show, "" where it shows all
+    int LeftOut = 0;                        ///< chosen forms without a component
     std::string lblEffect;
     bool EffectWarns = false;  ///< translations would be dropped
     TActions Actions;          ///< on the tree
@@ -116,6 +118,7 @@ class TfrmExclude : public TForm {
     void ShowSmartBoxes();
     void ShowEntries();
     void ShowEffect();
+    void ShowTree();
     void NameActions();
 
     const THost& host_;

@@ -43,13 +43,17 @@ class TFormsToExclude {
                 rows.size() < 2 || context.Dialogs().ShowProgress("Reading forms...", static_cast<int>(i),
                                                                   static_cast<int>(rows.size()));
             if (!goesOn) throw EmlLangSilent();
-            if (rows[i]->HasComponent()) Read(*rows[i]);
+            if (rows[i]->HasComponent())
+                Read(*rows[i]);
+            else
+                ++LeftOut;
         }
     }
 
     std::vector<TExclusionForm> Forms;
     std::vector<TFormRow*> Rows;  ///< of the forms
     std::string Failed;           ///< names with their reasons, one a line
+    int LeftOut = 0;              ///< rows without a component
 
   private:
     void Read(TFormRow& row) {
@@ -149,6 +153,7 @@ void Exclude1Click(TContext& context) {
                                use(editor.GetRootComponent(), editor.GetFileName());
                            });
                        });
+    window.LeftOut = read.LeftOut;
     if (context.Dialogs().ShowModal(window) == mrOk) WriteExclusionLists(context, window, read.Rows);
 }
 

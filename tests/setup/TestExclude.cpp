@@ -129,7 +129,7 @@ TEST_F(TExcludeTest, AllFormsAtOnceAndEachBack) {
         window.acTranslate();
         EXPECT_EQ(window.Lists(0)[kProperties].CommaText(), "Label1.Caption") << "what else was meant";
         User.OnInput("Entry (!Component, TClass, .Property, TClass.Property, Path):", "!Nobody");
-        User.OnMessage("!Nobody matches nothing in any form; only Form1 has it now.");
+        User.OnMessage("\"!Nobody\" matches nothing in any form; only Form1 has it now.");
         window.btnAddEntryClick();
         EXPECT_EQ(window.Lists(0)[kProperties].CommaText(), "Label1.Caption,!Nobody");
         EXPECT_EQ(window.Lists(1)[kProperties].IndexOf("!Nobody"), -1);
@@ -161,6 +161,23 @@ TEST_F(TExcludeTest, SearchAndViewStateAreKept) {
         EXPECT_EQ(Shown(window), "~Form2(~TLabel(~Label1(-Hint)))");
         EXPECT_FALSE(window.ckbFormView);
         EXPECT_EQ(window.ColumnWidths, (std::vector{200, 100, 50}));
+        window.btCancelClick();
+    });
+}
+
+TEST_F(TExcludeTest, WhatTheTreeDoesNotShowIsSaid) {
+    PutForm(2, "");
+    const std::string left = "1 chosen form has no localization component and is left out.";
+    const std::string none = left + " Nothing is excluded; all is shown without \"Show only excluded\".";
+    Run([&](TfrmExclude& window) {
+        EXPECT_EQ(window.lblShown, left);
+        window.ckbOnlyExcludedClick(true);
+        window.btCancelClick();
+    });
+    Run([&](TfrmExclude& window) {
+        EXPECT_EQ(window.lblShown, none) << "the switch is remembered";
+        window.edSearchChange("Label1");
+        EXPECT_EQ(window.lblShown, left + " Nothing excluded has this in its name or text.");
         window.btCancelClick();
     });
 }
