@@ -158,7 +158,10 @@ class TCheckRun {
         line.Text("use", bad.Use.Word());
         text("reason", bad.Use.Reason());
         text("useFile", bad.Use.FileName);
-        line.Number("useLine", bad.Use.Line);
+        if (bad.Use.FileName.empty())
+            line.Null("useLine");
+        else
+            line.Number("useLine", bad.Use.Line);
         if (isDeleted) line.Text("result", "deleted");
     }
 

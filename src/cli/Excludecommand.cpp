@@ -139,10 +139,10 @@ class TExcludeRun {
         if (isThere) return;
         if (!change.Adds)
             throw EBadInput(options_.Project, 0,
-                            Format("no form has %s in %s", change.Entry, PropertyOf(change.List)),
+                            Format("no form has \"%s\" in %s", change.Entry, PropertyOf(change.List)),
                             "\"tmllang exclude\" without --add and --remove lists the entries");
         if (options_.Forms.empty() && change.List != TExclusionList::SmartExcludeProps)
-            throw EBadInput(options_.Project, 0, Format("%s matches nothing in any form", change.Entry),
+            throw EBadInput(options_.Project, 0, Format("\"%s\" matches nothing in any form", change.Entry),
                             UseElsewhere(change));
     }
 

@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Format.h"
+#include "base/Utf8.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
 #include "cli/Scantargets.h"
@@ -37,6 +38,10 @@ void PrintRenamed(const TProgram& program, const TIDRename& rename, const TIDRen
             .Texts("forms", renamed.Forms)
             .Texts("units", renamed.Units)
             .Texts("left", renamed.Left);
+        return;
+    }
+    if (renamed.Forms.empty()) {
+        std::cout << rename.FormName << ": the ID is '" << rename.NewID << "' already: nothing changes\n";
         return;
     }
     std::cout << rename.FormName << ": '" << rename.OldID << "' is '" << rename.NewID << "' now, in "
@@ -71,9 +76,12 @@ struct TTypeOptions : TFormOptions {
     std::string ClassName;
 };
 
-void ExpectClass(TSession& session, const std::string& className) {
+/// The class as it is declared: letter case counts in no name of Pascal.
+std::string DeclaredClass(TSession& session, const std::string& className) {
     const auto& names = session.Context().Host.Runtime->NamesArray();
-    if (std::find(names.begin(), names.end(), className) != names.end()) return;
+    const auto found = std::find_if(names.begin(), names.end(),
+                                    [&](const std::string& name) { return SameText(name, className); });
+    if (found != names.end()) return *found;
     std::string known;
     for (const std::string& name : names)
         known += (known.empty() ? "" : ", ") + name;
@@ -99,15 +107,15 @@ bool HasTypeOfItsOwn(TSession& session, const TTypeOptions& options, const TForm
 
 int RunChangeType(TProgram& program, const TTypeOptions& options) {
     TSession session(program, options.Project);
-    ExpectClass(session, options.ClassName);
+    const std::string className = DeclaredClass(session, options.ClassName);
     std::vector<std::pair<const TFormRow*, std::string>> formers;
     session.Run([&](TContext& context, TSubjects&) {
         const auto scope = session.Modules().BeginCommand("Change TmlLang Type");
         session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
             if (!HasTypeOfItsOwn(session, options, row)) return;
             const std::string former = row.Component.ClassName;
-            ChangeTmlLangType(context, {&row}, options.ClassName);
-            if (row.Component.ClassName == options.ClassName) formers.emplace_back(&row, former);
+            ChangeTmlLangType(context, {&row}, className);
+            if (row.Component.ClassName == className) formers.emplace_back(&row, former);
         });
         scope->Commit();
     });

@@ -32,6 +32,7 @@ class TRename {
 
     TIDRenamed Run() {
         const TFormRow& form = CheckedForm();
+        if (isNamedSo_) return {};
         ExpectDecided();
         const auto scope = BeginCommand(context_, kRenameTitle);
         RenameInForms(form);
@@ -75,6 +76,7 @@ class TRename {
     const TIDUses* uses_ = nullptr;
     TIDRenamed renamed_;
     bool staysOpen_ = false;
+    bool isNamedSo_ = false;  ///< the string has the new ID already, to the letter
     /// The uses in each unit or its form, by upper-cased path without extension.
     std::map<std::string, std::vector<std::string>> places_;
 };
@@ -103,6 +105,7 @@ void TRename::ExpectFree(const TFormRow& form) {
             form.FileName, 0,
             Format("%s.%s has a string '%s' already", form.FormName, lang->GetName(), rename_.NewID),
             "Choose another ID");
+    isNamedSo_ = strings.Entries()[static_cast<std::size_t>(index)].Key == rename_.NewID;
     if (const auto inherited = lang->GetInherited();
         inherited != nullptr && inherited->GetTable(TStringsType::stStrings).Find(rename_.OldID) >= 0)
         throw EBadInput(form.FileName, 0,

@@ -19,7 +19,8 @@ struct TIDRename {
 /// What a rename has done.
 struct TIDRenamed {
     int Calls = 0;
-    std::vector<std::string> Forms;  ///< whose component has the ID; descendants are among them
+    /// Whose component has the ID; descendants are among them. None where it is called so already.
+    std::vector<std::string> Forms;
     std::vector<std::string> Units;  ///< whose text has changed
     std::vector<std::string> Left;   ///< uses that were left, as "Unit2.pas:17"
 };

@@ -15,7 +15,7 @@
 namespace tml {
 namespace {
 
-constexpr const char* kNoDictionary = "The settings of the project name no dictionary";
+constexpr const char* kNoDictionary = "The project has no dictionary yet: \"Project Settings...\" sets one";
 
 constexpr std::size_t kShownFills = 8;
 constexpr int kShownCharacters = 40;

@@ -86,7 +86,7 @@ TEST_F(TTransDictionary, SaysWhyItCannot) {
     Edit([this](TfrmTransEditor& editor) {
         editor.SetCurrent(0, 2);
         editor.acFillFromDictionary();
-        EXPECT_EQ(editor.Notice, "The settings of the project name no dictionary");
+        EXPECT_EQ(editor.Notice, "The project has no dictionary yet: \"Project Settings...\" sets one");
         for (const char* file : {"none.dix", "Demo.dpr", "old.dic"}) {
             Runtime->mlLangProjectSettings->SetOptionValue("DefaultDictionary", std::string(file));
             EXPECT_THROW(editor.acFillFromDictionary(), EBadInput) << file;
