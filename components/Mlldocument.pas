@@ -315,8 +315,13 @@ var
   Content: string;
   Section: TmlSection;
 begin
-  if not IsValidUtf8(Line) then Refuse(Number, 'the line is no UTF-8', 'Save the file as UTF-8');
+  if IsEnded(Line) and not IsValidUtf8(Line) then
+    Refuse(Number, 'the line is no UTF-8', 'Save the file as UTF-8');
   Content := WithoutBlanks(Line);
+  if (FLast = nil) and IsEntry(Line) and (Content[1] <> '[') then
+    Refuse(Number, 'expected a section in brackets', 'Choose a translation file (.mll)');
+  if not IsEnded(Line) then
+    Refuse(Number, 'the file ends within this line: it may have been cut off', 'Fetch the file anew, or end the line');
   if (Content <> '') and (Content[1] = '[') then
   begin
     if Content[Length(Content)] <> ']' then
@@ -333,10 +338,7 @@ begin
   else if FLast <> nil then
     FLast.Add(Line)
   else
-  begin
-    if IsEntry(Line) then Refuse(Number, 'expected a section in brackets', 'Choose a translation file (.mll)');
     FPreamble := FPreamble + Line;
-  end;
 end;
 
 function TmllDocument.Find(const Name: string): TmlSection;

@@ -346,10 +346,16 @@ begin
 end;
 
 function TmllFile.ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
+const
+  Texts: array[Boolean] of string = ('texts', 'text');
+  Are: array[Boolean] of string = ('are', 'is');
 begin
   Result := Fields(Line);
+  if Result.Fields = nil then
+    Refuse(Line.Number, Result.Key + ' has no "=" behind it', 'Put it between the key and its texts');
   if Length(Result.Fields) <> Count then
-    Refuse(Line.Number, Format('%s has %d texts where %d are expected', [Result.Key, Length(Result.Fields), Count]),
+    Refuse(Line.Number, Format('%s has %d %s where %d %s expected',
+      [Result.Key, Length(Result.Fields), Texts[Length(Result.Fields) = 1], Count, Are[Count = 1]]),
       'Put the delimiter ' + FFields.Delimiter + ' between them');
 end;
 

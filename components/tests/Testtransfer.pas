@@ -213,13 +213,15 @@ var
   Name: string;
   Stream: TFileStream;
 begin
-  ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One~Eins'),
-    ':10: One.Caption has 1 texts where 2 are expected. Put the delimiter | between them');
-  ExpectRefused(FileOf(Head + '1,4'), ':8: the file names no language 4. ' +
+  ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One~Eins'#10),
+    ':10: One.Caption has 1 text where 2 are expected. Put the delimiter | between them');
+  ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Ei'),
+    ':10: the file ends within this line: it may have been cut off. Fetch the file anew, or end the line');
+  ExpectRefused(FileOf(Head + '1,4'#10), ':8: the file names no language 4. ' +
     'Add it to the section "Language names - for internal use only!"');
   ExpectRefused(FileOf('object Form: TForm'), ':1: expected a section in brackets. Choose a translation file (.mll)');
   ExpectRefused(FileOf(''), ': the file is empty. Choose a translation file');
-  ExpectRefused(FileOf(Head + '2,1'), ': the base language of Form is another one there. Give both the same base language');
+  ExpectRefused(FileOf(Head + '2,1'#10), ': the base language of Form is another one there. Give both the same base language');
   ExpectRefused(InWork('gone.mll'), ': there is no such file. Choose a translation file');
   Name := InWork('huge.mlb');
   Stream := TFileStream.Create(Name, fmCreate);

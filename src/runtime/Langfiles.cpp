@@ -84,6 +84,8 @@ class TLangFiles::TSession : public ITranslationFiles {
     TOpenFile& OpenPresent(const std::string& fileName) {
         TOpenFile& open = OpenFile(fileName, {});
         if (!open.Read) throw EFileError(fileName, 0, "there is no such file", "Choose a translation file");
+        if (open.Read->empty())
+            throw EBadInput(fileName, 0, "the file is empty", "Choose a translation file");
         return open;
     }
 

@@ -193,7 +193,7 @@ std::string BytesOf(const std::vector<TFileExtended>& extended) {
 
 TMlbFile::TMlbFile(std::string_view bytes, const std::string& fileName) : fileName_(fileName) {
     if (bytes.empty()) return;
-    if (!bytes.starts_with(kMagic) || bytes.size() < kHeaderSize)
+    if (!IsBegunBy(bytes) || bytes.size() < kHeaderSize)
         throw EBadInput(fileName_, 0, "the file is no binary translation file",
                         "Choose a file that was saved with the extension .mlb");
     TReader header(bytes.substr(kMagic.size(), kHeaderSize - kMagic.size()));
@@ -210,6 +210,10 @@ TMlbFile::TMlbFile(std::string_view bytes, const std::string& fileName) : fileNa
     } catch (const TDamaged&) {
         Refuse("the file names more than it holds");
     }
+}
+
+bool TMlbFile::IsBegunBy(std::string_view bytes) {
+    return bytes.starts_with(kMagic);
 }
 
 void TMlbFile::Refuse(const std::string& problem) const {

@@ -13,6 +13,8 @@ class TMlbFile : public ITranslationFile {
   public:
     /// See OpenTranslationFile.
     TMlbFile(std::string_view bytes, const std::string& fileName);
+    /// True for bytes with the mark of this kind in front.
+    static bool IsBegunBy(std::string_view bytes);
 
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override { return languages_; }

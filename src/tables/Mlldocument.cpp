@@ -45,9 +45,8 @@ std::string_view TakeLine(std::string_view& lines) {
     return std::exchange(lines, lines.substr(size)).substr(0, size);
 }
 
-/// True when the lines hold these entries and no others, in this order, and each has its end.
+/// True when the lines hold these entries and no others, in this order.
 bool HoldEntries(std::string_view lines, std::string_view entries) {
-    if (!lines.empty() && !lines.ends_with('\n')) return false;
     // What nobody has edited stands there as it is written.
     if (lines.starts_with(entries)) {
         lines.remove_prefix(entries.size());
@@ -119,9 +118,13 @@ void TMllDocument::Refuse(int line, const char* problem, const char* remedy) con
 }
 
 void TMllDocument::ReadLine(std::string_view line, int number) {
-    if (!IsValidUtf8(line)) Refuse(number, "the line is no UTF-8", "Save the file as UTF-8");
+    const bool isWhole = line.ends_with('\n');
+    if (isWhole && !IsValidUtf8(line)) Refuse(number, "the line is no UTF-8", "Save the file as UTF-8");
     if (sections_.empty() && IsEntry(line) && !WithoutBlanks(line).starts_with('['))
         Refuse(number, "expected a section in brackets", "Choose a translation file (.mll)");
+    if (!isWhole)
+        Refuse(number, "the file ends within this line: it may have been cut off",
+               "Fetch the file anew, or end the line");
 }
 
 void TMllDocument::Begin(std::string_view heading, int number) {
@@ -153,10 +156,7 @@ std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& sect
 void TMllDocument::Put(std::string_view name, std::string_view entries, std::string_view behind) {
     const auto found = index_.find(UpperCase(name));
     const bool isThere = found != index_.end();
-    if (isThere ? !entries.empty() && found->second->Heading.ends_with('\n') &&
-                      HoldEntries(found->second->Lines, entries)
-                : entries.empty())
-        return;
+    if (isThere ? !entries.empty() && HoldEntries(found->second->Lines, entries) : entries.empty()) return;
     isChanged_ = true;
     if (entries.empty())
         Remove(found->second);
@@ -169,8 +169,7 @@ TMllDocument::TPlace TMllDocument::Insert(std::string_view name, std::string_vie
     const TPlace next = previous == index_.end() ? sections_.end() : std::next(previous->second);
     if (next != sections_.begin()) {
         TSection& above = *std::prev(next);
-        std::string& lines = above.Lines.empty() ? above.Heading : above.Lines;
-        if (!lines.ends_with('\n')) lines += lineEnd_;
+        const std::string& lines = above.Lines.empty() ? above.Heading : above.Lines;
         const std::size_t last = lines.rfind('\n', lines.size() - 2) + 1;
         if (!WithoutBlanks(std::string_view(lines).substr(last)).empty()) above.Lines += lineEnd_;
     }
@@ -188,7 +187,6 @@ void TMllDocument::Remove(TPlace section) {
 }
 
 void TMllDocument::Replace(TSection& section, std::string_view entries) const {
-    if (!section.Heading.ends_with('\n')) section.Heading += lineEnd_;
     const std::string old = std::exchange(section.Lines, {});
     TBlocks blocks = BlocksOf(old);
     section.Lines.reserve(old.size() + entries.size());
@@ -196,7 +194,7 @@ void TMllDocument::Replace(TSection& section, std::string_view entries) const {
         const std::string_view entry = ContentOf(TakeLine(entries));
         const std::optional<TBlock> block = TakeBlock(blocks, entry);
         if (block) section.Lines += block->Comments;
-        if (block && ContentOf(block->Line) == entry && block->Line.ends_with('\n'))
+        if (block && ContentOf(block->Line) == entry)
             section.Lines += block->Line;
         else
             (section.Lines += entry) += lineEnd_;

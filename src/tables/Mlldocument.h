@@ -23,8 +23,8 @@ class TMllDocument {
         int Number;                ///< 1-based
     };
 
-    /// EBadInput, with the line, for bytes that are no UTF-8, a broken heading, a section that stands twice
-    /// and text before the first section.
+    /// EBadInput, with the line, for bytes that are no UTF-8, a broken heading, a section that stands twice,
+    /// text before the first section and a last line without its end.
     TMllDocument(std::string_view bytes, std::string fileName);
 
     const std::list<TSection>& Sections() const { return sections_; }

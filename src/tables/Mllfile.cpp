@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/Counted.h"
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 
 namespace tml {
@@ -205,10 +207,13 @@ TFileEntry TMllFile::Fields(TEntryLine line) const {
 
 TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
     TFileEntry entry = Fields(line);
-    if (static_cast<int>(entry.Fields.size()) != fields)
+    if (entry.Fields.empty())
+        Refuse(line.Number, entry.Key + " has no \"=\" behind it", "Put it between the key and its texts");
+    const auto count = static_cast<int>(entry.Fields.size());
+    if (count != fields)
         Refuse(line.Number,
-               entry.Key + " has " + std::to_string(entry.Fields.size()) + " texts where " +
-                   std::to_string(fields) + " are expected",
+               Format("%s has %s where %s expected", entry.Key, Counted(count, "text", "texts"),
+                      Counted(fields, "is", "are")),
                "Put the delimiter " + delimiter_ + " between them");
     return entry;
 }

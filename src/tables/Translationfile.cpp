@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Errors.h"
 #include "base/Utf8.h"
 #include "tables/Mlbfile.h"
 #include "tables/Mllfile.h"
@@ -42,6 +43,8 @@ bool IsBinaryTranslation(std::string_view fileName) {
 std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string_view bytes, const std::string& fileName,
                                                       const std::string& delimiter) {
     if (IsBinaryTranslation(fileName)) return std::make_unique<TMlbFile>(bytes, fileName);
+    if (TMlbFile::IsBegunBy(bytes))
+        throw EBadInput(fileName, 0, "this is a binary translation file", "Give it the extension .mlb");
     return std::make_unique<TMllFile>(bytes, fileName, delimiter);
 }
 

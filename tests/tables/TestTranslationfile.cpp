@@ -64,7 +64,7 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
         "; ours\r\n[Options]\r\nVersion=1\r\nDelimiter=|\r\nTool=x\r\n\r\n"
         "[Language names - for internal use only!]\r\nen=English\r\nde=German\r\n\r\n"
         "[P/F]\r\nLanguages=en,de\r\nNote=kept\r\n\r\n"
-        "[P/F/Captions]\r\n; first\r\na=1|2\r\n\r\nb=3|4\r\n; end\r\n\r\n[Unknown]\r\nx=y";
+        "[P/F/Captions]\r\n; first\r\na=1|2\r\n\r\nb=3|4\r\n; end\r\n\r\n[Unknown]\r\nx=y\r\n";
     const auto file = OpenTranslationFile(text, "f.mll");
     TFormSection form = file->Read({"P", "F"}).value();
     file->Put(form);
@@ -140,7 +140,11 @@ TEST(Translationfile, WhatIsDamagedOrForeignIsRefusedWithItsPlace) {
         {head + "[p/f]\n", "f.mll:7: the section stands in the file already"},
         {head, "f.mll:6: the form names no languages"},
         {head + "Languages=1,3\n", "f.mll:7: the file names no language 3"},
-        {head + "Languages=1,2\n[P/F/Captions]\n\na=x~y\n", "f.mll:10: a has 1 texts where 2 are expected"},
+        {head + "Languages=1,2\n[P/F/Captions]\n\na=x~y\n", "f.mll:10: a has 1 text where 2 are expected"},
+        {head + "Languages=1,2\n[P/F/Captions]\na\n", "f.mll:9: a has no \"=\" behind it. Put it between"},
+        {head + "Languages=1,2\n[P/F/Captions]\na=x|y", "f.mll:9: the file ends within this line"},
+        {head + "Languages=1,2\n[P/F/Capt", "f.mll:8: the file ends within this line"},
+        {std::string("TMLB\1", 5), "f.mll: this is a binary translation file. Give it the extension .mlb"},
         {head + "Languages=1,2\n[P/F/States]\nCaptions:3:a=same\n", "f.mll:9: this is no state"},
         {head + "Languages=1,2\n[P/F/Captions]\na=\xFF|\n", "f.mll:9: the line is no UTF-8"},
     };

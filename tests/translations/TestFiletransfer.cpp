@@ -192,7 +192,7 @@ TEST_F(TFiletransfer, WhatCannotBeUsedLeavesFormAndFileAsTheyWere) {
         {"/p/b.mll", head + "2=German\n[Demo/Form2]\nLanguages=2,1\n",
          "/p/b.mll: the base language of Form2 is German there and English in the form"},
         {"/p/c.mll", head + "[Demo/Form2]\nLanguages=1\n[Demo/Form2/Strings]\nIDS_0=a~b\nX=|\n",
-         "/p/c.mll:9: X has 2 texts where 1 are expected"},
+         "/p/c.mll:9: X has 2 texts where 1 is expected"},
         {"/p/none.mll", "", "/p/none.mll: there is no such file"},
     };
     const auto before = Files.Files["/p/Unit2.dfm"];
