@@ -8,6 +8,7 @@
 #include "base/Utf8.h"
 #include "ide/Designlanguages.h"
 #include "ide/Valuetexts.h"
+#include "layout/Modulecomponents.h"
 #include "runtime/Componentprops.h"
 #include "tables/Componentclasses.h"
 #include "windows/Stringlisteditor.h"
@@ -69,6 +70,31 @@ std::string Joined(const TStringList& lines, const std::string& lineBreak, bool 
 
 bool EndsWithBreak(const std::string& text) {
     return text.ends_with('\n') || text.ends_with('\r');
+}
+
+bool HoldsControls(IOTAComponent& root) {
+    for (int i = 0; i < root.GetComponentCount(); ++i)
+        if (ComponentInheritsFrom(root.GetComponent(i)->GetComponentType(), "TControl")) return true;
+    return false;
+}
+
+bool HoldsWindow(IOTAComponent& root) {
+    const auto held = root.GetProperties();
+    return HoldsControls(root) || std::any_of(held.begin(), held.end(), [](const TFormProperty& property) {
+               return IsOfWindows(property.Name);
+           });
+}
+
+/// A form's class is known by what it and its ancestors hold only.
+std::string OfferedClassOf(IOTAComponent& component) {
+    if (component.GetOwner() != nullptr) return component.GetComponentType();
+    if (HoldsWindow(component)) return "TCustomForm";
+    auto ancestor = component.GetAncestor();
+    for (int depth = 0; ancestor != nullptr && depth < kDeepest; ++depth) {
+        if (HoldsWindow(*ancestor)) return "TCustomForm";
+        ancestor = ancestor->GetAncestor();
+    }
+    return "TDataModule";
 }
 
 }  // namespace
@@ -135,8 +161,7 @@ std::string TInspector::Title() const {
 
 std::vector<TInspectedProperty> TInspector::RowsOf(const std::shared_ptr<IOTAComponent>& component) const {
     TCollected collected;
-    const bool isForm = component->GetOwner() == nullptr;
-    AddOffered(collected, isForm ? "TCustomForm" : component->GetComponentType());
+    AddOffered(collected, OfferedClassOf(*component));
     auto holder = component;
     for (int depth = 0; holder != nullptr && depth < kDeepest; holder = holder->GetAncestor(), ++depth) {
         collected.IsInherited = depth > 0;

@@ -54,11 +54,15 @@ bool HasSize(const TLayoutNode& node) {
     return node.Find("Width") != nullptr || node.Find("Height") != nullptr;
 }
 
+/// What only a frame stores at the root: its place on the designer, in the older library its tab order.
+bool HasPlaceOfFrame(const TLayoutNode& root) {
+    return root.Find("DesignLeft") != nullptr || root.Find("TabOrder") != nullptr;
+}
+
 /// nullptr for a component that is no control.
 const TLayoutClass* ClassOf(const TLayoutNode& node, bool isRoot) {
     if (const TLayoutClass* const row = FindLayoutClass(node.ClassName)) return row;
-    if (node.IsFrame || (isRoot && node.Find("DesignLeft") != nullptr))
-        return &LayoutClassOf(TLayoutKind::Frame);
+    if (node.IsFrame || (isRoot && HasPlaceOfFrame(node))) return &LayoutClassOf(TLayoutKind::Frame);
     if (isRoot) return &LayoutClassOf(TLayoutKind::Form);
     return HasSize(node) ? &LayoutClassOf(TLayoutKind::Box) : nullptr;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "layout/Boxproperties.h"
 #include "layout/Boxwishes.h"
 
@@ -47,14 +48,19 @@ void AddBox(TLayoutBoxes& boxes, TLayoutBox box) {
 
 }  // namespace
 
+bool IsOfWindows(std::string_view property) {
+    constexpr std::string_view kOfWindows[] = {"Caption", "ClientWidth", "ClientHeight",
+                                               "Color",   "BorderStyle", "TabOrder"};
+    return std::any_of(std::begin(kOfWindows), std::end(kOfWindows),
+                       [&](std::string_view name) { return SameText(name, property); });
+}
+
 bool IsDataModule(const TLayoutBoxes& boxes) {
     const TLayoutNode& form = *boxes.All.front().Node;
     if (boxes.All.size() > 1 || form.Children.empty()) return false;
     if (boxes.All.front().Kind() != TLayoutKind::Form) return false;
-    constexpr const char* kOfWindows[] = {"Caption", "ClientWidth", "ClientHeight",
-                                          "Color",   "BorderStyle", "TabOrder"};
-    return std::none_of(std::begin(kOfWindows), std::end(kOfWindows),
-                        [&](const char* property) { return form.Find(property) != nullptr; });
+    return std::none_of(form.Properties.begin(), form.Properties.end(),
+                        [](const auto& property) { return IsOfWindows(property.Name); });
 }
 
 void AddModuleComponents(TLayoutBoxes& boxes) {

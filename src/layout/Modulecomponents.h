@@ -1,8 +1,13 @@
 #pragma once
 
+#include <string_view>
+
 #include "layout/Layoutbox.h"
 
 namespace tml {
+
+/// True for what form files hold of forms and frames, and of no data module.
+bool IsOfWindows(std::string_view property);
 
 /// A data module has no controls, and nothing that only a window has; boxes are what was read of it.
 bool IsDataModule(const TLayoutBoxes& boxes);

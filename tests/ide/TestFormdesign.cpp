@@ -82,9 +82,13 @@ struct TFormDesignTest : testing::Test, TExpertFixture {
         Design.Follow(Module->GetFormEditor());
         return refusal;
     }
-    const TInspectedProperty& Row(const std::string& property) {
+    const TInspectedProperty* FindRow(const std::string& property) {
         for (const TInspectedProperty& row : Design.Inspector().Rows())
-            if (row.Name == property) return row;
+            if (row.Name == property) return &row;
+        return nullptr;
+    }
+    const TInspectedProperty& Row(const std::string& property) {
+        if (const TInspectedProperty* row = FindRow(property)) return *row;
         throw std::runtime_error("no row " + property);
     }
     std::string Value(const std::string& path, const std::string& property) {
@@ -389,6 +393,20 @@ TEST_F(TFormDesignTest, MenusHoldTheVerbsInTheirOrder) {
     EXPECT_EQ(Value("mlLang1", "ExcludedProperties"), "(1 line)");
     EXPECT_EQ(Ide.Undo(), "Exclude from translation");
     EXPECT_FALSE(Module->GetModified());
+}
+
+TEST_F(TFormDesignTest, ADataModuleIsOfferedNothingOfControls) {
+    Put("/p/Unit2.dfm",
+        "object Form2: TForm2\n  Height = 150\n  Width = 215\n  object disp: TmlLangDispatcher\n  "
+        "end\nend\n");
+    Show("/p/Unit1.pas");
+    Select({""});
+    EXPECT_NE(FindRow("ShowHint"), nullptr) << "it has a caption";
+    Show();
+    Select({""});
+    for (const char* const property : {"Enabled", "Hint", "ShowHint", "Visible"})
+        EXPECT_EQ(FindRow(property), nullptr) << property;
+    EXPECT_NE(FindRow("Height"), nullptr);
 }
 
 }  // namespace

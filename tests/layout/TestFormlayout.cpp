@@ -198,6 +198,8 @@ TEST(FormLayoutLooks, TheOlderLibraryHasItsOwnMeasures) {
     const TLaidOut framed("object F: TF Width = 216 Height = 139 PixelsPerInch = 192 end",
                           {TLayoutLook::Vcl});
     EXPECT_EQ(framed.Layout.Items[0].Place, (TLayoutRect{0, 0, 100, 50}));
+    const TLaidOut frame("object F: TF Width = 161 Height = 120 TabOrder = 0 end", {TLayoutLook::Vcl});
+    EXPECT_EQ(frame.Layout.Items[0].Place, (TLayoutRect{0, 0, 161, 120})) << "a frame has no window";
 }
 
 TEST(FormLayoutDrawing, ItemsSayWhatIsSeenAndHow) {
