@@ -14,6 +14,7 @@
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "translations/Filedelimiter.h"
+#include "translations/Formseries.h"
 #include "translations/Formtrans.h"
 #include "translations/Projmngsaskfilename.h"
 #include "translations/Propexport.h"
@@ -43,9 +44,10 @@ class TTransferRun {
     using TCheckFile = std::function<void(ITranslationFiles&)>;
 
     /// All forms as one step; nothing is written where the file cannot be used.
-    void Run(const char* title, const TCheckFile& check, const TTransferForm& transfer) {
+    void Run(const char* title, TFormUse use, const TCheckFile& check, const TTransferForm& transfer) {
         const std::vector<TFormRow*> rows = Rows();
         if (rows.empty()) return;
+        TFormReports reports;
         const auto scope = session_.Modules().BeginCommand(title);
         const auto files = session_.Context().Host.Runtime->OpenTranslationFiles(project_);
         check(*files);
@@ -53,8 +55,11 @@ class TTransferRun {
             const auto one = session_.Modules().BeginCommand(title);
             const TTransferReport report = transfer(row);
             one->Commit();
-            if (session_.Answers().Errors.empty()) Tell(row, report);
+            if (!session_.Answers().Errors.empty()) return;
+            reports.emplace_back(row.FormName, report);
+            Tell(row, report);
         });
+        if (use == TFormUse::Changes) ExpectOwnFile(reports);
         files->Commit();
         scope->Commit();
         session_.Ide().SaveAll();
@@ -89,6 +94,13 @@ class TTransferRun {
             throw EBadInput("", 0, "no form of the project is translated",
                             "\"tmllang insert\" puts components on them");
         return rows;
+    }
+
+    /// A file of a group need not hold forms of every project.
+    void ExpectOwnFile(const TFormReports& reports) {
+        if (session_.HasSeveralProjects()) return;
+        const std::string problem = ProblemOfForeignFile(session_.Context(), fileName_, reports);
+        if (!problem.empty()) throw EBadInput(fileName_, 0, problem, "Choose a file of this project");
     }
 
     void Tell(const TFormRow& row, const TTransferReport& report) {
@@ -135,7 +147,7 @@ int RunSave(TProgram& program, const TTransferOptions& options) {
     return ForProjects(program, options, [](TTransferRun& run) {
         const std::string delimiter = run.Delimiter();
         run.Run(
-            "Save Translations",
+            "Save Translations", TFormUse::Reads,
             [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
             [&](TFormRow& row) {
                 return SaveFormToFile(run.Context(), row.FormName, run.FileName(), delimiter);
@@ -148,7 +160,7 @@ using TLoadForm = TTransferReport (*)(TContext&, const std::string&, const std::
 int RunLoad(TProgram& program, const TTransferOptions& options, const char* title, TLoadForm load) {
     return ForProjects(program, options, [&](TTransferRun& run) {
         run.Run(
-            title, [&](ITranslationFiles& files) { files.GetLanguages(run.FileName()); },
+            title, TFormUse::Changes, [&](ITranslationFiles& files) { files.GetLanguages(run.FileName()); },
             [&](TFormRow& row) { return load(run.Context(), row.FormName, run.FileName()); });
     });
 }
@@ -173,7 +185,7 @@ int RunExport(TProgram& program, const TTransferOptions& options) {
         ExpectTextKind(run.FileName());
         const std::string delimiter = run.Delimiter();
         run.Run(
-            "Save Properties",
+            "Save Properties", TFormUse::Reads,
             [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
             [&](TFormRow& row) {
                 return SavePropsToFile(run.Context(), row, run.FileName(), delimiter, kinds);
@@ -189,7 +201,7 @@ int RunLoadLanguage(TProgram& program, const TTransferOptions& options) {
                 throw EBadInput(run.FileName(), 0, "the file has no language " + options.Language,
                                 "It has " + languages.CommaText());
         };
-        run.Run("Load Language", check, [&](TFormRow& row) {
+        run.Run("Load Language", TFormUse::Changes, check, [&](TFormRow& row) {
             return LoadFormLanguage(run.Context(), row.FormName, run.FileName(), options.Language);
         });
     });

@@ -44,7 +44,12 @@ class TFolderLocks {
     TFolderLocks(IFileSystem& files, const TFolders& folders) : files_(files) {
         for (const std::string& folder : folders) {
             const std::string path = JoinPath(folder, kLockName);
-            locks_.emplace_back(path, files.Lock(path));
+            try {
+                locks_.emplace_back(path, files.Lock(path));
+            } catch (const EFileError&) {
+                if (files.Stat(folder)) throw;
+                throw EFileError(folder, 0, "there is no such folder", "Make it, or name another one");
+            }
         }
     }
     ~TFolderLocks() {

@@ -108,19 +108,27 @@ std::optional<TTarget> AskForTextTarget(TContext& context, TFilesMemory& memory)
     return TextTarget(context, *file, kOtherDelimiterOfProperties);
 }
 
-/// What was done is told, even where a form has ended the command.
-void Report(TContext& context, TFormUse use, const std::function<void(TFormReports&)>& work) {
+/// What was done is told, even where a form has ended the command. source: the file that is loaded, "" for
+/// what changes no form.
+void Report(TContext& context, const std::string& source, const std::function<void(TFormReports&)>& work) {
     TFormReports reports;
+    std::string problem;
     TAllSteps steps;
-    steps.Try([&] { work(reports); });
-    ShowReports(context.Dialogs(), reports,
-                use == TFormUse::Changes ? UnsavedForms(context, reports) : TStringList());
+    steps.Try([&] {
+        work(reports);
+        if (!source.empty()) problem = ProblemOfForeignFile(context, source, reports);
+    });
+    if (!problem.empty())
+        context.Dialogs().MessageDlg(source + ": " + problem, TMsgDlgType::mtError, {mrOk});
+    else
+        ShowReports(context.Dialogs(), reports,
+                    source.empty() ? TStringList() : UnsavedForms(context, reports));
     steps.Finish();
 }
 
-void TransferSelected(TContext& context, const std::string& title, TFormUse use, const TRows& rows,
-                      const TTransferRow& transfer) {
-    Report(context, use, [&](TFormReports& reports) {
+void TransferSelected(TContext& context, const std::string& title, const std::string& source,
+                      const TRows& rows, const TTransferRow& transfer) {
+    Report(context, source, [&](TFormReports& reports) {
         const auto withComponent = [&](TFormRow& row) {
             if (!row.HasComponent()) context.Dialogs().HideProgress();
             InsertTmlLang(context, row);
@@ -137,7 +145,7 @@ void LoadSelected(TContext& context, TFilesMemory& memory, const std::string& ti
     if (!CheckSelected(context, rows)) return;
     const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
     if (file)
-        TransferSelected(context, title, TFormUse::Changes, rows,
+        TransferSelected(context, title, *file, rows,
                          [&](TFormRow& row) { return load(context, row.FormName, *file); });
 }
 
@@ -145,7 +153,7 @@ void LoadWhole(TContext& context, TFilesMemory& memory, bool merge) {
     if (!CheckProject(context)) return;
     const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
     if (file)
-        Report(context, TFormUse::Changes,
+        Report(context, *file,
                [&](TFormReports& reports) { LoadProjFromFile(context, *file, merge, reports); });
 }
 
@@ -180,7 +188,7 @@ void SaveProperties(TContext& context, TFilesMemory& memory, const TRows& rows) 
     if (PropListDialog(context, kinds) != mrOk) return;
     const auto target = AskForTextTarget(context, memory);
     if (!target) return;
-    Report(context, TFormUse::Reads, [&](TFormReports& reports) {
+    Report(context, {}, [&](TFormReports& reports) {
         const auto save = [&](TFormRow& row) {
             return SavePropsToFile(context, row, target->FileName, target->Delimiter, kinds);
         };
@@ -203,7 +211,7 @@ void SaveSelectedForms(TContext& context, TFilesMemory& memory) {
     if (!CheckSelected(context, rows)) return;
     const auto target = AskForTarget(context, memory);
     if (target)
-        TransferSelected(context, "Save Translations", TFormUse::Reads, rows, [&](TFormRow& row) {
+        TransferSelected(context, "Save Translations", {}, rows, [&](TFormRow& row) {
             return SaveFormToFile(context, row.FormName, target->FileName, target->Delimiter);
         });
 }
@@ -221,7 +229,7 @@ void LoadLanguageForForms(TContext& context, TFilesMemory& memory) {
     if (!CheckSelected(context, rows)) return;
     const auto source = AskForSource(context, memory);
     if (source)
-        TransferSelected(context, "Load Language", TFormUse::Changes, rows, [&](TFormRow& row) {
+        TransferSelected(context, "Load Language", source->FileName, rows, [&](TFormRow& row) {
             return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
         });
 }
@@ -230,7 +238,7 @@ void SaveProject(TContext& context, TFilesMemory& memory) {
     if (!CheckProject(context)) return;
     const auto target = AskForTarget(context, memory);
     if (!target) return;
-    Report(context, TFormUse::Reads, [&](TFormReports& reports) {
+    Report(context, {}, [&](TFormReports& reports) {
         if (IsBinaryTranslation(target->FileName))
             SaveProjectToMLBFile(context, target->FileName, reports);
         else
@@ -253,7 +261,7 @@ void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
     TRows rows;
     for (const auto& row : context.Rows.Active().Items())
         rows.push_back(row.get());
-    Report(context, TFormUse::Changes, [&](TFormReports& reports) {
+    Report(context, source->FileName, [&](TFormReports& reports) {
         const auto load = [&](TFormRow& row) {
             return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
         };

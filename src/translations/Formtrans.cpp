@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "core/Modules.h"
+#include "tables/Translationfile.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -31,6 +33,24 @@ std::vector<TFormRow*> Rows(TContext& context, bool translatedOnly) {
     for (const auto& row : context.Rows.Active().Items())
         if (!translatedOnly || row->HasComponent()) rows.push_back(row.get());
     return rows;
+}
+
+bool HasTransferred(const std::pair<std::string, TTransferReport>& form) {
+    const TTransferReport& report = form.second;
+    return report.Taken > 0 || report.Kept > 0 || !report.Added.Empty() || !report.Dropped.Empty();
+}
+
+/// The first forms of a file, by their projects.
+std::string ContentOf(const ITranslationFile& file) {
+    constexpr int kMost = 5;
+    TStringList forms;
+    for (const TFormAddress& form : file.Forms())
+        forms.Add(form.Project.empty() ? form.Form : form.Project + '/' + form.Form);
+    if (forms.Empty()) return "it holds no form";
+    std::string text = "it is of ";
+    for (int i = 0; i < std::min(forms.Count(), kMost); ++i)
+        text += (i == 0 ? "" : ", ") + forms[i];
+    return forms.Count() > kMost ? text + Format(" and %d more", forms.Count() - kMost) : text;
 }
 
 }  // namespace
@@ -85,6 +105,19 @@ void TransferForms(TContext& context, const std::string& title, const std::vecto
     // Nobody is told of what has been taken back.
     std::move(done.begin(), done.end(), std::back_inserter(reports));
     if (error != nullptr) std::rethrow_exception(error);
+}
+
+std::string ProblemOfForeignFile(TContext& context, const std::string& fileName,
+                                 const TFormReports& reports) {
+    if (reports.empty() || std::any_of(reports.begin(), reports.end(), HasTransferred)) return {};
+    const auto bytes = GetModuleServices(context)->GetFiles().ReadFile(fileName);
+    if (!bytes) return {};
+    const auto file = OpenTranslationFile(*bytes, fileName);
+    const TFormFinder finder(*file);
+    const std::string project = ProjectNameOf(context);
+    for (const auto& [form, report] : reports)
+        if (finder.Find({project, form})) return {};
+    return "the file holds nothing of these forms; " + ContentOf(*file);
 }
 
 TStringList UnsavedForms(TContext& context, const TFormReports& reports) {

@@ -27,6 +27,10 @@ TTransferReport LoadFormLanguage(TContext& context, const std::string& formName,
 void TransferForms(TContext& context, const std::string& title, const std::vector<TFormRow*>& rows,
                    const std::function<TTransferReport(TFormRow&)>& transfer, TFormReports& reports);
 
+/// What is said of a file that holds nothing of any of the forms, with whose forms it has; "" for one that
+/// has something of them. Only a file from which nothing came is read for it.
+std::string ProblemOfForeignFile(TContext& context, const std::string& fileName, const TFormReports& reports);
+
 /// Those of the forms, of the active project, whose changes stand in open files only.
 TStringList UnsavedForms(TContext& context, const TFormReports& reports);
 
