@@ -135,9 +135,12 @@ void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& 
     scope->Commit();
 }
 
-void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp) {
+void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp, TOpenedMeanwhile& opened) {
     while (row != nullptr) {
+        const bool wasOpen = IsFileOpen(context, row->FileName);
         ConfigureLangComponent(context, row, setUp);
+        // Its own unit is left open on purpose.
+        if (!wasOpen) opened.Leave(row->FileName);
         row->Focused = false;
         row = context.Rows.Active().NextSelected(*row);
     }

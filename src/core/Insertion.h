@@ -7,6 +7,8 @@
 
 namespace tml {
 
+class TOpenedMeanwhile;
+
 /// The localization component that a form has, or the one that an insertion will give it.
 struct TLangPlan {
     std::string Name;                     ///< "" where the form can have none: the class is not registered
@@ -45,6 +47,6 @@ std::shared_ptr<IOTAComponent> InsertComponentOnForm(TContext& context, const st
 void ConfigureLangComponent(TContext& context, TFormRow* row, const TLangSetUp& setUp);
 /// Configures the components of the row and of every selected row behind it. The first row that fails ends
 /// it; what was done to the rows before stays.
-void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp);
+void SetUpLang(TContext& context, TFormRow* row, const TLangSetUp& setUp, TOpenedMeanwhile& opened);
 
 }  // namespace tml

@@ -110,6 +110,11 @@ TModuleLease::TModuleLease(TContext& context, std::string fileName)
     if (!wasOpen_ && !OpenFile(context_, fileName_, false)) throw EmlLangSilent();
 }
 
+TModuleLease::TModuleLease(TContext& context, std::string fileName, TOpenedMeanwhile& opened)
+    : TModuleLease(context, std::move(fileName)) {
+    if (opened.Take(fileName_)) wasOpen_ = false;
+}
+
 TModuleLease::~TModuleLease() {
     if (!wasOpen_) CloseFile(context_, fileName_);
 }
@@ -129,12 +134,14 @@ void TModuleLease::SaveOrKeep() {
 
 TOpenedMeanwhile::TOpenedMeanwhile(TContext& context) : context_(context) {
     for (const auto& row : context.Rows.FormNames.Items())
-        if (!IsFileOpen(context, row->FileName)) closed_.push_back(row->FileName);
+        if (!IsFileOpen(context, row->FileName)) closed_.insert(row->FileName);
 }
 
 TOpenedMeanwhile::~TOpenedMeanwhile() {
     for (const std::string& file : closed_)
-        CloseFile(context_, file);
+        if (const auto module = GetModuleFromFileName(context_, file);
+            module != nullptr && !module->GetModified())
+            CloseFile(context_, file);
 }
 
 void TOpenedMeanwhile::Save() {
@@ -145,7 +152,7 @@ void TOpenedMeanwhile::Save() {
 }
 
 void TOpenedMeanwhile::Leave(const std::string& file) {
-    if (IsFileOpen(context_, file)) std::erase(closed_, file);
+    if (IsFileOpen(context_, file)) closed_.erase(file);
 }
 
 std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,11 +38,16 @@ void MarkModifiedForm(TContext& context, const std::string& formName);
 /// under that name. EBadInput when the name is that of another unit's form, too.
 bool TestForCorrectForm(TContext& context, const TFormRow& row);
 
+class TOpenedMeanwhile;
+
 /// Opens a file for a command, unless it is open, and closes it when it goes. Where the file cannot be
 /// opened the constructor throws EmlLangSilent.
 class TModuleLease {
   public:
     TModuleLease(TContext& context, std::string fileName);
+    /// For a command that leases several forms at a time: one that an heir of it has opened counts as closed
+    /// before, and is the lease's to save and close.
+    TModuleLease(TContext& context, std::string fileName, TOpenedMeanwhile& opened);
     /// Over a file that is open already; wasOpen tells whether it was before the command.
     TModuleLease(TContext& context, std::string fileName, bool wasOpen)
         : context_(context), fileName_(std::move(fileName)), wasOpen_(wasOpen) {}
@@ -64,7 +70,7 @@ class TModuleLease {
 };
 
 /// The files of rows that a command opens on its way, such as ancestors of forms: when it goes they are
-/// closed again.
+/// closed again, but for those with changes that are not saved.
 class TOpenedMeanwhile {
   public:
     explicit TOpenedMeanwhile(TContext& context);
@@ -76,10 +82,12 @@ class TOpenedMeanwhile {
     void Save();
     /// One that is open now stays open, and the person's to save.
     void Leave(const std::string& file);
+    /// Whether the file was closed when the command began; who asks has to close it from now on.
+    bool Take(const std::string& file) { return closed_.erase(file) > 0; }
 
   private:
     TContext& context_;
-    std::vector<std::string> closed_;  ///< when the command began
+    std::set<std::string> closed_;  ///< when the command began
 };
 
 using TComponentTest = std::function<bool(IOTAComponent&)>;

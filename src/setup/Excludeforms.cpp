@@ -84,11 +84,10 @@ bool TellWhatIsLeftOut(TContext& context, const TFormsToExclude& read) {
 }
 
 /// The form's lease; nothing where its component is gone, which the person has been told.
-std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, bool wasOpen,
+std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, TOpenedMeanwhile& opened,
                                           const TExclusionLists& lists) {
     const auto scope = BeginCommand(context, kExcludeTitle);
-    if (!OpenFile(context, row.FileName, false)) throw EmlLangSilent();
-    auto lease = std::make_unique<TModuleLease>(context, row.FileName, wasOpen);
+    auto lease = std::make_unique<TModuleLease>(context, row.FileName, opened);
     const auto editor = GetFormEditorFromModule(GetModuleFromFileName(context, row.FileName));
     const auto lang =
         TestForCorrectForm(context, row) ? FindCustomLang(*context.Host.Runtime, *editor) : nullptr;
@@ -117,10 +116,6 @@ void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std
     TOpenedMeanwhile opened(context);
     std::vector<std::unique_ptr<TModuleLease>> changed;
     TAllSteps steps;
-    // A form may be opened by one that inherits from it.
-    std::vector<bool> wasOpen;
-    for (const TFormRow* row : rows)
-        wasOpen.push_back(IsFileOpen(context, row->FileName));
     const auto scope = BeginCommand(context, kExcludeTitle);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const TExclusionLists& lists = window.Lists(static_cast<int>(i));
@@ -129,10 +124,9 @@ void WriteExclusionLists(TContext& context, const TfrmExclude& window, const std
                                             static_cast<int>(rows.size())))
             throw EmlLangSilent();
         steps.Try([&] {
-            if (auto lease = ChangeLists(context, *rows[i], wasOpen[i], lists))
+            if (auto lease = ChangeLists(context, *rows[i], opened, lists))
                 changed.push_back(std::move(lease));
         });
-        opened.Leave(rows[i]->FileName);
     }
     scope->Commit();
     for (const auto& lease : changed)

@@ -90,10 +90,10 @@ bool ConfirmLosses(TContext& context, const std::string& losses) {
 }
 
 void SetLanguages(TContext& context, const std::vector<TFormRow*>& rows, const TLinkedDispatcher& linked,
-                  const TLangSetUp& setUp) {
+                  const TLangSetUp& setUp, TOpenedMeanwhile& opened) {
     if (linked.Dispatcher == nullptr) {
         ConfigureLangComponent(context, rows.front(), setUp);
-        SetUpLang(context, rows.size() > 1 ? rows[1] : nullptr, ByNames(setUp));
+        SetUpLang(context, rows.size() > 1 ? rows[1] : nullptr, ByNames(setUp), opened);
         return;
     }
     SetUpDispatcher(context, *linked.Dispatcher, setUp);
@@ -109,7 +109,8 @@ void sbLanguagesClick(TContext& context) {
          row = context.Rows.Active().NextSelected(*row))
         rows.push_back(row);
     if (rows.empty()) return;
-    TModuleLease lease(context, rows.front()->FileName);
+    TOpenedMeanwhile opened(context);
+    TModuleLease lease(context, rows.front()->FileName, opened);
     const auto lang = GetmlLang(context, *rows.front());
     TLinkedDispatcher linked = FindDispatcher(context, lang.get());
     if (!EditsDispatcher(context, linked)) linked = {};
@@ -126,8 +127,9 @@ void sbLanguagesClick(TContext& context) {
     const auto scope = BeginCommand(context, "Languages");
     // What a form fails with takes back that form alone.
     TAllSteps steps;
-    steps.Try([&] { SetLanguages(context, rows, linked, setUp); });
+    steps.Try([&] { SetLanguages(context, rows, linked, setUp, opened); });
     lease.Save();
+    opened.Save();
     scope->Commit();
     steps.Finish();
 }

@@ -17,7 +17,6 @@ constexpr const char* kOpening = "Opening forms...";
 /// A form in the editor. Its unit is as open as it was when this goes.
 struct TTranslatedForm {
     std::string Name;
-    std::string UnitFile;
     std::unique_ptr<TModuleLease> Lease;
     std::shared_ptr<TmlCustomLang> Lang;  ///< nullptr where the form can have none
     bool IsChanged = false;
@@ -35,7 +34,7 @@ void InsertWithTexts(TContext& context, TFormRow& row) {
 }
 
 TTranslatedForm ReadForm(TContext& context, TFormRow& row, std::unique_ptr<TModuleLease> lease) {
-    TTranslatedForm form{row.FormName, row.FileName, std::move(lease), nullptr, !row.HasComponent()};
+    TTranslatedForm form{row.FormName, std::move(lease), nullptr, !row.HasComponent()};
     // Where the person is asked or told something.
     if (!row.HasComponent() || GetFormEditor(context, row.FormName) == nullptr)
         context.Dialogs().HideProgress();
@@ -54,30 +53,14 @@ TTranslatedForm ReadForm(TContext& context, TFormRow& row, std::unique_ptr<TModu
     return form;
 }
 
-std::vector<std::string> ClosedFiles(TContext& context) {
-    std::vector<std::string> closed;
-    for (const auto& row : context.Rows.FormNames.Items())
-        if (!IsFileOpen(context, row->FileName)) closed.push_back(row->FileName);
-    return closed;
-}
-
-/// What was opened on the way, as ancestors of forms are. A unit that follows a renamed ID stays, for it is
-/// the person's to save.
-void CloseUnchanged(TContext& context, const std::vector<std::string>& files) {
-    for (const std::string& file : files) {
-        const auto module = GetModuleFromFileName(context, file);
-        if (module != nullptr && !module->GetModified()) CloseFile(context, file);
-    }
-}
-
 /// Of the rows that are selected; false where the person stops it on the way.
-bool OpenForms(TContext& context, std::vector<TTranslatedForm>& forms) {
+bool OpenForms(TContext& context, TOpenedMeanwhile& opened, std::vector<TTranslatedForm>& forms) {
     const std::vector<TFormRow*> rows = SelectedRows(context);
     std::vector<std::unique_ptr<TModuleLease>> leases;
     for (TFormRow* const row : rows) {
-        const auto opened = static_cast<int>(leases.size());
-        if (!context.Dialogs().ShowProgress(kOpening, opened, static_cast<int>(rows.size()))) return false;
-        leases.push_back(std::make_unique<TModuleLease>(context, row->FileName));
+        const auto done = static_cast<int>(leases.size());
+        if (!context.Dialogs().ShowProgress(kOpening, done, static_cast<int>(rows.size()))) return false;
+        leases.push_back(std::make_unique<TModuleLease>(context, row->FileName, opened));
     }
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (TTranslatedForm form = ReadForm(context, *rows[i], std::move(leases[i])); form.Lang != nullptr)
@@ -96,26 +79,21 @@ std::vector<TmlCustomLang*> EditForms(TContext& context, const std::vector<TTran
 }  // namespace
 
 void Translate1Click(TContext& context, const TChangeStrID& onChangeStrID) {
-    std::vector<std::string> closed = ClosedFiles(context);
+    // A unit that follows a renamed ID stays open, for it is the person's to save.
+    TOpenedMeanwhile opened(context);
     // What reads the texts goes on telling how far it is: one form may have as many as a thousand.
     const TProgressEnd end(context.Dialogs());
     std::vector<TTranslatedForm> forms;
-    if (!OpenForms(context, forms)) return CloseUnchanged(context, closed);
-    if (forms.empty()) return;
+    if (!OpenForms(context, opened, forms) || forms.empty()) return;
     const TShownInSource shown(*context.Host.Runtime);
     const auto changed = EditForms(context, forms, onChangeStrID);
     TAllSteps steps;
     for (TTranslatedForm& form : forms) {
         const bool isEdited = std::find(changed.begin(), changed.end(), form.Lang.get()) != changed.end();
         if (isEdited) MarkModifiedForm(context, form.Name);
-        if (shown.IsOf(form.Name)) {
-            form.Lease->Keep();
-            std::erase(closed, form.UnitFile);
-        }
+        if (shown.IsOf(form.Name)) form.Lease->Keep();
         if (isEdited || form.IsChanged) steps.Try([&form] { form.Lease->SaveOrKeep(); });
     }
-    forms.clear();
-    CloseUnchanged(context, closed);
     steps.Finish();
 }
 

@@ -1,0 +1,109 @@
+// Commands over a form and the one that it inherits from: what was closed is written and closed again.
+#include <gtest/gtest.h>
+
+#include "core/Modules.h"
+#include "runtime/Mltranseditor.h"
+#include "support/Expertfixture.h"
+#include "translations/Langconfig.h"
+#include "windows/Filedialogs.h"
+
+namespace tml {
+namespace {
+
+/// Form1 inherits from Form2.
+struct THeirForms : TExpertFixture {
+    THeirForms() {
+        const std::string tables =
+            "    Captions.Strings = (\n      'Button1.Caption'#1'Go'#1'Los')\n"
+            "    Hints.Strings = (\n      'Button1.Hint'#1'Go'#1)\n  end\n";
+        PutForm(2,
+                "  object mlLang1: TmlLang\n    NumOfLanguages = 2\n    LangNames.Strings = (\n"
+                "      'English'\n      'German')\n" +
+                    tables);
+        std::string& base = Files.Files["/p/Unit2.dfm"];
+        base.insert(base.rfind("  end"), "    Hint = 'Go'\r\n");
+        Put("/p/Unit1.dfm", "inherited Form1: TForm1\n  inherited mlLang1: TmlLang\n" + tables + "end\n");
+        Put("/p/Unit1.pas",
+            "unit Unit1;\n\ninterface\n\nuses\n  Unit2;\n\ntype\n  TForm1 = class(TForm2)\n  end;\n\nvar\n  "
+            "Form1: TForm1;\n\nimplementation\n\n{$R *.dfm}\n\nend.\n");
+    }
+    void Run(const char* command) { Expert->Window()->Run(command); }
+    /// Loads what was saved of the forms, with a text more.
+    void LoadOther(const char* command) {
+        User.OnWindow<TSaveDialog>("SaveDialog", Choose);
+        User.OnInput("Input delimeter:", "|");
+        Run("SaveForms");
+        std::string& file = Files.Files["/p/a.mll"];
+        const std::string line = "Button1.Hint=Go|";
+        for (auto at = file.find(line); at != std::string::npos; at = file.find(line, at + 1))
+            file.insert(at + line.size(), "Neu");
+        User.OnWindow<TOpenDialog>("OpenDialog", Choose);
+        Run(command);
+    }
+    static void Choose(TFileDialog& dialog) {
+        dialog.Files = {"/p/a.mll"};
+        dialog.Close(mrOk);
+    }
+};
+
+struct THeirCase {
+    const char* Command;
+    std::function<void(THeirForms&)> Run;
+    const char* Text;  ///< in the ancestor then
+};
+
+constexpr const char* kNewHint = "'Button1.Hint'#1'Go'#1'Neu'";
+
+const THeirCase kHeirCases[] = {
+    {"Translate",
+     [](THeirForms& test) {
+         test.User.OnWindow<TfrmTransEditor>("frmTransEditor", [](TfrmTransEditor& editor) {
+             for (int place = 0; place < editor.Grid().Count(); ++place)
+                 editor.SetText(place, 2, "Neu");
+             editor.btnOKClick();
+         });
+         test.Run("Translate");
+     },
+     kNewHint},
+    {"Update", [](THeirForms& test) { test.Run("Update"); }, "'.Locale'#1'en'#1'de'"},
+    {"Clear",
+     [](THeirForms& test) {
+         test.User.OnMessage("This will clear all translation information in selected form(s)! Continue?",
+                             mrYes);
+         test.Run("Clear");
+     },
+     "'Button1.Caption'#1'Go'#1)"},
+    {"Languages",
+     [](THeirForms& test) {
+         test.User.OnWindow<TfrmLangConfig>("frmLangConfig", [&](TfrmLangConfig& window) {
+             test.User.OnInput("Enter new language name:", "French");
+             window.btnAddClick();
+             window.Close(mrOk);
+         });
+         test.Run("Languages");
+     },
+     "'Button1.Caption'#1'Go'#1'Los'#1"},
+    {"LoadForms", [](THeirForms& test) { test.LoadOther("LoadForms"); }, kNewHint},
+    {"MergeForms", [](THeirForms& test) { test.LoadOther("MergeForms"); }, kNewHint},
+};
+
+TEST(Heirforms, WhatWasClosedIsWrittenAndClosedInAnyOrder) {
+    for (const THeirCase& one : kHeirCases)
+        for (const char* first : {"Form1", "Form2"}) {
+            SCOPED_TRACE(std::string(one.Command) + " " + first);
+            THeirForms test;
+            test.Open();
+            if (test.Rows().Items().front()->FormName != first)
+                test.Expert->Window()->lvFormNamesColumnClick(fcFormName);
+            ASSERT_EQ(test.Rows().Items().front()->FormName, first);
+            test.Expert->Window()->SelectAll1Click();
+            one.Run(test);
+            const std::string& ancestor = test.Files.Files["/p/Unit2.dfm"];
+            EXPECT_NE(ancestor.find(one.Text), std::string::npos) << ancestor;
+            for (const char* unit : {"/p/Unit1.pas", "/p/Unit2.pas"})
+                EXPECT_FALSE(IsFileOpen(test.Context(), unit)) << unit;
+        }
+}
+
+}  // namespace
+}  // namespace tml
