@@ -1,5 +1,6 @@
 #include "ids/Transeditor.h"
 
+#include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -58,7 +59,7 @@ TShownInSource::~TShownInSource() {
 }
 
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index) {
-    OpenTransEditor(context, unitFile, [&id, index](TmlCustomLang& lang) {
+    OpenTransEditor(context, unitFile, [&](TmlCustomLang& lang) {
         TTransEditorPlace place;
         const TTable strings = lang.GetTable(place.Table);
         const auto& entries = strings.Entries();
@@ -66,7 +67,11 @@ void EditStringID(TContext& context, const std::string& unitFile, const std::str
                              entries[static_cast<std::size_t>(index)].Key == id;
         place.Entry = isThere ? index : strings.Find(id);
         place.Field = -1;
-        return place;
+        if (place.Entry >= 0) return place;
+        const std::string form = lang.GetComponent()->GetOwner()->GetName();
+        Inform(context, Format("%s.%s has no string '%s'!", form, lang.GetName(), id),
+               TMsgDlgType::mtInformation);
+        throw EmlLangSilent();
     });
 }
 

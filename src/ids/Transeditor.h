@@ -31,7 +31,8 @@ class TShownInSource {
     std::string form_;
 };
 
-/// The same at a string by its ID; of an ID that stands twice at the one of this index.
+/// The same at a string by its ID; of an ID that stands twice at the one of this index. Where
+/// the component has no such string, a message and EmlLangSilent.
 void EditStringID(TContext& context, const std::string& unitFile, const std::string& id, int index = -1);
 
 /// The command of the code editor: opens the translation editor at the ID of the call at the cursor. A

@@ -17,7 +17,6 @@ constexpr const char* kAllForms = "All forms";
 constexpr const char* kBoxCaption = "Translation Editor";
 constexpr const char* kAddID = "Add String ID";
 constexpr const char* kRenameID = "Rename String ID";
-constexpr const char* kIDPrompt = "String ID:";
 constexpr std::string_view kAskOddID =
     "\"%s\" has other characters than letters, digits, \"_\", \"-\" and \".\", which are hard to read in a "
     "source. Use it all the same?";
@@ -34,6 +33,16 @@ constexpr const char* kRenamedStay = "String IDs that were renamed stay renamed.
 std::string CaptionOf(const TTransTexts& texts) {
     const auto& forms = texts.Forms();
     return forms.size() == 1 ? Format("%s - %s", kBoxCaption, forms.front().Name) : kBoxCaption;
+}
+
+/// Among several forms it tells whose ID is asked for.
+std::string PromptOf(const TTransTexts& texts, TTransRow row) {
+    return texts.Forms().size() == 1 ? "String ID:" : Format("String ID of %s:", texts.FormOf(row).Name);
+}
+
+std::string NothingLeft(const TTransFilter& filter) {
+    const bool isMissing = filter.Show == TTransShow::Missing && filter.Text.empty();
+    return isMissing ? "Nothing is missing any more" : "Nothing passes the filter any more";
 }
 
 ICommonLibrary* MatcherOf(IMlRuntime& runtime) {
@@ -153,17 +162,20 @@ void TfrmTransEditor::Return() {
                      [this](const auto& known) { return SameText(known.Name, filter_.Language); }))
         filter_.Language.clear();
     Arrange();
-    // What was looked for may be a text of another project.
-    if (grid_.Count() == 0) SetFilter({});
     const int form = FormOf(memory_.Form);
+    // What was looked for may be a text of another project.
+    if (grid_.Count() == 0 && form < 0) SetFilter({});
+    if (grid_.Count() == 0 && Notice.empty() && RowCount() > 0) Notice = NothingLeft(filter_);
     const int table = TableOf(form, memory_.Table);
     const int entry = table < 0 ? -1 : texts_.Tables()[static_cast<std::size_t>(table)].FindKey(memory_.Key);
     Show({table, entry}, table < 0 ? FirstTranslation() : ColumnOf(memory_.Language));
 }
 
-/// A row that is not shown leaves the first one current.
+/// For a row that is not shown the next one behind it, else the last one.
 void TfrmTransEditor::Show(TTransRow row, int column) {
-    grid_.SetCurrent(std::max(grid_.PlaceOf(row), 0), column);
+    const auto& shown = grid_.Shown();
+    const auto place = std::lower_bound(shown.begin(), shown.end(), row) - shown.begin();
+    grid_.SetCurrent(std::min(static_cast<int>(place), grid_.Count() - 1), column);
 }
 
 // --- filter
@@ -345,7 +357,11 @@ void TfrmTransEditor::acRedo() {
 
 void TfrmTransEditor::Follow(const TTransSwapped& swapped) {
     grid_.Update(swapped.Come, swapped.Gone);
-    if (!swapped.Rows.empty()) grid_.SetCurrent(grid_.PlaceOf(swapped.Rows.back()), grid_.Column());
+    if (!swapped.Rows.empty()) {
+        const TTransRow row = swapped.Rows.back();
+        const int column = swapped.Place > 0 ? texts_.ColumnAt(row, swapped.Place) : grid_.Column();
+        grid_.SetCurrent(grid_.PlaceOf(row), column);
+    }
     Done();
 }
 
@@ -394,7 +410,8 @@ std::optional<std::string> TfrmTransEditor::ValidID(const char* caption, std::st
     for (;;) {
         const std::string problem = ProblemOf(id, row);
         if (problem.empty() && IsWanted(id)) return id;
-        const std::string prompt = problem.empty() ? kIDPrompt : Format("%s\r\n%s", problem, kIDPrompt);
+        std::string prompt = PromptOf(texts_, row);
+        if (!problem.empty()) prompt = Format("%s\r\n%s", problem, prompt);
         if (!runtime_.Dialogs->InputQuery(caption, prompt, id)) return std::nullopt;
     }
 }
@@ -402,7 +419,7 @@ std::optional<std::string> TfrmTransEditor::ValidID(const char* caption, std::st
 void TfrmTransEditor::acAddID() {
     const int table = StringsTable();
     std::string typed;
-    if (!runtime_.Dialogs->InputQuery(kAddID, kIDPrompt, typed)) return;
+    if (!runtime_.Dialogs->InputQuery(kAddID, PromptOf(texts_, {table, -1}), typed)) return;
     const auto id = ValidID(kAddID, typed, {table, -1});
     if (!id) return;
     const TTransForm& form = texts_.FormOf({table, 0});
@@ -416,7 +433,7 @@ void TfrmTransEditor::acAddID() {
 void TfrmTransEditor::acRenameID() {
     const TTransRow row = grid_.Current().Row;
     std::string id = texts_.Text(row, 0);
-    if (runtime_.Dialogs->InputQuery(kRenameID, kIDPrompt, id)) Rename(row, id);
+    if (runtime_.Dialogs->InputQuery(kRenameID, PromptOf(texts_, row), id)) Rename(row, id);
 }
 
 void TfrmTransEditor::Rename(TTransRow row, const std::string& typed) {

@@ -29,12 +29,12 @@ bool TTransSieve::CannotRead(const std::string& pattern) const {
     return library_ == nullptr || !library_->mlREStringMatches("", "|" + pattern);
 }
 
-bool TTransSieve::Passes(TTransRow row) const {
+bool TTransSieve::Passes(TTransRow row, bool withForm) const {
     if (!IsShown(row)) return false;
     if (filter_.Text.empty()) return true;
     for (int column = 0; column <= static_cast<int>(texts_.Languages().size()); ++column)
         if (const std::string& text = texts_.Text(row, column); !text.empty() && Holds(text)) return true;
-    return false;
+    return withForm && Holds(texts_.FormOf(row).Name + "  " + texts_.Text(row, 0));
 }
 
 bool TTransSieve::IsShown(TTransRow row) const {
@@ -70,7 +70,8 @@ std::vector<TTransRow> FilteredRows(const TTransTexts& texts, const TTransScope&
         const TTransTable& table = tables[static_cast<std::size_t>(i)];
         for (int entry = 0; IsIn(table, scope, i) && entry < table.Count(); ++entry) {
             if (!walk.GoesOn()) return rows;
-            if (table.Find(entry) != nullptr && sieve.Passes({i, entry})) rows.push_back({i, entry});
+            if (table.Find(entry) != nullptr && sieve.Passes({i, entry}, scope.Form < 0))
+                rows.push_back({i, entry});
         }
     }
     return rows;

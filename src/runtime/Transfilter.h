@@ -38,7 +38,8 @@ class TTransSieve {
     /// library may be nullptr where the text is no pattern.
     TTransSieve(const TTransFilter& filter, const TTransTexts& texts, ICommonLibrary* library);
 
-    bool Passes(TTransRow row) const;
+    /// withForm: the form's name stands before the key.
+    bool Passes(TTransRow row, bool withForm = false) const;
     /// A pattern that cannot be read lets nothing pass.
     bool IsBroken() const { return isBroken_; }
 

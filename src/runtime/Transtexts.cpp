@@ -31,6 +31,15 @@ void Take(std::vector<TFileExtended>& items, const TTable& table) {
     }
 }
 
+/// The first language (1-based) whose text or mark is another, 0 where there is none to hold it against.
+int ChangedPlace(const std::optional<TTableEntry>& former, const TTableEntry* entry) {
+    if (!former || entry == nullptr) return 0;
+    const auto& values = entry->Values;
+    const auto [other, now] =
+        std::mismatch(former->Values.begin(), former->Values.end(), values.begin(), values.end());
+    return now == values.end() ? 0 : static_cast<int>(now - values.begin()) + 1;
+}
+
 }  // namespace
 
 TTransTexts::TTransTexts(const std::vector<TmlCustomLang*>& langs,
@@ -155,6 +164,7 @@ TTransSwapped TTransTexts::Swap(TSteps& from, TSteps& to) {
         if (Find(edit.Row) == nullptr) swapped.Come.push_back(edit.Row);
         edit.Entry = At(edit.Row).Put(edit.Row.Entry, std::move(edit.Entry));
     }
+    if (!step.empty()) swapped.Place = ChangedPlace(step.back().Entry, Find(step.back().Row));
     to.push_back(std::move(step));
     return swapped;
 }

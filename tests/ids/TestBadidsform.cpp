@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/Errors.h"
 #include "ids/Badidsform.h"
 #include "ids/Transeditor.h"
 #include "scan/Selunit.h"
@@ -208,6 +209,9 @@ TEST(Badidsform, AnUnusedIDOpensTheTranslationEditor) {
     view->SetCursorPos({24, 4});
     ViewTranslationByIDMenuClick(f.Context(), f.ScanMemory());
     EXPECT_EQ(entry, 0);
+    view->SetCursorPos({25, 4});
+    f.User.OnMessage("Form1.mlLang1 has no string 'Z'!");
+    EXPECT_THROW(ViewTranslationByIDMenuClick(f.Context(), f.ScanMemory()), EmlLangSilent);
     view->SetCursorPos({1, 0});
     f.User.OnMessage("There is no call with a string ID at the cursor!");
     ViewTranslationByIDMenuClick(f.Context(), f.ScanMemory());

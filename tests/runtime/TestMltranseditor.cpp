@@ -182,6 +182,8 @@ TEST_F(TTransEditorTest, ShowsWhatAFilterLetsPass) {
         {{TTransShow::All, "", "tide"}, "btnTide.Caption;IDS_0;lblTide.Caption;"},
         {{TTransShow::Missing, "", "TIDE"}, "IDS_0;lblTide.Caption;"},
         {{TTransShow::All, "", "EXTRA"}, ""},
+        {{TTransShow::All, "", "aboutf"}, ".Caption;lblTide.Caption;"},
+        {{TTransShow::All, "", "^AboutForm +l", true}, "lblTide.Caption;"},
         {{TTransShow::All, "", "^tide$", true}, "btnTide.Caption;IDS_0;lblTide.Caption;"},
         {{TTransShow::All, "", "\\.lo|^.$", true}, ".Locale;"},
         {{TTransShow::All, "", "wo.*ne", true}, ""},
@@ -400,6 +402,48 @@ TEST_F(TTransEditorTest, OpensAtAPlaceOrWhereThePersonWasLast) {
     runtime->TransEditorForms({main.get()}, {.IsLast = true}, {});
 }
 
+TEST_F(TTransEditorTest, WhatIsDoneLeavesTheFilterAndItsPlaceToTheNextText) {
+    const TTransFilter filter{TTransShow::Missing, "German"};
+    Edit([&](TfrmTransEditor& editor) {
+        editor.SetFilter(filter);
+        editor.SetCurrent(PlaceOf(editor, "IDS_0"), 2);
+        editor.SetText(editor.Grid().Place(), 2, "Flut");
+        editor.btnOKClick();
+    });
+    Edit([](TfrmTransEditor& editor) {
+        EXPECT_EQ(CurrentCell(editor), "MainForm IDS_1 German");
+        EXPECT_EQ(ShownKeys(editor), "btnOK.Caption;IDS_1;lblTide.Caption;");
+        for (int place = 0; place < editor.Grid().Count(); ++place)
+            editor.SetText(place, 2, "x");
+        editor.btnOKClick();
+    });
+    Edit([&](TfrmTransEditor& editor) {
+        EXPECT_EQ(ShownKeys(editor), "");
+        EXPECT_EQ(editor.Filter(), filter);
+        EXPECT_EQ(editor.Notice, "Nothing is missing any more");
+        editor.btnCancelClick();
+    });
+    const auto other = Lang("About");
+    User.OnWindow<TfrmTransEditor>("frmTransEditor", [](TfrmTransEditor& editor) {
+        EXPECT_EQ(editor.Filter(), TTransFilter()) << "what was looked for was in other forms";
+        editor.btnCancelClick();
+    });
+    Runtime->TransEditorForms({other.get()}, {.IsLast = true}, {});
+}
+
+TEST_F(TTransEditorTest, AStepTakenBackShowsItsCell) {
+    Edit([this](TfrmTransEditor& editor) {
+        editor.SetText(PlaceOf(editor, "IDS_0"), 3, "Geut");
+        for (const auto swap : {&TfrmTransEditor::acUndo, &TfrmTransEditor::acRedo}) {
+            editor.SetCurrent(0, 1);
+            (editor.*swap)();
+            EXPECT_EQ(CurrentCell(editor), "MainForm IDS_0 Hebrew");
+        }
+        User.OnMessage("What you have edited is not written yet. Close and lose it?", mrYes);
+        editor.btnCancelClick();
+    });
+}
+
 TEST_F(TTransEditorTest, NextGoesRoundAmongWhatIsShown) {
     Edit([](TfrmTransEditor& editor) {
         std::string way;
@@ -417,7 +461,7 @@ TEST_F(TTransEditorTest, NextGoesRoundAmongWhatIsShown) {
         editor.acConfirm();
         EXPECT_EQ(CurrentCell(editor), "MainForm IDS_0 German");
         editor.acUndo();
-        editor.SetFilter({TTransShow::All, "", "about"});
+        editor.SetFilter({TTransShow::All, "", "^about$", true});
         editor.acNextUntranslated();
         EXPECT_EQ(editor.Notice, "Nothing that is shown is left to be translated; of what is not shown: 5");
         editor.acCopy();
@@ -478,14 +522,14 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
     };
     const std::string changed = Edit(
         [&](TfrmTransEditor& editor) {
-            User.OnInput("String ID:", "ids_1");
-            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID:", "odd id!");
+            User.OnInput("String ID of MainForm:", "ids_1");
+            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID of MainForm:", "odd id!");
             User.OnMessage(
                 "\"odd id!\" has other characters than letters, digits, \"_\", \"-\" and \".\", which are "
                 "hard to "
                 "read in a source. Use it all the same?",
                 mrNo);
-            User.OnInput("String ID:", "IDS_2");
+            User.OnInput("String ID of MainForm:", "IDS_2");
             editor.acAddID();
             EXPECT_EQ(User.Proposed, "odd id!") << "what was typed is there again";
             EXPECT_EQ(CurrentCell(editor), "MainForm IDS_2 English");
@@ -496,14 +540,14 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
                     *id == 0 ? "'' is no string ID. An ID is not empty and has no line break, no control "
                                "character and no blank at its ends"
                              : "The string ID \"" + std::string(id) + "\" is there already!";
-                User.OnInput(problem + "\r\nString ID:", std::nullopt);
+                User.OnInput(problem + "\r\nString ID of MainForm:", std::nullopt);
                 editor.SetText(0, 0, id);
                 EXPECT_EQ(User.Proposed, id);
             }
             User.OnInput(
                 "'ID ' is no string ID. An ID is not empty and has no line break, no control character and "
                 "no "
-                "blank at its ends\r\nString ID:",
+                "blank at its ends\r\nString ID of MainForm:",
                 std::nullopt);
             editor.SetText(0, 0, "ID ");
             User.OnMessage(
@@ -511,12 +555,12 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
                 "check "
                 "of string IDs does not find it. Use it all the same?",
                 mrNo);
-            User.OnInput("String ID:", std::nullopt);
+            User.OnInput("String ID of MainForm:", std::nullopt);
             editor.SetText(0, 0, "It's");
             EXPECT_THROW(editor.SetText(0, 0, "Bad"), EBadInput);
             EXPECT_EQ(ShownKeys(editor), "IDS_0;IDS_1;IDS_2;");
             editor.SetCurrent(0, 0);
-            User.OnInput("String ID:", "IDS_TIDE");
+            User.OnInput("String ID of MainForm:", "IDS_TIDE");
             editor.acRenameID();
             editor.acUndo();
             EXPECT_EQ(ShownKeys(editor), "IDS_TIDE;IDS_1;IDS_2;");
@@ -538,7 +582,7 @@ TEST_F(TTransEditorTest, StringIDsAreAddedAndRenamedAtOnce) {
 TEST_F(TTransEditorTest, AnAddedIDIsWrittenBehindTheOthers) {
     Edit(
         [&](TfrmTransEditor& editor) {
-            User.OnInput("String ID:", "IDS_2");
+            User.OnInput("String ID of MainForm:", "IDS_2");
             editor.acAddID();
             editor.SetText(2, 1, "Three");
             editor.SetCurrent(0, 1);
@@ -546,7 +590,7 @@ TEST_F(TTransEditorTest, AnAddedIDIsWrittenBehindTheOthers) {
             editor.acDeleteID();
             EXPECT_EQ(ShownKeys(editor), "IDS_2;");
             EXPECT_EQ(editor.RowCount(), 1);
-            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID:", std::nullopt);
+            User.OnInput("The string ID \"ids_1\" is there already!\r\nString ID of MainForm:", std::nullopt);
             editor.SetText(0, 0, "ids_1");
             editor.btnOKClick();
         },
