@@ -1,4 +1,6 @@
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <fstream>
 
 #include "desktop/Codeeditor.h"
 #include "desktop/Deskfixture.h"
@@ -69,6 +71,32 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     User.Answer("All IDs on ", "OK");
     Click("CheckBadIDs1");
     EXPECT_EQ(Window->findChild<QDialog*>("frmBadIDs"), nullptr);
+}
+
+TEST_F(TIdWindows, AnIDThatAnotherUnitUsesIsNotDeletedByTheWay) {
+    const std::string tides = Path("harbour/forms/Tidetable.pas");
+    std::string unit = OnDisk("harbour/forms/Tidetable.pas");
+    const std::string call = "mlLang_TidesForm.GetTextOrDefault('IDS_1'";
+    unit.replace(unit.find(call), call.size(), "MainForm.mlLangTLV_MainForm.GetText('IDS_TIDE'");
+    std::ofstream(tides, std::ios::binary) << unit;
+    User.On([this](QWidget& editor) {
+        AddID(editor, User, "IDS_TIDE");
+        Press(editor, "btnOK");
+    });
+    Click("Translate1");
+    Click("CheckBadIDs1");
+    QWidget& bad = Open("frmBadIDs");
+    auto& list = *bad.findChild<QTableView*>("lvIDs");
+    ASSERT_EQ(list.model()->rowCount(), 1);
+    ASSERT_EQ(Cell(list, 0, 3), "used in Tidetable.pas:50");
+    ClickCell(list, 0, 0);
+    User.Answer("This will delete IDS_TIDE from MainForm.", "Yes to &All");
+    User.On([](QWidget& box) {
+        EXPECT_TRUE(qobject_cast<QMessageBox&>(box).text().contains("IDS_TIDE: used in Tidetable.pas:50"));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    QTest::keyClick(&list, Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(list.model()->rowCount(), 1);
 }
 
 TEST_F(TIdWindows, TheLineOfABadIDIsNotCovered) {
