@@ -92,7 +92,7 @@ TEST_F(TIdWindows, AnIDThatAnotherUnitUsesIsNotDeletedByTheWay) {
     ClickCell(list, 0, 0);
     User.Answer("This will delete IDS_TIDE from MainForm.", "Yes to &All");
     User.On([](QWidget& box) {
-        EXPECT_TRUE(qobject_cast<QMessageBox&>(box).text().contains("IDS_TIDE: used in Tidetable.pas:50"));
+        EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().contains("IDS_TIDE: used in Tidetable.pas:50"));
         QTest::keyClick(&box, Qt::Key_Return);
     });
     QTest::keyClick(&list, Qt::Key_Delete, Qt::ControlModifier);
