@@ -70,7 +70,7 @@ TEST_F(TBadfiles, AreNamedWithTheirPlaceAndChangeNothing) {
          ":1: the section \"Options\" has no delimiter"},
         {"fleet.mll", Replaced("[Fleet/BaseForm]", "[Fleet/ShipForm]"), "load",
          ":42: the section stands in the file already"},
-        {"fleet.mll", [](const fs::path& file) { WriteBytes(file, "\xFF\xFE[\0"); }, "load",
+        {"fleet.mll", [](const fs::path& file) { WriteBytes(file, "\xFF\xFE[\n"); }, "load",
          ":1: the line is no UTF-8"},
         {"Fleet.dpr", [](const fs::path&) {}, "merge", ":1: expected a section in brackets"},
         {"forms", [](const fs::path& file) { fs::create_directory(file); }, "save", ": cannot be read: "},

@@ -90,7 +90,7 @@ TEST_F(TIdWindows, AnIDThatAnotherUnitUsesIsNotDeletedByTheWay) {
     ASSERT_EQ(list.model()->rowCount(), 1);
     ASSERT_EQ(Cell(list, 0, 3), "used in Tidetable.pas:50");
     ClickCell(list, 0, 0);
-    User.Answer("This will delete IDS_TIDE from MainForm.", "Yes to &All");
+    User.Answer("This will delete IDS_TIDE from MainForm.", "Yes to All");
     User.On([](QWidget& box) {
         EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().contains("IDS_TIDE: used in Tidetable.pas:50"));
         QTest::keyClick(&box, Qt::Key_Return);
