@@ -94,7 +94,7 @@ begin
   Lang.Language := 'German';
   Lang.MergeAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'.Caption=Base|Fond|'#10 +
     'One.Caption=One!|Un|Einzig'#10'Gone.Caption=Gone|Parti|Weg'#10'Two.Caption=Deux|Deux|Zwo'#10'[P/Form/Strings]'#10 +
-    'NEW=New|Neuf|Neu'));
+    'NEW=New|Neuf|Neu'#10));
   ExpectText('added: language French'#10'overwritten: Captions One.Caption (German): Eins'#10 +
     'no place: Captions Gone.Caption'#10'overwritten: Captions Two.Caption (German): Zwei'#10'added: Strings NEW'#10, Lang.Report.Text, 'the report of a merge');
   ExpectText('English,German,Hebrew,French', Lang.LangNames.CommaText, 'languages are added');
@@ -115,7 +115,7 @@ var
 begin
   Lang := Read(Languages + Tables);
   Lang.Language := 'Hebrew';
-  Lang.LoadAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Eins'));
+  Lang.LoadAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Eins'#10));
   ExpectText('English,French,German', Lang.LangNames.CommaText, 'the languages of the file');
   ExpectText('English', Lang.Language, 'the active language is gone');
   ExpectText('added: language French'#10'dropped: language Hebrew'#10'dropped: Captions .Caption (German): Basis'#10 +
@@ -134,7 +134,7 @@ var
 begin
   Lang := Read('');
   Lang.LoadAllFromFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Eins'#10'Two.Caption=Else|Zwei'#10 +
-    '[P/Form/Strings]'#10'A=a|b'));
+    '[P/Form/Strings]'#10'A=a|b'#10));
   Lang.Language := 'German';
   ExpectText('Eins Two', Caption('One') + ' ' + Caption('Two'), 'a text that the form has, and one that it has not');
   ExpectText('b', Lang.GetText('A'), 'an ID');
@@ -148,7 +148,7 @@ var
   Lang, Copied: TmlLang;
   FileName: string;
 begin
-  FileName := FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Anders');
+  FileName := FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'One.Caption=One|Un|Anders'#10);
   Lang := Read(Languages + Tables);
   Lang.LoadLanguage(FileName, 'FRENCH');
   ExpectText('One.Caption'#1'One'#1'Eins'#1#1'Un', Lang.Captions[1], 'one language is loaded');
@@ -178,14 +178,14 @@ begin
   Dispatcher.LangNames.CommaText := 'English,Hebrew,German';
   Lang.Dispatcher := Dispatcher;
   try
-    Lang.LoadAllFromFile(FileOf(Head + '1,3'));
+    Lang.LoadAllFromFile(FileOf(Head + '1,3'#10));
     Expect(False, 'a language that the dispatcher has not');
   except
     on E: EmlTranslationFile do
       Expect(Pos('linked to the dispatcher Dispatcher, which has no language French', E.Message) > 0, E.Message);
   end;
   Dispatcher.Language := 'German';
-  Lang.LoadAllFromFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Ein'));
+  Lang.LoadAllFromFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Ein'#10));
   ExpectText('Ein', Caption('One'), 'columns by the names of the dispatcher');
   Done;
 end;
