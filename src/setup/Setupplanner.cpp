@@ -271,7 +271,6 @@ void TSetupPlanner::PlanGivenUp(TFormSetup& form, TmlCustomLang& lang) const {
     }
 }
 
-/// EBadInput where the unit does not declare the form's class.
 void TSetupPlanner::Insert(TFormSetup& form, IOTAFormEditor& editor) const {
     form.Inserts = true;
     form.FillsTables = true;
