@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "core/Modules.h"
+#include "setup/Writablefile.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -85,10 +86,7 @@ TStringList LanguagesOf(TContext& context, const std::vector<TFormRow*>& rows) {
 }
 
 void ExpectWritable(TContext& context, const TFormRow& row) {
-    const std::string file = GetFormEditor(context, row.FormName)->GetFileName();
-    const auto info = context.Host.Files->Stat(file);
-    if (info && info->ReadOnly)
-        throw EBadInput(file, 0, "the file is read-only", "Make it writable, or leave the form out");
+    ExpectWritableFile(context, GetFormEditor(context, row.FormName)->GetFileName());
 }
 
 int PlaceToFill(const TFormTables& form, const std::string& language) {

@@ -12,6 +12,7 @@
 #include "setup/Exclusionplan.h"
 #include "setup/Furtherproperties.h"
 #include "setup/Requiredpackage.h"
+#include "setup/Writablefile.h"
 #include "source/Identifiers.h"
 #include "tables/Languageplaces.h"
 #include "tables/Texttransfer.h"
@@ -353,11 +354,8 @@ void TSetupPlanner::ExpectWritable() {
 }
 
 void TSetupPlanner::ExpectWritable(const TFormSetup& form) const {
-    for (const std::string& file : plan_.FilesOf(form)) {
-        const auto info = context_.Host.Files->Stat(file);
-        if (info && info->ReadOnly)
-            throw EBadInput(file, 0, "the file is read-only", "Make it writable, or leave the form out");
-    }
+    for (const std::string& file : plan_.FilesOf(form))
+        ExpectWritableFile(context_, file);
 }
 
 /// Languages and what an ancestor holds make other tables.

@@ -56,6 +56,12 @@ struct TSetup : testing::Test {
     bool Holds(const std::string& file, const std::string& text) const {
         return Files.Files.at("/p/" + file).find(text) != std::string::npos;
     }
+    /// Gives the caption of a form that is set up its second text.
+    void TranslateU1() {
+        std::string& form = Files.Files["/p/U1.dfm"];
+        const std::string base = "'.Caption'#1'Form number 1'#1'";
+        form.insert(form.find(base) + base.size(), "Fenster ");
+    }
     /// 'b': as before, 'd': set up, '?': neither.
     char StateOf(int form) const {
         const std::string n = std::to_string(form), pas = "/p/U" + n + ".pas", dfm = "/p/U" + n + ".dfm";
@@ -253,9 +259,7 @@ TEST_F(TSetup, WhatIsNotReadyIsNotCountedAndSaysWhatIsWrongFirst) {
 TEST_F(TSetup, TranslationsThatExclusionsDropAreAskedFor) {
     TMany many(Files);
     many.SetUp();
-    std::string& form = Files.Files["/p/U1.dfm"];
-    const std::string base = "'.Caption'#1'Form number 1'#1'";
-    form.insert(form.find(base) + base.size(), "Fenster ");
+    TranslateU1();
     Before = Files.Files;
     many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
         wizard.lbLanguages.Items = many.Wishes().Languages;
@@ -277,9 +281,7 @@ TEST_F(TSetup, TranslationsThatExclusionsDropAreAskedFor) {
 TEST_F(TSetup, LanguagesThatAreGivenUpAreCountedAndAskedFor) {
     TMany many(Files);
     many.SetUp();
-    std::string& form = Files.Files["/p/U1.dfm"];
-    const std::string base = "'.Caption'#1'Form number 1'#1'";
-    form.insert(form.find(base) + base.size(), "Fenster ");
+    TranslateU1();
     Before = Files.Files;
     many.User.OnWindow<TfrmWizard>("frmWizard", [&](TfrmWizard& wizard) {
         wizard.lbLanguages.Items = TStringList({"English"});
