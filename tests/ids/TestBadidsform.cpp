@@ -203,8 +203,19 @@ TEST(Badidsform, AnUnusedIDOpensTheTranslationEditor) {
     f.Window().LVIDsDblClick();
     EXPECT_EQ(entry, 1);
     EXPECT_NE(f.Files.Files["/p/Unit1.dfm"].find("other"), std::string::npos);
+    // A unit in which it has shown a string stays open.
+    const auto modules = f.Ide.GetModuleServices();
+    const auto edit = f.Runtime->TransEditorDlg;
+    EXPECT_EQ(modules->FindModule("/p/Unit1.pas"), nullptr);
+    f.Runtime->TransEditorDlg = [&](TmlCustomLang& lang, const TTransEditorPlace&, const TChangeStrID&) {
+        f.Runtime->NavigateToSource("Form1", lang.GetTable(TStringsType::stStrings).Entries()[0].Key);
+        return false;
+    };
+    f.Window().LVIDsDblClick();
+    EXPECT_NE(modules->FindModule("/p/Unit1.pas"), nullptr);
+    f.Runtime->TransEditorDlg = edit;
     // And from the call in the source.
-    f.Ide.GetModuleServices()->OpenModule("/p/Unit1.pas", true);
+    modules->OpenModule("/p/Unit1.pas", true);
     const auto view = f.Ide.GetModuleServices()->GetCurrentSourceEditor()->GetEditView(0);
     view->SetCursorPos({24, 4});
     ViewTranslationByIDMenuClick(f.Context(), f.ScanMemory());

@@ -207,6 +207,13 @@ TEST_F(TFiletransfer, WhatCannotBeUsedLeavesFormAndFileAsTheyWere) {
         }
         EXPECT_EQ(Files.Files["/p/Unit2.dfm"], before);
     }
+    Files.Files["/p/other.mll"] = head + "[Other/FormX]\nLanguages=1\n";
+    for (const char* command : {"LoadProject", "MergeProject"}) {
+        OnOpen("/p/other.mll");
+        User.OnMessage("/p/other.mll: the file holds nothing of these forms; it is of Other/FormX");
+        Run(command);
+        EXPECT_EQ(Files.Files["/p/Unit2.dfm"], before);
+    }
     Files.Files["/p/new.mll"] = "[Options]\nVersion=2\nDelimiter=|\n";
     OnSave("/p/new.mll");
     User.OnInput(kDelimiter, "|");
