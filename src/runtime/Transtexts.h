@@ -34,8 +34,8 @@ struct TTransSwapped {
     std::vector<TTransRow> Rows;  ///< all that it has changed
     std::vector<TTransRow> Come;  ///< of these, those that are there again
     std::vector<TTransRow> Gone;
-    int Place =
-        0;  ///< the first language (1-based) that has changed of the last row; 0 for the row as a whole
+    /// The first language (1-based) that has changed of the last row; 0 for the row as a whole.
+    int Place = 0;
 };
 
 /// A language of the forms; those of the same name are one.

@@ -39,8 +39,8 @@ class TfrmDictionary : public TForm {
     bool HasLanguages() const { return dictionary_.Languages.Count() > 1; }
 
     /// Loads a file; with "" a new dictionary with the languages of the forms begins, as it does under the
-    /// name of a file that is not there. What is wrong with a file is told, and a new dictionary without a
-    /// name begins.
+    /// name of a file that is not there. What is wrong with a file is told; the dictionary that is open
+    /// stays, and without one a new one without a name begins.
     void Open(const std::string& fileName);
     void SetFilter(const std::string& text) { grEntries.SetFilter(text); }
     void cbLanguageChange();

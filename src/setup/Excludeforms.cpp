@@ -99,14 +99,9 @@ std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, TOpe
 }
 
 void SaveOrKeep(TContext& context, TModuleLease& lease) {
-    try {
-        const auto scope = BeginCommand(context, kExcludeTitle);
-        lease.Save();
-        scope->Commit();
-    } catch (...) {
-        lease.Keep();
-        throw;
-    }
+    const auto scope = BeginCommand(context, kExcludeTitle);
+    lease.SaveOrKeep();
+    scope->Commit();
 }
 
 /// One step for all forms. They are saved one by one: one that cannot be stays open with what was chosen for

@@ -21,7 +21,7 @@ constexpr TShortCut kEnterKey = 0x0D;
 constexpr int kReplaceAll = 12;
 
 /// Line breaks and the like are blanks in a row of the list.
-std::string OnOneLine(std::string text) {
+std::string WithoutBreaks(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     return text;
@@ -128,7 +128,7 @@ std::string TFoundPhraseRow::Cell(std::size_t column) const {
         case fpKey:
             return Hit.Key;
         case fpText:
-            return OnOneLine(Hit.Text);
+            return WithoutBreaks(Hit.Text);
         default:
             return {};
     }
