@@ -98,10 +98,16 @@ std::unique_ptr<TModuleLease> ChangeLists(TContext& context, TFormRow& row, TOpe
     return lease;
 }
 
+/// The form is kept only when the failed save has been taken back, which closes what it opened.
 void SaveOrKeep(TContext& context, TModuleLease& lease) {
-    const auto scope = BeginCommand(context, kExcludeTitle);
-    lease.SaveOrKeep();
-    scope->Commit();
+    try {
+        const auto scope = BeginCommand(context, kExcludeTitle);
+        lease.Save();
+        scope->Commit();
+    } catch (...) {
+        lease.Keep();
+        throw;
+    }
 }
 
 /// One step for all forms. They are saved one by one: one that cannot be stays open with what was chosen for
