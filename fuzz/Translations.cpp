@@ -1,5 +1,6 @@
 // A translation file of either kind, by its beginning. A binary one gets a checksum that matches, as its
 // parts would not be reached without one.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -28,12 +29,14 @@ std::string Completed(std::string_view content) {
     return bytes += content;
 }
 
-bool IsSame(const TFormSection& left, const TFormSection& right) {
-    return left.Languages == right.Languages && left.Tables == right.Tables && left.States == right.States &&
-           left.Extended == right.Extended;
+bool IsSame(const TLangTexts& left, const TLangTexts& right) {
+    return left.Languages == right.Languages && left.Extended == right.Extended &&
+           std::equal(
+               left.Tables.begin(), left.Tables.end(), right.Tables.begin(), right.Tables.end(),
+               [](const TTable& one, const TTable& other) { return one.Entries() == other.Entries(); });
 }
 
-std::optional<TFormSection> Read(const ITranslationFile& file, const TFormAddress& form) {
+std::optional<TLangTexts> Read(const ITranslationFile& file, const TFormAddress& form) {
     try {
         return file.Read(form);
     } catch (const EBadInput&) {
@@ -53,16 +56,16 @@ std::unique_ptr<ITranslationFile> Open(const std::string& bytes, const char* nam
 void CheckForms(const ITranslationFile& file) {
     for (const char* name : {"a.mll", "a.mlb"}) {
         const auto copy = Open("", name);
-        std::vector<TFormSection> forms;
+        std::vector<std::pair<TFormAddress, TLangTexts>> forms;
         for (const TFormAddress& address : file.Forms())
             if (auto form = Read(file, address); form) {
-                copy->Put(*form);
-                forms.push_back(std::move(*form));
+                copy->Put(address, *form);
+                forms.emplace_back(address, std::move(*form));
             }
         const auto reread = Open(copy->Bytes(), name);
         Expect(reread != nullptr, "what was written can be read");
-        for (const TFormSection& form : forms)
-            Expect(IsSame(reread->Read(form.Address).value(), form), "a form comes back as it was");
+        for (const auto& [address, form] : forms)
+            Expect(IsSame(reread->Read(address).value(), form), "a form comes back as it was");
     }
 }
 

@@ -19,7 +19,7 @@ std::string TextOfFile(const std::string& fileName) {
 
 void CopyForms(const ITranslationFile& source, ITranslationFile& target) {
     for (const TFormAddress& form : source.Forms())
-        target.Put(*source.Read(form));
+        target.Put(form, *source.Read(form));
 }
 
 void CopyFile(const std::string& sourceName, const std::string& targetName, const std::string& delimiter) {

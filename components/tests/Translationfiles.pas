@@ -6,7 +6,7 @@ program Translationfiles;
 {$MODE Delphi}
 
 uses
-  SysUtils, crc, Mlfilefields, Mlopenfile, Mltranslationfile;
+  SysUtils, crc, Mlfilefields, Mllangtexts, Mlopenfile, Mltranslationfile;
 
 function ChecksumOf(const Bytes: string): Cardinal;
 begin
@@ -17,11 +17,18 @@ procedure CopyForms(Source, Target: TmlTranslationFile);
 var
   Form: TmlFormAddress;
   Section: TmlFormSection;
+  Texts: TmlLangTexts;
 begin
   for Form in Source.Forms do
   begin
     Source.Read(Form, Section);
-    Target.Put(Section);
+    Texts := TmlLangTexts.Create;
+    try
+      Texts.ReadSection(Section);
+      Target.Put(Texts.ToSection(Form));
+    finally
+      Texts.Free;
+    end;
   end;
 end;
 

@@ -13,6 +13,7 @@
 #include "cli/Jsonlines.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "tables/Translationfile.h"
 #include "translations/Filedelimiter.h"
 #include "translations/Formseries.h"
 #include "translations/Formtrans.h"

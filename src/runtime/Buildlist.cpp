@@ -104,10 +104,7 @@ void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
 }
 
 bool HaveSameEntries(const TTable& a, const TTable& b) {
-    return std::equal(a.Entries().begin(), a.Entries().end(), b.Entries().begin(), b.Entries().end(),
-                      [](const TTableEntry& one, const TTableEntry& other) {
-                          return one.Key == other.Key && one.Values == other.Values;
-                      });
+    return a.Entries() == b.Entries();
 }
 
 }  // namespace
@@ -167,7 +164,7 @@ void ClearTables(TmlCustomLang& lang) {
     for (TTable& table : texts.Tables)
         // What language a language is stays true without translations.
         if (table.Type() != TStringsType::stLocales) table.ClearTranslations();
-    for (TFileExtended& item : texts.Extended)
+    for (TExtendedItem& item : texts.Extended)
         for (std::size_t i = 1; i < item.Values.size(); ++i)
             item.Values[i].clear();
     WriteTexts(lang, texts);

@@ -5,7 +5,7 @@
 #include "base/Stringlist.h"
 #include "platform/Formtexts.h"
 #include "platform/Mlruntime.h"
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

@@ -54,8 +54,8 @@ const TPropertyText* Find(const std::vector<TPropertyText>& texts, std::string_v
 
 }  // namespace
 
-std::vector<TFileExtended> ReadExtended(IOTAComponent& lang) {
-    std::vector<TFileExtended> items;
+std::vector<TExtendedItem> ReadExtended(IOTAComponent& lang) {
+    std::vector<TExtendedItem> items;
     const auto value = ItemsOf(lang);
     if (!value) return items;
     for (const TItem& item : value->Collection) {
@@ -67,7 +67,7 @@ std::vector<TFileExtended> ReadExtended(IOTAComponent& lang) {
     return items;
 }
 
-void WriteExtended(IOTAComponent& lang, const std::vector<TFileExtended>& items) {
+void WriteExtended(IOTAComponent& lang, const std::vector<TExtendedItem>& items) {
     auto value = ItemsOf(lang);
     if (!value) return;
     const TFormValue before = *value;
@@ -78,8 +78,8 @@ void WriteExtended(IOTAComponent& lang, const std::vector<TFileExtended>& items)
 }
 
 void MoveExtended(IOTAComponent& lang, const std::vector<int>& former) {
-    std::vector<TFileExtended> items = ReadExtended(lang);
-    for (TFileExtended& item : items) {
+    std::vector<TExtendedItem> items = ReadExtended(lang);
+    for (TExtendedItem& item : items) {
         std::vector<TTableValue> texts;
         for (std::string& text : item.Values)
             texts.push_back({std::move(text)});
@@ -90,9 +90,9 @@ void MoveExtended(IOTAComponent& lang, const std::vector<int>& former) {
     WriteExtended(lang, items);
 }
 
-void UpdateExtended(std::vector<TFileExtended>& items, const TFormParts& parts, int active) {
+void UpdateExtended(std::vector<TExtendedItem>& items, const TFormParts& parts, int active) {
     const auto place = static_cast<std::size_t>(active);
-    for (TFileExtended& item : items) {
+    for (TExtendedItem& item : items) {
         const TFormPart* part = parts.Find(item.Component);
         if (part == nullptr) continue;
         const std::vector<TPropertyText> texts = TextsOfProperties(part->Properties);

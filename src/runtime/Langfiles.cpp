@@ -35,17 +35,17 @@ class TLangFiles::TSession : public ITranslationFiles {
         }
     }
 
-    std::optional<TFormSection> Read(const std::string& fileName, const std::string& formName) {
+    std::optional<TLangTexts> Read(const std::string& fileName, const std::string& formName) {
         const TOpenFile& open = OpenPresent(fileName);
         const auto found = open.Finder.Find({projectName_, formName});
         return found ? open.File->Read(*found) : std::nullopt;
     }
 
     void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-               TLangTexts texts) {
+               const TLangTexts& texts) {
         TOpenFile& open = OpenFile(fileName, delimiter);
         const TFormAddress form{projectName_, formName};
-        open.File->Put(ToSection(open.Finder.Find(form).value_or(form), std::move(texts)));
+        open.File->Put(open.Finder.Find(form).value_or(form), texts);
         open.Changed = true;
     }
 
@@ -54,7 +54,7 @@ class TLangFiles::TSession : public ITranslationFiles {
         const TOpenFile& open = OpenFile(fileName, delimiter);
         const auto found = open.Finder.Find({projectName_, formName});
         if (auto texts = change(found ? open.File->Read(*found) : std::nullopt))
-            Write(fileName, delimiter, formName, std::move(*texts));
+            Write(fileName, delimiter, formName, *texts);
     }
 
   private:
@@ -104,16 +104,16 @@ std::unique_ptr<ITranslationFiles> TLangFiles::Open(const std::string& projectNa
     return std::make_unique<TSession>(*this, projectName);
 }
 
-std::optional<TFormSection> TLangFiles::Read(const std::string& fileName, const std::string& formName) {
+std::optional<TLangTexts> TLangFiles::Read(const std::string& fileName, const std::string& formName) {
     if (session_ != nullptr) return session_->Read(fileName, formName);
     return TSession(*this, {}).Read(fileName, formName);
 }
 
 void TLangFiles::Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-                       TLangTexts texts) {
-    if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, std::move(texts));
+                       const TLangTexts& texts) {
+    if (session_ != nullptr) return session_->Write(fileName, delimiter, formName, texts);
     TSession alone(*this, {});
-    alone.Write(fileName, delimiter, formName, std::move(texts));
+    alone.Write(fileName, delimiter, formName, texts);
     alone.Commit();
 }
 

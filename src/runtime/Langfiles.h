@@ -22,13 +22,13 @@ class TLangFiles {
     std::unique_ptr<ITranslationFiles> Open(const std::string& projectName);
 
     /// What a file holds of a form; none where it has nothing of it. EFileError for a missing file.
-    std::optional<TFormSection> Read(const std::string& fileName, const std::string& formName);
+    std::optional<TLangTexts> Read(const std::string& fileName, const std::string& formName);
     /// Puts a form into a file. delimiter as OpenTranslationFile.
     void Write(const std::string& fileName, const std::string& delimiter, const std::string& formName,
-               TLangTexts texts);
+               const TLangTexts& texts);
     /// The same with what change makes of what the file holds of the form; change gives none where nothing is
     /// to be written.
-    using TChange = std::function<std::optional<TLangTexts>(const std::optional<TFormSection>& present)>;
+    using TChange = std::function<std::optional<TLangTexts>(const std::optional<TLangTexts>& present)>;
     void Change(const std::string& fileName, const std::string& delimiter, const std::string& formName,
                 const TChange& change);
 

@@ -44,13 +44,13 @@ class TLangLoad {
         report_.Notes = std::move(built.Notes);
     }
 
-    TTransferReport Run(const TFormSection& section, const std::string& only) {
-        ExpectOneBase(lang_, Present(), section.Languages, fileName_);
-        TLanguageMeeting meeting = Meet(section.Languages, only);
+    TTransferReport Run(const TLangTexts& file, const std::string& only) {
+        ExpectOneBase(lang_, Present(), file.Languages, fileName_);
+        TLanguageMeeting meeting = Meet(file.Languages, only);
         TellLanguages(meeting);
         SetActive(meeting);
         const TLangTexts before = Moved(meeting);
-        TransferTexts(texts_, FromSection(section), {kind_, meeting.Places}, report_);
+        TransferTexts(texts_, file, {kind_, meeting.Places}, report_);
         Write(meeting);
         ShowChanges(before);
         return std::move(report_);
@@ -102,7 +102,7 @@ class TLangLoad {
     void Move(const std::vector<int>& former) {
         for (TTable& table : texts_.Tables)
             table.MoveLanguages(former);
-        for (TFileExtended& item : texts_.Extended) {
+        for (TExtendedItem& item : texts_.Extended) {
             const std::vector<std::string> values = std::exchange(item.Values, {});
             for (const int place : former)
                 item.Values.push_back(place > 0 && place <= static_cast<int>(values.size())
@@ -151,7 +151,7 @@ TTransferReport SaveTexts(TmlCustomLang& lang, TLangFiles& files, const std::str
         report.Taken += static_cast<int>(table.Entries().size());
     report.Taken += static_cast<int>(built.Texts.Extended.size());
     report.Notes = std::move(built.Notes);
-    files.Write(fileName, delimiter, FormNameOf(lang), std::move(built.Texts));
+    files.Write(fileName, delimiter, FormNameOf(lang), built.Texts);
     return report;
 }
 
@@ -163,24 +163,23 @@ TTransferReport SaveKinds(TmlCustomLang& lang, TLangFiles& files, const TPropert
     report.Taken = CountEntries(built.Texts, kinds);
     if (kinds.None()) return report;
     files.Change(fileName, delimiter, FormNameOf(lang),
-                 [&](const std::optional<TFormSection>& present) -> std::optional<TLangTexts> {
+                 [&](const std::optional<TLangTexts>& present) -> std::optional<TLangTexts> {
                      if (!present && report.Taken == 0) return std::nullopt;
                      if (present) ExpectOneBase(lang, built.Texts.Languages, present->Languages, fileName);
-                     const TLangTexts file =
-                         FromSection(present.value_or(TFormSection{{}, built.Texts.Languages, {}, {}, {}}));
-                     return WithKindsOf(built.Texts, file, kinds);
+                     return WithKindsOf(built.Texts, present ? *present : TextsIn(built.Texts.Languages),
+                                        kinds);
                  });
     return report;
 }
 
 TTransferReport LoadTexts(TmlCustomLang& lang, TLangFiles& files, const std::string& fileName,
                           TTransferKind kind, const std::string& only) {
-    const auto section = files.Read(fileName, FormNameOf(lang));
-    if (!section) return Passed("the file holds nothing of it");
-    const int language = only.empty() ? 0 : section->Languages.IndexOf(only);
+    const auto file = files.Read(fileName, FormNameOf(lang));
+    if (!file) return Passed("the file holds nothing of it");
+    const int language = only.empty() ? 0 : file->Languages.IndexOf(only);
     if (language < 0) return Passed("the file has no " + only + " of it");
     if (language == 0 && !only.empty()) return Passed(only + " is its base language there; its texts stay");
-    return TLangLoad(lang, fileName, kind).Run(*section, only);
+    return TLangLoad(lang, fileName, kind).Run(*file, only);
 }
 
 }  // namespace tml

@@ -131,7 +131,7 @@ void TmlLangView::SetTables(const std::vector<TTable>& tables) {
 }
 
 void TmlLangView::EditTables(const std::vector<TTable>& tables) {
-    const std::vector<TFileExtended> extended = ReadExtended(Component());
+    const std::vector<TExtendedItem> extended = ReadExtended(Component());
     const std::vector<TTable> present = GetTables();
     TLangTexts before{{}, {}, extended};
     for (const TTable& table : tables)

@@ -38,7 +38,7 @@ class TFormChange {
             if (before[i].Type() != TStringsType::stStrings && before[i].Type() != TStringsType::stLocales)
                 Add(before[i], after[i]);
     }
-    void Add(const std::vector<TFileExtended>& before, const std::vector<TFileExtended>& after) {
+    void Add(const std::vector<TExtendedItem>& before, const std::vector<TExtendedItem>& after) {
         for (std::size_t i = 0; i < before.size(); ++i)
             if (const TFormPart* const part =
                     parts_.Find(before[i].Component.empty() ? path_ : KeyWithin(path_, before[i].Component)))
@@ -64,7 +64,7 @@ class TFormChange {
     }
 
   private:
-    static TTableEntry EntryOf(const TFileExtended& text) {
+    static TTableEntry EntryOf(const TExtendedItem& text) {
         TTableEntry entry;
         for (const std::string& value : text.Values)
             entry.Values.push_back({value});
@@ -132,7 +132,7 @@ class TFormChange {
 TFormChange ChangeOfLanguage(const TFormParts& parts, TmlCustomLang& lang, int from, int to) {
     TFormChange change(parts, from, to);
     const std::vector<TTable> tables = lang.GetTables();
-    const std::vector<TFileExtended> extended = ReadExtended(*lang.GetComponent());
+    const std::vector<TExtendedItem> extended = ReadExtended(*lang.GetComponent());
     change.Add(tables, tables);
     change.Add(extended, extended);
     return change;

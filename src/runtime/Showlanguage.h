@@ -5,7 +5,7 @@
 
 #include "platform/Mlruntime.h"
 #include "runtime/Formparts.h"
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

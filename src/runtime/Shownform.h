@@ -8,7 +8,7 @@
 #include "layout/Layoutnode.h"
 #include "platform/Mlruntime.h"
 #include "runtime/Formparts.h"
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

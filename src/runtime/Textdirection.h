@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

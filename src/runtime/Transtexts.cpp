@@ -12,9 +12,9 @@
 namespace tml {
 namespace {
 
-TTable ExtendedTable(const std::vector<TFileExtended>& items) {
+TTable ExtendedTable(const std::vector<TExtendedItem>& items) {
     TTable table(TStringsType::stOtherStrings);
-    for (const TFileExtended& item : items) {
+    for (const TExtendedItem& item : items) {
         TTableEntry entry{item.Component + "." + item.Property, {}};
         for (const std::string& text : item.Values)
             entry.Values.push_back({text});
@@ -23,7 +23,7 @@ TTable ExtendedTable(const std::vector<TFileExtended>& items) {
     return table;
 }
 
-void Take(std::vector<TFileExtended>& items, const TTable& table) {
+void Take(std::vector<TExtendedItem>& items, const TTable& table) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         items[i].Values.clear();
         for (const TTableValue& value : table.Entries()[i].Values)

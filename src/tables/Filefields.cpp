@@ -3,6 +3,7 @@
 #include "tables/Filefields.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -30,27 +31,21 @@ constexpr std::size_t ByteOf(char c) {
     return static_cast<unsigned char>(c);
 }
 
-/// The letter of a character that is escaped at the edges of a piece.
-char LetterAtEdge(char c, bool isKeyStart, bool isEnd) {
-    if (!isKeyStart && !isEnd) return '\0';
-    for (const TEscape& escape : kEscapes)
-        if (escape.Character == c &&
-            ((escape.Where == TWhere::KeyStarts && isKeyStart) || (escape.Where == TWhere::Ends && isEnd)))
-            return escape.Letter;
-    return '\0';
-}
-
 }  // namespace
 
 TFileFields::TFileFields(std::string delimiter)
     : delimiter_(std::move(delimiter)),
       first_(LeftCodePoints(delimiter_, 1)),
       mark_(first_ == "\\" ? '^' : '\\') {
-    for (const TEscape& escape : kEscapes) {
-        const bool isEverywhere = escape.Where == TWhere::Everywhere;
-        if (isEverywhere) inFields_[ByteOf(escape.Character)] = escape.Letter;
-        if (isEverywhere || escape.Where == TWhere::Keys) inKeys_[ByteOf(escape.Character)] = escape.Letter;
-    }
+    const auto take = [](TLetters& letters, std::initializer_list<TWhere> places) {
+        for (const TEscape& escape : kEscapes)
+            if (std::find(places.begin(), places.end(), escape.Where) != places.end())
+                letters[ByteOf(escape.Character)] = escape.Letter;
+    };
+    take(inFields_, {TWhere::Everywhere});
+    take(inKeys_, {TWhere::Everywhere, TWhere::Keys});
+    take(atEnds_, {TWhere::Ends});
+    take(atKeyStarts_, {TWhere::Ends, TWhere::KeyStarts});
     // A file that is not there yet may be opened without a delimiter.
     if (!first_.empty()) inFields_[ByteOf(first_.front())] = kDelimiterLetter;
     inFields_[ByteOf(mark_)] = inKeys_[ByteOf(mark_)] = kMarkLetter;
@@ -65,47 +60,53 @@ std::size_t TFileFields::EndOfPlain(std::string_view text, std::size_t pos) cons
 }
 
 void TFileFields::AppendLine(std::string& lines, std::string_view key,
-                             const std::vector<std::string>& fields) const {
-    Append(lines, key, {true, true, true});
+                             const std::vector<std::string_view>& fields) const {
+    Append(lines, key, {inKeys_, &atKeyStarts_, &atEnds_});
     lines += '=';
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0) lines += delimiter_;
-        Append(lines, fields[i], {false, i == 0, i + 1 == fields.size()});
+        Append(lines, fields[i],
+               {inFields_, i == 0 ? &atEnds_ : nullptr, i + 1 == fields.size() ? &atEnds_ : nullptr});
     }
     lines += '\n';
 }
 
-void TFileFields::Append(std::string& line, std::string_view text, TPiece piece) const {
-    const TLetters& letters = piece.IsKey ? inKeys_ : inFields_;
-    const std::size_t begin = line.size();
-    line.resize(begin + 2 * text.size());  // where every byte is escaped
-    char* end = line.data() + begin;
-    for (std::size_t pos = 0; pos < text.size(); ++pos) {
-        if (pos > 0)
-            for (; pos + 1 < text.size() && letters[ByteOf(text[pos])] == '\0'; ++pos)
-                *end++ = text[pos];
-        const char letter = LetterAt(text, pos, piece);
-        if (letter == '\0') {
-            *end++ = text[pos];
-            continue;
-        }
-        *end++ = mark_;
-        *end++ = letter;
-        if (letter == kDelimiterLetter) pos += first_.size() - 1;
+void TFileFields::Append(std::string& line, std::string_view text, const TPiece& piece) const {
+    const auto letterOf = [&](const TLetters* edge, char c) {
+        return edge == nullptr || piece.Inside[ByteOf(c)] != '\0' ? '\0' : (*edge)[ByteOf(c)];
+    };
+    if (text.empty()) return;
+    char first = letterOf(piece.First, text.front());
+    char last = letterOf(piece.Last, text.back());
+    // A single character is both.
+    if (text.size() == 1) {
+        if (first == '\0') first = last;
+        last = '\0';
     }
-    line.resize(static_cast<std::size_t>(end - line.data()));
+    if (first != '\0') {
+        (line += mark_) += first;
+        text.remove_prefix(1);
+    }
+    if (last != '\0') text.remove_suffix(1);
+    AppendInside(line, text, piece.Inside);
+    if (last != '\0') (line += mark_) += last;
 }
 
-char TFileFields::LetterAt(std::string_view text, std::size_t pos, TPiece piece) const {
-    const char letter = (piece.IsKey ? inKeys_ : inFields_)[ByteOf(text[pos])];
-    const bool isDelimiter =
-        letter == kDelimiterLetter && (first_.size() == 1 || text.substr(pos).starts_with(first_));
-    if (letter == kDelimiterLetter && !isDelimiter) return '\0';
-    const bool isFirst = pos == 0;
-    const bool isLast = pos + 1 == text.size();
-    if (letter != '\0' || (!isFirst && !isLast)) return letter;
-    return LetterAtEdge(text[pos], piece.IsKey && isFirst,
-                        (piece.IsFirst && isFirst) || (piece.IsLast && isLast));
+void TFileFields::AppendInside(std::string& line, std::string_view text, const TLetters& letters) const {
+    std::size_t done = 0;
+    for (std::size_t pos = 0; pos < text.size(); ++pos) {
+        const char letter = letters[ByteOf(text[pos])];
+        if (letter == '\0' || IsOtherCharacter(text, pos, letter)) continue;
+        line.append(text, done, pos - done);
+        (line += mark_) += letter;
+        if (letter == kDelimiterLetter) pos += first_.size() - 1;
+        done = pos + 1;
+    }
+    line.append(text, done);
+}
+
+bool TFileFields::IsOtherCharacter(std::string_view text, std::size_t pos, char letter) const {
+    return letter == kDelimiterLetter && first_.size() > 1 && !text.substr(pos).starts_with(first_);
 }
 
 TFileEntry TFileFields::Read(std::string_view line) const {

@@ -23,22 +23,27 @@ class TFileFields {
     explicit TFileFields(std::string delimiter);
 
     /// Appends the line of an entry, LF behind it.
-    void AppendLine(std::string& lines, std::string_view key, const std::vector<std::string>& fields) const;
+    void AppendLine(std::string& lines, std::string_view key,
+                    const std::vector<std::string_view>& fields) const;
     /// A line without "=" is a key without fields.
     TFileEntry Read(std::string_view line) const;
 
   private:
-    /// What of a line is written: where it begins and ends the key or the whole value, blanks are escaped.
-    struct TPiece {
-        bool IsKey;
-        bool IsFirst;
-        bool IsLast;
-    };
     /// The letter that each byte is escaped by, '\0' for one that stands for itself.
     using TLetters = std::array<char, 256>;
+    /// What is escaped of a key or a field: the first and the last character of a piece may have letters of
+    /// their own. That of the delimiter's first byte holds for the whole character.
+    struct TPiece {
+        const TLetters& Inside;
+        const TLetters* First;
+        const TLetters* Last;
+    };
 
-    void Append(std::string& line, std::string_view text, TPiece piece) const;
-    char LetterAt(std::string_view text, std::size_t pos, TPiece piece) const;
+    void Append(std::string& line, std::string_view text, const TPiece& piece) const;
+    void AppendInside(std::string& line, std::string_view text, const TLetters& letters) const;
+    /// True where the letter of the character at pos is that of the delimiter's first character, and another
+    /// character stands there, which begins with the same byte.
+    bool IsOtherCharacter(std::string_view text, std::size_t pos, char letter) const;
     /// The end of the bytes from pos on that are read as they stand.
     std::size_t EndOfPlain(std::string_view text, std::size_t pos) const;
     /// Appends the plain characters at pos to the text, or the one other or escape; the position behind.
@@ -47,9 +52,10 @@ class TFileFields {
     std::string delimiter_;
     std::string first_;  ///< the delimiter's first character
     char mark_;
-    TLetters inKeys_{};    ///< wherever they stand in a key
-    TLetters inFields_{};  ///< likewise in a field; that of the delimiter's first byte holds for the whole
-                           ///< character
+    TLetters inKeys_{};
+    TLetters inFields_{};
+    TLetters atKeyStarts_{};
+    TLetters atEnds_{};               ///< of keys and of all fields together
     std::array<bool, 256> isRead_{};  ///< what is no plain character to a reader
 };
 

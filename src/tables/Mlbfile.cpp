@@ -1,6 +1,7 @@
 #include "tables/Mlbfile.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/Checksum.h"
@@ -12,6 +13,9 @@ namespace {
 
 constexpr std::string_view kMagic = "TMLB";
 constexpr std::size_t kHeaderSize = 14;
+
+/// In the order of their numbers.
+constexpr std::array kStoredMarks = {TValueMark::Stale, TValueMark::Touched, TValueMark::Same};
 
 void AppendNumber(std::string& bytes, std::size_t number, int size) {
     for (int i = 0; i < size; ++i)
@@ -92,20 +96,26 @@ TStringsType ReadType(TReader& reader) {
     return kTableKinds[ordinal].Type;
 }
 
-TFileTable ReadTable(TReader reader) {
-    TFileTable table{ReadType(reader), {}};
-    for (std::uint32_t count = reader.Number(); count > 0; --count) {
-        std::string key = reader.Text();
-        table.Entries.push_back({std::move(key), reader.Texts()});
-    }
-    return table;
+/// So many texts, as there are languages.
+std::vector<std::string> ReadColumns(TReader& reader, std::size_t languages) {
+    std::vector<std::string> texts = reader.Texts();
+    if (texts.size() != languages) throw TDamaged();
+    return texts;
 }
 
-/// Tables stand in their order, and only those with entries.
-void AddTable(TFormSection& form, TFileTable table) {
-    const bool isNext = form.Tables.empty() || form.Tables.back().Type < table.Type;
-    if (!isNext || table.Entries.empty()) throw TDamaged();
-    form.Tables.push_back(std::move(table));
+/// Tables stand in their order, and only those with entries; next is the ordinal of the least that may
+/// follow.
+void ReadTable(TReader reader, TLangTexts& texts, std::size_t& next) {
+    const auto ordinal = static_cast<std::size_t>(ReadType(reader));
+    std::uint32_t count = reader.Number();
+    if (ordinal < next || count == 0) throw TDamaged();
+    next = ordinal + 1;
+    for (; count > 0; --count) {
+        TTableEntry entry{reader.Text(), {}};
+        for (std::string& text : ReadColumns(reader, texts.Languages.Items().size()))
+            entry.Values.push_back({std::move(text)});
+        texts.Tables[ordinal].Append(std::move(entry));
+    }
 }
 
 /// A name without what the text kind separates names by.
@@ -115,29 +125,26 @@ std::string ReadName(TReader& reader, std::string_view separators) {
     return name;
 }
 
-std::vector<TFileState> ReadStates(TReader reader) {
-    std::vector<TFileState> states;
+void ReadStates(TReader reader, TLangTexts& texts) {
     while (!reader.AtEnd()) {
         const TStringsType type = ReadType(reader);
-        const auto place = static_cast<int>(reader.Number());
+        const std::uint32_t place = reader.Number();
         const std::uint32_t state = reader.Number(1);
-        std::string key = reader.Text();
-        std::string former = reader.Text();
-        if (state < kStoredStates.size())
-            states.push_back(
-                {type, place, std::move(key), std::string(kStoredStates[state]), std::move(former)});
+        const std::string key = reader.Text();
+        const std::string former = reader.Text();
+        if (state >= kStoredMarks.size()) continue;
+        if (place < 2 || place > texts.Languages.Items().size()) throw TDamaged();
+        SetMark(texts, type, key, static_cast<int>(place), kStoredMarks[state], former);
     }
-    return states;
 }
 
-std::vector<TFileExtended> ReadExtended(TReader reader) {
-    std::vector<TFileExtended> extended;
+void ReadExtended(TReader reader, TLangTexts& texts) {
     while (!reader.AtEnd()) {
         std::string component = ReadName(reader, ":");
         std::string property = reader.Text();
-        extended.push_back({std::move(component), std::move(property), reader.Texts()});
+        texts.Extended.push_back(
+            {std::move(component), std::move(property), ReadColumns(reader, texts.Languages.Items().size())});
     }
-    return extended;
 }
 
 std::string UnknownParts(std::string_view form) {
@@ -155,36 +162,40 @@ std::string UnknownParts(std::string_view form) {
     return unknown;
 }
 
-std::string BytesOf(const TFileTable& table) {
+std::string BytesOf(const TTable& table, std::size_t languages) {
     std::string bytes;
-    AppendNumber(bytes, static_cast<std::size_t>(table.Type), 1);
-    AppendNumber(bytes, table.Entries.size(), 4);
-    for (const TFileEntry& entry : table.Entries) {
+    AppendNumber(bytes, static_cast<std::size_t>(table.Type()), 1);
+    AppendNumber(bytes, table.Entries().size(), 4);
+    for (const TTableEntry& entry : table.Entries()) {
         AppendText(bytes, entry.Key);
-        AppendTexts(bytes, entry.Fields);
+        AppendNumber(bytes, languages, 4);
+        for (std::size_t i = 0; i < languages; ++i)
+            AppendText(bytes, i < entry.Values.size() ? entry.Values[i].Text : std::string_view());
     }
     return bytes;
 }
 
-std::string BytesOf(const std::vector<TFileState>& states) {
+std::string BytesOfStates(const TLangTexts& texts) {
     std::string bytes;
-    for (const TFileState& state : states) {
-        const auto* name = std::find(kStoredStates.begin(), kStoredStates.end(), state.State);
-        AppendNumber(bytes, static_cast<std::size_t>(state.Type), 1);
-        AppendNumber(bytes, static_cast<std::size_t>(state.Place), 4);
-        AppendNumber(bytes, static_cast<std::size_t>(name - kStoredStates.begin()), 1);
-        AppendText(bytes, state.Key);
-        AppendText(bytes, state.Former);
-    }
+    ForEachMarked(texts, [&](TStringsType type, const std::string& key, int place, const TTableValue& value) {
+        const auto* mark = std::find(kStoredMarks.begin(), kStoredMarks.end(), value.Mark);
+        AppendNumber(bytes, static_cast<std::size_t>(type), 1);
+        AppendNumber(bytes, static_cast<std::size_t>(place), 4);
+        AppendNumber(bytes, static_cast<std::size_t>(mark - kStoredMarks.begin()), 1);
+        AppendText(bytes, key);
+        AppendText(bytes, value.Former);
+    });
     return bytes;
 }
 
-std::string BytesOf(const std::vector<TFileExtended>& extended) {
+std::string BytesOf(const std::vector<TExtendedItem>& extended, std::size_t languages) {
     std::string bytes;
-    for (const TFileExtended& row : extended) {
-        AppendText(bytes, row.Component);
-        AppendText(bytes, row.Property);
-        AppendTexts(bytes, row.Values);
+    for (const TExtendedItem& item : extended) {
+        AppendText(bytes, item.Component);
+        AppendText(bytes, item.Property);
+        std::vector<std::string> values = item.Values;
+        values.resize(languages);
+        AppendTexts(bytes, values);
     }
     return bytes;
 }
@@ -247,7 +258,7 @@ std::vector<TFormAddress> TMlbFile::Forms() const {
     return forms;
 }
 
-std::optional<TFormSection> TMlbFile::Read(const TFormAddress& form) const {
+std::optional<TLangTexts> TMlbFile::Read(const TFormAddress& form) const {
     const auto found = index_.find(KeyOf(form));
     if (found == index_.end()) return std::nullopt;
     try {
@@ -257,35 +268,28 @@ std::optional<TFormSection> TMlbFile::Read(const TFormAddress& form) const {
     }
 }
 
-TFormSection TMlbFile::ReadForm(const TPart& form) const {
+TLangTexts TMlbFile::ReadForm(const TPart& form) const {
     TReader reader(form.Payload);
-    TFormSection read{{reader.Text(), reader.Text()}, {}, {}, {}, {}};
+    for (int i = 0; i < 2; ++i)
+        reader.Text();  // project and form, as in the part's address
+    TStringList languages;
     for (std::uint32_t count = reader.Number(); count > 0; --count) {
         const std::uint32_t column = reader.Number();
         if (column < 1 || column > languages_.Items().size()) throw TDamaged();
-        read.Languages.Add(languages_[static_cast<int>(column) - 1]);
+        languages.Add(languages_[static_cast<int>(column) - 1]);
     }
+    TLangTexts read = TextsIn(std::move(languages));
+    std::size_t nextTable = 0;
+    TReader states({});  // of the tables' entries, wherever it stands
     while (!reader.AtEnd()) {
         const TReadPart part = ReadPart(reader);
         const TReader content(part.Payload);
-        if (part.Tag == 'T') AddTable(read, ReadTable(content));
-        if (part.Tag == 'S') read.States = ReadStates(content);
-        if (part.Tag == 'X') read.Extended = ReadExtended(content);
+        if (part.Tag == 'T') ReadTable(content, read, nextTable);
+        if (part.Tag == 'S') states = content;
+        if (part.Tag == 'X') ReadExtended(content, read);
     }
-    ExpectColumns(read);
+    ReadStates(states, read);
     return read;
-}
-
-/// As many texts as languages.
-void TMlbFile::ExpectColumns(const TFormSection& form) {
-    const std::size_t count = form.Languages.Items().size();
-    for (const TFileTable& table : form.Tables)
-        for (const TFileEntry& entry : table.Entries)
-            if (entry.Fields.size() != count) throw TDamaged();
-    for (const TFileExtended& extended : form.Extended)
-        if (extended.Values.size() != count) throw TDamaged();
-    for (const TFileState& state : form.States)
-        if (state.Place < 2 || static_cast<std::size_t>(state.Place) > count) throw TDamaged();
 }
 
 void TMlbFile::ExpectWritable() const {
@@ -294,14 +298,14 @@ void TMlbFile::ExpectWritable() const {
                         "Save into another file, or with a newer program");
 }
 
-void TMlbFile::Put(const TFormSection& section) {
+void TMlbFile::Put(const TFormAddress& form, const TLangTexts& texts) {
     ExpectWritable();
     version_ = kTranslationFileVersion;
-    const auto [place, isNew] = index_.emplace(KeyOf(section.Address), parts_.size());
-    if (isNew) parts_.push_back({'F', {}, section.Address});
+    const auto [place, isNew] = index_.emplace(KeyOf(form), parts_.size());
+    if (isNew) parts_.push_back({'F', {}, form});
     TPart& part = parts_[place->second];
     const std::string unknown = KeptParts(part);
-    part.Payload = Payload(section) + unknown;
+    part.Payload = Payload(form, texts) + unknown;
     isChanged_ = true;
 }
 
@@ -315,17 +319,18 @@ std::string TMlbFile::KeptParts(const TPart& form) const {
     }
 }
 
-std::string TMlbFile::Payload(const TFormSection& section) {
+std::string TMlbFile::Payload(const TFormAddress& form, const TLangTexts& texts) {
+    const std::size_t languages = texts.Languages.Items().size();
     std::string bytes;
-    AppendText(bytes, section.Address.Project);
-    AppendText(bytes, section.Address.Form);
-    AppendNumber(bytes, section.Languages.Items().size(), 4);
-    for (const std::string& language : section.Languages)
+    AppendText(bytes, form.Project);
+    AppendText(bytes, form.Form);
+    AppendNumber(bytes, languages, 4);
+    for (const std::string& language : texts.Languages)
         AppendNumber(bytes, ColumnOf(PlainLanguageName(language)), 4);
-    for (const TFileTable& table : section.Tables)
-        AppendPart(bytes, 'T', BytesOf(table));
-    if (!section.States.empty()) AppendPart(bytes, 'S', BytesOf(section.States));
-    if (!section.Extended.empty()) AppendPart(bytes, 'X', BytesOf(section.Extended));
+    for (const TTable& table : texts.Tables)
+        if (!table.Entries().empty()) AppendPart(bytes, 'T', BytesOf(table, languages));
+    if (const std::string states = BytesOfStates(texts); !states.empty()) AppendPart(bytes, 'S', states);
+    if (!texts.Extended.empty()) AppendPart(bytes, 'X', BytesOf(texts.Extended, languages));
     return bytes;
 }
 

@@ -18,9 +18,9 @@ class TMlbFile : public ITranslationFile {
 
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override { return languages_; }
-    std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    std::optional<TLangTexts> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
-    void Put(const TFormSection& section) override;
+    void Put(const TFormAddress& form, const TLangTexts& texts) override;
     bool IsChanged() const override { return isChanged_; }
     std::string Bytes() const override;
 
@@ -32,10 +32,9 @@ class TMlbFile : public ITranslationFile {
     };
 
     void ReadContent(std::string_view content);
-    TFormSection ReadForm(const TPart& form) const;
-    static void ExpectColumns(const TFormSection& form);
+    TLangTexts ReadForm(const TPart& form) const;
     std::string KeptParts(const TPart& form) const;
-    std::string Payload(const TFormSection& section);
+    std::string Payload(const TFormAddress& form, const TLangTexts& texts);
     std::size_t ColumnOf(const std::string& language);
     [[noreturn]] void Refuse(const std::string& problem) const;
 

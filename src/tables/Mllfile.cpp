@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "tables/States.h"
 
 namespace tml {
 namespace {
@@ -163,17 +164,15 @@ TStringList TMllFile::Languages() const {
     return languages;
 }
 
-std::optional<TFormSection> TMllFile::Read(const TFormAddress& form) const {
+std::optional<TLangTexts> TMllFile::Read(const TFormAddress& form) const {
     const TSection* head = document_.Find(NameOf(form));
     if (head == nullptr) return std::nullopt;
-    TFormSection read{SplitName(head->Name)->Address, ReadLanguages(*head), {}, {}, {}};
+    TLangTexts read = TextsIn(ReadLanguages(*head));
     const int languages = read.Languages.Count();
-    for (const TTableKind& kind : kTableKinds)
-        if (const TSection* section = document_.Find(NameOf(form, kind.Property)))
-            if (TFileTable table = ReadTable(kind.Type, *section, languages); !table.Entries.empty())
-                read.Tables.push_back(std::move(table));
-    if (const TSection* section = document_.Find(NameOf(form, kStates)))
-        read.States = ReadStates(*section, languages);
+    for (TTable& table : read.Tables)
+        if (const TSection* section = document_.Find(NameOf(form, KindOf(table.Type()).Property)))
+            ReadTable(*section, languages, table);
+    if (const TSection* section = document_.Find(NameOf(form, kStates))) ReadStates(*section, read);
     if (const TSection* section = document_.Find(NameOf(form, kExtended)))
         read.Extended = ReadExtended(*section, languages);
     return read;
@@ -218,33 +217,35 @@ TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
     return entry;
 }
 
-TFileTable TMllFile::ReadTable(TStringsType type, const TSection& section, int languages) const {
-    TFileTable table{type, {}};
-    for (const TEntryLine& line : TMllDocument::Entries(section))
-        table.Entries.push_back(ReadEntry(line, languages));
-    return table;
+void TMllFile::ReadTable(const TSection& section, int languages, TTable& table) const {
+    for (const TEntryLine& line : TMllDocument::Entries(section)) {
+        TFileEntry entry = ReadEntry(line, languages);
+        TTableEntry read{std::move(entry.Key), {}};
+        read.Values.reserve(entry.Fields.size());
+        for (std::string& text : entry.Fields)
+            read.Values.push_back({std::move(text)});
+        table.Append(std::move(read));
+    }
 }
 
-std::vector<TFileState> TMllFile::ReadStates(const TSection& section, int languages) const {
-    std::vector<TFileState> states;
+void TMllFile::ReadStates(const TSection& section, TLangTexts& texts) const {
     for (const TEntryLine& line : TMllDocument::Entries(section)) {
         TFileEntry entry = Fields(line);
         const std::vector<std::string> key = SplitKey(entry.Key, 3);
         const TTableKind* kind = FindKind(key[0]);
         const int place = NumberOf(key[1]);
         entry.Fields.resize(2);
-        const bool isKnown =
-            std::find(kStoredStates.begin(), kStoredStates.end(), entry.Fields[0]) != kStoredStates.end();
+        const TValueMark mark = ValueMarkOf(entry.Fields[0]);
+        const bool isKnown = mark != TValueMark::None;
         if (!isKnown && version_ > kTranslationFileVersion) continue;
-        if (kind == nullptr || place < 2 || place > languages || !isKnown)
+        if (kind == nullptr || place < 2 || place > texts.Languages.Count() || !isKnown)
             Refuse(line.Number, "this is no state of a translation", "Delete the line");
-        states.push_back({kind->Type, place, key[2], entry.Fields[0], entry.Fields[1]});
+        SetMark(texts, kind->Type, key[2], place, mark, entry.Fields[1]);
     }
-    return states;
 }
 
-std::vector<TFileExtended> TMllFile::ReadExtended(const TSection& section, int languages) const {
-    std::vector<TFileExtended> extended;
+std::vector<TExtendedItem> TMllFile::ReadExtended(const TSection& section, int languages) const {
+    std::vector<TExtendedItem> extended;
     for (const TEntryLine& line : TMllDocument::Entries(section)) {
         TFileEntry entry = ReadEntry(line, languages);
         const std::vector<std::string> key = SplitKey(entry.Key, 2);
@@ -295,53 +296,57 @@ std::string TMllFile::ColumnsOf(const TStringList& languages) {
     return columns.CommaText();
 }
 
-void TMllFile::Put(const TFormSection& section) {
+void TMllFile::Put(const TFormAddress& form, const TLangTexts& texts) {
     WriteOptions();
-    const std::string columns = ColumnsOf(section.Languages);
+    const std::string columns = ColumnsOf(texts.Languages);
     std::string names;
     for (const auto& [key, name] : names_)
         names += key + '=' + name + '\n';
     document_.Put(kNames, names, kOptions);
 
-    std::string last = NameOf(section.Address);
+    std::string last = NameOf(form);
     PutSettings(last, {std::string(kLanguages) + '=' + columns});
     const auto put = [&](std::string_view part, const std::string& lines) {
-        const std::string name = NameOf(section.Address, part);
+        const std::string name = NameOf(form, part);
         document_.Put(name, lines, last);
         if (!lines.empty()) last = name;
     };
-    for (const TTableKind& kind : kTableKinds)
-        put(kind.Property, LinesOf(section, kind.Type));
-    put(kStates, StateLinesOf(section));
-    put(kExtended, ExtendedLinesOf(section));
+    for (const TTable& table : texts.Tables)
+        put(KindOf(table.Type()).Property, LinesOf(table, texts.Languages.Items().size()));
+    put(kStates, StateLinesOf(texts));
+    put(kExtended, ExtendedLinesOf(texts));
 }
 
-std::string TMllFile::LinesOf(const TFormSection& section, TStringsType type) const {
+std::string TMllFile::LinesOf(const TTable& table, std::size_t languages) const {
     std::string lines;
-    for (const TFileTable& table : section.Tables)
-        if (table.Type == type)
-            for (const TFileEntry& entry : table.Entries)
-                fields_.AppendLine(lines, entry.Key, entry.Fields);
-    return lines;
-}
-
-std::string TMllFile::StateLinesOf(const TFormSection& section) const {
-    std::string lines;
-    for (const TFileState& state : section.States) {
-        std::vector<std::string> fields = {state.State};
-        if (!state.Former.empty()) fields.push_back(state.Former);
-        fields_.AppendLine(
-            lines,
-            std::string(KindOf(state.Type).Property) + ':' + std::to_string(state.Place) + ':' + state.Key,
-            fields);
+    std::vector<std::string_view> fields;
+    for (const TTableEntry& entry : table.Entries()) {
+        fields.assign(languages, {});
+        for (std::size_t i = 0; i < std::min(languages, entry.Values.size()); ++i)
+            fields[i] = entry.Values[i].Text;
+        fields_.AppendLine(lines, entry.Key, fields);
     }
     return lines;
 }
 
-std::string TMllFile::ExtendedLinesOf(const TFormSection& section) const {
+std::string TMllFile::StateLinesOf(const TLangTexts& texts) const {
     std::string lines;
-    for (const TFileExtended& extended : section.Extended)
-        fields_.AppendLine(lines, extended.Component + ':' + extended.Property, extended.Values);
+    ForEachMarked(texts, [&](TStringsType type, const std::string& key, int place, const TTableValue& value) {
+        std::vector<std::string_view> fields = {NameOf(value.Mark)};
+        if (!value.Former.empty()) fields.emplace_back(value.Former);
+        fields_.AppendLine(
+            lines, std::string(KindOf(type).Property) + ':' + std::to_string(place) + ':' + key, fields);
+    });
+    return lines;
+}
+
+std::string TMllFile::ExtendedLinesOf(const TLangTexts& texts) const {
+    std::string lines;
+    for (const TExtendedItem& item : texts.Extended) {
+        std::vector<std::string_view> fields(item.Values.begin(), item.Values.end());
+        fields.resize(texts.Languages.Items().size());
+        fields_.AppendLine(lines, item.Component + ':' + item.Property, fields);
+    }
     return lines;
 }
 
@@ -355,7 +360,7 @@ void TMllFile::WriteAnew(const TFileFields& former) {
         std::string lines;
         for (const TEntryLine& line : TMllDocument::Entries(*document_.Find(name))) {
             const TFileEntry entry = former.Read(line.Content);
-            fields_.AppendLine(lines, entry.Key, entry.Fields);
+            fields_.AppendLine(lines, entry.Key, {entry.Fields.begin(), entry.Fields.end()});
         }
         document_.Put(name, lines, {});
     }

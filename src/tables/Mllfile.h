@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tables/Filefields.h"
 #include "tables/Mlldocument.h"
 #include "tables/Translationfile.h"
 
@@ -18,9 +19,9 @@ class TMllFile : public ITranslationFile {
 
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override;
-    std::optional<TFormSection> Read(const TFormAddress& form) const override;
+    std::optional<TLangTexts> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
-    void Put(const TFormSection& section) override;
+    void Put(const TFormAddress& form, const TLangTexts& texts) override;
     bool IsChanged() const override { return document_.IsChanged(); }
     std::string Bytes() const override { return document_.Bytes(); }
 
@@ -37,12 +38,12 @@ class TMllFile : public ITranslationFile {
     TFileEntry Fields(TEntryLine line) const;
     TFileEntry ReadEntry(TEntryLine line, int fields) const;
     TStringList ReadLanguages(const TSection& head) const;
-    TFileTable ReadTable(TStringsType type, const TSection& section, int languages) const;
-    std::vector<TFileState> ReadStates(const TSection& section, int languages) const;
-    std::vector<TFileExtended> ReadExtended(const TSection& section, int languages) const;
-    std::string LinesOf(const TFormSection& section, TStringsType type) const;
-    std::string StateLinesOf(const TFormSection& section) const;
-    std::string ExtendedLinesOf(const TFormSection& section) const;
+    void ReadTable(const TSection& section, int languages, TTable& table) const;
+    void ReadStates(const TSection& section, TLangTexts& texts) const;
+    std::vector<TExtendedItem> ReadExtended(const TSection& section, int languages) const;
+    std::string LinesOf(const TTable& table, std::size_t languages) const;
+    std::string StateLinesOf(const TLangTexts& texts) const;
+    std::string ExtendedLinesOf(const TLangTexts& texts) const;
     [[noreturn]] void Refuse(int line, const std::string& problem, const std::string& remedy) const;
 
     std::string fileName_;

@@ -13,8 +13,8 @@ std::vector<int> FormerOf(const std::vector<int>& places, std::size_t languages)
     return former;
 }
 
-std::vector<TFileExtended> MovedItems(std::vector<TFileExtended> items, const std::vector<int>& former) {
-    for (TFileExtended& item : items) {
+std::vector<TExtendedItem> MovedItems(std::vector<TExtendedItem> items, const std::vector<int>& former) {
+    for (TExtendedItem& item : items) {
         std::vector<std::string> values;
         for (const int place : former) {
             const auto from = static_cast<std::size_t>(place > 0 ? place : 1) - 1;

@@ -3,7 +3,7 @@
 #include <bitset>
 #include <string>
 
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

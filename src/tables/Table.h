@@ -33,6 +33,8 @@ struct TTableEntry {
 
     /// The text in the base language.
     const std::string& Base() const;
+
+    bool operator==(const TTableEntry&) const = default;
 };
 
 /// The values of an entry moved along with their languages. former holds, for each language from now on, the

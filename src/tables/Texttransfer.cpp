@@ -149,9 +149,9 @@ class TTableTransfer {
 };
 
 /// They go through a table of their own: what holds for entries holds for them.
-TTable TableOf(const std::vector<TFileExtended>& items) {
+TTable TableOf(const std::vector<TExtendedItem>& items) {
     TTable table(TStringsType::stOtherStrings);
-    for (const TFileExtended& item : items) {
+    for (const TExtendedItem& item : items) {
         TTableEntry entry{item.Component + ':' + item.Property, {}};
         for (const std::string& value : item.Values)
             entry.Values.push_back({value});

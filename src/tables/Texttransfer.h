@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tables/Formsection.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 

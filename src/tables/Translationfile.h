@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,8 +8,7 @@
 #include <vector>
 
 #include "base/Stringlist.h"
-#include "tables/Filefields.h"
-#include "tables/Tablekinds.h"
+#include "tables/Langtexts.h"
 
 namespace tml {
 
@@ -25,44 +23,6 @@ struct TFormAddress {
     std::string Form;
 };
 
-struct TFileTable {
-    TStringsType Type;
-    std::vector<TFileEntry> Entries;  ///< a field a language
-
-    bool operator==(const TFileTable&) const = default;
-};
-
-/// The states that are stored, in the order of their numbers.
-inline constexpr std::array<std::string_view, 3> kStoredStates = {"stale", "touched", "same"};
-
-/// What is recorded of a translation; Place is its language's, from 1. One of a state that only a newer
-/// version knows is passed over.
-struct TFileState {
-    TStringsType Type;
-    int Place = 0;
-    std::string Key;
-    std::string State;
-    std::string Former;
-
-    bool operator==(const TFileState&) const = default;
-};
-
-struct TFileExtended {
-    std::string Component;
-    std::string Property;
-    std::vector<std::string> Values;
-
-    bool operator==(const TFileExtended&) const = default;
-};
-
-struct TFormSection {
-    TFormAddress Address;
-    TStringList Languages;           ///< base first
-    std::vector<TFileTable> Tables;  ///< those with entries, in the order of their ordinals
-    std::vector<TFileState> States;
-    std::vector<TFileExtended> Extended;
-};
-
 /// A translation file as it is being read or changed.
 class ITranslationFile {
   public:
@@ -72,13 +32,14 @@ class ITranslationFile {
     virtual std::vector<TFormAddress> Forms() const = 0;
     /// The languages of all forms in the order of their first use.
     virtual TStringList Languages() const = 0;
-    /// None when the file does not hold the form. EBadInput, with the place, for a damaged one.
-    virtual std::optional<TFormSection> Read(const TFormAddress& form) const = 0;
+    /// None when the file does not hold the form. What a newer version has on record of a translation is
+    /// passed over. EBadInput, with the place, for a damaged one.
+    virtual std::optional<TLangTexts> Read(const TFormAddress& form) const = 0;
     /// EBadInput for a file of a newer version.
     virtual void ExpectWritable() const = 0;
-    /// Replaces the form in its place, or adds it at the end; everything else stays as it is.
-    /// EBadInput for a file of a newer version.
-    virtual void Put(const TFormSection& section) = 0;
+    /// Replaces the form in its place, or adds it at the end; everything else stays as it is. Every entry
+    /// gets a text a language. EBadInput for a file of a newer version.
+    virtual void Put(const TFormAddress& form, const TLangTexts& texts) = 0;
     /// False while Bytes() are those that were read.
     virtual bool IsChanged() const = 0;
     virtual std::string Bytes() const = 0;

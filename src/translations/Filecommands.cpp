@@ -10,6 +10,7 @@
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "platform/Projectoptions.h"
+#include "tables/Translationfile.h"
 #include "translations/Filedelimiter.h"
 #include "translations/Formseries.h"
 #include "translations/Formtrans.h"

@@ -243,21 +243,18 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
     void SwapLanguages() {
         const std::string name = Save();
         const auto file = OpenTranslationFile(Runtime->Files->ReadFile(name).value(), name);
-        TFormSection section = file->Read({"", "Main"}).value();
-        const auto swapped = [](std::vector<std::string> fields) {
-            std::swap(fields[1], fields[2]);
-            return fields;
-        };
-        section.Languages = TStringList(swapped(section.Languages.Items()));
-        for (TFileTable& table : section.Tables)
-            for (TFileEntry& entry : table.Entries)
-                entry.Fields = swapped(entry.Fields);
-        for (TFileState& state : section.States)
-            state.Place = 5 - state.Place;
-        file->Put(section);
+        TLangTexts texts = file->Read({"", "Main"}).value();
+        std::vector<std::string> names = texts.Languages.Items();
+        std::swap(names[1], names[2]);
+        texts.Languages = TStringList(names);
+        for (TTable& table : texts.Tables)
+            table.MoveLanguages({1, 3, 2});
+        for (TExtendedItem& item : texts.Extended)
+            std::swap(item.Values[1], item.Values[2]);
+        file->Put({"", "Main"}, texts);
         Runtime->Files->WriteFile(name, file->Bytes());
         Lang()->LoadAllFromFile(name);
-        Model.Languages = TStringList(swapped(Model.Languages.Items()));
+        Model.Languages = texts.Languages;
         EXPECT_EQ(Lang()->GetLangNames(), Model.Languages);
     }
     /// As an older program may have entered it; the update puts it where it belongs.

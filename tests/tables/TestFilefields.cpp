@@ -9,7 +9,7 @@ using namespace std::string_literals;
 
 std::string LineOf(const TFileFields& codec, const std::string& key, const std::vector<std::string>& fields) {
     std::string line;
-    codec.AppendLine(line, key, fields);
+    codec.AppendLine(line, key, {fields.begin(), fields.end()});
     EXPECT_TRUE(line.ends_with('\n'));
     line.pop_back();
     return line;

@@ -5,10 +5,9 @@ namespace {
 
 TLangTexts Texts(const TStringList& languages,
                  const std::vector<std::pair<TStringsType, TTableEntry>>& entries,
-                 std::vector<TFileExtended> extended) {
-    TLangTexts texts{languages, {}, std::move(extended)};
-    for (const TTableKind& kind : kTableKinds)
-        texts.Tables.emplace_back(kind.Type);
+                 std::vector<TExtendedItem> extended) {
+    TLangTexts texts = TextsIn(languages);
+    texts.Extended = std::move(extended);
     for (const auto& [type, entry] : entries)
         texts.Tables[static_cast<std::size_t>(type)].Append(entry);
     return texts;
@@ -25,7 +24,7 @@ std::string Shown(const TLangTexts& texts) {
                          (value.Mark == TValueMark::Stale ? "(stale " + value.Former + ")" : "");
             shown += "; ";
         }
-    for (const TFileExtended& item : texts.Extended) {
+    for (const TExtendedItem& item : texts.Extended) {
         shown += item.Component + ":" + item.Property;
         for (const std::string& value : item.Values)
             shown += "|" + value;

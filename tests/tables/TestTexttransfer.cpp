@@ -6,10 +6,14 @@ namespace tml {
 namespace {
 
 TLangTexts Texts(const TStringList& languages, const std::vector<std::vector<std::string>>& captions) {
-    TFormSection section{{"P", "F"}, languages, {{TStringsType::stCaptions, {}}}, {}, {}};
-    for (const auto& row : captions)
-        section.Tables[0].Entries.push_back({row[0], {row.begin() + 1, row.end()}});
-    return FromSection(section);
+    TLangTexts texts = TextsIn(languages);
+    for (const auto& row : captions) {
+        TTableEntry entry{row[0], {}};
+        for (auto text = row.begin() + 1; text != row.end(); ++text)
+            entry.Values.push_back({*text});
+        texts.Tables[0].Append(std::move(entry));
+    }
+    return texts;
 }
 
 const TStringList kTwo({"English", "German"});

@@ -12,29 +12,46 @@ using namespace std::string_literals;
 const std::vector<std::string> kTexts = {"plain", " a=b ", "[x]",          "; c", "a\r\nb",
                                          "~!@#$", "\\n",   "\xE2\x98\x83", ""};
 
-TFormSection Section(const std::string& form, const TStringList& languages) {
-    TFormSection section{{"Harbour", form}, languages, {}, {}, {}};
-    TFileTable captions{TStringsType::stCaptions, {}};
-    for (const std::string& text : kTexts)
-        captions.Entries.push_back({text, std::vector<std::string>(languages.Items().size(), text)});
-    section.Tables = {captions, {TStringsType::stStrings, {{"IDS_0", languages.Items()}}}};
-    section.States = {{TStringsType::stStrings, 2, "IDS_0", "stale", "Old\ntext"},
-                      {TStringsType::stCaptions, 2, " a=b ", "same", ""}};
-    section.Extended = {{"Chart1", "Title.Text", languages.Items()}};
-    return section;
+struct TSavedForm {
+    TFormAddress Address;
+    TLangTexts Texts;
+};
+
+TTable& TableOf(TSavedForm& form, TStringsType type) {
+    return form.Texts.Tables[static_cast<std::size_t>(type)];
 }
 
-void ExpectEqual(const TFormSection& read, const TFormSection& expected) {
+TTableEntry Entry(const std::string& key, const std::vector<std::string>& texts) {
+    TTableEntry entry{key, {}};
+    for (const std::string& text : texts)
+        entry.Values.push_back({text});
+    return entry;
+}
+
+TSavedForm Form(const std::string& name, const TStringList& languages) {
+    TSavedForm form{{"Harbour", name}, TextsIn(languages)};
+    for (const std::string& text : kTexts)
+        TableOf(form, TStringsType::stCaptions)
+            .Append(Entry(text, std::vector<std::string>(languages.Items().size(), text)));
+    TableOf(form, TStringsType::stStrings).Append(Entry("IDS_0", languages.Items()));
+    SetMark(form.Texts, TStringsType::stStrings, "IDS_0", 2, TValueMark::Stale, "Old\ntext");
+    SetMark(form.Texts, TStringsType::stCaptions, " a=b ", 2, TValueMark::Same, "");
+    form.Texts.Extended = {{"Chart1", "Title.Text", languages.Items()}};
+    return form;
+}
+
+void ExpectEqual(const TLangTexts& read, const TLangTexts& expected) {
     EXPECT_EQ(read.Languages, expected.Languages);
-    EXPECT_EQ(read.Tables, expected.Tables);
-    EXPECT_EQ(read.States, expected.States);
+    ASSERT_EQ(read.Tables.size(), expected.Tables.size());
+    for (std::size_t i = 0; i < read.Tables.size(); ++i)
+        EXPECT_TRUE(read.Tables[i].Entries() == expected.Tables[i].Entries()) << kTableKinds[i].Property;
     EXPECT_EQ(read.Extended, expected.Extended);
 }
 
-std::string Saved(std::string bytes, const std::string& fileName, const TFormSection& section,
+std::string Saved(std::string bytes, const std::string& fileName, const TSavedForm& form,
                   const std::string& delimiter = {}) {
     const auto file = OpenTranslationFile(bytes, fileName, delimiter);
-    file->Put(section);
+    file->Put(form.Address, form.Texts);
     return file->Bytes();
 }
 
@@ -43,17 +60,17 @@ const TStringList kThree({"German", "English", "Hebrew"});
 
 TEST(Translationfile, FormsOfDifferentLanguagesShareAFileOfEitherKindAndKeepTheirPlaces) {
     for (const std::string name : {"a.mll", "a.MLB"}) {
-        std::string bytes = Saved("", name, Section("One", kTwoLanguages), "~!@#$");
-        bytes = Saved(bytes, name, Section("Two", kThree));
-        TFormSection changed = Section("One", kTwoLanguages);
-        changed.Tables[1].Entries[0].Fields[1] = "Neu";
+        std::string bytes = Saved("", name, Form("One", kTwoLanguages), "~!@#$");
+        bytes = Saved(bytes, name, Form("Two", kThree));
+        TSavedForm changed = Form("One", kTwoLanguages);
+        TableOf(changed, TStringsType::stStrings).SetText(0, 2, "Neu");
         bytes = Saved(bytes, name, changed);
         const auto file = OpenTranslationFile(bytes, name);
         ASSERT_EQ(file->Forms().size(), 2U);
         EXPECT_EQ(file->Forms()[0].Form, "One");
         EXPECT_EQ(file->Languages().CommaText(), "English,German,Hebrew");
-        ExpectEqual(file->Read({"HARBOUR", "one"}).value(), changed);
-        ExpectEqual(file->Read({"Harbour", "Two"}).value(), Section("Two", kThree));
+        ExpectEqual(file->Read({"HARBOUR", "one"}).value(), changed.Texts);
+        ExpectEqual(file->Read({"Harbour", "Two"}).value(), Form("Two", kThree).Texts);
         EXPECT_FALSE(file->Read({"Other", "One"}).has_value());
         EXPECT_EQ(Saved(bytes, name, changed), bytes);
     }
@@ -66,19 +83,22 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
         "[P/F]\r\nLanguages=en,de\r\nNote=kept\r\n\r\n"
         "[P/F/Captions]\r\n; first\r\na=1|2\r\n\r\nb=3|4\r\n; end\r\n\r\n[Unknown]\r\nx=y\r\n";
     const auto file = OpenTranslationFile(text, "f.mll");
-    TFormSection form = file->Read({"P", "F"}).value();
-    file->Put(form);
+    const TFormAddress address{"P", "F"};
+    TLangTexts texts = file->Read(address).value();
+    file->Put(address, texts);
     EXPECT_EQ(file->Bytes(), text);
-    form.Tables[0].Entries[0].Fields[1] = "zwei";
-    form.Tables.push_back({TStringsType::stStrings, {{"ID", {"", ""}}}});
-    file->Put(form);
+    TTable& captions = texts.Tables[static_cast<std::size_t>(TStringsType::stCaptions)];
+    TTable& strings = texts.Tables[static_cast<std::size_t>(TStringsType::stStrings)];
+    captions.SetText(0, 2, "zwei");
+    strings.Add("ID", "", 2);
+    file->Put(address, texts);
     std::string expected = text;
     expected.replace(expected.find("a=1|2"), 5, "a=1|zwei");
     expected.insert(expected.find("[Unknown]"), "[P/F/Strings]\r\nID=|\r\n\r\n");
     EXPECT_EQ(file->Bytes(), expected);
-    form.Tables.pop_back();
-    form.Tables[0].Entries.erase(form.Tables[0].Entries.begin());
-    file->Put(form);
+    strings.Remove({true});
+    captions.Remove({true, false});
+    file->Put(address, texts);
     expected = text;
     const std::size_t first = expected.find("; first");
     expected.erase(first, expected.find("\r\n\r\nb=") + 2 - first);
@@ -86,13 +106,13 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
 }
 
 TEST(Translationfile, AnotherDelimiterWritesEveryLineAnew) {
-    const TFormSection one = Section("One", kTwoLanguages), two = Section("Two", kThree);
+    const TSavedForm one = Form("One", kTwoLanguages), two = Form("Two", kThree);
     std::string bytes = Saved(Saved("", "a.mll", one, "~!@#$"), "a.mll", two);
     for (const std::string delimiter : {"=", " ", "\\", "\"", "a\\"}) {
         bytes = Saved(bytes, "a.mll", one, delimiter);
         const auto file = OpenTranslationFile(bytes, "a.mll");
-        ExpectEqual(file->Read(one.Address).value(), one);
-        ExpectEqual(file->Read(two.Address).value(), two);
+        ExpectEqual(file->Read(one.Address).value(), one.Texts);
+        ExpectEqual(file->Read(two.Address).value(), two.Texts);
     }
 }
 
@@ -116,7 +136,7 @@ std::string MessageOf(const std::string& bytes, const std::string& name) {
     try {
         const auto file = OpenTranslationFile(bytes, name);
         file->Read({"P", "F"});
-        file->Put({{"P", "F"}, kTwoLanguages, {}, {}, {}});
+        file->Put({"P", "F"}, TextsIn(kTwoLanguages));
     } catch (const EBadInput& error) {
         return error.what();
     }
@@ -153,7 +173,7 @@ TEST(Translationfile, WhatIsDamagedOrForeignIsRefusedWithItsPlace) {
 }
 
 TEST(Translationfile, EveryBrokenByteOfABinaryFileIsNoticed) {
-    TFormSection form = Section("F", kTwoLanguages);
+    TSavedForm form = Form("F", kTwoLanguages);
     form.Address.Project = "P";
     const std::string whole = Saved("", "f.mlb", form);
     ASSERT_EQ(MessageOf(whole, "f.mlb"), "read");
