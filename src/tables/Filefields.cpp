@@ -93,20 +93,24 @@ void TFileFields::Append(std::string& line, std::string_view text, const TPiece&
 }
 
 void TFileFields::AppendInside(std::string& line, std::string_view text, const TLetters& letters) const {
-    std::size_t done = 0;
-    for (std::size_t pos = 0; pos < text.size(); ++pos) {
-        const char letter = letters[ByteOf(text[pos])];
-        if (letter == '\0' || IsOtherCharacter(text, pos, letter)) continue;
-        line.append(text, done, pos - done);
-        (line += mark_) += letter;
-        if (letter == kDelimiterLetter) pos += first_.size() - 1;
-        done = pos + 1;
+    const std::size_t begin = line.size();
+    line.resize(begin + 2 * text.size());  // where every byte is escaped
+    char* out = line.data() + begin;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end;) {
+        const char letter = letters[ByteOf(*at)];
+        const bool isDelimiter = letter == kDelimiterLetter;
+        // Another character may begin with the byte that the delimiter begins with.
+        if (letter == '\0' ||
+            (isDelimiter && first_.size() > 1 && !std::string_view(at, end).starts_with(first_))) {
+            *out++ = *at++;
+            continue;
+        }
+        *out++ = mark_;
+        *out++ = letter;
+        at += isDelimiter ? first_.size() : 1;
     }
-    line.append(text, done);
-}
-
-bool TFileFields::IsOtherCharacter(std::string_view text, std::size_t pos, char letter) const {
-    return letter == kDelimiterLetter && first_.size() > 1 && !text.substr(pos).starts_with(first_);
+    line.resize(static_cast<std::size_t>(out - line.data()));
 }
 
 TFileEntry TFileFields::Read(std::string_view line) const {

@@ -41,9 +41,6 @@ class TFileFields {
 
     void Append(std::string& line, std::string_view text, const TPiece& piece) const;
     void AppendInside(std::string& line, std::string_view text, const TLetters& letters) const;
-    /// True where the letter of the character at pos is that of the delimiter's first character, and another
-    /// character stands there, which begins with the same byte.
-    bool IsOtherCharacter(std::string_view text, std::size_t pos, char letter) const;
     /// The end of the bytes from pos on that are read as they stand.
     std::size_t EndOfPlain(std::string_view text, std::size_t pos) const;
     /// Appends the plain characters at pos to the text, or the one other or escape; the position behind.

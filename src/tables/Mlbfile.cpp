@@ -202,7 +202,9 @@ std::string BytesOf(const std::vector<TExtendedItem>& extended, std::size_t lang
 
 }  // namespace
 
-TMlbFile::TMlbFile(std::string_view bytes, const std::string& fileName) : fileName_(fileName) {
+TMlbFile::TMlbFile(std::string read, const std::string& fileName)
+    : fileName_(fileName), read_(std::move(read)) {
+    const std::string_view bytes = read_;
     if (bytes.empty()) return;
     if (!IsBegunBy(bytes) || bytes.size() < kHeaderSize)
         throw EBadInput(fileName_, 0, "the file is no binary translation file",

@@ -12,7 +12,7 @@ namespace tml {
 class TMlbFile : public ITranslationFile {
   public:
     /// See OpenTranslationFile.
-    TMlbFile(std::string_view bytes, const std::string& fileName);
+    TMlbFile(std::string bytes, const std::string& fileName);
     /// True for bytes with the mark of this kind in front.
     static bool IsBegunBy(std::string_view bytes);
 
@@ -21,6 +21,7 @@ class TMlbFile : public ITranslationFile {
     std::optional<TLangTexts> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
     void Put(const TFormAddress& form, const TLangTexts& texts) override;
+    const std::string& BytesRead() const override { return read_; }
     bool IsChanged() const override { return isChanged_; }
     std::string Bytes() const override;
 
@@ -39,6 +40,7 @@ class TMlbFile : public ITranslationFile {
     [[noreturn]] void Refuse(const std::string& problem) const;
 
     std::string fileName_;
+    std::string read_;
     int version_ = kTranslationFileVersion;
     TStringList languages_;
     std::vector<TPart> parts_;  ///< but for the names

@@ -28,9 +28,16 @@ std::string_view ContentOf(std::string_view line) {
     return line.substr(0, line.find_last_not_of("\r\n") + 1);
 }
 
-bool IsEntry(std::string_view line) {
-    const std::size_t begin = line.find_first_not_of(" \t\r\n");
-    return begin != std::string_view::npos && line[begin] != ';';
+/// The line's first character that is no blank, '\0' in a blank line.
+char FirstOf(std::string_view line) {
+    const auto* const first = std::find_if_not(
+        line.begin(), line.end(), [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+    return first == line.end() ? '\0' : *first;
+}
+
+/// first: of the line.
+bool IsEntry(char first) {
+    return first != '\0' && first != ';';
 }
 
 std::string_view KeyOf(std::string_view line) {
@@ -54,7 +61,7 @@ bool HoldEntries(std::string_view lines, std::string_view entries) {
     }
     while (!lines.empty()) {
         const std::string_view line = TakeLine(lines);
-        if (!IsEntry(line)) continue;
+        if (!IsEntry(FirstOf(line))) continue;
         if (entries.empty() || ContentOf(line) != ContentOf(TakeLine(entries))) return false;
     }
     return entries.empty();
@@ -75,7 +82,7 @@ TBlocks BlocksOf(std::string_view lines) {
     TBlocks blocks{{}, lines};
     while (!lines.empty()) {
         const std::string_view line = TakeLine(lines);
-        if (!IsEntry(line)) continue;
+        if (!IsEntry(FirstOf(line))) continue;
         const auto comments = static_cast<std::size_t>(line.data() - blocks.Tail.data());
         blocks.ByKey[KeyOf(line)].push_back({blocks.Tail.substr(0, comments), line});
         blocks.Tail = lines;
@@ -92,9 +99,17 @@ std::optional<TBlock> TakeBlock(TBlocks& blocks, std::string_view entry) {
     return block;
 }
 
+/// True for a section with a blank line at its end.
+bool EndsBlank(const TMllDocument::TSection& section) {
+    const std::string_view lines = section.Lines.empty() ? section.Heading : section.Lines;
+    return FirstOf(lines.substr(lines.rfind('\n', lines.size() - 2) + 1)) == '\0';
+}
+
 }  // namespace
 
-TMllDocument::TMllDocument(std::string_view bytes, std::string fileName) : fileName_(std::move(fileName)) {
+TMllDocument::TMllDocument(std::string read, std::string fileName)
+    : fileName_(std::move(fileName)), read_(std::move(read)) {
+    std::string_view bytes = read_;
     if (bytes.starts_with(kUtf8Mark)) mark_ = kUtf8Mark;
     bytes.remove_prefix(mark_.size());
     if (bytes.substr(0, bytes.find('\n') + 1).ends_with("\r\n")) lineEnd_ = "\r\n";
@@ -104,8 +119,9 @@ TMllDocument::TMllDocument(std::string_view bytes, std::string fileName) : fileN
     };
     for (int number = 1; !bytes.empty(); ++number) {
         const std::string_view line = TakeLine(bytes);
-        ReadLine(line, number);
-        if (!WithoutBlanks(line).starts_with('[')) continue;
+        const char first = FirstOf(line);
+        ExpectLine(line, first, number);
+        if (first != '[') continue;
         finish(static_cast<std::size_t>(line.data() - block.data()));
         Begin(line, number);
         block = bytes;
@@ -117,10 +133,10 @@ void TMllDocument::Refuse(int line, const char* problem, const char* remedy) con
     throw EBadInput(fileName_, line, problem, remedy);
 }
 
-void TMllDocument::ReadLine(std::string_view line, int number) {
+void TMllDocument::ExpectLine(std::string_view line, char first, int number) const {
     const bool isWhole = line.ends_with('\n');
     if (isWhole && !IsValidUtf8(line)) Refuse(number, "the line is no UTF-8", "Save the file as UTF-8");
-    if (sections_.empty() && IsEntry(line) && !WithoutBlanks(line).starts_with('['))
+    if (sections_.empty() && IsEntry(first) && first != '[')
         Refuse(number, "expected a section in brackets", "Choose a translation file (.mll)");
     if (!isWhole)
         Refuse(number, "the file ends within this line: it may have been cut off",
@@ -131,8 +147,7 @@ void TMllDocument::Begin(std::string_view heading, int number) {
     const std::string_view content = WithoutBlanks(heading);
     if (!content.ends_with(']'))
         Refuse(number, "expected \"]\" at the end of the line", "Complete the heading");
-    sections_.push_back(
-        {std::string(content.substr(1, content.size() - 2)), number, std::string(heading), {}});
+    sections_.push_back({std::string(content.substr(1, content.size() - 2)), number, heading, {}});
     if (!index_.emplace(UpperCase(sections_.back().Name), std::prev(sections_.end())).second)
         Refuse(number, "the section stands in the file already", "Join the two, or delete one");
 }
@@ -148,7 +163,7 @@ std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& sect
     for (std::string_view lines = section.Lines; !lines.empty();) {
         const std::string_view line = TakeLine(lines);
         ++number;
-        if (IsEntry(line)) entries.push_back({ContentOf(line), number});
+        if (IsEntry(FirstOf(line))) entries.push_back({ContentOf(line), number});
     }
     return entries;
 }
@@ -167,14 +182,12 @@ void TMllDocument::Put(std::string_view name, std::string_view entries, std::str
 TMllDocument::TPlace TMllDocument::Insert(std::string_view name, std::string_view behind) {
     const auto previous = index_.find(UpperCase(behind));
     const TPlace next = previous == index_.end() ? sections_.end() : std::next(previous->second);
-    if (next != sections_.begin()) {
-        TSection& above = *std::prev(next);
-        const std::string& lines = above.Lines.empty() ? above.Heading : above.Lines;
-        const std::size_t last = lines.rfind('\n', lines.size() - 2) + 1;
-        if (!WithoutBlanks(std::string_view(lines).substr(last)).empty()) above.Lines += lineEnd_;
-    }
+    const bool isApart = next == sections_.begin() || EndsBlank(*std::prev(next));
     const TPlace place =
-        sections_.insert(next, {std::string(name), 0, '[' + std::string(name) + ']' + lineEnd_, {}});
+        sections_.insert(next, {std::string(name),
+                                0,
+                                Keep((isApart ? "" : lineEnd_) + '[' + std::string(name) + ']' + lineEnd_),
+                                {}});
     // A section that stands between two others is set apart from the next one as well.
     if (next != sections_.end()) place->Lines = lineEnd_;
     index_.emplace(UpperCase(name), place);
@@ -186,28 +199,34 @@ void TMllDocument::Remove(TPlace section) {
     sections_.erase(section);
 }
 
-void TMllDocument::Replace(TSection& section, std::string_view entries) const {
-    const std::string old = std::exchange(section.Lines, {});
-    TBlocks blocks = BlocksOf(old);
-    section.Lines.reserve(old.size() + entries.size());
+void TMllDocument::Replace(TSection& section, std::string_view entries) {
+    // Entries are written as they stand in a file with line ends of their own.
+    if (section.Lines.empty() && lineEnd_ == "\n") {
+        section.Lines = Keep(std::string(entries));
+        return;
+    }
+    TBlocks blocks = BlocksOf(section.Lines);
+    std::string lines;
+    lines.reserve(section.Lines.size() + entries.size());
     while (!entries.empty()) {
         const std::string_view entry = ContentOf(TakeLine(entries));
         const std::optional<TBlock> block = TakeBlock(blocks, entry);
-        if (block) section.Lines += block->Comments;
+        if (block) lines += block->Comments;
         if (block && ContentOf(block->Line) == entry)
-            section.Lines += block->Line;
+            lines += block->Line;
         else
-            (section.Lines += entry) += lineEnd_;
+            (lines += entry) += lineEnd_;
     }
-    section.Lines += blocks.Tail;
+    section.Lines = Keep(lines += blocks.Tail);
 }
 
 std::string TMllDocument::Bytes() const {
-    std::string bytes = mark_ + preamble_;
-    std::size_t size = bytes.size();
+    std::string bytes;
+    std::size_t size = mark_.size() + preamble_.size();
     for (const TSection& section : sections_)
         size += section.Heading.size() + section.Lines.size();
     bytes.reserve(size);
+    (bytes += mark_) += preamble_;
     for (const TSection& section : sections_)
         (bytes += section.Heading) += section.Lines;
     return bytes;

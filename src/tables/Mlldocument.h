@@ -1,9 +1,11 @@
 #pragma once
 
+#include <deque>
 #include <list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tml {
@@ -14,9 +16,9 @@ class TMllDocument {
   public:
     struct TSection {
         std::string Name;
-        int Number;  ///< of its heading in the file that was read, 1-based
-        std::string Heading;
-        std::string Lines;  ///< behind the heading; all with their ends
+        int Number;                ///< of its heading in the file that was read, 1-based
+        std::string_view Heading;  ///< with its end, and a blank line in front of a new one
+        std::string_view Lines;    ///< behind the heading; all with their ends
     };
     struct TEntryLine {
         std::string_view Content;  ///< without blanks in front and the line's end
@@ -25,7 +27,9 @@ class TMllDocument {
 
     /// EBadInput, with the line, for bytes that are no UTF-8, a broken heading, a section that stands twice,
     /// text before the first section and a last line without its end.
-    TMllDocument(std::string_view bytes, std::string fileName);
+    TMllDocument(std::string bytes, std::string fileName);
+    TMllDocument(const TMllDocument&) = delete;
+    TMllDocument& operator=(const TMllDocument&) = delete;
 
     const std::list<TSection>& Sections() const { return sections_; }
     /// Without regard to case; nullptr without it.
@@ -37,6 +41,7 @@ class TMllDocument {
     /// entries goes.
     void Put(std::string_view name, std::string_view entries, std::string_view behind);
 
+    const std::string& BytesRead() const { return read_; }
     /// False as long as the bytes are those that were read.
     bool IsChanged() const { return isChanged_; }
     std::string Bytes() const;
@@ -45,16 +50,19 @@ class TMllDocument {
     using TPlace = std::list<TSection>::iterator;
 
     [[noreturn]] void Refuse(int line, const char* problem, const char* remedy) const;
-    void ReadLine(std::string_view line, int number);
+    void ExpectLine(std::string_view line, char first, int number) const;
     void Begin(std::string_view heading, int number);
     TPlace Insert(std::string_view name, std::string_view behind);
     void Remove(TPlace section);
-    void Replace(TSection& section, std::string_view entries) const;
+    void Replace(TSection& section, std::string_view entries);
+    std::string_view Keep(std::string text) { return written_.emplace_back(std::move(text)); }
 
     std::string fileName_;
-    std::string mark_;  ///< a byte order mark in front
+    std::string read_;
+    std::deque<std::string> written_;  ///< what sections have become
+    std::string_view mark_;            ///< a byte order mark in front
     std::string lineEnd_ = "\n";
-    std::string preamble_;  ///< comments before the first section
+    std::string_view preamble_;  ///< comments before the first section
     std::list<TSection> sections_;
     std::unordered_map<std::string, TPlace> index_;
     bool isChanged_ = false;

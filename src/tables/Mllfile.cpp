@@ -83,6 +83,18 @@ std::vector<std::string> SplitKey(std::string_view key, int count) {
     return parts;
 }
 
+/// About as many bytes as the table's lines have.
+std::size_t SizeOf(const TTable& table) {
+    constexpr std::size_t kBetween = 8;  // delimiters and some escapes
+    std::size_t size = 0;
+    for (const TTableEntry& entry : table.Entries()) {
+        size += entry.Key.size();
+        for (const TTableValue& value : entry.Values)
+            size += value.Text.size() + kBetween;
+    }
+    return size;
+}
+
 std::string JoinedLines(const std::vector<std::string>& lines) {
     std::string joined;
     for (const std::string& line : lines)
@@ -108,10 +120,10 @@ std::string DelimiterOfMll(std::string_view bytes) {
     return {};
 }
 
-TMllFile::TMllFile(std::string_view bytes, const std::string& fileName, const std::string& delimiter)
+TMllFile::TMllFile(std::string bytes, const std::string& fileName, const std::string& delimiter)
     : fileName_(fileName),
-      document_(bytes, fileName),
-      delimiter_(bytes.empty() ? delimiter : ReadOptions(delimiter)),
+      document_(std::move(bytes), fileName),
+      delimiter_(document_.BytesRead().empty() ? delimiter : ReadOptions(delimiter)),
       fields_(delimiter_) {
     ReadNames();
     if (!delimiter.empty() && delimiter != delimiter_) {
@@ -319,6 +331,7 @@ void TMllFile::Put(const TFormAddress& form, const TLangTexts& texts) {
 
 std::string TMllFile::LinesOf(const TTable& table, std::size_t languages) const {
     std::string lines;
+    lines.reserve(SizeOf(table));
     std::vector<std::string_view> fields;
     for (const TTableEntry& entry : table.Entries()) {
         fields.assign(languages, {});

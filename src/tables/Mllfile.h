@@ -15,13 +15,14 @@ std::string DelimiterOfMll(std::string_view bytes);
 class TMllFile : public ITranslationFile {
   public:
     /// See OpenTranslationFile.
-    TMllFile(std::string_view bytes, const std::string& fileName, const std::string& delimiter);
+    TMllFile(std::string bytes, const std::string& fileName, const std::string& delimiter);
 
     std::vector<TFormAddress> Forms() const override;
     TStringList Languages() const override;
     std::optional<TLangTexts> Read(const TFormAddress& form) const override;
     void ExpectWritable() const override;
     void Put(const TFormAddress& form, const TLangTexts& texts) override;
+    const std::string& BytesRead() const override { return document_.BytesRead(); }
     bool IsChanged() const override { return document_.IsChanged(); }
     std::string Bytes() const override { return document_.Bytes(); }
 

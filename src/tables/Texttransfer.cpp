@@ -10,6 +10,7 @@
 #include "tables/Languageplaces.h"
 #include "tables/States.h"
 #include "tables/Textmerge.h"
+#include "tables/Translationfile.h"
 
 namespace tml {
 namespace {

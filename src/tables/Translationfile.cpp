@@ -1,6 +1,7 @@
 #include "tables/Translationfile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Utf8.h"
@@ -40,12 +41,12 @@ bool IsBinaryTranslation(std::string_view fileName) {
            SameText(fileName.substr(fileName.size() - kExtension.size()), kExtension);
 }
 
-std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string_view bytes, const std::string& fileName,
+std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string bytes, const std::string& fileName,
                                                       const std::string& delimiter) {
-    if (IsBinaryTranslation(fileName)) return std::make_unique<TMlbFile>(bytes, fileName);
+    if (IsBinaryTranslation(fileName)) return std::make_unique<TMlbFile>(std::move(bytes), fileName);
     if (TMlbFile::IsBegunBy(bytes))
         throw EBadInput(fileName, 0, "this is a binary translation file", "Give it the extension .mlb");
-    return std::make_unique<TMllFile>(bytes, fileName, delimiter);
+    return std::make_unique<TMllFile>(std::move(bytes), fileName, delimiter);
 }
 
 }  // namespace tml

@@ -40,6 +40,8 @@ class ITranslationFile {
     /// Replaces the form in its place, or adds it at the end; everything else stays as it is. Every entry
     /// gets a text a language. EBadInput for a file of a newer version.
     virtual void Put(const TFormAddress& form, const TLangTexts& texts) = 0;
+    /// Those that it was opened with.
+    virtual const std::string& BytesRead() const = 0;
     /// False while Bytes() are those that were read.
     virtual bool IsChanged() const = 0;
     virtual std::string Bytes() const = 0;
@@ -65,7 +67,7 @@ bool IsBinaryTranslation(std::string_view fileName);
 /// Reads a file of either kind, by its extension; empty bytes are a new one. delimiter is that of a new text
 /// file and of one that names none, and the one that an old one is to have from now on ("" keeps it).
 /// EBadInput for a damaged or foreign file.
-std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string_view bytes, const std::string& fileName,
+std::unique_ptr<ITranslationFile> OpenTranslationFile(std::string bytes, const std::string& fileName,
                                                       const std::string& delimiter = {});
 
 }  // namespace tml

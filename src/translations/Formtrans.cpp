@@ -110,9 +110,9 @@ void TransferForms(TContext& context, const std::string& title, const std::vecto
 std::string ProblemOfForeignFile(TContext& context, const std::string& fileName,
                                  const TFormReports& reports) {
     if (reports.empty() || std::any_of(reports.begin(), reports.end(), HasTransferred)) return {};
-    const auto bytes = GetModuleServices(context)->GetFiles().ReadFile(fileName);
+    auto bytes = GetModuleServices(context)->GetFiles().ReadFile(fileName);
     if (!bytes) return {};
-    const auto file = OpenTranslationFile(*bytes, fileName);
+    const auto file = OpenTranslationFile(*std::move(bytes), fileName);
     const TFormFinder finder(*file);
     const std::string project = ProjectNameOf(context);
     for (const auto& [form, report] : reports)
