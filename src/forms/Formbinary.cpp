@@ -8,6 +8,8 @@
 // message that names its byte.
 #include "forms/Formbinary.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 
 #include "base/Errors.h"
@@ -155,6 +157,16 @@ std::unique_ptr<TFormNode> TBinaryFormFile::ParseAs(TFormKinds kinds) {
 void TBinaryFormFile::Read(TFormSpan value, TFormSink& sink, IFormPlaces* places) const {
     TFormBytes bytes(Bytes(), value.Begin, FileName());
     TBinaryValueReader(bytes, kinds_, &sink, places, nullptr).Read(0);
+}
+
+bool TBinaryFormFile::MayHoldTexts(TFormSpan value) const {
+    constexpr std::array kMarks = {TFormMark::List,       TFormMark::ShortString, TFormMark::Binary,
+                                   TFormMark::LongString, TFormMark::Collection,  TFormMark::WideString,
+                                   TFormMark::Utf8String};
+    const auto mark = static_cast<unsigned char>(At(value).front());
+    return std::find(kMarks.begin(), kMarks.end(), static_cast<TFormMark>(mark)) != kMarks.end() ||
+           (kinds_ == TFormKinds::FreePascal &&
+            static_cast<TFreePascalMark>(mark) == TFreePascalMark::UnicodeString);
 }
 
 std::string_view TBinaryFormFile::Name(TFormSpan name) const {

@@ -72,6 +72,7 @@ class TBinaryFormFile : public TFormFile {
     bool IsBinary() const override { return true; }
     std::unique_ptr<TFormNode> Parse() override;
     void Read(TFormSpan value, TFormSink& sink, IFormPlaces* places = nullptr) const override;
+    bool MayHoldTexts(TFormSpan value) const override;
     std::string_view Name(TFormSpan name) const override;
 
     const TFormStringHabits& Habits() const { return habits_; }

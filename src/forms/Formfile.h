@@ -36,6 +36,8 @@ class TFormFile {
     virtual std::unique_ptr<TFormNode> Parse() = 0;
     /// Gives the value at a place that Parse has found.
     virtual void Read(TFormSpan value, TFormSink& sink, IFormPlaces* places = nullptr) const = 0;
+    /// See MayHoldTexts of a kind; cheaper than to read the value.
+    virtual bool MayHoldTexts(TFormSpan value) const = 0;
     /// The bytes of a name at a place that Parse has found, without quotes or length.
     virtual std::string_view Name(TFormSpan name) const = 0;
 

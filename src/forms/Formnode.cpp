@@ -27,6 +27,13 @@ TFormValue TFormNodeData::PropertyValue(const TFormPropertyPlace& place) const {
     return place.Change ? place.Change->Value : ReadValue(*File, place.Value);
 }
 
+bool TFormNodeData::MayHoldTexts(const TFormPropertyPlace& place) const {
+    if (place.Change)
+        return tml::MayHoldTexts(place.Change->Value.Kind) ||
+               place.Change->Name.find('.') != std::string::npos;
+    return File->MayHoldTexts(place.Value) || File->Name(place.Name).find('.') != std::string_view::npos;
+}
+
 std::vector<std::string> TFormNode::PropertyNames() const {
     std::vector<std::string> names;
     names.reserve(data_.Properties.size());
@@ -38,15 +45,25 @@ std::vector<std::string> TFormNode::PropertyNames() const {
 std::vector<TFormProperty> TFormNode::Properties() const {
     std::vector<TFormProperty> properties;
     properties.reserve(data_.Properties.size());
-    for (const TFormPropertyPlace& place : data_.Properties) {
-        TFormProperty& property = properties.emplace_back();
-        property.Name = data_.PropertyName(place);
-        if (place.Change)
-            property.Value = place.Change->Value;
-        else
-            ReadValue(*data_.File, place.Value, property.Value);
-    }
+    for (const TFormPropertyPlace& place : data_.Properties)
+        Append(place, properties);
     return properties;
+}
+
+std::vector<TFormProperty> TFormNode::TextProperties() const {
+    std::vector<TFormProperty> properties;
+    for (const TFormPropertyPlace& place : data_.Properties)
+        if (data_.MayHoldTexts(place)) Append(place, properties);
+    return properties;
+}
+
+void TFormNode::Append(const TFormPropertyPlace& place, std::vector<TFormProperty>& properties) const {
+    TFormProperty& property = properties.emplace_back();
+    property.Name = data_.PropertyName(place);
+    if (place.Change)
+        property.Value = place.Change->Value;
+    else
+        ReadValue(*data_.File, place.Value, property.Value);
 }
 
 std::optional<TFormValue> TFormNode::Find(std::string_view name) const {

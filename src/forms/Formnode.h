@@ -53,6 +53,8 @@ struct TFormNodeData {
 
     std::string PropertyName(const TFormPropertyPlace& place) const;
     TFormValue PropertyValue(const TFormPropertyPlace& place) const;
+    /// See TFormNode::TextProperties.
+    bool MayHoldTexts(const TFormPropertyPlace& place) const;
     /// Index of a property (name without regard to case), kNoProperty when there is none.
     std::size_t FindProperty(std::string_view name) const;
 };
@@ -81,12 +83,16 @@ class TFormNode {
 
     /// All properties in file order; cheaper than to find each by its name.
     std::vector<TFormProperty> Properties() const;
+    /// Of these the values that may hold texts, and the parts of objects ("Font.Height").
+    std::vector<TFormProperty> TextProperties() const;
 
     /// For the readers and writers of this layer only.
     TFormNodeData& Data() { return data_; }
     const TFormNodeData& Data() const { return data_; }
 
   private:
+    void Append(const TFormPropertyPlace& place, std::vector<TFormProperty>& properties) const;
+
     TFormNodeData data_;
 };
 

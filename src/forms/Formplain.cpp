@@ -84,8 +84,10 @@ class TPlainList {
     /// Codes above 127 are units of UTF-16.
     void ReadCode() {
         char32_t code = 0;
-        for (++at_; IsFormChar(At(), kDigit); ++at_)
-            code = code * 10 + static_cast<char32_t>(*at_ - '0');
+        const char* at = at_ + 1;
+        for (; at != end_ && IsFormChar(*at, kDigit); ++at)
+            code = code * 10 + static_cast<char32_t>(*at - '0');
+        at_ = at;
         const bool isLow = code >= 0xDC00 && code < 0xE000;
         if (high_ != 0 && isLow) {
             Append(0x10000 + ((high_ - 0xD800) << 10) + (code - 0xDC00));
@@ -106,16 +108,18 @@ class TPlainList {
     }
 
     void Append(char32_t code) {
+        char* out = out_;
         if (code < 0x80) {
-            *out_++ = static_cast<char>(code);
+            *out++ = static_cast<char>(code);
         } else if (code < 0x800) {
-            *out_++ = static_cast<char>(0xC0 | code >> 6);
-            *out_++ = static_cast<char>(0x80 | (code & 0x3F));
+            *out++ = static_cast<char>(0xC0 | code >> 6);
+            *out++ = static_cast<char>(0x80 | (code & 0x3F));
         } else {
             std::string bytes;
             AppendCodePoint(bytes, code);
-            out_ = std::copy(bytes.begin(), bytes.end(), out_);
+            out = std::copy(bytes.begin(), bytes.end(), out);
         }
+        out_ = out;
     }
 
     static constexpr char32_t kUnpaired = 0xFFFD;

@@ -144,6 +144,12 @@ void TTextFormFile::Read(TFormSpan value, TFormSink& sink, IFormPlaces* places) 
     TTextValueReader(*this, lexer, &sink, places).Read(0);
 }
 
+/// A text begins with an apostrophe or a code, a list, a collection and binary data with their bracket.
+bool TTextFormFile::MayHoldTexts(TFormSpan value) const {
+    const char first = At(value).front();
+    return first == '\'' || first == '#' || first == '(' || first == '<' || first == '{';
+}
+
 std::string_view TTextFormFile::Name(TFormSpan name) const {
     return UnquotedName(At(name));
 }

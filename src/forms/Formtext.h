@@ -12,6 +12,7 @@ class TTextFormFile : public TFormFile {
     bool IsBinary() const override { return false; }
     std::unique_ptr<TFormNode> Parse() override;
     void Read(TFormSpan value, TFormSink& sink, IFormPlaces* places = nullptr) const override;
+    bool MayHoldTexts(TFormSpan value) const override;
     std::string_view Name(TFormSpan name) const override;
 
   protected:

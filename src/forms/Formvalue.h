@@ -20,6 +20,12 @@ enum class TFormValueKind : std::uint8_t {
     Binary
 };
 
+/// False for numbers, names and sets.
+constexpr bool MayHoldTexts(TFormValueKind kind) {
+    return kind == TFormValueKind::String || kind == TFormValueKind::List ||
+           kind == TFormValueKind::Collection || kind == TFormValueKind::Binary;
+}
+
 struct TFormProperty;
 
 struct TFormValue {

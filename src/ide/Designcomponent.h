@@ -36,6 +36,7 @@ class TDesignComponent : public IOTAComponent {
     std::shared_ptr<IOTAComponent> GetComponent(int index) override;
     std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) override;
     std::vector<TFormProperty> GetProperties() override { return Node().Properties(); }
+    std::vector<TFormProperty> GetTextProperties() override { return Node().TextProperties(); }
     std::optional<TFormValue> GetPropValue(const std::string& name) override { return Node().Find(name); }
     std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) override;
     void SetPropValue(const std::string& name, const TFormValue& value) override;

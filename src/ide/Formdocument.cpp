@@ -37,11 +37,11 @@ struct TFormDocument::TPlaces : TView {
     std::vector<TPlace> Places;
 };
 
-TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, const std::string& bytes,
+TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, std::string bytes,
                              std::string onDisk, std::string codePage)
     : TDocument(journal, fileName, std::move(onDisk)),
       codePage_(std::move(codePage)),
-      tree_(TFormTree::Parse(bytes, fileName, codePage_)) {}
+      tree_(TFormTree::Parse(std::move(bytes), fileName, codePage_)) {}
 
 std::string TFormDocument::ShownText() {
     return TCodedText::TextOf(Tree().Text(), codePage_);
@@ -77,6 +77,7 @@ const std::vector<TFormNode*>& TFormDocument::OwnedBy(const TFormNode& owner) {
     std::vector<TFormNode*> owned =
         NodesBelow(const_cast<TFormNode&>(owner), [this](const TFormNode& node) { return IsFrame(node); });
     owned.erase(owned.begin());
+    components_.reserve(components_.size() + owned.size() + 1);
     return owned_[&owner] = std::move(owned);
 }
 

@@ -45,6 +45,11 @@ std::vector<TFormProperty> TInheritedComponent::GetProperties() {
     return repeated == nullptr ? std::vector<TFormProperty>() : repeated->GetProperties();
 }
 
+std::vector<TFormProperty> TInheritedComponent::GetTextProperties() {
+    const auto repeated = Repeated();
+    return repeated == nullptr ? std::vector<TFormProperty>() : repeated->GetTextProperties();
+}
+
 std::optional<TFormValue> TInheritedComponent::GetPropValue(const std::string& name) {
     const auto repeated = Repeated();
     return repeated == nullptr ? std::nullopt : repeated->GetPropValue(name);

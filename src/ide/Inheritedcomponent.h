@@ -34,6 +34,7 @@ class TInheritedComponent : public IOTAComponent {
     std::shared_ptr<IOTAComponent> GetComponent(int) override { return nullptr; }
     std::shared_ptr<IOTAComponent> FindComponent(const std::string&) override { return nullptr; }
     std::vector<TFormProperty> GetProperties() override;
+    std::vector<TFormProperty> GetTextProperties() override;
     std::optional<TFormValue> GetPropValue(const std::string& name) override;
     std::shared_ptr<IOTAComponent> GetPropComponent(const std::string& name) override;
     void SetPropValue(const std::string& name, const TFormValue& value) override;

@@ -97,6 +97,8 @@ class IOTAComponent {
     virtual std::shared_ptr<IOTAComponent> FindComponent(const std::string& name) = 0;
     /// What the form holds, names and values in file order; the rest has its default.
     virtual std::vector<TFormProperty> GetProperties() = 0;
+    /// Of these the values that may hold texts, and the parts of objects ("Font.Height").
+    virtual std::vector<TFormProperty> GetTextProperties() = 0;
     /// None when the form does not hold the property (it has its default then).
     virtual std::optional<TFormValue> GetPropValue(const std::string& name) = 0;
     /// The component that a reference names, on the same form or ("Form1.Name") on another form of the

@@ -19,6 +19,10 @@
 namespace tml {
 namespace {
 
+TFormParts PartsWithTexts(const std::shared_ptr<IOTAComponent>& owner) {
+    return TFormParts(owner, TFormParts::TFrames::Translated, TFormParts::TProps::OfTexts);
+}
+
 std::vector<std::string> PathsOf(const TFormParts& parts) {
     std::vector<std::string> paths;
     for (const TFormPart& part : parts.Items())
@@ -127,7 +131,7 @@ void EditTexts(TmlCustomLang& lang, const TLangTexts& before, const TLangTexts& 
 
 TBuiltTexts BuiltTexts(TmlCustomLang& lang) {
     const auto owner = lang.GetComponent()->GetOwner();
-    const TFormParts parts(owner);
+    const TFormParts parts = PartsWithTexts(owner);
     const TExclusionRules rules = RulesOf(lang, parts);
     const TCollectedTexts collected = CollectTexts(parts, rules, HasItems(lang));
     TLangTexts texts = ReadTexts(lang);
@@ -156,7 +160,7 @@ bool AreTablesBuilt(TmlCustomLang& lang) {
 }
 
 TTextsOfForm TextsOfForm(TmlCustomLang& lang) {
-    return AllTexts(TFormParts(lang.GetComponent()->GetOwner()), HasItems(lang));
+    return AllTexts(PartsWithTexts(lang.GetComponent()->GetOwner()), HasItems(lang));
 }
 
 void ClearTables(TmlCustomLang& lang) {

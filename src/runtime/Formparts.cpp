@@ -34,12 +34,29 @@ void Override(std::vector<TFormProperty>& properties, std::vector<TFormProperty>
 
 }  // namespace
 
-/// Where in the result the blocks of one file stand.
+/// The blocks of one file that the component which is being read stands in, and where in the result theirs
+/// are; the outermost first.
 struct TFormParts::TPlaces {
-    std::unordered_map<TComponentHandle, int> Parts;
+    struct TBlock {
+        TComponentHandle Component;
+        int Part;
+    };
+    std::vector<TBlock> Blocks;
+
+    /// Components come in the order of the file: what a block's last component has left is over. -1 for a
+    /// component of another file.
+    int HolderOf(IOTAComponent* parent) {
+        const TComponentHandle handle = parent == nullptr ? nullptr : parent->GetComponentHandle();
+        const auto block = std::find_if(Blocks.rbegin(), Blocks.rend(),
+                                        [&](const TBlock& one) { return one.Component == handle; });
+        if (block == Blocks.rend()) return -1;
+        Blocks.erase(block.base(), Blocks.end());
+        return Blocks.back().Part;
+    }
 };
 
-TFormParts::TFormParts(const TComponentPtr& owner, TFrames frames) : frames_(frames) {
+TFormParts::TFormParts(const TComponentPtr& owner, TFrames frames, TProps props)
+    : frames_(frames), props_(props) {
     Read(owner, {}, -1);
 }
 
@@ -66,26 +83,22 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
 void TFormParts::ReadBlock(const TComponentPtr& owner, const std::string& path, int holder) {
     TPlaces places{{{owner->GetComponentHandle(), Overlay(owner, path, holder)}}};
     const int count = owner->GetComponentCount();
-    places.Parts.reserve(static_cast<std::size_t>(count) + 1);
     if (parts_.size() == 1) parts_.reserve(static_cast<std::size_t>(count) + 1);
     for (int i = 0; i < count; ++i)
         ReadOwned(owner->GetComponent(i), path, places);
 }
 
 void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places) {
-    const auto parent = component->GetParent();
-    const auto block =
-        parent == nullptr ? places.Parts.end() : places.Parts.find(parent->GetComponentHandle());
-    const int holder = block == places.Parts.end() ? -1 : block->second;
+    const int holder = places.HolderOf(component->GetParent().get());
     const std::string own = component->GetName().empty() ? std::string() : Joined(path, component->GetName());
     if (own.empty()) {
-        places.Parts.emplace(component->GetComponentHandle(), holder);
+        places.Blocks.push_back({component->GetComponentHandle(), holder});
     } else if (component->GetOrigin() == TComponentOrigin::coFrame) {
         Read(component, own, holder);
     } else if (component->GetComponentCount() > 0) {
         ReadBlock(component, own, holder);
     } else {
-        places.Parts.emplace(component->GetComponentHandle(), Overlay(component, own, holder));
+        places.Blocks.push_back({component->GetComponentHandle(), Overlay(component, own, holder)});
     }
 }
 
@@ -104,7 +117,8 @@ int TFormParts::Overlay(const TComponentPtr& component, const std::string& path,
     if (above_ == 0) part.Component = component;
     // What a localization component holds are tables, which nobody looks for here.
     if (!ClassInheritsFrom(part.ClassName, "TmlCustomLang"))
-        Override(part.Properties, component->GetProperties());
+        Override(part.Properties,
+                 props_ == TProps::All ? component->GetProperties() : component->GetTextProperties());
     return place->second;
 }
 

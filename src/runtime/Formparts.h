@@ -16,7 +16,7 @@ struct TFormPart {
     std::string Path;  ///< from the form or frame on, through frames; "" for the form or frame itself
     std::string Name;
     std::string ClassName;
-    std::vector<TFormProperty> Properties;  ///< none of a localization component
+    std::vector<TFormProperty> Properties;  ///< as asked for; none of a localization component
     /// In the form's own file; nullptr for one that only its ancestors and frames hold.
     std::shared_ptr<IOTAComponent> Component;
     int Holder = -1;  ///< index of the component whose block it stands in, -1 for the form itself
@@ -31,7 +31,10 @@ class TFormParts {
     /// What stands on a frame that translates itself is no concern of the form that the frame stands on;
     /// whoever wants to see the form wants to see the frame whole.
     enum class TFrames { Translated, Whole };
-    explicit TFormParts(const std::shared_ptr<IOTAComponent>& owner, TFrames frames = TFrames::Translated);
+    /// Whose properties are only looked at for texts, those that may hold some are read.
+    enum class TProps { All, OfTexts };
+    explicit TFormParts(const std::shared_ptr<IOTAComponent>& owner, TFrames frames = TFrames::Translated,
+                        TProps props = TProps::All);
 
     const std::vector<TFormPart>& Items() const { return parts_; }
     /// The component at a path, without regard to case; nullptr when there is none.
@@ -52,6 +55,7 @@ class TFormParts {
     void LeaveTranslated(std::size_t begin);
 
     TFrames frames_;
+    TProps props_;
     std::vector<TFormPart> parts_;
     std::unordered_map<std::string, int> byPath_;  ///< upper-cased
     std::vector<std::string> unseen_;

@@ -23,7 +23,8 @@ class TCollector {
         const int owner = static_cast<int>(Result.Owners.size());
         Result.Owners.push_back({part.Path, part.Name, part.ClassName, part.Holder});
         if (IsLocalization(part.ClassName)) return;
-        for (TPropertyText& text : TextsOfProperties(part.Properties))
+        ReadTextsOfProperties(part.Properties, texts_);
+        for (TPropertyText& text : texts_)
             Add(part, owner, std::move(text));
         if (!withItems_) return;
         for (const TFormProperty& property : part.Properties)
@@ -59,6 +60,7 @@ class TCollector {
     }
 
     bool withItems_;
+    std::vector<TPropertyText> texts_;  ///< of one component
 };
 
 }  // namespace

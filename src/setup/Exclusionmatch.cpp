@@ -14,7 +14,7 @@ TExclusionSubject::TExclusionSubject(IOTAComponent& form) {
 
 void TExclusionSubject::Add(IOTAComponent& component, const std::string& path) {
     parts_.push_back({path, component.GetName(), component.GetComponentType(),
-                      TextsOfProperties(component.GetProperties())});
+                      TextsOfProperties(component.GetTextProperties())});
 }
 
 void TExclusionSubject::AddOwned(IOTAComponent& owner, const std::string& prefix) {

@@ -53,13 +53,10 @@ TFontPart FontPartOf(std::string_view path) {
     return {object, path.substr(dot + 1)};
 }
 
-bool MayHoldTexts(TFormValueKind kind) {
-    return kind == TFormValueKind::String || kind == TFormValueKind::List ||
-           kind == TFormValueKind::Collection;
-}
-
 class TWalk {
   public:
+    explicit TWalk(std::vector<TPropertyText>& texts) : texts_(texts) {}
+
     // A form may nest its collections as deep as its reader lets it.
     void Properties(const std::vector<TFormProperty>& properties, const std::string& prefix) {
         TFont font;
@@ -67,8 +64,6 @@ class TWalk {
             if (!TakeFont(prefix, property, font) && MayHoldTexts(property.Value.Kind))
                 Value(property.Value, prefix + property.Name);
     }
-
-    std::vector<TPropertyText> Texts;
 
   private:
     /// The font whose parts, which stand together, are being read.
@@ -83,28 +78,30 @@ class TWalk {
         if (object.empty()) return false;
         std::string path = prefix + std::string(object);
         if (SameText(part, "Charset")) {
-            Texts.push_back({path + '.' + std::string(part), property.Value.Text, TTextShape::CharSet});
+            texts_.push_back({path + '.' + std::string(part), property.Value.Text, TTextShape::CharSet});
             return true;
         }
-        if (font.Path != path) font = {path, {}, Texts.size()};
+        if (font.Path != path) font = {path, {}, texts_.size()};
         if (!font.Value.Take(part, property.Value)) return false;
-        if (font.Index == Texts.size()) Texts.push_back({std::move(path), {}, TTextShape::Font});
-        Texts[font.Index].Text = font.Value.Text();
+        if (font.Index == texts_.size()) texts_.push_back({std::move(path), {}, TTextShape::Font});
+        texts_[font.Index].Text = font.Value.Text();
         return true;
     }
 
     void Value(const TFormValue& value, std::string path) {
-        if (value.Kind == TFormValueKind::String) Texts.push_back({std::move(path), value.Text});
+        if (value.Kind == TFormValueKind::String) texts_.push_back({std::move(path), value.Text});
         if (value.Kind == TFormValueKind::List && WithoutStrings(path).size() < path.size()) {
             auto lines = LinesOf(value);
             path.resize(WithoutStrings(path).size());
-            if (lines) Texts.push_back({std::move(path), std::move(*lines), TTextShape::List});
+            if (lines) texts_.push_back({std::move(path), std::move(*lines), TTextShape::List});
         }
         if (value.Kind != TFormValueKind::Collection) return;
         const std::vector<std::string> names = ItemNames(value.Collection);
         for (std::size_t i = 0; i < names.size(); ++i)
             Properties(value.Collection[i], path + '[' + names[i] + "].");
     }
+
+    std::vector<TPropertyText>& texts_;
 };
 
 }  // namespace
@@ -137,10 +134,15 @@ std::vector<std::string> ItemNames(const std::vector<std::vector<TFormProperty>>
     return names;
 }
 
+void ReadTextsOfProperties(const std::vector<TFormProperty>& properties, std::vector<TPropertyText>& texts) {
+    texts.clear();
+    TWalk(texts).Properties(properties, {});
+}
+
 std::vector<TPropertyText> TextsOfProperties(const std::vector<TFormProperty>& properties) {
-    TWalk walk;
-    walk.Properties(properties, {});
-    return std::move(walk.Texts);
+    std::vector<TPropertyText> texts;
+    ReadTextsOfProperties(properties, texts);
+    return texts;
 }
 
 }  // namespace tml

@@ -24,6 +24,8 @@ struct TPropertyText {
 /// All of them in the order of the form, empty texts too. A list is left out where one of its lines has a
 /// line break in it, and where it is empty or of empty lines only.
 std::vector<TPropertyText> TextsOfProperties(const std::vector<TFormProperty>& properties);
+/// The same into a vector that gives its memory again; what it holds goes.
+void ReadTextsOfProperties(const std::vector<TFormProperty>& properties, std::vector<TPropertyText>& texts);
 
 /// The name in "[...]" for each item of a collection.
 std::vector<std::string> ItemNames(const std::vector<std::vector<TFormProperty>>& collection);
