@@ -234,15 +234,27 @@ std::optional<TFileInfo> InfoOf(const std::string& path) {
     return info;
 }
 
-std::string ReadWhole(const std::string& path) {
+std::uint64_t SizeToRead(const std::string& path) {
     const auto status = StatusOf(path);
     if (!status) Fail(path, "cannot be read", ENOENT);
     if (S_ISDIR(status->st_mode)) Fail(path, "cannot be read", EISDIR);
     // A pipe or a device has no size, and opening it may wait for ever.
     if (!S_ISREG(status->st_mode)) throw EFileError(path, 0, kNoFile);
-    return InMemory(path, static_cast<std::uint64_t>(status->st_size), [&](std::size_t size) {
+    return static_cast<std::uint64_t>(status->st_size);
+}
+
+std::string ReadWhole(const std::string& path) {
+    return InMemory(path, SizeToRead(path), [&](std::size_t size) {
         return TDescriptor(path, O_RDONLY, "cannot be read").Read(size);
     });
+}
+
+void ReadInParts(const std::string& path, const TPassPart& pass) {
+    constexpr std::size_t kPart = 32 * 1024;
+    SizeToRead(path);
+    TDescriptor file(path, O_RDONLY, "cannot be read");
+    for (std::string part = file.Read(kPart); !part.empty() && pass(part);)
+        part = file.Read(kPart);
 }
 #else
 class TFileLock : public IFileLock {
@@ -290,6 +302,10 @@ std::string ReadWhole(const std::string& path) {
         return bytes;
     });
 }
+
+void ReadInParts(const std::string& path, const TPassPart& pass) {
+    pass(ReadWhole(path));
+}
 #endif
 
 class TDiskFileSystem : public IFileSystem {
@@ -299,6 +315,8 @@ class TDiskFileSystem : public IFileSystem {
     std::optional<TFileInfo> Stat(const std::string& path) override { return InfoOf(path); }
 
     std::string Read(const std::string& path) override { return ReadWhole(path); }
+
+    void ReadParts(const std::string& path, const TPassPart& pass) override { ReadInParts(path, pass); }
 
     std::string Resolve(const std::string& path) override {
         std::error_code error;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +26,8 @@ class IFileLock {
     virtual ~IFileLock() = default;
 };
 
+using TPassPart = std::function<bool(std::string_view part)>;
+
 /// The few calls through which everything reaches the disk. Paths are UTF-8 with the host's separator.
 /// Every failure is an EFileError that names the path and the reason.
 class IFileSystem {
@@ -34,6 +37,8 @@ class IFileSystem {
     /// None when the path does not exist.
     virtual std::optional<TFileInfo> Stat(const std::string& path) = 0;
     virtual std::string Read(const std::string& path) = 0;
+    /// Passes the bytes part by part, for whoever need not hold them all, until pass gives false.
+    virtual void ReadParts(const std::string& path, const TPassPart& pass) { pass(Read(path)); }
     /// The path behind symbolic links, absolute; the path itself when it does not exist.
     virtual std::string Resolve(const std::string& path) = 0;
     /// Names (without folder) in a folder, sorted.

@@ -25,6 +25,7 @@ TSession::TSession(TProgram& program, const std::string& project)
       workplace_(program),
       folders_(*workplace_.Host().Files) {
     Ide().ShowErrors([this](const EBadInput& error) { AddError(error); });
+    Ide().KeepNoHistory();
     expert_ = &workplace_.LoadExpert();
     workplace_.OpenProject(project);
     expert_->RunItemClick();

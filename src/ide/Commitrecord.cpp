@@ -2,6 +2,7 @@
 // by tabs; a tab, a line break or a "%" in a path is written as "%" and two hex digits.
 #include "ide/Commitrecord.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -99,20 +100,46 @@ std::string PathFrom(const std::string& folder, const std::string& file) {
 
 // Eight bytes a step: it is to tell a file apart from its other version, not to withstand an attack. The high
 // half is folded into the low one, which a product's high half never reaches.
+void TMarking::Take(THash& hash, std::string_view step) {
+    THash word = 0;
+    std::memcpy(&word, step.data(), step.size());
+    hash = (hash ^ word) * 1099511628211U;
+    hash ^= hash >> 32;
+}
+
+void TMarking::AddBlock(const char* block) {
+    for (std::size_t i = 0; i < kSideBySide; ++i)
+        Take(hashes_[i], {block + i * kStep, kStep});
+}
+
+void TMarking::Add(std::string_view part) {
+    size_ += part.size();
+    if (!rest_.empty()) {
+        const std::size_t missing = std::min(kBlock - rest_.size(), part.size());
+        rest_ += part.substr(0, missing);
+        part.remove_prefix(missing);
+        if (rest_.size() < kBlock) return;
+        AddBlock(rest_.data());
+        rest_.clear();
+    }
+    for (; part.size() >= kBlock; part.remove_prefix(kBlock))
+        AddBlock(part.data());
+    rest_ = part;
+}
+
+TContentMark TMarking::Mark() const {
+    THash hash = hashes_[0];
+    for (std::string_view rest = rest_; !rest.empty(); rest.remove_prefix(std::min(kStep, rest.size())))
+        Take(hash, rest.substr(0, kStep));
+    for (std::size_t i = 1; i < kSideBySide; ++i)
+        hash = (hash ^ hashes_[i]) * 1099511628211U;
+    return {true, size_, hash ^ hash >> 32};
+}
+
 TContentMark MarkOf(std::string_view bytes) {
-    std::uint64_t hash = 14695981039346656037U;
-    const auto take = [&](std::size_t begin, std::size_t size) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + begin, size);
-        hash = (hash ^ word) * 1099511628211U;
-        hash ^= hash >> 32;
-    };
-    constexpr std::size_t kStep = sizeof(hash);
-    std::size_t done = 0;
-    for (; done + kStep <= bytes.size(); done += kStep)
-        take(done, kStep);
-    if (done < bytes.size()) take(done, bytes.size() - done);
-    return {true, bytes.size(), hash};
+    TMarking marking;
+    marking.Add(bytes);
+    return marking.Mark();
 }
 
 TContentMark MarkOfFile(const std::optional<std::string>& bytes) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,6 +17,27 @@ struct TContentMark {
     std::uint64_t Hash = 0;
 
     bool operator==(const TContentMark&) const = default;
+};
+
+/// Marks bytes that come part by part.
+class TMarking {
+  public:
+    void Add(std::string_view part);
+    TContentMark Mark() const;
+
+  private:
+    using THash = std::uint64_t;
+    static constexpr std::size_t kStep = sizeof(THash);
+    // A step waits for the product of the one before it, which several side by side do not.
+    static constexpr std::size_t kSideBySide = 4;
+    static constexpr std::size_t kBlock = kSideBySide * kStep;
+
+    static void Take(THash& hash, std::string_view step);
+    void AddBlock(const char* block);
+
+    std::array<THash, kSideBySide> hashes_{14695981039346656037U, 1, 2, 3};
+    std::uint64_t size_ = 0;
+    std::string rest_;  ///< less than a block
 };
 
 TContentMark MarkOf(std::string_view bytes);

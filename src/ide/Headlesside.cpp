@@ -96,6 +96,10 @@ void THeadlessIde::ShowErrors(std::function<void(const EBadInput&)> show) {
     state_->Modules.OnError = std::move(show);
 }
 
+void THeadlessIde::KeepNoHistory() {
+    state_->Modules.KeepNoHistory();
+}
+
 void THeadlessIde::TellWritten(
     std::function<void(const std::string& title, const std::vector<std::string>&)> tell) {
     state_->Modules.OnWritten = std::move(tell);

@@ -47,6 +47,9 @@ class THeadlessIde : public IBorlandIDEServices {
 
     /// Where the IDE shows a person why a module cannot be opened; nowhere at first.
     void ShowErrors(std::function<void(const EBadInput&)> show);
+    /// For a program that ends with its command: nothing is kept to be undone, which costs as much memory as
+    /// all that is written.
+    void KeepNoHistory();
     /// Told what was written to the disk, and by the command, undo or redo of which title; nobody at first.
     void TellWritten(std::function<void(const std::string& title, const std::vector<std::string>&)> tell);
 

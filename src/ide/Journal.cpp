@@ -159,7 +159,7 @@ void TJournal::Commit() {
             scopes_.back().at(fileName).HasNewContent |= found.HasNewContent;
         return;
     }
-    TEntry entry = MakeEntry();
+    TEntry entry = keepsHistory_ ? MakeEntry() : TEntry();
     WritePending(title_);
     SettleStates(scopes_.back());
     scopes_.pop_back();
@@ -174,7 +174,8 @@ TJournal::TEntry TJournal::MakeEntry() const {
         const TDocument* document = Document(fileName);
         // What was closed without being saved has come to nothing.
         if (!found.HasNewContent || (document == nullptr && Pending(fileName) == nullptr)) continue;
-        const std::optional<std::string> bytes = Bytes(fileName);
+        const auto ofDocument = document != nullptr ? std::optional(document->Bytes()) : std::nullopt;
+        const auto& bytes = document != nullptr ? ofDocument : Pending(fileName)->Bytes;
         if (bytes != found.Bytes)
             entry.Steps.emplace_back(fileName, found.Bytes, found.View, bytes,
                                      document != nullptr ? document->View() : nullptr);

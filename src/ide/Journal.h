@@ -65,11 +65,18 @@ class TJournal {
     /// nullptr for a file that is not to be written.
     const TPending* Pending(const std::string& fileName) const;
 
+    /// True for a file that is open, or to be written: its bytes are not those on the disk.
+    bool Holds(const std::string& fileName) const {
+        return Document(fileName) != nullptr || Pending(fileName) != nullptr;
+    }
+
     using TFileNames = std::vector<std::string>;
     /// Move the topmost entry that changed one of the files; that of all for no files. See THeadlessIde.
     std::string Undo(const TFileNames& files);
     std::string Redo(const TFileNames& files);
     void Forget();
+    /// See THeadlessIde::KeepNoHistory.
+    void KeepNoHistory() { keepsHistory_ = false; }
     void SetPatchFolder(std::string folder) { patchFolder_ = std::move(folder); }
 
   private:
@@ -122,6 +129,7 @@ class TJournal {
                      const TDirection& direction);
 
     THost host_;
+    bool keepsHistory_ = true;
     std::string patchFolder_;
     std::unordered_map<std::string, TDocument*> open_;
     TEntries done_;

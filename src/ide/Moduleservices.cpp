@@ -181,6 +181,18 @@ std::optional<std::string> TModules::ReadFile(const std::string& fileName) {
     return journal_.Bytes(AbsolutePath(files_, fileName));
 }
 
+bool TModules::ReadParts(const std::string& fileName, const TPassPart& pass) {
+    const std::string path = AbsolutePath(files_, fileName);
+    if (journal_.Holds(path)) {
+        const auto bytes = journal_.Bytes(path);
+        if (bytes) pass(*bytes);
+        return bytes.has_value();
+    }
+    const bool isThere = files_.Stat(path).has_value();
+    if (isThere) files_.ReadParts(path, pass);
+    return isThere;
+}
+
 void TModules::WriteFile(const std::string& fileName, std::string bytes) {
     journal_.Write(AbsolutePath(files_, fileName), std::move(bytes));
 }
@@ -197,7 +209,7 @@ std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
 
 std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName, const std::string& codePage) {
     auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TFormDocument>(journal_, fileName, bytes, std::move(onDisk), codePage);
+    return std::make_shared<TFormDocument>(journal_, fileName, std::move(bytes), std::move(onDisk), codePage);
 }
 
 void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {

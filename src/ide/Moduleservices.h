@@ -38,6 +38,7 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     ICommandFiles& GetFiles() override { return *this; }
 
     std::optional<std::string> ReadFile(const std::string& fileName) override;
+    bool ReadParts(const std::string& fileName, const TPassPart& pass) override;
     void WriteFile(const std::string& fileName, std::string bytes) override;
     void RemoveFile(const std::string& fileName) override;
 
@@ -59,6 +60,7 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     void SetCurrent(const std::shared_ptr<TModule>& module, int editor = 0);
     std::shared_ptr<IOTAEditor> CurrentEditor() const;
     // See THeadlessIde.
+    void KeepNoHistory() { journal_.KeepNoHistory(); }
     std::function<void(const std::string& title, const std::vector<std::string>& fileNames)> OnWritten;
     std::shared_ptr<IOTAModule> OpenText(const std::string& fileName);
     std::string DiffToDisk(const std::string& fileName);

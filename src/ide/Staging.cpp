@@ -108,7 +108,13 @@ void RemoveQuietly(IFileSystem& files, const std::string& path) {
 }
 
 TContentMark MarkOnDisk(IFileSystem& files, const std::string& path) {
-    return files.Stat(path) ? MarkOf(files.Read(path)) : TContentMark();
+    if (!files.Stat(path)) return {};
+    TMarking marking;
+    files.ReadParts(path, [&](std::string_view part) {
+        marking.Add(part);
+        return true;
+    });
+    return marking.Mark();
 }
 
 // --- writing
@@ -125,7 +131,8 @@ void CheckTarget(IFileSystem& files, const TCommitLine& line) {
 
 /// For a file that is to go an empty one stands in, so that no record alone removes anything.
 void Stage(IFileSystem& files, const TPending& file) {
-    files.Stage(StagePath(file.Line.Target), file.Bytes->value_or(""), file.Line.Target);
+    const std::string_view bytes = *file.Bytes ? **file.Bytes : std::string_view();
+    files.Stage(StagePath(file.Line.Target), bytes, file.Line.Target);
 }
 
 void WriteRecord(IFileSystem& files, const std::string& folder, const TLines& lines) {

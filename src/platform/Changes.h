@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/Edits.h"
@@ -44,6 +46,9 @@ class ICommandFiles {
     virtual ~ICommandFiles() = default;
     /// None when there is no such file; EFileError for one that cannot be read.
     virtual std::optional<std::string> ReadFile(const std::string& fileName) = 0;
+    /// The same part by part, until pass gives false; false when there is no such file.
+    virtual bool ReadParts(const std::string& fileName,
+                           const std::function<bool(std::string_view part)>& pass) = 0;
     /// Written when the command ends, together with all that it saves; one step by itself when none is
     /// running. EBadInput for a file that is open.
     virtual void WriteFile(const std::string& fileName, std::string bytes) = 0;

@@ -20,6 +20,7 @@ class TListableFiles : public IFileSystem {
 
     std::optional<TFileInfo> Stat(const std::string& path) override { return files_.Stat(path); }
     std::string Read(const std::string& path) override { return files_.Read(path); }
+    void ReadParts(const std::string& path, const TPassPart& pass) override { files_.ReadParts(path, pass); }
     std::string Resolve(const std::string& path) override { return files_.Resolve(path); }
     void MakeFolder(const std::string& folder) override { files_.MakeFolder(folder); }
     void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) override {

@@ -29,7 +29,7 @@ class TLangFiles::TSession : public ITranslationFiles {
             if (!open.Changed) continue;
             ExpectUnchanged(fileName, open);
             if (open.File->IsChanged())
-                if (std::string bytes = open.File->Bytes(); bytes != open.Read)
+                if (std::string bytes = open.File->Bytes(); bytes != open.File->BytesRead())
                     Files(fileName).WriteFile(fileName, std::move(bytes));
             open.Changed = false;
         }
@@ -59,7 +59,7 @@ class TLangFiles::TSession : public ITranslationFiles {
 
   private:
     struct TOpenFile {
-        std::optional<std::string> Read;
+        bool IsThere;
         std::unique_ptr<ITranslationFile> File;
         TFormFinder Finder;
         bool Changed = false;
@@ -75,22 +75,30 @@ class TLangFiles::TSession : public ITranslationFiles {
         const auto present = open_.find(fileName);
         if (present != open_.end()) return present->second;
         std::optional<std::string> bytes = Files(fileName).ReadFile(fileName);
-        auto file = OpenTranslationFile(bytes.value_or(""), fileName, delimiter);
+        const bool isThere = bytes.has_value();
+        auto file = OpenTranslationFile(isThere ? *std::move(bytes) : std::string(), fileName, delimiter);
         TFormFinder finder(*file);
-        return open_.emplace(fileName, TOpenFile{std::move(bytes), std::move(file), std::move(finder)})
-            .first->second;
+        return open_.emplace(fileName, TOpenFile{isThere, std::move(file), std::move(finder)}).first->second;
     }
 
     TOpenFile& OpenPresent(const std::string& fileName) {
         TOpenFile& open = OpenFile(fileName, {});
-        if (!open.Read) throw EFileError(fileName, 0, "there is no such file", "Choose a translation file");
-        if (open.Read->empty())
+        if (!open.IsThere)
+            throw EFileError(fileName, 0, "there is no such file", "Choose a translation file");
+        if (open.File->BytesRead().empty())
             throw EBadInput(fileName, 0, "the file is empty", "Choose a translation file");
         return open;
     }
 
     void ExpectUnchanged(const std::string& fileName, const TOpenFile& open) const {
-        if (Files(fileName).ReadFile(fileName) != open.Read)
+        std::string_view rest = open.File->BytesRead();
+        bool isSame = true;
+        const bool isThere = Files(fileName).ReadParts(fileName, [&](std::string_view part) {
+            isSame = rest.starts_with(part);
+            if (isSame) rest.remove_prefix(part.size());
+            return isSame;
+        });
+        if (isThere != open.IsThere || !isSame || !rest.empty())
             throw EFileError(fileName, 0, "the file has changed since it was read", "Repeat the command");
     }
 

@@ -8,16 +8,30 @@ namespace {
 
 constexpr const char* kNoDelimiter = "You cannot use empty delimiter!";
 
-std::optional<std::string> BytesOf(TContext& context, const std::string& fileName) {
+/// Options stand in front where a program has written them: more of the file is read where they do not.
+std::string DelimiterInFile(TContext& context, const std::string& fileName) {
     IOTAModuleServices* services = GetModuleServices(context);
-    return services == nullptr ? std::nullopt : services->GetFiles().ReadFile(fileName);
+    if (services == nullptr) return {};
+    std::string bytes;
+    std::string delimiter;
+    services->GetFiles().ReadParts(fileName, [&](std::string_view part) {
+        if (bytes.empty()) delimiter = DelimiterOfMll(part.substr(0, part.rfind('\n') + 1));
+        bytes += part;
+        return delimiter.empty();
+    });
+    return delimiter.empty() ? DelimiterOfMll(bytes) : delimiter;
+}
+
+bool IsThere(TContext& context, const std::string& fileName) {
+    IOTAModuleServices* services = GetModuleServices(context);
+    return services != nullptr &&
+           services->GetFiles().ReadParts(fileName, [](std::string_view) { return false; });
 }
 
 }  // namespace
 
 std::string GetMLLFileDelimiter(TContext& context, const std::string& fileName) {
-    const auto bytes = BytesOf(context, fileName);
-    const std::string delimiter = bytes ? DelimiterOfMll(*bytes) : std::string();
+    const std::string delimiter = DelimiterInFile(context, fileName);
     return delimiter.empty() ? context.Settings.Get().Delimiter : delimiter;
 }
 
@@ -28,7 +42,7 @@ bool AskForDelimiter(TContext& context, const std::string& oldDelimiter, const s
         context.Dialogs().MessageDlg(kNoDelimiter, TMsgDlgType::mtError, {mrOk});
         return false;
     }
-    return delimiter == oldDelimiter || !BytesOf(context, fileName) ||
+    return delimiter == oldDelimiter || !IsThere(context, fileName) ||
            context.Dialogs().MessageDlg(otherDelimiter, TMsgDlgType::mtWarning, {mrYes, mrNo}) == mrYes;
 }
 
