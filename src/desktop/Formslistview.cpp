@@ -7,7 +7,6 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 #include "desktop/Texts.h"
@@ -46,22 +45,6 @@ class TPathDelegate : public QStyledItemDelegate {
         option->textElideMode = Qt::ElideMiddle;
     }
 };
-
-/// What a column needs for its longest texts. To measure all of a thousand rows takes longer than to read
-/// them.
-int ContentWidth(const QTableView& table, int column) {
-    constexpr std::ptrdiff_t kMeasured = 32;
-    std::vector<std::pair<qsizetype, int>> lengths;  // with the row
-    for (int row = 0; row < table.model()->rowCount(); ++row)
-        lengths.emplace_back(table.model()->index(row, column).data().toString().size(), row);
-    const auto end = lengths.begin() + std::min(std::ssize(lengths), kMeasured);
-    std::partial_sort(lengths.begin(), end, lengths.end(), std::greater<>());
-    int width = table.horizontalHeader()->sectionSizeHint(column);
-    for (auto longest = lengths.begin(); longest != end; ++longest)
-        width =
-            std::max(width, table.sizeHintForIndex(table.model()->index(longest->second, column)).width());
-    return width + (table.showGrid() ? 1 : 0);
-}
 
 }  // namespace
 

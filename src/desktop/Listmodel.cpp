@@ -3,6 +3,9 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QTableView>
+#include <algorithm>
+#include <functional>
+#include <utility>
 
 #include "desktop/Icons.h"
 #include "desktop/Texts.h"
@@ -75,6 +78,21 @@ int DesignWidth(const QWidget& widget, int shownWidth) {
     // Rounded up, so that the way there and back leaves a width as it was.
     const int charWidth = widget.fontMetrics().averageCharWidth();
     return (shownWidth * kDesignCharWidth + charWidth - 1) / charWidth;
+}
+
+int ContentWidth(const QTableView& table, int column) {
+    // To measure all of a thousand rows takes longer than to read them.
+    constexpr std::ptrdiff_t kMeasured = 32;
+    std::vector<std::pair<qsizetype, int>> lengths;  // with the row
+    for (int row = 0; row < table.model()->rowCount(); ++row)
+        lengths.emplace_back(table.model()->index(row, column).data().toString().size(), row);
+    const auto end = lengths.begin() + std::min(std::ssize(lengths), kMeasured);
+    std::partial_sort(lengths.begin(), end, lengths.end(), std::greater<>());
+    int width = table.horizontalHeader()->sectionSizeHint(column);
+    for (auto longest = lengths.begin(); longest != end; ++longest)
+        width =
+            std::max(width, table.sizeHintForIndex(table.model()->index(longest->second, column)).width());
+    return width + (table.showGrid() ? 1 : 0);
 }
 
 void SelectionToList(const QTableView& table, TListRows& list) {

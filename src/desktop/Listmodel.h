@@ -34,6 +34,8 @@ void SetUpTable(QTableView& table);
 /// Column widths are those of a design with its small font; on the screen they grow with the widget's font.
 int ShownWidth(const QWidget& widget, int designWidth);
 int DesignWidth(const QWidget& widget, int shownWidth);
+/// What a column needs for its heading and its longest texts, in pixels.
+int ContentWidth(const QTableView& table, int column);
 /// Takes the selection of the table over into the rows, or shows that of the rows.
 void SelectionToList(const QTableView& table, TListRows& list);
 void SelectionFromList(QTableView& table, const TListRows& list);

@@ -11,6 +11,21 @@ namespace tml {
 namespace {
 
 constexpr TShortCut kReturn = 0x0D;
+// In the design:
+constexpr int kGap = 6;              ///< in front of the next column
+constexpr int kWidestAtFirst = 300;  ///< of a column in a window that is new
+
+/// The width that no column may exceed, so that all of them have room.
+int LargestWidth(std::vector<int> needed, int room) {
+    std::sort(needed.begin(), needed.end());
+    int left = static_cast<int>(needed.size());
+    for (const int width : needed) {
+        if (width > room / left) return room / left;
+        room -= width;
+        --left;
+    }
+    return needed.back();
+}
 
 }  // namespace
 
@@ -40,10 +55,14 @@ void TResultsView::BindList() {
     // The end of a path tells more than its beginning.
     table.setTextElideMode(Qt::ElideMiddle);
     table.installEventFilter(this);
-    LayOutColumns();
-    connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        results_.List.Columns.at(static_cast<std::size_t>(column)).Width = DesignWidth(*this, width);
+    table.viewport()->installEventFilter(this);
+    connect(&model_, &QAbstractItemModel::modelReset, this, [this] {
+        contentWidths_.clear();
+        LayOutColumns();
     });
+    connect(table.horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { NoteWidth(column, width); });
+    model_.Refresh();
     connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, &table] {
         runner_.Run([&] {
             SelectionToList(table, results_.List);
@@ -53,27 +72,43 @@ void TResultsView::BindList() {
     connect(&table, &QTableView::doubleClicked, this, [this] { runner_.Run(results_.DblClick); });
 }
 
-void TResultsView::Widen(int column) {
-    model_.Refresh();
-    QTableView& table = *ui_->lvIDs;
-    const int more =
-        static_cast<QAbstractItemView&>(table).sizeHintForColumn(column) - table.columnWidth(column);
-    if (more <= 0) return;
-    table.setColumnWidth(column, table.columnWidth(column) + more);
-    resize(width() + more, height());
-}
-
 void TResultsView::LayOutColumns() {
+    layingOut_ = true;
+    QTableView& table = *ui_->lvIDs;
     const auto& columns = results_.List.Columns;
-    for (std::size_t i = 0; i + 1 < columns.size(); ++i)
-        ui_->lvIDs->setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
+    const int last = static_cast<int>(columns.size()) - 1;
+    if (contentWidths_.empty())
+        for (int i = 0; i <= last; ++i)
+            contentWidths_.push_back(ContentWidth(table, i) + ShownWidth(*this, kGap));
+    const int largest = LargestWidth(contentWidths_, table.viewport()->width());
+    // The last one has what is left.
+    for (int i = 0; i < last; ++i) {
+        const auto column = static_cast<std::size_t>(i);
+        table.setColumnWidth(i, results_.HasDesignWidths() ? std::min(contentWidths_[column], largest)
+                                                           : ShownWidth(*this, columns[column].Width));
+    }
+    layingOut_ = false;
 }
 
-/// All columns are seen, the last one in its width of the design.
+void TResultsView::NoteWidth(int column, int width) {
+    auto& columns = results_.List.Columns;
+    const auto place = static_cast<std::size_t>(column);
+    if (layingOut_ || place + 1 == columns.size()) return;
+    // The first width that is chosen fixes the others where they stand.
+    if (results_.HasDesignWidths())
+        for (std::size_t i = 0; i + 1 < columns.size(); ++i)
+            columns[i].Width = DesignWidth(*this, ui_->lvIDs->columnWidth(static_cast<int>(i)));
+    columns[place].Width = DesignWidth(*this, width);
+}
+
+/// All columns are seen, the last one in the width that it needs.
 int TResultsView::WidthFor(const TForm& form) const {
-    int columns = ShownWidth(*this, results_.List.Columns.back().Width) + ui_->lvIDs->frameWidth() * 2;
-    for (std::size_t i = 0; i + 1 < results_.List.Columns.size(); ++i)
-        columns += ui_->lvIDs->columnWidth(static_cast<int>(i));
+    const int most = ShownWidth(*this, kWidestAtFirst);
+    int columns = ui_->lvIDs->frameWidth() * 2 + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    for (std::size_t i = 0; i < contentWidths_.size(); ++i)
+        columns += results_.HasDesignWidths() || i + 1 == contentWidths_.size()
+                       ? std::min(contentWidths_[i], most)
+                       : ShownWidth(*this, results_.List.Columns[i].Width);
     return std::max(ShownWidth(*this, form.ClientWidth), columns);
 }
 
@@ -85,6 +120,7 @@ void TResultsView::Refresh() {
 }
 
 bool TResultsView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && watched == ui_->lvIDs->viewport()) LayOutColumns();
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter)
@@ -94,18 +130,17 @@ bool TResultsView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 TBadIDsView::TBadIDsView(TfrmBadIDs& form, const TViewServices& services)
+    : TResultsView(form,
+                   {form.lvIDs, form.Placement, [&form] { form.lvIDsChange(); },
+                    [&form] { form.LVIDsDblClick(); }, [&form](TShortCut key) { form.LVIDsKeyDown(key); },
+                    [&form] { return form.HasDesignWidths(); }, &form.Actions, form.lblTop},
+                   services) {}
+
+TFoundPhrasesView::TFoundPhrasesView(TfrmFoundPhrases& form, const TViewServices& services)
     : TResultsView(
           form,
           {form.lvIDs, form.Placement, [&form] { form.lvIDsChange(); }, [&form] { form.LVIDsDblClick(); },
-           [&form](TShortCut key) { form.LVIDsKeyDown(key); }, &form.Actions, form.lblTop},
-          services) {
-    if (form.lvIDs.Columns[bcType].Width == kBadIDTypeWidth) Widen(bcType);
-}
-
-TFoundPhrasesView::TFoundPhrasesView(TfrmFoundPhrases& form, const TViewServices& services)
-    : TResultsView(form,
-                   {form.lvIDs, form.Placement, [&form] { form.lvIDsChange(); },
-                    [&form] { form.LVIDsDblClick(); }, [&form](TShortCut key) { form.LVIDsKeyDown(key); }},
-                   services) {}
+           [&form](TShortCut key) { form.LVIDsKeyDown(key); }, [&form] { return form.HasDesignWidths(); }},
+          services) {}
 
 }  // namespace tml

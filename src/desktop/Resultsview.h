@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "desktop/Actionbinding.h"
 #include "desktop/Binder.h"
@@ -23,8 +24,9 @@ struct TResults {
     std::function<void()> Change;  ///< after a change of the selection
     std::function<void()> DblClick;
     std::function<void(TShortCut)> KeyDown;
-    TActions* Actions = nullptr;  ///< the popup menu, nullptr for none
-    std::string Top = {};         ///< stands above the list, "" for nothing
+    std::function<bool()> HasDesignWidths;  ///< the columns, until the person chooses their widths
+    TActions* Actions = nullptr;            ///< the popup menu, nullptr for none
+    std::string Top = {};                   ///< stands above the list, "" for nothing
 };
 
 /// A list of results, which stays open beside the others.
@@ -37,19 +39,20 @@ class TResultsView : public TView {
     TPlacement* Place() override { return &results_.Placement; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-  protected:
-    /// Makes a column as wide as what it shows.
-    void Widen(int column);
-
   private:
     void BindList();
+    /// Makes the columns as wide as what they show, the widest less so where the window has no room for all;
+    /// in the widths that the person has chosen.
     void LayOutColumns();
+    void NoteWidth(int column, int width);
     int WidthFor(const TForm& form) const;
 
     TResults results_;
     TRunner& runner_;
     std::unique_ptr<Ui::Resultsview> ui_;
     TListModel model_;
+    std::vector<int> contentWidths_;
+    bool layingOut_ = false;
     std::unique_ptr<TActionBinding> actions_;
 };
 

@@ -18,6 +18,8 @@ namespace tml {
 namespace {
 
 const std::string kIDFormKey = "\\Software\\Velmora\\TmlLang\\IDForm";
+const std::vector<TListColumn> kBadIDColumns{
+    {"String ID", 75}, {"Type", 220}, {"Info", 90}, {"Use", 140}, {"File Name", 200}};
 constexpr TShortCut kEnterKey = 0x0D;
 constexpr std::size_t kMostUsesNamed = 10;
 
@@ -180,10 +182,13 @@ TfrmBadIDs::TfrmBadIDs(TContext& context) : context_(context) {
     lblTop =
         "TmlLang Expert has detected the following ID(s) as a problematic. Right-click on the item to delete "
         "or locate the selected ID.";
-    lvIDs.Columns = {
-        {"String ID", 75}, {"Type", kBadIDTypeWidth}, {"Info", 90}, {"Use", 140}, {"File Name", 200}};
+    lvIDs.Columns = kBadIDColumns;
     Actions.All = BindActions<TfrmBadIDs>(*this, kBadIDsActions);
     Actions.Popup = {"ViewSource", "", "Delete"};
+}
+
+bool TfrmBadIDs::HasDesignWidths() const {
+    return std::ranges::equal(lvIDs.Columns, kBadIDColumns, {}, &TListColumn::Width, &TListColumn::Width);
 }
 
 void TfrmBadIDs::FormShow() {

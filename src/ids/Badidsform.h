@@ -16,9 +16,6 @@ namespace tml {
 /// The columns of the list of bad IDs.
 enum TBadIDColumn { bcStringID, bcType, bcInfo, bcUse, bcFileName };
 
-/// Of the column "Type", until the person makes it wider or narrower.
-constexpr int kBadIDTypeWidth = 220;
-
 class TBadIDRow : public TListRow {
   public:
     explicit TBadIDRow(TBadID bad) : Bad(std::move(bad)) {}
@@ -38,6 +35,8 @@ class TfrmBadIDs : public TForm {
 
     std::string lblTop;
     TListOf<TBadIDRow> lvIDs;
+    /// Nobody has made a column of lvIDs wider or narrower yet.
+    bool HasDesignWidths() const;
     std::array<std::string, 2> StatusPanels{"Total:", "0"};
     TActions Actions;  ///< the popup menu
     TPlacement Placement;

@@ -16,6 +16,8 @@ namespace tml {
 namespace {
 
 const std::string kFindFormKey = "\\Software\\Velmora\\TmlLang\\FindForm";
+const std::vector<TListColumn> kPhraseColumns{{"File Name:", 270}, {"Property:", 100}, {"Line:", 70},
+                                              {"Location:", 100},  {"Key:", 130},      {"Text:", 230}};
 constexpr TShortCut kEnterKey = 0x0D;
 /// What would replace all the rest without asking; no button gives it.
 constexpr int kReplaceAll = 12;
@@ -142,8 +144,11 @@ TfrmFoundPhrases::TfrmFoundPhrases(TContext& context) : context_(context) {
     ClientHeight = 200;
     Placement.Left = 100;
     Placement.Top = 350;
-    lvIDs.Columns = {{"File Name:", 270}, {"Property:", 100}, {"Line:", 70},
-                     {"Location:", 100},  {"Key:", 130},      {"Text:", 230}};
+    lvIDs.Columns = kPhraseColumns;
+}
+
+bool TfrmFoundPhrases::HasDesignWidths() const {
+    return std::ranges::equal(lvIDs.Columns, kPhraseColumns, {}, &TListColumn::Width, &TListColumn::Width);
 }
 
 void TfrmFoundPhrases::FormShow() {

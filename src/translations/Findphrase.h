@@ -74,6 +74,8 @@ class TfrmFoundPhrases : public TForm {
     TfrmFoundPhrases& operator=(const TfrmFoundPhrases&) = delete;
 
     TListOf<TFoundPhraseRow> lvIDs;
+    /// Nobody has made a column of lvIDs wider or narrower yet.
+    bool HasDesignWidths() const;
     TPlacement Placement;
 
     void FormShow() override;

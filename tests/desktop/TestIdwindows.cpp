@@ -1,5 +1,6 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <fstream>
 
 #include "desktop/Codeeditor.h"
@@ -24,6 +25,12 @@ class TIdWindows : public TDesktop {
         EXPECT_NE(window, nullptr) << name;
         return *window;
     }
+    /// A cell's text has room in its column.
+    static void ExpectWhole(const QTableView& table, int row, int column) {
+        EXPECT_GT(table.columnWidth(column), table.fontMetrics().horizontalAdvance(Cell(table, row, column)))
+            << column;
+    }
+    static constexpr const char* kLongID = "IDS_WAITING_FOR_A_PILOT";
     static void AddID(QWidget& editor, TDeskUser& user, const char* id) {
         Activate(editor);
         user.AnswerInput(id);
@@ -34,7 +41,7 @@ class TIdWindows : public TDesktop {
 TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     User.On([this](QWidget& editor) {
         AddID(editor, User, "IDS_UNUSED");
-        AddID(editor, User, "IDS_OTHER");
+        AddID(editor, User, kLongID);
         Press(editor, "btnOK");
     });
     Click("Translate1");
@@ -45,7 +52,11 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     ASSERT_EQ(list.model()->rowCount(), 2);
     EXPECT_EQ(Cell(list, 0, 0), "IDS_UNUSED");
     EXPECT_EQ(Cell(list, 0, 1), "Not used in source of current module.");
-    EXPECT_GT(list.columnWidth(1), list.fontMetrics().horizontalAdvance(Cell(list, 0, 1)));
+    ExpectWhole(list, 0, 1);
+    ExpectWhole(list, 1, 0);
+    bad.resize(500, 200);
+    ExpectWhole(list, 0, 2);
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "the widest columns give way";
     EXPECT_EQ(TextOf(bad, "total"), "Total: 2");
     User.On([](QWidget& editor) {
         EXPECT_EQ(Cell(*editor.findChild<QTableView*>("grTexts"), 2, 0), "IDS_UNUSED");
@@ -64,7 +75,7 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     EXPECT_TRUE(list.selectionModel()->isRowSelected(0, {}));
     Activate(bad);
     EXPECT_TRUE(list.hasFocus());
-    User.Answer("This will delete IDS_OTHER from MainForm.", "Yes");
+    User.Answer(QString("This will delete %1 from MainForm.").arg(kLongID), "Yes");
     QTest::keyClick(&list, Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return Window->findChild<QDialog*>("frmBadIDs") == nullptr; }))
         << "the last row closes it";
@@ -184,6 +195,13 @@ TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
     EXPECT_EQ(Cell(list, 0, 3), "German");
     EXPECT_TRUE(Cell(list, 0, 4).endsWith(".Caption")) << FromQt(Cell(list, 0, 4));
     EXPECT_EQ(Cell(list, 0, 5), "Hafen");
+    found.resize(600, 200);
+    for (const int column : {1, 2, 3, 4, 5})
+        ExpectWhole(list, 0, column);
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "the path has what is left";
+    list.setColumnWidth(4, 250);
+    found.resize(900, 200);
+    EXPECT_EQ(list.columnWidth(4), 250) << "chosen by the person";
     User.On([](QWidget& editor) {
         EXPECT_EQ(TextOf(editor, "lblText"), "German (Done):");
         EXPECT_EQ(editor.findChild<QPlainTextEdit*>("memText")->toPlainText(), "Hafen");
