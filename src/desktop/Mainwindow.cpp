@@ -197,6 +197,11 @@ void TMainWindow::Tell(const QString& outcome) {
     telling_.start(kStatusTime);
 }
 
+void TMainWindow::ForgetOutcome() {
+    statusBar()->clearMessage();
+    telling_.stop();
+}
+
 bool TMainWindow::event(QEvent* event) {
     // The hint of the button that was clicked would hide at once what that has done.
     if (event->type() == QEvent::StatusTip && telling_.isActive()) return true;
@@ -341,6 +346,7 @@ void TMainWindow::OpenProject(const QString& path) {
         const bool listens = host_->ExpertWindow() != nullptr;
         host_->Ide().OpenProject(FromQt(file));
         opened = true;
+        ForgetOutcome();
         if (!listens && wantsExpert_ && host_->Expert() != nullptr) host_->Expert()->RunItemClick();
     });
     for (const TProjectProblem& problem : host_->Ide().Problems())
@@ -371,7 +377,9 @@ void TMainWindow::ReloadProject() {
 }
 
 void TMainWindow::CloseProject() {
-    if (AskToSaveAll()) host_->Ide().CloseProject();
+    if (!AskToSaveAll()) return;
+    host_->Ide().CloseProject();
+    ForgetOutcome();
 }
 
 bool TMainWindow::AskToSave(const std::vector<std::shared_ptr<IOTAModule>>& modules) {

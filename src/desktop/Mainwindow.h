@@ -90,6 +90,8 @@ class TMainWindow : public QMainWindow {
     bool SaveAsking(const std::function<void()>& save);
     /// Shows in the status bar what was done.
     void Tell(const QString& outcome);
+    /// Takes it away: it is of a project that is left.
+    void ForgetOutcome();
     void TellWritten();
     void ShowWindow(TForm& form);
     /// Of a window beside the workbench.

@@ -131,6 +131,9 @@ TEST_F(TFormsWindow, WhatIsWrittenUnseenIsToldAndWhatChangesNothingIsNoChange) {
     Click("Save1");
     EXPECT_EQ(OnDisk(about), before);
     EXPECT_EQ(messages.topLevelItemCount(), 0) << "a save of what is open is seen";
+    EXPECT_EQ(Status(), "Written: About.dfm");
+    OpenOrchard();
+    EXPECT_EQ(Status(), "") << "of the project that was open before";
 }
 
 TEST_F(TFormsWindow, LanguagesAreRenamedByKeyAndStayWhereTheQuestionIsAnsweredNo) {
@@ -153,6 +156,8 @@ TEST_F(TFormsWindow, LanguagesAreRenamedByKeyAndStayWhereTheQuestionIsAnsweredNo
     FromFileMenu("Languages...");
     EXPECT_NE(OnDisk("orchard/forms/About.dfm").find("'Deutsch')"), std::string::npos);
     EXPECT_EQ(Status(), "Written: About.dfm (Languages)");
+    Click("CloseProject1");
+    EXPECT_EQ(Status(), "");
 }
 
 TEST_F(TFormsWindow, NamesAreWholeAndNoWidthIsDead) {
