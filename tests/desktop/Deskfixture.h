@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -53,7 +54,7 @@ inline void Press(QWidget& window, const char* button) {
     QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton, {}, {8, 8});
 }
 
-/// Accelerators that two of the visible controls have, each as their letter.
+/// Accelerators that two of the visible controls, tabs and menus have, each as their letter.
 inline QString DoubleAccelerators(const QWidget& window) {
     QString keys, doubles;
     const auto add = [&](const QString& text) {
@@ -64,6 +65,12 @@ inline QString DoubleAccelerators(const QWidget& window) {
         if (button->isVisible()) add(button->text());
     for (const auto* label : window.findChildren<QLabel*>())
         if (label->isVisible() && label->buddy() != nullptr) add(label->text());
+    for (const auto* bar : window.findChildren<QTabBar*>())
+        for (int tab = 0; tab < bar->count() && bar->isVisible(); ++tab)
+            add(bar->tabText(tab));
+    for (const auto* bar : window.findChildren<QMenuBar*>())
+        for (const QAction* menu : bar->actions())
+            if (bar->isVisible()) add(menu->text());
     return doubles;
 }
 

@@ -294,6 +294,10 @@ TEST_F(TDesignPanes, AcceleratorsLeadIntoThePanes) {
     ExpectSoon([&] { return languages.isVisible(); });
     press(Picture(), Qt::Key_G);
     EXPECT_TRUE(isReached(languages));
+    Click("Find1");
+    Click("showPicture");
+    EXPECT_TRUE(Find<QWidget>("Findbar").isVisible() && Tree().isVisible());
+    EXPECT_EQ(DoubleAccelerators(*Window), "");
 }
 
 TEST_F(TDesignPanes, AListOffersValues) {

@@ -57,6 +57,7 @@ TEST_F(TTransWindow, ATranslatorWorksThroughAFormByTheKeyboard) {
         QTableView& cells = Cells(window);
         EXPECT_EQ(window.windowTitle(), "Translation Editor - MainForm");
         EXPECT_TRUE(cells.hasFocus());
+        EXPECT_EQ(DoubleAccelerators(window), "");
         // The next texts that are missing or were made for another base text.
         QTest::keyClick(&cells, Qt::Key_F, Qt::ControlModifier);
         QTest::keyClick(window.focusWidget(), Qt::Key_F7);
