@@ -81,11 +81,12 @@ void TResultsView::LayOutColumns() {
         for (int i = 0; i <= last; ++i)
             contentWidths_.push_back(ContentWidth(table, i) + ShownWidth(*this, kGap));
     const int largest = LargestWidth(contentWidths_, table.viewport()->width());
-    // The last one has what is left.
-    for (int i = 0; i < last; ++i) {
+    // The last one has what is left, but never less than what it was given itself: it comes first.
+    for (int i = last; i >= 0; --i) {
         const auto column = static_cast<std::size_t>(i);
-        table.setColumnWidth(i, results_.HasDesignWidths() ? std::min(contentWidths_[column], largest)
-                                                           : ShownWidth(*this, columns[column].Width));
+        const bool isChosen = i < last && !results_.HasDesignWidths();
+        table.setColumnWidth(i, isChosen ? ShownWidth(*this, columns[column].Width)
+                                         : std::min(contentWidths_[column], largest));
     }
     layingOut_ = false;
 }

@@ -1,12 +1,28 @@
 #include "desktop/Strreplaceview.h"
 
 #include <QHeaderView>
+#include <QRegularExpression>
+#include <QStyledItemDelegate>
 #include <QToolBar>
 
 #include "desktop/Texts.h"
 #include "ui_Strreplaceview.h"
 
 namespace tml {
+namespace {
+
+/// Breaks a line behind the signs of a source, too: without a blank a call would be cut off at its ID.
+class TSourceLineDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        static const QRegularExpression kSign("([(,._])");
+        return value.toString().replace(kSign, QString("\\1") + QChar(0x200B));
+    }
+};
+
+}  // namespace
 
 TStrReplaceView::TStrReplaceView(TfrmStrReplace& form, const TViewServices& services)
     : form_(form),
@@ -49,11 +65,10 @@ void TStrReplaceView::BindLines() {
     QTableView& table = *ui_->lvSourceLines;
     table.setModel(&lines_);
     SetUpTable(table);
-    const auto& columns = form_.lvSourceLines.Columns;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        table.setColumnWidth(static_cast<int>(i), ShownWidth(*this, columns[i].Width));
+    table.setColumnWidth(0, ShownWidth(*this, form_.lvSourceLines.Columns[0].Width));
     // The old line and the new one get what the window has to spare, and are read whole.
     table.setWordWrap(true);
+    table.setItemDelegate(new TSourceLineDelegate(this));
     table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table.horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     table.horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);

@@ -56,6 +56,7 @@ TEST_F(TIdWindows, BadIDsAreListedShownAndDeleted) {
     ExpectWhole(list, 1, 0);
     bad.resize(500, 200);
     ExpectWhole(list, 0, 2);
+    QApplication::processEvents();
     EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "the widest columns give way";
     EXPECT_EQ(TextOf(bad, "total"), "Total: 2");
     User.On([](QWidget& editor) {
@@ -167,6 +168,9 @@ TEST_F(TIdWindows, ARenamedIDIsFollowedByTheUnitThatIsChosen) {
             EXPECT_TRUE(list.isVisible());
             ASSERT_EQ(list.model()->rowCount(), 1);
             EXPECT_TRUE(Cell(list, 0, 2).contains("'IDS_SHIPS'"));
+            lines.resize(500, 300);
+            QApplication::processEvents();
+            EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "both lines are in sight";
             EXPECT_EQ(lines.findChild<QPushButton*>("btReplace")->text(), "&Replace");
             Press(lines, "btReplace");
         });
@@ -198,7 +202,9 @@ TEST_F(TIdWindows, PhrasesAreFoundAndReplaced) {
     found.resize(600, 200);
     for (const int column : {1, 2, 3, 4, 5})
         ExpectWhole(list, 0, column);
-    EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "the path has what is left";
+    found.resize(400, 200);
+    QApplication::processEvents();
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible()) << "the path gives way, then the others";
     list.setColumnWidth(4, 250);
     found.resize(900, 200);
     EXPECT_EQ(list.columnWidth(4), 250) << "chosen by the person";
