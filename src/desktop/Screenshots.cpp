@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -58,6 +57,8 @@ class TPictures {
     TPictures(const std::string& sample, QString folder, QString theme)
         : folder_(std::move(folder)), theme_(std::move(theme)) {
         const auto recursive = std::filesystem::copy_options::recursive;
+        std::filesystem::remove_all(work_);
+        std::filesystem::create_directory(work_);
         std::filesystem::copy(sample, Path("orchard"), recursive);
         std::filesystem::copy(sample + "/../harbour", Path("harbour"), recursive);
         window_ = std::make_unique<TMainWindow>(
@@ -66,6 +67,10 @@ class TPictures {
         window_->show();
         window_->OpenProject(ToQt(Path("orchard/Orchard.dproj")));
         Watch();
+    }
+    ~TPictures() {
+        window_.reset();
+        std::filesystem::remove_all(work_);
     }
 
     void TakeAll();
@@ -88,7 +93,7 @@ class TPictures {
     void TakeTranslationFiles();
     void TakeExclusions();
     void TakeDictionary();
-    std::string Path(const std::string& name) const { return FromQt(work_.path()) + "/" + name; }
+    std::string Path(const std::string& name) const { return work_ + "/" + name; }
     void Take(QWidget& window, const char* name) {
         Settle();
         window.grab().save(folder_ + "/" + name + "-" + theme_ + ".png");
@@ -145,7 +150,8 @@ class TPictures {
 
     QString folder_;
     QString theme_;
-    QTemporaryDir work_;
+    /// Of one name: a picture that shows a path is the same as the one that was taken before.
+    const std::string work_ = FromQt(QDir::tempPath()) + "/tmllang-screenshots";
     std::unique_ptr<TMainWindow> window_;
     std::deque<std::function<void(QWidget&)>> steps_;
     QPointer<QWidget> seen_;
