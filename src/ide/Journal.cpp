@@ -292,7 +292,7 @@ std::string TJournal::Move(TEntries& from, TEntries& to, const TFileNames& files
     }
     to.push_back(std::move(*top));
     from.erase(std::next(top).base());
-    const std::string title = to.back().Title;
+    std::string title = to.back().Title;
     TellRestored(restored);
     return title;
 }

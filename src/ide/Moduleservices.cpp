@@ -91,7 +91,7 @@ std::shared_ptr<TModule> TModules::OpenClosed(const std::string& fileName) {
     const std::string& unitFile = found.Unit.FileName;
     ExpectNoNamesake(fileName, unitFile);
     if (!Announce(TOTAFileNotification::ofnFileOpening, unitFile)) throw EmlLangSilent();
-    const auto module = std::make_shared<TModule>(*this, ReadFiles(found));
+    auto module = std::make_shared<TModule>(*this, ReadFiles(found));
     if (!found.Unit.FormFile.empty()) CloseText(found.Unit.FormFile);
     AttachDesigner(module);
     Register(module);

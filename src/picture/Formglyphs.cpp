@@ -45,7 +45,7 @@ QImage SeenThrough(const QImage& image) {
 }  // namespace
 
 QImage GlyphIn(const TLayoutNode& button) {
-    const QImage all = DecodedWithLength(BytesOf(button, "Glyph.Data"));
+    QImage all = DecodedWithLength(BytesOf(button, "Glyph.Data"));
     if (all.isNull()) return all;
     return SeenThrough(all.copy(0, 0, all.width() / GlyphCount(button), all.height()));
 }

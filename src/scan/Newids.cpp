@@ -66,9 +66,9 @@ bool TTextIDs::Take(const std::string& id, const std::string& text) {
 
 std::string TTextIDs::Next(const std::string& text) {
     const TWords words = WordsOf(text);
-    const std::string plain = prefix_ + words.Joined;
+    std::string plain = prefix_ + words.Joined;
     if (!words.Joined.empty() && !words.Cut && Take(plain, text)) return plain;
-    const std::string marked = plain + (words.Joined.empty() ? "" : "_") + ChecksumOf(text);
+    std::string marked = plain + (words.Joined.empty() ? "" : "_") + ChecksumOf(text);
     if (Take(marked, text)) return marked;
     for (int number = 2;; ++number)
         if (std::string id = Format("%s_%d", marked, number); Take(id, text)) return id;

@@ -74,7 +74,7 @@ std::optional<std::string> Ask(TContext& context, TDialog& dialog, std::string& 
 template <typename TDialog>
 std::optional<std::string> AskOfBothKinds(TContext& context, TDialog dialog, std::string& last) {
     dialog.FilterIndex = context.Settings.Get().LastFilterIndex;
-    const auto file = Ask(context, dialog, last, DefaultFile(context));
+    auto file = Ask(context, dialog, last, DefaultFile(context));
     if (file) context.Settings.SetLastFilterIndex(dialog.FilterIndex);
     return file;
 }
