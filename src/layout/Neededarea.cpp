@@ -54,9 +54,8 @@ class TReachReckoner {
         if (cell != table_.end()) {
             reached.Side[0].To[0] = cell->second.Begin;
             reached.Wanted = cell->second.Size;
-        } else if (parent_.Spread.Order == TChildOrder::None && box.CountsAsFree(axis_)) {
-            reached.Side[0].To[0] = box.Now[axis_].Begin;
-        } else if (box.Align == TLayoutAlign::Custom) {
+        } else if ((parent_.Spread.Order == TChildOrder::None && box.CountsAsFree(axis_)) ||
+                   box.Align == TLayoutAlign::Custom) {
             reached.Side[0].To[0] = box.Now[axis_].Begin;
         }
     }

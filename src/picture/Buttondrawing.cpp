@@ -58,9 +58,9 @@ void Mark(const TControlCanvas& on, bool isRound) {
         isRound ? on.Painter.drawEllipse(inner) : on.Painter.drawRect(inner);
     }
     const int room = kMark + kTextRoom;
-    on.Text(
-        on.PartPlace({room, 0, on.Item.Place.Width - room, on.Item.Place.Height}), on.Item.Text,
-        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic | (on.Item.WordWrap ? Qt::TextWordWrap : 0));
+    on.Text(on.PartPlace({room, 0, on.Item.Place.Width - room, on.Item.Place.Height}), on.Item.Text,
+            static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextShowMnemonic |
+                (on.Item.WordWrap ? Qt::TextWordWrap : 0));
 }
 
 }  // namespace

@@ -109,8 +109,8 @@ std::shared_ptr<TmlCustomLang> TSetupRun::ComponentOf(const TFormSetup& form, IO
     IMlRuntime& runtime = *context_.Host.Runtime;
     if (form.Inserts) {
         const auto component = editor.CreateComponent(nullptr, form.ClassName, 0, 0, 0, 0, form.Component);
-        if (const auto lang = runtime.AsCustomLang(component)) return lang;
-    } else if (const auto lang = FindCustomLang(runtime, editor)) {
+        if (auto lang = runtime.AsCustomLang(component)) return lang;
+    } else if (auto lang = FindCustomLang(runtime, editor)) {
         return lang;
     }
     throw EBadInput(form.FileName, 0, "the form has no component " + form.Component,
@@ -301,7 +301,7 @@ void FindInFamilies(TContext& context, TScanMemory& memory, TSetupPlan& plan) {
         if (!context.Dialogs().ShowProgress(Format("Scanning %s...", form.FormName), done++,
                                             static_cast<int>(families.size())))
             throw EmlLangSilent();
-        found.reset();
+        found = std::nullopt;
         run.Do(form);
         if (found && run.Outcome.Forms.back().IsDone()) form.Strings = std::move(found);
     }

@@ -71,6 +71,7 @@ bool OpenForms(TContext& context, TOpenedMeanwhile& opened, std::vector<TTransla
 std::vector<TmlCustomLang*> EditForms(TContext& context, const std::vector<TTranslatedForm>& forms,
                                       const TChangeStrID& onChangeStrID) {
     std::vector<TmlCustomLang*> langs;
+    langs.reserve(forms.size());
     for (const TTranslatedForm& form : forms)
         langs.push_back(form.Lang.get());
     return context.Host.Runtime->TransEditorForms(langs, {.IsLast = true}, onChangeStrID);
