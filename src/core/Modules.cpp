@@ -161,7 +161,11 @@ std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TCo
     return found == nullptr || found->GetOwner() == root ? found : editor.FindComponent(found->GetName());
 }
 
-std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor) {
+std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor,
+                                              const std::string& name) {
+    const auto named = name.empty() ? nullptr : editor.FindComponent(name);
+    if (named != nullptr && runtime.InheritsFrom(named->GetComponentType(), "TmlCustomLang"))
+        return runtime.AsCustomLang(named);
     return runtime.AsCustomLang(FindComponentOf(editor, [&](IOTAComponent& component) {
         return runtime.InheritsFrom(component.GetComponentType(), "TmlCustomLang");
     }));

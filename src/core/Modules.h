@@ -94,8 +94,10 @@ using TComponentTest = std::function<bool(IOTAComponent&)>;
 /// The first component in the form's file that fits, else the first of what the form inherits; nullptr when
 /// there is none.
 std::shared_ptr<IOTAComponent> FindComponentOf(IOTAFormEditor& editor, const TComponentTest& fits);
-/// The first localization component of the form; nullptr when there is none.
-std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor);
+/// The localization component of that name, which is found faster; else the first one of the form. nullptr
+/// when there is none.
+std::shared_ptr<TmlCustomLang> FindCustomLang(IMlRuntime& runtime, IOTAFormEditor& editor,
+                                              const std::string& name = {});
 /// Reads the open form of a file; 0 languages when it has no component or is not open.
 TFormAnalysis AnalyzeFile(TContext& context, const std::string& fileName);
 

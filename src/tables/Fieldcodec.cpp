@@ -79,11 +79,21 @@ void SplitFields(std::string_view line, std::string_view delimiter, std::vector<
     constexpr std::size_t kUsual = 4;  // a key and three languages
     fields.clear();
     fields.reserve(kUsual);
-    for (std::size_t end = line.find(delimiter); end != std::string_view::npos; end = line.find(delimiter)) {
-        fields.push_back(Decode(line.substr(0, end), escapes));
-        line.remove_prefix(end + delimiter.size());
+    const bool isPlain = line.find(escapes.Mark) == std::string_view::npos;
+    const auto take = [&](std::string_view field) {
+        if (isPlain)
+            fields.emplace_back(field);
+        else
+            fields.push_back(Decode(field, escapes));
+    };
+    const auto end = [&] {
+        return delimiter.size() == 1 ? line.find(delimiter.front()) : line.find(delimiter);
+    };
+    for (std::size_t pos = end(); pos != std::string_view::npos; pos = end()) {
+        take(line.substr(0, pos));
+        line.remove_prefix(pos + delimiter.size());
     }
-    fields.push_back(Decode(line, escapes));
+    take(line);
 }
 
 std::string JoinFields(const std::vector<std::string_view>& fields, std::string_view delimiter) {

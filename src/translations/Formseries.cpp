@@ -61,8 +61,9 @@ void WithTmlLang(TContext& context, TFormRow& row, TFormUse use,
     TModuleLease lease(context, row.FileName, wasOpen);
     const auto editor = GetFormEditor(context, row.FormName);
     if (editor == nullptr) context.Dialogs().HideProgress();
-    const auto lang =
-        TestForCorrectForm(context, row) ? FindCustomLang(*context.Host.Runtime, *editor) : nullptr;
+    const auto lang = TestForCorrectForm(context, row)
+                          ? FindCustomLang(*context.Host.Runtime, *editor, row.Component.ComponentName)
+                          : nullptr;
     // A file that was opened for this is left open then, on purpose.
     if (lang == nullptr) return lease.Keep();
     work(*lang);
