@@ -65,7 +65,9 @@ void WriteFileSafely(IFileSystem& files, const std::string& path, std::string_vi
     const std::string staged = JoinPath(FolderOf(target), "." + FileNameOf(target) + ".tml-new");
     files.Stage(staged, bytes, target);
     try {
+        files.Flush({staged});
         files.Rename(staged, target);
+        files.Flush({FolderOf(target)});
     } catch (const EFileError&) {
         files.Remove(staged);
         throw;

@@ -44,12 +44,15 @@ class IFileSystem {
     /// Names (without folder) in a folder, sorted.
     virtual std::vector<std::string> List(const std::string& folder) = 0;
     virtual void MakeFolder(const std::string& folder) = 0;
-    /// Writes a new file with the bytes and brings it to the disk; takes mode, owner, group and
-    /// extended attributes of modelPath where that exists. A failure leaves no file behind.
+    /// Writes a new file with the bytes; takes mode, owner, group and extended attributes of modelPath where
+    /// that exists. A failure leaves no file behind.
     virtual void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) = 0;
-    /// Puts the file in the other's place in one step and brings the folder to the disk.
+    /// Puts the file in the other's place in one step.
     virtual void Rename(const std::string& from, const std::string& to) = 0;
     virtual void Remove(const std::string& path) = 0;
+    /// Brings the bytes of files, and what has been renamed or removed in folders, to the disk; before, a
+    /// machine that stops may lose any part of it. Many paths in one call cost far less than one by one.
+    virtual void Flush(const std::vector<std::string>& paths) = 0;
     /// Waits for the lock file and holds it, so that only one process at a time changes what it guards. The
     /// holder may remove the file. A symbolic link in its place is refused.
     virtual std::unique_ptr<IFileLock> Lock(const std::string& path) = 0;

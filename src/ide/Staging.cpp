@@ -1,7 +1,8 @@
-// Everything is staged and flushed before the first record is written, so a record means that its save can be
-// completed: a crash before it leaves the old files, a crash behind it the new ones. There is a copy in each
-// folder concerned, so that any project which uses one of the files finds it. One file alone needs none, its
-// rename is one step.
+// Everything is staged and flushed before the first record stands there, so a record means that its save can
+// be completed: a crash before it leaves the old files, a crash behind it the new ones. There is a copy in
+// each folder concerned, so that any project which uses one of the files finds it. One file alone needs none,
+// its rename is one step. The disk is waited for three times, whatever the number of files: for the contents,
+// for the records in their places, and for the renames before the records go.
 #include "ide/Staging.h"
 
 #include <algorithm>
@@ -129,27 +130,45 @@ void CheckTarget(IFileSystem& files, const TCommitLine& line) {
                              "command");
 }
 
-/// For a file that is to go an empty one stands in, so that no record alone removes anything.
-void Stage(IFileSystem& files, const TPending& file) {
-    const std::string_view bytes = *file.Bytes ? **file.Bytes : std::string_view();
-    files.Stage(StagePath(file.Line.Target), bytes, file.Line.Target);
+using TPaths = std::vector<std::string>;
+
+void Stage(IFileSystem& files, const std::string& target, std::string_view bytes, TPaths& staged) {
+    staged.push_back(StagePath(target));
+    files.Stage(staged.back(), bytes, target);
 }
 
-void WriteRecord(IFileSystem& files, const std::string& folder, const TLines& lines) {
-    const std::string path = RecordPath(folder), staged = StagePath(path);
-    files.Stage(staged, WriteCommitRecord(lines, folder), path);
-    try {
-        files.Rename(staged, path);
-    } catch (const EFileError&) {
-        RemoveQuietly(files, staged);
-        throw;
-    }
+void StageRecords(IFileSystem& files, const TFolders& folders, const TLines& lines, TPaths& staged) {
+    for (const std::string& folder : folders)
+        Stage(files, RecordPath(folder), WriteCommitRecord(lines, folder), staged);
 }
 
-/// Without its records nothing is renamed any more, so they go before the stage files.
-void GiveUp(IFileSystem& files, const TLines& lines) {
+/// The files and, for these folders, the records of them. For a file that is to go an empty one stands in, so
+/// that no record alone removes anything.
+void StageAll(IFileSystem& files, const TAllPending& pending, const TFolders& folders) {
+    TPaths staged;
+    for (const TPending& file : pending)
+        Stage(files, file.Line.Target, *file.Bytes ? std::string_view(**file.Bytes) : std::string_view(),
+              staged);
+    StageRecords(files, folders, LinesOf(pending), staged);
+    files.Flush(staged);
+}
+
+void FlushFolders(IFileSystem& files, const TFolders& folders) {
+    files.Flush({folders.begin(), folders.end()});
+}
+
+void InstallRecords(IFileSystem& files, const TFolders& folders) {
+    for (const std::string& folder : folders)
+        files.Rename(StagePath(RecordPath(folder)), RecordPath(folder));
+    FlushFolders(files, folders);
+}
+
+/// Removes all but the targets. Without its records nothing is renamed any more, so they go before the stage
+/// files.
+void Clear(IFileSystem& files, const TLines& lines) {
     for (const std::string& folder : FoldersOf(lines))
-        RemoveQuietly(files, RecordPath(folder));
+        for (const std::string& path : {RecordPath(folder), StagePath(RecordPath(folder))})
+            RemoveQuietly(files, path);
     for (const TCommitLine& line : lines)
         RemoveQuietly(files, StagePath(line.Target));
 }
@@ -163,12 +182,10 @@ class EHalfWritten : public EFileError {
 };
 
 void Install(IFileSystem& files, const TCommitLine& line) {
-    if (line.New.Exists) {
+    if (line.New.Exists)
         files.Rename(StagePath(line.Target), line.Target);
-    } else {
+    else
         files.Remove(line.Target);
-        files.Remove(StagePath(line.Target));
-    }
 }
 
 /// What somebody else has done to either file since is not overwritten, nor installed.
@@ -196,20 +213,23 @@ void PutBack(IFileSystem& files, const TAllPending& pending) {
     const TAllPending back = Reversed(files, pending);
     if (back.empty()) return;
     const TFolders folders = FoldersOf(LinesOf(pending));
-    for (const TPending& file : back)
-        Stage(files, file);
+    // The stage files get their names anew, so the renames must not be forgotten any more.
+    FlushFolders(files, folders);
+    StageAll(files, back, folders);
     for (auto folder = std::next(folders.begin()); folder != folders.end(); ++folder)
         files.Remove(RecordPath(*folder));
-    for (const std::string& folder : folders)
-        WriteRecord(files, folder, LinesOf(back));
+    FlushFolders(files, folders);
+    InstallRecords(files, folders);
     for (const TPending& file : back)
         Install(files, file.Line);
+    FlushFolders(files, folders);
 }
 
 void InstallAll(IFileSystem& files, const TAllPending& pending) {
     try {
         for (const TPending& file : pending)
             InstallUnchanged(files, file.Line);
+        FlushFolders(files, FoldersOf(LinesOf(pending)));
     } catch (const EFileError& failure) {
         try {
             PutBack(files, pending);
@@ -221,19 +241,12 @@ void InstallAll(IFileSystem& files, const TAllPending& pending) {
 }
 
 void Commit(IFileSystem& files, const TAllPending& pending) {
-    const TLines lines = LinesOf(pending);
+    const TFolders recorded = pending.size() > 1 ? FoldersOf(LinesOf(pending)) : TFolders();
+    StageAll(files, pending, recorded);
     for (const TPending& file : pending)
-        Stage(files, file);
-    for (const TCommitLine& line : lines)
-        CheckTarget(files, line);
-    if (lines.size() > 1)
-        for (const std::string& folder : FoldersOf(lines))
-            WriteRecord(files, folder, lines);
+        CheckTarget(files, file.Line);
+    InstallRecords(files, recorded);
     InstallAll(files, pending);
-    // All files are in place: a record that stays has nothing left to rename.
-    if (lines.size() > 1)
-        for (const std::string& folder : FoldersOf(lines))
-            RemoveQuietly(files, RecordPath(folder));
 }
 
 void ExpectNoRecord(IFileSystem& files, const TFolders& folders) {
@@ -268,6 +281,18 @@ TProgress ProgressOf(IFileSystem& files, const TCommitLine& line) {
                          std::string(kRecordName) + " to keep them as they are");
 }
 
+/// Should the recovery be cut off too, any door must find it. The records found may not be on the disk yet.
+void CompleteRecords(IFileSystem& files, const TLines& lines) {
+    const TFolders folders = FoldersOf(lines);
+    TFolders without = folders;
+    std::erase_if(without, [&](const std::string& folder) { return files.Stat(RecordPath(folder)); });
+    TPaths staged;
+    StageRecords(files, without, lines, staged);
+    files.Flush(staged);
+    InstallRecords(files, without);
+    FlushFolders(files, folders);
+}
+
 /// A save of which nothing is renamed yet and not everything staged any more is given up.
 void CarryOut(IFileSystem& files, const std::string& recordPath, const TLines& lines) {
     std::vector<TProgress> progress;
@@ -283,12 +308,11 @@ void CarryOut(IFileSystem& files, const std::string& recordPath, const TLines& l
                lines[static_cast<std::size_t>(
                    std::find(progress.begin(), progress.end(), TProgress::NotStaged) - progress.begin())]);
     if (!has(TProgress::NotStaged) && has(TProgress::ToDo)) {
-        // Should this be cut off too, any door must find it.
-        for (const std::string& folder : FoldersOf(lines))
-            if (!files.Stat(RecordPath(folder))) WriteRecord(files, folder, lines);
+        CompleteRecords(files, lines);
         for (std::size_t i = 0; i < lines.size(); ++i)
             if (progress[i] == TProgress::ToDo) Install(files, lines[i]);
     }
+    if (!has(TProgress::NotStaged)) FlushFolders(files, FoldersOf(lines));
     for (const TCommitLine& line : lines)
         if (files.Stat(StagePath(line.Target))) files.Remove(StagePath(line.Target));
 }
@@ -354,9 +378,10 @@ void WriteTogether(IFileSystem& files, const std::vector<TStagedFile>& staged) {
     } catch (const EHalfWritten&) {
         throw;
     } catch (const EFileError&) {
-        GiveUp(files, LinesOf(pending));
+        Clear(files, LinesOf(pending));
         throw;
     }
+    Clear(files, LinesOf(pending));
 }
 
 void RecoverStaged(IFileSystem& files, const std::vector<std::string>& paths) {

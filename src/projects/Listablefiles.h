@@ -28,6 +28,7 @@ class TListableFiles : public IFileSystem {
     }
     void Rename(const std::string& from, const std::string& to) override { files_.Rename(from, to); }
     void Remove(const std::string& path) override { files_.Remove(path); }
+    void Flush(const std::vector<std::string>& paths) override { files_.Flush(paths); }
     std::unique_ptr<IFileLock> Lock(const std::string& path) override { return files_.Lock(path); }
 
   private:

@@ -66,6 +66,20 @@ TEST_F(TDiskfiles, AFileThatIsTooLargeIsNamed) {
     }
 }
 
+TEST_F(TDiskfiles, OfManyFilesTheOneThatCannotBeFlushedIsNamed) {
+    std::vector<std::string> paths = {Folder.string(), ""};
+    for (int i = 0; i < 50; ++i)
+        Disk->Stage(paths.emplace_back(Path + std::to_string(i)), "new", "");
+    Disk->Flush(paths);
+    Disk->Remove(paths[20]);
+    try {
+        Disk->Flush(paths);
+        ADD_FAILURE() << "it was flushed";
+    } catch (const EFileError& error) {
+        EXPECT_EQ(error.File(), paths[20]);
+    }
+}
+
 TEST_F(TDiskfiles, AStagedFileIsLikeTheOneThatItReplaces) {
     const std::string staged = (Folder / "staged").string();
     Disk->Stage(Path, "old", "");

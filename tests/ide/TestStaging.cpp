@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -104,6 +105,121 @@ TEST(Staging, EveryCrashIsRecoveredFromAnyDoorAlsoAfterACrashedRecovery) {
             EXPECT_EQ(Contents(disk), files);
         }
     }
+}
+
+/// A disk that may lose all that was not flushed when the machine stops.
+class TCachedDisk : public TWrappedFileSystem {
+  public:
+    explicit TCachedDisk(TMemoryFileSystem& disk) : TWrappedFileSystem(disk) {
+        for (const auto& [path, bytes] : disk.Files)
+            onDisk_[path] = seen_[path] = std::make_shared<TFile>(TFile{bytes, true});
+    }
+    void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) override {
+        TWrappedFileSystem::Stage(path, bytes, modelPath);
+        Change("", path, std::make_shared<TFile>(TFile{std::string(bytes), false}));
+    }
+    void Rename(const std::string& from, const std::string& to) override {
+        TWrappedFileSystem::Rename(from, to);
+        Change(from, to, seen_[from]);
+    }
+    void Remove(const std::string& path) override {
+        TWrappedFileSystem::Remove(path);
+        Change(path, "", nullptr);
+    }
+    void Flush(const std::vector<std::string>& paths) override {
+        TWrappedFileSystem::Flush(paths);
+        for (const std::string& path : paths) {
+            if (const auto file = seen_.find(path); file != seen_.end()) file->second->IsFlushed = true;
+            for (const TChange& change : changes_)
+                if (change.Folder() == path) Apply(change, onDisk_);
+            std::erase_if(changes_, [&](const TChange& change) { return change.Folder() == path; });
+        }
+    }
+
+    /// What the next start finds; bit n of luck says whether change n that was not flushed has survived.
+    TFiles AfterPowerLoss(std::uint64_t luck) const {
+        TEntries left = onDisk_;
+        for (const TChange& change : changes_) {
+            if ((luck & 1U) != 0) Apply(change, left);
+            luck >>= 1U;
+        }
+        TFiles files;
+        for (const auto& [path, file] : left)
+            files[path] = file->IsFlushed ? file->Bytes : "torn";
+        return files;
+    }
+
+  protected:
+    void Before(const std::string&, const std::string&) override {}
+
+  private:
+    struct TFile {
+        std::string Bytes;
+        bool IsFlushed;
+    };
+    using TEntries = std::map<std::string, std::shared_ptr<TFile>>;
+    struct TChange {
+        std::string From, To;
+        std::shared_ptr<TFile> File;
+        std::string Folder() const { return FolderOf(To.empty() ? From : To); }
+    };
+    static void Apply(const TChange& change, TEntries& entries) {
+        entries.erase(change.From);
+        if (change.File != nullptr) entries[change.To] = change.File;
+    }
+    void Change(const std::string& from, const std::string& to, std::shared_ptr<TFile> file) {
+        changes_.push_back({from, to, std::move(file)});
+        Apply(changes_.back(), seen_);
+    }
+
+    TEntries onDisk_, seen_;
+    std::vector<TChange> changes_;
+};
+
+using TWork = std::function<void(IFileSystem&)>;
+
+/// The power fails at call n of the work, of which one call has failed before. Whatever the disk has
+/// forgotten, a start through the doors finds all of the work done or nothing. False when the work ended
+/// before call n.
+bool IsCutOff(TMemoryFileSystem disk, const TWork& work, int fault, int n,
+              const std::vector<std::string>& doors) {
+    const TFiles before = Targets(disk);
+    TCachedDisk cached(disk);
+    TFaultyFileSystem once(cached, fault, TFault::Once);
+    TFaultyFileSystem power(once, n, TFault::Crash);
+    bool isDone = true;
+    try {
+        work(power);
+    } catch (const EFileError&) {
+        isDone = false;
+    }
+    for (const std::uint64_t luck : {0x0ULL, ~0x0ULL, 0x5555555555555555ULL, 0xAAAAAAAAAAAAAAAAULL}) {
+        SCOPED_TRACE(testing::Message() << "fault " << fault << ", power " << n << ", luck " << luck);
+        disk.Files = cached.AfterPowerLoss(luck);
+        EXPECT_NO_THROW(RecoverStaged(disk, doors));
+        const TFiles files = Targets(disk);
+        EXPECT_TRUE(files == kNew || (!isDone && files == before)) << testing::PrintToString(files);
+    }
+    return power.HasFailed();
+}
+
+TEST(Staging, APowerFailureLosesNothingWhateverTheDiskHasForgotten) {
+    const TWork write = [](IFileSystem& files) { WriteTogether(files, kStaged); };
+    TMemoryFileSystem disk = OldDisk();
+    TFaultyFileSystem counted(disk, 0, TFault::Once);
+    write(counted);
+    for (int fault = 0; fault <= counted.Calls(); ++fault)
+        for (int n = 1; IsCutOff(OldDisk(), write, fault, n, kPaths);)
+            ++n;
+
+    disk = HalfWritten();
+    disk.Files.erase("/r/.tml-commit");
+    const TWork recover = [](IFileSystem& files) {
+        RecoverStaged(files, {"/p/P.dpr"});
+        files.Stat("/p");  // fails where the recovery has kept quiet about the power
+    };
+    for (int n = 1; IsCutOff(disk, recover, 0, n, {"/q/link.pas"});)
+        ++n;
 }
 
 TEST(Staging, ForeignChangesAndReadOnlyFilesAreRefused) {

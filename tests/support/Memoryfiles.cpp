@@ -84,6 +84,11 @@ void TMemoryFileSystem::Remove(const std::string& path) {
     folders_.erase(Normal(path));
 }
 
+void TMemoryFileSystem::Flush(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths)
+        if (!Stat(path)) throw EFileError(path, 0, "cannot be flushed: no such file");
+}
+
 std::unique_ptr<IFileLock> TMemoryFileSystem::Lock(const std::string& path) {
     Files.try_emplace(Normal(path));
     return std::make_unique<IFileLock>();

@@ -25,6 +25,7 @@ class TMemoryFileSystem : public IFileSystem {
     void Stage(const std::string& path, std::string_view bytes, const std::string& modelPath) override;
     void Rename(const std::string& from, const std::string& to) override;
     void Remove(const std::string& path) override;
+    void Flush(const std::vector<std::string>& paths) override;
     std::unique_ptr<IFileLock> Lock(const std::string& path) override;
 
   private:

@@ -45,6 +45,10 @@ class TWrappedFileSystem : public IFileSystem {
         Before("Remove", path);
         inner_.Remove(path);
     }
+    void Flush(const std::vector<std::string>& paths) override {
+        Before("Flush", paths.empty() ? "" : paths.front());
+        inner_.Flush(paths);
+    }
     std::unique_ptr<IFileLock> Lock(const std::string& path) override {
         Before("Lock", path);
         return inner_.Lock(path);
