@@ -224,9 +224,19 @@ void AppendEscaped(std::string& out, char32_t c) {
     }
 }
 
+/// True for what stands in XML as it is.
+constexpr bool IsPlain(char c) {
+    return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>' && c != '"';
+}
+
 std::string EscapedXml(std::string_view text) {
     std::string out;
     for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t begin = pos;
+        while (pos < text.size() && IsPlain(text[pos]))
+            ++pos;
+        out += text.substr(begin, pos - begin);
+        if (pos == text.size()) break;
         const char32_t c = DecodeCodePoint(text, pos);
         if (IsForbidden(c))
             out += Format("<%s %s=\"%d\"/>", kChar, kCode, static_cast<int>(c));
@@ -236,7 +246,8 @@ std::string EscapedXml(std::string_view text) {
     return out;
 }
 
-std::string WithLineEnds(const std::string& lines, const std::string& lineEnd) {
+std::string WithLineEnds(std::string lines, const std::string& lineEnd) {
+    if (lineEnd == "\n") return lines;
     std::string text;
     for (const char c : lines)
         if (c == '\n')
@@ -247,11 +258,15 @@ std::string WithLineEnds(const std::string& lines, const std::string& lineEnd) {
 }
 
 void AppendEntry(std::string& lines, const TDictionaryEntry& entry, const std::vector<std::string>& names) {
-    lines += entry.Before + "<ENTRY>\n";
+    lines.append(entry.Before).append("<ENTRY>\n");
     for (std::size_t i = 0; i < entry.Texts.size() && i < names.size(); ++i)
         if (!entry.Texts[i].empty())
-            lines += Format("<TEXT LANGUAGE=\"%s\">%s</TEXT>\n", names[i], EscapedXml(entry.Texts[i]));
-    lines += entry.Inside + "</ENTRY>\n";
+            lines.append("<TEXT LANGUAGE=\"")
+                .append(names[i])
+                .append("\">")
+                .append(EscapedXml(entry.Texts[i]))
+                .append("</TEXT>\n");
+    lines.append(entry.Inside).append("</ENTRY>\n");
 }
 
 }  // namespace
@@ -291,7 +306,7 @@ std::string WriteDix(const TDictionary& dictionary, const std::string& fileName)
     for (const TDictionaryEntry& entry : dictionary.Entries)
         AppendEntry(lines, entry, names);
     lines += dictionary.Behind + Format("</%s>\n", kRoot);
-    return WithLineEnds(lines, dictionary.LineEnd);
+    return WithLineEnds(std::move(lines), dictionary.LineEnd);
 }
 
 }  // namespace tml
