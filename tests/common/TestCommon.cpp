@@ -28,7 +28,7 @@ TEST(Common, ClassifiesCommentsByLanguage) {
     EXPECT_FALSE(library->IsCommentAt(0, 0, true));
     EXPECT_FALSE(library->IsCommentAt(5, 1000, true));
     EXPECT_EQ(InComments(*library, "", false), "");
-    const std::string zero("'a'\0{b}", 8);
+    const std::string zero("'a'\0{b}", 7);
     EXPECT_EQ(InComments(*library, zero, false), "{b}") << "a zero byte does not end the text";
 }
 

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QSplitter>
+#include <QToolButton>
 
 #include "desktop/Deskfixture.h"
 #include "scan/Dntcedit.h"

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <gmock/gmock.h>
 
 #include "core/Modules.h"
 #include "support/Expertfixture.h"

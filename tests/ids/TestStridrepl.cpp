@@ -44,7 +44,7 @@ struct TReplaceFixture : TExpertFixture {
         Before = Files.Files;
         Open();
     }
-    void OnReplace(std::function<void(TfrmStrReplace&)> use) {
+    void OnReplace(const std::function<void(TfrmStrReplace&)>& use) {
         User.OnWindow<TfrmStrReplace>("frmStrReplace", use);
     }
     std::string TextOf(const std::string& file) {

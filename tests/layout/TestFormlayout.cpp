@@ -317,7 +317,7 @@ string LargeForm(int size) {
 
 TEST(FormLayoutGrowth, TimeGrowsWithTheNumberOfControls) {
     ExpectLinearGrowth(150, [](int size) {
-        return TLaidOut(LargeForm(size)).Layout.Items.size() == static_cast<std::size_t>(4 * size + 3);
+        return TLaidOut(LargeForm(size)).Layout.Items.size() == 4 * static_cast<std::size_t>(size) + 3;
     });
 }
 

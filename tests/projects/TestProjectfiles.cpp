@@ -148,7 +148,7 @@ TEST(Projectreader, AGroupWithoutAUsableProjectIsRefusedWithTheReasons) {
             ReadProjectSet(files, "/g/" + std::string(row.Text));
             ADD_FAILURE() << row.Text;
         } catch (const EBadInput& error) {
-            const std::string text = error.Problem();
+            const std::string& text = error.Problem();
             messages += FileNameOf(error.File()) + " " + text.substr(0, text.rfind('.')) + "\n";
         }
     }

@@ -218,7 +218,7 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
 
     /// Into one of two files, of either kind; gives its name.
     std::string Save() {
-        const std::string file = Pick(2) == 0 ? "/p/texts.mll" : "/p/texts.mlb";
+        std::string file = Pick(2) == 0 ? "/p/texts.mll" : "/p/texts.mlb";
         if (file.ends_with("mlb"))
             Lang()->SaveAllToBinaryFile(file);
         else

@@ -35,7 +35,7 @@ struct TOneForm {
     /// With three languages, filled and translated.
     std::shared_ptr<TmlCustomLang> Localized() {
         const auto editor = Ide.GetModuleServices()->OpenModule("/p/U.pas", false)->GetFormEditor();
-        const auto lang =
+        auto lang =
             Runtime->AsCustomLang(editor->CreateComponent(nullptr, "TmlLang", 0, 0, 0, 0, "mlLangTested"));
         lang->SetNumLang(3);
         lang->SetLangNames(TStringList({"English", "German", "Hebrew"}));

@@ -48,7 +48,7 @@ void ExpectEqual(const TLangTexts& read, const TLangTexts& expected) {
     EXPECT_EQ(read.Extended, expected.Extended);
 }
 
-std::string Saved(std::string bytes, const std::string& fileName, const TSavedForm& form,
+std::string Saved(const std::string& bytes, const std::string& fileName, const TSavedForm& form,
                   const std::string& delimiter = {}) {
     const auto file = OpenTranslationFile(bytes, fileName, delimiter);
     file->Put(form.Address, form.Texts);

@@ -32,14 +32,14 @@ struct TFindFixture : TExpertFixture {
         for (const auto& row : Rows().Items())
             row->Selected = true;
     }
-    void OnFind(std::function<void(TfrmFind&)> use, TModalResult answer = mrOk) {
+    void OnFind(const std::function<void(TfrmFind&)>& use, TModalResult answer = mrOk) {
         User.OnWindow<TfrmFind>("frmFind", [use, answer](TfrmFind& find) {
             use(find);
             find.Close(answer);
         });
     }
     TPhrasesMemory& Phrases() { return Expert->Subjects().Phrases; }
-    std::string Find(std::function<void(TfrmFind&)> use) {
+    std::string Find(const std::function<void(TfrmFind&)>& use) {
         OnFind(use);
         Findword1Click(Context(), Phrases());
         std::string rows;
@@ -58,7 +58,7 @@ struct TFindFixture : TExpertFixture {
     }
     /// told is the message in the end; expect tells what else comes.
     void Replace(const std::string& text, const std::string& by, const std::string& told,
-                 std::function<void(TfrmFind&)> use = {}, const std::function<void()>& expect = {}) {
+                 const std::function<void(TfrmFind&)>& use = {}, const std::function<void()>& expect = {}) {
         OnFind([&, use](TfrmFind& find) {
             EXPECT_TRUE(find.ReplaceVisible);
             find.edFindText = text;
