@@ -18,7 +18,7 @@ TSourceText::TSourceText(std::string_view text, const TLanguage& language, std::
     commentsNest_ = skim.CommentsNest;
 }
 
-TSourceText::TSourceText(std::shared_ptr<const std::string> text, std::string fileName,
+TSourceText::TSourceText(std::shared_ptr<const std::string> text, const std::string& fileName,
                          TByteEncodings byteEncodings)
     : TSourceText(std::string_view(*text), LanguageOf(fileName), fileName) {
     owned_ = std::move(text);

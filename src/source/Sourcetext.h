@@ -49,7 +49,7 @@ class TSourceText {
     TSourceText(std::string_view text, const TLanguage& language, std::string fileName = {});
     TSourceText(std::string&& text, const TLanguage& language, std::string fileName = {}) = delete;
     /// Keeps the text alive. The file's name chooses the language.
-    TSourceText(std::shared_ptr<const std::string> text, std::string fileName,
+    TSourceText(std::shared_ptr<const std::string> text, const std::string& fileName,
                 TByteEncodings byteEncodings = ByteEncodingsOf({}, {}));
     TSourceText(const TSourceText&) = delete;
     TSourceText& operator=(const TSourceText&) = delete;
