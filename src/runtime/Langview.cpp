@@ -116,6 +116,7 @@ TTable TmlLangView::GetTable(TStringsType type) {
 std::vector<TTable> TmlLangView::GetTables() {
     const TStateRecords states = ReadStates();
     std::vector<TTable> tables;
+    tables.reserve(kTableKinds.size());
     for (const TTableKind& kind : kTableKinds)
         tables.push_back(ReadTable(kind.Type, states));
     return tables;

@@ -56,6 +56,7 @@ bool AnyIn(const std::unordered_set<std::string>& set, const std::string& prefix
 
 std::vector<std::string_view> SmartRuleNames() {
     std::vector<std::string_view> names;
+    names.reserve(kSmartNames.size());
     for (const TSmartName& rule : kSmartNames)
         names.push_back(rule.Name);
     return names;

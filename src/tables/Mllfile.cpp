@@ -313,7 +313,7 @@ void TMllFile::Put(const TFormAddress& form, const TLangTexts& texts) {
     const std::string columns = ColumnsOf(texts.Languages);
     std::string names;
     for (const auto& [key, name] : names_)
-        names += key + '=' + name + '\n';
+        (((names += key) += '=') += name) += '\n';
     document_.Put(kNames, names, kOptions);
 
     std::string last = NameOf(form);

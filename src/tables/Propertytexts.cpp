@@ -89,13 +89,20 @@ class TWalk {
     }
 
     void Value(const TFormValue& value, std::string path) {
-        if (value.Kind == TFormValueKind::String) texts_.push_back({std::move(path), value.Text});
-        if (value.Kind == TFormValueKind::List && WithoutStrings(path).size() < path.size()) {
-            auto lines = LinesOf(value);
-            path.resize(WithoutStrings(path).size());
-            if (lines) texts_.push_back({std::move(path), std::move(*lines), TTextShape::List});
-        }
-        if (value.Kind != TFormValueKind::Collection) return;
+        if (value.Kind == TFormValueKind::String) return texts_.push_back({std::move(path), value.Text});
+        if (value.Kind == TFormValueKind::List) return List(value, std::move(path));
+        if (value.Kind == TFormValueKind::Collection) Collection(value, path);
+    }
+
+    void List(const TFormValue& value, std::string path) {
+        const std::size_t size = WithoutStrings(path).size();
+        if (size == path.size()) return;
+        path.resize(size);
+        if (auto lines = LinesOf(value))
+            texts_.push_back({std::move(path), std::move(*lines), TTextShape::List});
+    }
+
+    void Collection(const TFormValue& value, const std::string& path) {
         const std::vector<std::string> names = ItemNames(value.Collection);
         for (std::size_t i = 0; i < names.size(); ++i)
             Properties(value.Collection[i], path + '[' + names[i] + "].");

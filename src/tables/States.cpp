@@ -93,7 +93,7 @@ bool DifferInLooksOnly(std::string_view left, std::string_view right) {
     return !bare.empty() && bare == Bare(right);
 }
 
-TStateRecords::TStateRecords(TStringList lines, std::string_view delimiter) : delimiter_(delimiter) {
+TStateRecords::TStateRecords(const TStringList& lines, std::string_view delimiter) : delimiter_(delimiter) {
     for (const std::string& line : lines) {
         std::vector<std::string> fields = SplitFields(line, delimiter);
         const bool isRecord = fields.size() == 5 && ValueMarkOf(fields[3]) != TValueMark::None;

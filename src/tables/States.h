@@ -44,7 +44,7 @@ class TStateRecords {
   public:
     TStateRecords() = default;
     /// Lines as a component with this delimiter stores them.
-    TStateRecords(TStringList lines, std::string_view delimiter);
+    TStateRecords(const TStringList& lines, std::string_view delimiter);
 
     /// Gives the values of the table their marks.
     void Mark(TTable& table) const;

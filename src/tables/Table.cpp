@@ -50,6 +50,7 @@ std::vector<TTableValue> MovedValues(const std::vector<TTableValue>& values, con
     if (base.Text.empty() && !beginEmpty) base = valueAt(1, {});
     const TTableValue begin = beginEmpty ? TTableValue() : TTableValue{base.Text};
     std::vector<TTableValue> moved;
+    moved.reserve(former.size());
     for (const int place : former)
         moved.push_back(valueAt(place, begin));
     moved.front() = base;

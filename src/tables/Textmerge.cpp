@@ -70,6 +70,7 @@ int IndexOfKey(const TTable& table, const std::string& key, std::size_t next) {
 /// would change nothing, and most are such.
 bool AreUpToDate(const std::vector<TTable>& tables, const std::vector<TFormText>& texts, int active) {
     std::vector<std::vector<bool>> met;
+    met.reserve(tables.size());
     for (const TTable& table : tables)
         met.emplace_back(table.Entries().size(), false);
     std::vector<std::size_t> next(tables.size());
