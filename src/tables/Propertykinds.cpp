@@ -1,5 +1,8 @@
 #include "tables/Propertykinds.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "tables/Texttransfer.h"
 
 namespace tml {
@@ -23,6 +26,29 @@ std::vector<TExtendedItem> MovedItems(std::vector<TExtendedItem> items, const st
         item.Values = std::move(values);
     }
     return items;
+}
+
+/// Languages that the form has not (0 in former) stay as the file has them.
+void KeepOthers(TTable& table, const TTable& file, const std::vector<int>& former) {
+    for (int entry = 0; entry < static_cast<int>(table.Entries().size()); ++entry) {
+        const int known = file.Find(table.Entries()[static_cast<std::size_t>(entry)].Key);
+        if (known < 0) continue;
+        const auto& values = file.Entries()[static_cast<std::size_t>(known)].Values;
+        for (std::size_t i = 0; i < std::min(former.size(), values.size()); ++i) {
+            if (former[i] > 0) continue;
+            table.SetText(entry, static_cast<int>(i) + 1, values[i].Text);
+            table.SetMark(entry, static_cast<int>(i) + 1, values[i].Mark, values[i].Former);
+        }
+    }
+}
+
+void KeepOthers(std::vector<TExtendedItem>& items, const std::vector<TExtendedItem>& file,
+                const std::vector<int>& former) {
+    for (TExtendedItem& item : items)
+        for (const TExtendedItem& known : file)
+            for (std::size_t i = 0; i < former.size(); ++i)
+                if (former[i] == 0 && known.Component == item.Component && known.Property == item.Property)
+                    item.Values[i] = known.Values[i];
 }
 
 }  // namespace
@@ -54,12 +80,21 @@ TLangTexts WithKindsOf(const TLangTexts& form, const TLangTexts& file, const TPr
     TLangTexts texts{meeting.Names, {}, {}};
     for (const TTableKind& kind : kTableKinds) {
         const auto ordinal = static_cast<std::size_t>(kind.Type);
-        const bool isForms = kinds.Tables[ordinal];
-        texts.Tables.push_back(isForms ? form.Tables[ordinal] : file.Tables[ordinal]);
-        texts.Tables.back().MoveLanguages(isForms ? meeting.Former : ofFile);
+        TTable present = file.Tables[ordinal];
+        present.MoveLanguages(ofFile);
+        if (!kinds.Tables[ordinal]) {
+            texts.Tables.push_back(std::move(present));
+            continue;
+        }
+        texts.Tables.push_back(form.Tables[ordinal]);
+        texts.Tables.back().MoveLanguages(meeting.Former);
+        KeepOthers(texts.Tables.back(), present, meeting.Former);
     }
-    texts.Extended =
-        kinds.Extended ? MovedItems(form.Extended, meeting.Former) : MovedItems(file.Extended, ofFile);
+    texts.Extended = MovedItems(file.Extended, ofFile);
+    if (!kinds.Extended) return texts;
+    const std::vector<TExtendedItem> present =
+        std::exchange(texts.Extended, MovedItems(form.Extended, meeting.Former));
+    KeepOthers(texts.Extended, present, meeting.Former);
     return texts;
 }
 

@@ -47,6 +47,9 @@ TEST(Propertykinds, ChosenOnesTakeThePlaceOfTheFilesAndTheOthersStay) {
     EXPECT_EQ(Shown(WithKindsOf(form, file, PropertyKindsOf(TStringList({"captions"})))),
               languages +
                   "Captions a|A|Ä(stale B)|Α|A; Hints a|Hint|Wort|Hint|Mot; Chart:Foot|Foot|Fuß|Foot|Pied; ");
+    EXPECT_EQ(Shown(WithKindsOf(form, file, PropertyKindsOf(TStringList({"hints"})))),
+              languages +
+                  "Captions old|Old|Alt|Old|Vieux; Hints a|new|neu|νέο|Mot; Chart:Foot|Foot|Fuß|Foot|Pied; ");
     EXPECT_EQ(Shown(WithKindsOf(form, file, PropertyKindsOf(TStringList({"ExtendedTranslations", "x"})))),
               languages +
                   "Captions old|Old|Alt|Old|Vieux; Hints a|Hint|Wort|Hint|Mot; "
