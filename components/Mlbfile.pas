@@ -399,7 +399,7 @@ function TmlbFile.ReadForm(const Payload: string): TmlFormSection;
 var
   Taker: TmlTaker;
   Part: TmlFilePart;
-  I: Integer;
+  I, J: Integer;
   Column: Int64;
 begin
   Result := Default(TmlFormSection);
@@ -411,6 +411,8 @@ begin
   begin
     Column := Taker.Number(4);
     if (Column < 1) or (Column > Length(FLanguages)) then Damaged;
+    for J := 0 to I - 1 do
+      if Result.Languages[J] = FLanguages[Column - 1] then Damaged;
     Result.Languages[I] := FLanguages[Column - 1];
   end;
   while not Taker.AtEnd do

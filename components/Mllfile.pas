@@ -25,6 +25,7 @@ type
     procedure PutSettings(const Section: string; const Lines: TmlFields);
     procedure WriteOptions;
     function NumberOfColumn(const Key: string): Integer;
+    function LastColumn: Integer;
     function ColumnFor(const Language: string): string;
     function ColumnsOf(const Languages: TmlFields): string;
     function Fields(Line: TmlEntryLine): TmlFileEntry;
@@ -53,7 +54,7 @@ type
 implementation
 
 uses
-  Classes, StrUtils, SysUtils, Mltext;
+  Classes, StrUtils, SysUtils, Mltext, Mlutf8;
 
 const
   OptionsName = 'Options';
@@ -155,6 +156,8 @@ begin
   FDocument := TmllDocument.Create(Bytes, FileName);
   if Bytes = '' then FFields := TmlFileFields.Create(Delimiter) else FFields := TmlFileFields.Create(ReadOptions(Delimiter));
   ReadNames;
+  if (Pos(#13, Delimiter) > 0) or (Pos(#10, Delimiter) > 0) or not IsValidUtf8(Delimiter) then
+    Refuse(0, 'a delimiter has to stand in one line, as UTF-8', 'Choose another one');
   if (Delimiter = '') or (Delimiter = FFields.Delimiter) then Exit;
   Former := FFields;
   FFields := TmlFileFields.Create(Delimiter);
@@ -199,7 +202,7 @@ var
   Section: TmlSection;
   Lines: TmlEntryLines;
   Setting: TmlSetting;
-  I: Integer;
+  I, J: Integer;
 begin
   Section := FDocument.Find(NamesName);
   if Section = nil then Exit;
@@ -208,6 +211,9 @@ begin
   for I := 0 to High(Lines) do
   begin
     Setting := SettingIn(Lines[I].Content);
+    for J := 0 to I - 1 do
+      if FNames[J].Key = Setting.Name then
+        Refuse(Lines[I].Number, 'a language has the number ' + Setting.Name + ' already', 'Delete one of the two lines');
     FNames[I].Key := Setting.Name;
     FNames[I].Name := Setting.Value;
   end;
@@ -302,7 +308,7 @@ end;
 function TmllFile.LanguagesIn(const Columns: string; Line: Integer): TmlFields;
 var
   Key: string;
-  Number, From: Integer;
+  Number, From, I: Integer;
 begin
   Result := nil;
   From := Ord(Columns <> '');
@@ -312,6 +318,9 @@ begin
     Number := NumberOfColumn(Key);
     if Number < 0 then
       Refuse(Line, 'the file names no language ' + Key, 'Add it to the section "' + NamesName + '"');
+    for I := 0 to High(Result) do
+      if Result[I] = FNames[Number].Name then
+        Refuse(Line, 'the form names the language ' + Result[I] + ' twice', 'Give every column a language of its own');
     SetLength(Result, Length(Result) + 1);
     Result[High(Result)] := FNames[Number].Name;
   end;
@@ -457,19 +466,53 @@ begin
   PutSettings(OptionsName, Lines);
 end;
 
+{ The largest number of a language, be it that only a form's line names it. }
+function TmllFile.LastColumn: Integer;
+const
+  Largest = 1000000; { who goes beyond has not counted languages }
+
+  procedure Meet(const Key: string);
+  begin
+    if (NumberOf(Key) < Largest) and (NumberOf(Key) > Result) then Result := NumberOf(Key);
+  end;
+
+var
+  I, From: Integer;
+  Section: TmlSection;
+  Address: TmlFormAddress;
+  Part: string;
+  Line: TmlEntryLine;
+  Setting: TmlSetting;
+begin
+  Result := 0;
+  for I := 0 to High(FNames) do
+    Meet(FNames[I].Key);
+  Section := FDocument.First;
+  while Section <> nil do
+  begin
+    if SplitName(Section.Name, Address, Part) and (Part = '') then
+      for Line in Section.Entries do
+      begin
+        Setting := SettingIn(Line.Content);
+        From := Ord((Setting.Value <> '') and SameIgnoringCase(Setting.Name, LanguagesName));
+        while From > 0 do
+          Meet(NextColumn(Setting.Value, From));
+      end;
+    Section := Section.Next;
+  end;
+end;
+
 { The key of the language, which is added to the file's names where it is new. }
 function TmllFile.ColumnFor(const Language: string): string;
 var
-  I, Last: Integer;
+  I: Integer;
 begin
-  Last := 0;
   for I := 0 to High(FNames) do
   begin
     Result := FNames[I].Key;
     if FNames[I].Name = Language then Exit;
-    if NumberOf(Result) > Last then Last := NumberOf(Result);
   end;
-  Result := IntToStr(Last + 1);
+  Result := IntToStr(LastColumn + 1);
   SetLength(FNames, Length(FNames) + 1);
   FNames[High(FNames)].Key := Result;
   FNames[High(FNames)].Name := Language;

@@ -278,7 +278,9 @@ TLangTexts TMlbFile::ReadForm(const TPart& form) const {
     for (std::uint32_t count = reader.Number(); count > 0; --count) {
         const std::uint32_t column = reader.Number();
         if (column < 1 || column > languages_.Items().size()) throw TDamaged();
-        languages.Add(languages_[static_cast<int>(column) - 1]);
+        const std::string& language = languages_[static_cast<int>(column) - 1];
+        if (std::find(languages.begin(), languages.end(), language) != languages.end()) throw TDamaged();
+        languages.Add(language);
     }
     TLangTexts read = TextsIn(std::move(languages));
     std::size_t nextTable = 0;

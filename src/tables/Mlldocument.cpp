@@ -12,8 +12,6 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
 /// Other control characters may be a text's.
 std::string_view WithoutBlanks(std::string_view line) {
     constexpr std::string_view kBlanks = " \t\r\n";
@@ -110,7 +108,7 @@ bool EndsBlank(const TMllDocument::TSection& section) {
 TMllDocument::TMllDocument(std::string read, std::string fileName)
     : fileName_(std::move(fileName)), read_(std::move(read)) {
     std::string_view bytes = read_;
-    if (bytes.starts_with(kUtf8Mark)) mark_ = kUtf8Mark;
+    if (bytes.starts_with(kMllMark)) mark_ = kMllMark;
     bytes.remove_prefix(mark_.size());
     if (bytes.substr(0, bytes.find('\n') + 1).ends_with("\r\n")) lineEnd_ = "\r\n";
     std::string_view block = bytes;  // the lines since the last heading, that of the next one being read

@@ -10,6 +10,8 @@
 
 namespace tml {
 
+inline constexpr std::string_view kMllMark = "\xEF\xBB\xBF";  ///< UTF-8, in front of a file
+
 /// The lines of a text translation file, by sections. A line stays byte for byte until it gets another
 /// content; comments and blank lines stay in front of the entry that they stand before.
 class TMllDocument {

@@ -104,20 +104,23 @@ std::string JoinedLines(const std::vector<std::string>& lines) {
 
 }  // namespace
 
+/// Lines are told apart as TMllDocument does, and the last delimiter counts as it does to a reader.
 std::string DelimiterOfMll(std::string_view bytes) {
     const std::string options = '[' + std::string(kOptions) + ']';
-    bytes.remove_prefix(std::min(bytes.find('['), bytes.size()));
-    bool isOptions = false;
-    while (!bytes.empty()) {
-        const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+    std::string delimiter;
+    if (bytes.starts_with(kMllMark)) bytes.remove_prefix(kMllMark.size());
+    for (bool isOptions = false, isOver = false; !bytes.empty() && !isOver;) {
+        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
         const std::string_view line = Trim(bytes.substr(0, end));
         bytes.remove_prefix(std::min(end + 1, bytes.size()));
-        if (isOptions && line.starts_with('[')) break;
-        if (line.starts_with('[')) isOptions = SameText(line, options);
+        const bool isHeading = line.starts_with('[');
+        isOver = isHeading && isOptions;
+        if (isHeading) isOptions = SameText(line, options);
+        if (!isOptions || isHeading || line.starts_with(';')) continue;
         const auto [name, value] = Setting(line);
-        if (isOptions && SameText(name, "Delimiter")) return Unquoted(value);
+        if (SameText(name, "Delimiter")) delimiter = Unquoted(value);
     }
-    return {};
+    return delimiter;
 }
 
 TMllFile::TMllFile(std::string bytes, const std::string& fileName, const std::string& delimiter)
@@ -126,6 +129,8 @@ TMllFile::TMllFile(std::string bytes, const std::string& fileName, const std::st
       delimiter_(document_.BytesRead().empty() ? delimiter : ReadOptions(delimiter)),
       fields_(delimiter_) {
     ReadNames();
+    if (delimiter.find_first_of("\r\n") != std::string::npos || !IsValidUtf8(delimiter))
+        Refuse(0, "a delimiter has to stand in one line, as UTF-8", "Choose another one");
     if (!delimiter.empty() && delimiter != delimiter_) {
         const TFileFields former = std::exchange(fields_, TFileFields(delimiter));
         delimiter_ = delimiter;
@@ -154,8 +159,14 @@ std::string TMllFile::ReadOptions(const std::string& given) {
 void TMllFile::ReadNames() {
     const TSection* names = document_.Find(kNames);
     if (names == nullptr) return;
-    for (const TEntryLine& line : TMllDocument::Entries(*names))
-        names_.push_back(Setting(line.Content));
+    for (const TEntryLine& line : TMllDocument::Entries(*names)) {
+        std::pair<std::string, std::string> row = Setting(line.Content);
+        if (std::any_of(names_.begin(), names_.end(),
+                        [&](const auto& one) { return one.first == row.first; }))
+            Refuse(line.Number, "a language has the number " + row.first + " already",
+                   "Delete one of the two lines");
+        names_.push_back(std::move(row));
+    }
 }
 
 void TMllFile::Refuse(int line, const std::string& problem, const std::string& remedy) const {
@@ -201,6 +212,9 @@ TStringList TMllFile::ReadLanguages(const TSection& head) const {
             if (found == names_.end())
                 Refuse(line.Number, "the file names no language " + column,
                        "Add it to the section \"" + std::string(kNames) + "\"");
+            if (std::find(languages.begin(), languages.end(), found->second) != languages.end())
+                Refuse(line.Number, "the form names the language " + found->second + " twice",
+                       "Give every column a language of its own");
             languages.Add(found->second);
         }
         return languages;
@@ -290,6 +304,24 @@ void TMllFile::WriteOptions() {
                 {"Version=" + std::to_string(kTranslationFileVersion), "Delimiter=" + Quoted(delimiter_)});
 }
 
+/// The largest number of a language, be it that only a form's line names it.
+int TMllFile::LastColumn() const {
+    constexpr int kLargest = 1'000'000;  // who goes beyond has not counted languages
+    int last = 0;
+    const auto meet = [&](const std::string& key) {
+        if (const int number = NumberOf(key); number < kLargest) last = std::max(last, number);
+    };
+    for (const auto& [key, name] : names_)
+        meet(key);
+    for (const TSection& section : document_.Sections())
+        if (const auto form = SplitName(section.Name); form && form->Part.empty())
+            for (const TEntryLine& line : TMllDocument::Entries(section))
+                if (const auto [name, columns] = Setting(line.Content); SameText(name, kLanguages))
+                    for (const std::string& column : TStringList::FromCommaText(columns))
+                        meet(column);
+    return last;
+}
+
 /// Columns of the languages, which are added to the file's names where they are new.
 std::string TMllFile::ColumnsOf(const TStringList& languages) {
     TStringList columns;
@@ -297,12 +329,8 @@ std::string TMllFile::ColumnsOf(const TStringList& languages) {
         const std::string language = PlainLanguageName(given);
         auto found = std::find_if(names_.begin(), names_.end(),
                                   [&](const auto& row) { return row.second == language; });
-        if (found == names_.end()) {
-            int last = 0;
-            for (const auto& [key, name] : names_)
-                last = std::max(last, NumberOf(key));
-            found = names_.insert(names_.end(), {std::to_string(last + 1), language});
-        }
+        if (found == names_.end())
+            found = names_.insert(names_.end(), {std::to_string(LastColumn() + 1), language});
         columns.Add(found->first);
     }
     return columns.CommaText();

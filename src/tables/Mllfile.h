@@ -34,6 +34,7 @@ class TMllFile : public ITranslationFile {
     void PutSettings(std::string_view section, std::vector<std::string> lines);
     void WriteOptions();
     void ReadNames();
+    int LastColumn() const;
     std::string ColumnsOf(const TStringList& languages);
     void WriteAnew(const TFileFields& former);
     TFileEntry Fields(TEntryLine line) const;

@@ -2,6 +2,7 @@
 
 #include "base/Checksum.h"
 #include "base/Errors.h"
+#include "tables/Mllfile.h"
 #include "tables/Translationfile.h"
 
 namespace tml {
@@ -167,9 +168,37 @@ TEST(Translationfile, WhatIsDamagedOrForeignIsRefusedWithItsPlace) {
         {std::string("TMLB\1", 5), "f.mll: this is a binary translation file. Give it the extension .mlb"},
         {head + "Languages=1,2\n[P/F/States]\nCaptions:3:a=same\n", "f.mll:9: this is no state"},
         {head + "Languages=1,2\n[P/F/Captions]\na=\xFF|\n", "f.mll:9: the line is no UTF-8"},
+        {head + "Languages=1,2,2\n", "f.mll:7: the form names the language B twice"},
+        {"[Options]\nDelimiter=|\n[Language names - for internal use only!]\n1=A\n1=B\n",
+         "f.mll:5: a language has the number 1 already"},
     };
     for (const auto& row : rows)
         EXPECT_TRUE(MessageOf(row.Bytes, "f.mll").starts_with(row.Message)) << MessageOf(row.Bytes, "f.mll");
+}
+
+TEST(Translationfile, TheDelimiterIsThatOfTheOptionsAndNoOther) {
+    const struct {
+        const char *Bytes, *Delimiter;
+    } rows[] = {
+        {"; see [Options]\n[Options]\nDelimiter=@@\n", "@@"},
+        {"\xEF\xBB\xBF[options]\r\n;Delimiter=x\r\n DELIMITER = \" \"\r\n", " "},
+        {"[Options]\nDelimiter=@@\nDelimiter=|\n[P/F]\nDelimiter=x\n", "|"},
+        {"[P/F]\nDelimiter=x\n[Options]\nDelimiter=y\n", "y"},
+        {"[P/F]\nDelimiter=x\n", ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(DelimiterOfMll(row.Bytes), row.Delimiter) << row.Bytes;
+    for (const char* const odd : {"a\nb", "\r", "\xFF"})
+        EXPECT_THROW(OpenTranslationFile("", "a.mll", odd), EBadInput) << odd;
+}
+
+TEST(Translationfile, ANumberThatAFormUsesIsNoNewLanguages) {
+    const std::string bytes =
+        "[Options]\nDelimiter=|\n[Language names - for internal use only!]\n1=A\n2147483647=Z\n"
+        "[P/F]\nLanguages=1,3\n";
+    const auto file = OpenTranslationFile(bytes, "a.mll");
+    file->Put({"P", "G"}, TextsIn(TStringList({"A", "B"})));
+    EXPECT_NE(file->Bytes().find("\n4=B\n"), std::string::npos) << file->Bytes();
 }
 
 TEST(Translationfile, EveryBrokenByteOfABinaryFileIsNoticed) {
