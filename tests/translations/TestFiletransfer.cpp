@@ -228,6 +228,8 @@ TEST_F(TFiletransfer, AFileThatChangesMeanwhileIsNotOverwritten) {
     Files.Files["/p/a.mll"] += "; somebody else\n";
     EXPECT_THROW(files->Commit(), EFileError);
     EXPECT_TRUE(Has("a.mll", "; somebody else\n"));
+    Files.Files["/p/a.mll"].resize(40);
+    EXPECT_THROW(files->Commit(), EFileError) << "what is left is as it was read, but not all";
     Files.Files.erase("/p/a.mll");
     EXPECT_THROW(files->Commit(), EFileError);
     EXPECT_EQ(Files.Files.count("/p/a.mll"), 0U) << "one that is gone is not made anew";
