@@ -1,5 +1,5 @@
 { The lines of a text translation file, by sections. A line stays byte for byte until it gets another content; comments
-  and blank lines stay in front of the entry that they stand before. }
+  and blank lines stay in front of the entry that they stand before, and comments right above a heading with that. }
 unit Mlldocument;
 
 {$IFDEF FPC}{$MODE Delphi}{$ENDIF}
@@ -11,7 +11,7 @@ uses
 
 type
   TmlEntryLine = record
-    { Without blanks in front and the line's end. }
+    { Without blanks in front, the line's end, and blanks there that do not count. }
     Content: string;
     { 1-based. }
     Number: Integer;
@@ -20,16 +20,17 @@ type
 
   TmlSection = class
   private
-    FName, FHeading: string;
+    FName: string;
+    { With the comments above it. }
+    FHeading: string;
     FNumber, FCount: Integer;
     { Behind the heading; all lines with their ends. }
     FLines: TmlFields;
     FNext: TmlSection;
     procedure Add(const Line: string);
-    procedure Replace(const Entries: TmlFields; const LineEnd: string);
+    function CutComments: string;
     procedure AddBytes(Bytes: TmlBytes);
   public
-    function Entries: TmlEntryLines;
     property Name: string read FName;
     { Of its heading in the file that was read, 1-based. }
     property Number: Integer read FNumber;
@@ -42,12 +43,15 @@ type
     FFirst, FLast: TmlSection;
     FNames: TmlMap;
     FByNumber: array of TmlSection;
+    FBlanksCount: Boolean;
+    function ContentOf(const Line: string): string;
     procedure ReadLine(const Line: string; Number: Integer);
     procedure Refuse(Line: Integer; const Problem, Remedy: string);
     function NewSection(const Name: string): TmlSection;
     function Insert(const Name, Behind: string): TmlSection;
     procedure SetApart(Above: TmlSection);
     procedure Remove(Section: TmlSection);
+    procedure Replace(Section: TmlSection; const Entries: TmlFields);
   public
     { EmlTranslationFile, with the line, for bytes that are no UTF-8, a broken heading, a section that stands twice and
       text before the first section. }
@@ -55,11 +59,14 @@ type
     destructor Destroy; override;
     { Without regard to case; nil without it. }
     function Find(const Name: string): TmlSection;
+    function Entries(Section: TmlSection): TmlEntryLines;
     { Gives a section these entries ("key=value", keys as they are written) in this order, and makes it, with a blank
       line before it, behind the section named (at the end for ''). One without entries goes. }
     procedure Put(const Name: string; const Entries: TmlFields; const Behind: string);
     function Bytes: string;
     property First: TmlSection read FFirst;
+    { Whether blanks at a line's end count; if not (as it is at first), an editor may have left them. }
+    property BlanksCount: Boolean read FBlanksCount write FBlanksCount;
   end;
 
 implementation
@@ -81,20 +88,6 @@ begin
     Inc(From);
   Behind := Length(Line) + 1;
   while (Behind > From) and (Line[Behind - 1] in Blanks) do
-    Dec(Behind);
-  Result := Copy(Line, From, Behind - From);
-end;
-
-{ Blanks at the end may be a delimiter's. }
-function ContentOf(const Line: string): string;
-var
-  From, Behind: Integer;
-begin
-  From := 1;
-  while (From <= Length(Line)) and (Line[From] in [' ', #9]) do
-    Inc(From);
-  Behind := Length(Line) + 1;
-  while (Behind > From) and (Line[Behind - 1] in [#13, #10]) do
     Dec(Behind);
   Result := Copy(Line, From, Behind - From);
 end;
@@ -200,52 +193,18 @@ begin
   Inc(FCount);
 end;
 
-function TmlSection.Entries: TmlEntryLines;
+{ The comments at the end. }
+function TmlSection.CutComments: string;
 var
-  I, Found: Integer;
+  Kept, I: Integer;
 begin
-  Result := nil;
-  SetLength(Result, FCount);
-  Found := 0;
-  for I := 0 to FCount - 1 do
-    if IsEntry(FLines[I]) then
-    begin
-      Result[Found].Content := ContentOf(FLines[I]);
-      Result[Found].Number := FNumber + 1 + I;
-      Inc(Found);
-    end;
-  SetLength(Result, Found);
-end;
-
-procedure TmlSection.Replace(const Entries: TmlFields; const LineEnd: string);
-var
-  Old: TmlFields;
-  Blocks: TmlBlocks;
-  OldCount, From, Last, I: Integer;
-  Entry: string;
-begin
-  if not IsEnded(FHeading) then FHeading := FHeading + LineEnd;
-  Old := FLines;
-  OldCount := FCount;
-  FLines := nil;
-  FCount := 0;
-  Blocks := TmlBlocks.Create(Old, OldCount);
-  try
-    for Entry in Entries do
-    begin
-      Blocks.Take(KeyOf(Entry), From, Last);
-      for I := From to Last - 1 do
-        Add(Old[I]);
-      if (Last >= 0) and IsEnded(Old[Last]) and (ContentOf(Old[Last]) = Entry) then
-        Add(Old[Last])
-      else
-        Add(Entry + LineEnd);
-    end;
-    for I := Blocks.Tail to OldCount - 1 do
-      Add(Old[I]);
-  finally
-    Blocks.Free;
-  end;
+  Kept := FCount;
+  while (Kept > 0) and StartsAt(WithoutBlanks(FLines[Kept - 1]), 1, ';') do
+    Dec(Kept);
+  Result := '';
+  for I := Kept to FCount - 1 do
+    Result := Result + FLines[I];
+  FCount := Kept;
 end;
 
 procedure TmlSection.AddBytes(Bytes: TmlBytes);
@@ -322,7 +281,7 @@ begin
     Refuse(Number, 'expected a section in brackets', 'Choose a translation file (.mll)');
   if not IsEnded(Line) then
     Refuse(Number, 'the file ends within this line: it may have been cut off', 'Fetch the file anew, or end the line');
-  if (Content <> '') and (Content[1] = '[') then
+  if StartsAt(Content, 1, '[') then
   begin
     if Content[Length(Content)] <> ']' then
       Refuse(Number, 'expected "]" at the end of the line', 'Complete the heading');
@@ -331,7 +290,9 @@ begin
       Refuse(Number, 'the section stands in the file already', 'Join the two, or delete one');
     Section := NewSection(Content);
     Section.FNumber := Number;
-    Section.FHeading := Line;
+    { Comments above the first one are the file's. }
+    if FLast <> nil then Section.FHeading := FLast.CutComments;
+    Section.FHeading := Section.FHeading + Line;
     if FLast = nil then FFirst := Section else FLast.FNext := Section;
     FLast := Section;
   end
@@ -349,6 +310,67 @@ begin
   if Number < 0 then Result := nil else Result := FByNumber[Number];
 end;
 
+function TmllDocument.ContentOf(const Line: string): string;
+var
+  From, Behind: Integer;
+begin
+  From := 1;
+  while (From <= Length(Line)) and (Line[From] in [' ', #9]) do
+    Inc(From);
+  Behind := Length(Line) + 1;
+  while (Behind > From) and (Line[Behind - 1] in Blanks) and
+    not (FBlanksCount and (Line[Behind - 1] in [' ', #9])) do
+    Dec(Behind);
+  Result := Copy(Line, From, Behind - From);
+end;
+
+function TmllDocument.Entries(Section: TmlSection): TmlEntryLines;
+var
+  I, Found: Integer;
+begin
+  Result := nil;
+  SetLength(Result, Section.FCount);
+  Found := 0;
+  for I := 0 to Section.FCount - 1 do
+    if IsEntry(Section.FLines[I]) then
+    begin
+      Result[Found].Content := ContentOf(Section.FLines[I]);
+      Result[Found].Number := Section.FNumber + 1 + I;
+      Inc(Found);
+    end;
+  SetLength(Result, Found);
+end;
+
+procedure TmllDocument.Replace(Section: TmlSection; const Entries: TmlFields);
+var
+  Old: TmlFields;
+  Blocks: TmlBlocks;
+  OldCount, From, Last, I: Integer;
+  Entry: string;
+begin
+  Old := Section.FLines;
+  OldCount := Section.FCount;
+  Section.FLines := nil;
+  Section.FCount := 0;
+  Blocks := TmlBlocks.Create(Old, OldCount);
+  try
+    for Entry in Entries do
+    begin
+      Blocks.Take(KeyOf(Entry), From, Last);
+      for I := From to Last - 1 do
+        Section.Add(Old[I]);
+      if (Last >= 0) and (ContentOf(Old[Last]) = ContentOf(Entry)) then
+        Section.Add(Old[Last])
+      else
+        Section.Add(Entry + FLineEnd);
+    end;
+    for I := Blocks.Tail to OldCount - 1 do
+      Section.Add(Old[I]);
+  finally
+    Blocks.Free;
+  end;
+end;
+
 procedure TmllDocument.Put(const Name: string; const Entries: TmlFields; const Behind: string);
 var
   Section: TmlSection;
@@ -360,7 +382,7 @@ begin
     Exit;
   end;
   if Section = nil then Section := Insert(Name, Behind);
-  Section.Replace(Entries, FLineEnd);
+  Replace(Section, Entries);
 end;
 
 { By a blank line. }
@@ -369,8 +391,6 @@ var
   Last: string;
 begin
   if Above.FCount = 0 then Last := Above.FHeading else Last := Above.FLines[Above.FCount - 1];
-  if not IsEnded(Last) then Last := Last + FLineEnd;
-  if Above.FCount = 0 then Above.FHeading := Last else Above.FLines[Above.FCount - 1] := Last;
   if WithoutBlanks(Last) <> '' then Above.Add(FLineEnd);
 end;
 

@@ -13,6 +13,14 @@ type
     Key, Name: string;
   end;
 
+  TmlPlainValue = function(const Value: string): string;
+
+  TmlSetting = record
+    Name, Value: string;
+    { What a value means, however it is spelt. }
+    Plain: TmlPlainValue;
+  end;
+
   TmllFile = class(TmlTranslationFile)
   private
     FDocument: TmllDocument;
@@ -21,14 +29,14 @@ type
     FNames: array of TmlNamedColumn;
     function ReadOptions(const Given: string): string;
     procedure ReadNames;
-    procedure WriteAnew(Former: TmlFileFields);
-    procedure PutSettings(const Section: string; const Lines: TmlFields);
+    procedure Use(const Delimiter: string);
+    procedure WriteAnew(const Delimiter: string);
+    procedure PutSettings(const Section: string; const Settings: array of TmlSetting; const Behind: string);
     procedure WriteOptions;
     function NumberOfColumn(const Key: string): Integer;
     function LastColumn: Integer;
     function ColumnFor(const Language: string): string;
     function ColumnsOf(const Languages: TmlFields): string;
-    function Fields(Line: TmlEntryLine): TmlFileEntry;
     function ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
     function ReadLanguages(Head: TmlSection): TmlFields;
     function LanguagesIn(const Columns: string; Line: Integer): TmlFields;
@@ -36,6 +44,7 @@ type
     function ReadState(const Line: TmlEntryLine; Languages: Integer; out State: TmlFileState): Boolean;
     procedure ReadStates(Table: TmlSection; var Section: TmlFormSection);
     procedure ReadExtended(Table: TmlSection; var Section: TmlFormSection);
+    procedure PutNames;
     procedure PutPart(const Section: TmlFormSection; const Part: string; const Lines: TmlFields; var Last: string);
     function StateLines(const Section: TmlFormSection): TmlFields;
     function ExtendedLines(const Section: TmlFormSection): TmlFields;
@@ -63,10 +72,17 @@ const
   StatesName = 'States';
   ExtendedName = 'ExtendedTranslations';
 
-type
-  TmlSetting = record
-    Name, Value: string;
-  end;
+function AsItIs(const Value: string): string;
+begin
+  Result := Value;
+end;
+
+function SettingOf(const Name, Value: string; Plain: TmlPlainValue): TmlSetting;
+begin
+  Result.Name := Name;
+  Result.Value := Value;
+  Result.Plain := Plain;
+end;
 
 function SettingIn(const Line: string): TmlSetting;
 var
@@ -74,8 +90,7 @@ var
 begin
   Equals := Pos('=', Line);
   if Equals = 0 then Equals := Length(Line) + 1;
-  Result.Name := Trim(Copy(Line, 1, Equals - 1));
-  Result.Value := Trim(Copy(Line, Equals + 1, MaxInt));
+  Result := SettingOf(Trim(Copy(Line, 1, Equals - 1)), Trim(Copy(Line, Equals + 1, MaxInt)), AsItIs);
 end;
 
 { The part is '' for the head of the form. False for a section that is no form's. }
@@ -118,6 +133,20 @@ begin
     Result := Copy(Value, 2, Length(Value) - 2);
 end;
 
+{ Columns as they are written. }
+function PlainColumns(const Columns: string): string;
+var
+  List: TStringList;
+begin
+  List := TStringList.Create;
+  try
+    List.CommaText := Columns;
+    Result := List.CommaText;
+  finally
+    List.Free;
+  end;
+end;
+
 { -1 for a text that is no number. }
 function NumberOf(const Text: string): Integer;
 var
@@ -148,24 +177,23 @@ begin
 end;
 
 constructor TmllFile.Create(const Bytes, FileName, Delimiter: string);
-var
-  Former: TmlFileFields;
 begin
   inherited Create(FileName);
   FVersion := TranslationFileVersion;
   FDocument := TmllDocument.Create(Bytes, FileName);
-  if Bytes = '' then FFields := TmlFileFields.Create(Delimiter) else FFields := TmlFileFields.Create(ReadOptions(Delimiter));
+  if Bytes = '' then Use(Delimiter) else Use(ReadOptions(Delimiter));
   ReadNames;
   if (Pos(#13, Delimiter) > 0) or (Pos(#10, Delimiter) > 0) or not IsValidUtf8(Delimiter) then
     Refuse(0, 'a delimiter has to stand in one line, as UTF-8', 'Choose another one');
-  if (Delimiter = '') or (Delimiter = FFields.Delimiter) then Exit;
-  Former := FFields;
+  if (Delimiter <> '') and (Delimiter <> FFields.Delimiter) then WriteAnew(Delimiter);
+end;
+
+{ Blanks at a line's end are no text, for those of a text are escaped. }
+procedure TmllFile.Use(const Delimiter: string);
+begin
+  FreeAndNil(FFields);
   FFields := TmlFileFields.Create(Delimiter);
-  try
-    WriteAnew(Former);
-  finally
-    Former.Free;
-  end;
+  FDocument.BlanksCount := (Delimiter <> '') and (Delimiter[Length(Delimiter)] in [' ', #9]);
 end;
 
 destructor TmllFile.Destroy;
@@ -175,7 +203,7 @@ begin
   inherited Destroy;
 end;
 
-{ The delimiter; the one given where the file names none. }
+{ The delimiter; the one given where the file names none and has no lines of another one. }
 function TmllFile.ReadOptions(const Given: string): string;
 var
   Options: TmlSection;
@@ -184,9 +212,9 @@ var
 begin
   Options := FDocument.Find(OptionsName);
   if Options = nil then Refuse(1, 'the section "Options" is missing', 'Choose a translation file (.mll)');
-  Result := Given;
+  if Forms = nil then Result := Given else Result := '';
   FVersion := 0;
-  for Line in Options.Entries do
+  for Line in FDocument.Entries(Options) do
   begin
     Setting := SettingIn(Line.Content);
     if SameIgnoringCase(Setting.Name, 'Version') then FVersion := NumberOf(Setting.Value);
@@ -206,7 +234,7 @@ var
 begin
   Section := FDocument.Find(NamesName);
   if Section = nil then Exit;
-  Lines := Section.Entries;
+  Lines := FDocument.Entries(Section);
   SetLength(FNames, Length(Lines));
   for I := 0 to High(Lines) do
   begin
@@ -331,7 +359,7 @@ var
   Line: TmlEntryLine;
   Setting: TmlSetting;
 begin
-  for Line in Head.Entries do
+  for Line in FDocument.Entries(Head) do
   begin
     Setting := SettingIn(Line.Content);
     if not SameIgnoringCase(Setting.Name, LanguagesName) then Continue;
@@ -342,24 +370,12 @@ begin
   Result := nil;
 end;
 
-{ Blanks at the end that an editor may have left are no text: those of a text are escaped. }
-function TmllFile.Fields(Line: TmlEntryLine): TmlFileEntry;
-var
-  Last: Integer;
-begin
-  Last := Length(Line.Content);
-  if not (FFields.Delimiter[Length(FFields.Delimiter)] in [' ', #9]) then
-    while (Last > 0) and (Line.Content[Last] in [' ', #9]) do
-      Dec(Last);
-  Result := FFields.Read(Copy(Line.Content, 1, Last));
-end;
-
 function TmllFile.ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
 const
   Texts: array[Boolean] of string = ('texts', 'text');
   Are: array[Boolean] of string = ('are', 'is');
 begin
-  Result := Fields(Line);
+  Result := FFields.Read(Line.Content);
   if Result.Fields = nil then
     Refuse(Line.Number, Result.Key + ' has no "=" behind it', 'Put it between the key and its texts');
   if Length(Result.Fields) <> Count then
@@ -373,7 +389,7 @@ var
   Lines: TmlEntryLines;
   I: Integer;
 begin
-  Lines := Section.Entries;
+  Lines := FDocument.Entries(Section);
   Result := nil;
   SetLength(Result, Length(Lines));
   for I := 0 to High(Lines) do
@@ -386,7 +402,7 @@ var
   Entry: TmlFileEntry;
   IsKind: Boolean;
 begin
-  Entry := Fields(Line);
+  Entry := FFields.Read(Line.Content);
   SetLength(Entry.Fields, 2);
   IsKind := FindTable(CutPart(Entry.Key), State.Kind);
   State.Place := NumberOf(CutPart(Entry.Key));
@@ -404,7 +420,7 @@ var
   Lines: TmlEntryLines;
   I, Count: Integer;
 begin
-  Lines := Table.Entries;
+  Lines := FDocument.Entries(Table);
   SetLength(Section.States, Length(Lines));
   Count := 0;
   for I := 0 to High(Lines) do
@@ -418,7 +434,7 @@ var
   Entry: TmlFileEntry;
   I: Integer;
 begin
-  Lines := Table.Entries;
+  Lines := FDocument.Entries(Table);
   SetLength(Section.Extended, Length(Lines));
   for I := 0 to High(Lines) do
   begin
@@ -429,41 +445,56 @@ begin
   end;
 end;
 
-{ Sets what a section says, in front of what else it holds. }
-procedure TmllFile.PutSettings(const Section: string; const Lines: TmlFields);
+{ Sets what a section says: each setting's lines where they stand, but for such that say so already; a new one behind
+  what else there is. }
+procedure TmllFile.PutSettings(const Section: string; const Settings: array of TmlSetting; const Behind: string);
 var
-  All: TmlFields;
+  Lines: TmlFields;
+  IsThere: array of Boolean;
   Present: TmlSection;
   Entry: TmlEntryLine;
-  Count, I: Integer;
-  IsSet: Boolean;
+  I: Integer;
+
+  procedure Put(const Line: string);
+  begin
+    SetLength(Lines, Length(Lines) + 1);
+    Lines[High(Lines)] := Line;
+  end;
+
+  procedure PutEntry(const Line: string);
+  var
+    Old: TmlSetting;
+    J: Integer;
+  begin
+    Old := SettingIn(Line);
+    J := High(Settings);
+    while (J >= 0) and not SameIgnoringCase(Settings[J].Name, Old.Name) do
+      Dec(J);
+    if J >= 0 then IsThere[J] := True;
+    if (J < 0) or (Settings[J].Plain(Old.Value) = Settings[J].Plain(Settings[J].Value)) then
+      Put(Line)
+    else
+      Put(Settings[J].Name + '=' + Settings[J].Value);
+  end;
+
 begin
-  All := Copy(Lines);
-  Count := Length(Lines);
+  Lines := nil;
+  IsThere := nil;
+  SetLength(IsThere, Length(Settings));
   Present := FDocument.Find(Section);
   if Present <> nil then
-    for Entry in Present.Entries do
-    begin
-      IsSet := False;
-      for I := 0 to Count - 1 do
-        IsSet := IsSet or SameIgnoringCase(SettingIn(Lines[I]).Name, SettingIn(Entry.Content).Name);
-      if IsSet then Continue;
-      SetLength(All, Length(All) + 1);
-      All[High(All)] := Entry.Content;
-    end;
-  FDocument.Put(Section, All, '');
+    for Entry in FDocument.Entries(Present) do
+      PutEntry(Entry.Content);
+  for I := 0 to High(Settings) do
+    if not IsThere[I] then Put(Settings[I].Name + '=' + Settings[I].Value);
+  FDocument.Put(Section, Lines, Behind);
 end;
 
 procedure TmllFile.WriteOptions;
-var
-  Lines: TmlFields;
 begin
   if FVersion > TranslationFileVersion then RefuseNewer;
-  Lines := nil;
-  SetLength(Lines, 2);
-  Lines[0] := 'Version=' + IntToStr(TranslationFileVersion);
-  Lines[1] := 'Delimiter=' + Quoted(FFields.Delimiter);
-  PutSettings(OptionsName, Lines);
+  PutSettings(OptionsName, [SettingOf('Version', IntToStr(TranslationFileVersion), AsItIs),
+    SettingOf('Delimiter', Quoted(FFields.Delimiter), Unquoted)], '');
 end;
 
 { The largest number of a language, be it that only a form's line names it. }
@@ -491,7 +522,7 @@ begin
   while Section <> nil do
   begin
     if SplitName(Section.Name, Address, Part) and (Part = '') then
-      for Line in Section.Entries do
+      for Line in FDocument.Entries(Section) do
       begin
         Setting := SettingIn(Line.Content);
         From := Ord((Setting.Value <> '') and SameIgnoringCase(Setting.Name, LanguagesName));
@@ -552,24 +583,28 @@ begin
     Result[I] := Fields.Write(Entries[I]);
 end;
 
+procedure TmllFile.PutNames;
+var
+  Names: array of TmlSetting;
+  I: Integer;
+begin
+  Names := nil;
+  SetLength(Names, Length(FNames));
+  for I := 0 to High(FNames) do
+    Names[I] := SettingOf(FNames[I].Key, FNames[I].Name, AsItIs);
+  PutSettings(NamesName, Names, OptionsName);
+end;
+
 procedure TmllFile.Put(const Section: TmlFormSection);
 var
   Columns, Last: string;
-  Lines: TmlFields;
   Kind: TStringsType;
-  I: Integer;
 begin
   WriteOptions;
   Columns := ColumnsOf(Section.Languages);
-  Lines := nil;
-  SetLength(Lines, Length(FNames));
-  for I := 0 to High(FNames) do
-    Lines[I] := FNames[I].Key + '=' + FNames[I].Name;
-  FDocument.Put(NamesName, Lines, OptionsName);
-  SetLength(Lines, 1);
-  Lines[0] := LanguagesName + '=' + Columns;
+  PutNames;
   Last := NameOf(Section.Address);
-  PutSettings(Last, Lines);
+  PutSettings(Last, [SettingOf(LanguagesName, Columns, PlainColumns)], '');
   for Kind := Low(Kind) to High(Kind) do
     PutPart(Section, TableName(Kind), LinesOf(FFields, Section.Tables[Kind]), Last);
   PutPart(Section, StatesName, StateLines(Section), Last);
@@ -610,32 +645,58 @@ begin
   end;
 end;
 
-{ Every entry of every form with the new delimiter. }
-procedure TmllFile.WriteAnew(Former: TmlFileFields);
+{ With another delimiter; a line that has no "=" has no fields either, and stays. }
+procedure TmllFile.WriteAnew(const Delimiter: string);
 var
-  Section, Next: TmlSection;
+  Anew: TmlFileFields;
+  Section: TmlSection;
   Address: TmlFormAddress;
   Part: string;
-  Lines: TmlEntryLines;
-  Entries: TmlFileEntries;
+  Names: TmlFields;
+  Lines: array of TmlFields;
   I: Integer;
-begin
-  WriteOptions;
-  Next := FDocument.First;
-  while Next <> nil do
+
+  procedure AddLines;
+  var
+    Line: TmlEntryLine;
+    Entry: TmlFileEntry;
+    Count: Integer;
   begin
-    Section := Next;
-    Next := Section.Next; { one without entries goes }
-    if SplitName(Section.Name, Address, Part) and (Part <> '') then
+    SetLength(Names, Length(Names) + 1);
+    Names[High(Names)] := Section.Name;
+    SetLength(Lines, Length(Names));
+    Count := 0;
+    for Line in FDocument.Entries(Section) do
     begin
-      Lines := Section.Entries;
-      Entries := nil;
-      SetLength(Entries, Length(Lines));
-      for I := 0 to High(Lines) do
-        Entries[I] := Former.Read(Lines[I].Content);
-      FDocument.Put(Section.Name, LinesOf(FFields, Entries), '');
+      Entry := FFields.Read(Line.Content);
+      if Count = Length(Lines[High(Lines)]) then SetLength(Lines[High(Lines)], 2 * Count + 8);
+      if Entry.Fields = nil then
+        Lines[High(Lines), Count] := Line.Content
+      else
+        Lines[High(Lines), Count] := Anew.Write(Entry);
+      Inc(Count);
     end;
+    SetLength(Lines[High(Lines)], Count);
   end;
+
+begin
+  Names := nil;
+  Lines := nil;
+  Anew := TmlFileFields.Create(Delimiter);
+  try
+    Section := FDocument.First;
+    while Section <> nil do
+    begin
+      if SplitName(Section.Name, Address, Part) and (Part <> '') then AddLines;
+      Section := Section.Next;
+    end;
+  finally
+    Anew.Free;
+  end;
+  Use(Delimiter);
+  WriteOptions;
+  for I := 0 to High(Names) do
+    FDocument.Put(Names[I], Lines[I], '');
 end;
 
 function TmllFile.Bytes: string;

@@ -20,12 +20,6 @@ std::string_view WithoutBlanks(std::string_view line) {
     return line.substr(begin, line.find_last_not_of(kBlanks) + 1 - begin);
 }
 
-/// Blanks at the end may be a delimiter's.
-std::string_view ContentOf(std::string_view line) {
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    return line.substr(0, line.find_last_not_of("\r\n") + 1);
-}
-
 /// The line's first character that is no blank, '\0' in a blank line.
 char FirstOf(std::string_view line) {
     const auto* const first = std::find_if_not(
@@ -48,21 +42,6 @@ std::string_view TakeLine(std::string_view& lines) {
     const std::string_view line = lines.substr(0, lines.find('\n') + 1);
     const std::size_t size = line.empty() ? lines.size() : line.size();
     return std::exchange(lines, lines.substr(size)).substr(0, size);
-}
-
-/// True when the lines hold these entries and no others, in this order.
-bool HoldEntries(std::string_view lines, std::string_view entries) {
-    // What nobody has edited stands there as it is written.
-    if (lines.starts_with(entries)) {
-        lines.remove_prefix(entries.size());
-        entries = {};
-    }
-    while (!lines.empty()) {
-        const std::string_view line = TakeLine(lines);
-        if (!IsEntry(FirstOf(line))) continue;
-        if (entries.empty() || ContentOf(line) != ContentOf(TakeLine(entries))) return false;
-    }
-    return entries.empty();
 }
 
 /// An entry's line and the comments in front of it.
@@ -97,10 +76,13 @@ std::optional<TBlock> TakeBlock(TBlocks& blocks, std::string_view entry) {
     return block;
 }
 
+std::string_view LastLine(std::string_view lines) {
+    return lines.substr(lines.rfind('\n', lines.size() - 2) + 1);
+}
+
 /// True for a section with a blank line at its end.
 bool EndsBlank(const TMllDocument::TSection& section) {
-    const std::string_view lines = section.Lines.empty() ? section.Heading : section.Lines;
-    return FirstOf(lines.substr(lines.rfind('\n', lines.size() - 2) + 1)) == '\0';
+    return FirstOf(LastLine(section.Lines.empty() ? section.Heading : section.Lines)) == '\0';
 }
 
 }  // namespace
@@ -112,19 +94,29 @@ TMllDocument::TMllDocument(std::string read, std::string fileName)
     bytes.remove_prefix(mark_.size());
     if (bytes.substr(0, bytes.find('\n') + 1).ends_with("\r\n")) lineEnd_ = "\r\n";
     std::string_view block = bytes;  // the lines since the last heading, that of the next one being read
-    const auto finish = [&](std::size_t size) {
-        (sections_.empty() ? preamble_ : sections_.back().Lines) = block.substr(0, size);
-    };
+    const char* comments = nullptr;  // where those right above the line being read begin
     for (int number = 1; !bytes.empty(); ++number) {
         const std::string_view line = TakeLine(bytes);
         const char first = FirstOf(line);
         ExpectLine(line, first, number);
-        if (first != '[') continue;
-        finish(static_cast<std::size_t>(line.data() - block.data()));
-        Begin(line, number);
-        block = bytes;
+        if (first == '[') {
+            // Those above the first one are the file's.
+            const char* begin = comments == nullptr || sections_.empty() ? line.data() : comments;
+            Finish(block.substr(0, static_cast<std::size_t>(begin - block.data())));
+            Begin({begin, bytes.data()}, number);
+            block = bytes;
+        }
+        if (first != ';')
+            comments = nullptr;
+        else if (comments == nullptr)
+            comments = line.data();
     }
-    finish(block.size());
+    Finish(block);
+}
+
+/// The lines of the last section, which end here.
+void TMllDocument::Finish(std::string_view lines) {
+    (sections_.empty() ? preamble_ : sections_.back().Lines) = lines;
 }
 
 void TMllDocument::Refuse(int line, const char* problem, const char* remedy) const {
@@ -141,8 +133,9 @@ void TMllDocument::ExpectLine(std::string_view line, char first, int number) con
                "Fetch the file anew, or end the line");
 }
 
+/// heading: with the comments above it.
 void TMllDocument::Begin(std::string_view heading, int number) {
-    const std::string_view content = WithoutBlanks(heading);
+    const std::string_view content = WithoutBlanks(LastLine(heading));
     if (!content.ends_with(']'))
         Refuse(number, "expected \"]\" at the end of the line", "Complete the heading");
     sections_.push_back({std::string(content.substr(1, content.size() - 2)), number, heading, {}});
@@ -155,7 +148,12 @@ const TMllDocument::TSection* TMllDocument::Find(std::string_view name) const {
     return found == index_.end() ? nullptr : &*found->second;
 }
 
-std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& section) {
+std::string_view TMllDocument::ContentOf(std::string_view line) const {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    return line.substr(0, line.find_last_not_of(doBlanksCount_ ? "\r\n" : "\r\n \t") + 1);
+}
+
+std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& section) const {
     std::vector<TEntryLine> entries;
     int number = section.Number;
     for (std::string_view lines = section.Lines; !lines.empty();) {
@@ -164,6 +162,21 @@ std::vector<TMllDocument::TEntryLine> TMllDocument::Entries(const TSection& sect
         if (IsEntry(FirstOf(line))) entries.push_back({ContentOf(line), number});
     }
     return entries;
+}
+
+/// True when the lines hold these entries and no others, in this order.
+bool TMllDocument::HoldEntries(std::string_view lines, std::string_view entries) const {
+    // What nobody has edited stands there as it is written.
+    if (lines.starts_with(entries)) {
+        lines.remove_prefix(entries.size());
+        entries = {};
+    }
+    while (!lines.empty()) {
+        const std::string_view line = TakeLine(lines);
+        if (!IsEntry(FirstOf(line))) continue;
+        if (entries.empty() || ContentOf(line) != ContentOf(TakeLine(entries))) return false;
+    }
+    return entries.empty();
 }
 
 void TMllDocument::Put(std::string_view name, std::string_view entries, std::string_view behind) {

@@ -52,6 +52,11 @@ std::string Quoted(const std::string& delimiter) {
     return isPlain ? delimiter : '"' + delimiter + '"';
 }
 
+/// Columns as they are written.
+std::string PlainColumns(std::string_view columns) {
+    return TStringList::FromCommaText(columns).CommaText();
+}
+
 std::string Unquoted(std::string_view value) {
     const bool isQuoted = value.size() > 2 && value.front() == '"' && value.back() == '"';
     return std::string(isQuoted ? value.substr(1, value.size() - 2) : value);
@@ -95,13 +100,6 @@ std::size_t SizeOf(const TTable& table) {
     return size;
 }
 
-std::string JoinedLines(const std::vector<std::string>& lines) {
-    std::string joined;
-    for (const std::string& line : lines)
-        (joined += line) += '\n';
-    return joined;
-}
-
 }  // namespace
 
 /// Lines are told apart as TMllDocument does, and the last delimiter counts as it does to a reader.
@@ -128,24 +126,28 @@ TMllFile::TMllFile(std::string bytes, const std::string& fileName, const std::st
       document_(std::move(bytes), fileName),
       delimiter_(document_.BytesRead().empty() ? delimiter : ReadOptions(delimiter)),
       fields_(delimiter_) {
+    Use(delimiter_);
     ReadNames();
     if (delimiter.find_first_of("\r\n") != std::string::npos || !IsValidUtf8(delimiter))
         Refuse(0, "a delimiter has to stand in one line, as UTF-8", "Choose another one");
-    if (!delimiter.empty() && delimiter != delimiter_) {
-        const TFileFields former = std::exchange(fields_, TFileFields(delimiter));
-        delimiter_ = delimiter;
-        WriteAnew(former);
-    }
+    if (!delimiter.empty() && delimiter != delimiter_) WriteAnew(delimiter);
 }
 
-/// The delimiter; the one given where the file names none.
+/// Blanks at a line's end are no text, for those of a text are escaped.
+void TMllFile::Use(const std::string& delimiter) {
+    delimiter_ = delimiter;
+    fields_ = TFileFields(delimiter_);
+    document_.SetBlanksCount(delimiter_.ends_with(' ') || delimiter_.ends_with('\t'));
+}
+
+/// The delimiter; the one given where the file names none and has no lines of another one.
 std::string TMllFile::ReadOptions(const std::string& given) {
     const TSection* options = document_.Find(kOptions);
     if (options == nullptr)
         Refuse(1, "the section \"Options\" is missing", "Choose a translation file (.mll)");
-    std::string delimiter = given;
+    std::string delimiter = Forms().empty() ? given : std::string();
     version_ = 0;
-    for (const TEntryLine& line : TMllDocument::Entries(*options)) {
+    for (const TEntryLine& line : document_.Entries(*options)) {
         const auto [name, value] = Setting(line.Content);
         if (SameText(name, "Version")) version_ = NumberOf(value);
         if (SameText(name, "Delimiter")) delimiter = Unquoted(value);
@@ -159,7 +161,7 @@ std::string TMllFile::ReadOptions(const std::string& given) {
 void TMllFile::ReadNames() {
     const TSection* names = document_.Find(kNames);
     if (names == nullptr) return;
-    for (const TEntryLine& line : TMllDocument::Entries(*names)) {
+    for (const TEntryLine& line : document_.Entries(*names)) {
         std::pair<std::string, std::string> row = Setting(line.Content);
         if (std::any_of(names_.begin(), names_.end(),
                         [&](const auto& one) { return one.first == row.first; }))
@@ -203,7 +205,7 @@ std::optional<TLangTexts> TMllFile::Read(const TFormAddress& form) const {
 
 TStringList TMllFile::ReadLanguages(const TSection& head) const {
     TStringList languages;
-    for (const TEntryLine& line : TMllDocument::Entries(head)) {
+    for (const TEntryLine& line : document_.Entries(head)) {
         const auto [name, columns] = Setting(line.Content);
         if (!SameText(name, kLanguages)) continue;
         for (const std::string& column : TStringList::FromCommaText(columns)) {
@@ -222,16 +224,8 @@ TStringList TMllFile::ReadLanguages(const TSection& head) const {
     Refuse(head.Number, "the form names no languages", "Restore its line \"Languages=...\"");
 }
 
-/// Blanks at the end that an editor may have left are no text: those of a text are escaped.
-TFileEntry TMllFile::Fields(TEntryLine line) const {
-    constexpr std::string_view kBlanks = " \t";
-    const bool isDelimiter = kBlanks.find(delimiter_.back()) != std::string_view::npos;
-    if (!isDelimiter) line.Content = line.Content.substr(0, line.Content.find_last_not_of(kBlanks) + 1);
-    return fields_.Read(line.Content);
-}
-
 TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
-    TFileEntry entry = Fields(line);
+    TFileEntry entry = fields_.Read(line.Content);
     if (entry.Fields.empty())
         Refuse(line.Number, entry.Key + " has no \"=\" behind it", "Put it between the key and its texts");
     const auto count = static_cast<int>(entry.Fields.size());
@@ -244,7 +238,7 @@ TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
 }
 
 void TMllFile::ReadTable(const TSection& section, int languages, TTable& table) const {
-    for (const TEntryLine& line : TMllDocument::Entries(section)) {
+    for (const TEntryLine& line : document_.Entries(section)) {
         TFileEntry entry = ReadEntry(line, languages);
         TTableEntry read{std::move(entry.Key), {}};
         read.Values.reserve(entry.Fields.size());
@@ -255,8 +249,8 @@ void TMllFile::ReadTable(const TSection& section, int languages, TTable& table) 
 }
 
 void TMllFile::ReadStates(const TSection& section, TLangTexts& texts) const {
-    for (const TEntryLine& line : TMllDocument::Entries(section)) {
-        TFileEntry entry = Fields(line);
+    for (const TEntryLine& line : document_.Entries(section)) {
+        TFileEntry entry = fields_.Read(line.Content);
         const std::vector<std::string> key = SplitKey(entry.Key, 3);
         const TTableKind* kind = FindKind(key[0]);
         const int place = NumberOf(key[1]);
@@ -272,7 +266,7 @@ void TMllFile::ReadStates(const TSection& section, TLangTexts& texts) const {
 
 std::vector<TExtendedItem> TMllFile::ReadExtended(const TSection& section, int languages) const {
     std::vector<TExtendedItem> extended;
-    for (const TEntryLine& line : TMllDocument::Entries(section)) {
+    for (const TEntryLine& line : document_.Entries(section)) {
         TFileEntry entry = ReadEntry(line, languages);
         const std::vector<std::string> key = SplitKey(entry.Key, 2);
         extended.push_back({key[0], key[1], std::move(entry.Fields)});
@@ -280,17 +274,29 @@ std::vector<TExtendedItem> TMllFile::ReadExtended(const TSection& section, int l
     return extended;
 }
 
-/// Sets what a section says, in front of what else it holds.
-void TMllFile::PutSettings(std::string_view section, std::vector<std::string> lines) {
-    const std::size_t count = lines.size();
-    const auto isSet = [&](std::string_view name) {
-        return std::any_of(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count),
-                           [&](const std::string& line) { return SameText(Setting(line).first, name); });
+/// Sets what a section says: each setting's lines where they stand, but for such that say so already; a new
+/// one behind what else there is.
+void TMllFile::PutSettings(std::string_view section, const std::vector<TSetting>& settings,
+                           std::string_view behind) {
+    std::string lines;
+    std::vector<bool> isThere(settings.size());
+    const auto put = [&](const TSetting& setting) {
+        (((lines += setting.Name) += '=') += setting.Value) += '\n';
     };
     if (const TSection* present = document_.Find(section))
-        for (const TEntryLine& line : TMllDocument::Entries(*present))
-            if (!isSet(Setting(line.Content).first)) lines.emplace_back(line.Content);
-    document_.Put(section, JoinedLines(lines), {});
+        for (const TEntryLine& line : document_.Entries(*present)) {
+            const auto [name, value] = Setting(line.Content);
+            const auto set = std::find_if(settings.begin(), settings.end(),
+                                          [&](const TSetting& one) { return SameText(one.Name, name); });
+            if (set != settings.end()) isThere[static_cast<std::size_t>(set - settings.begin())] = true;
+            if (set == settings.end() || set->Plain(value) == set->Plain(set->Value))
+                (lines += line.Content) += '\n';
+            else
+                put(*set);
+        }
+    for (std::size_t i = 0; i < settings.size(); ++i)
+        if (!isThere[i]) put(settings[i]);
+    document_.Put(section, lines, behind);
 }
 
 void TMllFile::ExpectWritable() const {
@@ -300,8 +306,8 @@ void TMllFile::ExpectWritable() const {
 
 void TMllFile::WriteOptions() {
     ExpectWritable();
-    PutSettings(kOptions,
-                {"Version=" + std::to_string(kTranslationFileVersion), "Delimiter=" + Quoted(delimiter_)});
+    PutSettings(kOptions, {{"Version", std::to_string(kTranslationFileVersion)},
+                           {"Delimiter", Quoted(delimiter_), Unquoted}});
 }
 
 /// The largest number of a language, be it that only a form's line names it.
@@ -315,7 +321,7 @@ int TMllFile::LastColumn() const {
         meet(key);
     for (const TSection& section : document_.Sections())
         if (const auto form = SplitName(section.Name); form && form->Part.empty())
-            for (const TEntryLine& line : TMllDocument::Entries(section))
+            for (const TEntryLine& line : document_.Entries(section))
                 if (const auto [name, columns] = Setting(line.Content); SameText(name, kLanguages))
                     for (const std::string& column : TStringList::FromCommaText(columns))
                         meet(column);
@@ -336,16 +342,21 @@ std::string TMllFile::ColumnsOf(const TStringList& languages) {
     return columns.CommaText();
 }
 
+void TMllFile::PutNames() {
+    std::vector<TSetting> names;
+    names.reserve(names_.size());
+    for (const auto& [key, name] : names_)
+        names.push_back({key, name});
+    PutSettings(kNames, names, kOptions);
+}
+
 void TMllFile::Put(const TFormAddress& form, const TLangTexts& texts) {
     WriteOptions();
     const std::string columns = ColumnsOf(texts.Languages);
-    std::string names;
-    for (const auto& [key, name] : names_)
-        (((names += key) += '=') += name) += '\n';
-    document_.Put(kNames, names, kOptions);
+    PutNames();
 
     std::string last = NameOf(form);
-    PutSettings(last, {std::string(kLanguages) + '=' + columns});
+    PutSettings(last, {{std::string(kLanguages), columns, PlainColumns}});
     const auto put = [&](std::string_view part, const std::string& lines) {
         const std::string name = NameOf(form, part);
         document_.Put(name, lines, last);
@@ -391,20 +402,24 @@ std::string TMllFile::ExtendedLinesOf(const TLangTexts& texts) const {
     return lines;
 }
 
-void TMllFile::WriteAnew(const TFileFields& former) {
-    WriteOptions();
-    std::vector<std::string> sections;
-    for (const TSection& section : document_.Sections())
-        if (const auto name = SplitName(section.Name); name && !name->Part.empty())
-            sections.push_back(section.Name);
-    for (const std::string& name : sections) {
-        std::string lines;
-        for (const TEntryLine& line : TMllDocument::Entries(*document_.Find(name))) {
-            const TFileEntry entry = former.Read(line.Content);
-            fields_.AppendLine(lines, entry.Key, {entry.Fields.begin(), entry.Fields.end()});
-        }
-        document_.Put(name, lines, {});
+/// With another delimiter; a line that has no "=" has no fields either, and stays.
+void TMllFile::WriteAnew(const std::string& delimiter) {
+    const TFileFields fields(delimiter);
+    std::vector<std::pair<std::string, std::string>> sections;
+    for (const TSection& section : document_.Sections()) {
+        const auto name = SplitName(section.Name);
+        if (!name || name->Part.empty()) continue;
+        std::string& lines = sections.emplace_back(section.Name, std::string()).second;
+        for (const TEntryLine& line : document_.Entries(section))
+            if (const TFileEntry entry = fields_.Read(line.Content); entry.Fields.empty())
+                (lines += line.Content) += '\n';
+            else
+                fields.AppendLine(lines, entry.Key, {entry.Fields.begin(), entry.Fields.end()});
     }
+    Use(delimiter);
+    WriteOptions();
+    for (const auto& [name, lines] : sections)
+        document_.Put(name, lines, {});
 }
 
 }  // namespace tml

@@ -30,14 +30,23 @@ class TMllFile : public ITranslationFile {
     using TSection = TMllDocument::TSection;
     using TEntryLine = TMllDocument::TEntryLine;
 
+    struct TSetting {
+        std::string Name;
+        std::string Value;
+        /// What a value means, however it is spelt.
+        std::string (*Plain)(std::string_view) = [](std::string_view value) { return std::string(value); };
+    };
+
+    void Use(const std::string& delimiter);
     std::string ReadOptions(const std::string& given);
-    void PutSettings(std::string_view section, std::vector<std::string> lines);
+    void PutSettings(std::string_view section, const std::vector<TSetting>& settings,
+                     std::string_view behind = {});
     void WriteOptions();
     void ReadNames();
     int LastColumn() const;
+    void PutNames();
     std::string ColumnsOf(const TStringList& languages);
-    void WriteAnew(const TFileFields& former);
-    TFileEntry Fields(TEntryLine line) const;
+    void WriteAnew(const std::string& delimiter);
     TFileEntry ReadEntry(TEntryLine line, int fields) const;
     TStringList ReadLanguages(const TSection& head) const;
     void ReadTable(const TSection& section, int languages, TTable& table) const;

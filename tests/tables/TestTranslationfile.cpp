@@ -79,10 +79,11 @@ TEST(Translationfile, FormsOfDifferentLanguagesShareAFileOfEitherKindAndKeepThei
 
 TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
     const std::string text =
-        "; ours\r\n[Options]\r\nVersion=1\r\nDelimiter=|\r\nTool=x\r\n\r\n"
-        "[Language names - for internal use only!]\r\nen=English\r\nde=German\r\n\r\n"
-        "[P/F]\r\nLanguages=en,de\r\nNote=kept\r\n\r\n"
-        "[P/F/Captions]\r\n; first\r\na=1|2\r\n\r\nb=3|4\r\n; end\r\n\r\n[Unknown]\r\nx=y\r\n";
+        "; ours\r\n[Options]\r\nTool=x\r\nDelimiter = \"|\" \r\nVersion= 1\r\n\r\n"
+        "; names\r\n[Language names - for internal use only!]\r\nen = English\r\nde=German \t\r\n\r\n"
+        "[P/F]\r\nNote=kept \r\n\tlanguages=en, de\r\n\r\n"
+        "; of captions\r\n  ; alone\r\n[P/F/Captions]\r\n; first\r\n  a=1|2 \r\n\r\nb=3|4\t\r\n; end\r\n\r\n"
+        "; not ours\r\n[Unknown]\r\nx=y\r\n";
     const auto file = OpenTranslationFile(text, "f.mll");
     const TFormAddress address{"P", "F"};
     TLangTexts texts = file->Read(address).value();
@@ -94,8 +95,8 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
     strings.Add("ID", "", 2);
     file->Put(address, texts);
     std::string expected = text;
-    expected.replace(expected.find("a=1|2"), 5, "a=1|zwei");
-    expected.insert(expected.find("[Unknown]"), "[P/F/Strings]\r\nID=|\r\n\r\n");
+    expected.replace(expected.find("  a=1|2 "), 8, "a=1|zwei");
+    expected.insert(expected.find("; not ours"), "[P/F/Strings]\r\nID=|\r\n\r\n");
     EXPECT_EQ(file->Bytes(), expected);
     strings.Remove({true});
     captions.Remove({true, false});
@@ -103,6 +104,11 @@ TEST(Translationfile, OnlyTheLineOfAChangedEntryChangesAndWhatIsUnknownStays) {
     expected = text;
     const std::size_t first = expected.find("; first");
     expected.erase(first, expected.find("\r\n\r\nb=") + 2 - first);
+    EXPECT_EQ(file->Bytes(), expected);
+    captions.Remove({true});
+    file->Put(address, texts);
+    const std::size_t section = expected.find("; of captions");
+    expected.erase(section, expected.find("; not ours") - section);
     EXPECT_EQ(file->Bytes(), expected);
 }
 
@@ -115,6 +121,10 @@ TEST(Translationfile, AnotherDelimiterWritesEveryLineAnew) {
         ExpectEqual(file->Read(one.Address).value(), one.Texts);
         ExpectEqual(file->Read(two.Address).value(), two.Texts);
     }
+    // What an editor has left behind a line is no text, and a line that is none stays as broken as it is.
+    const std::string edited = "[Options]\nDelimiter=|\n[P/G/Captions]\na=1|2 \nb\n";
+    EXPECT_EQ(OpenTranslationFile(edited, "a.mll", "# ")->Bytes(),
+              "[Options]\nDelimiter=\"# \"\nVersion=1\n[P/G/Captions]\na=1# 2\nb\n");
 }
 
 TEST(Translationfile, AFormIsFoundByItsProjectElseByItsName) {
@@ -190,6 +200,9 @@ TEST(Translationfile, TheDelimiterIsThatOfTheOptionsAndNoOther) {
         EXPECT_EQ(DelimiterOfMll(row.Bytes), row.Delimiter) << row.Bytes;
     for (const char* const odd : {"a\nb", "\r", "\xFF"})
         EXPECT_THROW(OpenTranslationFile("", "a.mll", odd), EBadInput) << odd;
+    // The one given may not be that of the lines.
+    EXPECT_NO_THROW(OpenTranslationFile("[Options]\nVersion=1\n", "a.mll", "|"));
+    EXPECT_THROW(OpenTranslationFile("[Options]\nVersion=1\n[P/F]\n", "a.mll", "|"), EBadInput);
 }
 
 TEST(Translationfile, ANumberThatAFormUsesIsNoNewLanguages) {
