@@ -1,6 +1,7 @@
 #include "cli/Formoptions.h"
 
 #include "base/Errors.h"
+#include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 
@@ -37,7 +38,7 @@ void ForEachTmlLang(TSession& session, const TFormOptions& options,
 void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std::string& title,
                        const std::function<void(TFormRow&, TmlCustomLang&)>& work) {
     const auto scope = session.Modules().BeginCommand(title);
-    session.ForEach(session.Rows(options.Forms), [&](TFormRow& row) {
+    session.ForEach(AncestorsFirst(session.Rows(options.Forms)), [&](TFormRow& row) {
         if (options.Forms.empty() && !row.HasComponent()) return session.ExpectReadable(row);
         const auto one = session.Modules().BeginCommand(title);
         TModuleLease lease(session.Context(), row.FileName);

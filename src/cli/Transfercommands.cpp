@@ -11,6 +11,7 @@
 #include "base/Format.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "tables/Translationfile.h"
@@ -52,7 +53,7 @@ class TTransferRun {
         const auto scope = session_.Modules().BeginCommand(title);
         const auto files = session_.Context().Host.Runtime->OpenTranslationFiles(project_);
         check(*files);
-        session_.ForEach(rows, [&](TFormRow& row) {
+        session_.ForEach(use == TFormUse::Changes ? AncestorsFirst(rows) : rows, [&](TFormRow& row) {
             const auto one = session_.Modules().BeginCommand(title);
             const TTransferReport report = transfer(row);
             one->Commit();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "core/Formfamilies.h"
 #include "core/Modules.h"
 #include "setup/Writablefile.h"
 #include "translations/Formseries.h"
@@ -138,7 +139,7 @@ TFailedFills FillForms(TContext& context, const std::vector<TFormFills>& forms) 
         byFile[row->FileName] = &form;
     }
     const auto error = ForEachForm(
-        context, kFillTitle, rows,
+        context, kFillTitle, AncestorsFirst(rows),
         [&](TFormRow& row) {
             const TFormFills& form = *byFile.at(row.FileName);
             try {

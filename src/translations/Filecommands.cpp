@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "platform/Projectoptions.h"
@@ -146,7 +147,7 @@ void LoadSelected(TContext& context, TFilesMemory& memory, const std::string& ti
     if (!CheckSelected(context, rows)) return;
     const auto file = AskOfBothKinds(context, OpenDialog(), memory.Opened);
     if (file)
-        TransferSelected(context, title, *file, rows,
+        TransferSelected(context, title, *file, AncestorsFirst(rows),
                          [&](TFormRow& row) { return load(context, row.FormName, *file); });
 }
 
@@ -230,9 +231,10 @@ void LoadLanguageForForms(TContext& context, TFilesMemory& memory) {
     if (!CheckSelected(context, rows)) return;
     const auto source = AskForSource(context, memory);
     if (source)
-        TransferSelected(context, "Load Language", source->FileName, rows, [&](TFormRow& row) {
-            return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
-        });
+        TransferSelected(
+            context, "Load Language", source->FileName, AncestorsFirst(rows), [&](TFormRow& row) {
+                return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
+            });
 }
 
 void SaveProject(TContext& context, TFilesMemory& memory) {
@@ -266,7 +268,7 @@ void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
         const auto load = [&](TFormRow& row) {
             return LoadFormLanguage(context, row.FormName, source->FileName, source->Language);
         };
-        TransferForms(context, "Load Language", rows, load, reports);
+        TransferForms(context, "Load Language", AncestorsFirst(rows), load, reports);
     });
 }
 

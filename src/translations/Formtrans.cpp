@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/Format.h"
+#include "core/Formfamilies.h"
 #include "core/Modules.h"
 #include "tables/Translationfile.h"
 #include "translations/Formseries.h"
@@ -142,7 +143,7 @@ void SaveProjectToMLBFile(TContext& context, const std::string& fileName, TFormR
 void LoadProjFromFile(TContext& context, const std::string& fileName, bool merge, TFormReports& reports) {
     const auto load = merge ? MergeFormFromFile : LoadFormFromFile;
     TransferForms(
-        context, merge ? "Merge Translations" : "Load Translations", Rows(context, false),
+        context, merge ? "Merge Translations" : "Load Translations", AncestorsFirst(Rows(context, false)),
         [&](TFormRow& row) { return load(context, row.FormName, fileName); }, reports);
 }
 

@@ -1,6 +1,7 @@
 #include "translations/Formupdate.h"
 
 #include "base/Format.h"
+#include "core/Formfamilies.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -9,12 +10,12 @@ namespace {
 constexpr const char* kAskClear =
     "This will clear all translation information in selected form(s)! Continue?";
 
-/// Of the project's forms, whatever page is in front.
+/// Of the project's forms, whatever page is in front; what an ancestor gets reaches its descendants.
 std::vector<TFormRow*> SelectedTranslated(TContext& context) {
     std::vector<TFormRow*> rows;
     for (const auto& row : context.Rows.FormNames.Items())
         if (row->Selected && row->HasComponent()) rows.push_back(row.get());
-    return rows;
+    return AncestorsFirst(rows);
 }
 
 void ChangeSelected(TContext& context, const std::string& title,

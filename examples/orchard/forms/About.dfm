@@ -41,7 +41,7 @@ object AboutBox: TAboutBox
     Strings.Strings = (
       'IDS_0'#1'Orchard order book'#1'Orchard-Bestellbuch'
       
-        'IDS_1'#1'Version 2.1 for farms of every size'#1'Version 2.1 f'#252'r H'#246'fe je' +
-        'der Gr'#246#223'e')
+        'IDS_1'#1'Version 2.1 for farms of every size'#1'Version 2.1 f'#252'r H'#246'fe j' +
+        'eder Gr'#246#223'e')
   end
 end
