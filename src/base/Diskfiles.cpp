@@ -260,7 +260,7 @@ std::string ReadWhole(const std::string& path) {
 }
 
 void ReadInParts(const std::string& path, const TPassPart& pass) {
-    constexpr std::size_t kPart = 32 * 1024;
+    constexpr std::size_t kPart = 32768;
     SizeToRead(path);
     TDescriptor file(path, O_RDONLY, "cannot be read");
     for (std::string part = file.Read(kPart); !part.empty() && pass(part);)

@@ -15,6 +15,7 @@ struct TTransRow {
     int Table = -1;
     int Entry = -1;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): of the comparison with 0 that the compiler writes here
     auto operator<=>(const TTransRow&) const = default;
 };
 

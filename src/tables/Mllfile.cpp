@@ -285,11 +285,11 @@ void TMllFile::PutSettings(std::string_view section, const std::vector<TSetting>
     };
     if (const TSection* present = document_.Find(section))
         for (const TEntryLine& line : document_.Entries(*present)) {
-            const auto [name, value] = Setting(line.Content);
+            const auto old = Setting(line.Content);
             const auto set = std::find_if(settings.begin(), settings.end(),
-                                          [&](const TSetting& one) { return SameText(one.Name, name); });
+                                          [&](const TSetting& one) { return SameText(one.Name, old.first); });
             if (set != settings.end()) isThere[static_cast<std::size_t>(set - settings.begin())] = true;
-            if (set == settings.end() || set->Plain(value) == set->Plain(set->Value))
+            if (set == settings.end() || set->Plain(old.second) == set->Plain(set->Value))
                 (lines += line.Content) += '\n';
             else
                 put(*set);
