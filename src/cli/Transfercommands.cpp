@@ -61,7 +61,8 @@ class TTransferRun {
             reports.emplace_back(row.FormName, report);
             Tell(row, report);
         });
-        if (use == TFormUse::Changes) ExpectOwnFile(reports);
+        // What a form says of the file, where it cannot be read, says more.
+        if (use == TFormUse::Changes && reports.size() == rows.size()) ExpectOwnFile(reports);
         files->Commit();
         scope->Commit();
         session_.Ide().SaveAll();

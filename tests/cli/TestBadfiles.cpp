@@ -4,6 +4,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "base/Checksum.h"
 #include "support/Workfolder.h"
 
 namespace tml {
@@ -33,6 +34,17 @@ TPrepare Replaced(const std::string& what, const std::string& by) {
     return [=](const fs::path& file) {
         std::string bytes = BytesOf(file);
         bytes.replace(bytes.find(what), what.size(), by);
+        WriteBytes(file, bytes);
+    };
+}
+
+/// In a binary file, whose checksum fits again.
+TPrepare Resealed(const std::string& what, const std::string& by) {
+    return [=](const fs::path& file) {
+        Replaced(what, by)(file);
+        std::string bytes = BytesOf(file);
+        for (const std::uint32_t sum = Crc32(std::string_view(bytes).substr(14)); const int i : {0, 1, 2, 3})
+            bytes[static_cast<std::size_t>(10 + i)] = static_cast<char>(sum >> (8 * i) & 0xFF);
         WriteBytes(file, bytes);
     };
 }
@@ -91,6 +103,25 @@ TEST_F(TBadfiles, AreNamedWithTheirPlaceAndChangeNothing) {
         EXPECT_EQ(fs::is_regular_file(file) ? fs::file_size(file) : 0, size);
         if (good.contains(row.File)) WriteBytes(file, good.at(row.File));
         EXPECT_EQ(ContentOf(Folder / "p"), good) << row.Command << " " << row.Message;
+    }
+}
+
+TEST_F(TBadfiles, OfADamagedFormNothingElseIsTold) {
+    const struct {
+        const char* File;
+        TPrepare Prepare;
+        const char* Problem;
+    } rows[] = {
+        {"ship.mll", Replaced("~!@#$Schiff", ""), ":13: .Caption has 1 text where 2 are expected"},
+        {"ship.mlb", Resealed(".Caption\2", ".Caption\3"), ": the form ShipForm names more than it holds"},
+    };
+    for (const auto& row : rows) {
+        Tell("save Fleet.dpr --form ShipForm " + std::string(row.File));
+        row.Prepare(File(row.File));
+        const std::string output = Tell("load Fleet.dpr " + std::string(row.File)).Output;
+        EXPECT_TRUE(output.starts_with("tmllang: ShipForm: " + File(row.File).string() + row.Problem))
+            << output;
+        EXPECT_EQ(output.find('\n'), output.size() - 1) << output;
     }
 }
 
