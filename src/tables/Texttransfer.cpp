@@ -40,17 +40,18 @@ class TTableTransfer {
                    const TTransfer& transfer, TTransferReport& report)
         : name_(name), own_(own), languages_(languages), transfer_(transfer), report_(report) {
         const auto& entries = own_.Entries();
-        for (std::size_t i = 0; i < entries.size(); ++i)
+        known_ = entries.size();
+        for (std::size_t i = 0; i < known_; ++i)
             indexes_[UpperCase(entries[i].Key)].Items.push_back(static_cast<int>(i));
     }
 
     void Run(const TTable& file) {
-        std::vector<bool> met(own_.Entries().size(), false);
+        std::vector<bool> met(known_, false);
         for (const TTableEntry& entry : file.Entries()) {
             const int index = TakeIndex(entry);
             if (index < 0) continue;
             Take(index, entry);
-            if (static_cast<std::size_t>(index) < met.size()) met[static_cast<std::size_t>(index)] = true;
+            if (!IsNew(index)) met[static_cast<std::size_t>(index)] = true;
         }
         for (std::size_t i = 0; i < met.size(); ++i)
             if (!met[i]) Leave(static_cast<int>(i));
@@ -64,6 +65,7 @@ class TTableTransfer {
     };
 
     const TTableEntry& At(int index) const { return own_.Entries()[static_cast<std::size_t>(index)]; }
+    bool IsNew(int index) const { return static_cast<std::size_t>(index) >= known_; }
     std::string Where(const std::string& key) const { return name_ + ' ' + key; }
 
     /// -1 where the form has no place for the entry.
@@ -80,7 +82,9 @@ class TTableTransfer {
 
     bool Append(const TTableEntry& entry) {
         if (own_.Type() == TStringsType::stStrings) report_.Added.Add(Where(entry.Key));
-        return own_.Add(entry.Key, entry.Base(), languages_.Count());
+        const bool isNew = own_.Add(entry.Key, entry.Base(), languages_.Count());
+        report_.Taken += isNew && !entry.Base().empty() ? 1 : 0;
+        return isNew;
     }
 
     void Take(int index, const TTableEntry& entry) {
@@ -89,7 +93,9 @@ class TTableTransfer {
     }
 
     void Take(int index, int place, const TTableEntry& entry, std::size_t column) {
-        const TTableValue former = ValueAt(At(index), static_cast<std::size_t>(place) - 1);
+        // What a new entry begins with, its base text, is nobody's translation yet.
+        const TTableValue former =
+            IsNew(index) ? TTableValue() : ValueAt(At(index), static_cast<std::size_t>(place) - 1);
         const bool wasTranslated = IsTranslation(former, At(index).Base());
         const TTableValue taken =
             WithNewBase(ValueAt(entry, column), entry.Base(), At(index).Base(), HasStates(own_.Type()));
@@ -147,6 +153,7 @@ class TTableTransfer {
     const TTransfer& transfer_;
     TTransferReport& report_;
     std::unordered_map<std::string, TIndexes> indexes_;  ///< by key, upper-cased
+    std::size_t known_ = 0;                              ///< entries that the form has had
 };
 
 /// They go through a table of their own: what holds for entries holds for them.

@@ -116,6 +116,27 @@ TEST(Texttransfer, EntriesMeetByKeyAndTurnAndWhatOneSideLacksIsTold) {
     }
 }
 
+TEST(Texttransfer, EveryTextOfANewEntryCountsWhereATableTakesIt) {
+    const struct {
+        TStringsType Type;
+        const char *Base, *German;
+        int Taken;
+    } rows[] = {
+        {TStringsType::stStrings, "Go", "", 1},     {TStringsType::stStrings, "Go", "Los", 2},
+        {TStringsType::stLocales, "en", "en", 2},   {TStringsType::stLocales, "", "de", 1},
+        {TStringsType::stCaptions, "Go", "Los", 0},
+    };
+    for (const auto& row : rows) {
+        TLangTexts form = TextsIn(kTwo), file = form;
+        file.Tables[static_cast<std::size_t>(row.Type)].Append({"A", {{row.Base}, {row.German}}});
+        for (const int taken : {row.Taken, 0}) {
+            TTransferReport report;
+            TransferTexts(form, file, {TTransferKind::Load, {1, 2}}, report);
+            EXPECT_EQ(report.Taken, taken) << row.Base << row.German;
+        }
+    }
+}
+
 TEST(Texttransfer, LanguagesMeetByName) {
     const struct {
         const char *Present, *File, *Loaded, *Merged, *Only;  ///< names; from where; to where
