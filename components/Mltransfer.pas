@@ -260,6 +260,8 @@ type
     destructor Destroy; override;
     { -1 where none is left; IsKnown tells whether there was one. }
     function Take(const Key: string; out IsKnown: Boolean): Integer;
+    { A key that was not known and is taken. }
+    procedure Add(const Key: string);
   end;
 
 constructor TmlEntryIndex.Create(const Entries: TmlTextEntries);
@@ -279,6 +281,7 @@ begin
     if Number = Known then FFirstOf[Number] := I else FNext[FLastOf[Number]] := I;
     FLastOf[Number] := I;
   end;
+  SetLength(FFirstOf, FKeys.Count);
 end;
 
 destructor TmlEntryIndex.Destroy;
@@ -294,9 +297,14 @@ begin
   Result := NowhereElse;
   Number := FKeys.Find(Key);
   IsKnown := Number >= 0;
-  if not IsKnown then Exit;
+  if not IsKnown or (Number > High(FFirstOf)) then Exit;
   Result := FFirstOf[Number];
   if Result >= 0 then FFirstOf[Number] := FNext[Result];
+end;
+
+procedure TmlEntryIndex.Add(const Key: string);
+begin
+  FKeys.Add(Key);
 end;
 
 function TmlTransfer.HasPlaceFor(const Key: string; IsFree: Boolean): Boolean;
@@ -329,9 +337,12 @@ begin
         SetLength(Own[Found].Texts, Length(FNames));
         Base := TextAt(Theirs[I], 0);
         SetTextAt(Own[Found], 0, Base);
+        if IsFree then Index.Add(Theirs[I].Key);
         FReport.Add('added: ' + Name + ' ' + Theirs[I].Key);
       end;
-      if Found < 0 then
+      if (Found < 0) and IsKnown then
+        FReport.Add('no place: ' + Name + ' ' + Theirs[I].Key + ' (stands in the file more often than in the form)')
+      else if Found < 0 then
         FReport.Add('no place: ' + Name + ' ' + Theirs[I].Key)
       else
       begin

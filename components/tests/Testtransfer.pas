@@ -87,16 +87,19 @@ begin
 end;
 
 procedure TestMerge;
+const
+  Twice = ' (stands in the file more often than in the form)'#10;
 var
   Lang: TmlLang;
 begin
   Lang := Read(Languages + Tables);
   Lang.Language := 'German';
   Lang.MergeAllFromFile(FileOf(Head + '1,3,2'#10'[P/Form/Captions]'#10'.Caption=Base|Fond|'#10 +
-    'One.Caption=One!|Un|Einzig'#10'Gone.Caption=Gone|Parti|Weg'#10'Two.Caption=Deux|Deux|Zwo'#10'[P/Form/Strings]'#10 +
-    'NEW=New|Neuf|Neu'#10));
+    'One.Caption=One!|Un|Einzig'#10'Gone.Caption=Gone|Parti|Weg'#10'Two.Caption=Deux|Deux|Zwo'#10'.Caption=Base||'#10 +
+    '[P/Form/Strings]'#10'NEW=New|Neuf|Neu'#10'New=New|Nouveau|Neuer'#10));
   ExpectText('added: language French'#10'overwritten: Captions One.Caption (German): Eins'#10 +
-    'no place: Captions Gone.Caption'#10'overwritten: Captions Two.Caption (German): Zwei'#10'added: Strings NEW'#10, Lang.Report.Text, 'the report of a merge');
+    'no place: Captions Gone.Caption'#10'overwritten: Captions Two.Caption (German): Zwei'#10 +
+    'no place: Captions .Caption' + Twice + 'added: Strings NEW'#10'no place: Strings New' + Twice, Lang.Report.Text, 'the report of a merge');
   ExpectText('English,German,Hebrew,French', Lang.LangNames.CommaText, 'languages are added');
   ExpectText('Einzig', Caption('One'), 'what is shown follows');
   ExpectText('Neu', Lang.GetText('new'), 'a new ID');

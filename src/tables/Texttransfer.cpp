@@ -73,18 +73,23 @@ class TTableTransfer {
         const auto found = indexes_.find(UpperCase(entry.Key));
         if (found != indexes_.end() && found->second.Next < found->second.Items.size())
             return found->second.Items[found->second.Next++];
-        const bool isDouble = found != indexes_.end();
-        const bool isNew = !isDouble && IsFreeTable(own_.Type()) && Append(entry);
-        if (isNew) return static_cast<int>(own_.Entries().size()) - 1;
-        report_.Unknown.Add(Where(entry.Key));
+        const bool isFree = IsFreeTable(own_.Type());
+        const bool isKnown = found != indexes_.end();
+        if (!isKnown && isFree && Append(entry)) return static_cast<int>(own_.Entries().size()) - 1;
+        if (isKnown || isFree)
+            report_.Notes.Add(
+                Format("no place: %s (stands in the file more often than in the form)", Where(entry.Key)));
+        else
+            report_.Unknown.Add(Where(entry.Key));
         return -1;
     }
 
+    /// False for a key that has been added before.
     bool Append(const TTableEntry& entry) {
+        if (!own_.Add(entry.Key, entry.Base(), languages_.Count())) return false;
         if (own_.Type() == TStringsType::stStrings) report_.Added.Add(Where(entry.Key));
-        const bool isNew = own_.Add(entry.Key, entry.Base(), languages_.Count());
-        report_.Taken += isNew && !entry.Base().empty() ? 1 : 0;
-        return isNew;
+        report_.Taken += entry.Base().empty() ? 0 : 1;
+        return true;
     }
 
     void Take(int index, const TTableEntry& entry) {

@@ -98,6 +98,7 @@ TEST(Texttransfer, EntriesMeetByKeyAndTurnAndWhatOneSideLacksIsTold) {
     const TLangTexts file = Texts(kTwo, {{"A.CAPTION", "1", "eins"},
                                          {"b.Caption", "2", "zwei"},
                                          {"b.Caption", "2", "zwo"},
+                                         {"B.Caption", "2", "zwote"},
                                          {"gone.Caption", "G", "Weg"}});
     for (const TTransferKind kind : {TTransferKind::Load, TTransferKind::Merge}) {
         TLangTexts form = Texts(kTwo, {{"b.Caption", "2", "2"},
@@ -111,6 +112,8 @@ TEST(Texttransfer, EntriesMeetByKeyAndTurnAndWhatOneSideLacksIsTold) {
                   std::string("b.Caption|2|zwei,a.Caption|1|eins,b.Caption|2|zwo,own.Caption|O|") +
                       (loads ? "" : "Eigen"));
         EXPECT_EQ(report.Unknown.CommaText(), "\"Captions gone.Caption\"");
+        EXPECT_EQ(report.Notes.Text(),
+                  "no place: Captions B.Caption (stands in the file more often than in the form)\r\n");
         EXPECT_EQ(report.Dropped.CommaText(), loads ? "\"Captions own.Caption (German): 'Eigen'\"" : "");
         EXPECT_EQ(report.Kept, loads ? 0 : 1);
     }
@@ -135,6 +138,13 @@ TEST(Texttransfer, EveryTextOfANewEntryCountsWhereATableTakesIt) {
             EXPECT_EQ(report.Taken, taken) << row.Base << row.German;
         }
     }
+    TLangTexts form = TextsIn(kTwo), file = form;
+    for (int i = 0; i < 2; ++i)
+        file.Tables[static_cast<std::size_t>(TStringsType::stStrings)].Append({"A", {{"Go"}, {"Los"}}});
+    TTransferReport report;
+    TransferTexts(form, file, {TTransferKind::Load, {1, 2}}, report);
+    EXPECT_EQ(report.Added.CommaText() + report.Unknown.CommaText(), "\"Strings A\"");
+    EXPECT_EQ(report.Notes.Count(), 1);
 }
 
 TEST(Texttransfer, LanguagesMeetByName) {
