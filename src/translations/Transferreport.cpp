@@ -15,6 +15,10 @@ constexpr std::size_t kMostCharacters = 120;
 std::string InOneLine(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return text;
+}
+
+std::string Shortened(const std::string& text) {
     const std::string_view begin = LeftCodePoints(text, kMostCharacters);
     return begin.size() == text.size() ? text : std::string(begin) + "...";
 }
@@ -22,14 +26,15 @@ std::string InOneLine(std::string text) {
 }  // namespace
 
 TStringList LinesOf(const TTransferReport& report) {
-    TStringList lines = report.Notes;
+    TStringList lines;
     const auto add = [&](const char* what, const TStringList& list) {
         for (const std::string& line : list)
-            lines.Add(Format("%s: %s", what, line));
+            lines.Add(Format("%s%s", what, InOneLine(line)));
     };
-    add("dropped", report.Dropped);
-    add("overwritten", report.Overwritten);
-    add("not in the form", report.Unknown);
+    add("", report.Notes);
+    add("dropped: ", report.Dropped);
+    add("overwritten: ", report.Overwritten);
+    add("not in the form: ", report.Unknown);
     if (report.Kept > 0) lines.Add(Format("kept, for the file has no text: %d", report.Kept));
     if (report.InDoubt > 0) lines.Add(Format("in doubt, for the base text is another: %d", report.InDoubt));
     return lines;
@@ -40,11 +45,11 @@ void ShowReports(IDialogs& dialogs, const TFormReports& reports, const TStringLi
     int count = 0;
     for (const auto& [form, report] : reports)
         for (const std::string& line : LinesOf(report))
-            if (++count <= kMostLines) text += Format("%s: %s\r\n", form, InOneLine(line));
+            if (++count <= kMostLines) text += Format("%s: %s\r\n", form, Shortened(line));
     if (count > kMostLines) text += Format("and %d more\r\n", count - kMostLines);
     if (!unsaved.Empty())
         text +=
-            Format("Open, and with changes that are not saved yet: %s\r\n", InOneLine(unsaved.CommaText()));
+            Format("Open, and with changes that are not saved yet: %s\r\n", Shortened(unsaved.CommaText()));
     if (!text.empty()) dialogs.MessageDlg(text, TMsgDlgType::mtInformation, {mrOk});
 }
 
