@@ -8,8 +8,8 @@
 namespace tml {
 namespace {
 
-/// Nobody reads more in one message, and no more of a line.
-constexpr int kMostLines = 20;
+/// Nobody reads more of a line. How many lines are shown at once is the window's to say, which counts the
+/// rest.
 constexpr std::size_t kMostCharacters = 120;
 
 std::string InOneLine(std::string text) {
@@ -42,11 +42,9 @@ TStringList LinesOf(const TTransferReport& report) {
 
 void ShowReports(IDialogs& dialogs, const TFormReports& reports, const TStringList& unsaved) {
     std::string text;
-    int count = 0;
     for (const auto& [form, report] : reports)
         for (const std::string& line : LinesOf(report))
-            if (++count <= kMostLines) text += Format("%s: %s\r\n", form, Shortened(line));
-    if (count > kMostLines) text += Format("and %d more\r\n", count - kMostLines);
+            text += Format("%s: %s\r\n", form, Shortened(line));
     if (!unsaved.Empty())
         text +=
             Format("Open, and with changes that are not saved yet: %s\r\n", Shortened(unsaved.CommaText()));

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "desktop/Deskfixture.h"
+#include "translations/Transferreport.h"
 
 namespace tml {
 namespace {
@@ -53,6 +54,21 @@ TEST_F(TMessages, LongMessagesLeaveRoomForTheButtons) {
     EXPECT_EQ(Window->Host().Host().Dialogs->MessageDlg(text + "Continue?", TMsgDlgType::mtConfirmation,
                                                         {mrYes, mrNo}),
               mrNo);
+}
+
+TEST_F(TMessages, WhatALongReportDoesNotShowIsCountedOnceAndInTheDetails) {
+    TTransferReport report;
+    for (int i = 0; i < 40; ++i)
+        report.Dropped.Add("Captions Button" + std::to_string(i) + ".Caption (German): 'Los'");
+    User.On([](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text().count("dropped: "), 15) << FromQt(box.text());
+        EXPECT_EQ(box.text().count(" more"), 1);
+        EXPECT_TRUE(box.text().contains("... (25 more lines)"));
+        EXPECT_EQ(box.detailedText().count("dropped: "), 40);
+        box.close();
+    });
+    ShowReports(Context().Dialogs(), {{"MainForm", report}});
 }
 
 TEST_F(TMessages, ProblemsOfAProjectLeadToTheirFile) {
