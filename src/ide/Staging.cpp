@@ -37,6 +37,14 @@ TFolders FoldersOf(const TLines& lines) {
     return folders;
 }
 
+/// What is wrong with a folder is said of it: nobody knows its lock file.
+void ExpectUsable(IFileSystem& files, const std::string& folder) {
+    const auto info = files.Stat(folder);
+    if (!info) throw EFileError(folder, 0, "there is no such folder", "Make it, or name another one");
+    if (info->ReadOnly)
+        throw EFileError(folder, 0, "the folder is read-only", "Make it writable, or name another one");
+}
+
 /// Held while files of the folders are renamed, so that a second program does not take our stage files for
 /// left-overs. In the order of their names, so that two programs never wait for each other; the lock files
 /// go with it.
@@ -48,8 +56,8 @@ class TFolderLocks {
             try {
                 locks_.emplace_back(path, files.Lock(path));
             } catch (const EFileError&) {
-                if (files.Stat(folder)) throw;
-                throw EFileError(folder, 0, "there is no such folder", "Make it, or name another one");
+                ExpectUsable(files, folder);
+                throw;
             }
         }
     }

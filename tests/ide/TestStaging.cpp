@@ -2,6 +2,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 
 #include "base/Diskfiles.h"
@@ -324,10 +326,37 @@ TEST(Staging, ARecordThatNamesOtherFilesMovesNothing) {
     EXPECT_THROW(RecoverStaged(disk, kPaths), EBadInput);
 }
 
-TEST(Staging, TheDiskKeepsLinksAndModes) {
-    namespace fs = std::filesystem;
-    const fs::path folder = fs::path(testing::TempDir()) / ("tml-staging-" + std::to_string(::getpid()));
+namespace fs = std::filesystem;
+
+fs::path NewFolder() {
+    fs::path folder = fs::path(testing::TempDir()) / ("tml-staging-" + std::to_string(::getpid()));
     fs::remove_all(folder);
+    fs::create_directories(folder);
+    return folder;
+}
+
+TEST(Staging, AFolderThatCannotBeWrittenIsNamed) {
+    const fs::path folder = NewFolder();
+    fs::permissions(folder, fs::perms(0555));
+    std::thread somebody([&] {
+        // Root may write everywhere; of this thread only.
+        if (::geteuid() == 0) {
+            ASSERT_EQ(::syscall(SYS_setresuid, -1, 1234, -1), 0);
+        }
+        try {
+            WriteTogether(*MakeDiskFileSystem(), {{(folder / "a.mll").string(), "new", std::nullopt}});
+            ADD_FAILURE();
+        } catch (const EFileError& error) {
+            EXPECT_EQ(error.what(),
+                      folder.string() + ": the folder is read-only. Make it writable, or name another one");
+        }
+    });
+    somebody.join();
+    fs::remove_all(folder);
+}
+
+TEST(Staging, TheDiskKeepsLinksAndModes) {
+    const fs::path folder = NewFolder();
     fs::create_directories(folder / "real");
     const auto disk = MakeDiskFileSystem();
     const auto mode = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
