@@ -2,7 +2,9 @@
 
 #include "core/Insertion.h"
 #include "core/Modules.h"
+#include "forms/Formtree.h"
 #include "support/Expertfixture.h"
+#include "translations/Formtrans.h"
 
 namespace tml {
 namespace {
@@ -51,6 +53,27 @@ TEST_F(TFormupdate, OnlySelectedFormsWithAComponentAndWhatCannotBeReadIsSaid) {
     Expert->Window()->Run("Update");
     EXPECT_TRUE(Holds("Unit1.dfm", "stale"));
     EXPECT_FALSE(Holds("Unit2.dfm", "mlLang"));
+}
+
+TEST_F(TFormupdate, ATextOfABinaryFormCountsInEveryWayThatItIsStored) {
+    using namespace std::string_literals;
+    Open();
+    Select("Form1");
+    std::string& form = Files.Files["/p/Unit1.dfm"];
+    const std::string binary = TFormTree::Parse(form, "Unit1.dfm")->Binary();
+    const std::string caption = "\x06\x02Go"s;
+    for (const std::string& stored :
+         {caption, "\x0C\x02\0\0\0Go"s, "\x12\x02\0\0\0G\0o\0"s, "\x14\x02\0\0\0Go"s}) {
+        form = binary.substr(binary.find("TPF0"));  // without the size
+        form.replace(form.find(caption), caption.size(), stored);
+        Files.Files.erase("/p/a.mll");
+        SaveFormToFile(Context(), "Form1", "/p/a.mll", "|");
+        EXPECT_TRUE(Holds("a.mll", "\nButton1.Caption=Go|Los\n")) << stored.size();
+        Expert->Window()->Run("Update");
+        EXPECT_NE(TFormTree::Parse(form, "Unit1.dfm")->Text().find("'Button1.Caption'#1'Go'#1'Los'"),
+                  std::string::npos)
+            << stored.size();
+    }
 }
 
 TEST_F(TFormupdate, ClearAsksFirst) {
