@@ -1,5 +1,5 @@
-// Translation files that cannot be used, and folders that cannot be written: the program names the file and
-// the place, ends with code 2 and leaves every file as it was.
+// Translation files that are hard to use or cannot be used, and folders that cannot be written: the program
+// names the file and the place, ends with code 2 and leaves every file as it was.
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -122,6 +122,18 @@ TEST_F(TBadfiles, OfADamagedFormNothingElseIsTold) {
         EXPECT_TRUE(output.starts_with("tmllang: ShipForm: " + File(row.File).string() + row.Problem))
             << output;
         EXPECT_EQ(output.find('\n'), output.size() - 1) << output;
+    }
+}
+
+TEST_F(TBadfiles, OptionsBehindTheFirstPartOfAFileAreFound) {
+    Tell("save Fleet.dpr fleet.mll --delimiter '<->' --yes");
+    const std::string text = BytesOf(File("fleet.mll"));
+    constexpr std::size_t kPart = 32 * 1024;
+    for (const std::size_t front : {2 * kPart, kPart - text.find("->")}) {
+        const std::string late = ";" + std::string(front - 2, '-') + "\n" + text;
+        WriteBytes(File("fleet.mll"), late);
+        EXPECT_EQ(Tell("save Fleet.dpr fleet.mll").Output, "");
+        EXPECT_TRUE(BytesOf(File("fleet.mll")) == late) << front;
     }
 }
 
