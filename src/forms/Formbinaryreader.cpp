@@ -55,12 +55,11 @@ std::uint32_t TFormBytes::Size() {
 
 std::int64_t TFormBytes::Number(std::size_t count) {
     const std::string_view taken = Take(count);
-    std::uint64_t number = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        number |= static_cast<std::uint64_t>(static_cast<unsigned char>(taken[i])) << (8 * i);
-    }
-    const std::size_t unused = 64 - 8 * count;
-    return static_cast<std::int64_t>(number << unused) >> unused;
+    // From the last byte on, whose first bit is the sign.
+    std::int64_t number = !taken.empty() && static_cast<signed char>(taken.back()) < 0 ? -1 : 0;
+    for (auto byte = taken.rbegin(); byte != taken.rend(); ++byte)
+        number = number << 8 | static_cast<unsigned char>(*byte);
+    return number;
 }
 
 void TFormBytes::FailAt(std::uint64_t count) const {
