@@ -27,7 +27,8 @@ type
     FVersion: Integer;
     FFields: TmlFileFields;
     FNames: array of TmlNamedColumn;
-    function ReadOptions(const Given: string): string;
+    function ReadOptions: string;
+    procedure ExpectForms;
     procedure ReadNames;
     procedure Use(const Delimiter: string);
     procedure WriteAnew(const Delimiter: string);
@@ -177,15 +178,31 @@ begin
 end;
 
 constructor TmllFile.Create(const Bytes, FileName, Delimiter: string);
+var
+  Named: string;
 begin
   inherited Create(FileName);
   FVersion := TranslationFileVersion;
   FDocument := TmllDocument.Create(Bytes, FileName);
-  if Bytes = '' then Use(Delimiter) else Use(ReadOptions(Delimiter));
+  if Bytes = '' then Named := Delimiter else Named := ReadOptions;
+  if Named = '' then Use(Delimiter) else Use(Named);
   ReadNames;
   if (Pos(#13, Delimiter) > 0) or (Pos(#10, Delimiter) > 0) or not IsValidUtf8(Delimiter) then
     Refuse(0, 'a delimiter has to stand in one line, as UTF-8', 'Choose another one');
+  if (Named = '') and (Bytes <> '') then ExpectForms;
   if (Delimiter <> '') and (Delimiter <> FFields.Delimiter) then WriteAnew(Delimiter);
+end;
+
+{ The delimiter of a file that names none may be another one than that of its lines. }
+procedure TmllFile.ExpectForms;
+var
+  Form: TmlFormAddress;
+  Section: TmlFormSection;
+begin
+  if FFields.Delimiter = '' then
+    Refuse(FDocument.Find(OptionsName).Number, 'the section "Options" has no delimiter', 'Add the line "Delimiter=..."');
+  for Form in Forms do
+    Read(Form, Section);
 end;
 
 { Blanks at a line's end are no text, for those of a text are escaped. }
@@ -203,8 +220,8 @@ begin
   inherited Destroy;
 end;
 
-{ The delimiter; the one given where the file names none and has no lines of another one. }
-function TmllFile.ReadOptions(const Given: string): string;
+{ The delimiter; '' where the file names none. }
+function TmllFile.ReadOptions: string;
 var
   Options: TmlSection;
   Line: TmlEntryLine;
@@ -212,7 +229,7 @@ var
 begin
   Options := FDocument.Find(OptionsName);
   if Options = nil then Refuse(1, 'the section "Options" is missing', 'Choose a translation file (.mll)');
-  if Forms = nil then Result := Given else Result := '';
+  Result := '';
   FVersion := 0;
   for Line in FDocument.Entries(Options) do
   begin
@@ -221,8 +238,6 @@ begin
     if SameIgnoringCase(Setting.Name, 'Delimiter') then Result := Unquoted(Setting.Value);
     if FVersion < 0 then Refuse(Line.Number, 'the version is no number', 'Restore the line "Version=1"');
   end;
-  if Result = '' then
-    Refuse(Options.Number, 'the section "Options" has no delimiter', 'Add the line "Delimiter=..."');
 end;
 
 procedure TmllFile.ReadNames;

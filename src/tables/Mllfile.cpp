@@ -121,16 +121,32 @@ std::string DelimiterOfMll(std::string_view bytes) {
     return delimiter;
 }
 
+bool MayBeMll(std::string_view bytes) {
+    if (bytes.starts_with(kMllMark)) bytes.remove_prefix(kMllMark.size());
+    while (Trim(bytes).starts_with(';'))
+        bytes.remove_prefix(std::min(bytes.find('\n', bytes.find(';')), bytes.size()));
+    return Trim(bytes).empty() || Trim(bytes).starts_with('[');
+}
+
 TMllFile::TMllFile(std::string bytes, const std::string& fileName, const std::string& delimiter)
-    : fileName_(fileName),
-      document_(std::move(bytes), fileName),
-      delimiter_(document_.BytesRead().empty() ? delimiter : ReadOptions(delimiter)),
-      fields_(delimiter_) {
-    Use(delimiter_);
+    : fileName_(fileName), document_(std::move(bytes), fileName), fields_(delimiter) {
+    const bool isNew = document_.BytesRead().empty();
+    const std::string named = isNew ? delimiter : ReadOptions();
+    Use(named.empty() ? delimiter : named);
     ReadNames();
     if (delimiter.find_first_of("\r\n") != std::string::npos || !IsValidUtf8(delimiter))
         Refuse(0, "a delimiter has to stand in one line, as UTF-8", "Choose another one");
+    if (named.empty() && !isNew) ExpectForms();
     if (!delimiter.empty() && delimiter != delimiter_) WriteAnew(delimiter);
+}
+
+/// The delimiter of a file that names none may be another one than that of its lines.
+void TMllFile::ExpectForms() const {
+    if (delimiter_.empty())
+        Refuse(document_.Find(kOptions)->Number, "the section \"Options\" has no delimiter",
+               "Add the line \"Delimiter=...\"");
+    for (const TFormAddress& form : Forms())
+        Read(form);
 }
 
 /// Blanks at a line's end are no text, for those of a text are escaped.
@@ -140,12 +156,12 @@ void TMllFile::Use(const std::string& delimiter) {
     document_.SetBlanksCount(delimiter_.ends_with(' ') || delimiter_.ends_with('\t'));
 }
 
-/// The delimiter; the one given where the file names none and has no lines of another one.
-std::string TMllFile::ReadOptions(const std::string& given) {
+/// The delimiter; "" where the file names none.
+std::string TMllFile::ReadOptions() {
     const TSection* options = document_.Find(kOptions);
     if (options == nullptr)
         Refuse(1, "the section \"Options\" is missing", "Choose a translation file (.mll)");
-    std::string delimiter = Forms().empty() ? given : std::string();
+    std::string delimiter;
     version_ = 0;
     for (const TEntryLine& line : document_.Entries(*options)) {
         const auto [name, value] = Setting(line.Content);
@@ -153,8 +169,6 @@ std::string TMllFile::ReadOptions(const std::string& given) {
         if (SameText(name, "Delimiter")) delimiter = Unquoted(value);
         if (version_ < 0) Refuse(line.Number, "the version is no number", "Restore the line \"Version=1\"");
     }
-    if (delimiter.empty())
-        Refuse(options->Number, "the section \"Options\" has no delimiter", "Add the line \"Delimiter=...\"");
     return delimiter;
 }
 

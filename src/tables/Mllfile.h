@@ -11,6 +11,9 @@ namespace tml {
 /// The delimiter of a text file, without reading more of it than its options; "" where it names none.
 std::string DelimiterOfMll(std::string_view bytes);
 
+/// False where the first lines of a file tell that it is no text file of translations.
+bool MayBeMll(std::string_view bytes);
+
 /// The text kind.
 class TMllFile : public ITranslationFile {
   public:
@@ -38,7 +41,8 @@ class TMllFile : public ITranslationFile {
     };
 
     void Use(const std::string& delimiter);
-    std::string ReadOptions(const std::string& given);
+    std::string ReadOptions();
+    void ExpectForms() const;
     void PutSettings(std::string_view section, const std::vector<TSetting>& settings,
                      std::string_view behind = {});
     void WriteOptions();

@@ -8,13 +8,15 @@ namespace {
 
 constexpr const char* kNoDelimiter = "You cannot use empty delimiter!";
 
-/// Options stand in front where a program has written them: more of the file is read where they do not.
+/// Options stand in front where a program has written them: more of the file is read where they do not, but
+/// nothing of a large file that is another one.
 std::string DelimiterInFile(TContext& context, const std::string& fileName) {
     IOTAModuleServices* services = GetModuleServices(context);
     if (services == nullptr) return {};
     std::string bytes;
     std::string delimiter;
     services->GetFiles().ReadParts(fileName, [&](std::string_view part) {
+        if (bytes.empty() && !MayBeMll(part)) return false;
         if (bytes.empty()) delimiter = DelimiterOfMll(part.substr(0, part.rfind('\n') + 1));
         bytes += part;
         return delimiter.empty();

@@ -200,9 +200,13 @@ TEST(Translationfile, TheDelimiterIsThatOfTheOptionsAndNoOther) {
         EXPECT_EQ(DelimiterOfMll(row.Bytes), row.Delimiter) << row.Bytes;
     for (const char* const odd : {"a\nb", "\r", "\xFF"})
         EXPECT_THROW(OpenTranslationFile("", "a.mll", odd), EBadInput) << odd;
-    // The one given may not be that of the lines.
-    EXPECT_NO_THROW(OpenTranslationFile("[Options]\nVersion=1\n", "a.mll", "|"));
-    EXPECT_THROW(OpenTranslationFile("[Options]\nVersion=1\n[P/F]\n", "a.mll", "|"), EBadInput);
+    // Where the file names none, the one given is taken if it can be that of the lines.
+    const std::string lines =
+        "[Language names - for internal use only!]\n1=A\n2=B\n[P/F]\nLanguages=1,2\n"
+        "[P/F/Captions]\na=x|y\n[Options]\nVersion=1\n";
+    EXPECT_NO_THROW(OpenTranslationFile(lines, "a.mll", "|"));
+    EXPECT_THROW(OpenTranslationFile(lines, "a.mll", "#"), EBadInput);
+    EXPECT_THROW(OpenTranslationFile(lines, "a.mll"), EBadInput);
 }
 
 TEST(Translationfile, ANumberThatAFormUsesIsNoNewLanguages) {
