@@ -34,7 +34,7 @@ type
       IsFree, HasStates, DropsRest: Boolean);
     function HasPlaceFor(const Key: string; IsFree: Boolean): Boolean;
     procedure TakeEntry(const Where: string; var Own: TmlTextEntry; const Theirs: TmlTextEntry; HasStates: Boolean);
-    function Settled(const Taken, Former: TmlMarkedText): TmlMarkedText;
+    function Settled(const Taken, Former: TmlMarkedText; HasSameBase: Boolean): TmlMarkedText;
     procedure Leave(const Where: string; var Own: TmlTextEntry);
     procedure Tell(const What, Where: string; Place: Integer; const Text: string);
   public
@@ -375,14 +375,14 @@ begin
     Says := Taken.Text <> '';
     if FKind = tkMerge then Says := IsTranslation(Taken, Base);
     if not Says and (WasTranslated or (Taken.Text = '')) then Continue;
-    SetTextAt(Own, Place, Settled(Taken, Former));
+    SetTextAt(Own, Place, Settled(Taken, Former, TextAt(Theirs, 0).Text = Base));
     if WasTranslated and (Former.Text <> Taken.Text) then Tell('overwritten', Where, Place, Former.Text);
   end;
 end;
 
 { What is in doubt on one side only has been looked at on the other: the same text in a merge, and a text that was
-  written anew in the file. }
-function TmlTransfer.Settled(const Taken, Former: TmlMarkedText): TmlMarkedText;
+  written anew in the file, of which the base text is the form's. }
+function TmlTransfer.Settled(const Taken, Former: TmlMarkedText; HasSameBase: Boolean): TmlMarkedText;
 var
   IsSame: Boolean;
 begin
@@ -390,7 +390,7 @@ begin
   IsSame := Taken.Text = Former.Text;
   if IsSame and (FKind = tkMerge) and IsInDoubt(Taken) and not IsInDoubt(Former) then
     Result := Former
-  else if not IsSame and IsInDoubt(Taken) and (Taken.Mark.State = Former.Mark.State) and
+  else if HasSameBase and not IsSame and IsInDoubt(Taken) and (Taken.Mark.State = Former.Mark.State) and
     (Taken.Mark.Former = Former.Mark.Former) then
     Result.Mark := NoMark;
 end;

@@ -3,45 +3,20 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <numeric>
 
 #include "core/Formfamilies.h"
 #include "core/Modules.h"
-#include "tables/Languageplaces.h"
 #include "tables/Languages.h"
 
 namespace tml {
 namespace {
 
-/// A change of languages: where each comes from, and which is active before and then (1-based).
-struct TMoves {
-    std::vector<int> Places;
-    int Active = 1;
-    int NewActive = 1;
-
-    /// Where the texts that are shown then stand now; those of a new language begin as the base language's.
-    int Shown() const { return std::max(Places[static_cast<std::size_t>(NewActive) - 1], 1); }
-    /// True where each of so many languages stays where it is.
-    bool AreNone(int languages) const { return Places == FirstPlaces(languages, languages); }
-
-    /// The first places of so many languages, new ones behind them.
-    static std::vector<int> FirstPlaces(int places, int languages) {
-        std::vector<int> first(static_cast<std::size_t>(languages));
-        std::iota(first.begin(), first.begin() + std::min(places, languages), 1);
-        return first;
-    }
-};
-
-TMoves MovesOf(ILanguages& languages, const TLangSetUp& setUp) {
-    TMoves moves{PlacesOf(languages, setUp), languages.GetActiveLanguage()};
-    const auto found = std::find(moves.Places.begin(), moves.Places.end(), moves.Active);
-    if (moves.Active > 1 && found != moves.Places.end())
-        moves.NewActive = static_cast<int>(found - moves.Places.begin()) + 1;
-    return moves;
+TLanguageMoves MovesOf(ILanguages& languages, const TLangSetUp& setUp) {
+    return TLanguageMoves::Of(PlacesOf(languages, setUp), languages.GetActiveLanguage());
 }
 
 /// The texts of every table follow their languages, the properties of the form the language that it shows.
-void MoveTexts(TmlCustomLang& lang, const TMoves& moves) {
+void MoveTexts(TmlCustomLang& lang, const TLanguageMoves& moves) {
     if (moves.AreNone(lang.GetNumLang())) return;
     if (moves.Shown() != moves.Active) lang.ShowLanguage(moves.Active, moves.Shown());
     lang.MoveLanguages(moves.Places);
@@ -75,7 +50,8 @@ std::vector<int> LinkedPlaces(std::vector<int> places, int languages, int column
 }
 
 /// Brings a linked component, whose own number and names count without its dispatcher, in step with it.
-void FollowDispatcher(TmlCustomLang& lang, TmlLangDispatcher& dispatcher, TMoves moves, int languages) {
+void FollowDispatcher(TmlCustomLang& lang, TmlLangDispatcher& dispatcher, TLanguageMoves moves,
+                      int languages) {
     const TStringList own = lang.GetLangNames();
     TStringList names = dispatcher.GetLangNames();
     moves.Places = LinkedPlaces(std::move(moves.Places), languages, lang.GetNumLang());
@@ -120,10 +96,6 @@ std::vector<TFormRow*> LinkedRows(TContext& context, TmlLangDispatcher& dispatch
     return sorted;
 }
 
-bool Stores(IOTAComponent& component, std::string_view list) {
-    return component.GetPropValue(std::string(list) + ".Strings").has_value();
-}
-
 /// Calls work for the component of each form that inherits that of the row and its languages.
 template <typename Work>
 void WithHeirs(TContext& context, const TFormRow& row, Work work) {
@@ -132,23 +104,11 @@ void WithHeirs(TContext& context, const TFormRow& row, Work work) {
         const auto module = GetModuleFromFileName(context, unit);
         const auto editor = GetFormEditorFromModule(module);
         const auto lang = editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
-        if (lang == nullptr || Stores(*lang->GetComponent(), "LangNames")) continue;
+        if (lang == nullptr || lang->GetComponent()->GetPropValue("LangNames.Strings").has_value()) continue;
         work(*lang);
         MarkModifiedForm(context, module->GetFormName());
         lease.Save();
     }
-}
-
-/// The tables that an heir stores itself; the others are its ancestor's, which have moved.
-void MoveStored(TmlCustomLang& heir, const TMoves& moves) {
-    std::vector<TTable> moved;
-    std::vector<TTable> tables = heir.GetTables();
-    for (TTable& table : tables)
-        if (Stores(*heir.GetComponent(), KindOf(table.Type()).Property)) {
-            table.MoveLanguages(moves.Places);
-            moved.push_back(std::move(table));
-        }
-    heir.SetTables(moved);
 }
 
 }  // namespace
@@ -158,16 +118,23 @@ std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
     const TStringList present = languages.GetLangNames();
     // Whether there can be so many is asked when they are set.
     const int count = std::clamp(setUp.NumLang, 1, kMostLanguages);
-    if (setUp.LangNamesText.empty()) return TMoves::FirstPlaces(present.Count(), count);
+    if (setUp.LangNamesText.empty()) return TLanguageMoves::FirstPlaces(present.Count(), count);
     TStringList names = FitLangNames(SplitLangNames(setUp.LangNamesText), count);
     for (int i = 0; i < std::min(names.Count(), setUp.FormerNames.Count()); ++i)
         if (present.IndexOf(setUp.FormerNames[i]) >= 0) names.Set(i, setUp.FormerNames[i]);
     return PlacesOfLanguages(present, names);
 }
 
+void MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase) {
+    if (phase == TMovePhase::Behind)
+        WithHeirs(context, row, [&](TmlCustomLang& heir) { heir.MoveStoredLanguages(moves.Places); });
+    else if (moves.Shown() != moves.Active)
+        WithHeirs(context, row, [&](TmlCustomLang& heir) { heir.ShowLanguage(moves.Active, moves.Shown()); });
+}
+
 void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp) {
     const auto scope = BeginCommand(context, "Languages");
-    const TMoves moves = MovesOf(dispatcher, setUp);
+    const TLanguageMoves moves = MovesOf(dispatcher, setUp);
     const int languages = dispatcher.GetNumOfLanguages();
     SetNames(dispatcher, setUp);
     dispatcher.SetNumOfLanguages(setUp.NumLang);
@@ -183,17 +150,15 @@ void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLa
 void SetUpComponent(TContext& context, TFormRow& row, const std::shared_ptr<IOTAComponent>& component,
                     const TLangSetUp& setUp) {
     if (const auto lang = context.Host.Runtime->AsCustomLang(component)) {
-        const TMoves moves = MovesOf(*lang, setUp);
+        const TLanguageMoves moves = MovesOf(*lang, setUp);
         const bool move = !moves.AreNone(lang->GetNumLang());
-        if (move && moves.Shown() != moves.Active)
-            WithHeirs(context, row,
-                      [&](TmlCustomLang& heir) { heir.ShowLanguage(moves.Active, moves.Shown()); });
+        if (move) MoveHeirs(context, row, moves, TMovePhase::Before);
         MoveTexts(*lang, moves);
         SetNames(*lang, setUp);
         lang->SetNumLang(setUp.NumLang);
         row.Component.NumLang = setUp.NumLang;
         SetActive(*lang, moves.NewActive);
-        if (move) WithHeirs(context, row, [&](TmlCustomLang& heir) { MoveStored(heir, moves); });
+        if (move) MoveHeirs(context, row, moves, TMovePhase::Behind);
     } else if (const auto dispatcher = context.Host.Runtime->AsDispatcher(component)) {
         SetUpDispatcher(context, *dispatcher, setUp);
     }

@@ -10,6 +10,7 @@
 #include "platform/Mlcommon.h"
 #include "platform/Toolsapi.h"
 #include "tables/Exclusions.h"
+#include "tables/Languageplaces.h"
 #include "tables/Propertykinds.h"
 #include "tables/Table.h"
 #include "tables/Texttransfer.h"
@@ -39,6 +40,9 @@ class TmlLangDispatcher : public ILanguages {
     virtual std::shared_ptr<IOTAComponent> GetComponent() = 0;
 };
 
+enum class TMovePhase { Before, Behind };
+using TOnLanguagesMove = std::function<void(const TLanguageMoves& moves, TMovePhase phase)>;
+
 /// A localization component, as a view on the component of the form.
 class TmlCustomLang : public ILanguages {
   public:
@@ -64,6 +68,10 @@ class TmlCustomLang : public ILanguages {
     /// Moves the values of all tables and what is known of them along with their languages; former as in
     /// MovedValues.
     virtual void MoveLanguages(const std::vector<int>& former) = 0;
+    /// The same of what the component stores itself; what it inherits has moved already.
+    virtual void MoveStoredLanguages(const std::vector<int>& former) = 0;
+    /// Who is told when a file that is loaded moves the languages of the component, before and behind it.
+    virtual void FollowLanguages(TOnLanguagesMove follow) = 0;
     /// All of them, and all that differ at once.
     virtual std::vector<TTable> GetTables() = 0;
     virtual void SetTables(const std::vector<TTable>& tables) = 0;

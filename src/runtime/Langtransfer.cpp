@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "runtime/Buildlist.h"
 #include "runtime/Showlanguage.h"
+#include "tables/Languageplaces.h"
 #include "tables/Textmerge.h"
 
 namespace tml {
@@ -44,14 +45,18 @@ class TLangLoad {
         report_.Notes = std::move(built.Notes);
     }
 
-    TTransferReport Run(const TLangTexts& file, const std::string& only) {
+    TTransferReport Run(const TLangTexts& file, const std::string& only, const TOnLanguagesMove& onMove) {
         ExpectOneBase(lang_, Present(), file.Languages, fileName_);
         TLanguageMeeting meeting = Meet(file.Languages, only);
         TellLanguages(meeting);
-        SetActive(meeting);
+        const TLanguageMoves moves = TLanguageMoves::Of(meeting.Former, active_);
+        const bool isTold = onMove != nullptr && !moves.AreNone(Present().Count());
+        if (isTold) onMove(moves, TMovePhase::Before);
+        SetActive(moves);
         const TLangTexts before = Moved(meeting);
         TransferTexts(texts_, file, {kind_, meeting.Places}, report_);
         Write(meeting);
+        if (isTold) onMove(moves, TMovePhase::Behind);
         ShowChanges(before);
         return std::move(report_);
     }
@@ -82,13 +87,12 @@ class TLangLoad {
     }
 
     /// The active language stays active; where it goes the form shows its base language first.
-    void SetActive(const TLanguageMeeting& meeting) {
-        const auto found = std::find(meeting.Former.begin(), meeting.Former.end(), active_);
-        if (found == meeting.Former.end()) {
+    void SetActive(const TLanguageMoves& moves) {
+        if (moves.Shown() != active_) {
             WriteTexts(lang_, texts_);
-            lang_.ShowLanguage(active_, 1);
+            lang_.ShowLanguage(active_, moves.Shown());
         }
-        active_ = found == meeting.Former.end() ? 1 : static_cast<int>(found - meeting.Former.begin()) + 1;
+        active_ = moves.NewActive;
     }
 
     /// The texts in their new languages, before the file's come in.
@@ -173,13 +177,13 @@ TTransferReport SaveKinds(TmlCustomLang& lang, TLangFiles& files, const TPropert
 }
 
 TTransferReport LoadTexts(TmlCustomLang& lang, TLangFiles& files, const std::string& fileName,
-                          TTransferKind kind, const std::string& only) {
+                          TTransferKind kind, const std::string& only, const TOnLanguagesMove& onMove) {
     const auto file = files.Read(fileName, FormNameOf(lang));
     if (!file) return Passed("the file holds nothing of it");
     const int language = only.empty() ? 0 : file->Languages.IndexOf(only);
     if (language < 0) return Passed("the file has no " + only + " of it");
     if (language == 0 && !only.empty()) return Passed(only + " is its base language there; its texts stay");
-    return TLangLoad(lang, fileName, kind).Run(*file, only);
+    return TLangLoad(lang, fileName, kind).Run(*file, only, onMove);
 }
 
 }  // namespace tml

@@ -68,6 +68,26 @@ void TmlLangView::MoveLanguages(const std::vector<int>& former) {
     MoveExtended(Component(), former);
 }
 
+/// Each table and "States" is held or inherited by itself.
+void TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
+    const auto stores = [&](const std::string& list) { return Component().GetPropValue(list).has_value(); };
+    const bool movesStates = stores(std::string(kStates) + ".Strings");
+    TStateRecords states = ReadStates();
+    for (const TTableKind& kind : kTableKinds) {
+        const std::string property = TableProperty(kind.Type);
+        if (!stores(property + ".Strings")) {
+            states.Move(kind.Type, former);
+            continue;
+        }
+        TTable table = ReadTable(kind.Type, states);
+        table.MoveLanguages(former);
+        WriteListProp(Component(), property, table.Lines(GetDelimiter()));
+        states.Take(table);
+    }
+    if (movesStates) WriteListProp(Component(), kStates, states.Lines());
+    if (stores("ExtendedTranslations")) MoveExtended(Component(), former);
+}
+
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {
     const std::shared_ptr<IOTAComponent> linked = ReadComponentProp(Component(), "Dispatcher");
     if (!linked || !ClassInheritsFrom(linked->GetComponentType(), "TmlLangDispatcher")) return nullptr;
@@ -172,19 +192,19 @@ TTransferReport TmlLangView::SaveToFile(const TPropertyKinds& kinds, const std::
 }
 
 TTransferReport TmlLangView::LoadAllFromFile(const std::string& fileName) {
-    return LoadTexts(*this, files_, fileName, TTransferKind::Load);
+    return LoadTexts(*this, files_, fileName, TTransferKind::Load, {}, onMove_);
 }
 
 TTransferReport TmlLangView::LoadAllFromBinaryFile(const std::string& fileName) {
-    return LoadTexts(*this, files_, fileName, TTransferKind::Load);
+    return LoadTexts(*this, files_, fileName, TTransferKind::Load, {}, onMove_);
 }
 
 TTransferReport TmlLangView::MergeAllFromFile(const std::string& fileName) {
-    return LoadTexts(*this, files_, fileName, TTransferKind::Merge);
+    return LoadTexts(*this, files_, fileName, TTransferKind::Merge, {}, onMove_);
 }
 
 TTransferReport TmlLangView::LoadLanguage(const std::string& fileName, const std::string& languageName) {
-    return LoadTexts(*this, files_, fileName, TTransferKind::Merge, languageName);
+    return LoadTexts(*this, files_, fileName, TTransferKind::Merge, languageName, onMove_);
 }
 
 void TmlLangView::ShowLanguage(int from, int to) {

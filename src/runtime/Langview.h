@@ -33,6 +33,8 @@ class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
     void SetTable(const TTable& table) override;
     void ShowLanguage(int from, int to) override;
     void MoveLanguages(const std::vector<int>& former) override;
+    void MoveStoredLanguages(const std::vector<int>& former) override;
+    void FollowLanguages(TOnLanguagesMove follow) override { onMove_ = std::move(follow); }
     std::vector<TTable> GetTables() override;
     void SetTables(const std::vector<TTable>& tables) override;
     void EditTables(const std::vector<TTable>& tables) override;
@@ -64,6 +66,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
     void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
 
     TLangFiles& files_;
+    TOnLanguagesMove onMove_;
 };
 
 class TmlDispatcherView : public TLanguagesView<TmlLangDispatcher> {

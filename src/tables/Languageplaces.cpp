@@ -1,8 +1,10 @@
 #include "tables/Languageplaces.h"
 
 #include <algorithm>
+#include <numeric>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "base/Utf8.h"
 #include "tables/Languages.h"
@@ -39,6 +41,24 @@ std::vector<int> PlacesOfLanguages(const TStringList& present, const TStringList
             found[place] = i + 1;
     }
     return found;
+}
+
+TLanguageMoves TLanguageMoves::Of(std::vector<int> places, int active) {
+    TLanguageMoves moves{std::move(places), active};
+    const auto found = std::find(moves.Places.begin(), moves.Places.end(), active);
+    if (active > 1 && found != moves.Places.end())
+        moves.NewActive = static_cast<int>(found - moves.Places.begin()) + 1;
+    return moves;
+}
+
+std::vector<int> TLanguageMoves::FirstPlaces(int places, int languages) {
+    std::vector<int> first(static_cast<std::size_t>(languages));
+    std::iota(first.begin(), first.begin() + std::min(places, languages), 1);
+    return first;
+}
+
+int TLanguageMoves::Shown() const {
+    return std::max(Places[static_cast<std::size_t>(NewActive) - 1], 1);
 }
 
 TStringList LostLanguages(const TStringList& present, const std::vector<int>& places) {

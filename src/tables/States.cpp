@@ -120,13 +120,27 @@ void TStateRecords::Take(const TTable& table) {
     std::erase_if(records_, [&](const TRecord& record) { return record.Table == name; });
     for (const TTableEntry& entry : table.Entries())
         for (std::size_t i = 1; i < entry.Values.size(); ++i)
-            if (entry.Values[i].Mark != TValueMark::None)
-                records_.push_back({std::string(name), entry.Key, static_cast<int>(i) + 1, entry.Values[i],
-                                    LineOf(table, entry, i)});
+            if (entry.Values[i].Mark != TValueMark::None) {
+                records_.push_back(
+                    {std::string(name), entry.Key, static_cast<int>(i) + 1, entry.Values[i], {}});
+                records_.back().Line = LineOf(records_.back());
+            }
     // The tables in their order; a line that is no record, or of a table that is not known, stays in front.
     std::stable_sort(records_.begin(), records_.end(), [](const TRecord& left, const TRecord& right) {
         return OrdinalOf(left.Table) < OrdinalOf(right.Table);
     });
+}
+
+void TStateRecords::Move(TStringsType type, const std::vector<int>& former) {
+    const std::string_view name = KindOf(type).Property;
+    for (TRecord& record : records_) {
+        if (record.Place == 0 || record.Table != name) continue;
+        const auto found = std::find(former.begin() + 1, former.end(), record.Place);
+        record.Place = found == former.end() ? 1 : static_cast<int>(found - former.begin()) + 1;
+        record.Line = LineOf(record);
+    }
+    // Where its language goes, or becomes the base language, it says nothing.
+    std::erase_if(records_, [](const TRecord& record) { return record.Place == 1; });
 }
 
 TStringList TStateRecords::Lines() const {
@@ -136,10 +150,9 @@ TStringList TStateRecords::Lines() const {
     return lines;
 }
 
-std::string TStateRecords::LineOf(const TTable& table, const TTableEntry& entry, std::size_t index) const {
-    const TTableValue& value = entry.Values[index];
-    const std::string place = std::to_string(index + 1);
-    return JoinFields({KindOf(table.Type()).Property, entry.Key, place, NameOf(value.Mark), value.Former},
+std::string TStateRecords::LineOf(const TRecord& record) const {
+    return JoinFields({record.Table, record.Key, std::to_string(record.Place), NameOf(record.Value.Mark),
+                       record.Value.Former},
                       delimiter_);
 }
 

@@ -50,6 +50,8 @@ class TStateRecords {
     void Mark(TTable& table) const;
     /// Takes the records of the table from its values; those of other tables stay.
     void Take(const TTable& table);
+    /// Moves those of a table along with the languages; former as in MovedValues.
+    void Move(TStringsType type, const std::vector<int>& former);
     TStringList Lines() const;
 
   private:
@@ -60,7 +62,7 @@ class TStateRecords {
         TTableValue Value;
         std::string Line;
     };
-    std::string LineOf(const TTable& table, const TTableEntry& entry, std::size_t index) const;
+    std::string LineOf(const TRecord& record) const;
 
     std::string delimiter_;
     std::vector<TRecord> records_;

@@ -110,21 +110,21 @@ class TTableTransfer {
             report_.Kept += wasTranslated ? 1 : 0;
             return;
         }
-        Set(index, place, former, Settled(taken, former));
+        Set(index, place, former, Settled(taken, former, entry.Base() == At(index).Base()));
         if (wasTranslated && former.Text != taken.Text)
             report_.Overwritten.Add(LineOf(Where(entry.Key), LanguageAt(place), taken.Text) +
                                     Format(" instead of '%s'", former.Text));
     }
 
     /// What is in doubt on one side only has been looked at on the other: the same text in a merge, and a
-    /// text that was written anew in the file.
-    TTableValue Settled(TTableValue taken, const TTableValue& former) const {
+    /// text that was written anew in the file, of which the base text is the form's.
+    TTableValue Settled(TTableValue taken, const TTableValue& former, bool hasSameBase) const {
         const bool isSame = taken.Text == former.Text;
         if (isSame && transfer_.Kind == TTransferKind::Merge && IsInDoubt(taken) && !IsInDoubt(former))
             return former;
         const bool isSameDoubt =
             IsInDoubt(taken) && taken.Mark == former.Mark && taken.Former == former.Former;
-        if (!isSame && isSameDoubt) return {taken.Text};
+        if (!isSame && isSameDoubt && hasSameBase) return {taken.Text};
         return taken;
     }
 

@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "core/Formfamilies.h"
+#include "core/Langsetup.h"
 #include "core/Modules.h"
 #include "tables/Translationfile.h"
 #include "translations/Formseries.h"
@@ -21,6 +22,8 @@ TTransferReport OnForm(TContext& context, const std::string& formName, TFormUse 
     if (row == nullptr || row->FileName.empty() || row->Component.ClassName.empty()) return report;
     ExpectNoNamesakeOf(context, *row);
     WithTmlLang(context, *row, use, [&](TmlCustomLang& lang) {
+        lang.FollowLanguages(
+            [&](const TLanguageMoves& moves, TMovePhase phase) { MoveHeirs(context, *row, moves, phase); });
         report = transfer(lang);
         if (use == TFormUse::Reads) return;
         row->Component.NumLang = lang.GetNumLang();

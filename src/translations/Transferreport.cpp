@@ -32,6 +32,7 @@ TStringList LinesOf(const TTransferReport& report) {
             lines.Add(Format("%s%s", what, InOneLine(line)));
     };
     add("", report.Notes);
+    add("added: ", report.Added);
     add("dropped: ", report.Dropped);
     add("overwritten: ", report.Overwritten);
     add("not in the form: ", report.Unknown);

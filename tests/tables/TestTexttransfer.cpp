@@ -83,6 +83,13 @@ TEST(Texttransfer, WhatATextOfTheFileDoesToOneOfTheForm) {
          "1001",
          "Los/",
          "1001"},
+        {"of the former base once more",
+         {"Go", "Lauf", Stale, "Run"},
+         {"Run", "Los"},
+         "Los/?Run",
+         "1011",
+         "Los/?Run",
+         "1011"},
     };
     for (const auto& row : rows) {
         const TOutcome loaded = Transferred(row.Form, row.File, TTransferKind::Load);

@@ -112,5 +112,35 @@ TEST(Heirforms, WhatWasClosedIsWrittenAndClosedInAnyOrder) {
     }
 }
 
+/// Loads the ancestor alone, so that German goes from the second place to the third.
+TEST(Heirforms, TextsFollowTheLanguagesThatTheAncestorLoads) {
+    const std::string states =
+        "    States.Strings = (\n      'Captions'#1'Button1.Caption'#1'2'#1'stale'#1'Run')\n  end\n";
+    for (const char* const holder : {"/p/Unit1.dfm", "/p/Unit2.dfm"}) {
+        SCOPED_TRACE(holder);
+        THeirForms test;
+        std::string& holding = test.Files.Files[holder];
+        const std::size_t end = holding.find("#1)\r\n  end\r\n");
+        test.Put(holder, holding.substr(0, end) + "#1)\n" + states + holding.substr(end + 12));
+        const bool isHeirs = holding.starts_with("inherited");
+        test.Files.Files["/p/a.mll"] =
+            "[Options]\nVersion=1\nDelimiter=|\n[Language names - for internal use "
+            "only!]\n1=English\n2=French\n"
+            "3=German\n[/Form2]\nLanguages=1,2,3\n[/Form2/Captions]\nButton1.Caption=Go|Aller|Los\n" +
+            std::string(isHeirs ? "" : "[/Form2/States]\nCaptions:3:Button1.Caption=stale|Run\n");
+        test.Open();
+        test.Select("Form2");
+        test.User.OnWindow<TOpenDialog>("OpenDialog", THeirForms::Choose);
+        test.User.OnMessage("Form2: added: French\r\n", mrOk);
+        test.Run("LoadForms");
+        const std::string& heir = test.Files.Files["/p/Unit1.dfm"];
+        EXPECT_NE(heir.find("'Button1.Caption'#1'Go'#1'Go'#1'Los')"), std::string::npos) << heir;
+        const std::string& marked = test.Files.Files[holder];
+        EXPECT_NE(marked.find("'Captions'#1'Button1.Caption'#1'3'#1'stale'#1'Run'"), std::string::npos)
+            << marked;
+        EXPECT_EQ(heir.find("States") != std::string::npos, isHeirs) << heir;
+    }
+}
+
 }  // namespace
 }  // namespace tml
