@@ -70,26 +70,26 @@ class TTableTransfer {
 
     /// -1 where the form has no place for the entry.
     int TakeIndex(const TTableEntry& entry) {
-        const auto found = indexes_.find(UpperCase(entry.Key));
-        if (found != indexes_.end() && found->second.Next < found->second.Items.size())
-            return found->second.Items[found->second.Next++];
-        const bool isFree = IsFreeTable(own_.Type());
-        const bool isKnown = found != indexes_.end();
-        if (!isKnown && isFree && Append(entry)) return static_cast<int>(own_.Entries().size()) - 1;
-        if (isKnown || isFree)
+        std::string key = UpperCase(entry.Key);
+        if (const auto found = indexes_.find(key); found != indexes_.end()) {
+            TIndexes& own = found->second;
+            if (own.Next < own.Items.size()) return own.Items[own.Next++];
             report_.Notes.Add(
                 Format("no place: %s (stands in the file more often than in the form)", Where(entry.Key)));
-        else
-            report_.Unknown.Add(Where(entry.Key));
+            return -1;
+        }
+        if (IsFreeTable(own_.Type())) return Append(std::move(key), entry);
+        report_.Unknown.Add(Where(entry.Key));
         return -1;
     }
 
-    /// False for a key that has been added before.
-    bool Append(const TTableEntry& entry) {
-        if (!own_.Add(entry.Key, entry.Base(), languages_.Count())) return false;
+    /// An entry whose key is not known, and is taken from now on.
+    int Append(std::string key, const TTableEntry& entry) {
+        indexes_.try_emplace(std::move(key));
+        own_.Add(entry.Key, entry.Base(), languages_.Count());
         if (own_.Type() == TStringsType::stStrings) report_.Added.Add(Where(entry.Key));
         report_.Taken += entry.Base().empty() ? 0 : 1;
-        return true;
+        return static_cast<int>(own_.Entries().size()) - 1;
     }
 
     void Take(int index, const TTableEntry& entry) {
