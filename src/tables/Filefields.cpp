@@ -97,18 +97,22 @@ void TFileFields::AppendInside(std::string& line, std::string_view text, const T
     line.resize(begin + 2 * text.size());  // where every byte is escaped
     char* out = line.data() + begin;
     const char* const end = text.data() + text.size();
+    const auto isEscaped = [&](char c) { return letters[ByteOf(c)] != '\0'; };
     for (const char* at = text.data(); at != end;) {
-        const char letter = letters[ByteOf(*at)];
-        const bool isDelimiter = letter == kDelimiterLetter;
-        // Another character may begin with the byte that the delimiter begins with.
-        if (letter == '\0' ||
-            (isDelimiter && first_.size() > 1 && !std::string_view(at, end).starts_with(first_))) {
-            *out++ = *at++;
-            continue;
+        const char* const plain = std::exchange(at, std::find_if(at, end, isEscaped));
+        out = std::copy(plain, at, out);
+        while (at != end && isEscaped(*at)) {
+            const char letter = letters[ByteOf(*at)];
+            const bool isDelimiter = letter == kDelimiterLetter;
+            // Another character may begin with the byte that the delimiter begins with.
+            if (isDelimiter && first_.size() > 1 && !std::string_view(at, end).starts_with(first_)) {
+                *out++ = *at++;
+                continue;
+            }
+            *out++ = mark_;
+            *out++ = letter;
+            at += isDelimiter ? first_.size() : 1;
         }
-        *out++ = mark_;
-        *out++ = letter;
-        at += isDelimiter ? first_.size() : 1;
     }
     line.resize(static_cast<std::size_t>(out - line.data()));
 }
