@@ -1,6 +1,7 @@
 #include "forms/Formplain.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,63 +20,66 @@ class TPlainList {
   public:
     // No string is longer than it is written.
     explicit TPlainList(std::string_view text)
-        : at_(text.data()), end_(at_ + text.size()), text_(text.size(), '\0'), out_(text_.data()) {}
+        : at_(text.data()),
+          end_(at_ + text.size()),
+          text_(std::make_unique_for_overwrite<char[]>(text.size())),
+          out_(text_.get()) {}
 
     bool Read(std::vector<TFormValue>& items) {
-        // Most strings have a line for themselves.
-        items.reserve(CountLines());
         ++at_;
         for (SkipBlanks(); At() != ')'; SkipBlanks()) {
             if (!ReadString()) return false;
             TFormValue& item = items.emplace_back();
             item.Kind = TFormValueKind::String;
-            item.Text.assign(text_.data(), static_cast<std::size_t>(out_ - text_.data()));
+            item.Text = std::string(text_.get(), out_);
         }
         return true;
     }
 
   private:
-    std::size_t CountLines() const {
-        const std::string_view text(at_, static_cast<std::size_t>(end_ - at_));
-        std::size_t lines = 1;
-        for (std::size_t pos = text.find('\n'); pos != std::string_view::npos; pos = text.find('\n', pos + 1))
-            ++lines;
-        return lines;
-    }
-
     char At() const { return at_ == end_ ? '\0' : *at_; }
     void SkipBlanks() {
-        while (IsFormChar(At(), kBlank))
-            ++at_;
+        at_ = std::find_if_not(at_, end_, [](char c) { return IsFormChar(c, kBlank); });
     }
 
     bool ReadString() {
-        out_ = text_.data();
-        while (At() == '\'' || At() == '#') {
-            if (At() == '#')
+        out_ = text_.get();
+        do {
+            if (!ReadPieces()) return false;
+        } while (SkipJoint());
+        EndPair();
+        return true;
+    }
+
+    /// False where there is none.
+    bool ReadPieces() {
+        const char* const begin = at_;
+        for (;;) {
+            if (At() == '\'')
+                ReadQuoted();
+            else if (At() == '#')
                 ReadCode();
             else
-                ReadQuoted();
-            const bool isOver = At() != '\'' && At() != '#';
-            if (!isOver) continue;
-            SkipBlanks();
-            if (At() != '+') return EndPair();
-            ++at_;
-            SkipBlanks();
+                return at_ != begin;
         }
-        return false;
+    }
+
+    bool SkipJoint() {
+        SkipBlanks();
+        if (At() != '+') return false;
+        ++at_;
+        SkipBlanks();
+        return true;
     }
 
     /// A doubled apostrophe is two pieces with nothing between them.
     void ReadQuoted() {
         ++at_;
         if (At() != '\'') EndPair();
-        const char* at = at_;
-        char* out = out_;
-        for (; at != end_ && *at != '\''; ++at)
-            *out++ = *at;
-        at_ = at == end_ ? at : at + 1;
-        out_ = out;
+        const std::string_view rest(at_, end_);
+        const std::string_view piece = rest.substr(0, rest.find('\''));
+        out_ = std::copy(piece.begin(), piece.end(), out_);
+        at_ += std::min(piece.size() + 1, rest.size());
         if (At() != '\'') return;
         EndPair();
         *out_++ = '\'';
@@ -85,7 +89,7 @@ class TPlainList {
     void ReadCode() {
         char32_t code = 0;
         const char* at = at_ + 1;
-        for (; at != end_ && IsFormChar(*at, kDigit); ++at)
+        for (; at != end_ && *at >= '0' && *at <= '9'; ++at)
             code = code * 10 + static_cast<char32_t>(*at - '0');
         at_ = at;
         const bool isLow = code >= 0xDC00 && code < 0xE000;
@@ -101,10 +105,10 @@ class TPlainList {
             Append(isLow ? kUnpaired : code);
     }
 
-    bool EndPair() {
-        if (high_ != 0) Append(kUnpaired);
+    void EndPair() {
+        if (high_ == 0) return;
+        Append(kUnpaired);
         high_ = 0;
-        return true;
     }
 
     void Append(char32_t code) {
@@ -126,15 +130,16 @@ class TPlainList {
 
     const char* at_;
     const char* end_;
-    std::string text_;  ///< of the string that is being read, up to out_
+    std::unique_ptr<char[]> text_;  ///< of the string that is being read, up to out_
     char* out_;
     char32_t high_ = 0;  ///< the first unit of a pair whose second may follow
 };
 
 bool ReadQuoted(std::string_view text, TFormValue& value) {
     value.Kind = TFormValueKind::String;
-    value.Text = text.substr(1, text.size() - 2);
-    return value.Text.find('\'') == std::string::npos;
+    const std::string_view content = text.substr(1, text.size() - 2);
+    value.Text = std::string(content);
+    return content.find('\'') == std::string_view::npos;
 }
 
 bool ReadNumber(std::string_view text, TFormValue& value) {
