@@ -11,9 +11,10 @@
 
 namespace tml {
 
-TFormFile::TFormFile(std::string bytes, std::string fileName, std::string_view codePage)
+TFormFile::TFormFile(std::shared_ptr<const std::string> bytes, std::string fileName,
+                     std::string_view codePage)
     : bytes_(std::move(bytes)), fileName_(std::move(fileName)), codePage_(codePage) {
-    if (bytes_.size() >= std::numeric_limits<std::uint32_t>::max()) {
+    if (bytes_->size() >= std::numeric_limits<std::uint32_t>::max()) {
         throw EBadInput(fileName_, 0, "a form file of 4 GB or more", "Store large data outside of the form");
     }
 }
@@ -23,9 +24,9 @@ const TEncoding& TFormFile::Encoding() const {
     return *encoding_;
 }
 
-std::unique_ptr<TFormFile> MakeFormFile(std::string bytes, const std::string& fileName,
+std::unique_ptr<TFormFile> MakeFormFile(std::shared_ptr<const std::string> bytes, const std::string& fileName,
                                         std::string_view codePage) {
-    if (TBinaryFormFile::IsBinaryForm(bytes)) {
+    if (TBinaryFormFile::IsBinaryForm(*bytes)) {
         return std::make_unique<TBinaryFormFile>(std::move(bytes), fileName, codePage);
     }
     return std::make_unique<TTextFormFile>(std::move(bytes), fileName, codePage);

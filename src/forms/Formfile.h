@@ -16,15 +16,15 @@ namespace tml {
 class TFormFile {
   public:
     /// Throws EBadInput for a file whose offsets do not fit a span.
-    TFormFile(std::string bytes, std::string fileName, std::string_view codePage);
+    TFormFile(std::shared_ptr<const std::string> bytes, std::string fileName, std::string_view codePage);
     virtual ~TFormFile() = default;
     TFormFile(const TFormFile&) = delete;
     TFormFile& operator=(const TFormFile&) = delete;
 
-    const std::string& Bytes() const { return bytes_; }
+    const std::string& Bytes() const { return *bytes_; }
     const std::string& FileName() const { return fileName_; }
     std::string_view At(TFormSpan span) const {
-        return std::string_view(bytes_).substr(span.Begin, span.End - span.Begin);
+        return std::string_view(*bytes_).substr(span.Begin, span.End - span.Begin);
     }
     /// The code page that the project names, "" when it names none.
     const std::string& CodePage() const { return codePage_; }
@@ -45,14 +45,14 @@ class TFormFile {
     virtual TEncoding FindEncoding() const = 0;
 
   private:
-    std::string bytes_;
+    std::shared_ptr<const std::string> bytes_;
     std::string fileName_;
     std::string codePage_;
     mutable std::optional<TEncoding> encoding_;
 };
 
 /// The file of the bytes: binary when they begin as a binary form does, else text. Not parsed yet.
-std::unique_ptr<TFormFile> MakeFormFile(std::string bytes, const std::string& fileName,
+std::unique_ptr<TFormFile> MakeFormFile(std::shared_ptr<const std::string> bytes, const std::string& fileName,
                                         std::string_view codePage);
 
 /// Gives a node with all below it, changed properties with their new values.

@@ -39,6 +39,11 @@ int& TFormTree::ParseCount() {
 
 std::unique_ptr<TFormTree> TFormTree::Parse(std::string bytes, const std::string& fileName,
                                             std::string_view codePage) {
+    return Parse(std::make_shared<const std::string>(std::move(bytes)), fileName, codePage);
+}
+
+std::unique_ptr<TFormTree> TFormTree::Parse(std::shared_ptr<const std::string> bytes,
+                                            const std::string& fileName, std::string_view codePage) {
     return std::unique_ptr<TFormTree>(new TFormTree(MakeFormFile(std::move(bytes), fileName, codePage)));
 }
 

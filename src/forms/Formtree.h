@@ -20,6 +20,9 @@ class TFormTree {
     /// bytes above 127. Throws EBadInput with the line (text) or the byte offset (binary).
     static std::unique_ptr<TFormTree> Parse(std::string bytes, const std::string& fileName,
                                             std::string_view codePage = {});
+    /// The same of bytes that others hold, too.
+    static std::unique_ptr<TFormTree> Parse(std::shared_ptr<const std::string> bytes,
+                                            const std::string& fileName, std::string_view codePage = {});
     ~TFormTree();
     /// How many form files this thread has parsed, for tests that hold a command to one reading of each.
     static int& ParseCount();

@@ -14,7 +14,7 @@ class TJournal;
 class TDocument : public std::enable_shared_from_this<TDocument> {
   public:
     /// onDisk: the file's bytes as they are known to stand on the disk.
-    TDocument(TJournal& journal, std::string fileName, std::string onDisk)
+    TDocument(TJournal& journal, std::string fileName, std::shared_ptr<const std::string> onDisk)
         : journal_(journal), fileName_(std::move(fileName)), onDisk_(std::move(onDisk)) {}
     virtual ~TDocument() = default;
     TDocument(const TDocument&) = delete;
@@ -23,7 +23,7 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
     const std::string& FileName() const { return fileName_; }
     /// The file as it would be saved, written anew only after a change.
     const std::string& Bytes() const;
-    const std::string& OnDisk() const { return onDisk_; }
+    const std::string& OnDisk() const { return *onDisk_; }
     bool IsModified() const { return state_.Changed || state_.Marked; }
     bool IsClosed() const { return closed_; }
     virtual void Close() { closed_ = true; }
@@ -52,7 +52,7 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
     };
     const TState& State() const { return state_; }
     void SetState(const TState& state) { state_ = state; }
-    void Written(std::string bytes) { onDisk_ = std::move(bytes); }
+    void Written(std::string bytes) { onDisk_ = std::make_shared<const std::string>(std::move(bytes)); }
 
   protected:
     TJournal& Journal() const { return journal_; }
@@ -65,7 +65,7 @@ class TDocument : public std::enable_shared_from_this<TDocument> {
   private:
     TJournal& journal_;
     std::string fileName_;
-    std::string onDisk_;
+    std::shared_ptr<const std::string> onDisk_;
     mutable std::optional<std::string> bytes_;
     TState state_;
     bool closed_ = false;

@@ -37,8 +37,9 @@ struct TFormDocument::TPlaces : TView {
     std::vector<TPlace> Places;
 };
 
-TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName, std::string bytes,
-                             std::string onDisk, std::string codePage)
+TFormDocument::TFormDocument(TJournal& journal, const std::string& fileName,
+                             std::shared_ptr<const std::string> bytes,
+                             std::shared_ptr<const std::string> onDisk, std::string codePage)
     : TDocument(journal, fileName, std::move(onDisk)),
       codePage_(std::move(codePage)),
       tree_(TFormTree::Parse(std::move(bytes), fileName, codePage_)) {}

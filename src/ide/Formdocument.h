@@ -42,8 +42,8 @@ class IComponentDesigner {
 class TFormDocument : public TDocument {
   public:
     /// EBadInput for a broken form.
-    TFormDocument(TJournal& journal, const std::string& fileName, std::string bytes, std::string onDisk,
-                  std::string codePage);
+    TFormDocument(TJournal& journal, const std::string& fileName, std::shared_ptr<const std::string> bytes,
+                  std::shared_ptr<const std::string> onDisk, std::string codePage);
     ~TFormDocument() override;
 
     std::shared_ptr<const TView> View() const override;

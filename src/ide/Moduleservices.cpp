@@ -110,7 +110,7 @@ void TModules::CloseText(const std::string& formFile) {
 std::shared_ptr<IOTAModule> TModules::OpenText(const std::string& fileName) {
     const std::string path = AbsolutePath(files_, fileName);
     if (const auto open = Find(path)) return open;
-    if (TBinaryFormFile::IsBinaryForm(ReadBytes(path).second))
+    if (TBinaryFormFile::IsBinaryForm(*ReadBytes(path).Now))
         throw EBadInput(path, 0, "a binary form is no text", "Take the file from a copy of the project");
     TModuleFiles read;
     read.Unit = ReadSource(path, FindUnit(path).CodePage);
@@ -165,12 +165,13 @@ TModuleFiles TModules::ReadFiles(const TFoundUnit& found) {
     return read;
 }
 
-std::pair<std::string, std::string> TModules::ReadBytes(const std::string& fileName) {
+TModules::TBytesRead TModules::ReadBytes(const std::string& fileName) {
     const TJournal::TPending* pending = journal_.Pending(fileName);
-    if (pending != nullptr && pending->Bytes) return {pending->OnDisk.value_or(""), *pending->Bytes};
-    std::string onDisk = files_.Read(fileName);
-    std::string bytes = onDisk;
-    return {std::move(onDisk), std::move(bytes)};
+    if (pending != nullptr && pending->Bytes)
+        return {std::make_shared<const std::string>(pending->OnDisk.value_or("")),
+                std::make_shared<const std::string>(*pending->Bytes)};
+    const auto bytes = std::make_shared<const std::string>(files_.Read(fileName));
+    return {bytes, bytes};
 }
 
 std::optional<std::string> TModules::ReadOnDisk(const std::string& fileName) {
@@ -203,13 +204,14 @@ void TModules::RemoveFile(const std::string& fileName) {
 
 std::shared_ptr<TSourceBuffer> TModules::ReadSource(const std::string& fileName,
                                                     const std::string& codePage) {
-    auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TSourceBuffer>(journal_, fileName, bytes, std::move(onDisk), codePage);
+    TBytesRead read = ReadBytes(fileName);
+    return std::make_shared<TSourceBuffer>(journal_, fileName, *read.Now, std::move(read.OnDisk), codePage);
 }
 
 std::shared_ptr<TFormDocument> TModules::ReadForm(const std::string& fileName, const std::string& codePage) {
-    auto [onDisk, bytes] = ReadBytes(fileName);
-    return std::make_shared<TFormDocument>(journal_, fileName, std::move(bytes), std::move(onDisk), codePage);
+    TBytesRead read = ReadBytes(fileName);
+    return std::make_shared<TFormDocument>(journal_, fileName, std::move(read.Now), std::move(read.OnDisk),
+                                           codePage);
 }
 
 void TModules::AttachDesigner(const std::shared_ptr<TModule>& module) {

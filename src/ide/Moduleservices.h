@@ -89,8 +89,11 @@ class TModules : public IOTAModuleServices, public IOTAServices, public ICommand
     TModuleFiles ReadFiles(const TFoundUnit& found);
     std::shared_ptr<TSourceBuffer> ReadSource(const std::string& fileName, const std::string& codePage);
     std::shared_ptr<TFormDocument> ReadForm(const std::string& fileName, const std::string& codePage);
-    /// What the disk holds, and what the running command has made of it.
-    std::pair<std::string, std::string> ReadBytes(const std::string& fileName);
+    /// What the disk holds, and what the running command has made of it; most often the same.
+    struct TBytesRead {
+        std::shared_ptr<const std::string> OnDisk, Now;
+    };
+    TBytesRead ReadBytes(const std::string& fileName);
     std::optional<std::string> ReadOnDisk(const std::string& fileName);
     void AttachDesigner(const std::shared_ptr<TModule>& module);
     void Register(const std::shared_ptr<TModule>& module);

@@ -16,7 +16,7 @@ namespace tml {
 class TSourceBuffer : public TDocument {
   public:
     TSourceBuffer(TJournal& journal, const std::string& fileName, const std::string& bytes,
-                  std::string onDisk, std::string_view codePage)
+                  std::shared_ptr<const std::string> onDisk, std::string_view codePage)
         : TDocument(journal, fileName, std::move(onDisk)),
           codePage_(codePage),
           coded_(bytes, fileName, codePage) {}

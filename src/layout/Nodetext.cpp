@@ -1,5 +1,6 @@
 #include "layout/Nodetext.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -36,7 +37,7 @@ void BeginNode(const TLayoutNode& node, const TFormFile& file, TFormSink& sink) 
 
 // By hand instead of by recursion: a form may be as deep as it is long.
 std::string FormTextOf(const TLayoutNode& form) {
-    const TTextFormFile file({}, {}, {});
+    const TTextFormFile file(std::make_shared<const std::string>(), {}, {});
     const TFormTextStyle style;
     std::string text;
     TFormTextWriter writer(file, style, text);
