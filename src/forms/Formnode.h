@@ -86,6 +86,9 @@ class TFormNode {
     /// Of these the values that may hold texts, and the parts of objects ("Font.Height").
     std::vector<TFormProperty> TextProperties() const;
 
+    /// What whoever shows the tree keeps with the node; the tree does not look at it.
+    std::shared_ptr<void> View;
+
     /// For the readers and writers of this layer only.
     TFormNodeData& Data() { return data_; }
     const TFormNodeData& Data() const { return data_; }

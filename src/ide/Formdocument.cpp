@@ -10,6 +10,14 @@
 #include "ide/Journal.h"
 
 namespace tml {
+namespace {
+
+/// nullptr where nobody has asked for it yet.
+std::shared_ptr<TDesignComponent> KnownComponentOf(const TFormNode& node) {
+    return std::static_pointer_cast<TDesignComponent>(node.View);
+}
+
+}  // namespace
 
 // A form has no bound on its depth, so the walk keeps its own stack.
 std::vector<TFormNode*> NodesBelow(TFormNode& node, const std::function<bool(const TFormNode&)>& isClosed) {
@@ -53,10 +61,9 @@ TFormDocument::~TFormDocument() {
 }
 
 void TFormDocument::Close() {
+    if (IsClosed()) return;
     TDocument::Close();
-    for (const auto& [node, component] : components_)
-        component->Bind(nullptr);
-    components_.clear();
+    Unbind(tree_->Root());
     places_.reset();
 }
 
@@ -66,9 +73,8 @@ void TFormDocument::ExpectOpen() const {
 
 std::shared_ptr<TDesignComponent> TFormDocument::ComponentOf(TFormNode& node) {
     ExpectOpen();
-    std::shared_ptr<TDesignComponent>& component = components_[&node];
-    if (!component) component = std::make_shared<TDesignComponent>(*this, node);
-    return component;
+    if (!node.View) node.View = std::make_shared<TDesignComponent>(*this, node);
+    return KnownComponentOf(node);
 }
 
 const std::vector<TFormNode*>& TFormDocument::OwnedBy(const TFormNode& owner) {
@@ -78,7 +84,6 @@ const std::vector<TFormNode*>& TFormDocument::OwnedBy(const TFormNode& owner) {
     std::vector<TFormNode*> owned =
         NodesBelow(const_cast<TFormNode&>(owner), [this](const TFormNode& node) { return IsFrame(node); });
     owned.erase(owned.begin());
-    components_.reserve(components_.size() + owned.size() + 1);
     return owned_[&owner] = std::move(owned);
 }
 
@@ -130,16 +135,15 @@ TFormNode& TFormDocument::Add(TFormTree& tree, TFormNode& parent, const std::str
 void TFormDocument::Remove(TFormTree& tree, TFormNode& node) {
     owned_.clear();
     inheritsFrame_.clear();
-    for (TFormNode* gone : NodesBelow(node))
-        Unbind(*gone);
+    Unbind(node);
     tree.RemoveChild(node);
 }
 
 void TFormDocument::Unbind(TFormNode& node) {
-    const auto found = components_.find(&node);
-    if (found == components_.end()) return;
-    found->second->Bind(nullptr);
-    components_.erase(found);
+    for (TFormNode* one : NodesBelow(node)) {
+        if (const auto component = KnownComponentOf(*one)) component->Bind(nullptr);
+        one->View.reset();
+    }
 }
 
 TFormTree& TFormDocument::Tree() {
@@ -157,7 +161,7 @@ void TFormDocument::Read() {
     const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root());
     for (const TPlaces::TPlace& place : places_->Places) {
         place.Component->Bind(nodes.at(place.Node));
-        components_[nodes[place.Node]] = place.Component;
+        nodes[place.Node]->View = place.Component;
     }
     places_.reset();
 }
@@ -165,18 +169,17 @@ void TFormDocument::Read() {
 std::shared_ptr<const TDocument::TView> TFormDocument::View() const {
     if (unread_) return places_;
     auto view = std::make_shared<TPlaces>();
-    if (components_.empty()) return view;
     const std::vector<TFormNode*> nodes = NodesBelow(tree_->Root());
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (const auto found = components_.find(nodes[i]); found != components_.end())
-            view->Places.push_back({found->second, i, nodes[i]->Name()});
+        if (auto component = KnownComponentOf(*nodes[i]))
+            view->Places.push_back({std::move(component), i, nodes[i]->Name()});
     return view;
 }
 
 TFormDocument::TNames TFormDocument::Names() const {
     TNames names;
-    for (const auto& [node, component] : components_)
-        names.emplace(component, node->Name());
+    for (const TFormNode* node : NodesBelow(tree_->Root()))
+        if (auto component = KnownComponentOf(*node)) names.emplace(std::move(component), node->Name());
     if (places_)
         for (const TPlaces::TPlace& place : places_->Places)
             names.emplace(place.Component, place.Name);
@@ -185,9 +188,7 @@ TFormDocument::TNames TFormDocument::Names() const {
 
 void TFormDocument::Take(std::string bytes, const std::shared_ptr<const TView>& view) {
     if (formerNames_.empty()) formerNames_ = Names();
-    for (const auto& [node, component] : components_)
-        component->Bind(nullptr);
-    components_.clear();
+    Unbind(tree_->Root());
     SetBytes(std::move(bytes));
     unread_ = true;
     places_ = std::dynamic_pointer_cast<const TPlaces>(view);

@@ -89,6 +89,7 @@ class TFormDocument : public TDocument {
     TFormTree& Tree();
     /// The components that are known, and their names.
     TNames Names() const;
+    /// The node and all below it lose their components.
     void Unbind(TFormNode& node);
     void ExpectOpen() const;
 
@@ -97,7 +98,6 @@ class TFormDocument : public TDocument {
     bool unread_ = false;                    ///< the tree is to be made of the bytes, on first use
     std::shared_ptr<const TPlaces> places_;  ///< of the components then
     IComponentDesigner* designer_ = nullptr;
-    std::unordered_map<const TFormNode*, std::shared_ptr<TDesignComponent>> components_;
     std::unordered_map<const TFormNode*, std::vector<TFormNode*>> owned_;
     std::unordered_map<const TFormNode*, bool> inheritsFrame_;
     /// Names before the first Take since the last Restored.
