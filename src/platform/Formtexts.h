@@ -25,10 +25,10 @@ struct TOwnedText {
     /// It may begin an entry; any other only follows one that is there.
     bool IsForReaders = true;
 
-    std::string KeyOf(const TTextOwner& owner) const {
+    std::string KeyOf(const std::string& ownerPath) const {
         std::string key;
-        key.reserve(owner.Path.size() + 1 + Property.size());
-        ((key += owner.Path) += '.') += Property;
+        key.reserve(ownerPath.size() + 1 + Property.size());
+        ((key += ownerPath) += '.') += Property;
         return key;
     }
 };

@@ -25,7 +25,7 @@ TExclusionForm ReadExclusionForm(TmlCustomLang& lang, std::string formName, std:
     for (TOwnedText& text : all.Texts) {
         TExclusionText added{std::move(text)};
         const TTable& table = tables[static_cast<std::size_t>(added.Table)];
-        const int entry = table.Find(added.KeyOf(form.OwnerOf(added)));
+        const int entry = table.Find(added.KeyOf(form.OwnerOf(added).Path));
         added.HasEntry = entry >= 0;
         if (added.HasEntry)
             added.Translations = TranslationsOf(table.Entries()[static_cast<std::size_t>(entry)]);

@@ -59,7 +59,8 @@ std::string ExcludedKeys(const TExclusionForm& form, const TExclusionLists& list
     std::string keys;
     const std::vector<int> by = ExcludedBy(form, UsesOf(form, lists));
     for (std::size_t i = 0; i < by.size(); ++i)
-        if (by[i] >= 0) keys += (keys.empty() ? "" : " ") + form.Texts[i].KeyOf(form.OwnerOf(form.Texts[i]));
+        if (by[i] >= 0)
+            keys += (keys.empty() ? "" : " ") + form.Texts[i].KeyOf(form.OwnerOf(form.Texts[i]).Path);
     return keys;
 }
 
@@ -132,7 +133,7 @@ TEST(ExclusionPlan, TakingBackLeavesTheRestExcluded) {
          }) {
         TTextFlags back;
         for (const TExclusionText& text : form.Texts)
-            back.push_back(text.KeyOf(form.OwnerOf(text)).starts_with(each.Back));
+            back.push_back(text.KeyOf(form.OwnerOf(text).Path).starts_with(each.Back));
         const TExclusionLists lists = TakenBack(form, ListsOf(each.Lists), back);
         EXPECT_EQ(ShownLists(lists), each.Result) << each.Lists << " without " << each.Back;
         const std::vector<int> was = ExcludedBy(form, UsesOf(form, ListsOf(each.Lists)));
