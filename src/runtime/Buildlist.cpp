@@ -25,15 +25,18 @@ TFormParts PartsWithTexts(const std::shared_ptr<IOTAComponent>& owner) {
 
 std::vector<std::string> PathsOf(const TFormParts& parts) {
     std::vector<std::string> paths;
+    paths.reserve(parts.Items().size());
     for (const TFormPart& part : parts.Items())
         paths.push_back(part.Path);
     return paths;
 }
 
 TExclusionRules RulesOf(TmlCustomLang& lang, const TFormParts& parts) {
-    return {lang.GetExclusions(TExclusionList::DoNotTranslate),
-            lang.GetExclusions(TExclusionList::ExcludedProperties),
-            lang.GetExclusions(TExclusionList::SmartExcludeProps), PathsOf(parts)};
+    const TStringList properties = lang.GetExclusions(TExclusionList::ExcludedProperties);
+    // Only their entries ask whether a name is that of a component or of a class.
+    return {lang.GetExclusions(TExclusionList::DoNotTranslate), properties,
+            lang.GetExclusions(TExclusionList::SmartExcludeProps),
+            properties.Empty() ? std::vector<std::string>() : PathsOf(parts)};
 }
 
 /// Languages whose names tell what they are get their tags; a tag that is there stays.

@@ -83,14 +83,19 @@ void TFormParts::Read(const TComponentPtr& owner, const std::string& path, int h
 void TFormParts::ReadBlock(const TComponentPtr& owner, const std::string& path, int holder) {
     TPlaces places{{{owner->GetComponentHandle(), Overlay(owner, path, holder)}}};
     const int count = owner->GetComponentCount();
-    if (parts_.size() == 1) parts_.reserve(static_cast<std::size_t>(count) + 1);
+    if (parts_.size() == 1) {
+        const std::size_t size = static_cast<std::size_t>(count) + 1;
+        parts_.reserve(size);
+        byPath_.reserve(size);
+    }
     for (int i = 0; i < count; ++i)
         ReadOwned(owner->GetComponent(i), path, places);
 }
 
 void TFormParts::ReadOwned(const TComponentPtr& component, const std::string& path, TPlaces& places) {
     const int holder = places.HolderOf(component->GetParent().get());
-    const std::string own = component->GetName().empty() ? std::string() : Joined(path, component->GetName());
+    const std::string name = component->GetName();
+    const std::string own = name.empty() ? name : Joined(path, name);
     if (own.empty()) {
         places.Blocks.push_back({component->GetComponentHandle(), holder});
     } else if (component->GetOrigin() == TComponentOrigin::coFrame) {

@@ -117,9 +117,9 @@ TStateRecords TmlLangView::ReadStates() {
     return {ReadListProp(Component(), kStates), GetDelimiter()};
 }
 
-TTable TmlLangView::ReadTable(TStringsType type, const TStateRecords& states) {
+TTable TmlLangView::ReadTable(TStringsType type, const std::string& delimiter, const TStateRecords& states) {
     if (!HasTable(type)) return TTable(type);
-    TTable table(type, ReadListProp(Component(), TableProperty(type)), GetDelimiter());
+    TTable table(type, ReadListProp(Component(), TableProperty(type)), delimiter);
     states.Mark(table);
     return table;
 }
@@ -130,15 +130,16 @@ std::shared_ptr<TmlCustomLang> TmlLangView::GetInherited() {
 }
 
 TTable TmlLangView::GetTable(TStringsType type) {
-    return ReadTable(type, ReadStates());
+    return ReadTable(type, GetDelimiter(), ReadStates());
 }
 
 std::vector<TTable> TmlLangView::GetTables() {
+    const std::string delimiter = GetDelimiter();
     const TStateRecords states = ReadStates();
     std::vector<TTable> tables;
     tables.reserve(kTableKinds.size());
     for (const TTableKind& kind : kTableKinds)
-        tables.push_back(ReadTable(kind.Type, states));
+        tables.push_back(ReadTable(kind.Type, delimiter, states));
     return tables;
 }
 

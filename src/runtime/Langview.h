@@ -61,7 +61,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
     std::string GetDelimiter();
     bool HasTable(TStringsType type);
     TStateRecords ReadStates();
-    TTable ReadTable(TStringsType type, const TStateRecords& states);
+    TTable ReadTable(TStringsType type, const std::string& delimiter, const TStateRecords& states);
     void WriteTables(const std::vector<TTable>& tables);
     void RenameInExclusions(TExclusionList list, const std::string& oldName, const std::string& newName);
 

@@ -4,19 +4,23 @@
 
 #include <array>
 #include <numeric>
+#include <optional>
 
 namespace tml {
 namespace {
 
+constexpr char MarkFor(std::string_view delimiter) {
+    return delimiter == "\x02" ? '\x03' : '\x02';
+}
+
 /// What is escaped by which letter behind the mark.
 struct TEscapes {
-    char Mark = '\x02';
+    char Mark;
     std::array<char, 4> Letters = {'d', 'r', 'n', 'e'};
     std::array<std::string_view, 4> Meanings;
     std::array<char, 4> Starts;  ///< the first byte of each meaning
 
-    explicit TEscapes(std::string_view delimiter) {
-        if (delimiter == "\x02") Mark = '\x03';
+    explicit TEscapes(std::string_view delimiter) : Mark(MarkFor(delimiter)) {
         for (char& letter : Letters)
             if (delimiter == std::string_view(&letter, 1)) letter = static_cast<char>(letter - 'a' + 'A');
         Meanings = {delimiter, "\r", "\n", std::string_view(&Mark, 1)};
@@ -75,16 +79,16 @@ std::vector<std::string> SplitFields(std::string_view line, std::string_view del
 }
 
 void SplitFields(std::string_view line, std::string_view delimiter, std::vector<std::string>& fields) {
-    const TEscapes escapes(delimiter);
+    std::optional<TEscapes> escapes;  // most lines have none
+    if (line.find(MarkFor(delimiter)) != std::string_view::npos) escapes.emplace(delimiter);
     constexpr std::size_t kUsual = 4;  // a key and three languages
     fields.clear();
     fields.reserve(kUsual);
-    const bool isPlain = line.find(escapes.Mark) == std::string_view::npos;
     const auto take = [&](std::string_view field) {
-        if (isPlain)
-            fields.emplace_back(field);
+        if (escapes)
+            fields.push_back(Decode(field, *escapes));
         else
-            fields.push_back(Decode(field, escapes));
+            fields.emplace_back(field);
     };
     const auto end = [&] {
         return delimiter.size() == 1 ? line.find(delimiter.front()) : line.find(delimiter);

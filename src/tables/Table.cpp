@@ -14,7 +14,7 @@ TTableEntry EntryOf(std::vector<std::string>& fields) {
     TTableEntry entry{std::move(fields.front()), {}};
     entry.Values.reserve(fields.size() - 1);
     for (auto field = fields.begin() + 1; field != fields.end(); ++field)
-        entry.Values.push_back({std::move(*field)});
+        entry.Values.emplace_back().Text = std::move(*field);
     return entry;
 }
 
