@@ -72,6 +72,7 @@ void TmlLangView::MoveLanguages(const std::vector<int>& former) {
 void TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
     const auto stores = [&](const std::string& list) { return Component().GetPropValue(list).has_value(); };
     const bool movesStates = stores(std::string(kStates) + ".Strings");
+    const std::string delimiter = GetDelimiter();
     TStateRecords states = ReadStates();
     for (const TTableKind& kind : kTableKinds) {
         const std::string property = TableProperty(kind.Type);
@@ -79,9 +80,9 @@ void TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
             states.Move(kind.Type, former);
             continue;
         }
-        TTable table = ReadTable(kind.Type, states);
+        TTable table = ReadTable(kind.Type, delimiter, states);
         table.MoveLanguages(former);
-        WriteListProp(Component(), property, table.Lines(GetDelimiter()));
+        WriteListProp(Component(), property, table.Lines(delimiter));
         states.Take(table);
     }
     if (movesStates) WriteListProp(Component(), kStates, states.Lines());
