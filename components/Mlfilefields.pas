@@ -32,6 +32,8 @@ type
     { A line without "=" is a key without fields. }
     function Read(const Line: string): TmlFileEntry;
     property Delimiter: string read FDelimiter;
+    { What an escape begins with. }
+    property Mark: Char read FMark;
   end;
 
 function StartsAt(const Text: string; Pos: Integer; const Part: string): Boolean;
@@ -149,15 +151,27 @@ end;
 
 function TmlFileFields.Read(const Line: string): TmlFileEntry;
 var
-  Pos, Count: Integer;
+  Pos, Count, Equals, Behind: Integer;
+  Key: string;
 begin
   Result.Key := '';
   Result.Fields := nil;
+  Equals := 1;
+  while (Equals <= Length(Line)) and (Line[Equals] <> '=') do
+    Inc(Equals);
+  { Blanks around "=" are no text, for those of a text are escaped there. }
+  Behind := Equals;
+  while (Behind > 1) and (Line[Behind - 1] in [' ', #9]) do
+    Dec(Behind);
+  Key := Copy(Line, 1, Behind - 1);
   Pos := 1;
-  while (Pos <= Length(Line)) and (Line[Pos] <> '=') do
-    ReadCharacter(Line, Pos, Result.Key);
-  if Pos > Length(Line) then Exit;
-  Inc(Pos);
+  while Pos <= Length(Key) do
+    ReadCharacter(Key, Pos, Result.Key);
+  if Equals > Length(Line) then Exit;
+  Pos := Equals + 1;
+  if (FDelimiter = '') or not (FDelimiter[1] in [' ', #9]) then
+    while (Pos <= Length(Line)) and (Line[Pos] in [' ', #9]) do
+      Inc(Pos);
   Count := 1;
   SetLength(Result.Fields, Count);
   while Pos <= Length(Line) do

@@ -102,8 +102,9 @@ end;
 
 function KeyOf(const Line: string): string;
 begin
-  Result := WithoutBlanks(Line);
+  Result := Line;
   if Pos('=', Result) > 0 then SetLength(Result, Pos('=', Result) - 1);
+  Result := WithoutBlanks(Result);
 end;
 
 function IsEnded(const Line: string): Boolean;

@@ -6,7 +6,7 @@ unit Mllfile;
 interface
 
 uses
-  Mlfilefields, Mlldocument, Mltables, Mltranslationfile;
+  Classes, Mlfilefields, Mlldocument, Mltables, Mltranslationfile;
 
 type
   TmlNamedColumn = record
@@ -36,7 +36,7 @@ type
     procedure WriteOptions;
     function NumberOfColumn(const Key: string): Integer;
     function LastColumn: Integer;
-    function ColumnFor(const Language: string): string;
+    function ColumnFor(const Language: string; const All: TmlFields; Taken: TStrings): string;
     function ColumnsOf(const Languages: TmlFields): string;
     function ReadEntry(const Line: TmlEntryLine; Count: Integer): TmlFileEntry;
     function ReadLanguages(Head: TmlSection): TmlFields;
@@ -64,7 +64,7 @@ type
 implementation
 
 uses
-  Classes, StrUtils, SysUtils, Mltext, Mlutf8;
+  StrUtils, SysUtils, Mltext, Mlutf8;
 
 const
   OptionsName = 'Options';
@@ -396,7 +396,7 @@ begin
   if Length(Result.Fields) <> Count then
     Refuse(Line.Number, Format('%s has %d %s where %d %s expected',
       [Result.Key, Length(Result.Fields), Texts[Length(Result.Fields) = 1], Count, Are[Count = 1]]),
-      'Put the delimiter ' + FFields.Delimiter + ' between them');
+      'Put the delimiter ' + FFields.Delimiter + ' between them, and ' + FFields.Mark + 'n for a line break');
 end;
 
 function TmllFile.ReadTable(Section: TmlSection; Languages: Integer): TmlFileEntries;
@@ -548,20 +548,39 @@ begin
   end;
 end;
 
-{ The key of the language, which is added to the file's names where it is new. }
-function TmllFile.ColumnFor(const Language: string): string;
-var
-  I: Integer;
-begin
-  for I := 0 to High(FNames) do
+{ The key of the language, which is added to the file's names where it is new. One that the file spells otherwise is
+  that one, unless the form has it, too. }
+function TmllFile.ColumnFor(const Language: string; const All: TmlFields; Taken: TStrings): string;
+
+  function IsInForm(const Name: string): Boolean;
+  var
+    I: Integer;
   begin
-    Result := FNames[I].Key;
-    if FNames[I].Name = Language then Exit;
+    I := High(All);
+    while (I >= 0) and (PlainLanguageName(All[I]) <> Name) do
+      Dec(I);
+    Result := I >= 0;
   end;
-  Result := IntToStr(LastColumn + 1);
-  SetLength(FNames, Length(FNames) + 1);
-  FNames[High(FNames)].Key := Result;
-  FNames[High(FNames)].Name := Language;
+
+var
+  I, Found: Integer;
+begin
+  Found := -1;
+  for I := High(FNames) downto 0 do
+    if SameIgnoringCase(FNames[I].Name, Language) and not IsInForm(FNames[I].Name) and
+      (Taken.IndexOf(FNames[I].Key) < 0) then
+      Found := I;
+  for I := High(FNames) downto 0 do
+    if FNames[I].Name = Language then Found := I;
+  if Found < 0 then
+  begin
+    Result := IntToStr(LastColumn + 1);
+    Found := Length(FNames);
+    SetLength(FNames, Found + 1);
+    FNames[Found].Key := Result;
+    FNames[Found].Name := Language;
+  end;
+  Result := FNames[Found].Key;
 end;
 
 function TmllFile.ColumnsOf(const Languages: TmlFields): string;
@@ -572,7 +591,7 @@ begin
   Columns := TStringList.Create;
   try
     for I := 0 to High(Languages) do
-      Columns.Add(ColumnFor(PlainLanguageName(Languages[I])));
+      Columns.Add(ColumnFor(PlainLanguageName(Languages[I]), Languages, Columns));
     Result := Columns.CommaText;
   finally
     Columns.Free;

@@ -217,7 +217,7 @@ var
   Stream: TFileStream;
 begin
   ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One~Eins'#10),
-    ':10: One.Caption has 1 text where 2 are expected. Put the delimiter | between them');
+    ':10: One.Caption has 1 text where 2 are expected. Put the delimiter | between them, and \n for a line break');
   ExpectRefused(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Ei'),
     ':10: the file ends within this line: it may have been cut off. Fetch the file anew, or end the line');
   ExpectRefused(FileOf(Head + '1,4'#10), ':8: the file names no language 4. ' +

@@ -65,16 +65,26 @@ class TLangLoad {
     const TStringList& Present() const { return texts_.Languages; }
 
     /// A dispatcher's languages are set on it alone.
-    TLanguageMeeting Meet(const TStringList& file, const std::string& only) const {
+    TLanguageMeeting Meet(const TStringList& file, const std::string& only) {
         if (languages_.Dispatcher() == nullptr) return MeetLanguages(Present(), file, kind_, only);
         TLanguageMeeting meeting = MeetLanguages(Present(), file, TTransferKind::Merge, only);
-        if (meeting.Names.Count() == Present().Count()) return meeting;
+        if (meeting.Names.Count() == Present().Count()) {
+            if (kind_ == TTransferKind::Load) CountOthers(meeting);
+            return meeting;
+        }
         const auto dispatcher = languages_.Dispatcher()->GetComponent();
         throw EBadInput(fileName_, 0,
                         Format("%s is linked to the dispatcher %s of %s, which has no language %s",
                                FormNameOf(lang_), dispatcher->GetName(), dispatcher->GetOwner()->GetName(),
                                meeting.Names[Present().Count()]),
                         "Add the language to the dispatcher first");
+    }
+
+    /// The translations into what the file has not, but the dispatcher.
+    void CountOthers(const TLanguageMeeting& meeting) {
+        for (int place = 2; place <= Present().Count(); ++place)
+            if (std::find(meeting.Places.begin(), meeting.Places.end(), place) == meeting.Places.end())
+                report_.Kept += CountTranslations(texts_, place);
     }
 
     void TellLanguages(const TLanguageMeeting& meeting) {

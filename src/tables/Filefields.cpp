@@ -118,14 +118,20 @@ void TFileFields::AppendInside(std::string& line, std::string_view text, const T
 }
 
 TFileEntry TFileFields::Read(std::string_view line) const {
+    constexpr std::string_view kBlanks = " \t";
     TFileEntry entry;
-    std::size_t pos = 0;
-    // "=" is no plain character.
-    while (pos < line.size() && line[pos] != '=')
-        pos = ReadCharacter(line, pos, entry.Key);
-    if (pos == line.size()) return entry;
+    // Blanks around "=" are no text, for those of a text are escaped there.
+    const std::string_view key = line.substr(0, line.find('='));
+    const std::size_t keyEnd = key.find_last_not_of(kBlanks) + 1;
+    for (std::size_t pos = 0; pos < keyEnd;)
+        pos = ReadCharacter(key.substr(0, keyEnd), pos, entry.Key);
+    if (key.size() == line.size()) return entry;
+    line.remove_prefix(key.size() + 1);
+    const bool beginsBlank =
+        !delimiter_.empty() && kBlanks.find(delimiter_.front()) != std::string_view::npos;
+    if (!beginsBlank) line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
     entry.Fields.emplace_back();
-    for (++pos; pos < line.size();) {
+    for (std::size_t pos = 0; pos < line.size();) {
         if (line.substr(pos).starts_with(delimiter_)) {
             entry.Fields.emplace_back();
             pos += delimiter_.size();

@@ -22,10 +22,13 @@ class TFileFields {
   public:
     explicit TFileFields(std::string delimiter);
 
+    /// What an escape begins with.
+    char Mark() const { return mark_; }
+
     /// Appends the line of an entry, LF behind it.
     void AppendLine(std::string& lines, std::string_view key,
                     const std::vector<std::string_view>& fields) const;
-    /// A line without "=" is a key without fields.
+    /// A line without "=" is a key without fields. Blanks around "=" say nothing, unless D begins with one.
     TFileEntry Read(std::string_view line) const;
 
   private:

@@ -33,8 +33,7 @@ bool IsEntry(char first) {
 }
 
 std::string_view KeyOf(std::string_view line) {
-    const std::string_view content = WithoutBlanks(line);
-    return content.substr(0, content.find('='));
+    return WithoutBlanks(line.substr(0, line.find('=')));
 }
 
 /// The first line with its end, which is taken off the lines.

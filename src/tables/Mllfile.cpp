@@ -247,7 +247,8 @@ TFileEntry TMllFile::ReadEntry(TEntryLine line, int fields) const {
         Refuse(line.Number,
                Format("%s has %s where %s expected", entry.Key, Counted(count, "text", "texts"),
                       Counted(fields, "is", "are")),
-               "Put the delimiter " + delimiter_ + " between them");
+               Format("Put the delimiter %s between them, and %sn for a line break", delimiter_,
+                      std::string(1, fields_.Mark())));
     return entry;
 }
 
@@ -342,13 +343,21 @@ int TMllFile::LastColumn() const {
     return last;
 }
 
-/// Columns of the languages, which are added to the file's names where they are new.
+/// Columns of the languages, which are added to the file's names where they are new. One that the file spells
+/// otherwise is that one, unless the form has it, too.
 std::string TMllFile::ColumnsOf(const TStringList& languages) {
+    TStringList plain;
+    for (const std::string& language : languages)
+        plain.Add(PlainLanguageName(language));
     TStringList columns;
-    for (const std::string& given : languages) {
-        const std::string language = PlainLanguageName(given);
+    for (const std::string& language : plain) {
         auto found = std::find_if(names_.begin(), names_.end(),
                                   [&](const auto& row) { return row.second == language; });
+        if (found == names_.end())
+            found = std::find_if(names_.begin(), names_.end(), [&](const auto& row) {
+                return SameText(row.second, language) && columns.IndexOf(row.first) < 0 &&
+                       std::find(plain.begin(), plain.end(), row.second) == plain.end();
+            });
         if (found == names_.end())
             found = names_.insert(names_.end(), {std::to_string(LastColumn() + 1), language});
         columns.Add(found->first);

@@ -209,6 +209,25 @@ TEST(Translationfile, TheDelimiterIsThatOfTheOptionsAndNoOther) {
     EXPECT_THROW(OpenTranslationFile(lines, "a.mll"), EBadInput);
 }
 
+/// As a translator's editor, or spreadsheet, may leave them.
+TEST(Translationfile, BlanksAroundEqualsAndOtherSpellingsOfALanguageSayNothing) {
+    const std::string bytes =
+        "[Options]\nDelimiter=|\n[Language names - for internal use "
+        "only!]\n1=A\n2=GERMAN\n[P/F]\nLanguages=1,2\n"
+        "[P/F/Captions]\n a\t =  x |y\n[P/F/States]\nCaptions:2:a = stale|z\n";
+    const auto file = OpenTranslationFile(bytes, "a.mll");
+    TLangTexts texts = file->Read({"P", "F"}).value();
+    const TTableEntry entry = texts.Tables[0].Entries().at(0);
+    EXPECT_EQ(entry.Key + "/" + entry.Base() + "/" + entry.Values[1].Text + "/" + entry.Values[1].Former,
+              "a/x /y/z");
+    for (const char* const names : {"A,German", "A,german,GERMAN", "A,German,german"}) {
+        texts.Languages = TStringList::FromCommaText(names);
+        file->Put({"P", "F"}, texts);
+        EXPECT_EQ(file->Read({"P", "F"})->Languages.Count(), texts.Languages.Count()) << file->Bytes();
+        EXPECT_EQ(file->Languages()[1], "GERMAN");
+    }
+}
+
 TEST(Translationfile, ANumberThatAFormUsesIsNoNewLanguages) {
     const std::string bytes =
         "[Options]\nDelimiter=|\n[Language names - for internal use only!]\n1=A\n2147483647=Z\n"

@@ -141,6 +141,7 @@ TEST_F(TFiletransfer, ALoadOfTheProjectReplacesAndTellsWhatWentAClosedFormIsSave
         "IDS_9=New|Nuovo|Neu\n[Demo/Form2/Captions]\nGone.Caption=a|b|c\n";
     OnOpen("/p/a.mll");
     User.OnMessage(
+        "Form2: added: Italian\r\nForm2: added: Strings IDS_9\r\n"
         "Form2: dropped: French with its translations: 1\r\n"
         "Form2: overwritten: Strings IDS_0 (German): 'Alt' instead of 'Bekannt'\r\n"
         "Form2: not in the form: Captions Gone.Caption\r\n"

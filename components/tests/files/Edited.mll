@@ -8,7 +8,7 @@ Version= 1
 [Language names - for internal use only!]
 ; first
 1 = English
-2=German 	
+2=GERMAN 	
 
 ; of F
 [P/F]
