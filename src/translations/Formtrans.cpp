@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/Format.h"
+#include "base/Utf8.h"
 #include "core/Formfamilies.h"
 #include "core/Langsetup.h"
 #include "core/Modules.h"
@@ -65,7 +66,8 @@ void ExpectNoNamesakeOf(TContext& context, const TFormRow& row) {
         for (TFormRow* other : context.Rows.ExternalFiles.FindForms(row.FormName))
             others.push_back(other);
     for (const TFormRow* other : others)
-        if (other != &row)
+        // A unit may stand in both lists, and in that of external files more than once.
+        if (!SameText(other->FileName, row.FileName))
             throw EBadInput(row.FileName, 0,
                             "the form of " + other->FileName + " is named " + other->FormName + ", too",
                             "Give one of the two forms another name");

@@ -41,8 +41,8 @@ void SaveProjectToMLBFile(TContext& context, const std::string& fileName, TFormR
 /// Loads or merges every form of the list in front.
 void LoadProjFromFile(TContext& context, const std::string& fileName, bool merge, TFormReports& reports);
 
-/// EBadInput where another form of the name would be one with the row's in a file: one of its list, or, for
-/// an external file, of the project.
+/// EBadInput where the form of another unit would be one with the row's in a translation file: one of that
+/// name in its list, or, for an external file, in the project.
 void ExpectNoNamesakeOf(TContext& context, const TFormRow& row);
 
 /// The name of the open project without folder and extension, by which files know its forms; "" without one.

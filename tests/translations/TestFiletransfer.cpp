@@ -265,9 +265,28 @@ TEST_F(TFiletransfer, AFormWithoutWhatItsRowSaysIsPassedOverAndLeftOpen) {
     EXPECT_TRUE(IsFileOpen(Context(), "/p/Unit2.pas"));
 }
 
-TEST_F(TFiletransfer, TwoFormsOfANameAreRefused) {
+TEST_F(TFiletransfer, TwoFormsOfANameAreRefusedAUnitInBothListsIsOneForm) {
+    Put("/p/Demo.mlproj", "[External Files]\nFiles=Unit2.pas,Unit2.pas\n");
+    Ide.CloseProject();
+    Ide.OpenProject("/p/Demo.dpr");
+    Expert->RunItemClick();
+    ASSERT_EQ(Context().Rows.ExternalFiles.Count(), 1);
+    for (const TFormsPage page : {TFormsPage::ProjectForms, TFormsPage::ExternalFiles}) {
+        Expert->Window()->pcFormsListChange(page);
+        Files.Files.erase("/p/a.mll");
+        SaveAs("SaveProject", "/p/a.mll");
+        EXPECT_TRUE(Has("a.mll", "IDS_0=Known|Bekannt|Connu"));
+        Reword("Neu");
+        OnOpen("/p/a.mll");
+        User.OnMessage("Form2: overwritten: Strings IDS_0 (German): 'Bekannt' instead of 'Neu'\r\n");
+        Run("LoadProject");
+        EXPECT_TRUE(Has("Unit2.dfm", "'Bekannt'"));
+    }
     Rows().Add("form2", "Other", "/p/Other.pas");
-    EXPECT_THROW(SaveFormToFile(Context(), "Form2", "/p/a.mll", "|"), EBadInput);
+    for (const TFormsPage page : {TFormsPage::ProjectForms, TFormsPage::ExternalFiles}) {
+        Expert->Window()->pcFormsListChange(page);
+        EXPECT_THROW(SaveFormToFile(Context(), "Form2", "/p/a.mll", "|"), EBadInput);
+    }
 }
 
 TEST_F(TFiletransfer, AComponentUnderADispatcherTakesNoNewLanguage) {
