@@ -32,6 +32,12 @@ constexpr TIniSyntax kSyntax{ReadLine, SectionLine, ValueLine, "\r\n", false};
 TmlMemIniFile::TmlMemIniFile(IFileSystem& files, std::string fileName)
     : files_(files), fileName_(std::move(fileName)), onDisk_(ReadDisk()), document_(onDisk_, kSyntax) {}
 
+TmlMemIniFile::TmlMemIniFile(const TmlMemIniFile& other)
+    : files_(other.files_),
+      fileName_(other.fileName_),
+      onDisk_(other.onDisk_),
+      document_(other.document_.Text(), kSyntax) {}
+
 std::string TmlMemIniFile::ReadDisk() const {
     return fileName_.empty() || !files_.Stat(fileName_) ? std::string() : files_.Read(fileName_);
 }

@@ -14,6 +14,8 @@ class TmlMemIniFile {
   public:
     /// Reads the file; a missing one gives an empty store.
     TmlMemIniFile(IFileSystem& files, std::string fileName);
+    TmlMemIniFile(const TmlMemIniFile& other);
+    TmlMemIniFile& operator=(const TmlMemIniFile&) = delete;
 
     std::string ReadString(std::string_view section, std::string_view key, std::string_view missing) const;
     /// A value that is no number gives missing; every number but 0 is true.

@@ -92,6 +92,20 @@ void TmlLangProjectSettings::SetOptionValue(const std::string& name, const TOpti
         store_->WriteString(kSection, name, AsText(value));
 }
 
+void TmlLangProjectSettings::SaveOptions(const TOptions& options) {
+    const bool wasChanged = changed_;
+    auto before = store_ == nullptr ? nullptr : std::make_unique<TmlMemIniFile>(*store_);
+    try {
+        for (const auto& [name, value] : options)
+            SetOptionValue(name, value);
+        SaveFile();
+    } catch (...) {
+        store_ = std::move(before);
+        changed_ = wasChanged;
+        throw;
+    }
+}
+
 TStringList TmlLangProjectSettings::GetExternalFiles() {
     TStringList files;
     if (store_ == nullptr) return files;

@@ -2,6 +2,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Files.h"
 #include "core/Context.h"
@@ -27,6 +29,11 @@ class TmlLangProjectSettings : public ImlLangProjectSettings {
     void SetOptionValue(const std::string& name, const TOptionValue& value) override;
     void DisplayEditDialog() override;
     bool GetIsChanged() override { return changed_; }
+
+    using TOptions = std::vector<std::pair<const char*, TOptionValue>>;
+    /// Sets options, in order, and saves the file. Errors as of SetOptionValue and SaveFile; options and
+    /// GetIsChanged are as they were then.
+    void SaveOptions(const TOptions& options);
 
     /// Full names of the external files; the file has them from the project's folder on.
     TStringList GetExternalFiles();

@@ -6,6 +6,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Formrows.h"
+#include "translations/Projectsettings.h"
 #include "translations/Translationdialogs.h"
 
 namespace tml {
@@ -47,7 +48,7 @@ TStringList DictionaryLanguagesOf(const TStringList& lines) {
 }
 
 TfrmProjectTranslationSettings::TfrmProjectTranslationSettings(TContext& context,
-                                                               ImlLangProjectSettings& settings)
+                                                               TmlLangProjectSettings& settings)
     : context_(context), settings_(settings) {
     Name = "frmProjectTranslationSettings";
     Caption = "Project Translation Settings";
@@ -124,19 +125,18 @@ void TfrmProjectTranslationSettings::CheckLanguage() {
 }
 
 void TfrmProjectTranslationSettings::btOKClick() {
-    settings_.SetOptionValue("DefaultDictionary", edDefaultDictionary);
-    settings_.SetOptionValue("DictionaryBaseLanguage", cbDefaultLanguage);
-    settings_.SetOptionValue("DontAskForDictionary", !ckbAskForDictionary);
-    settings_.SetOptionValue("DictionaryIgnoreCase", ckbCaseSensitive);
-    settings_.SetOptionValue("DictionarySkipAmpersands", ckbSkipAmpersand);
-    settings_.SetOptionValue("DictionaryParseMultilines", ckbParseMultilines);
-    settings_.SetOptionValue("DictionaryOverwriteExisting", ckbOverwriteExisting);
-    settings_.SetOptionValue("DictionaryForceEmpties", ckbForceEmpties);
-    settings_.SetOptionValue("DefaultTranslationFileName", edDefTranslationFile);
-    settings_.SetOptionValue("DefaultFormForUnits", cbDefFormForUnits.Text());
-    settings_.SetOptionValue("DispatcherForm", cbDefFormForDispatcher.Text());
-    settings_.SetOptionValue("CommonContainerForm", cbDefFormForCommonContainer.Text());
-    settings_.SaveFile();
+    settings_.SaveOptions({{"DefaultDictionary", edDefaultDictionary},
+                           {"DictionaryBaseLanguage", cbDefaultLanguage},
+                           {"DontAskForDictionary", !ckbAskForDictionary},
+                           {"DictionaryIgnoreCase", ckbCaseSensitive},
+                           {"DictionarySkipAmpersands", ckbSkipAmpersand},
+                           {"DictionaryParseMultilines", ckbParseMultilines},
+                           {"DictionaryOverwriteExisting", ckbOverwriteExisting},
+                           {"DictionaryForceEmpties", ckbForceEmpties},
+                           {"DefaultTranslationFileName", edDefTranslationFile},
+                           {"DefaultFormForUnits", cbDefFormForUnits.Text()},
+                           {"DispatcherForm", cbDefFormForDispatcher.Text()},
+                           {"CommonContainerForm", cbDefFormForCommonContainer.Text()}});
     Close(mrOk);
 }
 

@@ -3,15 +3,16 @@
 #include <string>
 
 #include "core/Context.h"
-#include "platform/Projectoptions.h"
 #include "windows/Boxes.h"
 
 namespace tml {
 
+class TmlLangProjectSettings;
+
 /// Edits the translation settings of the project.
 class TfrmProjectTranslationSettings : public TForm {
   public:
-    TfrmProjectTranslationSettings(TContext& context, ImlLangProjectSettings& settings);
+    TfrmProjectTranslationSettings(TContext& context, TmlLangProjectSettings& settings);
 
     bool ShowsDictionaryPage = true;
     std::string edDefaultDictionary;
@@ -39,7 +40,8 @@ class TfrmProjectTranslationSettings : public TForm {
     /// "..." beside either box: asks for a file and puts it into the box.
     void ChooseDictionary();
     void ChooseTranslationFile();
-    /// Writes all options back and saves the file.
+    /// Writes all options back and saves the file. Where that fails the window stays open, and no option has
+    /// changed.
     void btOKClick();
     void btCancelClick();
 
@@ -48,7 +50,7 @@ class TfrmProjectTranslationSettings : public TForm {
     void CheckLanguage();
 
     TContext& context_;
-    ImlLangProjectSettings& settings_;
+    TmlLangProjectSettings& settings_;
 };
 
 /// The languages that the head of an XML dictionary lists. The closing tag stays attached to each, as

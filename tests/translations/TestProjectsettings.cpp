@@ -136,6 +136,33 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
               "DictionaryForceEmpties=0\nDefaultTranslationFileName=/p/t.mlb\nCommonContainerForm=\n");
 }
 
+TEST(Projectsettings, AnOKThatCannotSaveChangesNoOption) {
+    TMemoryFileSystem files;
+    const std::string stored = "[Settings]\nDispatcherForm=gone\n";
+    files.Files[kFile] = stored;
+    TProject project(files);
+    TmlLangProjectSettings settings(project.Context);
+    settings.SetFileName(kFile);
+    for (const bool isChanged : {false, true}) {
+        if (isChanged) settings.SetOptionValue("CommonContainerForm", std::string("Main"));
+        for (const std::string translations : {"a.mll", "a\nb.mll"}) {
+            files.ReadOnlyFiles = {kFile};
+            TfrmProjectTranslationSettings window(project.Context, settings);
+            window.edDefaultDictionaryChange("d.dix");
+            window.edDefTranslationFile = translations;
+            EXPECT_THROW(window.btOKClick(), EBadInput);
+            EXPECT_EQ(window.ModalResult, mrNone) << "the window stays open";
+            window.btCancelClick();
+            EXPECT_EQ(settings.GetOptionValue("DefaultDictionary"), TOptionValue(std::string()));
+            EXPECT_EQ(settings.GetOptionValue("DispatcherForm"), TOptionValue(std::string("gone")));
+            EXPECT_EQ(settings.GetIsChanged(), isChanged);
+        }
+    }
+    files.ReadOnlyFiles = {};
+    settings.SaveFile();
+    EXPECT_EQ(files.Files[kFile], stored + "CommonContainerForm=Main\n") << "what others have set stays";
+}
+
 TEST(Projectsettings, ADictionaryThatCannotBeReadDoesNotBarTheWindow) {
     struct TUnreadable : TWrappedFileSystem {
         using TWrappedFileSystem::TWrappedFileSystem;
