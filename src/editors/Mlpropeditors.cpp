@@ -8,6 +8,7 @@
 #include "base/Format.h"
 #include "base/Utf8.h"
 #include "editors/Mllangcomboeditor.h"
+#include "platform/Referable.h"
 #include "setup/Excludeforms.h"
 #include "tables/Extendedtable.h"
 #include "translations/Formlanguages.h"
@@ -292,10 +293,10 @@ bool TCommonContainerProperty::CheckComponent(IOTAComponent& candidate) const {
 }
 
 void TCommonContainerProperty::GetValues(const std::function<void(const std::string&)>& add) {
-    const auto root = edited_.Designer.GetRoot();
-    for (int i = 0; i < root->GetComponentCount(); ++i)
-        if (const auto candidate = root->GetComponent(i); CheckComponent(*candidate))
-            add(candidate->GetName());
+    ForEachReferable(*edited_.Host->Host.Services->GetModuleServices(), edited_.Designer,
+                     [&](const std::string& name, IOTAComponent& candidate) {
+                         if (CheckComponent(candidate)) add(name);
+                     });
 }
 
 }  // namespace tml

@@ -9,6 +9,7 @@
 #include "ide/Designlanguages.h"
 #include "ide/Valuetexts.h"
 #include "layout/Modulecomponents.h"
+#include "platform/Referable.h"
 #include "runtime/Componentprops.h"
 #include "tables/Componentclasses.h"
 #include "windows/Stringlisteditor.h"
@@ -243,15 +244,13 @@ std::unique_ptr<IPropertyEditor> TInspector::EditorOf(const std::shared_ptr<IOTA
 
 TStringList TInspector::Candidates(const TPropertyType& type) const {
     TStringList names;
-    const auto root = Form()->GetRootComponent();
     const std::vector<std::string> classes = WordsOf(type.Of);
-    for (int i = 0; i < root->GetComponentCount(); ++i) {
-        const auto component = root->GetComponent(i);
+    ForEachReferable(modules_, Form()->GetDesigner(), [&](const std::string& name, IOTAComponent& component) {
         if (std::any_of(classes.begin(), classes.end(), [&](const std::string& one) {
-                return editors_->InheritsFrom(component->GetComponentType(), one);
+                return editors_->InheritsFrom(component.GetComponentType(), one);
             }))
-            names.Add(component->GetName());
-    }
+            names.Add(name);
+    });
     return names;
 }
 
@@ -304,12 +303,10 @@ void TInspector::ExpectTarget(IOTAComponent& component, const TInspectedProperty
     if (row.Type.Takes != TTakes::Component) return;
     const auto target = component.GetPropComponent(row.Name);
     if (target == nullptr) Refuse(Format("there is no component %s", text));
-    const bool isElsewhere = text.find('.') != std::string::npos;
-    const std::vector<std::string> classes = WordsOf(row.Type.Of);
-    const bool fits = std::any_of(classes.begin(), classes.end(), [&](const std::string& one) {
-        return editors_->InheritsFrom(target->GetComponentType(), one);
-    });
-    if (!fits || (!isElsewhere && Values(row.Name).IndexOf(text) < 0))
+    // Its form is open now, so that what the property takes is what its list offers.
+    const std::string own = Form()->GetRootComponent()->GetName() + '.';
+    const bool isOwn = SameText(text.substr(0, own.size()), own);
+    if (Values(row.Name).IndexOf(isOwn ? text.substr(own.size()) : text) < 0)
         Refuse(Format("%s.%s takes no %s", component.GetName(), row.Name, target->GetComponentType()));
 }
 

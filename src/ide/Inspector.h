@@ -65,7 +65,7 @@ class TInspector {
     const TInspectedProperty* Find(const std::string& property) const;
     std::unique_ptr<IPropertyEditor> EditorOf(const std::shared_ptr<IOTAComponent>& component,
                                               const std::string& property) const;
-    /// The components on the form that the property can name.
+    /// The components that the property can name.
     TStringList Candidates(const TPropertyType& type) const;
     void Change(const std::shared_ptr<IOTAComponent>& component, const TInspectedProperty& row,
                 const std::string& text);

@@ -232,6 +232,52 @@ TEST_F(TFormDesignTest, OffersTheValuesThatAPropertyTakes) {
     EXPECT_FALSE(Row("Language").IsHeld) << "the first one without being stored";
 }
 
+TEST_F(TFormDesignTest, AReferenceNamesWhatIsInheritedAndWhatIsOnOtherFormsToo) {
+    PutForm(3, "  object away: TmlLang\n  end\n  object linkedAway: TmlLangLinked\n  end\n");
+    std::string& program = Files.Files["/p/Demo.dpr"];
+    program.replace(program.find("  Helper"), 0, "  Unit3 in 'Unit3.pas' {Form3},\r\n");
+    std::string& heir = Files.Files["/p/Unit1.dfm"];
+    heir.replace(heir.find("  object mlHeir"), 0,
+                 "  inline Frame31: TForm3\r\n  end\r\n  object linkedHeir: TmlLangLinked\r\n  end\r\n");
+    Ide.CloseProject();
+    Ide.OpenProject("/p/Demo.dpr");
+    Show("/p/Unit1.pas");
+    Select({"linkedHeir"});
+    const auto offered = [this] { return Design.Inspector().Values("CommonContainer").CommaText(); };
+    EXPECT_EQ(offered(), "mlHeir,mlLang1,Frame31.away,Form2.mlLang1,Form3.away")
+        << "forms that this one repeats are open with it";
+    const struct {
+        const char* Text;
+        const char* Reason;
+    } kTyped[] = {
+        {"mllang1", ""},
+        {"Form2.mlLang1", ""},
+        {"form1.MLHEIR", ""},
+        {"Frame31.away", ""},
+        {"Form3.away", ""},
+        {"Form2.linked", "linkedHeir.CommonContainer takes no TmlLangLinked"},
+        {"Form3.linkedAway", "linkedHeir.CommonContainer takes no TmlLangLinked"},
+        {"Form1.linkedHeir", "linkedHeir.CommonContainer takes no TmlLangLinked"},
+        {"Form2.disp", "linkedHeir.CommonContainer takes no TmlLangDispatcher"},
+        {"Form2.Nobody", "there is no component Form2.Nobody"},
+    };
+    for (const auto& typed : kTyped) {
+        const std::string before = Form();
+        const std::string reason = Set("linkedHeir", "CommonContainer", typed.Text);
+        EXPECT_EQ(reason.substr(0, reason.find(". The form")), typed.Reason) << typed.Text;
+        EXPECT_EQ(Form() == before, *typed.Reason != '\0') << typed.Text;
+    }
+    EXPECT_EQ(Value("linkedHeir", "CommonContainer"), "Form3.away");
+    Select({"mlHeir"});
+    EXPECT_EQ(Design.Inspector().Values("Dispatcher").CommaText(), "disp,Form2.disp");
+}
+
+TEST_F(TFormDesignTest, AFormThatIsClosedIsOpenedForTheReferenceThatIsTyped) {
+    Show();
+    EXPECT_EQ(Set("linked", "CommonContainer", "Form1.mlHeir"), "");
+    EXPECT_EQ(Value("linked", "CommonContainer"), "Form1.mlHeir");
+}
+
 TEST_F(TFormDesignTest, EditsWhatSeveralComponentsHaveInCommon) {
     Show();
     Select({"Panel1", "Button1"});
