@@ -1,6 +1,7 @@
 #include "desktop/Binder.h"
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -26,6 +27,17 @@ void ShowItems(QComboBox& box, const TStringList& items) {
     box.clear();
     box.addItems(ToQt(items));
     box.setCurrentIndex(-1);
+}
+
+/// The last one that is down goes up only where none has to be.
+void ShowNoneDown(const std::vector<QAbstractButton*>& buttons) {
+    QButtonGroup& group = *buttons.front()->group();
+    group.setExclusive(false);
+    for (QAbstractButton* const button : buttons) {
+        const QSignalBlocker quiet(button);
+        button->setChecked(false);
+    }
+    group.setExclusive(true);
 }
 
 }  // namespace
@@ -132,9 +144,11 @@ void TBinder::OneOf(const std::vector<QAbstractButton*>& buttons, std::function<
             if (down) runner_.Run([&] { choose(static_cast<int>(i)); });
         });
     Show([buttons, read = std::move(read)] {
-        const auto down = static_cast<std::size_t>(read());
-        const QSignalBlocker quiet(buttons[down]);
-        buttons[down]->setChecked(true);
+        const int down = read();
+        if (down < 0) return ShowNoneDown(buttons);
+        QAbstractButton* const button = buttons[static_cast<std::size_t>(down)];
+        const QSignalBlocker quiet(button);
+        button->setChecked(true);
     });
 }
 

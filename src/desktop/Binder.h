@@ -49,7 +49,7 @@ class TBinder {
     /// A text that may be typed or chosen from the entries.
     void TextOrChoice(QComboBox* box, const TStringList& items, const std::string& text,
                       std::function<void(const std::string&)> handler);
-    /// Buttons of which one is down: read gives its index, choose is told of another.
+    /// Buttons of which one is down: read gives its index (-1: none of a group), choose is told of another.
     void OneOf(const std::vector<QAbstractButton*>& buttons, std::function<int()> read,
                std::function<void(int)> choose);
     /// Keys that work wherever the focus is in the view.

@@ -45,14 +45,16 @@ void TFileNameView::BindModes() {
 void TFileNameView::BindTemplate() {
     binder_.Text(ui_->edTemplateText, form_.edTemplateText,
                  [this](const std::string& text) { form_.edTemplateTextChange(text); });
-    binder_.OneOf(
-        {ui_->rbMLL, ui_->rbMLB}, [this] { return form_.rbMLL ? 0 : 1; },
-        [this](int chosen) {
-            if (chosen == 0)
-                form_.rbMLLClick();
-            else
-                form_.rbMLBClick();
-        });
+    const auto kind = [this] {
+        if (form_.rbMLL) return 0;
+        return form_.rbMLB ? 1 : -1;
+    };
+    binder_.OneOf({ui_->rbMLL, ui_->rbMLB}, kind, [this](int chosen) {
+        if (chosen == 0)
+            form_.rbMLLClick();
+        else
+            form_.rbMLBClick();
+    });
     binder_.Text(ui_->edFolderName, form_.edFolderName,
                  [this](const std::string& text) { form_.edFolderNameChange(text); });
     binder_.Click(ui_->btBrowseFolder, [this] { form_.btBrowseFolderClick(); });

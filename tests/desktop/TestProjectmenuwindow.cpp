@@ -1,3 +1,4 @@
+#include <QRadioButton>
 #include <QTreeWidget>
 
 #include "desktop/Deskfixture.h"
@@ -28,11 +29,17 @@ TEST_F(TProjectMenuWindow, TheTranslationsOfAProjectAreSavedFromTheProjectManage
     QApplication::processEvents();
     const std::string written = OnDisk("orchard/texts.mll");
     EXPECT_NE(written.find("[Orchard/AboutBox]"), std::string::npos) << written;
+    Window->Host().Expert()->Settings().SetMultiProjTemplate("($PROJECT_NAME).txt");
     User.On([](QWidget& dialog) {
         Press(dialog, "rbFileNameTemplate");
         EXPECT_FALSE(EditOf(dialog, "edFileName").isEnabled());
-        Press(dialog, "rbMLB");
-        EXPECT_EQ(EditOf(dialog, "edTemplateText").text(), "($PROJECT_NAME).mlb");
+        for (const auto& [kind, name] :
+             {std::pair("rbMLL", "($PROJECT_NAME).mll"), {"rbMLB", "($PROJECT_NAME).mlb"}}) {
+            EXPECT_FALSE(dialog.findChild<QRadioButton*>(kind)->isChecked())
+                << "of neither kind, or of the other";
+            Press(dialog, kind);
+            EXPECT_EQ(EditOf(dialog, "edTemplateText").text(), name);
+        }
         Press(dialog, "btOK");
     });
     User.Answer("This will save all projects in project group to ($PROJECT_NAME).mlb! Continue?", "Yes");
