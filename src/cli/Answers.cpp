@@ -11,6 +11,13 @@ std::string LinesJoined(std::string text) {
     return text;
 }
 
+/// On a terminal a carriage return alone would write the next line over the one before.
+std::string LinesShown(std::string text) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\r' && text.compare(i, 2, "\r\n") != 0) text[i] = '\n';
+    return text;
+}
+
 }  // namespace
 
 void TAnswers::ClearMessages() {
@@ -26,7 +33,7 @@ TModalResult TAnswers::MessageDlg(const std::string& text, TMsgDlgType type, con
     if (type == TMsgDlgType::mtInformation) Information.push_back(LinesJoined(text));
     if (!offers(mrYes)) return mrOk;
     if (type != TMsgDlgType::mtWarning || yes_) return mrYes;
-    Errors.push_back(text + " (say --yes to go on)");
+    Errors.push_back(LinesShown(text) + " (say --yes to go on)");
     return offers(mrCancel) ? mrCancel : mrNo;
 }
 

@@ -70,13 +70,13 @@ class TTransferRun {
         std::cout << told_.str();
     }
 
-    /// As the window asks for it.
-    std::string Delimiter() {
+    /// As the window asks for it; otherDelimiter is the question about another one than the file has.
+    std::string Delimiter(const char* otherDelimiter) {
         if (IsBinaryTranslation(fileName_)) return {};
         const std::string old = GetMLLFileDelimiter(session_.Context(), fileName_);
         std::string delimiter = old;
         session_.Answers().Text = options_.Delimiter.value_or(old);
-        if (!AskForDelimiter(session_.Context(), old, fileName_, delimiter))
+        if (!AskForDelimiter(session_.Context(), old, fileName_, delimiter, otherDelimiter))
             throw EBadInput(fileName_, 0, session_.Answers().Errors.front());
         return delimiter;
     }
@@ -148,7 +148,7 @@ int ForProjects(TProgram& program, const TTransferOptions& options,
 
 int RunSave(TProgram& program, const TTransferOptions& options) {
     return ForProjects(program, options, [](TTransferRun& run) {
-        const std::string delimiter = run.Delimiter();
+        const std::string delimiter = run.Delimiter(kOtherDelimiter);
         run.Run(
             "Save Translations", TFormUse::Reads,
             [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },
@@ -186,7 +186,7 @@ int RunExport(TProgram& program, const TTransferOptions& options) {
     const TPropertyKinds kinds = KindsOf(options.Kinds);
     return ForProjects(program, options, [&](TTransferRun& run) {
         ExpectTextKind(run.FileName());
-        const std::string delimiter = run.Delimiter();
+        const std::string delimiter = run.Delimiter(kOtherDelimiterOfProperties);
         run.Run(
             "Save Properties", TFormUse::Reads,
             [&](ITranslationFiles& files) { files.ExpectWritable(run.FileName(), delimiter); },

@@ -25,9 +25,6 @@ constexpr const char* kNotTranslated = "Project or file is not translated!";
 constexpr const char* kWhichLanguage =
     "The following languages are available in the selected file:\r\n%sPlease type the language name to "
     "load:";
-constexpr const char* kOtherDelimiterOfProperties =
-    "The existing delimiter in file differs from new one.\rThis may cause errors in future reading "
-    "translation information\rContinue?";
 constexpr const char* kNoLanguage = "The specified language doesn't exist in file!";
 
 using TRows = std::vector<TFormRow*>;

@@ -11,6 +11,11 @@ namespace tml {
 /// Asks for the kinds of properties; only mrOk sets them.
 TModalResult PropListDialog(TContext& context, TPropertyKinds& kinds);
 
+/// Asked where a file that exists would get another delimiter; see AskForDelimiter.
+inline constexpr const char* kOtherDelimiterOfProperties =
+    "The existing delimiter in file differs from new one.\rThis may cause errors in future reading "
+    "translation information\rContinue?";
+
 /// EBadInput for the name of a binary file: chosen kinds are saved as text only.
 void ExpectTextKind(const std::string& fileName);
 
