@@ -33,10 +33,14 @@ inline TDictionaryOptions DictionaryOptionsOf(ImlLangProjectSettings& settings) 
             .ParseMultilines = flag("DictionaryParseMultilines")};
 }
 
+/// Full name of a dictionary of the project, which is named from its settings' folder on; "" for none.
+inline std::string DictionaryFileOf(ImlLangProjectSettings& settings, const std::string& name) {
+    return name.empty() ? name : JoinPath(FolderOf(settings.GetFileName()), name);
+}
+
 /// Full name of the project's dictionary, "" for none.
 inline std::string DefaultDictionaryOf(ImlLangProjectSettings& settings) {
-    const std::string name = std::get<std::string>(settings.GetOptionValue("DefaultDictionary"));
-    return name.empty() ? name : JoinPath(FolderOf(settings.GetFileName()), name);
+    return DictionaryFileOf(settings, std::get<std::string>(settings.GetOptionValue("DefaultDictionary")));
 }
 
 /// What the dictionary calls the base language of the project's forms, "" for what they call it.

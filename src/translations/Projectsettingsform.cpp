@@ -6,6 +6,7 @@
 #include "base/Errors.h"
 #include "base/Utf8.h"
 #include "core/Formrows.h"
+#include "platform/Dictionarytool.h"
 #include "translations/Projectsettings.h"
 #include "translations/Translationdialogs.h"
 
@@ -87,16 +88,20 @@ void TfrmProjectTranslationSettings::SwitchPage() {
 void TfrmProjectTranslationSettings::edDefaultDictionaryChange(const std::string& text) {
     edDefaultDictionary = text;
     Changed();
-    const auto info = text.empty() ? std::nullopt : context_.Host.Files->Stat(text);
+    const auto info = text.empty() ? std::nullopt : context_.Host.Files->Stat(DictionaryFile());
     if (!info || info->IsFolder) return;
     ReadLanguages();
     CheckLanguage();
 }
 
+std::string TfrmProjectTranslationSettings::DictionaryFile() const {
+    return DictionaryFileOf(settings_, edDefaultDictionary);
+}
+
 void TfrmProjectTranslationSettings::ReadLanguages() {
     // A binary dictionary belongs to the external tool alone.
     const bool isBinary = SameText(ExtensionOf(edDefaultDictionary), ".dic");
-    const std::string bytes = isBinary ? std::string() : context_.Host.Files->Read(edDefaultDictionary);
+    const std::string bytes = isBinary ? std::string() : context_.Host.Files->Read(DictionaryFile());
     DictionaryLanguages = DictionaryLanguagesOf(TStringList::FromText(TCodedText::TextOf(bytes)));
     DictionaryNote = !DictionaryLanguages.Empty() ? "" : isBinary ? kUnknownLanguages : kNoLanguages;
 }
@@ -107,7 +112,7 @@ void TfrmProjectTranslationSettings::cbDefaultLanguageChange(const std::string& 
 }
 
 void TfrmProjectTranslationSettings::ChooseDictionary() {
-    const auto file = AskForFile(context_, edDefaultDictionary, "dic",
+    const auto file = AskForFile(context_, DictionaryFile(), "dic",
                                  "Dictionaries (*.dic)|*.dic|XML dictionaries (*.dix)|*.dix");
     if (file) edDefaultDictionaryChange(*file);
 }

@@ -46,6 +46,8 @@ class TfrmProjectTranslationSettings : public TForm {
     void btCancelClick();
 
   private:
+    /// Full name of the dictionary in its box, "" for none.
+    std::string DictionaryFile() const;
     void ReadLanguages();
     void CheckLanguage();
 

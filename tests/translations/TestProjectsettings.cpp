@@ -114,9 +114,10 @@ TEST(Projectsettings, TheWindowWritesEveryOptionBack) {
             EXPECT_TRUE(window.DictionaryLanguages.Empty());
             EXPECT_EQ(window.DictionaryNote, "What languages a .dic file has is not known here.");
             EXPECT_FALSE(window.LanguageWarning);
-            window.edDefaultDictionaryChange("/p/old.dix");
+            window.edDefaultDictionaryChange("old.dix");
             EXPECT_EQ(window.DictionaryLanguages, TStringList({"Fran\xC3\xA7"
-                                                               "ais</LANGUAGE>"}));
+                                                               "ais</LANGUAGE>"}))
+                << "beside the project";
             window.edDefaultDictionaryChange("/p/d.dix");
             window.ckbCaseSensitive = true;
             window.ChooseTranslationFile();
