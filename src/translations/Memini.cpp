@@ -1,6 +1,7 @@
 #include "translations/Memini.h"
 
 #include "base/Errors.h"
+#include "base/Format.h"
 #include "base/Utf8.h"
 
 namespace tml {
@@ -30,16 +31,28 @@ constexpr TIniSyntax kSyntax{ReadLine, SectionLine, ValueLine, "\r\n", false};
 }  // namespace
 
 TmlMemIniFile::TmlMemIniFile(IFileSystem& files, std::string fileName)
-    : files_(files), fileName_(std::move(fileName)), onDisk_(ReadDisk()), document_(onDisk_, kSyntax) {}
+    : files_(files), fileName_(std::move(fileName)), onDisk_(ReadDisk()), document_(ReadText(), kSyntax) {}
 
 TmlMemIniFile::TmlMemIniFile(const TmlMemIniFile& other)
     : files_(other.files_),
       fileName_(other.fileName_),
       onDisk_(other.onDisk_),
+      encoding_(other.encoding_),
       document_(other.document_.Text(), kSyntax) {}
 
 std::string TmlMemIniFile::ReadDisk() const {
     return fileName_.empty() || !files_.Stat(fileName_) ? std::string() : files_.Read(fileName_);
+}
+
+/// Bytes that would not come back from their text stand for themselves.
+std::string TmlMemIniFile::ReadText() {
+    const TEncoding encoding = DetectEncoding(onDisk_, {});
+    const std::string bytes = onDisk_.substr(encoding.Bom.size());
+    std::string text;
+    std::string back;
+    if (!Decode(encoding, bytes, text) || !Encode(encoding, text, back) || back != bytes) return onDisk_;
+    encoding_ = encoding;
+    return text;
 }
 
 std::string TmlMemIniFile::ReadString(std::string_view section, std::string_view key,
@@ -59,6 +72,11 @@ void TmlMemIniFile::WriteString(std::string_view section, std::string_view key, 
     if (value.find_first_of("\r\n") != std::string_view::npos)
         throw EBadInput(fileName_, 0, "the value of " + std::string(key) + " holds a line break",
                         "Give it in one line.");
+    std::string bytes;
+    if (!Encode(encoding_, value, bytes))
+        throw EBadInput(fileName_, 0,
+                        Format("the value of %s has characters that %s has not", key, encoding_.Name),
+                        "Save the file as UTF-8, then repeat the change");
     document_.Set(section, key, value);
 }
 
@@ -70,9 +88,11 @@ void TmlMemIniFile::UpdateFile() {
     if (ReadDisk() != onDisk_)
         throw EFileError(fileName_, 0, "the file has changed on the disk since it was opened",
                          "Open the project again and repeat the change");
-    std::string text = document_.Text();
-    WriteFileSafely(files_, fileName_, text);
-    onDisk_ = std::move(text);
+    std::string bytes = encoding_.Bom;
+    // Every value was checked when it was written.
+    Encode(encoding_, document_.Text(), bytes);
+    WriteFileSafely(files_, fileName_, bytes);
+    onDisk_ = std::move(bytes);
 }
 
 }  // namespace tml

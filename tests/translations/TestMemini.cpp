@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <string>
+#include <tuple>
 
 #include "base/Errors.h"
 #include "support/Growth.h"
@@ -34,6 +36,29 @@ TEST(Memini, ChangesTheLineOfTheKeyAndNoOther) {
         EXPECT_EQ(ini.ReadString("S", "K", "missing"), "v") << row.Before;
         ini.UpdateFile();
         EXPECT_EQ(files.Files["/a.ini"], row.After) << row.Before;
+    }
+}
+
+TEST(Memini, AFileThatIsNotUtf8KeepsItsEncoding) {
+    const std::string latin = "; Men\xFC \xE4ndern\r\n[S]\r\nd=W\xF6rter\\gr\xFC\xDF.dix\r\n";
+    const std::string broken = "\xFF\xFE;xy\n[S]\nd=W\xF6rter\n";
+    const std::string wide("\xFF\xFE[\0S\0]\0\n\0d\0=\0\xFC\0\n\0", 18);
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {latin, "W\xC3\xB6rter\\gr\xC3\xBC\xC3\x9F.dix", latin + "k=\xE9\r\n"},
+        {broken, "W\xF6rter", broken + "k=\xC3\xA9\n"},  // of an odd length, so no UTF-16
+        {wide, "\xC3\xBC", wide + std::string("k\0=\0\xE9\0\n\0", 8)},
+    };
+    for (const auto& [before, read, after] : cases) {
+        TMemoryFileSystem files;
+        files.Files["/a.ini"] = before;
+        TmlMemIniFile ini(files, "/a.ini");
+        EXPECT_EQ(ini.ReadString("s", "d", ""), read);
+        ini.WriteString("S", "k", "\xC3\xA9");
+        if (before == latin) {
+            EXPECT_THROW(ini.WriteString("S", "d", "\xD0\x96.dix"), EBadInput);
+        }
+        ini.UpdateFile();
+        EXPECT_EQ(files.Files["/a.ini"], after);
     }
 }
 
