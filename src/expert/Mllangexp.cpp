@@ -242,6 +242,19 @@ bool TmlLangExpert::RunItemClick() {
     return complete;
 }
 
+bool TmlLangExpert::Activate(IOTAProjectGroup& group, const std::shared_ptr<IOTAProject>& project) {
+    TAllSteps steps;
+    // What the IDE tells of it would have the project read twice.
+    activates_ = true;
+    steps.Try([&] {
+        const TCommandGate::TOwnCall call(context_.Gate);
+        group.SetActiveProject(project);
+    });
+    activates_ = false;
+    steps.Finish();
+    return RunItemClick();
+}
+
 void TmlLangExpert::ShowProject(IOTASourceEditor* current) {
     if (settings_.Get().OpenAllForms) OpenProjectForms();
     TForm& shown = DockHost != nullptr ? *DockHost : *MainWindow;
@@ -351,7 +364,7 @@ void TmlLangExpert::FileNotified(TOTAFileNotification notifyCode, const std::str
     if (notifyCode == TOTAFileNotification::ofnFileOpened) FileOpened(fileName);
     if (MainWindow == nullptr) return;
     if (notifyCode == TOTAFileNotification::ofnFileClosing) FileClosing(fileName);
-    if (notifyCode == TOTAFileNotification::ofnActiveProjectChanged) RunItemClick();
+    if (notifyCode == TOTAFileNotification::ofnActiveProjectChanged && !activates_) RunItemClick();
 }
 
 void TmlLangExpert::FileOpened(const std::string& fileName) {

@@ -42,6 +42,9 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     /// Opens the main window on the active project, or brings it up and reads the project again. False, with
     /// an empty list, when the person has stopped the reading.
     bool RunItemClick();
+    /// Makes a project of the group the active one and opens the main window on it; it is read once. False as
+    /// RunItemClick.
+    bool Activate(IOTAProjectGroup& group, const std::shared_ptr<IOTAProject>& project);
     /// Forgets the open project.
     void ProjectClosed();
     void InitializeProjectSettings(const std::string& projectFileName);
@@ -99,6 +102,7 @@ class TmlLangExpert : public IOTAWizard, public IFileNotified {
     std::shared_ptr<TmlAddInNotifier> addInNotifier_;
     int notifierIndex_ = -1;
     std::string dockHostClass_;
+    bool activates_ = false;  ///< a project, which it reads by itself
 };
 
 /// Creates the expert and hands it to the IDE, which holds it. One lives at a time.

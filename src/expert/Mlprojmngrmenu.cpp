@@ -83,7 +83,8 @@ class TProjectRun {
         TAllSteps steps;
         steps.Try([&] {
             for (const auto& project : projects) {
-                Activate(group, project);
+                // The person may stop the reading of its forms.
+                if (!expert_.Activate(group, project)) throw EmlLangSilent();
                 Transfer(*project);
             }
         });
@@ -94,15 +95,6 @@ class TProjectRun {
   private:
     std::string Parsed(const std::string& projectName) {
         return GetParsedFileName(*context_.Host.Clock, fileName_, projectName);
-    }
-
-    void Activate(IOTAProjectGroup& group, const std::shared_ptr<IOTAProject>& project) {
-        {
-            const TCommandGate::TOwnCall call(context_.Gate);
-            group.SetActiveProject(project);
-        }
-        // Opens or refreshes the expert on the project; the person may stop it.
-        if (!expert_.RunItemClick()) throw EmlLangSilent();
     }
 
     void Transfer(IOTAProject& project) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 #include <gmock/gmock.h>
 
@@ -88,7 +89,10 @@ TEST_F(TProjectMenu, SavesEachProjectUnderTheNameThatTheTemplateYields) {
     AnswerPrompt("($PROJECT_NAME).mll", true,
                  "This will save all projects in project group to ($PROJECT_NAME).mll! Continue?");
     User.OnInput("Input delimeter:", "~");
+    User.Bars.clear();
     Click(1, "Save all projects");
+    EXPECT_EQ(std::count(User.Bars.begin(), User.Bars.end(), "Reading forms... 0/3"), 1) << "Demo, once";
+    EXPECT_EQ(std::count(User.Bars.begin(), User.Bars.end(), "Reading forms... 0/1"), 1) << "Other, once";
     EXPECT_THAT(Text("/p/Demo.mll"), testing::HasSubstr("IDS_0=Known~Bekannt~Connu\n"));
     EXPECT_THAT(Text("/p/Other.mll"), testing::HasSubstr("Delimiter=|\n")) << "a file keeps its own";
     EXPECT_EQ(ActiveProject(), "/p/Other.dpr");
