@@ -1,4 +1,4 @@
-{ Translation files on disk: read whole, written beside their place and then put there. }
+{ Translation files on disk: read whole, and replaced by what they were changed to. }
 unit Mlopenfile;
 
 {$IFDEF FPC}{$MODE Delphi}{$ENDIF}
@@ -9,7 +9,8 @@ uses
   Mltranslationfile;
 
 const
-  { No file that people have made is larger. }
+  { In bytes. A program holds a file several times over while it changes it, and one of 32 bits has 2 GB for all that it
+    holds; the programs that translators use take more. }
   LargestFile = 256 * 1024 * 1024;
 
 { True for the extension ".mlb" in any case. }
@@ -24,12 +25,13 @@ function BytesOfFile(const FileName: string): string;
 function ReadTranslations(const FileName: string): TmlTranslationFile;
 { A file that is not there is a new one. }
 function ReadTranslationsToChange(const FileName, Delimiter: string): TmlTranslationFile;
+{ Into the file that it was read from. EmlTranslationFile, too, where another program has saved into it since. }
 procedure WriteTranslations(TranslationFile: TmlTranslationFile; const FileName: string);
 
 implementation
 
 uses
-  Classes, SysUtils, Mllfile, Mlbfile, Mltext;
+  Classes, SysUtils, Mllfile, Mlbfile, Mlstaging, Mltext;
 
 function IsBinaryTranslation(const FileName: string): Boolean;
 begin
@@ -42,6 +44,7 @@ begin
     Result := TmlbFile.Create(Bytes, FileName)
   else
     Result := TmllFile.Create(Bytes, FileName, Delimiter);
+  Result.Original := Bytes;
 end;
 
 procedure RefuseFile(const FileName, Problem, Remedy: string);
@@ -52,7 +55,8 @@ end;
 function BytesOfStream(Stream: TStream; const FileName: string): string;
 begin
   if Stream.Size > LargestFile then
-    RefuseFile(FileName, Format('the file has more than %d MiB', [LargestFile div (1024 * 1024)]), 'Divide it');
+    RefuseFile(FileName, Format('the file is larger than %d MB', [LargestFile div (1024 * 1024)]),
+      'Save the forms into several files');
   Result := '';
   SetLength(Result, Stream.Size);
   if Result <> '' then Stream.ReadBuffer(Pointer(Result)^, Length(Result));
@@ -85,47 +89,35 @@ begin
   Result := OpenTranslationFile(Bytes, FileName, '');
 end;
 
+function BytesIfThere(const FileName: string): string;
+begin
+  Result := '';
+  if FileExists(FileName) then Result := BytesOfFile(FileName);
+end;
+
 function ReadTranslationsToChange(const FileName, Delimiter: string): TmlTranslationFile;
-var
-  Bytes: string;
 begin
-  Bytes := '';
-  if FileExists(FileName) then Bytes := BytesOfFile(FileName);
-  Result := OpenTranslationFile(Bytes, FileName, Delimiter);
+  Result := OpenTranslationFile(BytesIfThere(FileName), FileName, Delimiter);
 end;
 
-procedure WriteBytes(const FileName, Bytes: string);
-var
-  Stream: TFileStream;
-begin
-  Stream := TFileStream.Create(FileName, fmCreate);
-  try
-    Stream.WriteBuffer(Pointer(Bytes)^, Length(Bytes));
-  finally
-    Stream.Free;
-  end;
-end;
-
-{ The old file stays until the new one is whole. }
 procedure WriteTranslations(TranslationFile: TmlTranslationFile; const FileName: string);
 var
-  Staged: string;
+  Target, Bytes: string;
+  Staged: TmlStagedFile;
 begin
-  Staged := FileName + '~';
-  if FileExists(FileName) and FileIsReadOnly(FileName) then
+  Target := LinkedFile(FileName);
+  if FileExists(Target) and FileIsReadOnly(Target) then
     RefuseFile(FileName, 'the file is read-only', 'Make it writable, or save into another file');
+  Bytes := TranslationFile.Bytes;
+  Staged := TmlStagedFile.Create(Target, Bytes);
   try
-    WriteBytes(Staged, TranslationFile.Bytes);
-  except
-    on E: EStreamError do
-    begin
-      SysUtils.DeleteFile(Staged);
-      RefuseFile(FileName, 'the file cannot be written', E.Message);
-    end;
+    if BytesIfThere(Target) <> TranslationFile.Original then
+      RefuseFile(FileName, 'the file has changed since it was read', 'Save again');
+    Staged.Install;
+  finally
+    Staged.Free;
   end;
-  {$IFDEF WINDOWS}SysUtils.DeleteFile(FileName);{$ENDIF}
-  if not RenameFile(Staged, FileName) then
-    RefuseFile(FileName, 'the file cannot be replaced', 'What it was to hold is in ' + Staged);
+  TranslationFile.Original := Bytes;
 end;
 
 end.

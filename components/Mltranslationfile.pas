@@ -57,7 +57,7 @@ type
 
   TmlTranslationFile = class
   private
-    FFileName: string;
+    FFileName, FOriginal: string;
   protected
     procedure Refuse(Line: Integer; const Problem, Remedy: string);
     procedure RefuseNewer;
@@ -74,6 +74,8 @@ type
       file of a newer version. }
     procedure Put(const Section: TmlFormSection); virtual; abstract;
     function Bytes: string; virtual; abstract;
+    { What the file on disk holds as far as is known; '' for a new one. }
+    property Original: string read FOriginal write FOriginal;
   end;
 
 const

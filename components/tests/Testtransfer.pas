@@ -4,7 +4,7 @@ program Testtransfer;
 {$MODE Delphi}
 
 uses
-  CThreads, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcustomlang, Mlextended, Mllang, Mllangdispatcher, Mllangfiles, Mlloading,
+  CThreads, BaseUnix, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcodec, Mlcustomlang, Mlextended, Mllang, Mllangdispatcher, Mllangfiles, Mlloading,
   Mlopenfile, Mltables, Mltesting, Mlformfiles, Mltranslationfile;
 
 var
@@ -230,7 +230,7 @@ begin
   Stream := TFileStream.Create(Name, fmCreate);
   Stream.Size := Int64(LargestFile) + 1;
   Stream.Free;
-  ExpectRefused(Name, ': the file has more than 256 MiB. Divide it');
+  ExpectRefused(Name, ': the file is larger than 256 MB. Save the forms into several files');
   SysUtils.DeleteFile(Name);
 end;
 
@@ -255,7 +255,7 @@ begin
     Lang.SaveAllToFile(InWork('no folder/a.mll'), '|');
     Expect(False, 'a folder that is not there');
   except
-    on E: EmlTranslationFile do Expect(Pos('the file cannot be written', E.Message) > 0, E.Message);
+    on E: EmlTranslationFile do ExpectText(InWork('no folder/: there is no such folder. Make it, or name another one'), E.Message, 'and its remedy');
   end;
   Done;
 end;
@@ -281,6 +281,132 @@ begin
   Done;
 end;
 
+type
+  { Holds the lock of a folder for a while, and then has written the file. }
+  TOtherProgram = class(TThread)
+  private
+    FLock: THandle;
+    FName: string;
+  protected
+    procedure Execute; override;
+  public
+    constructor Create(const Name: string);
+  end;
+
+constructor TOtherProgram.Create(const Name: string);
+begin
+  FName := Name;
+  FLock := FileCreate(ExtractFilePath(Name) + '.tml-lock', fmShareExclusive, &666);
+  inherited Create(False);
+end;
+
+procedure TOtherProgram.Execute;
+begin
+  Sleep(200);
+  RenameFile(FileOf(Head + '1,2'#10'[P/Form/Captions]'#10'One.Caption=One|Deins'#10), FName);
+  FileClose(FLock);
+end;
+
+{ What was read is written, when another has written meanwhile. }
+procedure ExpectOvertaken(Mine: TmlTranslationFile; const Name, Theirs: string);
+begin
+  try
+    WriteTranslations(Mine, Name);
+    Expect(False, 'overwritten: ' + Theirs);
+  except
+    on E: EmlTranslationFile do
+      ExpectText(Name + ': the file has changed since it was read. Save again', E.Message, 'the later one is told');
+  end;
+  Expect(Pos(Theirs, BytesOfFile(Name)) > 0, 'the earlier one has saved ' + Theirs);
+  Mine.Free;
+end;
+
+function NamesIn(const Folder: string): string;
+var
+  Names: TStringList;
+  Found: TSearchRec;
+  IsThere: Integer;
+begin
+  Names := TStringList.Create;
+  Names.Sorted := True;
+  IsThere := FindFirst(Folder + '*', faAnyFile, Found);
+  while IsThere = 0 do
+  begin
+    if (Found.Name <> '.') and (Found.Name <> '..') then Names.Add(Found.Name);
+    IsThere := FindNext(Found);
+  end;
+  SysUtils.FindClose(Found);
+  Result := Names.CommaText;
+  Names.Free;
+end;
+
+procedure TestTwoPrograms;
+var
+  Lang: TmlLang;
+  Mine: TmlTranslationFile;
+  Section: TmlFormSection;
+  Name: string;
+  Other: TOtherProgram;
+begin
+  Name := InWork('shared/k.mll');
+  CreateDir(InWork('shared'));
+  Lang := Read(Languages + Tables);
+  Mine := ReadTranslationsToChange(Name, '|');
+  Lang.SaveAllToFile(Name, '|');
+  ExpectOvertaken(Mine, Name, '[testtransfer/Form]');
+  Mine := ReadTranslationsToChange(InWork('twice.mll'), '|');
+  Section.Address.Form := 'Form';
+  Section.Languages := SplitFields('English|German', '|');
+  Mine.Put(Section);
+  WriteTranslations(Mine, InWork('twice.mll'));
+  WriteTranslations(Mine, InWork('twice.mll'));
+  Mine.Free;
+  Mine := ReadTranslationsToChange(Name, '');
+  TranslationProject := 'Other';
+  Lang.SaveAllToFile(Name, '');
+  TranslationProject := '';
+  ExpectOvertaken(Mine, Name, '[Other/Form]');
+  Mine := ReadTranslationsToChange(Name, '');
+  Other := TOtherProgram.Create(Name);
+  ExpectOvertaken(Mine, Name, 'Deins');
+  Other.WaitFor;
+  Other.Free;
+  ExpectText('k.mll', NamesIn(InWork('shared/')), 'locked and staged files go');
+  Done;
+end;
+
+{ A file that is reached by a link, with an editor's copy beside. }
+procedure TestPlaceOfFile;
+var
+  Lang: TmlLang;
+  Link, Copied: string;
+  Status: Stat;
+begin
+  Link := InWork('shared/link.mll');
+  Copied := InWork('shared/k.mll~');
+  RenameFile(FileOf('Mine'), Copied);
+  fpSymlink('k.mll', PChar(Link));
+  fpChmod(InWork('shared/k.mll'), &604);
+  Lang := Read(Languages + Tables);
+  TranslationProject := 'Linked';
+  Lang.SaveAllToFile(Link, '');
+  Expect(Pos('[Linked/Form]', BytesOfFile(InWork('shared/k.mll'))) > 0, 'saved where the link leads');
+  ExpectText('k.mll', fpReadLink(Link), 'the link');
+  Expect((fpStat(InWork('shared/k.mll'), Status) = 0) and (Status.st_mode and &777 = &604), 'the mode');
+  Lang.SaveAllToFile(InWork('shared/k.mll'), '|');
+  ExpectText('Mine', BytesOfFile(Copied), 'what an editor has put beside');
+  ExpectText('k.mll,k.mll~,link.mll', NamesIn(InWork('shared/')), 'nothing else');
+  try
+    Lang.SaveAllToFile(InWork('shared'), '|');
+    Expect(False, 'a folder in the place of the file');
+  except
+    on E: EmlTranslationFile do Expect(Pos('shared: the file cannot be written: ', E.Message) > 0, E.Message);
+  end;
+  Expect(Pos('.tml-', NamesIn(InWork(''))) = 0, 'what could not be installed goes');
+  TranslationProject := '';
+  Done;
+end;
+
 begin
   Application.Initialize;
   RegisterClasses([TLabel]);
@@ -294,6 +420,8 @@ begin
   TestRefused;
   TestWriting;
   TestProjects;
+  TestTwoPrograms;
+  TestPlaceOfFile;
   Files.Free;
   CloseTests;
 end.
