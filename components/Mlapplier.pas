@@ -72,6 +72,10 @@ type
     procedure Tell; override;
     procedure Detach;
     procedure TablesChanged;
+    { Has the entries note what their properties show, for the tables are about to say something else. }
+    procedure NoteShown;
+    { With the other events of the next change. }
+    procedure TellMissing(Kind: TmlMissingKind; const Name: string);
     { A component that is being destroyed. }
     procedure ComponentGone(Component: TComponent);
     { The language in which the properties stand. }
@@ -351,6 +355,17 @@ begin
     FreeAndNil(FNames);
   end;
   if Alive and FUnindexed then IndexComponents;
+end;
+
+procedure TmlApplier.NoteShown;
+begin
+  Check;
+  ForEachEntry(ReadEntryBack);
+end;
+
+procedure TmlApplier.TellMissing(Kind: TmlMissingKind; const Name: string);
+begin
+  Report(False, Kind, Name, '');
 end;
 
 procedure TmlApplier.Write;

@@ -52,14 +52,11 @@ type
     function IsFirstOfOwner: Boolean;
     procedure TakeAlong(Within: TComponent; const Language: string; Appliers: TInterfaceList);
     procedure MakeTexts;
-    function ReadTexts: TmlLangTexts;
     procedure Take(const FileName, OneLanguage: string; Kind: TmlTransferKind);
     procedure Meet(Transfer: TmlTransfer; const FileName: string);
     procedure WriteLanguages(const Languages: TmlFields);
-    procedure WriteTexts(Texts: TmlLangTexts);
     procedure ShowTaken;
     function KnowsKey(const Key: string): Boolean;
-    function FormName: string;
     function GetReport: TStrings;
     function TextOr(const ID, Default: string): string;
   protected
@@ -71,6 +68,17 @@ type
     procedure Notification(AComponent: TComponent; Operation: TOperation); override;
     { The text of the ID in the active language; Hops counts the components that were asked before. }
     function FindText(const ID: string; Hops: Integer; out Text: string): Boolean; virtual;
+    { The form is loaded, and nothing is shown yet; or a dispatcher has come later, with other languages. }
+    procedure AddTexts; virtual;
+    { False in a form designer, and while the form is being loaded. }
+    function IsRunning: Boolean;
+    { Merges a file; one that cannot be used is told by OnMissing. }
+    procedure MergeIfUsable(const FileName: string);
+    { The name by which translation files know the form. }
+    function FormName: string;
+    { What travels through translation files; the caller frees it. }
+    function ReadTexts: TmlLangTexts;
+    procedure WriteTexts(Texts: TmlLangTexts);
     { Access for descendants, which publish a table of their own. }
     property Tables: TmlTables read FTables;
   public
@@ -274,7 +282,11 @@ begin
   Value.AddClient(Self);
   Value.FreeNotification(Self);
   if (csLoading in ComponentState) or (FStreamed and not FLoadingEnded) then Exit;
-  if FLoadingEnded then FApplier.Assume(Value.StreamedPlace);
+  if FLoadingEnded then
+  begin
+    FApplier.Assume(Value.StreamedPlace);
+    AddTexts;
+  end;
   ApplyLanguages([Self]);
 end;
 
@@ -303,14 +315,23 @@ end;
 procedure TmlCustomLang.EndLoading;
 begin
   if FLoadingEnded then Exit;
-  FLoadingEnded := True;
   if FDispatcher <> nil then
     FApplier.Assume(FDispatcher.StreamedPlace)
   else
-  begin
     FApplier.Assume(ActivePlace);
-    TakeProgramLanguage(Self);
-  end;
+  AddTexts;
+  FLoadingEnded := True;
+  if FDispatcher = nil then TakeProgramLanguage(Self);
+end;
+
+procedure TmlCustomLang.AddTexts;
+begin
+  { the form holds them all }
+end;
+
+function TmlCustomLang.IsRunning: Boolean;
+begin
+  Result := ([csLoading, csDesigning] * ComponentState = []) and (FLoadingEnded or not FStreamed);
 end;
 
 function TmlCustomLang.IsFirstOfOwner: Boolean;
@@ -391,7 +412,6 @@ begin
   if Owner = nil then Result := Name else Result := FormNameOf(Owner.ClassType);
 end;
 
-{ The caller frees it. }
 function TmlCustomLang.ReadTexts: TmlLangTexts;
 var
   Place: Integer;
@@ -526,8 +546,9 @@ end;
 procedure TmlCustomLang.ShowTaken;
 begin
   TextsChanged;
-  if ([csLoading, csDesigning] * ComponentState <> []) or (FStreamed and not FLoadingEnded) then Exit;
+  if [csLoading, csDesigning] * ComponentState <> [] then Exit;
   FApplier.Assume(1);
+  if not IsRunning then Exit;
   if FDispatcher = nil then TakeProgramLanguage(Self);
   ApplyLanguages([Self]);
 end;
@@ -545,6 +566,21 @@ end;
 procedure TmlCustomLang.MergeAllFromFile(const FileName: string);
 begin
   Take(FileName, '', tkMerge);
+end;
+
+{ Entries of a form that is not saved in its base language note what they show before its text becomes another one. }
+procedure TmlCustomLang.MergeIfUsable(const FileName: string);
+begin
+  FApplier.NoteShown;
+  try
+    MergeAllFromFile(FileName);
+  except
+    on E: EmlTranslationFile do
+    begin
+      FApplier.TellMissing(mkFile, E.Message);
+      if IsRunning then ApplyLanguages([Self]);
+    end;
+  end;
 end;
 
 procedure TmlCustomLang.LoadLanguage(const FileName, LanguageName: string);

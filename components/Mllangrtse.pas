@@ -6,10 +6,10 @@ unit Mllangrtse;
 interface
 
 uses
-  Mlcustomlang{$IFDEF FPC}, Mlvisual{$ENDIF};
+  Mllangrt;
 
 type
-  TmlLangRTSE = class(TmlCustomLang)
+  TmlLangRTSE = class(TmlLangRT)
   end;
 
 implementation

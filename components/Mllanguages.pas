@@ -14,9 +14,10 @@ const
 
 type
   { What could not be found. }
-  TmlMissingKind = (mkText, mkLanguage, mkTarget, mkRefused);
-  { Name is an ID, the name of a language, or the key of an entry (behind it, where the property refused a value, why).
-    A missing text is told in the thread that asked for it. }
+  TmlMissingKind = (mkText, mkLanguage, mkTarget, mkRefused, mkFile);
+  { Name is an ID, the name of a language, or the key of an entry (behind it, where the property refused a value, why);
+    of a translation file that cannot be used what is wrong there, and the remedy. A missing text is told in the thread
+    that asked for it. }
   TmlMissingEvent = procedure(Sender: TObject; Kind: TmlMissingKind; const Name: string) of object;
 
   { Places of languages count from 1, the base language's. The active language is stored by its name; the base

@@ -114,6 +114,7 @@ const std::vector<TOfferedProperty>& OfferedProperties() {
         {"TmlCustomLang", "OnChangeLanguage OnMissing OnKept", {TTakes::Method}},
         // The lines of the tables are written with it, and the states belong to them.
         {"TmlCustomLang", "Delimiter States", {TTakes::Nothing}},
+        {"TmlLangRT", "FileName", {TTakes::String}},
         {"TmlLangLinked", "CommonContainer", {TTakes::Component, "TmlCustomLang"}},
         {"TmlLangDispatcher", "NumOfLanguages", {TTakes::Integer}},
         {"TmlLangDispatcher", "LangNames", {TTakes::Strings}},

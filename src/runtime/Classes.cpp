@@ -14,8 +14,8 @@ constexpr TRuntimeClass kClasses[] = {
      "DoNotTranslate ExcludedProperties SmartExcludeProps ExtendedTranslations OnChangeLanguage OnMissing "
      "OnKept"},
     {"TmlLang", "TmlCustomLang", "Mllang", true, ""},
-    {"TmlLangRTSE", "TmlCustomLang", "Mllangrtse", true, ""},
-    {"TmlLangRT", "TmlCustomLang", "Mllangrt", true, ""},
+    {"TmlLangRTSE", "TmlLangRT", "Mllangrtse", true, ""},
+    {"TmlLangRT", "TmlCustomLang", "Mllangrt", true, "FileName"},
     {"TmlLangLinked", "TmlCustomLang", "Mllanglinked", true, "CommonContainer"},
     {"TmlLangTLV", "TmlCustomLang", "Mllangtlv", true, "ListView_TreeView_Items"},
     {"TmlLangDispatcher", "TComponent", "Mllangdispatcher", true,

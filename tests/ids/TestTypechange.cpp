@@ -137,5 +137,16 @@ TEST(Typechange, PropertiesThatGoAreAskedAbout) {
     EXPECT_TRUE(f.Has("/p/Unit1.dfm", "object mlLang1: TmlLang\r\n"));
 }
 
+TEST(Typechange, PropertiesOfACommonAncestorStay) {
+    TTypeFixture f;
+    f.PutForm(1, "  object mlLang1: TmlLangRT\n    FileName = 'App.mll'\n  end\n");
+    f.Expert->RunItemClick();
+    f.Change("Form1", 1);
+    EXPECT_TRUE(f.Has("/p/Unit1.dfm", "object mlLang1: TmlLangRTSE\r\n    FileName = 'App.mll'\r\n"));
+    f.User.OnMessage("TmlLang has no FileName: what mlLang1 holds of it would be lost. Continue?", mrYes);
+    f.Change("Form1", 0);
+    EXPECT_FALSE(f.Has("/p/Unit1.dfm", "FileName"));
+}
+
 }  // namespace
 }  // namespace tml
