@@ -79,6 +79,8 @@ type
     { What travels through translation files; the caller frees it. }
     function ReadTexts: TmlLangTexts;
     procedure WriteTexts(Texts: TmlLangTexts);
+    { Texts of this component that somebody has edited; what is shown follows, and the program is told. }
+    procedure ShowEdited(Texts: TmlLangTexts);
     { Access for descendants, which publish a table of their own. }
     property Tables: TmlTables read FTables;
   public
@@ -550,6 +552,13 @@ begin
   FApplier.Assume(1);
   if not IsRunning then Exit;
   if FDispatcher = nil then TakeProgramLanguage(Self);
+  ApplyLanguages([Self]);
+end;
+
+procedure TmlCustomLang.ShowEdited(Texts: TmlLangTexts);
+begin
+  WriteTexts(Texts);
+  FApplier.Assume(1);
   ApplyLanguages([Self]);
 end;
 

@@ -14,9 +14,10 @@ uses
   Mlkeys, Mllabel, Mllang, Mllangactions, Mllangcombo, Mllangdispatcher, 
   Mllangfiles, Mllanglinked, Mllangrt, Mllangrtse, Mllangtexts, Mllangtlv, 
   Mllanguages, Mlldocument, Mllfile, Mllines, Mlloading, Mlmap, Mlmarks, 
-  Mlnames, Mlopenfile, Mlorder, Mlpath, Mlpool, Mlproglang, Mlstaging, 
-  Mlsurface, Mltables, Mltext, Mltextaccess, Mltexts, Mltransfer, 
-  Mltranslationfile, Mlutf8, Mlviewitems, Mlvieworder, Mlvisual, Mlwatching;
+  Mlnames, Mlopenfile, Mlorder, Mlpath, Mlpool, Mlproglang, Mlruneditor, 
+  Mlstaging, Mlsurface, Mltables, Mltext, Mltextaccess, Mltextrows, Mltexts, 
+  Mltransfer, Mltranslationfile, Mlutf8, Mlviewitems, Mlvieworder, Mlvisual, 
+  Mlwatching;
 
 implementation
 

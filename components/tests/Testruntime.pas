@@ -1,17 +1,20 @@
-{ Translation files that a form takes by itself. }
+{ Translation files that a form takes by itself, and their editor in the running program. }
 program Testruntime;
 
 {$MODE Delphi}
 
 uses
-  CThreads, Classes, SysUtils, Interfaces, Forms, StdCtrls, Mlcustomlang, Mllangdispatcher, Mllangrt,
-  Mllangrtse, Mllanguages, Mlloading, Mltesting, Mlformfiles;
+  CThreads, Classes, SysUtils, Interfaces, Controls, ExtCtrls, Forms, Grids, LCLType, StdCtrls, Mlcustomlang, Mllangdispatcher, Mllangrt,
+  Mllangrtse, Mllanguages, Mlloading, Mlopenfile, Mltesting, Mlformfiles;
 
 type
   TPerson = class
-    Log: string;
+    Log, Asked: string;
+    Answer: Integer;
+    Step: procedure(Window: TForm);
     procedure Missing(Sender: TObject; Kind: TmlMissingKind; const Name: string);
     procedure Told(Sender: TObject);
+    procedure Act(Sender: TObject);
   end;
 
   TDesignedForm = class(TForm)
@@ -29,6 +32,7 @@ const
   Head = '[Options]'#10'Delimiter=|'#10'[Language names - for internal use only!]'#10'1=English'#10'2=German'#10 +
     '3=Hebrew'#10;
   Texts = '[P/DesignedForm]'#10'Languages=1,2,3'#10'[P/DesignedForm/Captions]'#10'One.Caption=One|Einzig|Ehad'#10;
+  Others = '[P/Other]'#10'Languages=1,2'#10'[P/Other/Captions]'#10'A.Caption=a|b'#10;
   Names = 'NumOfLanguages = 3|LangNames.Strings = (''English'' ''German'' ''Hebrew'')|';
   Tables = 'Captions.Strings = (''One.Caption~One~Eins'' ''Two.Caption~Two~Zwei~Shtayim'')|' +
     'Strings.Strings = (''IDS_0~Ship~Schiff'' ''IDS_1~Two''#2''nlines~Zwei''#2''nZeilen'')|' +
@@ -168,8 +172,172 @@ begin
   FreeAndNil(Module);
 end;
 
+{ The editor }
+
+procedure TPerson.Act(Sender: TObject);
+var
+  Window: TForm;
+begin
+  Window := Screen.ActiveForm;
+  if (Window = nil) or (Window.FindComponent('grdTexts') = nil) then Exit;
+  TTimer(Sender).Enabled := False;
+  Step(Window);
+  if Window.ModalResult = mrNone then Window.ModalResult := mrCancel;
+end;
+
+function Answered(Text, Caption: PChar; Flags: Longint): Integer;
+begin
+  Person.Asked := Person.Asked + Text + ';';
+  Result := Person.Answer;
+end;
+
+{ What EditTranslations gives when somebody does these steps. }
+function Edited(Lang: TmlLangRTSE; const Language: string; Step: Pointer): Boolean;
+var
+  Timer: TTimer;
+begin
+  Person.Asked := '';
+  @Person.Step := Step;
+  Timer := TTimer.Create(nil);
+  try
+    Timer.Interval := 50;
+    Timer.OnTimer := Person.Act;
+    Result := Lang.EditTranslations(Language);
+  finally
+    Timer.Free;
+  end;
+end;
+
+function Grid(Window: TForm): TStringGrid;
+begin
+  Result := Window.FindComponent('grdTexts') as TStringGrid;
+end;
+
+function Memo(Window: TForm): TMemo;
+begin
+  Result := Window.FindComponent('memText') as TMemo;
+end;
+
+procedure Write(Window: TForm; Column, Row: Integer; const Text: string);
+begin
+  Grid(Window).Col := Column;
+  Grid(Window).Row := Row;
+  Memo(Window).Text := Text;
+end;
+
+procedure TypeIn(Window: TForm; const Text: string);
+begin
+  Grid(Window).EditorMode := True;
+  (Grid(Window).Editor as TCustomEdit).Text := Text;
+  Grid(Window).EditorMode := False;
+end;
+
+procedure Press(Window: TForm; const Button: string);
+begin
+  (Window.FindComponent(Button) as TButton).Click;
+end;
+
+procedure LookAndWrite(Window: TForm);
+begin
+  ExpectText('Key,English,German,Hebrew', Grid(Window).Rows[0].CommaText, 'the columns');
+  ExpectText('One.Caption,Two.Caption,IDS_0,IDS_1', Copy(Grid(Window).Cols[0].CommaText, 5, MaxInt), 'texts, no settings');
+  Expect(Grid(Window).Col = 2, 'the active language');
+  Grid(Window).Row := 4;
+  ExpectText('Zwei'#10'Zeilen', Memo(Window).Text, 'line breaks are shown below');
+  ExpectText('Two'#10'lines', (Window.FindComponent('memBase') as TMemo).Text, 'beside the base text');
+  Grid(Window).EditorMode := True;
+  Expect(not Grid(Window).EditorMode, 'and are not edited in the grid');
+  Memo(Window).Text := 'Zwei'#10'Reihen';
+  Grid(Window).Row := 1;
+  TypeIn(Window, 'Erste');
+  ExpectText('Erste', Memo(Window).Text, 'typed into the grid');
+  Expect((Memo(Window).BiDiMode = bdLeftToRight), 'from the left');
+  (Window.FindComponent('edtFilter') as TEdit).Text := 'none';
+  ExpectText('', Memo(Window).Text, 'nothing is found');
+  (Window.FindComponent('edtFilter') as TEdit).Text := 'iDs_0';
+  ExpectText('Schiff', Memo(Window).Text, 'a key is found');
+  Expect(Grid(Window).RowCount = 2, 'filtered');
+  Write(Window, 3, 1, 'Sfina');
+  Expect(Memo(Window).BiDiMode = bdRightToLeft, 'from the right');
+  Press(Window, 'btnOK');
+end;
+
+procedure TestEdited;
+var
+  Lang: TmlLangRTSE;
+begin
+  Put('a.mll', Head + Others);
+  Lang := Read(Names + Tables + 'FileName = ''a.mll''|');
+  Lang.Language := 'German';
+  Person.Log := '';
+  Expect(Edited(Lang, '', @LookAndWrite), 'changed');
+  ExpectText('Erste told Schiff;', Caption('One') + ' ' + Person.Log, 'shown at once');
+  ExpectText('Zwei'#10'Reihen', Lang.GetText('IDS_1'), 'a text by its ID');
+  Expect(Pos('A.Caption=a|b', BytesOfFile(InFolder('a.mll'))) > 0, 'other forms stay in the file');
+  Done;
+  Lang := Read(Names + Tables + 'FileName = ''a.mll''|Language = ''Hebrew''|');
+  ExpectText('Sfina', Lang.GetText('IDS_0'), 'it is there in the next run');
+  Done;
+end;
+
+procedure WriteAndRefuse(Window: TForm);
+begin
+  Expect(Grid(Window).Col = 3, 'the language that was asked for');
+  Write(Window, 2, 1, 'Other');
+  Person.Answer := IDNO;
+  Window.ModalResult := mrCancel;
+  Expect(not Window.CloseQuery, 'the changes are not given up');
+  Window.ModalResult := mrNone;
+  Press(Window, 'btnOK');
+  Expect(Window.ModalResult = mrNone, 'what cannot be saved leaves the window open');
+  Person.Answer := IDYES;
+end;
+
+procedure WriteAndTakeBack(Window: TForm);
+begin
+  Write(Window, 2, 1, 'Other');
+  Write(Window, 2, 1, 'Eins');
+  Person.Answer := IDNO;
+end;
+
+procedure TestGivenUp;
+var
+  Lang: TmlLangRTSE;
+  Before: string;
+begin
+  Lang := Read(Names + Tables + 'FileName = ''no folder/a.mll''|');
+  Before := Files.Written(Form, nil, 'TForm');
+  Expect(not Edited(Lang, 'hebrew', @WriteAndRefuse), 'given up');
+  Expect(Pos('Give up the changes?;' + InFolder('no folder/a.mll') + ': the file cannot be written', Person.Asked) = 1, Person.Asked);
+  ExpectText('Give up the changes?;', Copy(Person.Asked, Length(Person.Asked) - 20, MaxInt), 'asked again');
+  ExpectText(Before, Files.Written(Form, nil, 'TForm'), 'everything is as it was');
+  Expect(not Edited(Lang, '', @WriteAndTakeBack) and (Person.Asked = ''), 'nothing was changed: ' + Person.Asked);
+  Done;
+end;
+
+{ A translation that becomes the base text goes on being one, in a file of its own. }
+procedure WriteBase(Window: TForm);
+begin
+  Write(Window, 2, 1, 'One');
+  Press(Window, 'btnOK');
+end;
+
+procedure TestNewFile;
+var
+  Lang: TmlLangRTSE;
+begin
+  Lang := Read(Names + Tables + 'FileName = ''new.mll''|Language = ''German''|');
+  Expect(Edited(Lang, '', @WriteBase), 'changed');
+  ExpectText('Captions'#1'One.Caption'#1'2'#1'same'#1#10, Lang.States.Text, 'on purpose');
+  Done;
+  Lang := Read(Names + Tables + 'FileName = ''new.mll''|Language = ''German''|');
+  ExpectText('One', Caption('One'), 'in the next run, too');
+  Done;
+end;
+
 begin
   Application.Initialize;
+  Forms.MessageBoxFunction := Answered;
   RegisterClasses([TLabel]);
   Files := TFormFiles.Create;
   Person := TPerson.Create;
@@ -177,6 +345,9 @@ begin
   TestStreamedLanguage;
   TestUnusable;
   TestLateDispatcher;
+  TestEdited;
+  TestGivenUp;
+  TestNewFile;
   Person.Free;
   Files.Free;
   CloseTests;
