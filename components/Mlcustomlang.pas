@@ -56,6 +56,7 @@ type
     procedure Meet(Transfer: TmlTransfer; const FileName: string);
     procedure WriteLanguages(const Languages: TmlFields);
     procedure ShowTaken;
+    procedure ShowAnew;
     function KnowsKey(const Key: string): Boolean;
     function GetReport: TStrings;
     function TextOr(const ID, Default: string): string;
@@ -552,14 +553,38 @@ begin
   FApplier.Assume(1);
   if not IsRunning then Exit;
   if FDispatcher = nil then TakeProgramLanguage(Self);
-  ApplyLanguages([Self]);
+  ShowAnew;
+end;
+
+{ Of a property that a form sets over its frame's component the form's text holds. }
+procedure TmlCustomLang.ShowAnew;
+var
+  Appliers: TInterfaceList;
+  Host: TComponent;
+  I: Integer;
+begin
+  Appliers := TInterfaceList.Create;
+  try
+    AddAppliers(Appliers);
+    Host := Owner;
+    if Host <> nil then Host := Host.Owner;
+    while Host <> nil do
+    begin
+      for I := 0 to Host.ComponentCount - 1 do
+        if Host.Components[I] is TmlCustomLang then TmlCustomLang(Host.Components[I]).AddAppliers(Appliers);
+      Host := Host.Owner;
+    end;
+    ApplyTogether(Appliers);
+  finally
+    Appliers.Free;
+  end;
 end;
 
 procedure TmlCustomLang.ShowEdited(Texts: TmlLangTexts);
 begin
   WriteTexts(Texts);
   FApplier.Assume(1);
-  ApplyLanguages([Self]);
+  ShowAnew;
 end;
 
 procedure TmlCustomLang.LoadAllFromFile(const FileName: string; Replace: Boolean);

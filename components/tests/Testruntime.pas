@@ -68,12 +68,12 @@ begin
 end;
 
 { Reads a form of these lines; "|" stands for the end of a line, "~" for the delimiter between quotes. }
-function Read(const Properties: string; Designed: Boolean = False): TmlLangRTSE;
+function Read(const Properties: string; Designed: Boolean = False; const Parts: string = ''): TmlLangRTSE;
 var
   Text: string;
 begin
   Text := 'object Form: TForm|object One: TLabel|Caption = ''One''|end|object Two: TLabel|Caption = ''Two''|end|' +
-    'object mlLang: TmlLangRTSE|' + Properties + 'end|end';
+    Parts + 'object mlLang: TmlLangRTSE|' + Properties + 'end|end';
   Text := StringReplace(StringReplace(Text, '|', #10, [rfReplaceAll]), '~', '''#1''', [rfReplaceAll]);
   Form := TDesignedForm.CreateNew(nil);
   if Designed then Form.BeDesigned;
@@ -150,6 +150,28 @@ function FindModule(const Name: string): TComponent;
 begin
   Result := nil;
   if Name = 'Port' then Result := Module;
+end;
+
+{ A form's text for a property of its frame holds over the one that the frame's component takes later. }
+procedure TestFrame;
+const
+  Part = 'object Part: TPart'#10'object Weight: TLabel'#10'Caption = ''Weight'''#10'end'#10'object Unit_: TLabel'#10 +
+    'Caption = ''Ton'''#10'end'#10'object Lang: TmlLangRT'#10'NumOfLanguages = 2'#10'LangNames.Strings = (''English'' ''German'')'#10 +
+    'Captions.Strings = (''Weight.Caption''#1''Weight''#1''Gewicht'' ''Unit_.Caption''#1''Ton''#1''Tonne'')'#10'end'#10'end'#10;
+var
+  Cargo: TComponent;
+  Lang: TmlLangRTSE;
+begin
+  Put('a.mll', Head + '[P/Frame]'#10'Languages=1,2'#10'[P/Frame/Captions]'#10'Weight.Caption=Weight|Masse'#10 +
+    'Unit_.Caption=Ton|Last'#10);
+  Files.AddFrame(Part);
+  Lang := Read(Names + 'Captions.Strings = (''Cargo.Weight.Caption~Weight~Fracht'')|', False, 'inline Cargo: TPart|end|');
+  Lang.Language := 'German';
+  Cargo := Form.FindComponent('Cargo');
+  TmlLangRT(Cargo.FindComponent('Lang')).FileName := 'a.mll';
+  ExpectText('Fracht Last', TLabel(Cargo.FindComponent('Weight')).Caption + ' ' + TLabel(Cargo.FindComponent('Unit_')).Caption,
+    'texts of a frame');
+  Done;
 end;
 
 { A dispatcher of a module that is read later has the languages, in another order. }
@@ -344,6 +366,7 @@ begin
   TestLoaded;
   TestStreamedLanguage;
   TestUnusable;
+  TestFrame;
   TestLateDispatcher;
   TestEdited;
   TestGivenUp;
