@@ -33,12 +33,13 @@ TEST_F(TProjectMenuWindow, TheTranslationsOfAProjectAreSavedFromTheProjectManage
     User.On([](QWidget& dialog) {
         Press(dialog, "rbFileNameTemplate");
         EXPECT_FALSE(EditOf(dialog, "edFileName").isEnabled());
-        for (const auto& [kind, name] :
-             {std::pair("rbMLL", "($PROJECT_NAME).mll"), {"rbMLB", "($PROJECT_NAME).mlb"}}) {
+        for (const bool isText : {false, true, false}) {
+            const char* const kind = isText ? "rbMLL" : "rbMLB";
             EXPECT_FALSE(dialog.findChild<QRadioButton*>(kind)->isChecked())
-                << "of neither kind, or of the other";
+                << "of neither kind, or the other";
             Press(dialog, kind);
-            EXPECT_EQ(EditOf(dialog, "edTemplateText").text(), name);
+            EXPECT_EQ(EditOf(dialog, "edTemplateText").text(),
+                      isText ? "($PROJECT_NAME).mll" : "($PROJECT_NAME).mlb");
         }
         Press(dialog, "btOK");
     });
