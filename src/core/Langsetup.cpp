@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 
+#include "base/Format.h"
 #include "core/Formfamilies.h"
 #include "core/Modules.h"
 #include "tables/Languages.h"
@@ -125,11 +126,17 @@ std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp) {
     return PlacesOfLanguages(present, names);
 }
 
-void MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase) {
+TStringList MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase) {
+    TStringList losses;
     if (phase == TMovePhase::Behind)
-        WithHeirs(context, row, [&](TmlCustomLang& heir) { heir.MoveStoredLanguages(moves.Places); });
+        WithHeirs(context, row, [&](TmlCustomLang& heir) {
+            if (const int lost = heir.MoveStoredLanguages(moves.Places); lost > 0)
+                losses.Add(
+                    Format("translations of %s: %d", heir.GetComponent()->GetOwner()->GetName(), lost));
+        });
     else if (moves.Shown() != moves.Active)
         WithHeirs(context, row, [&](TmlCustomLang& heir) { heir.ShowLanguage(moves.Active, moves.Shown()); });
+    return losses;
 }
 
 void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp) {

@@ -32,8 +32,9 @@ std::vector<int> PlacesOf(ILanguages& languages, const TLangSetUp& setUp);
 void SetUpComponent(TContext& context, TFormRow& row, const std::shared_ptr<IOTAComponent>& component,
                     const TLangSetUp& setUp);
 /// The forms that inherit the component of the row's form, and its languages, follow when these move: called
-/// before that and behind it.
-void MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase);
+/// before that and behind it. Gives, behind it, a line for each form of which translations go with their
+/// languages.
+TStringList MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase);
 /// The components of the project that are linked to the dispatcher follow, column by column; their rows, too.
 void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp);
 

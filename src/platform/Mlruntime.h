@@ -68,8 +68,9 @@ class TmlCustomLang : public ILanguages {
     /// Moves the values of all tables and what is known of them along with their languages; former as in
     /// MovedValues.
     virtual void MoveLanguages(const std::vector<int>& former) = 0;
-    /// The same of what the component stores itself; what it inherits has moved already.
-    virtual void MoveStoredLanguages(const std::vector<int>& former) = 0;
+    /// The same of what the component stores itself; what it inherits has moved already. Gives the number of
+    /// translations into languages that go.
+    virtual int MoveStoredLanguages(const std::vector<int>& former) = 0;
     /// Who is told when a file that is loaded moves the languages of the component, before and behind it.
     virtual void FollowLanguages(TOnLanguagesMove follow) = 0;
     /// All of them, and all that differ at once.

@@ -31,6 +31,19 @@ void ExpectCount(IOTAComponent& component, int count) {
                         "Give at least one language, and at most " + std::to_string(kMostLanguages));
 }
 
+/// The translations into languages that no place leads to.
+int CountLost(const TTable& table, const std::vector<int>& places) {
+    int lost = 0;
+    if (table.Type() == TStringsType::stLocales) return lost;
+    for (const TTableEntry& entry : table.Entries())
+        for (std::size_t i = 1; i < entry.Values.size(); ++i) {
+            const bool stays =
+                std::find(places.begin(), places.end(), static_cast<int>(i) + 1) != places.end();
+            lost += !stays && IsTranslation(entry.Values[i], entry.Base()) ? 1 : 0;
+        }
+    return lost;
+}
+
 /// "Old" and "Old.Property" are the component's, "Older" is not.
 bool BelongsTo(std::string_view identifier, const std::string& name) {
     const bool wholeName = identifier.size() == name.size() ||
@@ -69,11 +82,12 @@ void TmlLangView::MoveLanguages(const std::vector<int>& former) {
 }
 
 /// Each table and "States" is held or inherited by itself.
-void TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
+int TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
     const auto stores = [&](const std::string& list) { return Component().GetPropValue(list).has_value(); };
     const bool movesStates = stores(std::string(kStates) + ".Strings");
     const std::string delimiter = GetDelimiter();
     TStateRecords states = ReadStates();
+    int lost = 0;
     for (const TTableKind& kind : kTableKinds) {
         const std::string property = TableProperty(kind.Type);
         if (!stores(property + ".Strings")) {
@@ -81,12 +95,14 @@ void TmlLangView::MoveStoredLanguages(const std::vector<int>& former) {
             continue;
         }
         TTable table = ReadTable(kind.Type, delimiter, states);
+        lost += CountLost(table, former);
         table.MoveLanguages(former);
         WriteListProp(Component(), property, table.Lines(delimiter));
         states.Take(table);
     }
     if (movesStates) WriteListProp(Component(), kStates, states.Lines());
     if (stores("ExtendedTranslations")) MoveExtended(Component(), former);
+    return lost;
 }
 
 std::shared_ptr<TmlLangDispatcher> TmlLangView::GetDispatcher() {

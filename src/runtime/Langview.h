@@ -33,7 +33,7 @@ class TmlLangView : public TLanguagesView<TmlCustomLang>, public IFormTexts {
     void SetTable(const TTable& table) override;
     void ShowLanguage(int from, int to) override;
     void MoveLanguages(const std::vector<int>& former) override;
-    void MoveStoredLanguages(const std::vector<int>& former) override;
+    int MoveStoredLanguages(const std::vector<int>& former) override;
     void FollowLanguages(TOnLanguagesMove follow) override { onMove_ = std::move(follow); }
     std::vector<TTable> GetTables() override;
     void SetTables(const std::vector<TTable>& tables) override;

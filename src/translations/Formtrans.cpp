@@ -23,9 +23,13 @@ TTransferReport OnForm(TContext& context, const std::string& formName, TFormUse 
     if (row == nullptr || row->FileName.empty() || row->Component.ClassName.empty()) return report;
     ExpectNoNamesakeOf(context, *row);
     WithTmlLang(context, *row, use, [&](TmlCustomLang& lang) {
-        lang.FollowLanguages(
-            [&](const TLanguageMoves& moves, TMovePhase phase) { MoveHeirs(context, *row, moves, phase); });
+        TStringList losses;
+        lang.FollowLanguages([&](const TLanguageMoves& moves, TMovePhase phase) {
+            losses = MoveHeirs(context, *row, moves, phase);
+        });
         report = transfer(lang);
+        for (const std::string& loss : losses)
+            report.Dropped.Add(loss);
         if (use == TFormUse::Reads) return;
         row->Component.NumLang = lang.GetNumLang();
         context.Rows.Active().Touch();

@@ -142,5 +142,21 @@ TEST(Heirforms, TextsFollowTheLanguagesThatTheAncestorLoads) {
     }
 }
 
+TEST(Heirforms, WhatHeirsLoseWithALanguageIsToldWithTheAncestor) {
+    THeirForms test;
+    test.Files.Files["/p/a.mll"] =
+        "[Options]\nVersion=1\nDelimiter=|\n[Language names - for internal use only!]\n1=English\n[/Form2]\n"
+        "Languages=1\n";
+    test.Open();
+    test.Select("Form2");
+    test.User.OnWindow<TOpenDialog>("OpenDialog", THeirForms::Choose);
+    test.User.OnMessage(
+        "Form2: dropped: German with its translations: 1\r\nForm2: dropped: translations of Form1: 1\r\n",
+        mrOk);
+    test.Run("LoadForms");
+    const std::string& heir = test.Files.Files["/p/Unit1.dfm"];
+    EXPECT_EQ(heir.find("Los"), std::string::npos) << heir;
+}
+
 }  // namespace
 }  // namespace tml
