@@ -13,6 +13,7 @@
 #include "cli/Formscommand.h"
 #include "cli/Idcommands.h"
 #include "cli/Insertcommands.h"
+#include "cli/Languagescommand.h"
 #include "cli/Nearestword.h"
 #include "cli/Phrasecommands.h"
 #include "cli/Pseudocommand.h"

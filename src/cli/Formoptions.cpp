@@ -1,6 +1,7 @@
 #include "cli/Formoptions.h"
 
 #include "base/Errors.h"
+#include "core/Dispatchers.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -52,9 +53,7 @@ void ChangeEachTmlLang(TSession& session, const TFormOptions& options, const std
 }
 
 int PlaceOfLanguage(TmlCustomLang& lang, const TFormRow& row, const std::string& language) {
-    const auto dispatcher = lang.GetDispatcher();
-    ILanguages& languages = dispatcher != nullptr ? static_cast<ILanguages&>(*dispatcher) : lang;
-    const TStringList names = languages.GetLangNames();
+    const TStringList names = LanguagesInForce(lang)->GetLangNames();
     const int index = names.IndexOf(language);
     if (index >= 0) return index + 1;
     throw EBadInput(row.FileName, 0, "the form has no language " + language, "It has " + names.CommaText());

@@ -9,21 +9,25 @@
 #include "base/Utf8.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
-#include "cli/Languagenames.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
 #include "setup/Requiredpackage.h"
-#include "translations/Langlosses.h"
 
 namespace tml {
+
+void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TFormRow& row) {
+    if (component != nullptr) return;
+    throw EBadInput(row.FileName, 0, "the form has no component of its own and takes none",
+                    "Check that its form file is beside the unit, and look for a frame that has one");
+}
+
 namespace {
 
 struct TInsertOptions : TFormOptions {
     std::string Class;
-    std::string Languages;
     bool AddPackage = false;
 };
 
@@ -31,13 +35,6 @@ void CheckClass(IMlRuntime& runtime, const std::string& className) {
     if (className.empty() || runtime.InheritsFrom(className, "TmlCustomLang")) return;
     throw EBadInput("", 0, className + " is no class of localization components",
                     "Take one of " + TStringList(runtime.NamesArray()).CommaText());
-}
-
-/// A form without a form file takes none; what a frame on a form brings along is not the form's own.
-void ExpectComponent(const std::shared_ptr<TmlCustomLang>& component, const TFormRow& row) {
-    if (component != nullptr) return;
-    throw EBadInput(row.FileName, 0, "the form has no component of its own and takes none",
-                    "Check that its form file is beside the unit, and look for a frame that has one");
 }
 
 /// A closed form may only seem to have a component, which is that of a frame; opened, its row tells.
@@ -105,53 +102,6 @@ int RunInsert(TProgram& program, const TInsertOptions& options) {
     return session.ExitCode();
 }
 
-void PrintLanguages(TProgram& program, TSession& session, TFormRow& row, bool expected, std::ostream& out) {
-    const TModuleLease lease(session.Context(), row.FileName);
-    const auto component = GetmlLang(session.Context(), row.FormName);
-    if (expected) ExpectComponent(component, row);
-    const TStringList names = component != nullptr ? component->GetLangNames() : TStringList();
-    if (program.Json)
-        TJsonLine(out)
-            .Text("form", row.FormName)
-            .Texts("languages", names)
-            .Text("active", component != nullptr ? component->GetLanguage() : "");
-    else
-        out << row.FormName << ": " << (component != nullptr ? names.CommaText() : "no component") << "\n";
-}
-
-/// Asked of all forms before the first is changed, so that nothing is written for a part of them.
-void RefuseLoss(TSession& session, const std::vector<TFormRow*>& rows, const TLangSetUp& setUp) {
-    const std::string losses = LossesOf(session.Context(), rows, setUp);
-    if (losses.empty()) return;
-    throw EBadInput("", 0, "these languages would give up " + losses,
-                    "Name the others as well, or say --yes to go on");
-}
-
-int RunLanguages(TProgram& program, const TInsertOptions& options) {
-    TSession session(program, options.Project);
-    const std::vector<TFormRow*> rows = session.Rows(options.Forms);
-    if (options.Languages.empty()) {
-        session.ForEach(rows,
-                        [&](TFormRow& row) { PrintLanguages(program, session, row, false, std::cout); });
-        return session.ExitCode();
-    }
-    const TStringList names = TStringList::FromCommaText(options.Languages);
-    const TLangSetUp setUp{names.Count(), "", "TmlCustomLang", true, names.Text()};
-    if (!program.Yes) RefuseLoss(session, rows, setUp);
-    std::ostringstream report;  // told when the files are written, not before
-    const auto scope = session.Modules().BeginCommand("Languages");
-    session.ForEach(AncestorsFirst(rows), [&](TFormRow& row) {
-        ConfigureLangComponent(session.Context(), &row, setUp);
-        if (!session.Answers().Errors.empty()) return;
-        PrintLanguages(program, session, row, true, report);
-    });
-    session.Ide().SaveAll();
-    scope->Commit();
-    program.HasWritten = true;
-    std::cout << report.str();
-    return session.ExitCode();
-}
-
 }  // namespace
 
 void AddInsertCommand(CLI::App& app, TProgram& program) {
@@ -166,22 +116,6 @@ void AddInsertCommand(CLI::App& app, TProgram& program) {
                       "Let the project (.lpi) require the package of the components, too");
     command->callback([&program, options] {
         program.Run = [options](TProgram& shared) { return RunInsert(shared, *options); };
-    });
-}
-
-void AddLanguagesCommand(CLI::App& app, TProgram& program) {
-    const auto options = std::make_shared<TInsertOptions>();
-    CLI::App* command =
-        AddFormOptions(AddCommand(app, "languages", "List or set the languages of forms",
-                                  "  tmllang languages Orchard.dproj\n"
-                                  "  tmllang languages Orchard.dproj --form MainForm --set English,German"),
-                       *options);
-    CLI::Option* set = command->add_option(
-        "--set", options->Languages,
-        "The languages in order, separated by commas; a form without a component gets one");
-    set->check(CLI::Validator(CheckLanguageNames, ""));
-    command->callback([&program, options] {
-        program.Run = [options](TProgram& shared) { return RunLanguages(shared, *options); };
     });
 }
 

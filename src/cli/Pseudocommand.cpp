@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "core/Dispatchers.h"
 #include "tables/Pseudo.h"
 #include "tables/Textmerge.h"
 
@@ -46,10 +47,9 @@ int Fill(TmlCustomLang& lang, int place) {
 
 /// Gives the number of texts. A form that shows the language shows what is made up.
 int FillLanguage(TmlCustomLang& lang, const TFormRow& row, const std::string& language) {
-    const auto dispatcher = lang.GetDispatcher();
-    ILanguages& languages = dispatcher != nullptr ? static_cast<ILanguages&>(*dispatcher) : lang;
-    const int place = PlaceOf(languages, row, language);
-    const bool isShown = languages.GetActiveLanguage() == place;
+    const auto languages = LanguagesInForce(lang);
+    const int place = PlaceOf(*languages, row, language);
+    const bool isShown = languages->GetActiveLanguage() == place;
     if (isShown) lang.ShowLanguage(place, 1);
     const int texts = Fill(lang, place);
     if (isShown) lang.ShowLanguage(1, place);

@@ -5,6 +5,7 @@
 #include "base/Errors.h"
 #include "base/Format.h"
 #include "base/Utf8.h"
+#include "core/Dispatchers.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "platform/Formtexts.h"
@@ -21,7 +22,6 @@
 namespace tml {
 namespace {
 
-constexpr std::string_view kDispatcherClass = "TmlLangDispatcher";
 constexpr std::string_view kFormName = "%s";
 
 std::string ReferenceOf(IOTAComponent& component, const char* property) {
@@ -41,18 +41,6 @@ std::string WishedName(const TSetupWishes& wishes, const std::string& formName) 
     const std::size_t place = name.find(kFormName);
     if (place != std::string::npos) name.replace(place, kFormName.size(), formName);
     return name;
-}
-
-bool IsOwn(IOTAComponent& component) {
-    return component.GetOrigin() == TComponentOrigin::coOwn;
-}
-
-/// The form's own dispatcher; nullptr when there is none.
-std::shared_ptr<TmlLangDispatcher> OwnDispatcher(IMlRuntime& runtime, IOTAFormEditor& editor) {
-    const auto component = FindComponentOf(editor, [&](IOTAComponent& one) {
-        return IsOwn(one) && runtime.InheritsFrom(one.GetComponentType(), std::string(kDispatcherClass));
-    });
-    return component == nullptr ? nullptr : runtime.AsDispatcher(component);
 }
 
 TLangSetUp LanguagesOf(const TSetupWishes& wishes) {
@@ -281,11 +269,10 @@ void TSetupPlanner::Insert(TFormSetup& form, IOTAFormEditor& editor) const {
 }
 
 void TSetupPlanner::PlanDispatcher(TFormSetup& form, IOTAFormEditor& editor) const {
-    const auto dispatcher = OwnDispatcher(*context_.Host.Runtime, editor);
+    const auto dispatcher = FindOwnDispatcher(*context_.Host.Runtime, editor);
     form.InsertsDispatcher = dispatcher == nullptr;
-    form.OwnDispatcher = dispatcher != nullptr
-                             ? dispatcher->GetComponent()->GetName()
-                             : editor.FreeName("mlLangDispatcher1", std::string(kDispatcherClass));
+    form.OwnDispatcher = dispatcher != nullptr ? dispatcher->GetComponent()->GetName()
+                                               : editor.FreeName("mlLangDispatcher1", "TmlLangDispatcher");
     form.SetsDispatcher = dispatcher == nullptr || dispatcher->GetLangNames() != plan_.Wishes.Languages;
     if (dispatcher == nullptr || !form.SetsDispatcher) return;
     ExpectNoLoss(*dispatcher, form.OwnDispatcher, plan_.Wishes);

@@ -1,0 +1,17 @@
+unit Berth;
+
+interface
+
+uses
+  Classes, Controls, Forms, Mllang;
+
+type
+  TBerthForm = class(TForm)
+    mlLang1: TmlLang;
+  end;
+
+implementation
+
+{$R *.dfm}
+
+end.
