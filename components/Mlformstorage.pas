@@ -151,13 +151,17 @@ end;
 
 { Of a maximized window the place that it returns to. }
 procedure TmlFormStorage.SavePlace(Form: TCustomForm; Ini: TCustomIniFile);
+var
+  Place: TRect;
 begin
+  Place := Form.BoundsRect;
+  if Form.WindowState <> wsNormal then
+    Place := Bounds(Form.RestoredLeft, Form.RestoredTop, Form.RestoredWidth, Form.RestoredHeight);
   Ini.WriteBool(Section, 'Maximized', Form.WindowState = wsMaximized);
-  if Form.WindowState <> wsNormal then Exit;
-  Ini.WriteInteger(Section, 'Left', Form.Left);
-  Ini.WriteInteger(Section, 'Top', Form.Top);
-  Ini.WriteInteger(Section, 'Width', Form.Width);
-  Ini.WriteInteger(Section, 'Height', Form.Height);
+  Ini.WriteInteger(Section, 'Left', Place.Left);
+  Ini.WriteInteger(Section, 'Top', Place.Top);
+  Ini.WriteInteger(Section, 'Width', Place.Right - Place.Left);
+  Ini.WriteInteger(Section, 'Height', Place.Bottom - Place.Top);
 end;
 
 { A window whose screen is gone stays where it is. }
@@ -173,7 +177,7 @@ begin
     (Place.Right > Screen.DesktopLeft) and (Place.Bottom > Screen.DesktopTop) and Ini.ValueExists(Section, 'Left') then
   begin
     TForm(Form).Position := poDesigned;
-    Form.SetBounds(Place.Left, Place.Top, Place.Right - Place.Left, Place.Bottom - Place.Top);
+    Form.SetRestoredBounds(Place.Left, Place.Top, Place.Right - Place.Left, Place.Bottom - Place.Top);
   end;
   if Ini.ReadBool(Section, 'Maximized', False) then Form.WindowState := wsMaximized;
 end;
@@ -196,22 +200,25 @@ begin
       tkLString, tkWString, tkUString]);
 end;
 
+{ Between marks, because blanks and control characters at the ends of a value are not kept. }
 procedure TmlFormStorage.SaveProperty(const Path: string; Ini: TCustomIniFile);
 var
   Instance: TPersistent;
   Name: string;
 begin
   if FindProperty(Path, Instance, Name) then
-    Ini.WriteString(Section, Path, JoinFields([VarToStr(GetPropValue(Instance, Name, True)), ''], #1));
+    Ini.WriteString(Section, Path, JoinFields(['<', VarToStr(GetPropValue(Instance, Name, True)), '>'], #1));
 end;
 
+{ A value without marks is of an earlier version. }
 procedure TmlFormStorage.RestoreProperty(const Path: string; Ini: TCustomIniFile);
 var
   Instance: TPersistent;
-  Name, Value: string;
+  Name, Stored, Value: string;
 begin
   if not Ini.ValueExists(Section, Path) or not FindProperty(Path, Instance, Name) then Exit;
-  FieldAt(Ini.ReadString(Section, Path, ''), #1, 0, Value);
+  Stored := Ini.ReadString(Section, Path, '');
+  if not FieldAt(Stored, #1, 1, Value) then FieldAt(Stored, #1, 0, Value);
   try
     SetPropValue(Instance, Name, Value);
   except

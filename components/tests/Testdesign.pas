@@ -174,6 +174,74 @@ begin
   FreeAndNil(Form);
 end;
 
+function StoredFile: string;
+begin
+  Result := GetEnvironmentVariable('HOME') + '/stored.ini';
+end;
+
+procedure OpenStored;
+begin
+  Open(False);
+  TmlFormStorage(Part('stgForm')).FileName := StoredFile;
+  Form.Show;
+  Application.ProcessMessages;
+end;
+
+{ The form after these lines have been kept of it; "|" stands for the end of one. }
+procedure OpenWith(const Lines: string);
+var
+  Text: TStringStream;
+begin
+  Text := TStringStream.Create(StringReplace('[DesignedForm]|' + Lines, '|', #10, [rfReplaceAll]));
+  Text.SaveToFile(StoredFile);
+  Text.Free;
+  OpenStored;
+end;
+
+procedure TestStoredTexts;
+const
+  Texts: array[0..6] of string = ('', ' '#9'a'#9' ', #10'a'#13#10, #1'"a"'#2, '<a>', '''a''', #2'e');
+var
+  Text: string;
+begin
+  for Text in Texts do
+  begin
+    OpenWith('');
+    Form.Caption := Text;
+    FreeAndNil(Form);
+    OpenStored;
+    ExpectText(Text, Form.Caption, 'a text that is kept');
+    FreeAndNil(Form);
+  end;
+  OpenWith('.Caption= "a"'#2'nb '#1'|edtName.Text='#1'|');
+  ExpectText('"a"'#10'b', Form.Caption + TEdit(Part('edtName')).Text, 'texts that an earlier version has kept');
+  FreeAndNil(Form);
+end;
+
+procedure ExpectPlace(const Expected, What: string);
+begin
+  ExpectText(Expected, Format('%d %d %d %d', [Form.RestoredLeft, Form.RestoredTop, Form.RestoredWidth,
+    Form.RestoredHeight]), What);
+  Expect(Form.WindowState = wsMaximized, What + ' when it is no longer maximized');
+end;
+
+procedure TestMaximized;
+begin
+  OpenWith('');
+  Form.SetBounds(320, 200, 400, 300);
+  Application.ProcessMessages;
+  Form.WindowState := wsMaximized;
+  Form.SetBounds(0, 0, 1280, 1024);
+  Application.ProcessMessages;
+  FreeAndNil(Form);
+  OpenStored;
+  ExpectPlace('320 200 400 300', 'where it returns to');
+  FreeAndNil(Form);
+  OpenStored;
+  ExpectPlace('320 200 400 300', 'where it returns to in the run behind');
+  FreeAndNil(Form);
+end;
+
 procedure NoteComponents(const Page: string; Classes: array of TComponentClass);
 var
   I: Integer;
@@ -227,6 +295,8 @@ begin
   TestDesigned;
   TestRunning;
   TestStorage;
+  TestStoredTexts;
+  TestMaximized;
   TestRegistration;
   Files.Free;
   CloseTests;
