@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "core/Langsetup.h"
 
 namespace tml {
 namespace {
@@ -48,11 +49,11 @@ void Report(TProgram& program, std::ostream& out, const TFormRow& row, const TCo
 }
 
 int Change(TProgram& program, const TFormOptions& options,
-           const std::function<TStringList(TmlCustomLang&)>& work) {
+           const std::function<TStringList(TContext&, TFormRow&, TmlCustomLang&)>& work) {
     TSession session(program, options.Project);
     std::ostringstream report;
     ChangeEachTmlLang(session, options, "Tables", [&](TFormRow& row, TmlCustomLang& lang) {
-        const TStringList notes = work(lang);
+        const TStringList notes = work(session.Context(), row, lang);
         Report(program, report, row, CountsOf(lang), notes);
     });
     program.HasWritten = true;
@@ -61,14 +62,16 @@ int Change(TProgram& program, const TFormOptions& options,
 }
 
 int RunUpdate(TProgram& program, const TFormOptions& options) {
-    return Change(program, options, [](TmlCustomLang& lang) { return lang.BuildList(); });
+    return Change(program, options,
+                  [](TContext&, TFormRow&, TmlCustomLang& lang) { return lang.BuildList(); });
 }
 
 int RunClear(TProgram& program, const TFormOptions& options) {
     if (!program.Yes)
         throw EBadInput("", 0, "this empties every language but the base language",
                         "Say --yes to go on; --form names the forms that are meant");
-    return Change(program, options, [](TmlCustomLang& lang) {
+    return Change(program, options, [](TContext& context, TFormRow& row, TmlCustomLang& lang) {
+        ShowBaseLanguage(context, row, lang);
         lang.ClearTranslations();
         return TStringList();
     });

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "base/Format.h"
+#include "core/Dispatchers.h"
 #include "core/Formfamilies.h"
 #include "core/Modules.h"
 #include "tables/Languages.h"
@@ -97,7 +98,8 @@ std::vector<TFormRow*> LinkedRows(TContext& context, TmlLangDispatcher& dispatch
     return sorted;
 }
 
-/// Calls work for the component of each form that inherits that of the row and its languages.
+/// Calls work for the component of each form that inherits that of the row and its languages; it gives
+/// whether it has changed the form.
 template <typename Work>
 void WithHeirs(TContext& context, const TFormRow& row, Work work) {
     for (const std::string& unit : FamiliesOf(context.Rows.FormNames).DescendantsOf(row.FormName)) {
@@ -106,10 +108,17 @@ void WithHeirs(TContext& context, const TFormRow& row, Work work) {
         const auto editor = GetFormEditorFromModule(module);
         const auto lang = editor == nullptr ? nullptr : FindCustomLang(*context.Host.Runtime, *editor);
         if (lang == nullptr || lang->GetComponent()->GetPropValue("LangNames.Strings").has_value()) continue;
-        work(*lang);
+        if (!work(*lang)) continue;
         MarkModifiedForm(context, module->GetFormName());
         lease.Save();
     }
+}
+
+/// False for a form that shows its base language.
+bool ShowBase(TmlCustomLang& lang) {
+    const int active = LanguagesInForce(lang)->GetActiveLanguage();
+    if (active > 1) lang.ShowLanguage(active, 1);
+    return active > 1;
 }
 
 }  // namespace
@@ -133,10 +142,20 @@ TStringList MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMov
             if (const int lost = heir.MoveStoredLanguages(moves.Places); lost > 0)
                 losses.Add(
                     Format("translations of %s: %d", heir.GetComponent()->GetOwner()->GetName(), lost));
+            return true;
         });
     else if (moves.Shown() != moves.Active)
-        WithHeirs(context, row, [&](TmlCustomLang& heir) { heir.ShowLanguage(moves.Active, moves.Shown()); });
+        WithHeirs(context, row, [&](TmlCustomLang& heir) {
+            heir.ShowLanguage(moves.Active, moves.Shown());
+            return true;
+        });
     return losses;
+}
+
+void ShowBaseLanguage(TContext& context, const TFormRow& row, TmlCustomLang& lang) {
+    // What the heirs do not say themselves they show then, and keep saying nothing of it.
+    ShowBase(lang);
+    WithHeirs(context, row, ShowBase);
 }
 
 void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp) {

@@ -35,6 +35,9 @@ void SetUpComponent(TContext& context, TFormRow& row, const std::shared_ptr<IOTA
 /// before that and behind it. Gives, behind it, a line for each form of which translations go with their
 /// languages.
 TStringList MoveHeirs(TContext& context, const TFormRow& row, const TLanguageMoves& moves, TMovePhase phase);
+/// The form of the component shows its base language, as do those that inherit the languages: before texts of
+/// the active language go. What is active stays so.
+void ShowBaseLanguage(TContext& context, const TFormRow& row, TmlCustomLang& lang);
 /// The components of the project that are linked to the dispatcher follow, column by column; their rows, too.
 void SetUpDispatcher(TContext& context, TmlLangDispatcher& dispatcher, const TLangSetUp& setUp);
 

@@ -110,6 +110,16 @@ void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
                              ancestor->GetLangNames());
 }
 
+/// An update would take what the form shows for translations. The language of a dispatcher is that of other
+/// forms, too, and stays.
+void ShowBaseLanguage(TmlCustomLang& lang) {
+    const TEffectiveLanguages languages(lang);
+    const int active = languages.Get().GetActiveLanguage();
+    if (active <= 1) return;
+    lang.ShowLanguage(active, 1);
+    if (languages.Dispatcher() == nullptr) lang.SetLanguage(lang.GetLangNames()[0]);
+}
+
 bool HaveSameEntries(const TTable& a, const TTable& b) {
     return a.Entries() == b.Entries();
 }
@@ -167,6 +177,7 @@ TTextsOfForm TextsOfForm(TmlCustomLang& lang) {
 }
 
 void ClearTables(TmlCustomLang& lang) {
+    ShowBaseLanguage(lang);
     TLangTexts texts = ReadTexts(lang);
     for (TTable& table : texts.Tables)
         // What language a language is stays true without translations.

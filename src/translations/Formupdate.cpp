@@ -2,6 +2,7 @@
 
 #include "base/Format.h"
 #include "core/Formfamilies.h"
+#include "core/Langsetup.h"
 #include "translations/Formseries.h"
 
 namespace tml {
@@ -39,8 +40,10 @@ void Updatetranslation1Click(TContext& context) {
 
 void ClearTranslations1Click(TContext& context) {
     if (context.Dialogs().MessageDlg(kAskClear, TMsgDlgType::mtWarning, {mrYes, mrNo}) != mrYes) return;
-    ChangeSelected(context, "Clear Translations",
-                   [](TFormRow&, TmlCustomLang& lang) { lang.ClearTranslations(); });
+    ChangeSelected(context, "Clear Translations", [&](TFormRow& row, TmlCustomLang& lang) {
+        ShowBaseLanguage(context, row, lang);
+        lang.ClearTranslations();
+    });
 }
 
 }  // namespace tml

@@ -88,5 +88,19 @@ TEST_F(TFormupdate, ClearAsksFirst) {
     EXPECT_FALSE(IsOpen("Form1"));
 }
 
+TEST_F(TFormupdate, AFormThatShowsAnotherLanguageIsClearedInItsBaseLanguage) {
+    std::string& form = Files.Files["/p/Unit1.dfm"];
+    form.replace(form.find("#1'Los'"), 7, "#1'Go'");
+    form.insert(form.find("    Captions"), "    Language = 'German'\n");
+    Open();
+    Select("Form1");
+    User.OnMessage(kClear, mrYes);
+    Expert->Window()->Run("Clear");
+    EXPECT_TRUE(Holds("Unit1.dfm", "Caption = 'Start'"));
+    EXPECT_FALSE(Holds("Unit1.dfm", "Language = 'German'"));
+    Expert->Window()->Run("Update");
+    EXPECT_TRUE(Holds("Unit1.dfm", "'Button1.Caption'#1'Start'#1)"));
+}
+
 }  // namespace
 }  // namespace tml
