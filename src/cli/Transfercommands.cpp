@@ -11,6 +11,7 @@
 #include "base/Format.h"
 #include "cli/Formoptions.h"
 #include "cli/Jsonlines.h"
+#include "cli/Terminal.h"
 #include "core/Formfamilies.h"
 #include "core/Insertion.h"
 #include "core/Modules.h"
@@ -18,6 +19,7 @@
 #include "translations/Filedelimiter.h"
 #include "translations/Formseries.h"
 #include "translations/Formtrans.h"
+#include "translations/Groupfiles.h"
 #include "translations/Projmngsaskfilename.h"
 #include "translations/Propexport.h"
 
@@ -30,6 +32,8 @@ struct TTransferOptions : TFormOptions {
     std::string Language;
     std::vector<std::string> Kinds;
 };
+
+constexpr const char* kNotTranslated = "no form of the project is translated";
 
 /// One of the commands at work on one project.
 class TTransferRun {
@@ -48,7 +52,7 @@ class TTransferRun {
     /// All forms as one step; nothing is written where the file cannot be used.
     void Run(const char* title, TFormUse use, const TCheckFile& check, const TTransferForm& transfer) {
         const std::vector<TFormRow*> rows = Rows();
-        if (rows.empty()) return;
+        if (rows.empty()) return PrintMessage(Format("%s: %s", project_, kNotTranslated));
         TFormReports reports;
         const auto scope = session_.Modules().BeginCommand(title);
         const auto files = session_.Context().Host.Runtime->OpenTranslationFiles(project_);
@@ -83,6 +87,7 @@ class TTransferRun {
 
     TContext& Context() { return session_.Context(); }
     const std::string& FileName() const { return fileName_; }
+    const std::string& Project() const { return project_; }
 
   private:
     std::vector<TFormRow*> Rows() {
@@ -94,8 +99,7 @@ class TTransferRun {
         std::erase_if(rows, [](const TFormRow* row) { return !row->HasComponent(); });
         // Of a group some projects may have none.
         if (rows.empty() && !session_.HasSeveralProjects())
-            throw EBadInput("", 0, "no form of the project is translated",
-                            "\"tmllang insert\" puts components on them");
+            throw EBadInput("", 0, kNotTranslated, "\"tmllang insert\" puts components on them");
         return rows;
     }
 
@@ -134,14 +138,32 @@ class TTransferRun {
     std::ostringstream told_;  ///< when the files are written, not before
 };
 
+/// Asked before the first project is worked on.
+void ExpectDistinctNames(IOTAProjectGroup& group) {
+    for (int i = 0; i < group.GetProjectCount(); ++i)
+        ExpectNoNamesakeIn(group, group.GetProject(i)->GetFileName());
+}
+
+/// What a project of a group fails with does not keep the others from their turn.
+void AttemptProject(TSession& session, TTransferRun& run, const std::function<void(TTransferRun&)>& work) {
+    try {
+        work(run);
+    } catch (const EBadInput&) {
+        if (!session.HasSeveralProjects()) throw;
+        const auto problem = std::current_exception();
+        session.Attempt(run.Project(), [&] { std::rethrow_exception(problem); });
+    }
+}
+
 int ForProjects(TProgram& program, const TTransferOptions& options,
                 const std::function<void(TTransferRun&)>& work) {
     TSession session(program, options.Project);
     if (session.HasSeveralProjects() && !options.Forms.empty())
         throw EBadInput("", 0, "--form names forms of one project", "Say --project, too");
+    if (session.HasSeveralProjects()) ExpectDistinctNames(*session.Modules().GetMainProjectGroup());
     session.ForEachProject([&] {
         TTransferRun run(program, session, options);
-        work(run);
+        AttemptProject(session, run, work);
     });
     return session.ExitCode();
 }

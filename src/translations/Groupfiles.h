@@ -16,8 +16,12 @@ namespace tml {
 bool AskForFileName(TContext& context, bool saving, const std::string& confirmFormat,
                     const std::string& projectName, std::string& fileName, std::string& delimiter);
 
+/// EBadInput where another project of the group has the project's name, by which translation files know the
+/// forms of both.
+void ExpectNoNamesakeIn(IOTAProjectGroup& group, const std::string& projectFileName);
+
 /// Makes the project of the group the active one, whose forms are listed then, and saves them. EBadInput
-/// where the group has no such project.
+/// where the group has no such project, or another one of its name.
 void SaveProjectToFile(TContext& context, const std::string& projectFileName,
                        const std::string& translationFileName, const std::string& delimiter,
                        TFormReports& reports);

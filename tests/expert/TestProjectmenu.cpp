@@ -2,6 +2,7 @@
 #include <cstring>
 #include <gmock/gmock.h>
 
+#include "base/Errors.h"
 #include "core/Modules.h"
 #include "support/Expertfixture.h"
 #include "translations/Projmngsaskfilename.h"
@@ -123,6 +124,31 @@ TEST_F(TProjectMenu, OneFileHoldsAllProjectsAndLoadsThem) {
     Click(0, "Load all projects");
     open->Save();
     EXPECT_THAT(Text("/p/Unit3.dfm"), testing::HasSubstr("Weiter"));
+}
+
+TEST_F(TProjectMenu, ProjectsOfOneNameAreRefused) {
+    Put("/p/Twins.bpg",
+        "PROJECTS = Demo.exe Twin.exe\n\nDemo.exe: Demo.dpr\n\t$(DCC)\nTwin.exe: sub\\Demo.dpr\n\t$(DCC)\n");
+    Put("/p/sub/Demo.dpr", "program Demo;\n\nbegin\nend.\n");
+    Ide.OpenProject("/p/Twins.bpg");
+    const auto expectRefusal = [&](const char* caption) {
+        try {
+            Click(0, caption);
+            ADD_FAILURE() << caption;
+        } catch (const EBadInput& error) {
+            EXPECT_STREQ(error.what(),
+                         "/p/Demo.dpr: /p/sub/Demo.dpr is named Demo, too: their forms would be one in a "
+                         "translation file. Give one of them another name, or take each by itself, with a "
+                         "file of its own");
+        }
+    };
+    AnswerPrompt("/p/all.mll", false, "This will save all projects in project group to all.mll! Continue?");
+    User.OnInput("Input delimeter:", "~");
+    expectRefusal("Save all projects");
+    EXPECT_FALSE(IsThere("/p/all.mll"));
+    Put("/p/all.mll", "[Options]\nDelimiter=~\n");
+    AnswerPrompt("/p/all.mll", false, "This will load all projects in project group from all.mll! Continue?");
+    expectRefusal("Load all projects");
 }
 
 }  // namespace

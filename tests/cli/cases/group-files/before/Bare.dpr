@@ -1,0 +1,7 @@
+program Bare;
+
+uses
+  Forms, Plain in 'Plain.pas' {PlainForm};
+
+begin
+end.

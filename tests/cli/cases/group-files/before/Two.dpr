@@ -1,0 +1,7 @@
+program Two;
+
+uses
+  Forms, Second in 'Second.pas' {SecondForm};
+
+begin
+end.

@@ -1,0 +1,7 @@
+program One;
+
+uses
+  Forms, Main in 'Main.pas' {MainForm};
+
+begin
+end.
