@@ -74,6 +74,17 @@ class TTransferRun {
         std::cout << told_.str();
     }
 
+    /// What the whole project leaves of the file.
+    void TellUnclaimed() {
+        if (!options_.Forms.empty()) return;
+        const std::string note = UnclaimedForms(session_.Context(), fileName_);
+        if (note.empty()) return;
+        if (program_.Json)
+            TJsonLine(std::cout).Text("project", project_).Texts("notes", std::vector<std::string>{note});
+        else
+            PrintMessage(fileName_ + ": " + note);
+    }
+
     /// As the window asks for it; otherDelimiter is the question about another one than the file has.
     std::string Delimiter(const char* otherDelimiter) {
         if (IsBinaryTranslation(fileName_)) return {};
@@ -187,6 +198,7 @@ int RunLoad(TProgram& program, const TTransferOptions& options, const char* titl
         run.Run(
             title, TFormUse::Changes, [&](ITranslationFiles& files) { files.GetLanguages(run.FileName()); },
             [&](TFormRow& row) { return load(run.Context(), row.FormName, run.FileName()); });
+        run.TellUnclaimed();
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 #include <utility>
 
 #include "base/Errors.h"
@@ -49,17 +50,35 @@ bool HasTransferred(const std::pair<std::string, TTransferReport>& form) {
     return report.Taken > 0 || report.Kept > 0 || !report.Added.Empty() || !report.Dropped.Empty();
 }
 
-/// The first forms of a file, by their projects.
-std::string ContentOf(const ITranslationFile& file) {
+std::string FirstOf(const TStringList& forms) {
     constexpr int kMost = 5;
-    TStringList forms;
-    for (const TFormAddress& form : file.Forms())
-        forms.Add(form.Project.empty() ? form.Form : form.Project + '/' + form.Form);
-    if (forms.Empty()) return "it holds no form";
-    std::string text = "it is of ";
+    std::string text;
     for (int i = 0; i < std::min(forms.Count(), kMost); ++i)
         text += (i == 0 ? "" : ", ") + forms[i];
     return forms.Count() > kMost ? text + Format(" and %d more", forms.Count() - kMost) : text;
+}
+
+/// The first forms of a file, by their projects.
+std::string ContentOf(const ITranslationFile& file) {
+    TStringList forms;
+    for (const TFormAddress& form : file.Forms())
+        forms.Add(form.Project.empty() ? form.Form : form.Project + '/' + form.Form);
+    return forms.Empty() ? "it holds no form" : "it is of " + FirstOf(forms);
+}
+
+/// nullptr for a file that is not there.
+std::unique_ptr<ITranslationFile> ReadTranslations(TContext& context, const std::string& fileName) {
+    auto bytes = GetModuleServices(context)->GetFiles().ReadFile(fileName);
+    return bytes ? OpenTranslationFile(*std::move(bytes), fileName) : nullptr;
+}
+
+/// By their upper-cased names.
+std::unordered_set<std::string> TranslatedForms(TContext& context) {
+    std::unordered_set<std::string> names;
+    for (const TFormRows* list : context.Rows.Both())
+        for (const auto& row : list->Items())
+            if (row->HasComponent()) names.insert(UpperCase(row->FormName));
+    return names;
 }
 
 }  // namespace
@@ -120,14 +139,29 @@ void TransferForms(TContext& context, const std::string& title, const std::vecto
 std::string ProblemOfForeignFile(TContext& context, const std::string& fileName,
                                  const TFormReports& reports) {
     if (reports.empty() || std::any_of(reports.begin(), reports.end(), HasTransferred)) return {};
-    auto bytes = GetModuleServices(context)->GetFiles().ReadFile(fileName);
-    if (!bytes) return {};
-    const auto file = OpenTranslationFile(*std::move(bytes), fileName);
+    const auto file = ReadTranslations(context, fileName);
+    if (file == nullptr) return {};
     const TFormFinder finder(*file);
     const std::string project = ProjectNameOf(context);
     for (const auto& [form, report] : reports)
         if (finder.Find({project, form})) return {};
     return "the file holds nothing of these forms; " + ContentOf(*file);
+}
+
+std::string UnclaimedForms(TContext& context, const std::string& fileName) {
+    const auto file = ReadTranslations(context, fileName);
+    if (file == nullptr) return {};
+    const auto translated = TranslatedForms(context);
+    const std::string project = ProjectNameOf(context);
+    TStringList others;
+    for (const TFormAddress& form : file->Forms())
+        if (SameText(form.Project, project) && !translated.contains(UpperCase(form.Form)))
+            others.Add(form.Form);
+    return others.Empty() ? std::string()
+                          : Format(
+                                "the file also holds %s, which the project has not (or which has no "
+                                "component)",
+                                FirstOf(others));
 }
 
 TStringList UnsavedForms(TContext& context, const TFormReports& reports) {
@@ -154,6 +188,8 @@ void LoadProjFromFile(TContext& context, const std::string& fileName, bool merge
     TransferForms(
         context, merge ? "Merge Translations" : "Load Translations", AncestorsFirst(Rows(context, false)),
         [&](TFormRow& row) { return load(context, row.FormName, fileName); }, reports);
+    if (const std::string others = UnclaimedForms(context, fileName); !others.empty())
+        reports.emplace_back(FileNameOf(fileName), TTransferReport{}).second.Notes.Add(others);
 }
 
 std::string ProjectNameOf(TContext& context) {

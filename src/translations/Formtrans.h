@@ -31,6 +31,10 @@ void TransferForms(TContext& context, const std::string& title, const std::vecto
 /// has something of them. Only a file from which nothing came is read for it.
 std::string ProblemOfForeignFile(TContext& context, const std::string& fileName, const TFormReports& reports);
 
+/// What a file holds of the active project, and no form with a component takes: "the file also holds
+/// OldForm, which ...", "" for nothing. The file is read for it.
+std::string UnclaimedForms(TContext& context, const std::string& fileName);
+
 /// Those of the forms, of the active project, whose changes stand in open files only.
 TStringList UnsavedForms(TContext& context, const TFormReports& reports);
 
@@ -38,7 +42,8 @@ TStringList UnsavedForms(TContext& context, const TFormReports& reports);
 void SaveProjectToMLLFile(TContext& context, const std::string& fileName, const std::string& delimiter,
                           TFormReports& reports);
 void SaveProjectToMLBFile(TContext& context, const std::string& fileName, TFormReports& reports);
-/// Loads or merges every form of the list in front.
+/// Loads or merges every form of the list in front; what the file holds of other forms of the project is
+/// reported under the file's name.
 void LoadProjFromFile(TContext& context, const std::string& fileName, bool merge, TFormReports& reports);
 
 /// EBadInput where the form of another unit would be one with the row's in a translation file: one of that

@@ -138,14 +138,17 @@ TEST_F(TFiletransfer, ALoadOfTheProjectReplacesAndTellsWhatWentAClosedFormIsSave
     file =
         "[Options]\nDelimiter=|\n[Language names - for internal use only!]\n1=English\n2=Italian\n"
         "3=German\n[Demo/Form2]\nLanguages=1,2,3\n[Demo/Form2/Strings]\nIDS_0=Old|Noto|Alt\n"
-        "IDS_9=New|Nuovo|Neu\n[Demo/Form2/Captions]\nGone.Caption=a|b|c\n";
+        "IDS_9=New|Nuovo|Neu\n[Demo/Form2/Captions]\nGone.Caption=a|b|c\n"
+        "[Demo/Form1]\nLanguages=1\n[Demo/Renamed]\nLanguages=1\n";
     OnOpen("/p/a.mll");
     User.OnMessage(
         "Form2: added: Italian\r\nForm2: added: Strings IDS_9\r\n"
         "Form2: dropped: French with its translations: 1\r\n"
         "Form2: overwritten: Strings IDS_0 (German): 'Alt' instead of 'Bekannt'\r\n"
         "Form2: not in the form: Captions Gone.Caption\r\n"
-        "Form2: in doubt, for the base text is another: 2\r\n");
+        "Form2: in doubt, for the base text is another: 2\r\n"
+        "a.mll: the file also holds Form1, Renamed, which the project has not (or which has no "
+        "component)\r\n");
     Run("LoadProject");
     EXPECT_EQ(Row("Form2").Cell(fcLanguages), "3");
     EXPECT_TRUE(Has("Unit2.dfm", "'English'\r\n      'Italian'\r\n      'German')"));

@@ -1,0 +1,3 @@
+object PlainForm: TPlainForm
+  Caption = 'Plain'
+end

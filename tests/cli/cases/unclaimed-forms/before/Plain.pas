@@ -1,0 +1,16 @@
+unit Plain;
+
+interface
+
+uses
+  Forms;
+
+type
+  TPlainForm = class(TForm)
+  end;
+
+implementation
+
+{$R *.dfm}
+
+end.

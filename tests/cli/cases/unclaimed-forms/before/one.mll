@@ -1,0 +1,21 @@
+[Options]
+Delimiter=|
+[Language names - for internal use only!]
+1=English
+2=German
+[One/MainForm]
+Languages=1,2
+[One/MainForm/Captions]
+.Caption=Orchard|Obstwiese
+[One/OldForm]
+Languages=1,2
+[One/OldForm/Captions]
+.Caption=Orchard|Obstwiese
+[One/plainform]
+Languages=1,2
+[One/plainform/Captions]
+.Caption=Orchard|Obstwiese
+[Other/SomeForm]
+Languages=1,2
+[Other/SomeForm/Captions]
+.Caption=Orchard|Obstwiese
