@@ -62,19 +62,34 @@ class TTextsList {
     void Print(const TFormRow& row, const TTableKind& kind, const TTableEntry& entry, int languages) const {
         std::vector<std::string> values;
         std::vector<std::string> states;
+        std::vector<std::string> former;
         for (const TTableValue& value : entry.Values)
             values.push_back(value.Text);
-        for (int place = 2; HasStates(kind.Type) && place <= languages; ++place)
+        for (int place = 2; HasStates(kind.Type) && place <= languages; ++place) {
             states.emplace_back(NameOf(StateOf(entry, place)));
+            former.push_back(FormerBase(entry, place));
+        }
         if (program_.Json)
             TJsonLine(std::cout)
                 .Text("form", row.FormName)
                 .Text("table", kind.Property)
                 .Text("key", entry.Key)
                 .Texts("values", values)
-                .Texts("states", states);
+                .Texts("states", states)
+                .Texts("former", former);
         else
             PrintLine(row, kind, entry, states);
+    }
+
+    /// The base text that the translation was made for, "" for one that is not in doubt.
+    static std::string FormerBase(const TTableEntry& entry, int place) {
+        const auto index = static_cast<std::size_t>(place) - 1;
+        const bool isInDoubt = index < entry.Values.size() && IsInDoubt(entry.Values[index]);
+        return isInDoubt ? entry.Values[index].Former : std::string();
+    }
+
+    static std::string FormerShown(const TTableValue& value) {
+        return IsInDoubt(value) ? ", for '" + ExactOnOneLine(value.Former) + "'" : std::string();
     }
 
     static void PrintLine(const TFormRow& row, const TTableKind& kind, const TTableEntry& entry,
@@ -83,7 +98,7 @@ class TTextsList {
         for (std::size_t i = 0; i < entry.Values.size(); ++i) {
             std::cout << (i == 0 ? ": " : " | ") << ExactOnOneLine(entry.Values[i].Text);
             if (i > 0 && i <= states.size() && states[i - 1] != "done")
-                std::cout << " (" << states[i - 1] << ")";
+                std::cout << " (" << states[i - 1] << FormerShown(entry.Values[i]) << ")";
         }
         std::cout << "\n";
     }
