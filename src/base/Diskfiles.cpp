@@ -59,6 +59,8 @@ constexpr TRemedy kRemedies[] = {
 };
 
 constexpr const char* kNoFile = "cannot be read: it is no file";
+constexpr const char* kFolder = "cannot be read: it is a folder";
+constexpr const char* kNameFile = "Name a file";
 
 [[noreturn]] void Fail(const std::string& path, const std::string& action, int error) {
     const auto* known = std::find_if(std::begin(kRemedies), std::end(kRemedies),
@@ -247,7 +249,7 @@ std::optional<TFileInfo> InfoOf(const std::string& path) {
 std::uint64_t SizeToRead(const std::string& path) {
     const auto status = StatusOf(path);
     if (!status) Fail(path, "cannot be read", ENOENT);
-    if (S_ISDIR(status->st_mode)) Fail(path, "cannot be read", EISDIR);
+    if (S_ISDIR(status->st_mode)) throw EFileError(path, 0, kFolder, kNameFile);
     // A pipe or a device has no size, and opening it may wait for ever.
     if (!S_ISREG(status->st_mode)) throw EFileError(path, 0, kNoFile);
     return static_cast<std::uint64_t>(status->st_size);
@@ -300,7 +302,7 @@ std::optional<TFileInfo> InfoOf(const std::string& path) {
 std::string ReadWhole(const std::string& path) {
     const auto info = InfoOf(path);
     if (!info) Fail(path, "cannot be read", ENOENT);
-    if (info->IsFolder) Fail(path, "cannot be read", EISDIR);
+    if (info->IsFolder) throw EFileError(path, 0, kFolder, kNameFile);
     if (!fs::is_regular_file(ToPath(path))) throw EFileError(path, 0, kNoFile);
     return InMemory(path, info->Size, [&](std::size_t size) {
         std::ifstream file(ToPath(path), std::ios::binary);

@@ -158,8 +158,9 @@ class TReplaceRun {
             for (const TFoundRow& row : decision_.Replaced)
                 report_ << file << ":" << row.Record.Line + 1 << ": '" << OnOneLine(row.Record.StrContent)
                         << "' -> " << OnOneLine(WrittenText(row.Record)) << "\n";
-        report_ << subject << ": " << decision_.Replaced.size()
-                << (Writes() ? " strings replaced" : " strings found");
+        const std::size_t count = decision_.Replaced.size();
+        report_ << subject << ": " << count << (count == 1 ? " string " : " strings ")
+                << (Writes() ? "replaced" : "found");
         if (!decision_.LeftOut.empty())
             report_ << ", " << decision_.LeftOut.size() << " left out" << Reasons();
         report_ << "\n";
