@@ -110,12 +110,13 @@ void TakeFromAncestor(TTable& strings, TmlCustomLang& lang) {
                              ancestor->GetLangNames());
 }
 
-/// An update would take what the form shows for translations. The language of a dispatcher is that of other
-/// forms, too, and stays.
+/// An update would take what the form shows for translations. What has changed since the last one is a
+/// translation, too, and no base text. The language of a dispatcher is that of other forms and stays.
 void ShowBaseLanguage(TmlCustomLang& lang) {
     const TEffectiveLanguages languages(lang);
     const int active = languages.Get().GetActiveLanguage();
     if (active <= 1) return;
+    BuildTables(lang);
     lang.ShowLanguage(active, 1);
     if (languages.Dispatcher() == nullptr) lang.SetLanguage(lang.GetLangNames()[0]);
 }

@@ -228,6 +228,7 @@ class TTextlosses : public testing::TestWithParam<unsigned> {
     void GoThroughFile() {
         const std::string file = Save();
         Lang()->ClearTranslations();
+        Model.ShowsGerman = false;
         if (Pick(2) == 0)
             Lang()->LoadAllFromFile(file);
         else
