@@ -40,6 +40,11 @@ void OnFiles(TContext& context, TSubjects& subjects) {
     Command(context, subjects.Files);
 }
 
+template <void (*Command)(TContext&, TFilesMemory&, int), int Tag>
+void OnFiles(TContext& context, TSubjects& subjects) {
+    Command(context, subjects.Files, Tag);
+}
+
 template <void (*Command)(TContext&, TIDsMemory&)>
 void OnIDs(TContext& context, TSubjects& subjects) {
     Command(context, subjects.IDs);
@@ -101,26 +106,30 @@ constexpr std::array kCommands{
     TCommand{"Languages", "&Languages...", "", 11, kFilePopupBar, None, On<sbLanguagesClick>, "Languages",
              false, nullptr, "Set up number of languages in selected form",
              "Languages|Set up value of NumOfLanguages property for selected form(s)"},
-    TCommand{"SaveForms", "&Save Selected Form(s)...", "", 111, plFile | plToolBar, SaveLoad,
-             OnFiles<SaveSelectedForms>, "Save form(s)", false, nullptr, "",
+    TCommand{"SaveForms", "&Save Selected Form(s)...", "", kSelectedForms, plFile | plToolBar, SaveLoad,
+             OnFiles<sbSaveAllClick, kSelectedForms>, "Save form(s)", false, nullptr, "",
              "Save form(s)|Save selected forms to file"},
-    TCommand{"LoadForms", "&Load Selected Form(s)...", "", 111, plFile | plToolBar, SaveLoad,
-             OnFiles<LoadSelectedForms>, "Load form(s)", false, nullptr, "",
+    TCommand{"LoadForms", "&Load Selected Form(s)...", "", kSelectedForms, plFile | plToolBar, SaveLoad,
+             OnFiles<sbLoadAllClick, kSelectedForms>, "Load form(s)", false, nullptr, "",
              "Load form(s)|Load translation for selected forms from file"},
     TCommand{"SaveFormsProperties", "Save Selected Form(s) &Properties...", "", 111, plFile, SaveLoad,
-             OnFiles<SaveSelectedProperties>},
-    TCommand{"LoadFormsLanguage", "Load L&anguage for Form(s)...", "", 111, plFile, SaveLoad,
-             OnFiles<LoadLanguageForForms>},
-    TCommand{"SaveProject", "Sa&ve Project...", "", -1, plFile | plToolBar, SaveLoad, OnFiles<SaveProject>,
-             "Save project", false, nullptr, "", "Save project|Save translations for whole project"},
-    TCommand{"LoadProject", "Loa&d Project...", "", -1, plFile | plToolBar, SaveLoad, OnFiles<LoadProject>,
-             "Load project", false, nullptr, "", "Load project|Load translation for whole project"},
-    TCommand{"LoadProjectLanguage", "Load Language for Pro&ject...", "", -1, plFile, SaveLoad,
-             OnFiles<LoadLanguageForProject>},
+             OnFiles<Savepropertiestofile1Click>},
+    TCommand{"LoadFormsLanguage", "Load L&anguage for Form(s)...", "", kSelectedForms, plFile, SaveLoad,
+             OnFiles<LoadLanguageforForms1Click, kSelectedForms>},
+    TCommand{"SaveProject", "Sa&ve Project...", "", kProject, plFile | plToolBar, SaveLoad,
+             OnFiles<sbSaveAllClick, kProject>, "Save project", false, nullptr, "",
+             "Save project|Save translations for whole project"},
+    TCommand{"LoadProject", "Loa&d Project...", "", kProject, plFile | plToolBar, SaveLoad,
+             OnFiles<sbLoadAllClick, kProject>, "Load project", false, nullptr, "",
+             "Load project|Load translation for whole project"},
+    TCommand{"LoadProjectLanguage", "Load Language for Pro&ject...", "", kProject, plFile, SaveLoad,
+             OnFiles<LoadLanguageforForms1Click, kProject>},
     TCommand{"SaveProjectProperties", "Save Project Properties...", "", 0, plFile, SaveLoad,
-             OnFiles<SaveProjectProperties>},
-    TCommand{"MergeForms", "&Merge Form(s)...", "", 112, plFile, SaveLoad, OnFiles<MergeSelectedForms>},
-    TCommand{"MergeProject", "Mer&ge Project...", "", 113, plFile, SaveLoad, OnFiles<MergeProject>},
+             OnFiles<Savepropertiestofileforallforms1Click>},
+    TCommand{"MergeForms", "&Merge Form(s)...", "", kMergeSelectedForms, plFile, SaveLoad,
+             OnFiles<sbLoadAllClick, kMergeSelectedForms>},
+    TCommand{"MergeProject", "Mer&ge Project...", "", kMergeProject, plFile, SaveLoad,
+             OnFiles<sbLoadAllClick, kMergeProject>},
     TCommand{"SourceWithForm", "&With form...", "", 111, plFile | plToolBar, Source, OnScan<SourceWithForm>,
              "Source", false, nullptr, "Move the hard-coded strings of selected forms' units into the forms",
              "Source|Moves the hard-coded strings of selected forms' units into the forms"},

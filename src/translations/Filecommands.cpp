@@ -30,6 +30,13 @@ constexpr const char* kNoLanguage = "The specified language doesn't exist in fil
 using TRows = std::vector<TFormRow*>;
 using TTransferRow = std::function<TTransferReport(TFormRow&)>;
 
+/// With all whether any row of the list has a component, else whether the one row has.
+bool CheckTmlLang(const TFormRows& list, bool all, const TFormRow* row) {
+    const auto& rows = list.Items();
+    return all ? std::any_of(rows.begin(), rows.end(), [](const auto& one) { return one->HasComponent(); })
+               : row->HasComponent();
+}
+
 bool IsTranslated(TContext& context, bool isThere) {
     if (!isThere) context.Dialogs().MessageDlg(kNotTranslated, TMsgDlgType::mtError, {mrOk});
     return isThere;
@@ -38,13 +45,11 @@ bool IsTranslated(TContext& context, bool isThere) {
 /// Of two and more rows those without a component get one.
 bool CheckSelected(TContext& context, const TRows& rows) {
     if (rows.empty()) return false;
-    return IsTranslated(context, rows.size() > 1 || rows.front()->HasComponent());
+    return IsTranslated(context, rows.size() > 1 || CheckTmlLang(context.Rows.Active(), false, rows.front()));
 }
 
 bool CheckProject(TContext& context, const TFormRows& list) {
-    const auto& rows = list.Items();
-    return IsTranslated(
-        context, std::any_of(rows.begin(), rows.end(), [](const auto& row) { return row->HasComponent(); }));
+    return IsTranslated(context, CheckTmlLang(list, true, nullptr));
 }
 
 bool CheckProject(TContext& context) {
@@ -203,8 +208,6 @@ TRows ProjectForms(TContext& context, bool selectedOnly) {
     return rows;
 }
 
-}  // namespace
-
 void SaveSelectedForms(TContext& context, TFilesMemory& memory) {
     const TRows rows = SelectedRows(context);
     if (!CheckSelected(context, rows)) return;
@@ -215,15 +218,7 @@ void SaveSelectedForms(TContext& context, TFilesMemory& memory) {
         });
 }
 
-void LoadSelectedForms(TContext& context, TFilesMemory& memory) {
-    LoadSelected(context, memory, "Load Translations", LoadFormFromFile);
-}
-
-void MergeSelectedForms(TContext& context, TFilesMemory& memory) {
-    LoadSelected(context, memory, "Merge Translations", MergeFormFromFile);
-}
-
-void LoadLanguageForForms(TContext& context, TFilesMemory& memory) {
+void LoadLanguageForSelected(TContext& context, TFilesMemory& memory) {
     const TRows rows = SelectedRows(context);
     if (!CheckSelected(context, rows)) return;
     const auto source = AskForSource(context, memory);
@@ -246,14 +241,6 @@ void SaveProject(TContext& context, TFilesMemory& memory) {
     });
 }
 
-void LoadProject(TContext& context, TFilesMemory& memory) {
-    LoadWhole(context, memory, false);
-}
-
-void MergeProject(TContext& context, TFilesMemory& memory) {
-    LoadWhole(context, memory, true);
-}
-
 void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
     if (!CheckProject(context)) return;
     const auto source = AskForSource(context, memory);
@@ -269,12 +256,37 @@ void LoadLanguageForProject(TContext& context, TFilesMemory& memory) {
     });
 }
 
-void SaveSelectedProperties(TContext& context, TFilesMemory& memory) {
+}  // namespace
+
+void sbSaveAllClick(TContext& context, TFilesMemory& memory, int tag) {
+    if (tag == kProject)
+        SaveProject(context, memory);
+    else
+        SaveSelectedForms(context, memory);
+}
+
+void sbLoadAllClick(TContext& context, TFilesMemory& memory, int tag) {
+    if (tag == kProject || tag == kMergeProject)
+        LoadWhole(context, memory, tag == kMergeProject);
+    else if (tag == kSelectedForms)
+        LoadSelected(context, memory, "Load Translations", LoadFormFromFile);
+    else
+        LoadSelected(context, memory, "Merge Translations", MergeFormFromFile);
+}
+
+void LoadLanguageforForms1Click(TContext& context, TFilesMemory& memory, int tag) {
+    if (tag == kProject)
+        LoadLanguageForProject(context, memory);
+    else
+        LoadLanguageForSelected(context, memory);
+}
+
+void Savepropertiestofile1Click(TContext& context, TFilesMemory& memory) {
     const TRows rows = ProjectForms(context, true);
     if (CheckSelected(context, rows)) SaveProperties(context, memory, rows);
 }
 
-void SaveProjectProperties(TContext& context, TFilesMemory& memory) {
+void Savepropertiestofileforallforms1Click(TContext& context, TFilesMemory& memory) {
     if (CheckProject(context, context.Rows.FormNames))
         SaveProperties(context, memory, ProjectForms(context, false));
 }

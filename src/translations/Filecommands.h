@@ -12,21 +12,24 @@ struct TFilesMemory {
     std::string Opened;
 };
 
-// The commands "Save/&Load Translation" of the main window, on the selected rows of the list in front or on
-// all of them.
+// The commands "Save/&Load Translation" of the main window. A command's tag says which rows of the list in
+// front it works on.
 
-void SaveSelectedForms(TContext& context, TFilesMemory& memory);
-void LoadSelectedForms(TContext& context, TFilesMemory& memory);
-void MergeSelectedForms(TContext& context, TFilesMemory& memory);
-void LoadLanguageForForms(TContext& context, TFilesMemory& memory);
-void SaveProject(TContext& context, TFilesMemory& memory);
-void LoadProject(TContext& context, TFilesMemory& memory);
-void MergeProject(TContext& context, TFilesMemory& memory);
-void LoadLanguageForProject(TContext& context, TFilesMemory& memory);
+inline constexpr int kSelectedForms = 111;
+inline constexpr int kMergeSelectedForms = 112;
+inline constexpr int kMergeProject = 113;
+inline constexpr int kProject = -1;
 
-// Chosen properties of project forms, whichever list is in front.
+/// kSelectedForms or kProject.
+void sbSaveAllClick(TContext& context, TFilesMemory& memory, int tag);
+/// Loads, or merges.
+void sbLoadAllClick(TContext& context, TFilesMemory& memory, int tag);
+/// kSelectedForms or kProject.
+void LoadLanguageforForms1Click(TContext& context, TFilesMemory& memory, int tag);
 
-void SaveSelectedProperties(TContext& context, TFilesMemory& memory);
-void SaveProjectProperties(TContext& context, TFilesMemory& memory);
+// Chosen properties of project forms, whichever list is in front: of the selected ones, or of all.
+
+void Savepropertiestofile1Click(TContext& context, TFilesMemory& memory);
+void Savepropertiestofileforallforms1Click(TContext& context, TFilesMemory& memory);
 
 }  // namespace tml
