@@ -149,10 +149,11 @@ class TTransferRun {
     std::ostringstream told_;  ///< when the files are written, not before
 };
 
-/// Asked before the first project is worked on.
-void ExpectDistinctNames(IOTAProjectGroup& group) {
+TStringList ProjectsOf(IOTAProjectGroup& group) {
+    TStringList files;
     for (int i = 0; i < group.GetProjectCount(); ++i)
-        ExpectNoNamesakeIn(group, group.GetProject(i)->GetFileName());
+        files.Add(group.GetProject(i)->GetFileName());
+    return files;
 }
 
 /// What a project of a group fails with does not keep the others from their turn.
@@ -171,7 +172,8 @@ int ForProjects(TProgram& program, const TTransferOptions& options,
     TSession session(program, options.Project);
     if (session.HasSeveralProjects() && !options.Forms.empty())
         throw EBadInput("", 0, "--form names forms of one project", "Say --project, too");
-    if (session.HasSeveralProjects()) ExpectDistinctNames(*session.Modules().GetMainProjectGroup());
+    if (session.HasSeveralProjects())
+        ExpectDistinctNames(ProjectsOf(*session.Modules().GetMainProjectGroup()));
     session.ForEachProject([&] {
         TTransferRun run(program, session, options);
         AttemptProject(session, run, work);

@@ -82,6 +82,10 @@ class TProjectRun {
         // What was done is told, even where a project has ended the command.
         TAllSteps steps;
         steps.Try([&] {
+            TStringList files;
+            for (const auto& project : projects)
+                files.Add(project->GetFileName());
+            ExpectDistinctNames(files);
             for (const auto& project : projects) {
                 // The person may stop the reading of its forms.
                 if (!expert_.Activate(group, project)) throw EmlLangSilent();

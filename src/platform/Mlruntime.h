@@ -85,7 +85,7 @@ class TmlCustomLang : public ILanguages {
     /// Brings the tables up to what the form shows (docs/tables.md); a table that is as it should be is not
     /// written. Gives notes for the person on what could not be read.
     virtual TStringList BuildList() = 0;
-    /// Empties the translations of all languages but the base language; keys, base texts and lists stay.
+    /// The form shows its base language then; the other languages are empty, keys, base texts and lists stay.
     virtual void ClearTranslations() = 0;
 
     // Translation files (docs/translation-files.md). EBadInput, with file and line, for one that cannot be

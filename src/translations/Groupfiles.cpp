@@ -1,5 +1,7 @@
 #include "translations/Groupfiles.h"
 
+#include <unordered_map>
+
 #include "base/Errors.h"
 #include "base/Files.h"
 #include "base/Format.h"
@@ -36,21 +38,17 @@ void Activate(TContext& context, const std::string& projectFileName) {
     throw EBadInput(projectFileName, 0, "the project is not one of the open group", "Open its group");
 }
 
-void ExpectNoNamesakeInGroup(TContext& context, const std::string& projectFileName) {
-    const auto group = GetActiveProjectGroup(context);
-    if (group != nullptr) ExpectNoNamesakeIn(*group, projectFileName);
-}
-
 }  // namespace
 
-void ExpectNoNamesakeIn(IOTAProjectGroup& group, const std::string& projectFileName) {
-    const std::string name = WithExtension(FileNameOf(projectFileName), "");
-    for (int i = 0; i < group.GetProjectCount(); ++i) {
-        const std::string other = group.GetProject(i)->GetFileName();
-        if (other == projectFileName || !SameText(WithExtension(FileNameOf(other), ""), name)) continue;
+void ExpectDistinctNames(const TStringList& projectFileNames) {
+    std::unordered_map<std::string, std::string> known;
+    for (const std::string& file : projectFileNames) {
+        const std::string name = WithExtension(FileNameOf(file), "");
+        const auto [first, isNew] = known.emplace(UpperCase(name), file);
+        if (isNew) continue;
         throw EBadInput(
-            projectFileName, 0,
-            Format("%s is named %s, too: their forms would be one in a translation file", other, name),
+            first->second, 0,
+            Format("%s is named %s, too: their forms would be one in a translation file", file, name),
             "Give one of them another name, or take each by itself, with a file of its own");
     }
 }
@@ -75,7 +73,6 @@ bool AskForFileName(TContext& context, bool saving, const std::string& confirmFo
 void SaveProjectToFile(TContext& context, const std::string& projectFileName,
                        const std::string& translationFileName, const std::string& delimiter,
                        TFormReports& reports) {
-    ExpectNoNamesakeInGroup(context, projectFileName);
     Activate(context, projectFileName);
     if (IsBinaryTranslation(translationFileName))
         SaveProjectToMLBFile(context, translationFileName, reports);
@@ -85,7 +82,6 @@ void SaveProjectToFile(TContext& context, const std::string& projectFileName,
 
 void LoadProjectFromFile(TContext& context, const std::string& projectFileName,
                          const std::string& translationFileName, TFormReports& reports) {
-    ExpectNoNamesakeInGroup(context, projectFileName);
     Activate(context, projectFileName);
     LoadProjFromFile(context, translationFileName, false, reports);
     SaveFile(context, projectFileName);

@@ -16,12 +16,11 @@ namespace tml {
 bool AskForFileName(TContext& context, bool saving, const std::string& confirmFormat,
                     const std::string& projectName, std::string& fileName, std::string& delimiter);
 
-/// EBadInput where another project of the group has the project's name, by which translation files know the
-/// forms of both.
-void ExpectNoNamesakeIn(IOTAProjectGroup& group, const std::string& projectFileName);
+/// EBadInput where two of the projects have one name, by which translation files know the forms of both.
+void ExpectDistinctNames(const TStringList& projectFileNames);
 
 /// Makes the project of the group the active one, whose forms are listed then, and saves them. EBadInput
-/// where the group has no such project, or another one of its name.
+/// where the group has no such project.
 void SaveProjectToFile(TContext& context, const std::string& projectFileName,
                        const std::string& translationFileName, const std::string& delimiter,
                        TFormReports& reports);
