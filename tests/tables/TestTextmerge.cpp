@@ -228,5 +228,12 @@ TEST(Exclusionrules, MeanWhatTheyName) {
     EXPECT_FALSE(rules.ExcludesText({"TButton", "Go", "Hint"}, "go"));
 }
 
+TEST(States, RecordsOfATableFollowItsLanguages) {
+    TStateRecords records(
+        TStringList({"Captions|a|2|stale|Go", "Captions|a|3|same|", "Hints|a|2|same|", "Captions|odd"}), "|");
+    records.Move(TStringsType::stCaptions, {1, 0, 2});
+    EXPECT_EQ(records.Lines().CommaText(), "Captions|a|3|stale|Go,Hints|a|2|same|,Captions|odd");
+}
+
 }  // namespace
 }  // namespace tml
